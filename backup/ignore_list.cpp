@@ -1,0 +1,72 @@
+#include "backup/ignore_list.h"
+
+#include "platform/text.h"
+
+namespace scourwell {
+namespace {
+
+// Takes one field off the front of `rest`; `*ended` says that it was the last of its line.
+std::string TakeField(std::string_view* rest, bool* ended) {
+  while (!rest->empty() && rest->front() == ' ') rest->remove_prefix(1);
+  std::string field;
+  if (!rest->empty() && rest->front() == '"') {
+    rest->remove_prefix(1);
+    const std::size_t close = rest->find('"');
+    field = rest->substr(0, close);
+    rest->remove_prefix(close == std::string_view::npos ? rest->size() : close + 1);
+    rest->remove_prefix(std::min(rest->find_first_of(",\r\n"), rest->size()));
+  } else {
+    const std::size_t end = std::min(rest->find_first_of(",\r\n"), rest->size());
+    field = TrimBlanks(rest->substr(0, end));
+    rest->remove_prefix(end);
+  }
+  *ended = rest->empty() || rest->front() != ',';
+  if (!*ended) rest->remove_prefix(1);
+  return field;
+}
+
+}  // namespace
+
+std::vector<IgnoreRecord> ParseIgnoreRecords(std::string_view text) {
+  std::vector<IgnoreRecord> records;
+  for (;;) {
+    text.remove_prefix(std::min(text.find_first_not_of("\r\n"), text.size()));
+    if (text.empty()) return records;
+    IgnoreRecord record;
+    bool ended = false;
+    for (std::string* field : {&record.kind, &record.details, &record.system}) {
+      if (!ended) *field = TakeField(&text, &ended);
+    }
+    if (!ended) text.remove_prefix(std::min(text.find_first_of("\r\n"), text.size()));
+    records.push_back(std::move(record));
+  }
+}
+
+std::string IgnoreList::Key(std::string_view kind, std::string_view details) {
+  std::string key(kind);
+  key += '\0';
+  return key.append(details);
+}
+
+bool IgnoreList::Matches(std::string_view kind, std::string_view details) {
+  static_cast<void>(log_.Trap("AddSpyToListView", [&] { return Refresh(); }));
+  return !keys_.empty() && keys_.count(Key(kind, details)) != 0;
+}
+
+Outcome IgnoreList::Refresh() {
+  switch (watched_.Look(path_, {})) {
+    case WatchedFile::State::Same: return {};
+    case WatchedFile::State::Missing: keys_.clear(); return {};
+    case WatchedFile::State::Changed: break;
+  }
+  keys_.clear();
+  std::string content;
+  Outcome read = files_.Read(path_, kLargest, &content);
+  if (!read.ok()) return std::move(read).With("File: ", path_);
+  for (const IgnoreRecord& record : ParseIgnoreRecords(content)) {
+    keys_.insert(Key(record.kind, record.details));
+  }
+  return {};
+}
+
+}  // namespace scourwell

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/error_log.h"
+#include "platform/watched_file.h"
+
+namespace scourwell {
+
+// One excluded detection.
+struct IgnoreRecord {
+  std::string kind;
+  std::string details;
+  std::string system;
+};
+
+// Reads records of three quoted, comma-separated fields a line. A field without quotes ends at
+// the comma; a missing field is empty; quotation marks cannot stand inside a field.
+std::vector<IgnoreRecord> ParseIgnoreRecords(std::string_view text);
+
+// "ignorespylist.txt" of the application folder: detections that the user excluded.
+class IgnoreList {
+ public:
+  static constexpr std::uint64_t kLargest = 32u << 20;
+
+  IgnoreList(Files& files, Clock& clock, ErrorLog& log, std::string path)
+      : files_(files), log_(log), path_(std::move(path)), watched_(files, clock) {}
+
+  // True when a record names this kind and these details, both compared with case. The answer is
+  // always that of the file as it stands; it is read again only when it changed.
+  bool Matches(std::string_view kind, std::string_view details);
+
+ private:
+  static std::string Key(std::string_view kind, std::string_view details);
+  Outcome Refresh();
+
+  Files& files_;
+  ErrorLog& log_;
+  std::string path_;
+  WatchedFile watched_;
+  std::unordered_set<std::string> keys_;
+};
+
+}  // namespace scourwell

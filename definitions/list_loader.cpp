@@ -1,0 +1,120 @@
+#include "definitions/list_loader.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "platform/text.h"
+
+namespace scourwell {
+
+void ListLoader::Load(const Loader& loader) {
+  if (loader.clears_first) {
+    for (const Sequence& sequence : loader.sequences) (lists_.*sequence.list).Clear();
+  }
+  int bar = 0;
+  for (const Sequence& sequence : loader.sequences) {
+    bar = static_cast<int>(std::min<std::int64_t>(
+        std::int64_t{bar} + std::max(0, CountOf(sequence)), INT32_MAX));
+  }
+  progress_.Begin(bar);
+  for (const Sequence& sequence : loader.sequences) {
+    if (pump_.closing()) break;
+    if (!log_.Trap(loader.name, [&] { return ReadSequence(sequence, &bar); }).ok()) continue;
+  }
+  progress_.End();
+}
+
+int ListLoader::CountOf(const Sequence& sequence) {
+  return LeadingNumber(reference_.updateListfromINI("NTOT", sequence.count_key));
+}
+
+Outcome ListLoader::ReadSequence(const Sequence& sequence, int* bar_left) {
+  int n = 0;
+  try {
+    for (; n < kMostEntries; ++n) {
+      if (!pump_.Next()) return {};
+      if (!ReadEntry(sequence, n)) break;
+      if (*bar_left > 0) {
+        --*bar_left;
+        progress_.Advance();
+      }
+    }
+  } catch (const std::bad_alloc&) {
+    return Outcome::Failed(kOutOfMemory).With("I: ", std::to_string(n));
+  }
+  return CheckCount(sequence, n);
+}
+
+// False at the end of the sequence: some key of the entry is absent or empty.
+bool ListLoader::ReadEntry(const Sequence& sequence, int n) {
+  const std::string number = std::to_string(n);
+  const std::string name = reference_.updateListfromINI(sequence.section,
+                                                        number + sequence.name_key);
+  if (name.empty()) return false;
+  const std::string value = reference_.updateListfromINI(sequence.section,
+                                                         number + sequence.value_key);
+  if (value.empty()) return false;
+  std::string value2;
+  if (sequence.value2_key) {
+    value2 = reference_.updateListfromINI(sequence.section, number + sequence.value2_key);
+    if (value2.empty()) return false;
+  }
+  Deliver(sequence, name, value, value2);
+  return true;
+}
+
+void ListLoader::Deliver(const Sequence& sequence, const std::string& name,
+                         const std::string& value, const std::string& value2) {
+  switch (sequence.target) {
+    case EntryTarget::Row:
+      FillListBox(lists_.*sequence.list, sequence.type, name, value);
+      return;
+    case EntryTarget::KeyRow:
+      FillListBoxRegistrySType(lists_.*sequence.list, value, name);
+      return;
+    case EntryTarget::ValueRow:
+      FillListBoxRegistryVType(lists_.*sequence.list, value, name, value2);
+      return;
+    case EntryTarget::ChecksumRow:
+      FillListBox(lists_.*sequence.list, name, value, value2);
+      return;
+    case EntryTarget::DirectFile:
+    case EntryTarget::DirectFolder: break;
+  }
+  const std::string path = ExpandFolderToken(value, folders_).value_or("");
+  if (path.empty()) return;
+  if (sequence.target == EntryTarget::DirectFile) {
+    checks_.CheckFile(name, path);
+  } else {
+    checks_.CheckFolder(name, path);
+  }
+}
+
+// A count that differs from what was read betrays a damaged file; it is put on record once.
+Outcome ListLoader::CheckCount(const Sequence& sequence, int entries) {
+  if (reported_generation_ != reference_.generation()) reported_.clear();
+  reported_generation_ = reference_.generation();
+  const std::string count = reference_.updateListfromINI("NTOT", sequence.count_key);
+  if (count.empty() || LeadingNumber(count) == entries) return {};
+  if (!reported_.insert(sequence.count_key).second) return {};
+  return Outcome::Failed(kPastEndOfFile, std::string("The definitions announce ") + count +
+                                             " entries of " + sequence.name_key + ", " +
+                                             std::to_string(entries) + " were read")
+      .With("I: ", std::to_string(entries));
+}
+
+void ListLoader::removeFromList() {
+  static_cast<void>(log_.Trap("removeFromList", [&] {
+    std::unordered_set<std::string, NoCaseHash, NoCaseEqual> withdrawn;
+    for (int n = 0; n < kMostNames; ++n) {
+      std::string value = reference_.updateListfromINI("REMO", std::to_string(n) + "REMENT");
+      if (value.empty()) break;
+      withdrawn.insert(std::move(value));
+    }
+    if (withdrawn.empty()) return;
+    lists_.lstSearch.Retain(
+        [&](const SignatureRow& row) { return withdrawn.find(row.sub2) == withdrawn.end(); });
+  }));
+}
+
+}  // namespace scourwell

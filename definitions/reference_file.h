@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/app_settings.h"
+#include "platform/error_log.h"
+#include "platform/ini_text.h"
+#include "platform/watched_file.h"
+
+namespace scourwell {
+
+// A value is at most this long, in bytes; the rest is cut before it is descrambled.
+inline constexpr std::size_t kLongestValue = 1999;
+
+// The characters before the first NUL; no value when there is none, since readers always leave
+// one behind a value.
+std::optional<std::string> CleanParam(std::string_view text);
+
+// Every character's code less 12. No value when a code lies below 12.
+std::optional<std::string> Decrypt(std::string_view scrambled);
+
+// The definitions reference file "update.ref": an INI text whose section and key names are plain
+// and whose values are scrambled. It stands in the definitions folder, else in "Ini" below the
+// application folder. Every look-up decides that afresh; the file is parsed again only when it
+// is another one than before.
+class ReferenceFile {
+ public:
+  // Larger files are refused with an error record.
+  static constexpr std::uint64_t kLargest = 256u << 20;
+
+  ReferenceFile(Files& files, Clock& clock, ErrorLog& log, const AppSettings& settings,
+                std::string application_folder)
+      : files_(files),
+        log_(log),
+        settings_(settings),
+        application_folder_(std::move(application_folder)),
+        watched_(files, clock) {}
+
+  // The descrambled value; empty when the key is absent, its value is empty or it cannot be
+  // descrambled. Empty is the end of every list.
+  std::string updateListfromINI(std::string_view section, std::string_view key);
+
+  // Where the file is looked for: the definitions folder first.
+  std::string path() const { return watched_.path(); }
+  // Rises each time another file is parsed.
+  unsigned generation() const { return generation_; }
+  // Drops the parsed file until the next look-up.
+  void Release();
+
+ private:
+  bool checkUpdateIni();
+  Outcome Parse();
+
+  Files& files_;
+  ErrorLog& log_;
+  const AppSettings& settings_;
+  std::string application_folder_;
+  WatchedFile watched_;
+  IniText ini_;
+  unsigned generation_ = 0;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/outcome.h"
+
+namespace scourwell {
+
+// "errorlog.txt" of the application folder: one record of three quoted fields per error. Field 1
+// begins with a line break, so every record shows as a lone quotation mark and a "Date: " line.
+class ErrorLog {
+ public:
+  static constexpr std::uint64_t kLimit = 1'000'000;  // bytes that survive a start
+
+  ErrorLog(Files& files, Clock& clock, std::string path)
+      : files_(files), clock_(clock), path_(std::move(path)) {}
+
+  const std::string& path() const { return path_; }
+
+  // Appends one record. Never fails visibly.
+  void LogError(std::string_view message);
+  void LogProcError(int number, std::string_view description, std::string_view method);
+  void LogFailure(const Outcome& outcome, std::string_view method);
+
+  // At start-up: deletes a log that has grown past kLimit.
+  void deleteLogFile();
+
+  // The edge of a procedure: runs `body`, which returns an Outcome or nothing, and writes one
+  // record under `method` when it fails. Nothing that the library throws gets past it.
+  template <class Body>
+  Outcome Trap(const char* method, Body&& body) {
+    Outcome outcome;
+    try {
+      if constexpr (std::is_void_v<std::invoke_result_t<Body>>) {
+        body();
+      } else {
+        outcome = body();
+      }
+    } catch (const std::bad_alloc&) {
+      outcome = Outcome::Failed(kOutOfMemory);
+    } catch (const std::exception& error) {
+      outcome = Outcome::Failed(kInvalidCall, error.what());
+    }
+    if (!outcome.ok()) LogFailure(outcome, method);
+    return outcome;
+  }
+
+ private:
+  Files& files_;
+  Clock& clock_;
+  std::string path_;
+};
+
+}  // namespace scourwell

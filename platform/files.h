@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/outcome.h"
+
+namespace scourwell {
+
+// File attributes, with the system's own bits.
+enum FileAttribute : std::uint32_t {
+  kReadOnly = 0x01,
+  kHidden = 0x02,
+  kSystem = 0x04,
+  kFolder = 0x10,
+  kArchive = 0x20,
+  kLink = 0x400,  // junction, mount point or symbolic link; never set by Windows 95, 98 and Me
+};
+
+// File times: 100-nanosecond steps since 1601, UTC; 0 = unknown.
+using FileTime = std::uint64_t;
+
+struct DirEntry {
+  std::string name;        // as it stands on the disk; "?" where the code page has no character
+  std::string short_name;  // 8.3 name; empty when the name itself is one or the volume has none
+  std::uint32_t attributes = 0;
+  std::uint64_t size = 0;  // bytes; 0 for folders
+  FileTime modified = 0;
+  FileTime accessed = 0;
+
+  bool IsFolder() const { return (attributes & kFolder) != 0; }
+  bool IsLink() const { return (attributes & kLink) != 0; }
+};
+
+enum class DriveKind { Unknown, NoRoot, Removable, Fixed, Network, Optical, RamDisk };
+
+struct Drive {
+  char letter = 'C';
+  DriveKind kind = DriveKind::Unknown;
+};
+
+// The machine's file system. Paths are absolute, with "\" between the parts and at most 259
+// characters long; a longer one fails with kPathNotFound. No operation shows a message box.
+class Files {
+ public:
+  // Return false to end the listing.
+  using Visit = std::function<bool(const DirEntry&)>;
+
+  virtual ~Files() = default;
+
+  // Lists what the system's directory listing yields for a folder and a pattern ("*" and "?" in
+  // the last part; long and 8.3 names are compared, without case), in the system's order and
+  // without "." and "..". No match is success with no visit. kPathNotFound: no such folder;
+  // kPermissionDenied: may not be listed; kDiskNotReady: no medium.
+  virtual Outcome List(const std::string& pattern, const Visit& visit) = 0;
+
+  // One file or folder by its exact path (no wildcards). kFileNotFound: nothing of that name.
+  // A link is described itself, not what it points at.
+  virtual Outcome Stat(const std::string& path, DirEntry* entry) = 0;
+
+  // The whole content. A file larger than `limit` bytes fails with kOutOfMemory.
+  virtual Outcome Read(const std::string& path, std::uint64_t limit, std::string* content) = 0;
+
+  // Appends, creating the file when there is none. The folder must exist.
+  virtual Outcome Append(const std::string& path, std::string_view text) = 0;
+
+  // Replaces the whole content: written beside and renamed, so that the old content survives
+  // any failure.
+  virtual Outcome Replace(const std::string& path, std::string_view text) = 0;
+
+  virtual Outcome EraseFile(const std::string& path) = 0;
+
+  // The path with every part in its 8.3 form; empty when the path does not exist.
+  virtual std::string ShortPath(const std::string& path) = 0;
+
+  // Drives in letter order.
+  virtual std::vector<Drive> Drives() = 0;
+  // True when a medium is in the drive; `root` is "X:\".
+  virtual bool IsReady(const std::string& root) = 0;
+};
+
+}  // namespace scourwell

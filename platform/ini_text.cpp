@@ -1,0 +1,117 @@
+#include "platform/ini_text.h"
+
+#include "platform/text.h"
+
+namespace scourwell {
+namespace {
+
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\0'; }
+
+std::string_view Trim(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+std::string_view WithoutQuotes(std::string_view text) {
+  if (text.size() >= 2 && (text.front() == '"' || text.front() == '\'') &&
+      text.front() == text.back()) {
+    return text.substr(1, text.size() - 2);
+  }
+  return text;
+}
+
+// "[name]", with anything behind the last bracket ignored.
+std::optional<std::string_view> HeaderName(std::string_view line) {
+  line = Trim(line);
+  const std::size_t close = line.rfind(']');
+  if (line.empty() || line.front() != '[' || close == std::string_view::npos) return std::nullopt;
+  return Trim(line.substr(1, close - 1));
+}
+
+std::optional<std::string_view> KeyName(std::string_view line) {
+  line = Trim(line);
+  const std::size_t equals = line.find('=');
+  if (line.empty() || line.front() == ';' || line.front() == '[' ||
+      equals == std::string_view::npos) {
+    return std::nullopt;
+  }
+  return Trim(line.substr(0, equals));
+}
+
+}  // namespace
+
+IniText::IniText(std::string content) : content_(std::move(content)) {
+  // No section counts before the first one and in a repeated one.
+  std::optional<std::uint32_t> section;
+  for (std::size_t begin = 0; begin < content_.size();) {
+    const std::string_view line = LineAt(begin);
+    if (const auto header = HeaderName(line)) {
+      section.reset();
+      if (Add(kHeader, *header, begin)) {
+        section = static_cast<std::uint32_t>(entries_.size() - 1);
+        ++section_count_;
+      }
+    } else if (section) {
+      if (const auto key = KeyName(line)) Add(*section, *key, begin);
+    }
+    begin += line.size() + 1;
+  }
+  entries_.shrink_to_fit();
+}
+
+std::string_view IniText::LineAt(std::size_t begin) const {
+  const std::size_t end = content_.find_first_of("\r\n", begin);
+  return std::string_view(content_).substr(begin, end - begin);
+}
+
+std::string_view IniText::NameOf(const Entry& entry) const {
+  const std::string_view line = LineAt(entry.begin);
+  return entry.section == kHeader ? *HeaderName(line) : *KeyName(line);
+}
+
+// The slot that holds the name, or the empty one where it belongs.
+std::size_t IniText::SlotFor(std::uint32_t section, std::string_view name) const {
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t at = (NoCaseHash()(name) * 31u + section * 2654435761u) & mask;
+  for (; slots_[at] != 0; at = (at + 1) & mask) {
+    const Entry& entry = entries_[slots_[at] - 1];
+    if (entry.section == section && EqualsNoCase(NameOf(entry), name)) break;
+  }
+  return at;
+}
+
+bool IniText::Add(std::uint32_t section, std::string_view name, std::size_t begin) {
+  if ((entries_.size() + 1) * 3 > slots_.size() * 2) Grow();
+  std::uint32_t& slot = slots_[SlotFor(section, name)];
+  if (slot != 0) return false;
+  entries_.push_back({section, static_cast<std::uint32_t>(begin)});
+  slot = static_cast<std::uint32_t>(entries_.size());
+  return true;
+}
+
+void IniText::Grow() {
+  slots_.assign(slots_.empty() ? 64 : slots_.size() * 2, 0);
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    slots_[SlotFor(entries_[i].section, NameOf(entries_[i]))] = static_cast<std::uint32_t>(i + 1);
+  }
+}
+
+std::optional<std::uint32_t> IniText::Lookup(std::uint32_t section, std::string_view name) const {
+  if (slots_.empty()) return std::nullopt;
+  const std::uint32_t slot = slots_[SlotFor(section, name)];
+  if (slot == 0) return std::nullopt;
+  return slot - 1;
+}
+
+std::optional<std::string_view> IniText::Find(std::string_view section,
+                                              std::string_view key) const {
+  const auto header = Lookup(kHeader, section);
+  if (!header) return std::nullopt;
+  const auto entry = Lookup(*header, key);
+  if (!entry) return std::nullopt;
+  const std::string_view line = LineAt(entries_[*entry].begin);
+  return WithoutQuotes(Trim(line.substr(line.find('=') + 1)));
+}
+
+}  // namespace scourwell

@@ -1,0 +1,27 @@
+#pragma once
+
+namespace scourwell {
+
+// The yield of every long loop, together with the process-wide closing flag that doubles as the
+// stop flag of a scan. Loops call `if (!pump.Next()) return;` once per item.
+class Pump {
+ public:
+  virtual ~Pump() = default;
+
+  // Lets the message loop run (as often as it needs to stay live) and says whether to go on.
+  bool Next() {
+    if (!closing_) Yield();
+    return !closing_;
+  }
+
+  bool closing() const { return closing_; }
+  void set_closing(bool closing) { closing_ = closing; }
+
+ protected:
+  virtual void Yield() = 0;
+
+ private:
+  bool closing_ = false;
+};
+
+}  // namespace scourwell

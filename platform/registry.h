@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace scourwell {
+
+enum class RootKey {
+  ClassesRoot,
+  CurrentUser,
+  LocalMachine,
+  Users,
+  PerformanceData,
+  CurrentConfig,
+  DynData,
+};
+
+// The system's registry status codes.
+using RegStatus = std::int32_t;
+enum : RegStatus {
+  kRegOk = 0,
+  kRegNotFound = 2,
+  kRegAccessDenied = 5,
+  kRegInvalidParameter = 87,
+  kRegBadPath = 161,
+};
+
+// The system's value types.
+enum RegType : std::uint32_t {
+  kRegNone = 0,
+  kRegText = 1,
+  kRegExpandText = 2,
+  kRegBinary = 3,
+  kRegDword = 4,
+  kRegDwordBigEndian = 5,
+  kRegLink = 6,
+  kRegMultiText = 7,
+};
+
+// Access masks, with the system's own bits.
+enum : std::uint32_t {
+  kKeyRead = 0x20019,
+  // query, set, create, enumerate, notify and link
+  kKeyAllRights = 0x3F,
+};
+
+struct RegValue {
+  std::uint32_t type = kRegNone;
+  std::string data;  // raw bytes, as stored: a text may come with or without its NULs
+};
+
+// The registry as the system offers it, one call a method and no policy. Key paths carry no
+// leading "\"; the empty path is the root itself. Names compare without regard to case.
+class Registry {
+ public:
+  // Return false to end the enumeration.
+  using VisitKey = std::function<bool(const std::string& name)>;
+  using VisitValue = std::function<bool(const std::string& name, const RegValue& value)>;
+
+  virtual ~Registry() = default;
+
+  // kRegOk when the key opens with these rights; it is closed again at once.
+  virtual RegStatus TryOpen(RootKey root, const std::string& path, std::uint32_t rights) = 0;
+  // kRegNotFound leaves *value as it was. An empty name is the key's unnamed value.
+  virtual RegStatus QueryValue(RootKey root, const std::string& path, const std::string& name,
+                               RegValue* value) = 0;
+  // Creates the key when it is missing. `data` is stored as it is, without an added NUL.
+  virtual RegStatus SetValue(RootKey root, const std::string& path, const std::string& name,
+                             const RegValue& value) = 0;
+  virtual RegStatus DeleteValue(RootKey root, const std::string& path, const std::string& name) = 0;
+  // The system's own call: on the NT family a key with subkeys gives kRegAccessDenied, on
+  // Windows 95, 98 and Me the whole subtree goes.
+  virtual RegStatus DeleteKeyCall(RootKey root, const std::string& path) = 0;
+  // In the system's order. The key must not be changed during a visit.
+  virtual RegStatus EnumKeys(RootKey root, const std::string& path, const VisitKey& visit) = 0;
+  virtual RegStatus EnumValues(RootKey root, const std::string& path, const VisitValue& visit) = 0;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "platform/outcome.h"
+
+namespace scourwell {
+
+// What the desktop does for us.
+class Shell {
+ public:
+  virtual ~Shell() = default;
+
+  // Opens a document, folder or address with its associated program.
+  virtual Outcome Open(const std::string& path) = 0;
+  // Shows the system's property sheet of a file or folder.
+  virtual Outcome ShowProperties(const std::string& path) = 0;
+  // Starts a program with arguments in a normal window and does not wait for it.
+  virtual Outcome Start(const std::string& program, const std::string& arguments) = 0;
+  // Loads a library and calls one of its exported functions without arguments. kFileNotFound:
+  // not loadable; kInvalidCall: no such export; a failing HRESULT comes back as it is.
+  virtual Outcome CallExport(const std::string& library, const std::string& name) = 0;
+  // A plain message box with OK.
+  virtual void Message(const std::string& text, const std::string& title) = 0;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,58 @@
+#pragma once
+
+// Text helpers. All texts are bytes of the system's ANSI code page.
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace scourwell {
+
+// How a byte is upper-cased. Starts as Windows code page 1252; the Windows side replaces it by
+// what the running system does.
+using FoldTable = std::array<unsigned char, 256>;
+void SetFoldTable(const FoldTable& table);
+extern FoldTable fold_table;
+
+inline char Fold(char c) { return static_cast<char>(fold_table[static_cast<unsigned char>(c)]); }
+
+std::string Upper(std::string_view text);
+bool EqualsNoCase(std::string_view a, std::string_view b);
+// Negative, zero or positive, as the folded texts compare byte by byte.
+int CompareNoCase(std::string_view a, std::string_view b);
+// Position of `part` in `text` from `start`, or npos. An empty part is found at `start`.
+std::size_t FindNoCase(std::string_view text, std::string_view part, std::size_t start = 0);
+
+// Removes blanks (code 32 only) from both ends.
+std::string_view TrimBlanks(std::string_view text);
+// The characters before the first NUL; the whole text when there is none.
+std::string_view TrimNull(std::string_view text);
+// Every occurrence of `from`, compared with case.
+std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
+
+// The number at the start of a text: blanks are skipped, then a sign and digits are read. 0 when
+// there is none; values outside 32 bits stop at the nearest limit.
+std::int32_t LeadingNumber(std::string_view text);
+// `value` in decimal, left-padded with "0" to `width`.
+std::string Padded(unsigned value, unsigned width);
+std::string Hex(std::uint32_t value, unsigned width);
+// bytes / 1024 with up to fifteen significant digits and no trailing zeros.
+std::string Kilobytes(std::uint64_t bytes);
+
+// Hashing and equality that follow Fold; both take string_views for look-up without a copy.
+struct NoCaseHash {
+  using is_transparent = void;
+  std::size_t operator()(std::string_view text) const;
+};
+struct NoCaseEqual {
+  using is_transparent = void;
+  bool operator()(std::string_view a, std::string_view b) const { return EqualsNoCase(a, b); }
+};
+struct NoCaseLess {
+  using is_transparent = void;
+  bool operator()(std::string_view a, std::string_view b) const { return CompareNoCase(a, b) < 0; }
+};
+
+}  // namespace scourwell

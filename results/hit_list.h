@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "backup/ignore_list.h"
+#include "platform/app_settings.h"
+#include "platform/error_log.h"
+#include "platform/text.h"
+#include "scan/detection.h"
+
+namespace scourwell {
+
+// Found components of one scan, by kind. Sixteen bits wide: counting past 32767 is an overflow.
+struct HitCounters {
+  std::int16_t processes = 0;
+  std::int16_t registry = 0;
+  std::int16_t folders = 0;
+  std::int16_t files = 0;  // files and cookies
+  std::int16_t ignored = 0;
+
+  int Total() const { return processes + registry + folders + files; }
+};
+
+// The model of `SpyListView`: one row per detection with its check mark, and the counters.
+class HitList : public DetectionSink {
+ public:
+  struct Row {
+    Detection detection;
+    bool checked = false;
+  };
+  enum Column { kType, kSystem, kDetails };
+
+  HitList(IgnoreList& ignore, const AppSettings& settings, ErrorLog& log)
+      : ignore_(ignore), settings_(settings), log_(log) {}
+
+  // At the start of a scan: no rows, counters at 0.
+  void Clear();
+
+  bool Contains(std::string_view details) const override;
+  // Adds a row unless the ignore list holds the detection; counts it in either case.
+  void AddSpyToListView(const Detection& detection) override;
+
+  std::size_t size() const { return rows_.size(); }
+  bool empty() const { return rows_.empty(); }
+  const Row& row(std::size_t index) const { return rows_[index]; }
+  const std::string& Text(std::size_t index, Column column) const;
+  const HitCounters& counters() const { return counters_; }
+
+  void SetChecked(std::size_t index, bool checked) { rows_[index].checked = checked; }
+  void CheckAll(bool checked);
+  std::size_t checked_count() const;
+
+  // A click on a column's header: sorts by it, ascending first, the other way at each next click.
+  // Texts compare without case; equal rows keep their order.
+  void SortBy(Column column);
+  Column sort_column() const { return sort_column_; }
+  bool sorted() const { return sorted_; }
+  bool ascending() const { return ascending_; }
+
+ private:
+  Outcome Count(std::string_view kind);
+
+  IgnoreList& ignore_;
+  const AppSettings& settings_;
+  ErrorLog& log_;
+  std::vector<Row> rows_;
+  std::unordered_set<std::string, NoCaseHash, NoCaseEqual> seen_;
+  HitCounters counters_;
+  Column sort_column_ = kType;
+  bool sorted_ = false;
+  bool ascending_ = false;
+};
+
+}  // namespace scourwell

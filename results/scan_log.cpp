@@ -1,0 +1,123 @@
+#include "results/scan_log.h"
+
+#include "platform/file_utils.h"
+#include "platform/text.h"
+
+namespace scourwell {
+namespace {
+
+constexpr char kShortRule[] = "====================";
+constexpr char kLongRule[] = "==========================================================";
+
+// Collects lines; each one written ends with CR LF, whatever its text holds.
+class Lines {
+ public:
+  Lines& Add(std::string_view line) {
+    text_.append(line).append("\r\n");
+    return *this;
+  }
+  const std::string& text() const { return text_; }
+
+ private:
+  std::string text_;
+};
+
+std::string TrueFalse(bool value) { return value ? "True" : "False"; }
+
+}  // namespace
+
+void ScanLog::CreateDriveScanLogFile() {
+  static_cast<void>(parts_.log.Trap("CreateDriveScanLogFile", [&]() -> Outcome {
+    const HitList& hits = parts_.hits;
+    Lines lines;
+    lines.Add("\r\n" + Text(1832)).Add(kShortRule);
+    for (std::size_t i = 0; i < hits.size(); ++i) {
+      const Detection& found = hits.row(i).detection;
+      if (found.kind == kSpyFolder) lines.Add(found.system + " folder:" + found.details);
+    }
+    lines.Add(Text(1833));
+    lines.Add(Text(1834) + std::to_string(hits.counters().folders));
+    lines.Add("\r\n" + Text(1835)).Add(kShortRule);
+    for (std::size_t i = 0; i < hits.size(); ++i) {
+      const Detection& found = hits.row(i).detection;
+      if (found.kind != kSpyFile && found.kind != kSpyCookie) continue;
+      lines.Add(found.system + " file:" + found.details);
+      lines.Add(FileLines(found));
+    }
+    lines.Add(Text(1836));
+    lines.Add(Text(1837) + std::to_string(hits.counters().files));
+    lines.Add(Text(1831));
+    return Append(lines.text());
+  }));
+}
+
+// The indented lines of one file, ending so that Add leaves two empty lines behind them.
+std::string ScanLog::FileLines(const Detection& detection) {
+  DirEntry entry;
+  const Outcome found = parts_.files.Stat(detection.details, &entry);
+  if (!found.ok()) {
+    parts_.log.LogFailure(Outcome(found).With("File: ", detection.details),
+                          "CreateDriveScanLogFile");
+  }
+  const std::string accessed =
+      entry.accessed ? parts_.clock.GeneralDate(parts_.clock.ToLocal(entry.accessed)) : "";
+  FixedFileInfo info;
+  std::string build;
+  std::string system;
+  if (parts_.versions.ReadFixed(detection.details, &info).ok()) {
+    build = VersionText(info.file_version_high, info.file_version_low);
+    system = OperatingSystemText(info.operating_system);
+  }
+  return "\tFileSize :" + Kilobytes(entry.size) + " kb\r\n\tLast accessed  :" + accessed +
+         "\r\n\tBuild :" + build + "\r\n\tOS :-" + system + "\r\n\r\n";
+}
+
+void ScanLog::FinishScan() {
+  static_cast<void>(parts_.log.Trap("FinishScan", [&]() -> Outcome {
+    const COpSysInfo& os = parts_.os;
+    const ProgramVersion& version = parts_.version;
+    Lines lines;
+    lines.Add("\r\n").Add(kLongRule);
+    lines.Add(Text(1851) + " " + std::to_string(parts_.hits.counters().Total()));
+    lines.Add(kLongRule);
+    lines.Add("\r\n" + Text(1852) + " " + parts_.clock.GeneralDate(parts_.clock.Now()));
+    lines.Add(Text(1853)).Add("\r\n").Add(kLongRule);
+    lines.Add("Application Version: " + std::to_string(version.major) + "." +
+              std::to_string(version.minor) + "." + std::to_string(version.revision));
+    lines.Add(kLongRule);
+    lines.Add("Major Version: " + std::to_string(os.MajorVersion()));
+    lines.Add("Minor Version: " + std::to_string(os.MinorVersion()));
+    lines.Add("Build Number Version: " + std::to_string(os.BuildNumber()));
+    lines.Add("Platform ID: " + std::to_string(os.PlatformID()));
+    lines.Add("Service Pack Major: " + std::to_string(os.ServicePackMajor()));
+    lines.Add("Service Pack Minor: " + std::to_string(os.ServicePackMinor()));
+    lines.Add("Suite Mask: " + std::to_string(os.SuiteMask()));
+    lines.Add("Platform: " + os.Platform());
+    lines.Add("Platform Version: " + os.Version());
+    lines.Add("OS Product Name: " + os.ProductTypeName());
+    lines.Add("CSD Version: " + os.CSDVersion());
+    lines.Add("Is Windows XP: " + TrueFalse(os.IsWinXP()));
+    lines.Add("Is Windows 2K: " + TrueFalse(os.IsWin2K()));
+    lines.Add("Is Windows NT: " + TrueFalse(os.IsWinNT()));
+    lines.Add("Is Windows 9x: " + TrueFalse(os.IsWin9x()));
+    lines.Add("Is Windows 95: " + TrueFalse(os.IsWin95()));
+    lines.Add("Is Windows 98: " + TrueFalse(os.IsWin98()));
+    lines.Add("Is Windows Me: " + TrueFalse(os.IsWinME()));
+    lines.Add("\r\n").Add(kLongRule);
+    return Append(lines.text());
+  }));
+}
+
+Outcome ScanLog::Append(std::string_view text) {
+  std::string& path = parts_.settings.LogFilePath;
+  Outcome written = parts_.files.Append(path, text);
+  if (written.ok()) return {};
+  const std::string fallback =
+      AddPathToFileName(parts_.folders.application, FileNamePart(path));
+  written = std::move(written).With("LogFile: ", path);
+  if (fallback == path || !parts_.files.Append(fallback, text).ok()) return written;
+  path = fallback;
+  return std::move(written).With("Written to: ", fallback);
+}
+
+}  // namespace scourwell

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/captions.h"
+#include "platform/error_log.h"
+#include "platform/op_sys_info.h"
+#include "platform/system_folders.h"
+#include "platform/versions.h"
+#include "results/hit_list.h"
+
+namespace scourwell {
+
+struct ProgramVersion {
+  int major = 0;
+  int minor = 0;
+  int revision = 0;
+};
+
+// Writes the sections of the scan log. Each is appended as a whole, lines ending in CR LF; all
+// scans of a run append to the same file. When its folder has gone or refuses, the log goes on in
+// the application folder, and AppSettings::LogFilePath follows.
+class ScanLog {
+ public:
+  struct Parts {
+    Files& files;
+    Clock& clock;
+    Versions& versions;
+    ErrorLog& log;
+    const Captions& captions;
+    AppSettings& settings;
+    const HitList& hits;
+    const COpSysInfo& os;
+    const SystemFolders& folders;
+    ProgramVersion version;
+  };
+
+  explicit ScanLog(const Parts& parts) : parts_(parts) {}
+
+  void CreateDriveScanLogFile();
+  // The closing block.
+  void FinishScan();
+
+ private:
+  std::string Text(int number) const { return parts_.captions.Text(number); }
+  std::string FileLines(const Detection& detection);
+  Outcome Append(std::string_view text);
+
+  Parts parts_;
+};
+
+}  // namespace scourwell

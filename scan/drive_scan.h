@@ -1,0 +1,70 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "definitions/signature_list.h"
+#include "platform/captions.h"
+#include "platform/error_log.h"
+#include "platform/files.h"
+#include "platform/pump.h"
+#include "scan/detection.h"
+#include "scan/scan_progress.h"
+#include "scan/scan_scope.h"
+#include "scan/signature_index.h"
+
+namespace scourwell {
+
+// One pass over folders: every folder is listed once and its entries are compared with the
+// searched rows of `list`, which must stay unchanged as long as the pass lives.
+class DriveScan {
+ public:
+  DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& captions,
+            DetectionSink& sink, ScanProgress& progress, const SignatureList& list);
+
+  // Walks the ticked drives that are ready, in tree order.
+  void ScanDrives(const ScanScope& scope);
+  // Walks a folder and everything below it; a path that names a file is compared alone.
+  void ScanPath(const std::string& path);
+
+ private:
+  struct Subfolder {
+    std::string name;
+    std::string short_name;
+  };
+  // One folder on the way down.
+  struct Level {
+    std::string path;       // as shown and reported
+    std::string reachable;  // the same folder, with 8.3 parts where the names do not serve
+    std::vector<Subfolder> subfolders;
+    std::size_t next = 0;
+  };
+  struct Match {
+    std::uint32_t row;
+    bool certain;
+    std::string name;
+    bool link;
+  };
+
+  void subShowFolderList(const std::string& root);
+  void Enter(std::string path, std::string reachable, const std::string& fallback,
+             std::vector<Level>* levels);
+  Outcome ListFolder(Level* level, std::vector<Match>* matches);
+  void EnterSubfolder(std::vector<Level>* levels);
+  void subFileSearch(const Level& level, std::vector<Match>* matches);
+  void Confirm(const Level& level, std::uint32_t row);
+  void Report(const Level& level, std::uint32_t row, const std::string& name, bool link);
+  void FindFiles(const std::string& folder, const std::string& reachable, std::string_view spy);
+  bool PassesThroughLink(const std::string& folder, std::string_view signature);
+  void SearchOneFile(const std::string& path);
+
+  Files& files_;
+  Pump& pump_;
+  ErrorLog& log_;
+  const Captions& captions_;
+  DetectionSink& sink_;
+  ScanProgress& progress_;
+  SignatureIndex index_;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,113 @@
+#include "scan/name_pattern.h"
+
+#include <algorithm>
+
+#include "platform/file_utils.h"
+
+namespace scourwell {
+namespace {
+
+bool IsWildcard(char c) { return c == '*' || c == '?'; }
+
+// Windows drops dots and blanks at the end of a name before it looks it up.
+std::string_view WithoutTail(std::string_view name) {
+  while (!name.empty() && (name.back() == '.' || name.back() == ' ')) name.remove_suffix(1);
+  return name;
+}
+
+// True when a name may end before this rest of a pattern: "*", "?" and the dots between them.
+bool MayBeEmpty(std::string_view rest) {
+  return rest.find_first_not_of("*?.") == std::string_view::npos;
+}
+
+// Blanks and dots alone name a folder itself; some characters have a meaning of their own below
+// the listing call; device names answer in every folder.
+bool IsUsablePart(std::string_view part) {
+  constexpr std::string_view kForbidden = "<>\"|:/";
+  for (const char c : part) {
+    if (static_cast<unsigned char>(c) < 32 || kForbidden.find(c) != std::string_view::npos) {
+      return false;
+    }
+  }
+  return !WithoutTail(part).empty() && !IsDeviceName(part);
+}
+
+}  // namespace
+
+PatternKind ClassifyPattern(std::string_view signature) {
+  bool relative = false;
+  for (std::string_view rest = signature;;) {
+    const std::size_t slash = rest.find('\\');
+    const std::string_view part = rest.substr(0, slash);
+    const bool last = slash == std::string_view::npos;
+    if (part.empty() && !last) {  // Windows reads "\\" as "\"
+      relative = true;
+      rest.remove_prefix(1);
+      continue;
+    }
+    if (!IsUsablePart(part)) return PatternKind::Unusable;
+    const bool wild = part.find_first_of("*?") != std::string_view::npos;
+    if (last) {
+      if (relative) return PatternKind::Relative;
+      // A name that Windows would shorten is left to the system's listing.
+      return wild || WithoutTail(part).size() != part.size() ? PatternKind::Wildcard
+                                                             : PatternKind::Name;
+    }
+    if (wild) return PatternKind::Unusable;  // no listing takes wildcards before the last part
+    relative = true;
+    rest.remove_prefix(slash + 1);
+  }
+}
+
+bool MayMatch(std::string_view pattern, std::string_view name) {
+  pattern = WithoutTail(pattern);
+  name = WithoutTail(name);
+  // "?" may stand for one character or for none: treating it as "*" admits both.
+  constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+  std::size_t p = 0;
+  std::size_t n = 0;
+  std::size_t behind_star = kNone;
+  std::size_t star_name = 0;  // how far the last "*" reaches
+  for (;;) {
+    if (p < pattern.size() && IsWildcard(pattern[p])) {
+      behind_star = ++p;
+      star_name = n;
+    } else if (n == name.size()) {
+      return MayBeEmpty(pattern.substr(p));
+    } else if (p < pattern.size() && pattern[p] == name[n]) {
+      ++p;
+      ++n;
+    } else if (behind_star == kNone) {
+      return false;
+    } else {
+      p = behind_star;
+      n = ++star_name;
+    }
+  }
+}
+
+std::string_view RequiredLiteral(std::string_view pattern) {
+  pattern = WithoutTail(pattern);
+  std::string_view best;
+  for (std::size_t at = 0; at < pattern.size();) {
+    if (IsWildcard(pattern[at])) {
+      ++at;
+      continue;
+    }
+    std::size_t end = at;
+    while (end < pattern.size() && !IsWildcard(pattern[end])) ++end;
+    std::string_view run = pattern.substr(at, end - at);
+    // Dots before a closing run of wildcards may be absent from the name.
+    if (MayBeEmpty(pattern.substr(end))) run = WithoutTail(run);
+    if (run.size() > best.size()) best = run;
+    at = end;
+  }
+  return best;
+}
+
+std::string_view FirstPart(std::string_view signature) {
+  signature.remove_prefix(std::min(signature.find_first_not_of('\\'), signature.size()));
+  return signature.substr(0, signature.find('\\'));
+}
+
+}  // namespace scourwell

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+namespace scourwell {
+
+// How a signature of a searched row is looked for in a folder.
+enum class PatternKind {
+  Name,      // one exact name: an entry of the listing answers it
+  Wildcard,  // "*" or "?" in the name
+  Relative,  // holds "\": looked for below a subfolder
+  Unusable,  // nothing that a directory listing could find, or not safe to ask for
+};
+
+PatternKind ClassifyPattern(std::string_view signature);
+
+// True when a listing with `pattern` could yield `name` on some Windows. The systems differ in
+// "?" and in dots before wildcards, so this says yes too often, never too seldom; the system's
+// own listing decides. Both texts folded.
+bool MayMatch(std::string_view pattern, std::string_view name);
+
+// The longest run of characters that every name which MayMatch admits must hold; may be empty.
+std::string_view RequiredLiteral(std::string_view pattern);
+
+// The first part of a relative signature, without leading "\".
+std::string_view FirstPart(std::string_view signature);
+
+}  // namespace scourwell

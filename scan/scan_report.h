@@ -1,0 +1,13 @@
+#pragma once
+
+namespace scourwell {
+
+// What the end of a phase and of the whole scan set off: the scan log and the statistics.
+class ScanReport {
+ public:
+  virtual ~ScanReport() = default;
+  virtual void CreateDriveScanLogFile() = 0;
+  virtual void FinishScan() = 0;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <string>
+
+#include "definitions/list_loader.h"
+#include "platform/app_settings.h"
+#include "platform/shell.h"
+#include "scan/drive_scan.h"
+#include "scan/scan_report.h"
+
+namespace scourwell {
+
+// One run over the ticked scope, phase by phase. Everything happens inside the calls; the pump
+// lets the windows live meanwhile, and its closing flag ends every loop.
+class ScanSession {
+ public:
+  struct Parts {
+    Files& files;
+    Pump& pump;
+    ErrorLog& log;
+    Shell& shell;
+    const Captions& captions;
+    const AppSettings& settings;
+    SignatureLists& lists;
+    ListLoader& loader;
+    DetectionSink& sink;
+    ScanReport& report;
+    ScanProgress& progress;
+  };
+
+  explicit ScanSession(const Parts& parts) : parts_(parts) {}
+
+  // Scans what is ticked. A stopped scan ends without log and finish.
+  void StartScan(const ScanScope& scope);
+  // The two passes over one folder (or one file) instead of the drives.
+  void ScanFolder(const std::string& path);
+
+  // True when the last scan came to its end.
+  bool finished() const { return finished_; }
+
+ private:
+  void Begin();
+  void ScanNode(const ScanScope& scope, std::size_t number);
+  void CheckRegistryScope(const ScanScope& scope);
+  void ScanDrivesForAll(const ScanScope& scope);
+  void ScanDrivesForAllFolders();
+  void ScanDrivesForAllFiles();
+  template <class Walk>
+  void BothPasses(Walk&& walk);
+  void StartPass(int caption);
+  void ClearLists();
+  void Finish();
+
+  Parts parts_;
+  bool finished_ = false;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,96 @@
+#include "shell/application.h"
+
+#include "platform/file_utils.h"
+
+namespace scourwell {
+
+Application::Application(const Ports& ports, const std::string& application_folder,
+                         ProgramVersion version)
+    : ports_(ports),
+      version_(version),
+      log_(ports.files, ports.clock, FullPath_With_Filename(application_folder, "errorlog.txt")),
+      os_(ports.system),
+      folders_(ComputeSystemFolders(ports.system, ports.registry, os_, log_, application_folder)),
+      language_(ports.files, ports.clock, log_, settings_, application_folder),
+      store_(ports.registry),
+      settings_store_({store_, ports.registry, ports.profiles, ports.files, ports.clock, log_,
+                       folders_, version},
+                      settings_),
+      statistics_(store_, ports.clock, language_),
+      ignore_(ports.files, ports.clock, log_,
+              AddPathToFileName(application_folder, "ignorespylist.txt")),
+      hits_(ignore_, settings_, log_),
+      scan_log_({ports.files, ports.clock, ports.versions, log_, language_, settings_, hits_, os_,
+                 folders_, version}),
+      reference_(ports.files, ports.clock, log_, settings_, application_folder),
+      matching_(ports.files, log_, folders_, hits_),
+      loader_(reference_, lists_, matching_, *this, ports.pump, log_, folders_),
+      session_({ports.files, ports.pump, log_, ports.shell, language_, settings_, lists_, loader_,
+                hits_, *this, progress_}) {}
+
+void Application::Start() {
+  log_.deleteLogFile();
+  settings_store_.LoadSettings();
+  settings_store_.SaveSettings();
+}
+
+void Application::FillTree() { scope_.FillTree(language_, ports_.files.Drives()); }
+
+void Application::Shutdown() {
+  static_cast<void>(log_.Trap("MDIForm_Unload", [&]() -> Outcome {
+    if (settings_.AutoSave || !FileExists(ports_.files, settings_.LogFilePath)) return {};
+    return ports_.files.EraseFile(settings_.LogFilePath);
+  }));
+  settings_store_.SaveSettings();
+}
+
+void Application::RunScan() {
+  Run([&] { session_.StartScan(scope_); });
+}
+
+void Application::RunScan(const std::string& path) {
+  Run([&] { session_.ScanFolder(path); });
+}
+
+template <class Scan>
+void Application::Run(Scan&& scan) {
+  if (scanning_) return;
+  scanning_ = true;
+  ports_.pump.set_closing(false);
+  hits_.Clear();
+  scan();
+  progress_.loading = false;
+  scanning_ = false;
+}
+
+std::string Application::Title() const {
+  return language_.Text(1753) + " " + std::to_string(version_.major) + "." +
+         std::to_string(version_.minor) + " " + language_.Text(1770) +
+         std::to_string(version_.revision);
+}
+
+void Application::CreateDriveScanLogFile() {
+  progress_.lblScanStatus = language_.Text(16218);
+  scan_log_.CreateDriveScanLogFile();
+  progress_.lblScanStatus = language_.Text(1805);
+}
+
+void Application::FinishScan() {
+  scan_log_.FinishScan();
+  static_cast<void>(log_.Trap("FinishScan", [&]() -> Outcome {
+    if (Outcome counted = statistics_.setNumberOfScans(); !counted.ok()) return counted;
+    return statistics_.setLastSystemScanDate();
+  }));
+}
+
+void Application::Begin(int maximum) {
+  progress_.loading = true;
+  progress_.load_maximum = maximum;
+  progress_.load_done = 0;
+}
+
+void Application::Advance() { ++progress_.load_done; }
+
+void Application::End() { progress_.loading = false; }
+
+}  // namespace scourwell

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <string>
+
+#include "backup/ignore_list.h"
+#include "definitions/list_loader.h"
+#include "platform/profiles.h"
+#include "platform/shell.h"
+#include "platform/versions.h"
+#include "results/hit_list.h"
+#include "results/scan_log.h"
+#include "scan/matching.h"
+#include "scan/scan_session.h"
+#include "shell/language.h"
+#include "shell/settings.h"
+#include "shell/statistics.h"
+
+namespace scourwell {
+
+// The machine, as the program sees it.
+struct Ports {
+  Files& files;
+  Registry& registry;
+  Profiles& profiles;
+  Clock& clock;
+  System& system;
+  Shell& shell;
+  Versions& versions;
+  Pump& pump;
+};
+
+// The program without its windows: everything that lives as long as the process, wired together.
+// Windows call it and mirror its models.
+class Application : private ScanReport, private LoadProgress {
+ public:
+  Application(const Ports& ports, const std::string& application_folder, ProgramVersion version);
+
+  // Start-up behind the splash: trims the error log, reads the settings and saves them back.
+  void Start();
+  // Rebuilds the scan scope from the drives of the machine.
+  void FillTree();
+  // The end of the run: an unsaved scan log goes, the settings are saved.
+  void Shutdown();
+
+  // A scan of what is ticked, or of one path. Returns when it has ended or was stopped.
+  void RunScan();
+  void RunScan(const std::string& path);
+
+  // "Scourwell 1.0 Rev.0"
+  std::string Title() const;
+
+  const Ports& ports() const { return ports_; }
+  const SystemFolders& folders() const { return folders_; }
+  const COpSysInfo& os() const { return os_; }
+  const ProgramVersion& version() const { return version_; }
+  ErrorLog& log() { return log_; }
+  const Language& language() const { return language_; }
+  AppSettings& settings() { return settings_; }
+  Statistics& statistics() { return statistics_; }
+  ScanScope& scope() { return scope_; }
+  HitList& hits() { return hits_; }
+  const ScanProgress& progress() const { return progress_; }
+  ReferenceFile& reference() { return reference_; }
+  const ScanSession& session() const { return session_; }
+  bool scanning() const { return scanning_; }
+
+ private:
+  void CreateDriveScanLogFile() override;
+  void FinishScan() override;
+  void Begin(int maximum) override;
+  void Advance() override;
+  void End() override;
+  template <class Scan>
+  void Run(Scan&& scan);
+
+  Ports ports_;
+  ProgramVersion version_;
+  ErrorLog log_;
+  COpSysInfo os_;
+  SystemFolders folders_;
+  AppSettings settings_;
+  Language language_;
+  SettingsStore store_;
+  Settings settings_store_;
+  Statistics statistics_;
+  IgnoreList ignore_;
+  HitList hits_;
+  ScanLog scan_log_;
+  ScanScope scope_;
+  ScanProgress progress_;
+  ReferenceFile reference_;
+  SignatureLists lists_;
+  Matching matching_;
+  ListLoader loader_;
+  ScanSession session_;
+  bool scanning_ = false;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/app_settings.h"
+#include "platform/captions.h"
+#include "platform/error_log.h"
+#include "platform/ini_text.h"
+#include "platform/watched_file.h"
+
+namespace scourwell {
+
+inline constexpr std::size_t kLongestCaption = 499;  // bytes
+
+// The active language pack: "Lang\<LanguageFile>" below the application folder, an INI file with
+// the one section "Adware Language Pack" and decimal numbers as keys.
+class Language : public Captions {
+ public:
+  static constexpr std::uint64_t kLargest = 16u << 20;
+
+  Language(Files& files, Clock& clock, ErrorLog& log, const AppSettings& settings,
+           std::string application_folder)
+      : files_(files),
+        log_(log),
+        settings_(settings),
+        application_folder_(std::move(application_folder)),
+        watched_(files, clock) {}
+
+  // The pack's text for a number, else `fallback`; cut to 499 bytes, then trimmed of blanks at
+  // both ends. A key that is there without a value gives an empty text.
+  std::string SetCaptionfromINI(std::string_view number, std::string_view fallback) const;
+
+  // The same with the English default of the caption table.
+  std::string Text(int number) const override;
+
+  // "Language: English", as the status bar shows it.
+  std::string StatusText() const;
+
+ private:
+  void Refresh() const;
+  Outcome Read() const;
+
+  Files& files_;
+  ErrorLog& log_;
+  const AppSettings& settings_;
+  std::string application_folder_;
+  mutable WatchedFile watched_;
+  mutable IniText pack_;
+};
+
+// "#" stands for a line break in long messages.
+std::string WithLineBreaks(std::string_view message);
+
+}  // namespace scourwell
