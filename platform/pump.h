@@ -10,7 +10,7 @@ class Pump {
 
   // Lets the message loop run (as often as it needs to stay live) and says whether to go on.
   bool Next() {
-    if (!closing_) Yield();
+    if (!closing_) YieldNow();
     return !closing_;
   }
 
@@ -18,7 +18,7 @@ class Pump {
   void set_closing(bool closing) { closing_ = closing; }
 
  protected:
-  virtual void Yield() = 0;
+  virtual void YieldNow() = 0;  // "Yield" itself is a macro of the Windows headers
 
  private:
   bool closing_ = false;

@@ -14,7 +14,7 @@ int PumpWin::Run() {
   return static_cast<int>(message.wParam);
 }
 
-void PumpWin::Yield() {
+void PumpWin::YieldNow() {
   const DWORD now = GetTickCount();
   if (now - last_ < kInterval) return;
   MSG message;

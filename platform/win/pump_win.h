@@ -20,7 +20,7 @@ class PumpWin : public Pump {
 
  protected:
   // Cheap unless some milliseconds have passed since the last time: a loop may call it per item.
-  void Yield() override;
+  void YieldNow() override;
 
  private:
   void Dispatch(MSG* message);

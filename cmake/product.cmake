@@ -1,0 +1,34 @@
+# Scourwell.exe and the ready-to-copy program folder.
+add_executable(Scourwell WIN32 shell/main.cpp shell/app.rc)
+target_include_directories(Scourwell PRIVATE ${PROJECT_BINARY_DIR}/generated)
+target_link_libraries(Scourwell PRIVATE
+  scourwell_windows scourwell_win scourwell_core comctl32 comdlg32 gdi32)
+set_source_files_properties(shell/app.rc PROPERTIES
+  COMPILE_DEFINITIONS
+    "SW_MAJOR=${PROJECT_VERSION_MAJOR};SW_MINOR=${PROJECT_VERSION_MINOR};SW_REVISION=${PROJECT_VERSION_PATCH}"
+  INCLUDE_DIRECTORIES ${PROJECT_SOURCE_DIR}
+  OBJECT_DEPENDS "${PROJECT_SOURCE_DIR}/shell/app.manifest;${PROJECT_SOURCE_DIR}/art/scourwell.ico")
+
+# A function that some target Windows lacks would keep the program from starting there.
+add_custom_command(TARGET Scourwell POST_BUILD
+  COMMAND ${PROJECT_SOURCE_DIR}/scripts/check-imports.sh $<TARGET_FILE:Scourwell>
+  VERBATIM)
+
+set(program_folder ${PROJECT_SOURCE_DIR}/out/Scourwell)
+set(default_definitions ${PROJECT_SOURCE_DIR}/definitions/default/update.ini)
+add_custom_command(
+  OUTPUT ${PROJECT_BINARY_DIR}/update.ref
+  COMMAND ${PROJECT_SOURCE_DIR}/scripts/scramble ${default_definitions}
+          > ${PROJECT_BINARY_DIR}/update.ref
+  DEPENDS ${default_definitions} ${PROJECT_SOURCE_DIR}/scripts/scramble
+  COMMENT "Scrambling the definitions"
+  VERBATIM)
+add_custom_target(program_folder ALL
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${program_folder}/Lang ${program_folder}/Ini
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:Scourwell> ${program_folder}
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_SOURCE_DIR}/lang/English.ini
+          ${program_folder}/Lang
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_BINARY_DIR}/update.ref
+          ${program_folder}/Ini
+  DEPENDS Scourwell ${PROJECT_BINARY_DIR}/update.ref
+  VERBATIM)

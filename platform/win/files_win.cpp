@@ -1,0 +1,220 @@
+#include "platform/win/files_win.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "platform/file_utils.h"
+#include "platform/win/unique_handle.h"
+#include "platform/win/win_error.h"
+
+namespace scourwell {
+namespace {
+
+constexpr std::size_t kLongestPath = MAX_PATH - 1;
+constexpr DWORD kNoAttributes = 0xFFFFFFFF;  // the headers' own name is newer than the oldest target
+
+FileTime ToFileTime(const FILETIME& time) {
+  return static_cast<FileTime>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
+}
+
+DirEntry ToEntry(const WIN32_FIND_DATAA& data) {
+  DirEntry entry;
+  entry.name = data.cFileName;
+  entry.short_name = data.cAlternateFileName;
+  entry.attributes = data.dwFileAttributes;
+  if (!entry.IsFolder()) {
+    entry.size = static_cast<std::uint64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
+  }
+  entry.modified = ToFileTime(data.ftLastWriteTime);
+  entry.accessed = ToFileTime(data.ftLastAccessTime);
+  return entry;
+}
+
+bool IsDots(const char* name) {
+  return name[0] == '.' && (name[1] == 0 || (name[1] == '.' && name[2] == 0));
+}
+
+bool IsRoot(const std::string& path) { return path.size() == 3 && path[1] == ':'; }
+
+// Why a listing found nothing: an existing folder without a match is no failure.
+Outcome WhyNothing(DWORD code, const std::string& pattern) {
+  if (code == ERROR_NO_MORE_FILES) return {};
+  if (code != ERROR_FILE_NOT_FOUND) {
+    Outcome failed = FailedWith(code);
+    return failed.number() == kBadFileName ? Outcome::Failed(kPathNotFound) : std::move(failed);
+  }
+  const std::string folder(FolderPart(pattern));
+  const DWORD attributes = GetFileAttributesA((folder + "\\").c_str());
+  if (attributes != kNoAttributes && (attributes & FILE_ATTRIBUTE_DIRECTORY)) return {};
+  return Outcome::Failed(kPathNotFound);
+}
+
+Outcome WriteAll(HANDLE file, std::string_view text) {
+  while (!text.empty()) {
+    const DWORD portion = static_cast<DWORD>(std::min<std::size_t>(text.size(), 1 << 20));
+    DWORD written = 0;
+    if (!WriteFile(file, text.data(), portion, &written, nullptr)) {
+      return FailedWith(GetLastError());
+    }
+    if (written == 0) return Outcome::Failed(kDiskFull);
+    text.remove_prefix(written);
+  }
+  return {};
+}
+
+// Puts `fresh` in the place of `path`. MoveFileEx replaces in one step but only works on the NT
+// family; elsewhere the old file is moved aside first, so that one of the two always exists.
+Outcome SwapIn(const std::string& fresh, const std::string& path) {
+  if (MoveFileExA(fresh.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) return {};
+  const DWORD code = GetLastError();
+  if (code != ERROR_CALL_NOT_IMPLEMENTED && code != ERROR_NOT_SUPPORTED) return FailedWith(code);
+  if (GetFileAttributesA(path.c_str()) == kNoAttributes) {
+    return MoveFileA(fresh.c_str(), path.c_str()) ? Outcome() : FailedWith(GetLastError());
+  }
+  const std::string aside = path + ".old";
+  DeleteFileA(aside.c_str());
+  if (!MoveFileA(path.c_str(), aside.c_str())) return FailedWith(GetLastError());
+  if (!MoveFileA(fresh.c_str(), path.c_str())) {
+    const DWORD failed = GetLastError();
+    MoveFileA(aside.c_str(), path.c_str());
+    return FailedWith(failed);
+  }
+  DeleteFileA(aside.c_str());
+  return {};
+}
+
+DriveKind ToKind(UINT type) {
+  switch (type) {
+    case DRIVE_NO_ROOT_DIR: return DriveKind::NoRoot;
+    case DRIVE_REMOVABLE: return DriveKind::Removable;
+    case DRIVE_FIXED: return DriveKind::Fixed;
+    case DRIVE_REMOTE: return DriveKind::Network;
+    case DRIVE_CDROM: return DriveKind::Optical;
+    case DRIVE_RAMDISK: return DriveKind::RamDisk;
+    default: return DriveKind::Unknown;
+  }
+}
+
+}  // namespace
+
+FilesWin::FilesWin() { SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX); }
+
+Outcome FilesWin::List(const std::string& pattern, const Visit& visit) {
+  if (pattern.size() > kLongestPath) return Outcome::Failed(kPathNotFound);
+  WIN32_FIND_DATAA data;
+  FindHandle find(FindFirstFileA(pattern.c_str(), &data));
+  if (!find) return WhyNothing(GetLastError(), pattern);
+  do {
+    if (IsDots(data.cFileName)) continue;
+    if (!visit(ToEntry(data))) return {};
+  } while (FindNextFileA(find.get(), &data));
+  const DWORD code = GetLastError();
+  return code == ERROR_NO_MORE_FILES ? Outcome() : FailedWith(code);
+}
+
+Outcome FilesWin::Stat(const std::string& path, DirEntry* entry) {
+  if (path.empty() || path.size() > kLongestPath) return Outcome::Failed(kPathNotFound);
+  if (path.find_first_of("*?") != std::string::npos) return Outcome::Failed(kFileNotFound);
+  if (IsRoot(path)) {  // a root has no entry of its own
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    if (attributes == kNoAttributes) return FailedWith(GetLastError());
+    *entry = DirEntry();
+    entry->name = path;
+    entry->attributes = attributes;
+    return {};
+  }
+  WIN32_FIND_DATAA data;
+  FindHandle find(FindFirstFileA(path.c_str(), &data));
+  if (!find) {
+    Outcome failed = FailedWith(GetLastError());
+    const bool absent = failed.number() == kPathNotFound || failed.number() == kBadFileName;
+    return absent ? Outcome::Failed(kFileNotFound) : std::move(failed);
+  }
+  *entry = ToEntry(data);
+  return {};
+}
+
+Outcome FilesWin::Read(const std::string& path, std::uint64_t limit, std::string* content) {
+  FileHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                              nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  if (!file) return FailedWith(GetLastError());
+  DWORD high = 0;
+  SetLastError(NO_ERROR);
+  const DWORD low = GetFileSize(file.get(), &high);
+  if (low == 0xFFFFFFFF && GetLastError() != NO_ERROR) return FailedWith(GetLastError());
+  const std::uint64_t size = static_cast<std::uint64_t>(high) << 32 | low;
+  if (size > limit || size > 0x7FFFFFFF) return Outcome::Failed(kOutOfMemory);
+  std::string text(static_cast<std::size_t>(size), '\0');
+  std::size_t filled = 0;
+  while (filled < text.size()) {
+    DWORD portion = 0;
+    if (!ReadFile(file.get(), text.data() + filled, static_cast<DWORD>(text.size() - filled),
+                  &portion, nullptr)) {
+      return FailedWith(GetLastError());
+    }
+    if (portion == 0) break;  // the file shrank meanwhile
+    filled += portion;
+  }
+  text.resize(filled);
+  *content = std::move(text);
+  return {};
+}
+
+Outcome FilesWin::Append(const std::string& path, std::string_view text) {
+  FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                              FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) return FailedWith(GetLastError());
+  LONG high = 0;
+  SetLastError(NO_ERROR);
+  if (SetFilePointer(file.get(), 0, &high, FILE_END) == 0xFFFFFFFF &&
+      GetLastError() != NO_ERROR) {
+    return FailedWith(GetLastError());
+  }
+  return WriteAll(file.get(), text);
+}
+
+Outcome FilesWin::Replace(const std::string& path, std::string_view text) {
+  const std::string fresh = path + ".new";
+  Outcome written;
+  {
+    FileHandle file(CreateFileA(fresh.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return FailedWith(GetLastError());
+    written = WriteAll(file.get(), text);
+    if (written.ok() && !FlushFileBuffers(file.get())) written = FailedWith(GetLastError());
+  }
+  if (written.ok()) written = SwapIn(fresh, path);
+  if (!written.ok()) DeleteFileA(fresh.c_str());
+  return written;
+}
+
+Outcome FilesWin::EraseFile(const std::string& path) {
+  return DeleteFileA(path.c_str()) ? Outcome() : FailedWith(GetLastError());
+}
+
+std::string FilesWin::ShortPath(const std::string& path) {
+  char buffer[MAX_PATH];
+  const DWORD size = GetShortPathNameA(path.c_str(), buffer, sizeof buffer);
+  return size == 0 || size >= sizeof buffer ? std::string() : std::string(buffer, size);
+}
+
+std::vector<Drive> FilesWin::Drives() {
+  std::vector<Drive> drives;
+  const DWORD present = GetLogicalDrives();
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    if (!(present >> (letter - 'A') & 1)) continue;
+    const char root[] = {letter, ':', '\\', 0};
+    drives.push_back({letter, ToKind(GetDriveTypeA(root))});
+  }
+  return drives;
+}
+
+bool FilesWin::IsReady(const std::string& root) {
+  DWORD longest = 0;
+  DWORD flags = 0;
+  return GetVolumeInformationA(root.c_str(), nullptr, 0, nullptr, &longest, &flags, nullptr, 0) !=
+         0;
+}
+
+}  // namespace scourwell

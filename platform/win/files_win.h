@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/files.h"
+
+namespace scourwell {
+
+class FilesWin : public Files {
+ public:
+  // Missing media and damaged disks must come back as errors, not as system message boxes.
+  FilesWin();
+
+  Outcome List(const std::string& pattern, const Visit& visit) override;
+  Outcome Stat(const std::string& path, DirEntry* entry) override;
+  Outcome Read(const std::string& path, std::uint64_t limit, std::string* content) override;
+  Outcome Append(const std::string& path, std::string_view text) override;
+  Outcome Replace(const std::string& path, std::string_view text) override;
+  Outcome EraseFile(const std::string& path) override;
+  std::string ShortPath(const std::string& path) override;
+  std::vector<Drive> Drives() override;
+  bool IsReady(const std::string& root) override;
+};
+
+}  // namespace scourwell

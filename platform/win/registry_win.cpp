@@ -1,0 +1,128 @@
+#include "platform/win/registry_win.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/win/unique_handle.h"
+
+namespace scourwell {
+namespace {
+
+constexpr DWORD kLongestKeyName = 256;         // with its NUL; key names have at most 255 characters
+constexpr DWORD kLongestValueName = 16384;     // with its NUL
+constexpr DWORD kLargestData = 64u << 20;      // bytes; more is a damaged value
+constexpr int kGrowthTries = 8;                // a value that grows while it is read
+
+RegStatus Open(RootKey root, const std::string& path, REGSAM rights, KeyHandle* key) {
+  HKEY opened = nullptr;
+  const LONG status = RegOpenKeyExA(RegistryWin::Handle(root), path.c_str(), 0, rights, &opened);
+  if (status == ERROR_SUCCESS) key->Reset(opened);
+  return status;
+}
+
+const BYTE* Bytes(const std::string& text) { return reinterpret_cast<const BYTE*>(text.data()); }
+BYTE* Bytes(std::string& text) { return reinterpret_cast<BYTE*>(text.data()); }
+
+// Data of which `size` bytes were announced; some systems announce too few.
+RegStatus ReadData(HKEY key, const char* name, RegValue* value) {
+  std::string data(64, '\0');
+  for (int i = 0; i < kGrowthTries; ++i) {
+    DWORD type = 0;
+    DWORD size = static_cast<DWORD>(data.size());
+    const LONG status = RegQueryValueExA(key, name, nullptr, &type, Bytes(data), &size);
+    if (status == ERROR_SUCCESS) {
+      data.resize(std::min<std::size_t>(size, data.size()));
+      *value = {type, std::move(data)};
+      return kRegOk;
+    }
+    if (status != ERROR_MORE_DATA) return status;
+    if (size > kLargestData) return ERROR_MORE_DATA;
+    data.resize(std::max<std::size_t>(size, data.size() * 2));
+  }
+  return ERROR_MORE_DATA;
+}
+
+}  // namespace
+
+HKEY RegistryWin::Handle(RootKey root) {
+  switch (root) {
+    case RootKey::ClassesRoot: return HKEY_CLASSES_ROOT;
+    case RootKey::CurrentUser: return HKEY_CURRENT_USER;
+    case RootKey::LocalMachine: return HKEY_LOCAL_MACHINE;
+    case RootKey::Users: return HKEY_USERS;
+    case RootKey::PerformanceData: return HKEY_PERFORMANCE_DATA;
+    case RootKey::CurrentConfig: return HKEY_CURRENT_CONFIG;
+    case RootKey::DynData: return HKEY_DYN_DATA;
+  }
+  return nullptr;
+}
+
+RegStatus RegistryWin::TryOpen(RootKey root, const std::string& path, std::uint32_t rights) {
+  KeyHandle key;
+  return Open(root, path, rights, &key);
+}
+
+RegStatus RegistryWin::QueryValue(RootKey root, const std::string& path, const std::string& name,
+                                  RegValue* value) {
+  KeyHandle key;
+  const RegStatus status = Open(root, path, KEY_QUERY_VALUE, &key);
+  return status == kRegOk ? ReadData(key.get(), name.c_str(), value) : status;
+}
+
+RegStatus RegistryWin::SetValue(RootKey root, const std::string& path, const std::string& name,
+                                const RegValue& value) {
+  HKEY created = nullptr;
+  const LONG status =
+      RegCreateKeyExA(Handle(root), path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                      KEY_ALL_ACCESS, nullptr, &created, nullptr);
+  if (status != ERROR_SUCCESS) return status;
+  const KeyHandle key(created);
+  return RegSetValueExA(key.get(), name.c_str(), 0, value.type, Bytes(value.data),
+                        static_cast<DWORD>(value.data.size()));
+}
+
+RegStatus RegistryWin::DeleteValue(RootKey root, const std::string& path,
+                                   const std::string& name) {
+  KeyHandle key;
+  const RegStatus status = Open(root, path, KEY_SET_VALUE, &key);
+  return status == kRegOk ? RegDeleteValueA(key.get(), name.c_str()) : status;
+}
+
+RegStatus RegistryWin::DeleteKeyCall(RootKey root, const std::string& path) {
+  return RegDeleteKeyA(Handle(root), path.c_str());
+}
+
+RegStatus RegistryWin::EnumKeys(RootKey root, const std::string& path, const VisitKey& visit) {
+  KeyHandle key;
+  const RegStatus status = Open(root, path, KEY_ENUMERATE_SUB_KEYS, &key);
+  if (status != kRegOk) return status;
+  char name[kLongestKeyName];
+  for (DWORD index = 0;; ++index) {
+    const LONG next = RegEnumKeyA(key.get(), index, name, sizeof name);
+    if (next == ERROR_NO_MORE_ITEMS) return kRegOk;
+    if (next == ERROR_MORE_DATA) continue;  // a name beyond the limit
+    if (next != ERROR_SUCCESS) return next;
+    if (!visit(name)) return kRegOk;
+  }
+}
+
+RegStatus RegistryWin::EnumValues(RootKey root, const std::string& path,
+                                  const VisitValue& visit) {
+  KeyHandle key;
+  const RegStatus status = Open(root, path, KEY_QUERY_VALUE, &key);
+  if (status != kRegOk) return status;
+  std::vector<char> name(kLongestValueName);
+  for (DWORD index = 0;; ++index) {
+    DWORD size = kLongestValueName;
+    const LONG next =
+        RegEnumValueA(key.get(), index, name.data(), &size, nullptr, nullptr, nullptr, nullptr);
+    if (next == ERROR_NO_MORE_ITEMS) return kRegOk;
+    if (next != ERROR_SUCCESS && next != ERROR_MORE_DATA) return next;
+    if (next == ERROR_MORE_DATA) continue;
+    RegValue value;
+    if (ReadData(key.get(), name.data(), &value) != kRegOk) continue;  // gone meanwhile
+    if (!visit(std::string(name.data(), size), value)) return kRegOk;
+  }
+}
+
+}  // namespace scourwell

@@ -1,0 +1,64 @@
+#include "platform/win/win_error.h"
+
+namespace scourwell {
+namespace {
+
+struct Mapping {
+  DWORD code;
+  int number;
+};
+
+constexpr Mapping kMappings[] = {
+    {ERROR_FILE_NOT_FOUND, kFileNotFound},
+    {ERROR_PATH_NOT_FOUND, kPathNotFound},
+    {ERROR_ACCESS_DENIED, kPermissionDenied},
+    {ERROR_SHARING_VIOLATION, kPermissionDenied},
+    {ERROR_LOCK_VIOLATION, kPermissionDenied},
+    {ERROR_WRITE_PROTECT, kPermissionDenied},
+    {ERROR_NOT_ENOUGH_MEMORY, kOutOfMemory},
+    {ERROR_OUTOFMEMORY, kOutOfMemory},
+    {ERROR_NOT_READY, kDiskNotReady},
+    {ERROR_DISK_FULL, kDiskFull},
+    {ERROR_HANDLE_DISK_FULL, kDiskFull},
+    {ERROR_FILE_EXISTS, kFileExists},
+    {ERROR_ALREADY_EXISTS, kFileExists},
+    {ERROR_INVALID_NAME, kBadFileName},
+    {ERROR_BAD_PATHNAME, kBadFileName},
+    {ERROR_BAD_NETPATH, kPathNotFound},
+    {ERROR_BAD_NET_NAME, kPathNotFound},
+    {ERROR_FILENAME_EXCED_RANGE, kPathNotFound},
+    {ERROR_BUFFER_OVERFLOW, kPathNotFound},
+    {ERROR_DIRECTORY, kPathNotFound},
+    {ERROR_DIR_NOT_EMPTY, kPathFileAccess},
+    {ERROR_CRC, kDeviceError},
+    {ERROR_SECTOR_NOT_FOUND, kDeviceError},
+    {ERROR_GEN_FAILURE, kDeviceError},
+    {ERROR_HANDLE_EOF, kPastEndOfFile},
+    {ERROR_INVALID_PARAMETER, kInvalidCall},
+};
+
+}  // namespace
+
+int ClassicNumber(DWORD code) {
+  for (const Mapping& mapping : kMappings) {
+    if (mapping.code == code) return mapping.number;
+  }
+  return static_cast<int>(code);
+}
+
+std::string SystemMessage(DWORD code) {
+  char buffer[512];
+  DWORD size = FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                              code, 0, buffer, sizeof buffer, nullptr);
+  while (size > 0 && (buffer[size - 1] == '\r' || buffer[size - 1] == '\n')) --size;
+  return std::string(buffer, size);
+}
+
+Outcome FailedWith(DWORD code) {
+  const int number = ClassicNumber(code);
+  if (number != static_cast<int>(code)) return Outcome::Failed(number);
+  const std::string message = SystemMessage(code);
+  return message.empty() ? Outcome::Failed(number) : Outcome::Failed(number, message);
+}
+
+}  // namespace scourwell

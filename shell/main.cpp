@@ -1,0 +1,44 @@
+#include <windows.h>
+
+#include "platform/file_utils.h"
+#include "platform/win/desktop_win.h"
+#include "platform/win/files_win.h"
+#include "platform/win/pump_win.h"
+#include "platform/win/registry_win.h"
+#include "platform/win/single_instance.h"
+#include "platform/win/system_win.h"
+#include "shell/application.h"
+#include "shell/frm_main.h"
+#include "shell/version.h"
+
+namespace {
+
+// The folder that the program stands in.
+std::string ApplicationFolder() {
+  char path[MAX_PATH] = "";
+  const DWORD size = GetModuleFileNameA(nullptr, path, sizeof path);
+  const std::string folder(scourwell::FolderPart(std::string_view(path, size)));
+  return folder.size() == 2 ? folder + "\\" : folder;  // a drive root keeps its backslash
+}
+
+}  // namespace
+
+// The one place that makes real adapters.
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR command_line, int show) {
+  using namespace scourwell;
+  const SingleInstance single;
+  if (!single.is_first()) return 0;
+  UseSystemFolding();
+  FilesWin files;
+  RegistryWin registry;
+  ProfilesWin profiles;
+  ClockWin clock;
+  SystemWin system;
+  ShellWin shell;
+  VersionsWin versions;
+  PumpWin pump;
+  Application app({files, registry, profiles, clock, system, shell, versions, pump},
+                  ApplicationFolder(), kProgramVersion);
+  frmMain main_window(app, pump, instance);
+  return main_window.Run(ParseCommandLine(command_line ? command_line : ""), show);
+}
