@@ -27,6 +27,14 @@ std::optional<std::string> Decrypt(std::string_view scrambled) {
   return plain;
 }
 
+ReferenceFile::ReferenceFile(Files& files, Clock& clock, ErrorLog& log,
+                             const AppSettings& settings, const std::string& application_folder)
+    : files_(files),
+      log_(log),
+      settings_(settings),
+      own_path_(AddPathToFileName(AddPathToFileName(application_folder, "Ini"), kFileName)),
+      watched_(files, clock) {}
+
 std::string ReferenceFile::updateListfromINI(std::string_view section, std::string_view key) {
   std::string value;
   static_cast<void>(log_.Trap("updateListfromINI", [&]() -> Outcome {
@@ -52,18 +60,18 @@ bool ReferenceFile::checkUpdateIni() {
   return log_
       .Trap("checkUpdateIni",
             [&]() -> Outcome {
-              const std::string own = AddPathToFileName(
-                  AddPathToFileName(application_folder_, "Ini"), kFileName);
-              const std::string candidate =
-                  AddPathToFileName(settings_.DefinitionsFolder, kFileName);
-              switch (watched_.Look(candidate, own)) {
+              if (candidate_path_.empty() || definitions_folder_ != settings_.DefinitionsFolder) {
+                definitions_folder_ = settings_.DefinitionsFolder;
+                candidate_path_ = AddPathToFileName(definitions_folder_, kFileName);
+              }
+              switch (watched_.Look(candidate_path_, own_path_)) {
                 case WatchedFile::State::Same: return {};
                 case WatchedFile::State::Changed: return Parse();
                 case WatchedFile::State::Missing: break;
               }
               ini_ = IniText();
               if (!watched_.vanished()) return {};
-              return Outcome::Failed(kFileNotFound).With("File: ", own);
+              return Outcome::Failed(kFileNotFound).With("File: ", own_path_);
             })
       .ok();
 }

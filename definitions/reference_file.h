@@ -32,12 +32,7 @@ class ReferenceFile {
   static constexpr std::uint64_t kLargest = 256u << 20;
 
   ReferenceFile(Files& files, Clock& clock, ErrorLog& log, const AppSettings& settings,
-                std::string application_folder)
-      : files_(files),
-        log_(log),
-        settings_(settings),
-        application_folder_(std::move(application_folder)),
-        watched_(files, clock) {}
+                const std::string& application_folder);
 
   // The descrambled value; empty when the key is absent, its value is empty or it cannot be
   // descrambled. Empty is the end of every list.
@@ -57,7 +52,9 @@ class ReferenceFile {
   Files& files_;
   ErrorLog& log_;
   const AppSettings& settings_;
-  std::string application_folder_;
+  std::string own_path_;           // the fallback, below the application folder
+  std::string definitions_folder_;  // the setting that candidate_path_ was made from
+  std::string candidate_path_;
   WatchedFile watched_;
   IniText ini_;
   unsigned generation_ = 0;

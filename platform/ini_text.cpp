@@ -1,5 +1,7 @@
 #include "platform/ini_text.h"
 
+#include <algorithm>
+
 #include "platform/text.h"
 
 namespace scourwell {
@@ -42,6 +44,10 @@ std::optional<std::string_view> KeyName(std::string_view line) {
 }  // namespace
 
 IniText::IniText(std::string content) : content_(std::move(content)) {
+  const auto lines = static_cast<std::size_t>(
+      std::count(content_.begin(), content_.end(), '\n'));
+  while (slots_.size() * 2 < lines * 3) Grow();
+  entries_.reserve(lines);
   // No section counts before the first one and in a repeated one.
   std::optional<std::uint32_t> section;
   for (std::size_t begin = 0; begin < content_.size();) {
@@ -61,8 +67,10 @@ IniText::IniText(std::string content) : content_(std::move(content)) {
 }
 
 std::string_view IniText::LineAt(std::size_t begin) const {
-  const std::size_t end = content_.find_first_of("\r\n", begin);
-  return std::string_view(content_).substr(begin, end - begin);
+  const char* const text = content_.data();
+  std::size_t end = begin;
+  while (end < content_.size() && text[end] != '\r' && text[end] != '\n') ++end;
+  return std::string_view(text + begin, end - begin);
 }
 
 std::string_view IniText::NameOf(const Entry& entry) const {

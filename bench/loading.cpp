@@ -1,0 +1,135 @@
+// Loading twenty sequences of 10,001 entries, and the system's own look-up of single values.
+#include <string>
+
+#include "bench/bench.h"
+#include "definitions/list_loader.h"
+#include "platform/file_utils.h"
+#include "platform/win/desktop_win.h"
+#include "platform/win/files_win.h"
+
+namespace scourwell::bench {
+namespace {
+
+constexpr int kEntries = 10001;
+constexpr int kSamples = 200;
+
+const Loader* const kLoaders[] = {
+    &kUpdateTrojanList,           &kUpdateDialersFileList,
+    &kUpdateDialersFolderList,    &kUpdateHijackersFileList,
+    &kUpdateHijackersFolderList,  &kUpdateKeyLoggersFileList,
+    &kUpdateKeyLoggersFolderList, &kUpdateSpyFileList,
+    &kUpdateSpyFolderList,        &kUpdateRegistrySVList,
+    &kUpdateRegistryKList,        &kUpdateRegistryKOList,
+    &kUpdateCookieList,           &kUpdateSearchByCompanyList,
+    &kUpdateSearchByOriginalFileName, &kUpdateSearchByInternalFileName,
+    &kUpdateSearchByProductName};
+
+class NoChecks : public DirectChecks {
+ public:
+  void CheckFile(const std::string&, const std::string&) override {}
+  void CheckFolder(const std::string&, const std::string&) override {}
+};
+
+class NoProgress : public LoadProgress {
+ public:
+  void Begin(int) override {}
+  void Advance() override {}
+  void End() override {}
+};
+
+std::string Scrambled(std::string text) {
+  for (char& c : text) c = static_cast<char>(c + 12);
+  return text;
+}
+
+bool IsDirect(const Sequence& sequence) {
+  return sequence.target == EntryTarget::DirectFile || sequence.target == EntryTarget::DirectFolder;
+}
+
+// The file, with one section after the other; `*sequences` counts what it holds.
+std::string ReferenceText(int* sequences) {
+  std::string text;
+  std::string counts = "[NTOT]\r\n";
+  std::vector<std::string> sections;
+  *sequences = 0;
+  for (const Loader* loader : kLoaders) {
+    for (const Sequence& sequence : loader->sequences) {
+      if (IsDirect(sequence)) continue;
+      ++*sequences;
+      text.append("[").append(sequence.section).append("]\r\n");
+      for (int n = 0; n < kEntries; ++n) {
+        const std::string number = std::to_string(n);
+        text += number + sequence.name_key + "=" + Scrambled("Adware.Bench" + number) + "\r\n";
+        text += number + sequence.value_key + "=" + Scrambled("spyware" + number + ".dll") + "\r\n";
+        if (sequence.value2_key) {
+          text += number + sequence.value2_key + "=" + Scrambled("value" + number) + "\r\n";
+        }
+      }
+      counts += std::string(sequence.count_key) + "=" + Scrambled(std::to_string(kEntries)) + "\r\n";
+    }
+  }
+  return text + counts;
+}
+
+// Its size in megabytes; 0 when it could not be written.
+double WriteReference(Files& files, const std::string& path, int* sequences) {
+  const std::string text = ReferenceText(sequences);
+  return files.Replace(path, text).ok() ? static_cast<double>(text.size()) / 1e6 : 0;
+}
+
+double SystemLookUp(const std::string& file) {
+  char value[2000];
+  return Measure([&] {
+           for (int i = 0; i < kSamples; ++i) {
+             const std::string key = std::to_string(i * 49) + "SAFIS";
+             GetPrivateProfileStringA("SAFI", key.c_str(), "", value, sizeof value, file.c_str());
+           }
+         }) / kSamples;
+}
+
+}  // namespace
+
+void BenchLoading(const char* scratch_folder) {
+  FilesWin files;
+  ClockWin clock;
+  ErrorLog log(files, clock, "C:\\bench-errors.txt");
+  AppSettings settings;
+  settings.DefinitionsFolder = scratch_folder;
+  const std::string path = AddPathToFileName(scratch_folder, "update.ref");
+  int sequences = 0;
+  const double megabytes = WriteReference(files, path, &sequences);
+  if (megabytes == 0) {
+    std::printf("cannot write %s\n", path.c_str());
+    return;
+  }
+  SystemFolders folders;
+  NoChecks checks;
+  NoProgress progress;
+  GapPump pump;
+  Figures times;
+  std::size_t rows = 0;
+  for (int i = 0; i < 5; ++i) {
+    ReferenceFile reference(files, clock, log, settings, scratch_folder);
+    SignatureLists lists;
+    ListLoader loader(reference, lists, checks, progress, pump, log, folders);
+    pump.Restart();
+    times.values.push_back(Measure([&] {
+      for (const Loader* each : kLoaders) loader.Load(*each);
+    }));
+    rows = lists.lstSearch.size() + lists.lstRegistry.size() + lists.lstRegKSearch.size() +
+           lists.lstCESearch.size() + lists.lstCWSearch.size() + lists.lstOFNSearch.size() +
+           lists.lstIFNSearch.size() + lists.lstPNSearch.size();
+  }
+  const double ours = times.Median() / static_cast<double>(rows * 2);
+  const double system = SystemLookUp(path);
+  std::printf("loading %d sequences of %d entries (%.1f MB, %d rows): %.0f ms (%.0f to %.0f), "
+              "longest time between yields %.1f ms\n",
+              sequences, kEntries, megabytes,
+              static_cast<int>(rows), times.Median(), times.Min(), times.Max(), pump.longest());
+  std::printf("one look-up: %.2f us; GetPrivateProfileStringA on the same file: %.0f us "
+              "(%d samples), ratio %.0f\n",
+              ours * 1000, system * 1000, kSamples, system / ours);
+  files.EraseFile(path).ok();
+}
+
+}  // namespace scourwell::bench

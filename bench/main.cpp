@@ -1,0 +1,30 @@
+// bench TREE SCRATCH: prints the figures of bench/README.md. Run it with bench/run.
+#include "bench/bench.h"
+
+#include <psapi.h>
+
+#include "platform/win/late_bind.h"
+
+namespace scourwell::bench {
+
+void PrintMemory(const char* after) {
+  using GetInfo = BOOL(WINAPI*)(HANDLE, PPROCESS_MEMORY_COUNTERS, DWORD);
+  const auto get = LateBind<GetInfo>("psapi.dll", "GetProcessMemoryInfo");
+  PROCESS_MEMORY_COUNTERS counters = {};
+  counters.cb = sizeof counters;
+  if (!get || !get(GetCurrentProcess(), &counters, sizeof counters)) return;
+  std::printf("peak working set after %s: %.1f MB\n", after,
+              static_cast<double>(counters.PeakWorkingSetSize) / 1048576.0);
+}
+
+}  // namespace scourwell::bench
+
+int main(int count, char** words) {
+  using namespace scourwell::bench;
+  if (count < 3) return 2;
+  BenchPasses(words[1]);
+  PrintMemory("the passes");
+  BenchLoading(words[2]);
+  PrintMemory("loading");
+  return 0;
+}

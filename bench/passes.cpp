@@ -1,0 +1,111 @@
+// The folder pass and the file pass against a bare walk that lists each folder once and compares
+// nothing.
+#include <string>
+
+#include "bench/bench.h"
+#include "platform/error_log.h"
+#include "platform/win/desktop_win.h"
+#include "platform/win/files_win.h"
+#include "scan/drive_scan.h"
+
+namespace scourwell::bench {
+namespace {
+
+constexpr int kRounds = 9;
+
+class PlainCaptions : public Captions {
+ public:
+  std::string Text(int) const override { return "caption"; }
+};
+
+class CountingSink : public DetectionSink {
+ public:
+  bool Contains(std::string_view) const override { return false; }
+  void AddSpyToListView(const Detection&) override { ++hits; }
+  int hits = 0;
+};
+
+struct Walked {
+  int files = 0;
+  int folders = 0;
+};
+
+void BareWalk(const std::string& folder, Walked* walked) {
+  ++walked->folders;
+  std::vector<std::string> subfolders;
+  WIN32_FIND_DATAA data;
+  const HANDLE find = FindFirstFileA((folder + "\\*.*").c_str(), &data);
+  if (find == INVALID_HANDLE_VALUE) return;
+  do {
+    const std::string name = data.cFileName;
+    if (name == "." || name == "..") continue;
+    if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+      subfolders.push_back(name);
+    } else {
+      ++walked->files;
+    }
+  } while (FindNextFileA(find, &data));
+  FindClose(find);
+  for (const std::string& name : subfolders) BareWalk(folder + "\\" + name, walked);
+}
+
+// One row in five with a wildcard; a few name what the tree holds.
+SignatureList Rows(int count, const char* type) {
+  SignatureList list;
+  for (int i = 0; i < count; ++i) {
+    const std::string number = std::to_string(i * 7919 % 1000003);
+    std::string signature = "spyware" + number + ".dll";
+    if (i % 5 == 0) {
+      const char* const kWild[] = {"toolbar", "dialer?x", "popup", "hijack", "trackr"};
+      const std::string stem = kWild[i / 5 % 5];
+      signature = i % 10 == 0 ? stem + number + "*.*" : "*" + stem + number + ".exe";
+    }
+    if (i % 1000 == 1) signature = "f" + std::to_string(i % 20) + ".dat";
+    FillListBox(list, type, "Bench", signature);
+  }
+  return list;
+}
+
+}  // namespace
+
+void BenchPasses(const char* tree) {
+  FilesWin files;
+  ClockWin clock;
+  ErrorLog log(files, clock, "C:\\bench-errors.txt");
+  PlainCaptions captions;
+  ScanProgress progress;
+  GapPump pump;
+  Walked walked;
+  BareWalk(tree, &walked);  // warms the disk cache
+  std::printf("tree: %d files in %d folders\n", walked.files, walked.folders);
+
+  for (const char* type : {"Spy Folder", "Spy File"}) {
+    for (const int rows : {100, 1000, 10000}) {
+      const SignatureList list = Rows(rows, type);
+      Figures bare, pass, ratio, build;
+      CountingSink sink;
+      pump.Restart();
+      for (int i = 0; i < kRounds; ++i) {
+        Walked again;
+        bare.values.push_back(Measure([&] { BareWalk(tree, &again); }));
+        pump.Restart();
+        double built = 0;
+        pass.values.push_back(Measure([&] {
+          const double start = Milliseconds();
+          DriveScan scan(files, pump, log, captions, sink, progress, list);
+          built = Milliseconds() - start;
+          scan.ScanPath(tree);
+        }));
+        build.values.push_back(built);
+        ratio.values.push_back(pass.values.back() / bare.values.back());
+      }
+      std::printf(
+          "%-10s pass, %5d rows: bare walk %6.1f ms, pass %6.1f ms (of it index %4.1f ms), "
+          "ratio %.2f (%.2f to %.2f), %d hits a pass, longest time between yields %.1f ms\n",
+          type, rows, bare.Median(), pass.Median(), build.Median(), ratio.Median(), ratio.Min(),
+          ratio.Max(), sink.hits / kRounds, pump.longest());
+    }
+  }
+}
+
+}  // namespace scourwell::bench
