@@ -54,19 +54,14 @@ bool IgnoreList::Matches(std::string_view kind, std::string_view details) {
 }
 
 Outcome IgnoreList::Refresh() {
-  switch (watched_.Look(path_, {})) {
-    case WatchedFile::State::Same: return {};
-    case WatchedFile::State::Missing: keys_.clear(); return {};
-    case WatchedFile::State::Changed: break;
-  }
-  keys_.clear();
-  std::string content;
-  Outcome read = files_.Read(path_, kLargest, &content);
-  if (!read.ok()) return std::move(read).With("File: ", path_);
-  for (const IgnoreRecord& record : ParseIgnoreRecords(content)) {
-    keys_.insert(Key(record.kind, record.details));
-  }
-  return {};
+  Outcome read = watched_.Refresh(path_, {}, [&](std::optional<std::string> content) {
+    keys_.clear();
+    if (!content) return;
+    for (const IgnoreRecord& record : ParseIgnoreRecords(*content)) {
+      keys_.insert(Key(record.kind, record.details));
+    }
+  });
+  return read.number() == kFileNotFound ? Outcome() : std::move(read);
 }
 
 }  // namespace scourwell

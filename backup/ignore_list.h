@@ -27,7 +27,7 @@ class IgnoreList {
   static constexpr std::uint64_t kLargest = 32u << 20;
 
   IgnoreList(Files& files, Clock& clock, ErrorLog& log, std::string path)
-      : files_(files), log_(log), path_(std::move(path)), watched_(files, clock) {}
+      : log_(log), path_(std::move(path)), watched_(files, clock, kLargest) {}
 
   // True when a record names this kind and these details, both compared with case. The answer is
   // always that of the file as it stands; it is read again only when it changed.
@@ -37,7 +37,6 @@ class IgnoreList {
   static std::string Key(std::string_view kind, std::string_view details);
   Outcome Refresh();
 
-  Files& files_;
   ErrorLog& log_;
   std::string path_;
   WatchedFile watched_;

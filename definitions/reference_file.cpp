@@ -29,11 +29,10 @@ std::optional<std::string> Decrypt(std::string_view scrambled) {
 
 ReferenceFile::ReferenceFile(Files& files, Clock& clock, ErrorLog& log,
                              const AppSettings& settings, const std::string& application_folder)
-    : files_(files),
-      log_(log),
+    : log_(log),
       settings_(settings),
       own_path_(AddPathToFileName(AddPathToFileName(application_folder, "Ini"), kFileName)),
-      watched_(files, clock) {}
+      watched_(files, clock, kLargest) {}
 
 std::string ReferenceFile::updateListfromINI(std::string_view section, std::string_view key) {
   std::string value;
@@ -57,40 +56,31 @@ std::string ReferenceFile::updateListfromINI(std::string_view section, std::stri
 }
 
 bool ReferenceFile::checkUpdateIni() {
-  return log_
-      .Trap("checkUpdateIni",
-            [&]() -> Outcome {
-              if (candidate_path_.empty() || definitions_folder_ != settings_.DefinitionsFolder) {
-                definitions_folder_ = settings_.DefinitionsFolder;
-                candidate_path_ = AddPathToFileName(definitions_folder_, kFileName);
-              }
-              switch (watched_.Look(candidate_path_, own_path_)) {
-                case WatchedFile::State::Same: return {};
-                case WatchedFile::State::Changed: return Parse();
-                case WatchedFile::State::Missing: break;
-              }
-              ini_ = IniText();
-              if (!watched_.vanished()) return {};
-              return Outcome::Failed(kFileNotFound).With("File: ", own_path_);
-            })
-      .ok();
+  const auto refresh = [&]() -> Outcome {
+    if (candidate_path_.empty() || definitions_folder_ != settings_.DefinitionsFolder) {
+      definitions_folder_ = settings_.DefinitionsFolder;
+      candidate_path_ = AddPathToFileName(definitions_folder_, kFileName);
+    }
+    Outcome parsed;
+    Outcome read = watched_.Refresh(candidate_path_, own_path_,
+                                    [&](std::optional<std::string> content) {
+                                      parsed = Parse(std::move(content));
+                                    });
+    return read.ok() ? std::move(parsed) : std::move(read);
+  };
+  // A file that is missing or useless is put on record and reads as empty; only what was not
+  // foreseen closes the gate.
+  return log_.Trap("checkUpdateIni", refresh).number() != kOutOfMemory;
 }
 
-Outcome ReferenceFile::Parse() {
-  ini_ = IniText();
+Outcome ReferenceFile::Parse(std::optional<std::string> content) {
+  ini_ = IniText();  // the old text goes before the new one is indexed
   ++generation_;
-  std::string content;
-  Outcome read = files_.Read(watched_.path(), kLargest, &content);
-  if (!read.ok()) return std::move(read).With("File: ", watched_.path());
-  ini_ = IniText(std::move(content));
+  if (!content) return {};
+  ini_ = IniText(std::move(*content));
   if (ini_.section_count() != 0) return {};
   return Outcome::Failed(kPastEndOfFile, "The definitions file holds no section")
       .With("File: ", watched_.path());
-}
-
-void ReferenceFile::Release() {
-  ini_ = IniText();
-  watched_.Forget();
 }
 
 }  // namespace scourwell

@@ -42,14 +42,10 @@ class ReferenceFile {
   std::string path() const { return watched_.path(); }
   // Rises each time another file is parsed.
   unsigned generation() const { return generation_; }
-  // Drops the parsed file until the next look-up.
-  void Release();
-
  private:
   bool checkUpdateIni();
-  Outcome Parse();
+  Outcome Parse(std::optional<std::string> content);
 
-  Files& files_;
   ErrorLog& log_;
   const AppSettings& settings_;
   std::string own_path_;           // the fallback, below the application folder

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "platform/clock.h"
@@ -8,40 +10,42 @@
 
 namespace scourwell {
 
-// Tells whether a file is still the one that was read last, by path, size and last write. The
-// disk is asked again at every clock tick, so that a burst of look-ups costs one question a tick
-// and yet no look-up sees an older file than a fresh reading would show.
+// A text file that is read again only when it is another one than before, by path, size and last
+// write. The disk is asked at every clock tick, so that a burst of look-ups costs one question a
+// tick and yet no look-up sees an older file than a fresh reading would show.
 class WatchedFile {
  public:
-  WatchedFile(Files& files, Clock& clock) : files_(files), clock_(clock) {}
+  // Gets the new content, or nothing when the file has gone or cannot be read.
+  using Take = std::function<void(std::optional<std::string> content)>;
 
-  enum class State { Same, Changed, Missing };
+  // A file larger than `limit` bytes cannot be read.
+  WatchedFile(Files& files, Clock& clock, std::uint64_t limit)
+      : files_(files), clock_(clock), limit_(limit) {}
 
-  // Looks for the file at `first`, then at `second` (may be empty: nowhere). Changed is answered
-  // once for each change, appearing and coming back included; so is the first Missing after a
-  // presence, by `vanished`.
-  State Look(const std::string& first, const std::string& second);
+  // Looks for the file at `first`, then at `second` (may be empty: nowhere), and hands its content
+  // over if that is news. Fails once per change: kFileNotFound when there is no file, else why it
+  // could not be read; an unreadable file is tried again at every later tick.
+  Outcome Refresh(const std::string& first, const std::string& second, const Take& take);
 
+  // Where the file was found last; empty before the first success.
   const std::string& path() const { return path_; }
-  bool vanished() const { return vanished_; }
-  // Forgets what was seen: the next look answers Changed again if the file is there.
-  void Forget();
 
  private:
-  bool Find(const std::string& path);
+  enum class State { Unknown, Missing, Unreadable, Read };
+
+  bool Find(const std::string& path, bool* changed);
+  Outcome Load(const Take& take);
 
   Files& files_;
   Clock& clock_;
+  std::uint64_t limit_;
+  State state_ = State::Unknown;
   std::string first_;
   std::string second_;
+  std::uint32_t tick_ = 0;
   std::string path_;
   std::uint64_t size_ = 0;
   FileTime modified_ = 0;
-  std::uint32_t tick_ = 0;
-  bool looked_ = false;
-  bool present_ = false;
-  bool vanished_ = false;
-  bool changed_ = false;
 };
 
 }  // namespace scourwell

@@ -1,5 +1,7 @@
 #include "scan/scan_session.h"
 
+#include "platform/file_utils.h"
+
 namespace scourwell {
 namespace {
 
@@ -59,13 +61,21 @@ void ScanSession::ScanDrivesForAll(const ScanScope& scope) {
 }
 
 void ScanSession::ScanFolder(const std::string& path) {
-  static_cast<void>(parts_.log.Trap("ScanFolder", [&] {
+  static_cast<void>(parts_.log.Trap("ScanFolder", [&]() -> Outcome {
     Begin();
+    DirEntry entry;
+    Outcome found = parts_.files.Stat(path, &entry);
+    if (!found.ok() && !FolderExists(parts_.files, path)) {  // a share has no entry of its own
+      parts_.shell.Message(parts_.captions.Text(17031) + "\r\n" + path,
+                           parts_.captions.Text(17000));
+      return std::move(found).With("sPath: ", path);
+    }
     BothPasses([&](DriveScan& pass) { pass.ScanPath(path); });
     ClearLists();
-    if (parts_.pump.closing()) return;
+    if (parts_.pump.closing()) return {};
     parts_.report.CreateDriveScanLogFile();
     Finish();
+    return {};
   }));
 }
 

@@ -14,7 +14,7 @@ constexpr std::size_t kExtension = 4;  // ".ini"
 
 std::string Language::SetCaptionfromINI(std::string_view number,
                                         std::string_view fallback) const {
-  static_cast<void>(log_.Trap("SetCaptionfromINI", [&] { Refresh(); }));
+  static_cast<void>(log_.Trap("SetCaptionfromINI", [&] { return Refresh(); }));
   const std::string_view text = pack_.Find(kSection, number).value_or(fallback);
   return std::string(TrimBlanks(TrimNull(text).substr(0, kLongestCaption)));
 }
@@ -29,26 +29,19 @@ std::string Language::StatusText() const {
   return SetCaptionfromINI("1743", "Language:") + " " + name;
 }
 
-void Language::Refresh() const {
+Outcome Language::Refresh() const {
   const std::string path =
       AddPathToFileName(AddPathToFileName(application_folder_, "Lang"), settings_.LanguageFile);
-  switch (watched_.Look(path, {})) {
-    case WatchedFile::State::Same: return;
-    case WatchedFile::State::Missing: pack_ = IniText(); return;
-    case WatchedFile::State::Changed: break;
-  }
-  static_cast<void>(log_.Trap("SetCaptionfromINI", [&] { return Read(); }));
-}
-
-Outcome Language::Read() const {
-  pack_ = IniText();
-  std::string content;
-  Outcome read = files_.Read(watched_.path(), kLargest, &content);
-  if (!read.ok()) return std::move(read).With("File: ", watched_.path());
-  pack_ = IniText(std::move(content));
-  if (pack_.section_count() != 0) return {};
-  return Outcome::Failed(kPastEndOfFile, "The language pack holds no section")
-      .With("File: ", watched_.path());
+  Outcome useless;
+  Outcome read = watched_.Refresh(path, {}, [&](std::optional<std::string> content) {
+    pack_ = content ? IniText(std::move(*content)) : IniText();
+    if (content && pack_.section_count() == 0) {
+      useless = Outcome::Failed(kPastEndOfFile, "The language pack holds no section")
+                    .With("File: ", path);
+    }
+  });
+  if (read.number() == kFileNotFound) return {};  // the defaults serve
+  return read.ok() ? std::move(useless) : std::move(read);
 }
 
 std::string WithLineBreaks(std::string_view message) { return ReplaceAll(message, "#", "\r\n"); }

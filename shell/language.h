@@ -21,11 +21,10 @@ class Language : public Captions {
 
   Language(Files& files, Clock& clock, ErrorLog& log, const AppSettings& settings,
            std::string application_folder)
-      : files_(files),
-        log_(log),
+      : log_(log),
         settings_(settings),
         application_folder_(std::move(application_folder)),
-        watched_(files, clock) {}
+        watched_(files, clock, kLargest) {}
 
   // The pack's text for a number, else `fallback`; cut to 499 bytes, then trimmed of blanks at
   // both ends. A key that is there without a value gives an empty text.
@@ -38,10 +37,8 @@ class Language : public Captions {
   std::string StatusText() const;
 
  private:
-  void Refresh() const;
-  Outcome Read() const;
+  Outcome Refresh() const;
 
-  Files& files_;
   ErrorLog& log_;
   const AppSettings& settings_;
   std::string application_folder_;
