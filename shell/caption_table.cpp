@@ -210,6 +210,8 @@ const Caption kCaptions[] = {
     {17030, "Finds and removes spyware, adware, dialers, browser hijackers, key loggers and trojans."},
     {17031, "The path to scan does not exist:"},
     {17032, "The last scan of this folder or file was stopped. The list shows what was found until then."},
+    {17040, "Folders entered:"},
+    {17041, "Folders searched:"},
 };
 // clang-format on
 

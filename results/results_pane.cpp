@@ -1,0 +1,245 @@
+#include "results/results_pane.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+
+#include "shell/resource.h"
+#include "widgets/image_list.h"
+#include "widgets/layout.h"
+#include "widgets/path_cell.h"
+
+namespace scourwell {
+namespace {
+
+constexpr int kColumnCaptions[] = {1800, 1801, 1802};
+constexpr int kPicture = 16;
+
+}  // namespace
+
+ResultsPane::ResultsPane(const WindowEnv& env, HitList& hits, Shell& shell)
+    : Pane(env, "ScourwellResults"),
+      hits_(hits),
+      shell_(shell),
+      header_(env, HeaderPane::Size::Small, {IDC_lblResults, IDC_lblCount, 0}) {}
+
+void ResultsPane::OnCreate() {
+  header_.Create(hwnd(), IDC_ResultsHeader);
+  header_.SetHeading(Text(1865));
+  // Made before the list, so that it lies above it.
+  lblEmpty_.Create(env_, hwnd(), IDC_lblEmpty, Text(17026), SS_CENTER);
+  SpyListView_.on_check = [this](int row, bool checked) { Check(row, checked); };
+  SpyListView_.is_checked = [this](int row) {
+    return hits_.row(static_cast<std::size_t>(row)).checked;
+  };
+  SpyListView_.Create(env_, hwnd(), IDC_SpyListView);
+  images_ = LoadImageList(env_.instance, IDB_Kinds16, kPicture);
+  SpyListView_.SetSmallImages(images_.get());
+  CreateColumns();
+  cmdCheckAll_.Create(env_, hwnd(), IDC_cmdCheckAll, Text(1803));
+  cmdUnCheckAll_.Create(env_, hwnd(), IDC_cmdUnCheckAll, Text(1804));
+  cmdViewLog_.Create(env_, hwnd(), IDC_cmdViewLog, Text(1842));
+  cmdClose_.Create(env_, hwnd(), IDC_cmdCloseResults, Text(1402));
+}
+
+void ResultsPane::CreateColumns() {
+  const int boxes = metrics().Scale(16) + 2 * kPicture;
+  const int type = metrics().TextWidth(std::string(kSpyRegistryValue)) + boxes;
+  system_width_ = metrics().Scale(160);
+  const int widths[] = {type, system_width_, metrics().Scale(200)};
+  for (int i = 0; i < 3; ++i) SpyListView_.AddColumn(i, Text(kColumnCaptions[i]), widths[i]);
+}
+
+void ResultsPane::OnSize(Area area) {
+  {
+    Layout layout;
+    layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
+    Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
+    Area buttons = inner.CutBottom(metrics().ButtonHeight());
+    inner.CutBottom(metrics().Margin());
+    layout.Place(SpyListView_, inner);
+    const int line = metrics().LineHeight();
+    Area empty = inner.Shrunk(metrics().Scale(4), inner.height() / 2 - line);
+    layout.Place(lblEmpty_, {empty.left, empty.top, empty.right, empty.top + 2 * line});
+    layout.Place(cmdCheckAll_, buttons.CutLeft(cmdCheckAll_.width()));
+    buttons.CutLeft(metrics().Gap());
+    layout.Place(cmdUnCheckAll_, buttons.CutLeft(cmdUnCheckAll_.width()));
+    layout.Place(cmdClose_, buttons.CutRight(cmdClose_.width()));
+    buttons.CutRight(metrics().Gap());
+    layout.Place(cmdViewLog_, buttons.CutRight(cmdViewLog_.width()));
+  }
+  FitColumns();
+}
+
+// The last column takes what the others leave; the middle one narrows with the list, unless the
+// user has set its width.
+void ResultsPane::FitColumns() {
+  RECT client = {};
+  GetClientRect(SpyListView_.hwnd(), &client);
+  const int left = client.right - SpyListView_.ColumnWidth(HitList::kType);
+  int system = SpyListView_.ColumnWidth(HitList::kSystem);
+  if (system == system_width_) {
+    system = system_width_ = std::clamp(left / 3, metrics().Scale(90), metrics().Scale(160));
+    SpyListView_.SetColumnWidth(HitList::kSystem, system);
+  }
+  SpyListView_.SetColumnWidth(HitList::kDetails, std::max(left - system, metrics().Scale(120)));
+}
+
+void ResultsPane::Refresh() {
+  SpyListView_.SetItemCount(hits_.size());
+  SpyListView_.ShowSortArrow(hits_.sorted() ? hits_.sort_column() : -1, hits_.ascending());
+  if (!hits_.empty()) SpyListView_.FocusRow(0);
+  lblEmpty_.Show(hits_.empty());
+  for (const Button* button : {&cmdCheckAll_, &cmdUnCheckAll_}) button->Enable(!hits_.empty());
+  FitColumns();
+  ShowCount();
+}
+
+void ResultsPane::ShowCount() {
+  header_.SetText(std::to_string(hits_.size()) + " " + Text(17027) + ", " +
+                  std::to_string(hits_.checked_count()) + " " + Text(17028));
+}
+
+LRESULT ResultsPane::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_CONTEXTMENU && reinterpret_cast<HWND>(wparam) == SpyListView_.hwnd()) {
+    ShowMenu({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
+    return 0;
+  }
+  if (message == WM_CTLCOLORSTATIC && reinterpret_cast<HWND>(lparam) == lblEmpty_.hwnd()) {
+    SetBkColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOW));
+    SetTextColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOWTEXT));
+    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+  }
+  return Pane::OnMessage(message, wparam, lparam);
+}
+
+bool ResultsPane::OnCommand(int id) {
+  switch (id) {
+    case IDC_cmdCheckAll:
+    case IDM_mnuCheckAll:
+      CheckAll(true);
+      return true;
+    case IDC_cmdUnCheckAll:
+    case IDM_mnuUncheckAll:
+      CheckAll(false);
+      return true;
+    case IDM_mnuShowProperties:
+      static_cast<void>(
+          env_.log.Trap("mnuShowProperties - Scan Spy", [&] { return mnuShowProperties(); }));
+      return true;
+    default:
+      return Pane::OnCommand(id);
+  }
+}
+
+LRESULT ResultsPane::OnNotify(NMHDR* header) {
+  if (header->hwndFrom != SpyListView_.hwnd()) return 0;
+  switch (header->code) {
+    case LVN_GETDISPINFOA:
+      return FillItem(reinterpret_cast<NMLVDISPINFOA*>(header));
+    case LVN_GETINFOTIPA:
+      return FillTip(reinterpret_cast<NMLVGETINFOTIPA*>(header));
+    case LVN_COLUMNCLICK:
+      Sort(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem);
+      return 0;
+    case NM_CUSTOMDRAW:
+      return Draw(*reinterpret_cast<const NMLVCUSTOMDRAW*>(header));
+    case LVN_ODFINDITEMA:
+      return -1;  // typing letters does not search
+    default:
+      return 0;
+  }
+}
+
+LRESULT ResultsPane::FillItem(NMLVDISPINFOA* info) const {
+  LVITEMA& item = info->item;
+  const auto index = static_cast<std::size_t>(item.iItem);
+  if (index >= hits_.size()) return 0;
+  if (item.mask & LVIF_TEXT) {
+    const auto column = static_cast<HitList::Column>(item.iSubItem);
+    item.pszText = const_cast<char*>(hits_.Text(index, column).c_str());
+  }
+  const HitList::Row& row = hits_.row(index);
+  if (item.mask & LVIF_IMAGE) item.iImage = row.detection.icon;
+  if (item.mask & LVIF_STATE) item.state = INDEXTOSTATEIMAGEMASK(row.checked ? 2u : 1u);
+  return 0;
+}
+
+LRESULT ResultsPane::FillTip(NMLVGETINFOTIPA* tip) const {
+  const auto index = static_cast<std::size_t>(tip->iItem);
+  if (index >= hits_.size()) return 0;
+  lstrcpynA(tip->pszText, hits_.row(index).detection.tool_tip.c_str(), tip->cchTextMax);
+  return 0;
+}
+
+LRESULT ResultsPane::Draw(const NMLVCUSTOMDRAW& draw) const {
+  switch (draw.nmcd.dwDrawStage) {
+    case CDDS_PREPAINT:
+      return CDRF_NOTIFYITEMDRAW;
+    case CDDS_ITEMPREPAINT:
+      return CDRF_NOTIFYSUBITEMDRAW;
+    case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
+      break;
+    default:
+      return CDRF_DODEFAULT;
+  }
+  const auto index = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
+  if (draw.iSubItem != HitList::kDetails || index >= hits_.size()) return CDRF_DODEFAULT;
+  DrawPathCell(SpyListView_, draw, hits_.Text(index, HitList::kDetails));
+  return CDRF_SKIPDEFAULT;
+}
+
+void ResultsPane::Check(int row, bool checked) {
+  if (row < 0) return CheckAll(checked);
+  if (static_cast<std::size_t>(row) >= hits_.size()) return;
+  hits_.SetChecked(static_cast<std::size_t>(row), checked);
+  SendMessageA(SpyListView_.hwnd(), LVM_REDRAWITEMS, static_cast<WPARAM>(row), row);
+  ShowCount();
+}
+
+void ResultsPane::CheckAll(bool checked) {
+  hits_.CheckAll(checked);
+  SpyListView_.Redraw();
+  ShowCount();
+}
+
+// The selection goes: its row numbers name other rows now.
+void ResultsPane::Sort(int column) {
+  hits_.SortBy(static_cast<HitList::Column>(column));
+  SpyListView_.Select(-1, false);
+  SpyListView_.ShowSortArrow(column, hits_.ascending());
+  SpyListView_.Redraw();
+}
+
+void ResultsPane::ShowMenu(POINT at) {
+  if (at.x == -1 && at.y == -1) {  // from the keyboard
+    at = {metrics().Scale(40), metrics().Scale(40)};
+    ClientToScreen(SpyListView_.hwnd(), &at);
+  }
+  const MenuHandle menu(CreatePopupMenu());
+  const UINT rows = hits_.empty() ? MF_GRAYED : MF_ENABLED;
+  const UINT properties = MayShowProperties() ? MF_ENABLED : MF_GRAYED;
+  AppendMenuA(menu.get(), MF_STRING | rows, IDM_mnuCheckAll, Text(17019).c_str());
+  AppendMenuA(menu.get(), MF_STRING | rows, IDM_mnuUncheckAll, Text(17020).c_str());
+  AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
+  AppendMenuA(menu.get(), MF_STRING | properties, IDM_mnuShowProperties, Text(1884).c_str());
+  TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr);
+}
+
+// Only things that lie on a disk have a property sheet.
+bool ResultsPane::MayShowProperties() const {
+  const int row = SpyListView_.NextSelected(-1);
+  if (row < 0) return false;
+  const std::string& kind = hits_.Text(static_cast<std::size_t>(row), HitList::kType);
+  return kind == kSpyFile || kind == kSpyFolder || kind == kSpyCookie;
+}
+
+Outcome ResultsPane::mnuShowProperties() {
+  if (!MayShowProperties()) return {};
+  const auto row = static_cast<std::size_t>(SpyListView_.NextSelected(-1));
+  return shell_.ShowProperties(hits_.Text(row, HitList::kDetails));
+}
+
+HWND ResultsPane::FirstFocus() const { return SpyListView_.hwnd(); }
+
+}  // namespace scourwell

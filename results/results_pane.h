@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/shell.h"
+#include "results/hit_list.h"
+#include "widgets/button.h"
+#include "widgets/check_list_view.h"
+#include "widgets/header_pane.h"
+#include "widgets/label.h"
+#include "widgets/pane.h"
+
+namespace scourwell {
+
+// SpyFrame: what the scan has found. SpyListView is a virtual list that mirrors the HitList.
+class ResultsPane : public Pane {
+ public:
+  ResultsPane(const WindowEnv& env, HitList& hits, Shell& shell);
+
+  // Shows the rows of the model anew.
+  void Refresh();
+  // A scan that was stopped early may have left no log.
+  void EnableLog(bool enabled) { cmdViewLog_.Enable(enabled); }
+
+  HWND FirstFocus() const;
+  HWND CloseButton() const { return cmdClose_.hwnd(); }
+
+ private:
+  LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+  void OnCreate() override;
+  void OnSize(Area area) override;
+  bool OnCommand(int id) override;
+  LRESULT OnNotify(NMHDR* header) override;
+
+  void CreateColumns();
+  void FitColumns();
+  LRESULT FillItem(NMLVDISPINFOA* info) const;
+  LRESULT FillTip(NMLVGETINFOTIPA* tip) const;
+  LRESULT Draw(const NMLVCUSTOMDRAW& draw) const;
+  void Check(int row, bool checked);
+  void CheckAll(bool checked);
+  void Sort(int column);
+  void ShowMenu(POINT at);
+  Outcome mnuShowProperties();
+  bool MayShowProperties() const;
+  void ShowCount();
+
+  HitList& hits_;
+  Shell& shell_;
+  HeaderPane header_;
+  Label lblEmpty_;
+  CheckListView SpyListView_;
+  Button cmdCheckAll_;
+  Button cmdUnCheckAll_;
+  Button cmdViewLog_;
+  Button cmdClose_;
+  ImageListHandle images_;
+  int system_width_ = 0;  // as last fitted
+};
+
+}  // namespace scourwell

@@ -1,0 +1,72 @@
+#include "scan/frm_tree.h"
+
+#include "shell/resource.h"
+#include "widgets/image_list.h"
+#include "widgets/layout.h"
+
+namespace scourwell {
+namespace {
+
+// The pictures of the fixed nodes come in the order of their numbers, those of drives follow.
+int Picture(const ScanScope& scope, std::size_t number) {
+  if (!scope.IsDrive(number)) return static_cast<int>(number) - 1;
+  switch (scope.node(number).drive) {
+    case DriveKind::Removable:
+      return 7;
+    case DriveKind::Network:
+      return 9;
+    default:
+      return 8;
+  }
+}
+
+}  // namespace
+
+int frmTree::Width() const { return metrics().Scale(196); }
+
+void frmTree::OnCreate() {
+  lblSection_.Create(env_, hwnd(), IDC_lblSection);
+  lblSection_.SetFont(metrics().bold());
+  TreeView1_.Create(env_, hwnd(), IDC_TreeView1);
+  images_ = LoadImageList(env_.instance, IDB_Scope16, 16);
+  TreeView1_.SetImages(images_.get());
+  TreeView1_.on_check = [this](std::size_t number, bool ticked) {
+    scope_.SetTicked(number, ticked);
+    Mirror();
+  };
+}
+
+void frmTree::OnSize(Area area) {
+  Layout layout;
+  const int margin = metrics().Gap();
+  Area inner = area.Shrunk(margin, margin);
+  inner.right = area.right - metrics().Scale(2);
+  layout.Place(lblSection_, inner.CutTop(metrics().LineHeight(metrics().bold())));
+  inner.CutTop(metrics().Scale(5));
+  layout.Place(TreeView1_, inner);
+}
+
+void frmTree::FillTree() {
+  lblSection_.SetText(Text(1900));
+  TreeView1_.Clear();
+  items_.clear();
+  for (std::size_t i = 1; i <= scope_.count(); ++i) items_.push_back(AddNode(i));
+  for (HTREEITEM item : items_) TreeView1_.Expand(item);
+  Mirror();
+  TreeView1_.SelectItem(items_.front());
+  TreeView1_.EnsureVisible(items_.front());
+}
+
+HTREEITEM frmTree::AddNode(std::size_t number) {
+  const ScanScope::Node& node = scope_.node(number);
+  HTREEITEM parent = node.parent == 0 ? nullptr : items_[node.parent - 1];
+  return TreeView1_.Add(parent, node.text, Picture(scope_, number), number);
+}
+
+void frmTree::Mirror() {
+  for (std::size_t i = 0; i < items_.size(); ++i) {
+    TreeView1_.SetChecked(items_[i], scope_.ticked(i + 1));
+  }
+}
+
+}  // namespace scourwell

@@ -1,0 +1,243 @@
+#include "scan/progress_pane.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+#include "shell/resource.h"
+#include "widgets/image_list.h"
+
+namespace scourwell {
+namespace {
+
+// One line of the summary: what was looked at, what of it was found.
+struct SummaryKind {
+  int caption_id;
+  int scanned_id;
+  int infected_id;
+  int caption;
+  int picture;
+  std::uint32_t ScanProgress::*scanned;
+  std::int16_t HitCounters::*infected;
+};
+constexpr SummaryKind kSummary[] = {
+    {IDC_lblFiles, IDC_lblFilesScanned, IDC_lblFilesInfected, 1858, kCodeFile,
+     &ScanProgress::scanned_files, &HitCounters::files},
+    {IDC_lblFolders, IDC_lblFoldersScanned, IDC_lblFoldersInfected, 1859, kCodeFolder,
+     &ScanProgress::scanned_folders, &HitCounters::folders},
+    {IDC_lblKeys, IDC_lblKeysScanned, IDC_lblKeysInfected, 1860, kCodeRegistry,
+     &ScanProgress::scanned_keys, &HitCounters::registry},
+    {IDC_lblProcesses, IDC_lblProcessesScanned, IDC_lblProcessesInfected, 1861, kCodeProcess,
+     &ScanProgress::scanned_processes, &HitCounters::processes},
+};
+constexpr int kPicture = 16;
+
+}  // namespace
+
+ProgressPane::ProgressPane(const WindowEnv& env, const ScanProgress& progress, const HitList& hits,
+                           Clock& clock)
+    : Pane(env, "ScourwellProgress"),
+      progress_(progress),
+      hits_(hits),
+      clock_(clock),
+      header_(env, HeaderPane::Size::Small,
+              {IDC_lblScanHeading, IDC_lblScanStatus, IDC_lblElapsed}),
+      activity_(env) {}
+
+void ProgressPane::OnCreate() {
+  header_.Create(hwnd(), IDC_ScanHeader);
+  header_.SetHeading(Text(1856));
+  lblScanOption_.Create(env_, hwnd(), IDC_lblScanOption);
+  prgLoading_.Create(env_, hwnd(), IDC_prgLoading);
+  prgLoading_.Show(false);
+  activity_.Create(hwnd(), IDC_ActivityBar);
+  lblCurrentItem_.Create(env_, hwnd(), IDC_lblCurrentItem, Text(1855));
+  lblScan_.Create(env_, hwnd(), IDC_lblScan, DT_PATH_ELLIPSIS);
+  lblSFoldersCaption_.Create(env_, hwnd(), IDC_lblSFoldersCaption, Text(17040));
+  lblSFolders_.Create(env_, hwnd(), IDC_lblSFolders);
+  lblFScanCaption_.Create(env_, hwnd(), IDC_lblFScanCaption, Text(17041));
+  lblFScan_.Create(env_, hwnd(), IDC_lblFScan);
+  CreateSummary();
+  cmdAbort_.Create(env_, hwnd(), IDC_cmdAbort, Text(1885));
+  cmdNext_.Create(env_, hwnd(), IDC_cmdNext, Text(17016));
+  cmdCancel_.Create(env_, hwnd(), IDC_cmdCancel, Text(1402));
+  cmdAbort_.Enable(false);
+  cmdNext_.Enable(false);
+  images_ = LoadImageList(env_.instance, IDB_Kinds16, kPicture);
+}
+
+void ProgressPane::CreateSummary() {
+  lblScanSummary_.Create(env_, hwnd(), IDC_lblScanSummary, Text(1864));
+  lblScanSummary_.SetFont(metrics().bold());
+  lblScanned_.Create(env_, hwnd(), IDC_lblScanned, DT_RIGHT);
+  lblScanned_.SetText(Text(1862));
+  lblInfected_.Create(env_, hwnd(), IDC_lblInfected, DT_RIGHT);
+  lblInfected_.SetText(Text(1863));
+  for (int i = 0; i < kRows; ++i) {
+    const SummaryKind& kind = kSummary[i];
+    rows_[i].caption.Create(env_, hwnd(), kind.caption_id, Text(kind.caption));
+    rows_[i].scanned.Create(env_, hwnd(), kind.scanned_id, DT_RIGHT | DT_VCENTER);
+    rows_[i].infected.Create(env_, hwnd(), kind.infected_id, DT_RIGHT | DT_VCENTER);
+  }
+  lblDetectedCaption_.Create(env_, hwnd(), IDC_lblDetectedCaption, Text(1865));
+  lblDetectedCaption_.SetFont(metrics().bold());
+  lblDetected_.Create(env_, hwnd(), IDC_lblDetected, DT_RIGHT | DT_VCENTER);
+  lblDetected_.SetFont(metrics().bold());
+}
+
+void ProgressPane::OnSize(Area area) {
+  Layout layout;
+  layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
+  Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
+  LayOutButtons(layout, inner.CutBottom(metrics().ButtonHeight()));
+  LayOutProgress(layout, &inner);
+  inner.CutTop(metrics().Margin());
+  LayOutSummary(layout, &inner);
+}
+
+void ProgressPane::LayOutProgress(Layout& layout, Area* area) {
+  const int line = metrics().LineHeight();
+  const int gap = metrics().Scale(5);
+  layout.Place(lblScanOption_, area->CutTop(line));
+  area->CutTop(gap);
+  const Area bar = area->CutTop(metrics().Scale(15));
+  layout.Place(prgLoading_, bar);
+  layout.Place(activity_.hwnd(), bar);
+  area->CutTop(gap + metrics().Scale(2));
+  Area item = area->CutTop(line);
+  layout.Place(lblCurrentItem_,
+               item.CutLeft(metrics().TextWidth(lblCurrentItem_.Text()) + metrics().Gap()));
+  layout.Place(lblScan_, item);
+  area->CutTop(gap);
+  Area counters = area->CutTop(line);
+  Area right = counters.CutRight(counters.width() / 2);
+  layout.Place(lblSFoldersCaption_,
+               counters.CutLeft(metrics().TextWidth(lblSFoldersCaption_.Text()) + metrics().Gap()));
+  layout.Place(lblSFolders_, counters);
+  layout.Place(lblFScanCaption_,
+               right.CutLeft(metrics().TextWidth(lblFScanCaption_.Text()) + metrics().Gap()));
+  layout.Place(lblFScan_, right);
+}
+
+int ProgressPane::NumberWidth() const {
+  return std::max({metrics().TextWidth(lblScanned_.Text()),
+                   metrics().TextWidth(lblInfected_.Text()), metrics().Scale(70)}) +
+         metrics().Margin();
+}
+
+void ProgressPane::LayOutSummary(Layout& layout, Area* area) {
+  const int heading = metrics().LineHeight(metrics().bold());
+  const int inset = metrics().Gap();
+  row_height_ = std::max(metrics().LineHeight(), kPicture) + metrics().Scale(3);
+  const int number = NumberWidth();
+  Area table = area->CutTop(heading + (kRows + 1) * row_height_ + 3 * metrics().Scale(4));
+  table.right = std::min(table.right, table.left + metrics().Scale(520));
+  summary_ = table;
+  Area top = table.CutTop(heading);
+  layout.Place(lblInfected_, top.CutRight(number));
+  layout.Place(lblScanned_, top.CutRight(number));
+  layout.Place(lblScanSummary_, top);
+  table.CutTop(2 * metrics().Scale(4));
+  icon_rows_ = table.top;
+  const int lower = (row_height_ - metrics().LineHeight()) / 2;
+  for (SummaryRow& each : rows_) {
+    Area row = table.CutTop(row_height_);
+    layout.Place(each.infected, row.CutRight(number));
+    layout.Place(each.scanned, row.CutRight(number));
+    row.CutLeft(kPicture + 2 * inset);
+    row.CutTop(lower);
+    layout.Place(each.caption, row);
+  }
+  table.CutTop(metrics().Scale(4));
+  Area total = table.CutTop(row_height_);
+  layout.Place(lblDetected_, total.CutRight(number));
+  total.CutTop(lower);
+  layout.Place(lblDetectedCaption_, total);
+}
+
+void ProgressPane::LayOutButtons(Layout& layout, Area area) {
+  layout.Place(cmdCancel_, area.CutRight(cmdCancel_.width()));
+  area.CutRight(metrics().Gap());
+  layout.Place(cmdNext_, area.CutRight(cmdNext_.width()));
+  layout.Place(cmdAbort_, area.CutLeft(cmdAbort_.width()));
+}
+
+// The pictures of the summary's rows and the rules above and below them.
+void ProgressPane::OnPaint(HDC dc) {
+  const int inset = metrics().Gap();
+  const int rows_end = icon_rows_ + kRows * row_height_;
+  for (int y : {icon_rows_ - metrics().Scale(4), rows_end + metrics().Scale(1)}) {
+    RECT rule = {summary_.left, y, summary_.right, y + 2};
+    DrawEdge(dc, &rule, EDGE_ETCHED, BF_TOP);
+  }
+  for (int i = 0; i < kRows; ++i) {
+    const int y = icon_rows_ + i * row_height_ + (row_height_ - kPicture) / 2;
+    ImageList_Draw(images_.get(), kSummary[i].picture, dc, summary_.left + inset, y, ILD_NORMAL);
+  }
+}
+
+void ProgressPane::ScanBegan() {
+  began_ = clock_.Ticks();
+  cmdAbort_.Enable(true);
+  cmdNext_.Enable(false);
+  activity_.SetState(ActivityBar::State::Moving);
+}
+
+void ProgressPane::ScanEnded(bool finished) {
+  Refresh();
+  cmdAbort_.Enable(false);
+  cmdNext_.Enable(true);
+  activity_.SetState(finished ? ActivityBar::State::Done : ActivityBar::State::Idle);
+  if (finished) return;
+  header_.SetText(Text(17002));
+  lblScanOption_.SetText(Text(17002));
+}
+
+void ProgressPane::ShowMissing(const std::string& path) {
+  header_.SetText(Text(17031) + " " + path);
+  lblScan_.SetText(path);
+  RefreshSummary();
+}
+
+void ProgressPane::Refresh() {
+  header_.SetText(progress_.lblScanStatus);
+  header_.SetRight(Text(17029) + " " + Elapsed());
+  lblScanOption_.SetText(progress_.loading ? Text(1767) : progress_.lblScanOption);
+  lblScan_.SetText(progress_.lblScan);
+  lblSFolders_.SetText(std::to_string(progress_.lblSFolders));
+  lblFScan_.SetText(std::to_string(progress_.lblFScan));
+  RefreshBars();
+  RefreshSummary();
+}
+
+void ProgressPane::RefreshBars() {
+  if (progress_.loading) {
+    prgLoading_.SetRange(progress_.load_maximum);
+    prgLoading_.SetPosition(progress_.load_done);
+  }
+  if (prgLoading_.Shown() != progress_.loading) {
+    prgLoading_.Show(progress_.loading);
+    activity_.Show(!progress_.loading);
+  }
+  activity_.Step();
+}
+
+void ProgressPane::RefreshSummary() {
+  for (int i = 0; i < kRows; ++i) {
+    rows_[i].scanned.SetText(std::to_string(progress_.*kSummary[i].scanned));
+    rows_[i].infected.SetText(std::to_string(hits_.counters().*kSummary[i].infected));
+  }
+  lblDetected_.SetText(std::to_string(hits_.counters().Total()));
+}
+
+std::string ProgressPane::Elapsed() const {
+  const std::uint32_t seconds = (clock_.Ticks() - began_) / 1000;
+  const std::string short_form = Padded(seconds / 60 % 60, 2) + ":" + Padded(seconds % 60, 2);
+  return seconds < 3600 ? short_form : std::to_string(seconds / 3600) + ":" + short_form;
+}
+
+HWND ProgressPane::FirstFocus() const {
+  if (cmdAbort_.enabled()) return cmdAbort_.hwnd();
+  return cmdNext_.enabled() ? cmdNext_.hwnd() : cmdCancel_.hwnd();
+}
+
+}  // namespace scourwell

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <array>
+
+#include "platform/clock.h"
+#include "results/hit_list.h"
+#include "scan/scan_progress.h"
+#include "widgets/activity_bar.h"
+#include "widgets/button.h"
+#include "widgets/header_pane.h"
+#include "widgets/label.h"
+#include "widgets/layout.h"
+#include "widgets/live_label.h"
+#include "widgets/pane.h"
+#include "widgets/progress_bar.h"
+
+namespace scourwell {
+
+// SpyStatusFrame: how far the scan has got. Mirrors ScanProgress and the counters of the hits.
+class ProgressPane : public Pane {
+ public:
+  ProgressPane(const WindowEnv& env, const ScanProgress& progress, const HitList& hits,
+               Clock& clock);
+
+  void ScanBegan();
+  void ScanEnded(bool finished);
+  // There is nothing at the path to scan, so no scan begins.
+  void ShowMissing(const std::string& path);
+  void Refresh();
+
+  HWND DefaultButton() const { return cmdNext_.enabled() ? cmdNext_.hwnd() : nullptr; }
+  HWND EscapeButton() const { return cmdAbort_.enabled() ? cmdAbort_.hwnd() : cmdCancel_.hwnd(); }
+  HWND FirstFocus() const;
+
+ private:
+  static constexpr int kRows = 4;
+  struct SummaryRow {
+    Label caption;
+    LiveLabel scanned;
+    LiveLabel infected;
+  };
+
+  void OnCreate() override;
+  void OnSize(Area area) override;
+  void OnPaint(HDC dc) override;
+
+  void CreateSummary();
+  void LayOutProgress(Layout& layout, Area* area);
+  void LayOutSummary(Layout& layout, Area* area);
+  void LayOutButtons(Layout& layout, Area area);
+  void RefreshBars();
+  void RefreshSummary();
+  std::string Elapsed() const;
+  int NumberWidth() const;
+
+  const ScanProgress& progress_;
+  const HitList& hits_;
+  Clock& clock_;
+
+  HeaderPane header_;
+  LiveLabel lblScanOption_;
+  ProgressBar prgLoading_;
+  ActivityBar activity_;
+  Label lblCurrentItem_;
+  LiveLabel lblScan_;
+  Label lblSFoldersCaption_;
+  LiveLabel lblSFolders_;
+  Label lblFScanCaption_;
+  LiveLabel lblFScan_;
+  Label lblScanSummary_;
+  LiveLabel lblScanned_;
+  LiveLabel lblInfected_;
+  std::array<SummaryRow, kRows> rows_;
+  Label lblDetectedCaption_;
+  LiveLabel lblDetected_;
+  Button cmdAbort_;
+  Button cmdNext_;
+  Button cmdCancel_;
+  ImageListHandle images_;
+
+  std::uint32_t began_ = 0;
+  Area summary_;       // the table below its heading
+  int icon_rows_ = 0;  // y of the first row
+  int row_height_ = 0;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,19 @@
+#pragma once
+
+namespace scourwell {
+
+// What the pages ask of the main window.
+class FormHost {
+ public:
+  virtual ~FormHost() = default;
+
+  // Carries out a command of the main menu once the messages at hand are done: it may destroy the
+  // page that asks.
+  virtual void PostCommand(int id) = 0;
+  // A scan began or ended, or another pane of the page came up: what may be done has changed.
+  virtual void PageChanged() = 0;
+  // The scan has got further.
+  virtual void ShowProgress() = 0;
+};
+
+}  // namespace scourwell

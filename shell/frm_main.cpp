@@ -1,0 +1,293 @@
+#include "shell/frm_main.h"
+
+#include <algorithm>
+
+#include "platform/file_utils.h"
+#include "shell/frm_splash.h"
+#include "shell/resource.h"
+#include "widgets/folder_dialog.h"
+#include "widgets/layout.h"
+#include "widgets/message_box.h"
+
+namespace scourwell {
+namespace {
+
+constexpr UINT_PTR kTimer1 = 1;
+constexpr UINT kUpdateDelay = 1500;    // milliseconds
+constexpr int kSmallestWidth = 10840;  // 1/1440 inch
+constexpr int kSmallestHeight = 6100;
+constexpr char kUpdater[] = "ScourwellUpdate.exe";
+
+// Only top-level windows hear of new colours, but the common controls keep copies of them.
+BOOL CALLBACK ForwardColours(HWND window, LPARAM) {
+  SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
+  return TRUE;
+}
+
+}  // namespace
+
+frmMain::frmMain(Application& app, PumpWin& pump, HINSTANCE instance)
+    : Window(shared_, "frmMain"),
+      shared_{instance, metrics_, app.log(), app.language()},
+      app_(app),
+      pump_(pump),
+      tree_(shared_, app.scope()) {}
+
+int frmMain::Run(const CommandLine& command, int show) {
+  const Outcome loaded = app_.log().Trap("MDIForm_Load", [&] { Load(command, show); });
+  if (!loaded.ok()) {
+    ShowMessage(Text(17003) + "\r\n" + loaded.description(), Text(17001), MB_ICONERROR);
+    return 1;
+  }
+  return pump_.Run();
+}
+
+void frmMain::Load(const CommandLine& command, int show) {
+  InitCommonControls();
+  keys_.Load(shared_.instance, IDA_Main);
+  Frame frame;
+  frame.style = WS_OVERLAPPEDWINDOW;
+  frame.place = FirstPlace();
+  frame.title = app_.Title();
+  CreateHandle(frame);
+  frmSplash(shared_, app_).ShowModal(hwnd(), show);
+  app_.Start();
+  app_.FillTree();
+  tree_.FillTree();
+  menu_.Create(hwnd(), app_.language());
+  pump_.translate = [this](MSG* message) { return keys_.Translate(hwnd(), page(), message); };
+  OpenFirstPage(command);
+  SetTimer(hwnd(), kTimer1, kUpdateDelay, nullptr);
+  SetWindowTextA(hwnd(), app_.Title().c_str());
+}
+
+void frmMain::OpenFirstPage(const CommandLine& command) {
+  if (command.kind == CommandLine::Kind::ScanPath) {
+    OpenScan(command.path);
+    return ShowTree(false);
+  }
+  ShowHome();
+  if (command.kind == CommandLine::Kind::StartScan) StartScan();
+}
+
+// In the middle of the screen, large enough for the list of results.
+Area frmMain::FirstPlace() const {
+  RECT desktop = {};
+  SystemParametersInfoA(SPI_GETWORKAREA, 0, &desktop, 0);
+  const Area work(desktop);
+  const int width = std::min(metrics().Scale(840), work.width());
+  const int height = std::min(metrics().Scale(580), work.height());
+  const int left = work.left + (work.width() - width) / 2;
+  const int top = work.top + (work.height() - height) / 2;
+  return {left, top, left + width, top + height};
+}
+
+// Never larger than the screen: on 640 x 480 the whole window must stay within reach.
+SIZE frmMain::SmallestSize() const {
+  return {std::min(metrics().FromTwips(kSmallestWidth), GetSystemMetrics(SM_CXSCREEN)),
+          std::min(metrics().FromTwips(kSmallestHeight), GetSystemMetrics(SM_CYSCREEN))};
+}
+
+void frmMain::OnCreate() {
+  sbrMain_.Create(shared_, hwnd(), IDC_StatusBar);
+  tree_.Create(hwnd(), IDC_frmTree);
+  CLIENTCREATESTRUCT create = {nullptr, IDC_FirstPage};
+  client_ =
+      CreateWindowExA(WS_EX_CONTROLPARENT, "MDICLIENT", "",
+                      WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | MDIS_ALLCHILDSTYLES, 0, 0, 0, 0,
+                      hwnd(), reinterpret_cast<HMENU>(IDC_MdiClient), shared_.instance, &create);
+  if (!client_) throw std::runtime_error("The window could not be created: MDICLIENT");
+}
+
+LRESULT frmMain::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_SIZE:
+      // The frame's own answer would spread the pages under the tree and the status bar.
+      if (wparam != SIZE_MINIMIZED) OnSize(ClientArea());
+      return 0;
+    case WM_GETMINMAXINFO: {
+      const SIZE smallest = SmallestSize();
+      reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {smallest.cx, smallest.cy};
+      return 0;
+    }
+    case WM_ACTIVATE:
+      if (LOWORD(wparam) == WA_INACTIVE) focus_.Note(hwnd());
+      break;
+    case WM_SETFOCUS:
+      focus_.Restore(hwnd(), PageFocus());
+      return 0;
+    case WM_ENABLE:
+      // Closing had to wait for a message box.
+      if (wparam && close_wanted_) PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+      break;
+    case WM_SYSCOLORCHANGE:
+      EnumChildWindows(hwnd(), ForwardColours, 0);
+      break;
+    case WM_CLOSE:
+      Close();
+      return 0;
+    case WM_ENDSESSION:
+      if (wparam) Unload();
+      return 0;
+    case WM_DESTROY:
+      PostQuitMessage(0);
+      return 0;
+    default:
+      break;
+  }
+  return Window::OnMessage(message, wparam, lparam);
+}
+
+LRESULT frmMain::Default(UINT message, WPARAM wparam, LPARAM lparam) {
+  return DefFrameProcA(hwnd(), client_, message, wparam, lparam);
+}
+
+void frmMain::OnSize(Area area) {
+  if (!client_) return;
+  area.CutBottom(sbrMain_.Fit());
+  {
+    Layout layout;
+    if (tree_.Shown()) layout.Place(tree_.hwnd(), area.CutLeft(tree_.Width()));
+    layout.Place(client_, area);
+  }
+  FitPage();
+}
+
+bool frmMain::OnCommand(int id) {
+  switch (id) {
+    case IDM_mnuStartScan:
+      StartScan();
+      return true;
+    case IDM_mnuScanFolder:
+      ScanFolder();
+      return true;
+    case IDM_mnuExit:
+      PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+      return true;
+    case IDM_mnuAbout:
+      ShowAbout();
+      return true;
+    case IDM_mnuHome:
+      ShowHome();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void frmMain::OnTimer(UINT_PTR id) {
+  if (id != kTimer1) return;
+  KillTimer(hwnd(), kTimer1);
+  static_cast<void>(app_.log().Trap("Timer1_Timer", [&] { return CheckForUpdate(); }));
+}
+
+Outcome frmMain::CheckForUpdate() {
+  if (!app_.settings().AutoCheckForUpdate) return {};
+  return app_.ports().shell.Start(AddPathToFileName(app_.folders().application, kUpdater),
+                                  "/S:244");
+}
+
+void frmMain::PostCommand(int id) { PostMessageA(hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
+
+void frmMain::PageChanged() {
+  const bool scanning = app_.scanning();
+  menu_.EnableScan(!scanning);
+  tree_.Enable(!scanning);
+  ShowProgress();
+  focus_.Move(hwnd(), PageFocus());
+  if (close_wanted_ && !scanning) PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+}
+
+void frmMain::ShowProgress() {
+  sbrMain_.SetPart(StatusBar::kState, Text(app_.scanning() ? 17024 : 17023));
+  sbrMain_.SetPart(StatusBar::kFound,
+                   std::to_string(app_.hits().counters().Total()) + " " + Text(17027));
+  sbrMain_.SetPart(StatusBar::kLanguage, app_.language().StatusText());
+}
+
+void frmMain::ShowHome() {
+  if (app_.scanning()) return;
+  if (!home_) {
+    home_ = std::make_unique<frmHome>(shared_, app_, *this);
+    home_->CreateIn(client_);
+  }
+  home_->Refresh();
+  home_->Show(true);
+  scan_.reset();
+  ShowTree(true);
+  PageChanged();
+}
+
+void frmMain::StartScan() {
+  if (app_.scanning()) return;
+  if (!app_.scope().AnythingTicked()) return ShowMessage(Text(1700), Text(17000));
+  OpenScan({});
+}
+
+void frmMain::ScanFolder() {
+  if (app_.scanning()) return;
+  const std::string folder = AskForFolder(hwnd(), Text(17022));
+  if (!folder.empty()) OpenScan(folder);
+}
+
+void frmMain::OpenScan(const std::string& path) {
+  scan_ = std::make_unique<frmScanSpy>(shared_, app_, *this, path);
+  scan_->CreateIn(client_);
+  FitPage();
+  scan_->Show(true);
+  if (home_) home_->Show(false);
+  PageChanged();
+}
+
+void frmMain::ShowAbout() {
+  ShowMessageWithIcon(shared_.instance, IDI_Scourwell, app_.Title() + "\r\n\r\n" + Text(17030),
+                      Text(1753));
+}
+
+Page* frmMain::page() const {
+  if (scan_) return scan_.get();
+  return home_.get();
+}
+
+void frmMain::FitPage() {
+  RECT area = {};
+  GetClientRect(client_, &area);
+  for (Page* each : {static_cast<Page*>(home_.get()), static_cast<Page*>(scan_.get())}) {
+    if (each) MoveWindow(each->hwnd(), 0, 0, area.right, area.bottom, TRUE);
+  }
+}
+
+void frmMain::ShowTree(bool shown) {
+  tree_.Show(shown);
+  OnSize(ClientArea());
+}
+
+HWND frmMain::PageFocus() const { return page() ? page()->FirstFocus() : nullptr; }
+
+// No window may go while a scan or a message box still runs inside one of its procedures: both
+// are asked to end, and closing goes on when they have.
+void frmMain::Close() {
+  close_wanted_ = true;
+  if (app_.scanning()) pump_.set_closing(true);
+  if (!IsWindowEnabled(hwnd())) {
+    HWND popup = GetLastActivePopup(hwnd());
+    if (popup != hwnd()) PostMessageA(popup, WM_CLOSE, 0, 0);
+    return;
+  }
+  if (app_.scanning()) return;
+  Unload();
+  DestroyWindow(hwnd());
+}
+
+void frmMain::Unload() {
+  if (!app_.scanning()) {
+    ShowWindow(hwnd(), SW_HIDE);
+    scan_.reset();
+    home_.reset();
+    tree_.Destroy();
+  }
+  pump_.set_closing(true);
+  app_.Shutdown();
+}
+
+}  // namespace scourwell

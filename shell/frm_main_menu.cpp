@@ -1,0 +1,39 @@
+#include "shell/frm_main_menu.h"
+
+#include "shell/resource.h"
+
+namespace scourwell {
+namespace {
+
+void Append(HMENU menu, int id, const std::string& text) {
+  AppendMenuA(menu, MF_STRING, static_cast<UINT_PTR>(id), text.c_str());
+}
+
+void AppendPopup(HMENU menu, HMENU popup, const std::string& text) {
+  AppendMenuA(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), text.c_str());
+}
+
+}  // namespace
+
+void frmMainMenu::Create(HWND window, const Captions& captions) {
+  HMENU scan = CreatePopupMenu();
+  Append(scan, IDM_mnuStartScan, captions.Text(17011) + "\tF5");
+  Append(scan, IDM_mnuScanFolder, captions.Text(17012));
+  AppendMenuA(scan, MF_SEPARATOR, 0, nullptr);
+  Append(scan, IDM_mnuExit, captions.Text(17013));
+  HMENU help = CreatePopupMenu();
+  Append(help, IDM_mnuAbout, captions.Text(17015));
+  MenuHandle old(menu_);
+  menu_ = CreateMenu();
+  AppendPopup(menu_, scan, captions.Text(17010));
+  AppendPopup(menu_, help, captions.Text(17014));
+  SetMenu(window, menu_);
+}
+
+void frmMainMenu::EnableScan(bool enabled) const {
+  for (const UINT id : {IDM_mnuStartScan, IDM_mnuScanFolder}) {
+    EnableMenuItem(menu_, id, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
+  }
+}
+
+}  // namespace scourwell

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/captions.h"
+#include "widgets/gdi_handles.h"
+
+namespace scourwell {
+
+// The menu bar of frmMain.
+class frmMainMenu {
+ public:
+  // Gives the window its menu, which then belongs to the window.
+  void Create(HWND window, const Captions& captions);
+  // Starting a scan is offered or not.
+  void EnableScan(bool enabled) const;
+
+ private:
+  HMENU menu_ = nullptr;
+};
+
+}  // namespace scourwell

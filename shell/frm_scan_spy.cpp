@@ -1,0 +1,136 @@
+#include "shell/frm_scan_spy.h"
+
+#include "platform/file_utils.h"
+#include "shell/resource.h"
+#include "widgets/layout.h"
+#include "widgets/message_box.h"
+
+namespace scourwell {
+namespace {
+
+constexpr UINT_PTR kStartTimer = 1;
+constexpr UINT_PTR kRefreshTimer = 2;
+constexpr UINT kStartDelay = 10;  // milliseconds
+constexpr UINT kRefreshInterval = 60;
+
+}  // namespace
+
+frmScanSpy::frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, std::string path)
+    : Page(env, "frmScanSpy"),
+      app_(app),
+      host_(host),
+      path_(std::move(path)),
+      SpyStatusFrame_(env, app.progress(), app.hits(), app.ports().clock),
+      SpyFrame_(env, app.hits(), app.ports().shell) {}
+
+void frmScanSpy::OnCreate() {
+  app_.PrepareScan();
+  SpyStatusFrame_.Create(hwnd(), IDC_SpyStatusFrame);
+  SpyFrame_.Create(hwnd(), IDC_SpyFrame);
+  SpyFrame_.Show(false);
+  SetTimer(hwnd(), kStartTimer, kStartDelay, nullptr);
+}
+
+void frmScanSpy::OnSize(Area area) {
+  Layout layout;
+  layout.Place(SpyStatusFrame_.hwnd(), area);
+  layout.Place(SpyFrame_.hwnd(), area);
+}
+
+void frmScanSpy::OnTimer(UINT_PTR id) {
+  if (id == kRefreshTimer) return ShowProgress();
+  KillTimer(hwnd(), kStartTimer);
+  RunScan();
+}
+
+// The scan runs inside this call; the pump lets the windows live.
+void frmScanSpy::RunScan() {
+  if (!path_.empty() && !PathExists()) {
+    SpyStatusFrame_.ShowMissing(path_);
+    return host_.PageChanged();
+  }
+  SpyStatusFrame_.ScanBegan();
+  SetTimer(hwnd(), kRefreshTimer, kRefreshInterval, nullptr);
+  host_.PageChanged();
+  path_.empty() ? app_.RunScan() : app_.RunScan(path_);
+  KillTimer(hwnd(), kRefreshTimer);
+  SpyStatusFrame_.ScanEnded(app_.session().finished());
+  host_.PageChanged();
+  if (leave_) host_.PostCommand(IDM_mnuHome);
+}
+
+bool frmScanSpy::PathExists() const {
+  return FolderExists(app_.ports().files, path_) || FileExists(app_.ports().files, path_);
+}
+
+void frmScanSpy::ShowProgress() {
+  SpyStatusFrame_.Refresh();
+  host_.ShowProgress();
+}
+
+bool frmScanSpy::OnCommand(int id) {
+  switch (id) {
+    case IDC_cmdAbort:
+      cmdAbort_Click();
+      return true;
+    case IDC_cmdNext:
+      static_cast<void>(app_.log().Trap("cmdNext_Click", [&] { return cmdNext_Click(); }));
+      return true;
+    case IDC_cmdCancel:
+    case IDC_cmdCloseResults:
+      cmdCancel_Click();
+      return true;
+    case IDC_cmdViewLog:
+      ViewLog();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void frmScanSpy::cmdAbort_Click() { app_.ports().pump.set_closing(true); }
+
+Outcome frmScanSpy::cmdNext_Click() {
+  if (app_.hits().empty()) {
+    if (!app_.settings().AutoRemove) ShowMessage(Text(1820), Text(17000));
+    host_.PostCommand(IDM_mnuHome);
+    return {};
+  }
+  ShowResults();
+  const std::string stale = AddPathToFileName(app_.folders().application, "Remove.reg");
+  if (!FileExists(app_.ports().files, stale)) return {};
+  return app_.ports().files.EraseFile(stale);
+}
+
+void frmScanSpy::ShowResults() {
+  SpyFrame_.Refresh();
+  SpyFrame_.EnableLog(FileExists(app_.ports().files, app_.settings().LogFilePath));
+  SpyStatusFrame_.Show(false);
+  SpyFrame_.Show(true);
+  host_.PageChanged();
+}
+
+void frmScanSpy::cmdCancel_Click() {
+  leave_ = true;
+  if (app_.scanning()) return cmdAbort_Click();
+  host_.PostCommand(IDM_mnuHome);
+}
+
+void frmScanSpy::ViewLog() {
+  static_cast<void>(app_.log().Trap(
+      "cmdViewLog_Click", [&] { return app_.ports().shell.Open(app_.settings().LogFilePath); }));
+}
+
+HWND frmScanSpy::DefaultButton() const {
+  return SpyFrame_.Shown() ? nullptr : SpyStatusFrame_.DefaultButton();
+}
+
+HWND frmScanSpy::EscapeButton() const {
+  return SpyFrame_.Shown() ? SpyFrame_.CloseButton() : SpyStatusFrame_.EscapeButton();
+}
+
+HWND frmScanSpy::FirstFocus() const {
+  return SpyFrame_.Shown() ? SpyFrame_.FirstFocus() : SpyStatusFrame_.FirstFocus();
+}
+
+}  // namespace scourwell

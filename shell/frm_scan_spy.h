@@ -1,0 +1,44 @@
+#pragma once
+
+#include "results/results_pane.h"
+#include "scan/progress_pane.h"
+#include "shell/application.h"
+#include "shell/frm_host.h"
+#include "widgets/page.h"
+
+namespace scourwell {
+
+// The scan page: starts its scan by itself, shows its progress, then its results.
+class frmScanSpy : public Page {
+ public:
+  // `path`: a folder or file to scan; empty: what is ticked in the tree.
+  frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, std::string path);
+
+  HWND DefaultButton() const override;
+  HWND EscapeButton() const override;
+  HWND FirstFocus() const override;
+
+ private:
+  void OnCreate() override;
+  void OnSize(Area area) override;
+  bool OnCommand(int id) override;
+  void OnTimer(UINT_PTR id) override;
+
+  void RunScan();
+  bool PathExists() const;
+  void ShowProgress();
+  void cmdAbort_Click();
+  Outcome cmdNext_Click();
+  void cmdCancel_Click();
+  void ViewLog();
+  void ShowResults();
+
+  Application& app_;
+  FormHost& host_;
+  std::string path_;
+  ProgressPane SpyStatusFrame_;
+  ResultsPane SpyFrame_;
+  bool leave_ = false;  // for the start page, once the scan has returned
+};
+
+}  // namespace scourwell

@@ -1,0 +1,102 @@
+// Numbers of resources, menu entries and controls. They are stable: tests and assistive programs
+// find the controls by them. Read by the resource compiler too, so there are only #defines here.
+#pragma once
+
+// Resources
+#define IDI_Scourwell 1
+#define IDB_Kinds16 101
+#define IDB_Scope16 102
+#define IDB_Banner 103
+#define IDB_Banner32 104
+#define IDA_Main 110
+
+// Menu entries of frmMain
+#define IDM_mnuStartScan 40001
+#define IDM_mnuScanFolder 40002
+#define IDM_mnuExit 40003
+#define IDM_mnuAbout 40004
+#define IDM_mnuHome 40005  // no entry: pages post it to leave for the start page
+// Popup menu of SpyListView
+#define IDM_mnuCheckAll 40011
+#define IDM_mnuUncheckAll 40012
+#define IDM_mnuShowProperties 40013
+
+// frmMain; its pages get numbers from IDC_FirstPage on
+#define IDC_StatusBar 1001
+#define IDC_MdiClient 1002
+#define IDC_frmTree 1003
+#define IDC_FirstPage 50000
+
+// frmTree
+#define IDC_lblSection 1101
+#define IDC_TreeView1 1102
+
+// frmHome
+#define IDC_HomeHeader 1200
+#define IDC_lblWelcome 1201
+#define IDC_lblWelcomeText 1202
+#define IDC_cmdStartScan 1203
+#define IDC_cmdScanFolder 1204
+#define IDC_lblScansCaption 1205
+#define IDC_lblScans 1206
+#define IDC_lblLastScanCaption 1207
+#define IDC_lblLastScan 1208
+#define IDC_lblRemovedCaption 1209
+#define IDC_lblRemoved 1210
+#define IDC_lblLanguageCaption 1211
+#define IDC_lblLanguage 1212
+#define IDC_lblDefinitionsCaption 1213
+#define IDC_lblDefinitions 1214
+
+// frmScanSpy: SpyStatusFrame, the progress pane
+#define IDC_SpyStatusFrame 1300
+#define IDC_ScanHeader 1301
+#define IDC_lblScanHeading 1302
+#define IDC_lblScanStatus 1303
+#define IDC_lblElapsed 1304
+#define IDC_lblScanOption 1305
+#define IDC_prgLoading 1306
+#define IDC_ActivityBar 1307
+#define IDC_lblCurrentItem 1308
+#define IDC_lblScan 1309
+#define IDC_lblSFoldersCaption 1310
+#define IDC_lblSFolders 1311
+#define IDC_lblFScanCaption 1312
+#define IDC_lblFScan 1313
+#define IDC_lblScanSummary 1320
+#define IDC_lblScanned 1321
+#define IDC_lblInfected 1322
+#define IDC_lblFiles 1323
+#define IDC_lblFilesScanned 1324
+#define IDC_lblFilesInfected 1325
+#define IDC_lblFolders 1326
+#define IDC_lblFoldersScanned 1327
+#define IDC_lblFoldersInfected 1328
+#define IDC_lblKeys 1329
+#define IDC_lblKeysScanned 1330
+#define IDC_lblKeysInfected 1331
+#define IDC_lblProcesses 1332
+#define IDC_lblProcessesScanned 1333
+#define IDC_lblProcessesInfected 1334
+#define IDC_lblDetectedCaption 1335
+#define IDC_lblDetected 1336
+#define IDC_cmdAbort 1340
+#define IDC_cmdNext 1341
+#define IDC_cmdCancel 1342
+
+// frmScanSpy: SpyFrame, the results pane
+#define IDC_SpyFrame 1400
+#define IDC_ResultsHeader 1401
+#define IDC_lblResults 1402
+#define IDC_lblCount 1403
+#define IDC_SpyListView 1404
+#define IDC_lblEmpty 1405
+#define IDC_cmdCheckAll 1406
+#define IDC_cmdUnCheckAll 1407
+#define IDC_cmdViewLog 1408
+#define IDC_cmdCloseResults 1409
+
+// frmSplash
+#define IDC_lblSplashName 1501
+#define IDC_lblSplashVersion 1502
+#define IDC_lblSplashText 1503

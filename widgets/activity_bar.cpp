@@ -1,0 +1,56 @@
+#include "widgets/activity_bar.h"
+
+#include <algorithm>
+
+#include "widgets/back_buffer.h"
+
+namespace scourwell {
+namespace {
+
+constexpr int kGroup = 5;  // blocks that wander together
+
+}  // namespace
+
+void ActivityBar::SetState(State state) {
+  if (state == state_) return;
+  state_ = state;
+  step_ = 0;
+  InvalidateRect(hwnd(), nullptr, FALSE);
+}
+
+void ActivityBar::Step() {
+  if (state_ != State::Moving) return;
+  ++step_;
+  InvalidateRect(hwnd(), nullptr, FALSE);
+}
+
+LRESULT ActivityBar::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_ERASEBKGND) return 1;
+  return Pane::OnMessage(message, wparam, lparam);
+}
+
+void ActivityBar::OnPaint(HDC dc) {
+  RECT area = ClientArea().rect();
+  if (IsRectEmpty(&area)) return;
+  const BackBuffer buffer(dc, area);
+  FillRect(buffer.dc(), &area, GetSysColorBrush(COLOR_BTNFACE));
+  DrawEdge(buffer.dc(), &area, BDR_SUNKENOUTER, BF_RECT);
+  Area inner = Area(area).Shrunk(2, 2);
+  const int gap = 2;
+  const int width = std::max(4, inner.height() * 2 / 3);
+  const int blocks = inner.width() / (width + gap) + 1;
+  for (int block = 0; block < blocks; ++block) {
+    RECT box = inner.CutLeft(width).rect();
+    box.right = std::min<LONG>(box.right, area.right - 2);
+    inner.CutLeft(gap);
+    if (Filled(block, blocks)) FillRect(buffer.dc(), &box, GetSysColorBrush(COLOR_HIGHLIGHT));
+  }
+}
+
+bool ActivityBar::Filled(int block, int blocks) const {
+  if (state_ != State::Moving) return state_ == State::Done;
+  const int behind = step_ % (blocks + kGroup) - block;
+  return behind >= 0 && behind < kGroup;
+}
+
+}  // namespace scourwell

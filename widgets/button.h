@@ -1,0 +1,20 @@
+#pragma once
+
+#include "widgets/control.h"
+
+namespace scourwell {
+
+class Button : public Control {
+ public:
+  void Create(const WindowEnv& env, HWND parent, int id, const std::string& text) {
+    CreateHandle(env, parent, "BUTTON", WS_TABSTOP | BS_PUSHBUTTON, 0, id, text);
+    width_ = env.metrics.ButtonWidth(text);
+  }
+  // The width that the caption asks for.
+  int width() const { return width_; }
+
+ private:
+  int width_ = 0;
+};
+
+}  // namespace scourwell

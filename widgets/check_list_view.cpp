@@ -1,0 +1,74 @@
+#include "widgets/check_list_view.h"
+
+#include <windowsx.h>
+
+namespace scourwell {
+namespace {
+
+constexpr DWORD kLabelTip = 0x4000;  // unfolds cut texts; since common controls 5.80
+
+}  // namespace
+
+void CheckListView::Create(const WindowEnv& env, HWND parent, int id) {
+  CreateHandle(env, parent, WC_LISTVIEWA,
+               WS_TABSTOP | WS_CLIPSIBLINGS | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS |
+                   LVS_SHAREIMAGELISTS,
+               WS_EX_CLIENTEDGE, id);
+  SetExtendedStyle(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_INFOTIP | kLabelTip);
+  Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
+  Subclass(env, "SpyListView");
+}
+
+LRESULT CheckListView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+      if (ClickBox({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)})) return 0;
+      break;
+    case WM_KEYDOWN:
+      if (wparam == VK_SPACE) return PressSpace(), 0;
+      if (wparam == 'A' && GetKeyState(VK_CONTROL) < 0) return Select(-1, true), 0;
+      break;
+    case WM_CHAR:
+      if (wparam == ' ') return 0;  // done at its key-down
+      break;
+    case LVM_SETITEMSTATE:
+      if (SetState(static_cast<int>(wparam), *reinterpret_cast<const LVITEMA*>(lparam))) {
+        return TRUE;
+      }
+      break;
+    default:
+      break;
+  }
+  return Default(message, wparam, lparam);
+}
+
+bool CheckListView::ClickBox(POINT at) {
+  LVHITTESTINFO hit = {};
+  hit.pt = at;
+  const auto row = static_cast<int>(Send(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+  if (row < 0 || !(hit.flags & LVHT_ONITEMSTATEICON) || (hit.flags & LVHT_ONITEMLABEL)) {
+    return false;
+  }
+  SetFocus(hwnd());
+  on_check(row, !is_checked(row));
+  return true;
+}
+
+// All selected rows follow the one with the focus.
+void CheckListView::PressSpace() {
+  const int focused = Focused();
+  if (focused < 0) return;
+  const bool checked = !is_checked(focused);
+  if (NextSelected(-1) < 0) on_check(focused, checked);
+  for (int row = -1; (row = NextSelected(row)) >= 0;) on_check(row, checked);
+}
+
+// A mark that another program sets, such as a screen reader.
+bool CheckListView::SetState(int row, const LVITEMA& item) {
+  if (!(item.stateMask & LVIS_STATEIMAGEMASK)) return false;
+  on_check(row, (item.state & LVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2));
+  return true;
+}
+
+}  // namespace scourwell

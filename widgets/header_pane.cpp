@@ -1,0 +1,62 @@
+#include "widgets/header_pane.h"
+
+#include <algorithm>
+
+#include "shell/resource.h"
+#include "widgets/layout.h"
+
+namespace scourwell {
+
+HeaderPane::HeaderPane(const WindowEnv& env, Size size, Ids ids)
+    : Pane(env, "ScourwellHeader"),
+      size_(size),
+      ids_(ids),
+      symbol_(env, size == Size::Large ? IDB_Banner : IDB_Banner32, size == Size::Large ? 64 : 32) {
+}
+
+int HeaderPane::Margin() const { return large() ? metrics().WideMargin() : metrics().Margin(); }
+
+int HeaderPane::HeadingHeight() const {
+  return metrics().LineHeight(large() ? metrics().title() : metrics().heading());
+}
+
+int HeaderPane::TextHeight() const { return metrics().LineHeight() * (large() ? 3 : 1); }
+
+int HeaderPane::Height() const {
+  const int texts = HeadingHeight() + metrics().Scale(3) + TextHeight();
+  return std::max(texts, symbol_.size()) + 2 * metrics().Margin();
+}
+
+void HeaderPane::OnCreate() {
+  heading_.Create(env_, hwnd(), ids_.heading);
+  heading_.SetFont(large() ? metrics().title() : metrics().heading());
+  text_.Create(env_, hwnd(), ids_.text, large() ? DT_WORDBREAK : DT_END_ELLIPSIS);
+  if (ids_.right != 0) right_.Create(env_, hwnd(), ids_.right, DT_RIGHT);
+}
+
+void HeaderPane::OnSize(Area area) {
+  Layout layout;
+  Area inner = area.Shrunk(Margin(), metrics().Margin());
+  inner.CutLeft(symbol_.size() + metrics().Margin());
+  const int texts = HeadingHeight() + metrics().Scale(3) + TextHeight();
+  inner.CutTop(std::max(0, (inner.height() - texts) / 2));
+  Area heading = inner.CutTop(HeadingHeight());
+  if (ids_.right != 0) {
+    Area right = heading.CutRight(metrics().Scale(150));
+    right.CutTop((right.height() - metrics().LineHeight()) / 2);
+    layout.Place(right_, right);
+  }
+  layout.Place(heading_, heading);
+  inner.CutTop(metrics().Scale(3));
+  layout.Place(text_, inner.CutTop(TextHeight()));
+}
+
+void HeaderPane::OnPaint(HDC dc) {
+  Area area = ClientArea();
+  RECT edge = area.CutBottom(2).rect();
+  DrawEdge(dc, &edge, EDGE_ETCHED, BF_BOTTOM);
+  const int y = (area.height() - symbol_.size()) / 2;
+  symbol_.Draw(dc, Margin(), std::max(0, y));
+}
+
+}  // namespace scourwell

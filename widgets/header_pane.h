@@ -1,0 +1,48 @@
+#pragma once
+
+#include "widgets/label.h"
+#include "widgets/live_label.h"
+#include "widgets/pane.h"
+#include "widgets/picture.h"
+
+namespace scourwell {
+
+// The light band at the top of a page: the symbol, a heading, a text below it and, if the page
+// wants one, a short text at the right.
+class HeaderPane : public Pane {
+ public:
+  struct Ids {
+    int heading;
+    int text;
+    int right;  // 0: none
+  };
+  enum class Size { Small, Large };
+
+  HeaderPane(const WindowEnv& env, Size size, Ids ids);
+
+  int Height() const;
+  void SetHeading(const std::string& text) { heading_.SetText(text); }
+  void SetText(const std::string& text) { text_.SetText(text); }
+  void SetRight(const std::string& text) { right_.SetText(text); }
+
+ protected:
+  void OnCreate() override;
+  void OnSize(Area area) override;
+  void OnPaint(HDC dc) override;
+  int BackColour() const override { return COLOR_WINDOW; }
+
+ private:
+  bool large() const { return size_ == Size::Large; }
+  int Margin() const;
+  int HeadingHeight() const;
+  int TextHeight() const;
+
+  Size size_;
+  Ids ids_;
+  Picture symbol_;
+  Label heading_;
+  LiveLabel text_;
+  LiveLabel right_;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "widgets/subclassed_control.h"
+
+namespace scourwell {
+
+// Calls on a list view in report style.
+class ListView : public SubclassedControl {
+ public:
+  void AddColumn(int index, const std::string& text, int width) const;
+  void SetColumnWidth(int column, int width) const {
+    Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(width, 0));
+  }
+  int ColumnWidth(int column) const {
+    return static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
+  }
+  // The arrow in a column's header. Systems whose headers have none ignore it.
+  void ShowSortArrow(int column, bool ascending) const;
+
+  void SetItemCount(std::size_t count) const { Send(LVM_SETITEMCOUNT, count); }
+  void SetSmallImages(HIMAGELIST images) const {
+    Send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images));
+  }
+  void SetExtendedStyle(DWORD style) const {
+    Send(LVM_SETEXTENDEDLISTVIEWSTYLE, style, static_cast<LPARAM>(style));
+  }
+  // Where a cell lies; column 0 has no area of its own here.
+  RECT CellArea(int row, int column) const;
+  // What the list leaves free at both sides of a text.
+  static constexpr int CellPadding() { return 6; }
+  // The first selected row after `row`, -1 when there is none. Start with -1.
+  int NextSelected(int row) const { return Next(row, LVNI_SELECTED); }
+  int Focused() const { return Next(-1, LVNI_FOCUSED); }
+  bool IsSelected(int row) const {
+    return Send(LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) != 0;
+  }
+  // Row -1: all rows.
+  void Select(int row, bool selected) const;
+  void FocusRow(int row) const;
+
+ private:
+  int Next(int row, UINT flags) const {
+    return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), MAKELPARAM(flags, 0)));
+  }
+};
+
+}  // namespace scourwell

@@ -1,0 +1,42 @@
+#include "widgets/live_label.h"
+
+#include "widgets/back_buffer.h"
+
+namespace scourwell {
+namespace {
+
+constexpr int kOverhang = 2;  // pixels by which a last letter may exceed its measured width
+
+}  // namespace
+
+void LiveLabel::Create(const WindowEnv& env, HWND parent, int id, UINT format) {
+  CreateHandle(env, parent, "STATIC", SS_OWNERDRAW, 0, id);
+  const UINT lines = (format & DT_WORDBREAK) ? 0 : DT_SINGLELINE;
+  SetWindowLongA(hwnd(), GWL_USERDATA, static_cast<LONG>(format | lines | DT_NOPREFIX));
+}
+
+void LiveLabel::SetText(const std::string& text) {
+  if (text == text_) return;
+  text_ = text;
+  Control::SetText(text);
+  Redraw();
+}
+
+void LiveLabel::Draw(const DRAWITEMSTRUCT& item, int back_colour, int text_colour) {
+  char text[1024];
+  const int size = GetWindowTextA(item.hwndItem, text, sizeof text);
+  const auto font = SendMessageA(item.hwndItem, WM_GETFONT, 0, 0);
+  const auto format = static_cast<UINT>(GetWindowLongA(item.hwndItem, GWL_USERDATA));
+  RECT area = item.rcItem;
+  if (IsRectEmpty(&area)) return;
+  const BackBuffer buffer(item.hDC, area);
+  FillRect(buffer.dc(), &area, GetSysColorBrush(back_colour));
+  const HGDIOBJ old = SelectObject(buffer.dc(), reinterpret_cast<HFONT>(font));
+  SetBkMode(buffer.dc(), TRANSPARENT);
+  if (format & DT_RIGHT) area.right -= kOverhang;
+  SetTextColor(buffer.dc(), GetSysColor(text_colour));
+  DrawTextA(buffer.dc(), text, size, &area, format);
+  SelectObject(buffer.dc(), old);
+}
+
+}  // namespace scourwell

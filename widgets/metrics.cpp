@@ -1,0 +1,74 @@
+#include "widgets/metrics.h"
+
+#include <algorithm>
+
+namespace scourwell {
+namespace {
+
+// The screen's device context with a font in it, for measuring.
+class MeasuringDc {
+ public:
+  explicit MeasuringDc(HFONT font) : dc_(GetDC(nullptr)), old_(SelectObject(dc_, font)) {}
+  MeasuringDc(const MeasuringDc&) = delete;
+  MeasuringDc& operator=(const MeasuringDc&) = delete;
+  ~MeasuringDc() {
+    SelectObject(dc_, old_);
+    ReleaseDC(nullptr, dc_);
+  }
+  HDC get() const { return dc_; }
+
+ private:
+  HDC dc_;
+  HGDIOBJ old_;
+};
+
+LOGFONTA MessageFont() {
+  NONCLIENTMETRICSA metrics = {};
+  metrics.cbSize = sizeof metrics;
+  if (SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) {
+    return metrics.lfMessageFont;
+  }
+  LOGFONTA font = {};
+  GetObjectA(GetStockObject(DEFAULT_GUI_FONT), sizeof font, &font);
+  return font;
+}
+
+HFONT Bold(LOGFONTA font, int percent) {
+  font.lfWeight = FW_BOLD;
+  font.lfHeight = MulDiv(font.lfHeight, percent, 100);
+  font.lfWidth = 0;
+  return CreateFontIndirectA(&font);
+}
+
+}  // namespace
+
+Metrics::Metrics() {
+  HDC screen = GetDC(nullptr);
+  dpi_ = GetDeviceCaps(screen, LOGPIXELSX);
+  ReleaseDC(nullptr, screen);
+  const LOGFONTA message = MessageFont();
+  font_.Reset(CreateFontIndirectA(&message));
+  bold_.Reset(Bold(message, 100));
+  heading_.Reset(Bold(message, 110));
+  title_.Reset(Bold(message, 170));
+  line_ = LineHeight(font());
+}
+
+int Metrics::LineHeight(HFONT font) const {
+  TEXTMETRICA metrics = {};
+  GetTextMetricsA(MeasuringDc(font).get(), &metrics);
+  return metrics.tmHeight;
+}
+
+int Metrics::TextWidth(HFONT font, const std::string& text) const {
+  SIZE size = {};
+  GetTextExtentPoint32A(MeasuringDc(font).get(), text.c_str(), static_cast<int>(text.size()),
+                        &size);
+  return size.cx;
+}
+
+int Metrics::ButtonWidth(const std::string& caption) const {
+  return std::max(Scale(79), TextWidth(caption) + Scale(22));
+}
+
+}  // namespace scourwell

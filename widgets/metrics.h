@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+
+#include "widgets/gdi_handles.h"
+
+namespace scourwell {
+
+// The sizes and fonts of the screen. Every length in a window comes through here, so that it
+// follows the system's resolution and message font.
+class Metrics {
+ public:
+  Metrics();
+
+  // A length given in pixels at 96 dots per inch.
+  int Scale(int pixels) const { return MulDiv(pixels, dpi_, 96); }
+  // A length given in 1/1440 inch.
+  int FromTwips(int units) const { return MulDiv(units, dpi_, 1440); }
+  // How often a picture drawn for 96 dots per inch is repeated: whole times only.
+  int PictureFactor() const { return dpi_ < 192 ? 1 : dpi_ / 96; }
+
+  HFONT font() const { return font_.get(); }
+  HFONT bold() const { return bold_.get(); }
+  HFONT heading() const { return heading_.get(); }  // bold, larger
+  HFONT title() const { return title_.get(); }      // bold, largest
+
+  int LineHeight(HFONT font) const;
+  int LineHeight() const { return line_; }
+  int TextWidth(HFONT font, const std::string& text) const;
+  int TextWidth(const std::string& text) const { return TextWidth(font(), text); }
+
+  int Margin() const { return Scale(11); }
+  int WideMargin() const { return Scale(20); }
+  int Gap() const { return Scale(7); }
+  int ButtonHeight() const { return line_ + Scale(10); }
+  // Wide enough for the caption and never narrower than its neighbours usually are.
+  int ButtonWidth(const std::string& caption) const;
+
+ private:
+  int dpi_ = 96;
+  int line_ = 0;
+  FontHandle font_;
+  FontHandle bold_;
+  FontHandle heading_;
+  FontHandle title_;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,32 @@
+#include "widgets/path_cell.h"
+
+namespace scourwell {
+namespace {
+
+// The colours of a row: full-row selection, grey while the list has no focus.
+struct RowColours {
+  int back;
+  int text;
+};
+
+RowColours ColoursOf(const ListView& list, int row) {
+  if (!list.IsSelected(row)) return {COLOR_WINDOW, COLOR_WINDOWTEXT};
+  if (GetFocus() == list.hwnd()) return {COLOR_HIGHLIGHT, COLOR_HIGHLIGHTTEXT};
+  return {COLOR_BTNFACE, COLOR_BTNTEXT};
+}
+
+}  // namespace
+
+void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::string& path) {
+  const auto row = static_cast<int>(draw.nmcd.dwItemSpec);
+  const RowColours colours = ColoursOf(list, row);
+  RECT cell = list.CellArea(row, draw.iSubItem);
+  FillRect(draw.nmcd.hdc, &cell, GetSysColorBrush(colours.back));
+  InflateRect(&cell, -list.CellPadding(), 0);
+  SetBkMode(draw.nmcd.hdc, TRANSPARENT);
+  SetTextColor(draw.nmcd.hdc, GetSysColor(colours.text));
+  DrawTextA(draw.nmcd.hdc, path.c_str(), static_cast<int>(path.size()), &cell,
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS);
+}
+
+}  // namespace scourwell

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "widgets/list_view.h"
+
+namespace scourwell {
+
+// Draws a cell that holds a path too long for its column: the list itself would cut off the end,
+// which is the part that tells most. For the custom draw of a list view in report style.
+void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::string& path);
+
+}  // namespace scourwell

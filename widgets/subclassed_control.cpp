@@ -1,0 +1,36 @@
+#include "widgets/subclassed_control.h"
+
+namespace scourwell {
+
+void SubclassedControl::Subclass(const WindowEnv& env, const char* name) {
+  log_ = &env.log;
+  name_ = name;
+  SetWindowLongA(hwnd(), GWL_USERDATA, reinterpret_cast<LONG>(this));
+  original_ = reinterpret_cast<WNDPROC>(
+      SetWindowLongA(hwnd(), GWL_WNDPROC, reinterpret_cast<LONG>(Procedure)));
+}
+
+// The control may outlive its object for a moment, while its parent is destroyed.
+void SubclassedControl::Release() {
+  if (!original_ || !hwnd_) return;
+  SetWindowLongA(hwnd(), GWL_WNDPROC, reinterpret_cast<LONG>(original_));
+  SetWindowLongA(hwnd(), GWL_USERDATA, 0);
+  hwnd_ = nullptr;
+}
+
+LRESULT CALLBACK SubclassedControl::Procedure(HWND hwnd, UINT message, WPARAM wparam,
+                                              LPARAM lparam) {
+  auto* control = reinterpret_cast<SubclassedControl*>(GetWindowLongA(hwnd, GWL_USERDATA));
+  if (!control) return DefWindowProcA(hwnd, message, wparam, lparam);
+  if (message == WM_NCDESTROY) {
+    const WNDPROC original = control->original_;
+    control->Release();
+    return CallWindowProcA(original, hwnd, message, wparam, lparam);
+  }
+  LRESULT result = 0;
+  static_cast<void>(control->log_->Trap(
+      control->name_, [&] { result = control->OnMessage(message, wparam, lparam); }));
+  return result;
+}
+
+}  // namespace scourwell

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "widgets/control.h"
+
+namespace scourwell {
+
+// A system control some of whose messages we handle first.
+class SubclassedControl : public Control {
+ protected:
+  virtual ~SubclassedControl() { Release(); }
+
+  // `name` stands in error records.
+  void Subclass(const WindowEnv& env, const char* name);
+  virtual LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    return Default(message, wparam, lparam);
+  }
+  // What the control itself does.
+  LRESULT Default(UINT message, WPARAM wparam, LPARAM lparam) const {
+    return CallWindowProcA(original_, hwnd(), message, wparam, lparam);
+  }
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam);
+  void Release();
+
+  ErrorLog* log_ = nullptr;
+  const char* name_ = nullptr;
+  WNDPROC original_ = nullptr;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/captions.h"
+#include "platform/error_log.h"
+#include "widgets/metrics.h"
+
+namespace scourwell {
+
+// What every window needs. Outlives them all.
+struct WindowEnv {
+  HINSTANCE instance;
+  const Metrics& metrics;
+  ErrorLog& log;
+  const Captions& captions;
+
+  std::string Text(int number) const { return captions.Text(number); }
+};
+
+}  // namespace scourwell
