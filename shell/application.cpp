@@ -44,6 +44,13 @@ void Application::Shutdown() {
   settings_store_.SaveSettings();
 }
 
+void Application::PrepareScan() {
+  if (scanning_) return;
+  ports_.pump.set_closing(false);
+  hits_.Clear();
+  progress_ = {};
+}
+
 void Application::RunScan() {
   Run([&] { session_.StartScan(scope_); });
 }
@@ -56,8 +63,6 @@ template <class Scan>
 void Application::Run(Scan&& scan) {
   if (scanning_) return;
   scanning_ = true;
-  ports_.pump.set_closing(false);
-  hits_.Clear();
   scan();
   progress_.loading = false;
   scanning_ = false;

@@ -42,6 +42,9 @@ class Application : private ScanReport, private LoadProgress {
   // The end of the run: an unsaved scan log goes, the settings are saved.
   void Shutdown();
 
+  // When the scan window opens: no results, the closing flag cleared. A Stop from here on counts,
+  // even before the scan has begun.
+  void PrepareScan();
   // A scan of what is ticked, or of one path. Returns when it has ended or was stopped.
   void RunScan();
   void RunScan(const std::string& path);

@@ -21,6 +21,13 @@ std::string ApplicationFolder() {
   return folder.size() == 2 ? folder + "\\" : folder;  // a drive root keeps its backslash
 }
 
+// A path as the user typed it, made absolute against the current folder.
+std::string FullPath(const std::string& path) {
+  char full[MAX_PATH] = "";
+  const DWORD size = GetFullPathNameA(path.c_str(), sizeof full, full, nullptr);
+  return size == 0 || size >= sizeof full ? path : std::string(full, size);
+}
+
 }  // namespace
 
 // The one place that makes real adapters.
@@ -40,5 +47,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR command_line, int show) 
   Application app({files, registry, profiles, clock, system, shell, versions, pump},
                   ApplicationFolder(), kProgramVersion);
   frmMain main_window(app, pump, instance);
-  return main_window.Run(ParseCommandLine(command_line ? command_line : ""), show);
+  CommandLine command = ParseCommandLine(command_line ? command_line : "");
+  if (command.kind == CommandLine::Kind::ScanPath) command.path = FullPath(command.path);
+  return main_window.Run(command, show);
 }
