@@ -32,9 +32,7 @@ class Clock {
   virtual std::string TimeOfDay(const LocalTime& time) = 0;
 
   // Short date, a blank, time of day.
-  std::string GeneralDate(const LocalTime& time) {
-    return ShortDate(time) + " " + TimeOfDay(time);
-  }
+  std::string GeneralDate(const LocalTime& time) { return ShortDate(time) + " " + TimeOfDay(time); }
 };
 
 }  // namespace scourwell

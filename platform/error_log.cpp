@@ -5,8 +5,8 @@ namespace scourwell {
 void ErrorLog::LogError(std::string_view message) {
   try {
     const LocalTime now = clock_.Now();
-    std::string record = "\"\r\nDate: " + clock_.ShortDate(now) + "\",\"Time: " +
-                         clock_.TimeOfDay(now) + "\",\"";
+    std::string record =
+        "\"\r\nDate: " + clock_.ShortDate(now) + "\",\"Time: " + clock_.TimeOfDay(now) + "\",\"";
     record.append(message).append("\"\r\n");
     const Outcome ignored = files_.Append(path_, record);
     static_cast<void>(ignored);

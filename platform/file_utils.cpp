@@ -83,7 +83,9 @@ bool IsPlainPath(std::string_view path) {
   if (path.find(':', 2) != std::string_view::npos) return false;
   while (!path.empty()) {
     const std::string_view part = path.substr(0, path.find('\\'));
-    if (part == "." || part == ".." || IsDeviceName(part)) return false;
+    // Windows drops dots and blanks at the end of a part: dots alone lead elsewhere.
+    const bool empty = part.find_first_not_of(". ") == std::string_view::npos;
+    if ((empty && !part.empty()) || IsDeviceName(part)) return false;
     path.remove_prefix(part.size() == path.size() ? part.size() : part.size() + 1);
   }
   return true;
@@ -125,9 +127,9 @@ Outcome DestroyOnReboot(const std::string& path, Files& files, System& system) {
   const std::string line = (entry.IsFolder() ? "DIRNUL=" : "NUL=") + short_path;
   const std::string ini = system.Environment("WinDir") + "\\WinInit.ini";
   std::string content;
-  if (files.Stat(ini, &entry).ok()) {
-    if (Outcome read = files.Read(ini, kWinInitLimit, &content); !read.ok()) return read;
-  }
+  Outcome present = files.Stat(ini, &entry);
+  if (present.ok()) present = files.Read(ini, kWinInitLimit, &content);
+  if (!present.ok() && present.number() != kFileNotFound) return present;
   return files.Replace(ini, WithRenameEntry(content, line));
 }
 

@@ -44,8 +44,7 @@ std::optional<std::string_view> KeyName(std::string_view line) {
 }  // namespace
 
 IniText::IniText(std::string content) : content_(std::move(content)) {
-  const auto lines = static_cast<std::size_t>(
-      std::count(content_.begin(), content_.end(), '\n'));
+  const auto lines = static_cast<std::size_t>(std::count(content_.begin(), content_.end(), '\n'));
   while (slots_.size() * 2 < lines * 3) Grow();
   entries_.reserve(lines);
   // No section counts before the first one and in a repeated one.

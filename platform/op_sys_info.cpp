@@ -43,11 +43,16 @@ std::string COpSysInfo::Version() const {
 
 std::string COpSysInfo::ProductTypeName() const {
   switch (record_.product_type) {
-    case 0: return "Unknown";
-    case 1: return "NT Workstation";
-    case 2: return "Domain Controller";
-    case 3: return "NT Server";
-    default: return "";
+    case 0:
+      return "Unknown";
+    case 1:
+      return "NT Workstation";
+    case 2:
+      return "Domain Controller";
+    case 3:
+      return "NT Server";
+    default:
+      return "";
   }
 }
 

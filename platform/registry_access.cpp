@@ -65,9 +65,12 @@ std::string ValueToText(const RegValue& value) {
   switch (value.type) {
     case kRegText:
     case kRegExpandText:
-    case kRegMultiText: return std::string(TrimNull(value.data));
-    case kRegDword: return DwordAsText(value.data);
-    default: return BytesAsText(value.data);
+    case kRegMultiText:
+      return std::string(TrimNull(value.data));
+    case kRegDword:
+      return DwordAsText(value.data);
+    default:
+      return BytesAsText(value.data);
   }
 }
 

@@ -53,8 +53,7 @@ class CRegister {
   explicit CRegister(Registry& registry) : registry_(registry) {}
 
   // With a value name: deletes that value ("*" is the unnamed one). Without: deletes the key.
-  void DeleteEntry(RootKey root, std::string_view path, const std::string& name,
-                   RegStatus* status);
+  void DeleteEntry(RootKey root, std::string_view path, const std::string& name, RegStatus* status);
   std::string QueryString(RootKey root, std::string_view path, const std::string& name);
   // Writes a text without a terminating NUL; the key is created when missing.
   RegStatus SetString(RootKey root, std::string_view path, const std::string& name,

@@ -90,8 +90,7 @@ SystemFolders ComputeSystemFolders(System& system, Registry& registry, const COp
   return folders;
 }
 
-std::optional<std::string> ExpandFolderToken(std::string_view text,
-                                             const SystemFolders& folders) {
+std::optional<std::string> ExpandFolderToken(std::string_view text, const SystemFolders& folders) {
   for (const Token& token : kTokens) {
     if (FindNoCase(text, token.token) == std::string_view::npos) continue;
     const std::string& folder =

@@ -44,8 +44,8 @@ bool EqualsNoCase(std::string_view a, std::string_view b) {
 int CompareNoCase(std::string_view a, std::string_view b) {
   const std::size_t common = std::min(a.size(), b.size());
   for (std::size_t i = 0; i < common; ++i) {
-    const int difference = static_cast<unsigned char>(Fold(a[i])) -
-                           static_cast<unsigned char>(Fold(b[i]));
+    const int difference =
+        static_cast<unsigned char>(Fold(a[i])) - static_cast<unsigned char>(Fold(b[i]));
     if (difference != 0) return difference;
   }
   return a.size() < b.size() ? -1 : a.size() > b.size() ? 1 : 0;

@@ -4,6 +4,7 @@
 
 #include "platform/file_utils.h"
 #include "platform/text.h"
+#include "scan/name_pattern.h"
 
 namespace scourwell {
 namespace {
@@ -120,8 +121,8 @@ Outcome DriveScan::ListFolder(Level* level, std::vector<Match>* matches) {
     nominations.clear();
     index_.Nominate(entry, &nominations);
     for (const SignatureIndex::Nomination& nomination : nominations) {
-      matches->push_back({nomination.row, nomination.certain,
-                          nomination.certain ? entry.name : std::string(), entry.IsLink()});
+      matches->push_back(
+          {nomination.row, nomination.certain, nomination.certain ? ToHit(entry) : Hit()});
     }
     if (!entry.IsFolder()) {
       ++progress_.scanned_files;
@@ -168,7 +169,7 @@ void DriveScan::subFileSearch(const Level& level, std::vector<Match>* matches) {
     for (const Match& match : *matches) {
       if (!pump_.Next()) return;
       if (match.certain) {
-        Report(level, match.row, match.name, match.link);
+        Report(level, match.row, {}, match.hit);
       } else if (match.row != confirmed) {
         confirmed = match.row;
         Confirm(level, match.row);
@@ -178,32 +179,30 @@ void DriveScan::subFileSearch(const Level& level, std::vector<Match>* matches) {
 }
 
 void DriveScan::Confirm(const Level& level, std::uint32_t row) {
-  const std::string signature(index_.Row(row).sub2);
+  const std::string signature = NormalizeSignature(index_.Row(row).sub2);
   if (PassesThroughLink(level.reachable, signature)) return;
-  const std::string pattern = AddPathToFileName(level.reachable, signature);
-  if (pattern.size() > kLongestPath) return;
+  std::string pattern = AddPathToFileName(level.reachable, signature);
+  if (pattern.size() > kLongestPath) {
+    const std::string folder = files_.ShortPath(level.reachable);
+    if (!folder.empty()) pattern = AddPathToFileName(folder, signature);
+  }
   // The names lie in the folder that the signature's own path leads to.
-  const std::string_view below = FolderPart(signature);
-  const std::string prefix = below.empty() ? std::string() : std::string(below) + "\\";
+  const std::string below(FolderPart(signature));
   const Outcome listed = files_.List(pattern, [&](const DirEntry& entry) {
     if (!pump_.Next()) return false;
-    if (entry.IsFolder() == index_.IsFolderRow(row)) {
-      Report(level, row, prefix + entry.name, entry.IsLink());
-    }
+    if (entry.IsFolder() == index_.IsFolderRow(row)) Report(level, row, below, ToHit(entry));
     return true;
   });
   if (listed.ok() || listed.number() == kPathNotFound) return;  // the path may just not be there
-  log_.LogFailure(Outcome(listed)
-                      .With("retFolderName: ", signature)
-                      .With("sPath: ", level.reachable),
-                  "subFileSearch");
+  log_.LogFailure(
+      Outcome(listed).With("retFolderName: ", signature).With("sPath: ", level.reachable),
+      "subFileSearch");
 }
 
 // True when a folder on the way of a relative signature is a link: its content lies elsewhere.
 bool DriveScan::PassesThroughLink(const std::string& folder, std::string_view signature) {
   for (std::size_t slash = signature.find('\\'); slash != std::string_view::npos;
        slash = signature.find('\\', slash + 1)) {
-    if (slash == 0) continue;
     DirEntry entry;
     const std::string part = AddPathToFileName(folder, signature.substr(0, slash));
     if (files_.Stat(part, &entry).ok() && entry.IsLink()) return true;
@@ -211,36 +210,49 @@ bool DriveScan::PassesThroughLink(const std::string& folder, std::string_view si
   return false;
 }
 
-void DriveScan::Report(const Level& level, std::uint32_t row, const std::string& name,
-                       bool link) {
+DriveScan::Hit DriveScan::ToHit(const DirEntry& entry) {
+  return {entry.name, entry.short_name, entry.IsLink()};
+}
+
+// `below` is the way from the level to the folder of the hit, mostly empty.
+void DriveScan::Report(const Level& level, std::uint32_t row, const std::string& below,
+                       const Hit& hit) {
   const SignatureRow signature = index_.Row(row);
-  std::string path = AddPathToFileName(level.path, name);
-  if (IsLossy(path) || path.size() > kLongestPath) {
-    // The user, and the removal, need a path that leads there.
-    const std::string reachable = files_.ShortPath(AddPathToFileName(level.reachable, name));
-    if (!reachable.empty()) path = reachable;
+  const auto join = [&](const std::string& folder, const std::string& name) {
+    return AddPathToFileName(below.empty() ? folder : AddPathToFileName(folder, below), name);
+  };
+  const std::string& name =
+      IsLossy(hit.name) && !hit.short_name.empty() ? hit.short_name : hit.name;
+  const std::string reachable = join(level.reachable, name);
+  std::string path = join(level.path, name);
+  // The user, and the removal, need a path that leads there.
+  if (IsLossy(path)) path = reachable;
+  if (path.size() > kLongestPath) {
+    path = join(level.reachable, hit.short_name.empty() ? name : hit.short_name);
+    const std::string short_path = files_.ShortPath(path);
+    if (!short_path.empty()) path = short_path;
   }
   if (!index_.IsFolderRow(row)) {
     ReportOnce(sink_, kSpyFile, kCodeFile, path, signature.sub1);
     return;
   }
   ReportOnce(sink_, kSpyFolder, kCodeFolder, path, signature.sub1);
-  if (!link) FindFiles(path, AddPathToFileName(level.reachable, name), signature.sub1);
+  if (!hit.link) FindFiles(path, reachable, signature.sub1);
 }
 
 // Every file right inside a spy folder is reported with it.
 void DriveScan::FindFiles(const std::string& folder, const std::string& reachable,
                           std::string_view spy) {
   static_cast<void>(log_.Trap("FindFiles", [&]() -> Outcome {
-    Outcome listed = files_.List(AddPathToFileName(reachable, kEverything),
-                                 [&](const DirEntry& entry) {
-                                   if (!pump_.Next()) return false;
-                                   if (!entry.IsFolder()) {
-                                     ReportOnce(sink_, kSpyFile, kCodeFile,
-                                                AddPathToFileName(folder, entry.name), spy);
-                                   }
-                                   return true;
-                                 });
+    Outcome listed =
+        files_.List(AddPathToFileName(reachable, kEverything), [&](const DirEntry& entry) {
+          if (!pump_.Next()) return false;
+          if (entry.IsFolder()) return true;
+          const std::string& name =
+              IsLossy(entry.name) && !entry.short_name.empty() ? entry.short_name : entry.name;
+          ReportOnce(sink_, kSpyFile, kCodeFile, AddPathToFileName(folder, name), spy);
+          return true;
+        });
     return listed.ok() ? Outcome() : std::move(listed).With("sPath: ", folder);
   }));
 }
@@ -261,14 +273,14 @@ void DriveScan::SearchOneFile(const std::string& path) {
     bool certain = nomination.certain;
     if (!certain) {
       const Outcome listed = files_.List(
-          AddPathToFileName(level.path, index_.Row(nomination.row).sub2),
+          AddPathToFileName(level.path, NormalizeSignature(index_.Row(nomination.row).sub2)),
           [&](const DirEntry& found) {
             certain = EqualsNoCase(found.name, entry.name);
             return !certain;
           });
       if (!listed.ok()) continue;
     }
-    if (certain) Report(level, nomination.row, entry.name, entry.IsLink());
+    if (certain) Report(level, nomination.row, {}, ToHit(entry));
   }
 }
 

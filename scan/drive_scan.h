@@ -19,8 +19,8 @@ namespace scourwell {
 // searched rows of `list`, which must stay unchanged as long as the pass lives.
 class DriveScan {
  public:
-  DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& captions,
-            DetectionSink& sink, ScanProgress& progress, const SignatureList& list);
+  DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& captions, DetectionSink& sink,
+            ScanProgress& progress, const SignatureList& list);
 
   // Walks the ticked drives that are ready, in tree order.
   void ScanDrives(const ScanScope& scope);
@@ -32,6 +32,12 @@ class DriveScan {
     std::string name;
     std::string short_name;
   };
+  // An entry that answers a row.
+  struct Hit {
+    std::string name;
+    std::string short_name;
+    bool link = false;
+  };
   // One folder on the way down.
   struct Level {
     std::string path;       // as shown and reported
@@ -42,8 +48,7 @@ class DriveScan {
   struct Match {
     std::uint32_t row;
     bool certain;
-    std::string name;
-    bool link;
+    Hit hit;
   };
 
   void subShowFolderList(const std::string& root);
@@ -53,9 +58,10 @@ class DriveScan {
   void EnterSubfolder(std::vector<Level>* levels);
   void subFileSearch(const Level& level, std::vector<Match>* matches);
   void Confirm(const Level& level, std::uint32_t row);
-  void Report(const Level& level, std::uint32_t row, const std::string& name, bool link);
+  void Report(const Level& level, std::uint32_t row, const std::string& below, const Hit& hit);
   void FindFiles(const std::string& folder, const std::string& reachable, std::string_view spy);
   bool PassesThroughLink(const std::string& folder, std::string_view signature);
+  static Hit ToHit(const DirEntry& entry);
   void SearchOneFile(const std::string& path);
 
   Files& files_;

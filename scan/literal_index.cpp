@@ -12,9 +12,7 @@ void LiteralIndex::Add(std::uint32_t id, std::string_view literal) {
 void LiteralIndex::Freeze() {
   // How many literals hold each run: the rarest one files a literal best.
   std::unordered_map<std::uint64_t, std::uint32_t> counts;
-  const auto key = [](std::string_view run) {
-    return std::uint64_t{Pack(run)} << 3 | run.size();
-  };
+  const auto key = [](std::string_view run) { return std::uint64_t{Pack(run)} << 3 | run.size(); };
   const auto for_runs = [](const Pending& pending, auto&& visit) {
     const std::size_t size = std::min(kRun, pending.literal.size());
     for (std::size_t at = 0; at + size <= pending.literal.size(); ++at) {

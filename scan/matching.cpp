@@ -12,8 +12,7 @@ Outcome Refused(const std::string& path) {
 
 }  // namespace
 
-void Matching::checkIfFileExistsThenAddToSpyList(const std::string& spy,
-                                                 const std::string& path) {
+void Matching::checkIfFileExistsThenAddToSpyList(const std::string& spy, const std::string& path) {
   static_cast<void>(log_.Trap("checkIfFileExistsThenAddToSpyList", [&]() -> Outcome {
     const std::string full = CleanDirString(path, folders_);
     if (full.empty()) return {};

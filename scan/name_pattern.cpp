@@ -1,7 +1,5 @@
 #include "scan/name_pattern.h"
 
-#include <algorithm>
-
 #include "platform/file_utils.h"
 
 namespace scourwell {
@@ -34,20 +32,27 @@ bool IsUsablePart(std::string_view part) {
 
 }  // namespace
 
+std::string NormalizeSignature(std::string_view signature) {
+  std::string result;
+  for (;;) {
+    const std::size_t slash = signature.find('\\');
+    std::string_view part = signature.substr(0, slash);
+    if (slash == std::string_view::npos) return result.append(part);
+    // Dots alone name the folder itself or its parent: they stay, to be refused.
+    if (const std::string_view bare = WithoutTail(part); !bare.empty()) part = bare;
+    if (!part.empty()) result.append(part).append("\\");
+    signature.remove_prefix(slash + 1);
+  }
+}
+
 PatternKind ClassifyPattern(std::string_view signature) {
   bool relative = false;
   for (std::string_view rest = signature;;) {
     const std::size_t slash = rest.find('\\');
     const std::string_view part = rest.substr(0, slash);
-    const bool last = slash == std::string_view::npos;
-    if (part.empty() && !last) {  // Windows reads "\\" as "\"
-      relative = true;
-      rest.remove_prefix(1);
-      continue;
-    }
     if (!IsUsablePart(part)) return PatternKind::Unusable;
     const bool wild = part.find_first_of("*?") != std::string_view::npos;
-    if (last) {
+    if (slash == std::string_view::npos) {
       if (relative) return PatternKind::Relative;
       // A name that Windows would shorten is left to the system's listing.
       return wild || WithoutTail(part).size() != part.size() ? PatternKind::Wildcard
@@ -106,7 +111,6 @@ std::string_view RequiredLiteral(std::string_view pattern) {
 }
 
 std::string_view FirstPart(std::string_view signature) {
-  signature.remove_prefix(std::min(signature.find_first_not_of('\\'), signature.size()));
   return signature.substr(0, signature.find('\\'));
 }
 

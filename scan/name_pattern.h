@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace scourwell {
@@ -12,6 +13,11 @@ enum class PatternKind {
   Unusable,  // nothing that a directory listing could find, or not safe to ask for
 };
 
+// One spelling for what Windows takes as the same: no "\" at the front or doubled, no dots and
+// blanks at the end of a folder's name. The last part stays as it is.
+std::string NormalizeSignature(std::string_view signature);
+
+// Of a normalized signature.
 PatternKind ClassifyPattern(std::string_view signature);
 
 // True when a listing with `pattern` could yield `name` on some Windows. The systems differ in
@@ -22,7 +28,7 @@ bool MayMatch(std::string_view pattern, std::string_view name);
 // The longest run of characters that every name which MayMatch admits must hold; may be empty.
 std::string_view RequiredLiteral(std::string_view pattern);
 
-// The first part of a relative signature, without leading "\".
+// The first part of a normalized signature.
 std::string_view FirstPart(std::string_view signature);
 
 }  // namespace scourwell

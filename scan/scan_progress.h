@@ -7,9 +7,9 @@ namespace scourwell {
 
 // What the progress pane shows, as the scan writes it. The pane reads it whenever the scan yields.
 struct ScanProgress {
-  std::string lblScanStatus;  // overall state
-  std::string lblScanOption;  // current phase
-  std::string lblScan;        // current item or key
+  std::string lblScanStatus;      // overall state
+  std::string lblScanOption;      // current phase
+  std::string lblScan;            // current item or key
   std::uint32_t lblSFolders = 0;  // folders entered by the walk of this pass
   std::uint32_t lblFScan = 0;     // folders searched in this pass
 

@@ -22,10 +22,14 @@ constexpr FixedNode kFixedNodes[] = {
 // The caption of a drive's type; 0 for drives that are not scanned.
 int DriveCaption(DriveKind kind) {
   switch (kind) {
-    case DriveKind::Removable: return 1908;
-    case DriveKind::Fixed: return 1909;
-    case DriveKind::Network: return 1910;
-    default: return 0;
+    case DriveKind::Removable:
+      return 1908;
+    case DriveKind::Fixed:
+      return 1909;
+    case DriveKind::Network:
+      return 1910;
+    default:
+      return 0;
   }
 }
 

@@ -27,7 +27,7 @@ class ScanScope {
 
   struct Node {
     std::string text;
-    std::string key;  // "MyComputer", "ScanMemory", ...; a drive's key is its root, "C:\"
+    std::string key;         // "MyComputer", "ScanMemory", ...; a drive's key is its root, "C:\"
     std::size_t parent = 0;  // 0: the root
     DriveKind drive = DriveKind::Unknown;
     bool ticked = false;

@@ -42,9 +42,14 @@ void ScanSession::StartScan(const ScanScope& scope) {
 
 void ScanSession::ScanNode(const ScanScope& scope, std::size_t number) {
   switch (number) {
-    case ScanScope::kScanRegistry: CheckRegistryScope(scope); return;
-    case ScanScope::kScanDrives: ScanDrivesForAll(scope); return;
-    default: return;  // the other nodes are read by the phases
+    case ScanScope::kScanRegistry:
+      CheckRegistryScope(scope);
+      return;
+    case ScanScope::kScanDrives:
+      ScanDrivesForAll(scope);
+      return;
+    default:
+      return;  // the other nodes are read by the phases
   }
 }
 
@@ -65,7 +70,8 @@ void ScanSession::ScanFolder(const std::string& path) {
     Begin();
     DirEntry entry;
     Outcome found = parts_.files.Stat(path, &entry);
-    if (!found.ok() && !FolderExists(parts_.files, path)) {  // a share has no entry of its own
+    // A network share has no entry of its own, but it can be listed.
+    if (!found.ok() && !FolderExists(parts_.files, path)) {
       parts_.shell.Message(parts_.captions.Text(17031) + "\r\n" + path,
                            parts_.captions.Text(17000));
       return std::move(found).With("sPath: ", path);

@@ -45,14 +45,19 @@ SignatureIndex::SignatureIndex(const SignatureList& list) : list_(list) {
 }
 
 void SignatureIndex::File(std::uint32_t row, std::string_view signature) {
-  const std::string folded = Upper(signature);
+  const std::string folded = Upper(NormalizeSignature(signature));
   switch (ClassifyPattern(folded)) {
-    case PatternKind::Name: names_.Add(folded, row); return;
-    case PatternKind::Relative: first_parts_.Add(std::string(FirstPart(folded)), row); return;
+    case PatternKind::Name:
+      names_.Add(folded, row);
+      return;
+    case PatternKind::Relative:
+      first_parts_.Add(std::string(FirstPart(folded)), row);
+      return;
     case PatternKind::Unusable:
       if (unusable_++ == 0) first_unusable_ = signature;
       return;
-    case PatternKind::Wildcard: break;
+    case PatternKind::Wildcard:
+      break;
   }
   const std::string_view literal = RequiredLiteral(folded);
   const auto number = static_cast<std::uint32_t>(patterns_.size());
@@ -79,8 +84,7 @@ void SignatureIndex::NominateName(std::string_view name, bool folder, bool link,
   });
   // What lies below a link belongs to another place: relative rows do not reach through it.
   if (folder && !link) {
-    first_parts_.Find(name,
-                      [&](std::uint32_t row) { nominations->push_back({row, false}); });
+    first_parts_.Find(name, [&](std::uint32_t row) { nominations->push_back({row, false}); });
   }
   const auto check = [&](std::uint32_t number) {
     const std::uint32_t row = pattern_rows_[number];

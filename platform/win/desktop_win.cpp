@@ -26,7 +26,7 @@ SYSTEMTIME ToSystemTime(const LocalTime& time) {
 }
 
 LocalTime FromSystemTime(const SYSTEMTIME& time) {
-  return {time.wYear, time.wMonth,  time.wDay,         time.wHour,
+  return {time.wYear,   time.wMonth,  time.wDay,         time.wHour,
           time.wMinute, time.wSecond, time.wMilliseconds};
 }
 
@@ -73,16 +73,16 @@ std::string ClockWin::TimeOfDay(const LocalTime& time) {
 std::string ProfilesWin::ReadProfile(const std::string& section, const std::string& key,
                                      const std::string& file) {
   char value[2000];
-  const DWORD size = GetPrivateProfileStringA(section.c_str(), key.c_str(), "", value,
-                                              sizeof value, file.c_str());
+  const DWORD size =
+      GetPrivateProfileStringA(section.c_str(), key.c_str(), "", value, sizeof value, file.c_str());
   return std::string(value, size);
 }
 
 Outcome ProfilesWin::WriteProfile(const std::string& section, const std::string& key,
                                   const std::optional<std::string>& value,
                                   const std::string& file) {
-  const BOOL written = WritePrivateProfileStringA(
-      section.c_str(), key.c_str(), value ? value->c_str() : nullptr, file.c_str());
+  const BOOL written = WritePrivateProfileStringA(section.c_str(), key.c_str(),
+                                                  value ? value->c_str() : nullptr, file.c_str());
   return written ? Outcome() : FailedWith(GetLastError());
 }
 
@@ -107,8 +107,8 @@ Outcome ShellWin::CallExport(const std::string& library, const std::string& name
   const ModuleHandle module(LoadLibraryA(library.c_str()));
   if (!module) return Outcome::Failed(kFileNotFound).With("Library: ", library);
   using Entry = HRESULT(WINAPI*)();
-  const auto entry = reinterpret_cast<Entry>(
-      reinterpret_cast<void*>(GetProcAddress(module.get(), name.c_str())));
+  const auto entry =
+      reinterpret_cast<Entry>(reinterpret_cast<void*>(GetProcAddress(module.get(), name.c_str())));
   if (!entry) return Outcome::Failed(kInvalidCall).With("Library: ", library);
   const HRESULT result = entry();
   return SUCCEEDED(result) ? Outcome() : Outcome::Failed(result).With("Library: ", library);

@@ -12,7 +12,8 @@ namespace scourwell {
 namespace {
 
 constexpr std::size_t kLongestPath = MAX_PATH - 1;
-constexpr DWORD kNoAttributes = 0xFFFFFFFF;  // the headers' own name is newer than the oldest target
+constexpr DWORD kNoAttributes =
+    0xFFFFFFFF;  // the headers' own name is newer than the oldest target
 
 FileTime ToFileTime(const FILETIME& time) {
   return static_cast<FileTime>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
@@ -86,13 +87,20 @@ Outcome SwapIn(const std::string& fresh, const std::string& path) {
 
 DriveKind ToKind(UINT type) {
   switch (type) {
-    case DRIVE_NO_ROOT_DIR: return DriveKind::NoRoot;
-    case DRIVE_REMOVABLE: return DriveKind::Removable;
-    case DRIVE_FIXED: return DriveKind::Fixed;
-    case DRIVE_REMOTE: return DriveKind::Network;
-    case DRIVE_CDROM: return DriveKind::Optical;
-    case DRIVE_RAMDISK: return DriveKind::RamDisk;
-    default: return DriveKind::Unknown;
+    case DRIVE_NO_ROOT_DIR:
+      return DriveKind::NoRoot;
+    case DRIVE_REMOVABLE:
+      return DriveKind::Removable;
+    case DRIVE_FIXED:
+      return DriveKind::Fixed;
+    case DRIVE_REMOTE:
+      return DriveKind::Network;
+    case DRIVE_CDROM:
+      return DriveKind::Optical;
+    case DRIVE_RAMDISK:
+      return DriveKind::RamDisk;
+    default:
+      return DriveKind::Unknown;
   }
 }
 
@@ -167,8 +175,7 @@ Outcome FilesWin::Append(const std::string& path, std::string_view text) {
   if (!file) return FailedWith(GetLastError());
   LONG high = 0;
   SetLastError(NO_ERROR);
-  if (SetFilePointer(file.get(), 0, &high, FILE_END) == 0xFFFFFFFF &&
-      GetLastError() != NO_ERROR) {
+  if (SetFilePointer(file.get(), 0, &high, FILE_END) == 0xFFFFFFFF && GetLastError() != NO_ERROR) {
     return FailedWith(GetLastError());
   }
   return WriteAll(file.get(), text);

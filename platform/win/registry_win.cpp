@@ -8,10 +8,10 @@
 namespace scourwell {
 namespace {
 
-constexpr DWORD kLongestKeyName = 256;         // with its NUL; key names have at most 255 characters
-constexpr DWORD kLongestValueName = 16384;     // with its NUL
-constexpr DWORD kLargestData = 64u << 20;      // bytes; more is a damaged value
-constexpr int kGrowthTries = 8;                // a value that grows while it is read
+constexpr DWORD kLongestKeyName = 256;      // with its NUL; key names have at most 255 characters
+constexpr DWORD kLongestValueName = 16384;  // with its NUL
+constexpr DWORD kLargestData = 64u << 20;   // bytes; more is a damaged value
+constexpr int kGrowthTries = 8;             // a value that grows while it is read
 
 RegStatus Open(RootKey root, const std::string& path, REGSAM rights, KeyHandle* key) {
   HKEY opened = nullptr;
@@ -46,13 +46,20 @@ RegStatus ReadData(HKEY key, const char* name, RegValue* value) {
 
 HKEY RegistryWin::Handle(RootKey root) {
   switch (root) {
-    case RootKey::ClassesRoot: return HKEY_CLASSES_ROOT;
-    case RootKey::CurrentUser: return HKEY_CURRENT_USER;
-    case RootKey::LocalMachine: return HKEY_LOCAL_MACHINE;
-    case RootKey::Users: return HKEY_USERS;
-    case RootKey::PerformanceData: return HKEY_PERFORMANCE_DATA;
-    case RootKey::CurrentConfig: return HKEY_CURRENT_CONFIG;
-    case RootKey::DynData: return HKEY_DYN_DATA;
+    case RootKey::ClassesRoot:
+      return HKEY_CLASSES_ROOT;
+    case RootKey::CurrentUser:
+      return HKEY_CURRENT_USER;
+    case RootKey::LocalMachine:
+      return HKEY_LOCAL_MACHINE;
+    case RootKey::Users:
+      return HKEY_USERS;
+    case RootKey::PerformanceData:
+      return HKEY_PERFORMANCE_DATA;
+    case RootKey::CurrentConfig:
+      return HKEY_CURRENT_CONFIG;
+    case RootKey::DynData:
+      return HKEY_DYN_DATA;
   }
   return nullptr;
 }
@@ -81,8 +88,7 @@ RegStatus RegistryWin::SetValue(RootKey root, const std::string& path, const std
                         static_cast<DWORD>(value.data.size()));
 }
 
-RegStatus RegistryWin::DeleteValue(RootKey root, const std::string& path,
-                                   const std::string& name) {
+RegStatus RegistryWin::DeleteValue(RootKey root, const std::string& path, const std::string& name) {
   KeyHandle key;
   const RegStatus status = Open(root, path, KEY_SET_VALUE, &key);
   return status == kRegOk ? RegDeleteValueA(key.get(), name.c_str()) : status;
@@ -106,8 +112,7 @@ RegStatus RegistryWin::EnumKeys(RootKey root, const std::string& path, const Vis
   }
 }
 
-RegStatus RegistryWin::EnumValues(RootKey root, const std::string& path,
-                                  const VisitValue& visit) {
+RegStatus RegistryWin::EnumValues(RootKey root, const std::string& path, const VisitValue& visit) {
   KeyHandle key;
   const RegStatus status = Open(root, path, KEY_QUERY_VALUE, &key);
   if (status != kRegOk) return status;
