@@ -1,0 +1,139 @@
+#include "shell/application.h"
+
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr char kLog[] = "C:\\App\\ScanLog05-03-04-50000.txt";
+
+struct Program {
+  Program() {
+    m.File("C:\\App\\Ini\\update.ref",
+           Definitions()
+               .Entry("SAFO", {"SAFOT", "SAFOS"}, {"Bad Bar", "badbar"})
+               .Entry("SAFO", {"SAFOTD", "SAFOSD"}, {"Direct", "%WIN%\\direct"})
+               .Entry("SAFI", {"SAFIT", "SAFIS"}, {"Pop", "pop*.exe"})
+               .Value("NTOT", "SAFOTNUM", "1")
+               .Value("NTOT", "SAFOTDNUM", "1")
+               .Value("NTOT", "SAFITNUM", "1")
+               .Text());
+    m.File("C:\\Programs\\BadBar\\bar.dll");
+    m.File("C:\\Programs\\popup.exe");
+    m.File("C:\\Programs\\letter.txt");
+    m.Folder("C:\\WINDOWS\\direct");
+  }
+  FakeMachine m;
+  Application app{{m.files, m.registry, m.profiles, m.clock, m.system, m.shell, m.versions, m.pump},
+                  kAppFolder,
+                  {1, 0, 7}};
+
+  std::string Hits() {
+    std::string text;
+    for (std::size_t i = 0; i < app.hits().size(); ++i) {
+      text += app.hits().Text(i, HitList::kSystem) + ": " + app.hits().Text(i, HitList::kDetails) +
+              "\n";
+    }
+    return text;
+  }
+  std::size_t Finished() {
+    const std::string log = m.Content(kLog);
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = log.find("Application Version: 1.0.7", at)) != log.npos; ++at) {
+      ++count;
+    }
+    return count;
+  }
+};
+
+}  // namespace
+
+TEST_SUITE("application") {
+  TEST_CASE("a whole scan, from start to shutdown") {
+    Program p;
+    p.m.File(kErrorLog, std::string(1'000'001, 'x'));
+    p.app.Start();
+    CHECK_FALSE(p.m.Has(kErrorLog));
+    CHECK(p.app.Title() == "Scourwell 1.0 Rev.7");
+    p.app.FillTree();
+    p.app.PrepareScan();
+    p.app.RunScan();
+    CHECK(p.Hits() ==
+          "Direct: C:\\WINDOWS\\direct\nBad Bar: C:\\Programs\\BadBar\n"
+          "Bad Bar: C:\\Programs\\BadBar\\bar.dll\nPop: C:\\Programs\\popup.exe\n");
+    CHECK(p.app.hits().checked_count() == 4);
+    CHECK(p.app.session().finished());
+    CHECK_FALSE(p.app.scanning());
+    CHECK_FALSE(p.app.progress().loading);
+    CHECK(p.app.statistics().getNumberOfScans() == "1");
+    CHECK(p.app.statistics().getLastSystemScanDate() == "05-03-04 @ 12:00:00 PM");
+    const std::string log = p.m.Content(kLog);
+    CHECK(log.find("Suspicious folders  found:2\r\n") != std::string::npos);
+    CHECK(log.find("Suspicious files found:2\r\n") != std::string::npos);
+    CHECK(log.find("Components found: 4\r\n") != std::string::npos);
+    p.m.files.Remove("C:\\Programs\\popup.exe");
+    p.app.PrepareScan();
+    p.app.RunScan("C:\\Programs");
+    CHECK(p.app.hits().size() == 3);  // direct entries are checked again
+    CHECK(p.Finished() == 2);
+    CHECK(p.app.statistics().getNumberOfScans() == "2");
+    CHECK(p.m.Errors() == "");
+    p.app.Shutdown();
+    CHECK(p.m.Has(kLog));
+    p.app.settings().AutoSave = false;
+    p.app.Shutdown();
+    CHECK_FALSE(p.m.Has(kLog));
+    CHECK(p.m.registry.Text(RootKey::CurrentUser, "Software\\Scourwell\\AutoSave", "AutoSave") ==
+          "False");
+    p.app.Shutdown();  // without a log
+    CHECK(p.m.Errors() == "");
+  }
+
+  TEST_CASE("a stopped scan leaves no log and no count, the next one starts afresh") {
+    Program p;
+    p.app.Start();
+    p.app.FillTree();
+    p.m.pump.on_yield = [&] { p.app.RunScan(); };  // a scan does not start inside a scan
+    p.m.pump.close_at = 8;
+    p.app.PrepareScan();
+    p.app.RunScan();
+    CHECK_FALSE(p.app.session().finished());
+    CHECK_FALSE(p.m.Has(kLog));
+    CHECK(p.app.statistics().getNumberOfScans() == "0");
+    p.m.pump.on_yield = nullptr;
+    p.app.PrepareScan();
+    p.app.RunScan();
+    CHECK(p.app.session().finished());
+    CHECK(p.app.hits().size() == 4);
+    CHECK(p.Finished() == 1);
+  }
+
+  TEST_CASE("without definitions a scan finds nothing and finishes") {
+    Program p;
+    p.m.files.Remove("C:\\App\\Ini");
+    p.app.Start();
+    p.app.FillTree();
+    p.app.PrepareScan();
+    p.app.RunScan();
+    CHECK(p.app.session().finished());
+    CHECK(p.Hits() == "");
+    CHECK(p.m.Errors() ==
+          "Error Description: File not found, Error Number: 53, "
+          "Method: checkUpdateIni, File: C:\\App\\Ini\\update.ref\n");
+  }
+
+  TEST_CASE("ignored detections are counted, not listed") {
+    Program p;
+    p.m.File("C:\\App\\ignorespylist.txt", "\"Spy File\",\"C:\\Programs\\popup.exe\",\"Pop\"\r\n");
+    p.app.Start();
+    p.app.FillTree();
+    p.app.PrepareScan();
+    p.app.RunScan();
+    CHECK(p.app.hits().size() == 3);
+    CHECK(p.app.hits().counters().ignored == 1);
+    CHECK(p.m.Content(kLog).find("popup.exe") == std::string::npos);
+    CHECK(p.m.Content(kLog).find("Suspicious files found:2\r\n") != std::string::npos);
+  }
+}
+
+}  // namespace scourwell::test

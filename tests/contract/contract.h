@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/profiles.h"
+#include "platform/registry.h"
+
+namespace scourwell::test {
+
+// The machine that a contract test runs on: the fake one or the real one. A new one is made for
+// every test case; its folder and its key exist and are empty.
+class ContractMachine {
+ public:
+  virtual ~ContractMachine() = default;
+
+  virtual Files& files() = 0;
+  virtual Registry& registry() = 0;
+  virtual Profiles& profiles() = 0;
+  virtual Clock& clock() = 0;
+
+  // E.g. "C:\contract": an absolute path of at most 40 characters that does not end in "\".
+  virtual std::string folder() = 0;
+  // A path below HKEY_CURRENT_USER, without "\" at either end.
+  virtual std::string key() = 0;
+
+  // Made without help of the ports under test. The parent folder exists.
+  virtual void MakeFolder(const std::string& path) = 0;
+  virtual void MakeFile(const std::string& path, const std::string& content) = 0;
+  // Some of kReadOnly, kHidden and kSystem, and no others of these.
+  virtual void SetAttributes(const std::string& path, std::uint32_t attributes) = 0;
+};
+
+// Defined once per program: tests/contract/fake_fixture.cpp or the real machine's own.
+std::unique_ptr<ContractMachine> NewContractMachine();
+
+}  // namespace scourwell::test

@@ -1,0 +1,39 @@
+#include "tests/contract/contract.h"
+#include "tests/fake/fake_machine.h"
+
+namespace scourwell::test {
+namespace {
+
+class FakeContractMachine : public ContractMachine {
+ public:
+  FakeContractMachine() {
+    m_.Folder(folder());
+    m_.registry.Make(RootKey::CurrentUser, key());
+  }
+  Files& files() override { return m_.files; }
+  Registry& registry() override { return m_.registry; }
+  Profiles& profiles() override { return m_.profiles; }
+  Clock& clock() override { return m_.clock; }
+  std::string folder() override { return "C:\\contract"; }
+  std::string key() override { return "Software\\Contract"; }
+  void MakeFolder(const std::string& path) override { m_.Folder(path); }
+  void MakeFile(const std::string& path, const std::string& content) override {
+    m_.File(path, content);
+  }
+  void SetAttributes(const std::string& path, std::uint32_t attributes) override {
+    Node& node = *m_.files.Find(path);
+    node.attributes =
+        (node.attributes & ~std::uint32_t{kReadOnly | kHidden | kSystem}) | attributes;
+  }
+
+ private:
+  FakeMachine m_;
+};
+
+}  // namespace
+
+std::unique_ptr<ContractMachine> NewContractMachine() {
+  return std::make_unique<FakeContractMachine>();
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,246 @@
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "tests/contract/contract.h"
+
+namespace scourwell::test {
+namespace {
+
+struct OnDisk {
+  std::unique_ptr<ContractMachine> machine = NewContractMachine();
+  Files& files = machine->files();
+  std::string root = machine->folder() + "\\";
+
+  void Make(const std::string& name, const std::string& content = {}) {
+    machine->MakeFile(root + name, content);
+  }
+  int List(const std::string& pattern, std::vector<DirEntry>* entries) {
+    return files
+        .List(root + pattern,
+              [&](const DirEntry& entry) {
+                entries->push_back(entry);
+                return true;
+              })
+        .number();
+  }
+  // The names found, in alphabetical order; "!" and the number of a failure.
+  std::string Names(const std::string& pattern) {
+    std::vector<DirEntry> entries;
+    const int number = List(pattern, &entries);
+    std::vector<std::string> names;
+    for (const DirEntry& entry : entries) names.push_back(entry.name);
+    std::sort(names.begin(), names.end());
+    std::string text = number ? "!" + std::to_string(number) + " " : "";
+    for (const std::string& name : names) text += name + " ";
+    return text;
+  }
+  int Stat(const std::string& name, DirEntry* entry) {
+    return files.Stat(root + name, entry).number();
+  }
+  std::string Content(const std::string& name) {
+    std::string content = "(none)";
+    static_cast<void>(files.Read(root + name, 1000, &content));
+    return content;
+  }
+};
+
+}  // namespace
+
+TEST_SUITE("contract_files") {
+  TEST_CASE("a listing finds names by wildcards and without case") {
+    OnDisk disk;
+    for (const char* name : {"alpha.txt", "Beta.TXT", "noext", "x1.exe", "x12.exe", "a.b.c"}) {
+      disk.Make(name);
+    }
+    disk.machine->MakeFolder(disk.root + "folder.txt");
+    struct Row {
+      const char* pattern;
+      const char* names;
+    };
+    const std::string everything = "Beta.TXT a.b.c alpha.txt folder.txt noext x1.exe x12.exe ";
+    CHECK(disk.Names("*.*") == everything);
+    CHECK(disk.Names("*") == everything);
+    for (const Row& row : {Row{"*.txt", "Beta.TXT alpha.txt folder.txt "},
+                           {"ALPHA.TXT", "alpha.txt "},
+                           {"x?.exe", "x1.exe "},
+                           {"x??.exe", "x12.exe "},
+                           {"x*.exe", "x1.exe x12.exe "},
+                           {"*l*", "alpha.txt folder.txt "},
+                           {"a*c", "a.b.c "},
+                           {"folder*", "folder.txt "},
+                           {"none", ""},
+                           {"*.none", ""},
+                           {"alpha", ""},
+                           {"a.b", ""},
+                           {"", ""},
+                           {"folder.txt\\", ""},
+                           {"folder.txt\\*.*", ""},
+                           {"alpha.txt.", "alpha.txt "},
+                           {"none\\*.*", "!76 "},
+                           {"none\\x", "!76 "},
+                           {"alpha.txt\\*.*", "!76 "},
+                           {"f*\\*.*", "!76 "},
+                           {"f?lder.txt\\x", "!76 "}}) {
+      CAPTURE(std::string(row.pattern));
+      CHECK(disk.Names(row.pattern) == row.names);
+    }
+    CHECK(disk.Names("folder.txt\\..\\\\x1.*") == "x1.exe ");
+    CHECK(disk.Names(std::string(260 - disk.root.size(), 'x')) == "!76 ");
+    int visits = 0;
+    CHECK(disk.files.List(disk.root + "*.*", [&](const DirEntry&) { return ++visits < 3; }).ok());
+    CHECK(visits == 3);
+  }
+
+  TEST_CASE("hidden and system entries are found and described") {
+    OnDisk disk;
+    disk.Make("seen", "12345");
+    disk.Make("hidden");
+    disk.machine->SetAttributes(disk.root + "hidden", kHidden | kSystem);
+    disk.machine->MakeFolder(disk.root + "folder");
+    disk.machine->SetAttributes(disk.root + "folder", kHidden);
+    disk.Make("fixed");
+    disk.machine->SetAttributes(disk.root + "fixed", kReadOnly);
+    std::vector<DirEntry> entries;
+    CHECK(disk.List("*.*", &entries) == 0);
+    CHECK(entries.size() == 4);
+    for (const DirEntry& listed : entries) {
+      CAPTURE(listed.name);
+      CHECK((listed.attributes & (kReadOnly | kHidden | kSystem)) ==
+            (listed.name == "hidden"   ? kHidden | kSystem
+             : listed.name == "folder" ? kHidden
+             : listed.name == "fixed"  ? std::uint32_t{kReadOnly}
+                                       : 0u));
+      CHECK(listed.IsFolder() == (listed.name == "folder"));
+      CHECK(listed.size == (listed.name == "seen" ? 5 : 0));
+      CHECK(listed.modified != 0);
+      DirEntry alone;
+      CHECK(disk.Stat(listed.name, &alone) == 0);
+      CHECK(alone.name == listed.name);
+      CHECK(alone.attributes == listed.attributes);
+      CHECK(alone.size == listed.size);
+      CHECK(alone.modified == listed.modified);
+    }
+  }
+
+  TEST_CASE("what is not there is not found") {
+    OnDisk disk;
+    disk.Make("file");
+    DirEntry entry;
+    entry.name = "untouched";
+    for (const char* name : {"none", "none\\x", "fil?", "*", "file\\x"}) {
+      CAPTURE(std::string(name));
+      CHECK(disk.Stat(name, &entry) == kFileNotFound);
+    }
+    CHECK(disk.Stat(std::string(300, 'x'), &entry) != 0);
+    CHECK(entry.name == "untouched");
+    CHECK(disk.files.Stat(disk.root.substr(0, 3), &entry).ok());  // a root
+    CHECK(entry.IsFolder());
+    CHECK(disk.Stat("FILE", &entry) == 0);
+    CHECK(entry.name == "file");
+  }
+
+  TEST_CASE("8.3 names lead to the same item") {
+    OnDisk disk;
+    disk.machine->MakeFolder(disk.root + "A long folder name");
+    disk.Make("A long folder name\\some long file name.text", "1234567");
+    std::vector<DirEntry> entries;
+    CHECK(disk.List("A long folder name\\*.*", &entries) == 0);
+    REQUIRE(entries.size() == 1);
+    const std::string short_name = entries[0].short_name;
+    if (!short_name.empty()) {
+      CHECK(short_name.size() <= 12);
+      CHECK(disk.Names("A long folder name\\" + short_name) == "some long file name.text ");
+      DirEntry entry;
+      CHECK(disk.Stat("A long folder name\\" + short_name, &entry) == 0);
+      CHECK(entry.name == "some long file name.text");
+    }
+    const std::string path =
+        disk.files.ShortPath(disk.root + "a long FOLDER name\\Some long file name.text");
+    CHECK(path.size() <= disk.root.size() + 25);
+    std::string content;
+    CHECK(disk.files.Read(path, 100, &content).ok());
+    CHECK(content == "1234567");
+    CHECK(disk.files.ShortPath(disk.root + "none") == "");
+    CHECK(disk.files.ShortPath(disk.root + "*") == "");
+    disk.Make("short.txt");
+    CHECK(disk.List("short.txt", &entries) == 0);
+    CHECK(entries.back().short_name == "");
+  }
+
+  TEST_CASE("a file is read whole or not at all") {
+    OnDisk disk;
+    const std::string bytes("a\0\r\n\x1A\xFF z", 8);
+    disk.Make("file", bytes);
+    disk.machine->MakeFolder(disk.root + "folder");
+    std::string content = "old";
+    CHECK(disk.files.Read(disk.root + "none", 100, &content).number() == kFileNotFound);
+    CHECK(disk.files.Read(disk.root + "file", 7, &content).number() == kOutOfMemory);
+    CHECK_FALSE(disk.files.Read(disk.root + "folder", 100, &content).ok());
+    CHECK(content == "old");
+    CHECK(disk.files.Read(disk.root + "FILE", 8, &content).ok());
+    CHECK(content == bytes);
+    disk.Make("empty");
+    CHECK(disk.files.Read(disk.root + "empty", 0, &content).ok());
+    CHECK(content == "");
+  }
+
+  TEST_CASE("appending creates a file and lengthens it") {
+    OnDisk disk;
+    CHECK(disk.files.Append(disk.root + "log", "one\r\n").ok());
+    CHECK(disk.files.Append(disk.root + "log", std::string("\0two", 4)).ok());
+    CHECK(disk.Content("log") == std::string("one\r\n\0two", 9));
+    CHECK(disk.files.Append(disk.root + "none\\log", "x").number() == kPathNotFound);
+    disk.machine->SetAttributes(disk.root + "log", kReadOnly);
+    // Wine lets the superuser write all the same.
+    const bool appended = disk.files.Append(disk.root + "log", "x").ok();
+    CHECK(disk.Content("log").size() == (appended ? 10 : 9));
+  }
+
+  TEST_CASE("replacing leaves the new content alone behind, or the old one") {
+    OnDisk disk;
+    CHECK(disk.files.Replace(disk.root + "file.ini", "first").ok());
+    CHECK(disk.files.Replace(disk.root + "FILE.ini", "2nd").ok());
+    CHECK(disk.Content("file.ini") == "2nd");
+    CHECK(disk.Names("*.*").size() == 9);  // one name and a blank
+    CHECK(disk.files.Replace(disk.root + "none\\file", "x").number() == kPathNotFound);
+    disk.machine->SetAttributes(disk.root + "file.ini", kReadOnly);
+    const bool replaced = disk.files.Replace(disk.root + "file.ini", "third").ok();
+    CHECK(disk.Content("file.ini") == (replaced ? "third" : "2nd"));
+    CHECK(disk.Names("*.*").size() == 9);
+    disk.machine->MakeFolder(disk.root + "folder");
+    CHECK_FALSE(disk.files.Replace(disk.root + "folder", "x").ok());
+    CHECK(disk.Names("fold*") == "folder ");
+  }
+
+  TEST_CASE("erasing takes files only") {
+    OnDisk disk;
+    disk.Make("file");
+    disk.Make("fixed");
+    disk.machine->SetAttributes(disk.root + "fixed", kReadOnly);
+    disk.machine->MakeFolder(disk.root + "folder");
+    CHECK(disk.files.EraseFile(disk.root + "FILE").ok());
+    CHECK(disk.files.EraseFile(disk.root + "file").number() == kFileNotFound);
+    CHECK(disk.files.EraseFile(disk.root + "fixed").number() == kPermissionDenied);
+    CHECK_FALSE(disk.files.EraseFile(disk.root + "folder").ok());
+    CHECK(disk.Names("*.*") == "fixed folder ");
+    disk.machine->SetAttributes(disk.root + "fixed", 0);
+    CHECK(disk.files.EraseFile(disk.root + "fixed").ok());
+  }
+
+  TEST_CASE("drives come in letter order") {
+    OnDisk disk;
+    const std::vector<Drive> drives = disk.files.Drives();
+    bool has_own = false;
+    for (std::size_t i = 0; i < drives.size(); ++i) {
+      CHECK((i == 0 || drives[i - 1].letter < drives[i].letter));
+      has_own = has_own || drives[i].letter == disk.root.front();
+    }
+    CHECK(has_own);
+    CHECK(disk.files.IsReady(disk.root.substr(0, 3)));
+    CHECK_FALSE(disk.files.IsReady("Q:\\"));
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,184 @@
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/text.h"
+#include "tests/contract/contract.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr RootKey kUser = RootKey::CurrentUser;
+
+struct InRegistry {
+  std::unique_ptr<ContractMachine> machine = NewContractMachine();
+  Registry& registry = machine->registry();
+  std::string root = machine->key();
+
+  RegStatus Set(const std::string& path, const std::string& name, const std::string& data,
+                std::uint32_t type = kRegBinary) {
+    return registry.SetValue(kUser, root + path, name, {type, data});
+  }
+  std::string Get(const std::string& path, const std::string& name) {
+    RegValue value{99, "(none)"};
+    const RegStatus status = registry.QueryValue(kUser, root + path, name, &value);
+    CHECK((status == kRegOk) == (value.type != 99));
+    if (value.type == kRegText) value.data = TrimNull(value.data);
+    return value.data;
+  }
+  std::string Keys(const std::string& path) {
+    std::vector<std::string> names;
+    const RegStatus status = registry.EnumKeys(kUser, root + path, [&](const std::string& name) {
+      names.push_back(name);
+      return true;
+    });
+    return Sorted(status, names);
+  }
+  std::string Values(const std::string& path) {
+    std::vector<std::string> names;
+    const RegStatus status = registry.EnumValues(
+        kUser, root + path, [&](const std::string& name, const RegValue& value) {
+          names.push_back(name + "=" + std::to_string(value.type) + value.data.substr(0, 1));
+          return true;
+        });
+    return Sorted(status, names);
+  }
+  static std::string Sorted(RegStatus status, std::vector<std::string>& names) {
+    std::sort(names.begin(), names.end());
+    std::string text = status ? "!" + std::to_string(status) : "";
+    for (const std::string& name : names) text += name + " ";
+    return text;
+  }
+};
+
+}  // namespace
+
+TEST_SUITE("contract_registry") {
+  TEST_CASE("values keep their type and bytes") {
+    InRegistry r;
+    const std::string bytes("\0\1\xFF\0", 4);
+    CHECK(r.Set("\\new\\deep", "Data", bytes) == kRegOk);
+    CHECK(r.Get("\\NEW\\deep", "DATA") == bytes);
+    CHECK(r.Set("", "", "unnamed", kRegText) == kRegOk);
+    CHECK(r.Get("", "") == "unnamed");
+    CHECK(r.Set("", "text", "one", kRegText) == kRegOk);
+    CHECK(r.Set("", "TEXT", "two", kRegText) == kRegOk);
+    CHECK(r.Get("", "text") == "two");
+    CHECK(r.Set("", "odd", "x", 8) == kRegOk);
+    CHECK(r.Set("", "large", std::string(70'000, 'l')) == kRegOk);
+    CHECK(r.Get("", "large").size() == 70'000);
+    CHECK(r.Values("") == "=1u large=3l odd=8x text=1t ");
+    CHECK(r.Get("", "none") == "(none)");
+    CHECK(r.Get("\\none", "text") == "(none)");
+    RegValue value;
+    CHECK(r.registry.QueryValue(kUser, r.root, "none", &value) == kRegNotFound);
+    CHECK(r.registry.QueryValue(kUser, r.root + "\\none", "x", &value) == kRegNotFound);
+  }
+
+  TEST_CASE("values are deleted") {
+    InRegistry r;
+    r.Set("", "a", "1");
+    r.Set("", "", "2");
+    CHECK(r.registry.DeleteValue(kUser, r.root, "A") == kRegOk);
+    CHECK(r.registry.DeleteValue(kUser, r.root, "a") == kRegNotFound);
+    CHECK(r.registry.DeleteValue(kUser, r.root, "") == kRegOk);
+    CHECK(r.registry.DeleteValue(kUser, r.root + "\\none", "a") == kRegNotFound);
+    CHECK(r.Values("") == "");
+  }
+
+  TEST_CASE("keys are opened and enumerated") {
+    InRegistry r;
+    for (const char* path : {"\\b", "\\A", "\\b\\deep", "\\c"}) r.Set(path, "v", "1");
+    CHECK(r.Keys("") == "A b c ");
+    CHECK(r.Keys("\\") == "A b c ");
+    CHECK(r.Keys("\\B") == "deep ");
+    CHECK(r.Keys("\\c") == "");
+    CHECK(r.Keys("\\none") == "!2");
+    CHECK(r.Values("\\none") == "!2");
+    int visits = 0;
+    CHECK(r.registry.EnumKeys(kUser, r.root, [&](const std::string&) { return ++visits < 2; }) ==
+          kRegOk);
+    CHECK(visits == 2);
+    for (const std::uint32_t rights : {std::uint32_t{kKeyRead}, std::uint32_t{kKeyAllRights}}) {
+      CHECK(r.registry.TryOpen(kUser, r.root + "\\b\\deep", rights) == kRegOk);
+      CHECK(r.registry.TryOpen(kUser, r.root + "\\b\\none", rights) == kRegNotFound);
+    }
+    CHECK(r.registry.TryOpen(kUser, "", kKeyRead) == kRegOk);
+  }
+
+  TEST_CASE("a key with subkeys stays whole or goes whole") {
+    InRegistry r;
+    // Wine as Windows 98 needs each name to be shorter than the one before it.
+    r.Set("\\tree\\long", "v", "1");
+    r.Set("\\tree\\two", "v", "1");
+    CHECK(r.registry.DeleteKeyCall(kUser, r.root + "\\none") == kRegNotFound);
+    const RegStatus status = r.registry.DeleteKeyCall(kUser, r.root + "\\tree");
+    if (status == kRegAccessDenied) {
+      CHECK(r.Keys("\\tree") == "long two ");
+      CHECK(r.registry.DeleteKeyCall(kUser, r.root + "\\tree\\long") == kRegOk);
+      CHECK(r.registry.DeleteKeyCall(kUser, r.root + "\\TREE\\two") == kRegOk);
+      CHECK(r.registry.DeleteKeyCall(kUser, r.root + "\\tree") == kRegOk);
+    } else {
+      CHECK(status == kRegOk);
+    }
+    CHECK(r.Keys("") == "");
+  }
+}
+
+TEST_SUITE("contract_profiles") {
+  TEST_CASE("keys are written, read and deleted without touching the others") {
+    const auto machine = NewContractMachine();
+    Profiles& profiles = machine->profiles();
+    const std::string file = machine->folder() + "\\test.ini";
+    CHECK(profiles.ReadProfile("S", "k", file) == "");
+    CHECK(profiles.WriteProfile("S", "k", "one", file).ok());
+    CHECK(profiles.WriteProfile("S", "other", "C:\\x=y", file).ok());
+    CHECK(profiles.WriteProfile("T", "k", "two", file).ok());
+    CHECK(profiles.WriteProfile("s", "K", "three", file).ok());
+    CHECK(profiles.ReadProfile("S", "K", file) == "three");
+    CHECK(profiles.ReadProfile("t", "k", file) == "two");
+    CHECK(profiles.ReadProfile("S", "other", file) == "C:\\x=y");
+    CHECK(profiles.WriteProfile("S", "k", std::nullopt, file).ok());
+    CHECK(profiles.ReadProfile("S", "k", file) == "");
+    CHECK(profiles.ReadProfile("S", "other", file) == "C:\\x=y");
+    CHECK_FALSE(profiles.WriteProfile("S", "k", "x", machine->folder() + "\\none\\x.ini").ok());
+  }
+
+  TEST_CASE("a file of other hands is read by the usual rules") {
+    const auto machine = NewContractMachine();
+    const std::string file = machine->folder() + "\\test.ini";
+    machine->MakeFile(file,
+                      "k=0\r\n[S]\r\n;k=1\r\n  k =  \"quoted text\"  \r\nk=3\r\n[S]\r\nj=4\r\n");
+    CHECK(machine->profiles().ReadProfile("S", "k", file) == "quoted text");
+    CHECK(machine->profiles().ReadProfile("S", "none", file) == "");
+    CHECK(machine->profiles().ReadProfile("S", "j", file) == "");
+  }
+}
+
+TEST_SUITE("contract_clock") {
+  TEST_CASE("times are plausible") {
+    const auto machine = NewContractMachine();
+    Clock& clock = machine->clock();
+    const std::uint32_t first = clock.Ticks();
+    CHECK(clock.Ticks() - first < 60'000);
+    const LocalTime now = clock.Now();
+    CHECK(now.year >= 2004);
+    CHECK((now.month >= 1 && now.month <= 12 && now.day >= 1 && now.day <= 31));
+    CHECK((now.hour >= 0 && now.hour < 24 && now.minute < 60 && now.second < 60));
+    // Noon of 15 June 2003, UTC: the same day everywhere but at the date line.
+    const LocalTime local = clock.ToLocal(127'001'520'000'000'000);
+    CHECK(local.year == 2003);
+    CHECK(local.month == 6);
+    CHECK((local.day == 15 || local.day == 16));
+    CHECK(local.second == 0);
+    const std::string date = clock.ShortDate({2004, 3, 25, 13, 14, 15, 0});
+    CHECK(date.find("25") != std::string::npos);
+    CHECK(date.find("04") != std::string::npos);
+    const std::string time = clock.TimeOfDay({2004, 3, 25, 13, 14, 15, 0});
+    CHECK(time.find("14") != std::string::npos);
+    CHECK(clock.GeneralDate({2004, 3, 25, 13, 14, 15, 0}) == date + " " + time);
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,479 @@
+#include "scan/drive_scan.h"
+
+#include <algorithm>
+
+#include "platform/file_utils.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+struct Pass : Bench {
+  Pass() { m.AddDrive('D'); }
+
+  SignatureList list;
+  ScanProgress progress;
+
+  void FileRow(std::string_view name) { FillListBox(list, "Spy File", "spy", name); }
+  void FolderRow(std::string_view name) { FillListBox(list, "Spy Folder", "spy", name); }
+
+  std::string Walk(const std::string& root) {
+    m.files.journal.clear();
+    sink.found.clear();
+    DriveScan(m.files, m.pump, log, captions, sink, progress, list).ScanPath(root);
+    return sink.lines();
+  }
+  std::string Walked() const {
+    std::string folders;
+    bool first = true;  // asks whether the path is a folder at all
+    for (const std::string& call : m.files.journal) {
+      if (!call.starts_with("List ")) continue;
+      if (!first) folders += call.substr(5) + "\n";
+      first = false;
+    }
+    return folders;
+  }
+};
+
+// What DriveScan stands for, without an index: one listing per row and folder.
+class PlainLoop {
+ public:
+  PlainLoop(Files& files, const SignatureList& list) : files_(files), list_(list) {}
+
+  std::string Walk(const std::string& folder) {
+    for (std::size_t row = 0; row < list_.size(); ++row) Search(folder, list_[row]);
+    for (const DirEntry& entry : Listing(folder + "\\*.*")) {
+      if (entry.IsFolder() && !entry.IsLink() && entry.name != "RECYCLER") {
+        Walk(folder + "\\" + entry.name);
+      }
+    }
+    return found_.lines();
+  }
+
+  static bool Usable(const std::string& signature) {
+    for (const char* refused : {"..", ":", "|", "/", "<"}) {
+      if (signature.find(refused) != std::string::npos) return false;
+    }
+    const std::size_t slash = signature.rfind('\\');
+    const bool nested = slash != std::string::npos;
+    const std::string name = nested ? signature.substr(slash + 1) : signature;
+    return name.find_first_not_of(". ") != std::string::npos && Upper(name) != "NUL" &&
+           (!nested || signature.substr(0, slash).find_first_of("*?") == std::string::npos);
+  }
+
+ private:
+  std::vector<DirEntry> Listing(const std::string& pattern) {
+    std::vector<DirEntry> entries;
+    static_cast<void>(files_.List(pattern, [&](const DirEntry& entry) {
+      entries.push_back(entry);
+      return true;
+    }));
+    return entries;
+  }
+
+  void Search(const std::string& folder, const SignatureRow& row) {
+    const std::string signature(row.sub2);
+    if (!Usable(signature) || LeadsThroughLink(folder, signature)) return;
+    const std::size_t slash = signature.rfind('\\');
+    const std::string prefix =
+        slash == std::string::npos || slash == 0 ? "" : signature.substr(0, slash + 1);
+    for (const DirEntry& entry : Listing(folder + "\\" + signature)) {
+      const std::string path = folder + "\\" + prefix + entry.name;
+      if (entry.IsFolder() != (row.text == kRowSpyFolder)) continue;
+      Add(entry.IsFolder() ? kSpyFolder : kSpyFile, row, path);
+      if (!entry.IsFolder() || entry.IsLink()) continue;
+      for (const DirEntry& file : Listing(path + "\\*.*")) {
+        if (!file.IsFolder()) Add(kSpyFile, row, path + "\\" + file.name);
+      }
+    }
+  }
+
+  bool LeadsThroughLink(const std::string& folder, const std::string& signature) {
+    for (std::size_t at = signature.find('\\'); at != std::string::npos;
+         at = signature.find('\\', at + 1)) {
+      DirEntry entry;
+      if (at > 0 && files_.Stat(folder + "\\" + signature.substr(0, at), &entry).ok() &&
+          entry.IsLink()) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  void Add(std::string_view kind, const SignatureRow& row, const std::string& path) {
+    if (found_.Contains(path)) return;
+    found_.AddSpyToListView({std::string(kind), path, std::string(row.sub1), 0, {}, {}});
+  }
+
+  Files& files_;
+  const SignatureList& list_;
+  CollectingSink found_;
+};
+
+constexpr const char* kNames[] = {"a",
+                                  "ab",
+                                  "abc.exe",
+                                  "Toolbar",
+                                  "toolbar.dll",
+                                  "x1.EXE",
+                                  "x12.exe",
+                                  "long file name.x",
+                                  "Long Folder One",
+                                  "long folder two",
+                                  "no_ext",
+                                  ".hidden",
+                                  "two.dots.txt",
+                                  "a.b",
+                                  "b",
+                                  "RECYCLER",
+                                  "caf\xE9.exe",
+                                  "CAF\xC9",
+                                  "abcabcd",
+                                  "abcd"};
+
+void GrowTree(FakeMachine& m, Dice& dice, const std::string& folder, int depth) {
+  for (std::size_t left = dice.Below(7); left > 0; --left) {
+    const std::string path = folder + "\\" + dice.Pick(kNames);
+    if (m.Has(path)) continue;
+    if (dice.Chance(12)) {
+      m.Link(path, dice.Chance(2) ? "D:\\" : folder);
+    } else if (depth > 0 && dice.Chance(2)) {
+      m.Folder(path);
+      GrowTree(m, dice, path, depth - 1);
+    } else {
+      m.File(path, "x");
+    }
+  }
+}
+
+std::string RandomName(Dice& dice) {
+  constexpr const char* kOdd[] = {"LONGFI~1.X", "longfo~1", "LONGFO~2", "*",         "*.*",
+                                  "*.",         "?",        "*.exe",    "x?.*",      "*o*",
+                                  "a*.",        "ab*.*",    "toolbar.", "abc.exe. ", "*~*",
+                                  "??????~?",   "*.*.*"};
+  if (dice.Chance(4)) return dice.Pick(kOdd);
+  std::string name = dice.Pick(kNames);
+  if (dice.Chance(3)) name = Upper(name);
+  if (dice.Chance(3)) name[dice.Below(name.size())] = '?';
+  if (dice.Chance(3)) {
+    const std::size_t at = dice.Below(name.size() + 1);
+    name.replace(at, dice.Below(name.size() - at + 1), "*");
+  }
+  return name;
+}
+
+std::string RandomSignature(Dice& dice) {
+  constexpr const char* kRefused[] = {"..\\a", "C:\\x", "a|b", "nul", "a/b", "a*\\b", "a\\", "."};
+  if (dice.Chance(20)) return dice.Pick(kRefused);
+  std::string signature = RandomName(dice);
+  while (dice.Chance(4)) {
+    constexpr const char* kShort[] = {"LONGFO~1", "longfo~2"};
+    const std::string parent = dice.Chance(4) ? dice.Pick(kShort) : dice.Pick(kNames);
+    signature = parent + "\\" + signature;
+  }
+  return signature;
+}
+
+}  // namespace
+
+TEST_SUITE("drive_scan") {
+  TEST_CASE("finds what one listing per row and folder would find, in the same order") {
+    std::size_t hits = 0;
+    for (std::uint32_t seed = 0; seed < 400; ++seed) {
+      Dice dice(seed);
+      Pass pass;
+      pass.m.files.short_names = !dice.Chance(5);
+      GrowTree(pass.m, dice, "D:\\root", 3);
+      pass.m.Folder("D:\\root");
+      std::vector<std::string> signatures;
+      for (std::size_t left = 1 + dice.Below(12); left > 0; --left) {
+        const bool repeat = !signatures.empty() && dice.Chance(8);
+        signatures.push_back(repeat ? dice.Pick(signatures) : RandomSignature(dice));
+        const bool folder = dice.Chance(3);
+        FillListBox(pass.list, folder ? "Spy Folder" : "Spy File", std::to_string(left),
+                    signatures.back());
+      }
+      CAPTURE(seed);
+      CAPTURE(Lines(signatures));
+      const std::string expected = PlainLoop(pass.m.files, pass.list).Walk("D:\\root");
+      REQUIRE(pass.Walk("D:\\root") == expected);
+      hits += pass.sink.found.size();
+      const bool all_usable = std::all_of(signatures.begin(), signatures.end(), PlainLoop::Usable);
+      REQUIRE(pass.m.Errors().empty() == all_usable);
+    }
+    CHECK(hits > 1500);  // the random lists do hit
+  }
+
+  TEST_CASE("each folder is listed once, parents before their subfolders") {
+    Pass pass;
+    pass.m.File("D:\\r\\b\\x\\1.exe");
+    pass.m.File("D:\\r\\a\\2.exe");
+    pass.m.File("D:\\r\\3.exe");
+    pass.m.Folder("D:\\r\\System Volume Information");
+    pass.m.Folder("D:\\r\\recycler\\S-1-5");
+    pass.m.Folder("D:\\r\\Recycled");
+    pass.m.Link("D:\\r\\loop", "D:\\r");
+    pass.m.Folder("D:\\r\\a\\Hidden one").Hidden().System();
+    for (int i = 0; i < 50; ++i) pass.FileRow("nothing" + std::to_string(i) + (i % 2 ? "" : "*"));
+    CHECK(pass.Walk("D:\\r") == "");
+    CHECK(pass.Walked() ==
+          "D:\\r\\*.*\nD:\\r\\b\\*.*\nD:\\r\\b\\x\\*.*\nD:\\r\\a\\*.*\n"
+          "D:\\r\\a\\Hidden one\\*.*\n");
+    CHECK(pass.progress.lblSFolders == 5);
+    CHECK(pass.progress.lblFScan == 5);
+    CHECK(pass.progress.scanned_files == 3);
+    CHECK(pass.progress.lblScan == "D:\\r\\a\\Hidden one");
+  }
+
+  TEST_CASE("a row is confirmed once in a folder, however many entries answer it") {
+    Pass pass;
+    for (const char* name : {"evil1.exe", "evil2.exe", "evil3.exe"}) {
+      pass.m.File(std::string("D:\\r\\") + name);
+    }
+    pass.FileRow("evil*.exe");
+    pass.Walk("D:\\r");
+    CHECK(pass.sink.found.size() == 3);
+    CHECK(pass.Walked() == "D:\\r\\*.*\nD:\\r\\evil*.exe\n");
+  }
+
+  TEST_CASE("a link that is named itself is reported but neither searched nor emptied") {
+    Pass pass;
+    pass.m.File("C:\\Documents\\letter.txt");
+    pass.m.Link("D:\\r\\evil", "C:\\Documents");
+    pass.m.Link("D:\\r\\sub\\evil", "C:\\Documents");
+    pass.FolderRow("evil");
+    pass.FolderRow("e*l");
+    pass.FileRow("letter.txt");
+    pass.FileRow("evil\\letter.txt");
+    pass.FileRow("sub\\evil\\letter.txt");
+    CHECK(pass.Walk("D:\\r") == "Spy Folder|spy|D:\\r\\evil\nSpy Folder|spy|D:\\r\\sub\\evil\n");
+  }
+
+  TEST_CASE("an unreadable or vanished folder gives one record and the rest goes on") {
+    Pass pass;
+    pass.m.File("D:\\r\\bad\\evil.exe");
+    pass.m.Folder("D:\\r\\bad").Denied();
+    pass.m.Folder("D:\\r\\gone").VanishAfter(2);
+    pass.m.File("D:\\r\\good\\evil.exe");
+    pass.m.Folder("D:\\r\\spy").Denied();
+    pass.FileRow("evil.exe");
+    pass.FolderRow("spy");
+    CHECK(pass.Walk("D:\\r") == "Spy Folder|spy|D:\\r\\spy\nSpy File|spy|D:\\r\\good\\evil.exe\n");
+    CHECK(pass.m.Errors() ==
+          "Error Description: Permission denied, Error Number: 70, Method: FindFiles, "
+          "sPath: D:\\r\\spy\n"
+          "Error Description: Permission denied, Error Number: 70, Method: subShowFolderList, "
+          "File Name: bad, sFolder: D:\\r\\bad, sPath: D:\\r\\bad\n"
+          "Error Description: Path not found, Error Number: 76, Method: subShowFolderList, "
+          "File Name: gone, sFolder: D:\\r\\gone, sPath: D:\\r\\gone\n"
+          "Error Description: Permission denied, Error Number: 70, Method: subShowFolderList, "
+          "File Name: spy, sFolder: D:\\r\\spy, sPath: D:\\r\\spy\n");
+  }
+
+  TEST_CASE("a failing confirmation is recorded, an absent path is not") {
+    Pass pass;
+    pass.m.File("D:\\r\\sub\\evil.exe");
+    pass.m.files.faults["List D:\\r\\sub\\evil.exe"] = kDeviceError;
+    pass.FileRow("sub\\none\\evil.exe");
+    pass.FileRow("sub\\evil.exe");
+    CHECK(pass.Walk("D:\\r") == "");
+    CHECK(pass.m.Errors() ==
+          "Error Description: Device I/O error, Error Number: 57, Method: subFileSearch, "
+          "retFolderName: sub\\evil.exe, sPath: D:\\r\n");
+  }
+
+  TEST_CASE("a stop at any item leaves the rest undone") {
+    const auto build = [](Pass& pass) {
+      pass.m.File("D:\\r\\evil.exe");
+      pass.m.File("D:\\r\\spy\\1.txt");
+      pass.m.File("D:\\r\\spy\\2.txt");
+      pass.m.File("D:\\r\\sub\\deep\\evil.exe");
+      pass.FileRow("e*.exe");
+      pass.FolderRow("SPY");
+      pass.FileRow("sub\\deep\\evil.exe");
+    };
+    Pass whole;
+    build(whole);
+    const std::string all_hits = whole.Walk("D:\\r");
+    REQUIRE(whole.sink.found.size() == 5);
+    const std::string all_calls = Lines(whole.m.files.journal);
+    std::size_t fewer = 0;
+    for (std::size_t n = 1; n <= whole.m.pump.yields; ++n) {
+      CAPTURE(n);
+      Pass stopped;
+      build(stopped);
+      stopped.m.pump.close_at = n;
+      const std::string hits = stopped.Walk("D:\\r");
+      CHECK(all_hits.starts_with(hits));
+      CHECK(all_calls.starts_with(Lines(stopped.m.files.journal)));
+      CHECK(stopped.m.pump.yields == n);
+      if (hits.size() < all_hits.size()) ++fewer;
+    }
+    CHECK(fewer > 10);
+  }
+
+  TEST_CASE("folders below 259 characters are reached and reported by their 8.3 names") {
+    Pass pass;
+    std::string folder = "D:\\r";
+    std::string short_folder = "D:\\r";
+    for (int level = 0; level < 6; ++level) {
+      folder += "\\" + std::string(60, static_cast<char>('a' + level));
+      short_folder += "\\" + std::string(6, static_cast<char>('A' + level)) + "~1";
+    }
+    pass.m.File(folder + "\\evil.exe");
+    pass.m.File(folder + "\\spy folder\\one.txt");
+    SUBCASE("exact names") {
+      pass.FileRow("evil.exe");
+      pass.FolderRow("spy folder");
+    }
+    SUBCASE("wildcards") {
+      pass.FileRow("*e*v*i*l*.exe");
+      pass.FolderRow("*s*p*y*f*o*l*d*e*r*");
+    }
+    CHECK(pass.Walk("D:\\r") == "Spy File|spy|" + short_folder + "\\evil.exe\n" +
+                                    "Spy Folder|spy|" + short_folder + "\\SPYFOL~1\n" +
+                                    "Spy File|spy|" + short_folder + "\\SPYFOL~1\\one.txt\n");
+    CHECK(pass.m.Errors() == "");
+  }
+
+  // A folder of 240 characters is listed by its long path, what lies in it has no room for its own.
+  TEST_CASE("hits just above 259 characters are not lost") {
+    Pass pass;
+    const std::string folder = "D:\\r\\" + std::string(235, 'a');
+    pass.m.File(folder + "\\evil spy program.exe");
+    SUBCASE("exact name") { pass.FileRow("evil spy program.exe"); }
+    SUBCASE("wildcards") { pass.FileRow("*evil*spy*program*.exe"); }
+    CHECK(pass.Walk("D:\\r") == "Spy File|spy|D:\\r\\AAAAAA~1\\EVILSP~1.EXE\n");
+  }
+
+  TEST_CASE("names outside the code page serve by their 8.3 form") {
+    Pass pass;
+    pass.m.File("D:\\r\\caf?\\evil.exe");
+    SUBCASE("a folder on the way") {
+      pass.FileRow("evil.exe");
+      CHECK(pass.Walk("D:\\r") == "Spy File|spy|D:\\r\\CAF~1\\evil.exe\n");
+    }
+    SUBCASE("a file that is a hit") {
+      pass.m.File("D:\\r\\b?d file.evl");
+      pass.FileRow("*.evl");
+      CHECK(pass.Walk("D:\\r") == "Spy File|spy|D:\\r\\BDFILE~1.EVL\n");
+    }
+    SUBCASE("a folder that is a hit") {
+      pass.FolderRow("caf*");
+      CHECK(pass.Walk("D:\\r") ==
+            "Spy Folder|spy|D:\\r\\CAF~1\nSpy File|spy|D:\\r\\CAF~1\\evil.exe\n");
+    }
+    SUBCASE("a file inside a folder that is a hit") {
+      pass.m.File("D:\\r\\spy\\b?d.exe");
+      pass.FolderRow("spy");
+      CHECK(pass.Walk("D:\\r") == "Spy Folder|spy|D:\\r\\spy\nSpy File|spy|D:\\r\\spy\\BD~1.EXE\n");
+    }
+    CHECK(pass.m.Errors() == "");
+  }
+
+  TEST_CASE("a folder that no path reaches is recorded once by name") {
+    Pass pass;
+    pass.m.files.short_names = false;
+    pass.m.File("D:\\r\\caf?\\evil.exe");
+    pass.m.File("D:\\r\\good\\evil.exe");
+    pass.FileRow("evil.exe");
+    CHECK(pass.Walk("D:\\r") == "Spy File|spy|D:\\r\\good\\evil.exe\n");
+    CHECK(pass.m.Errors() ==
+          "Error Description: The folder cannot be reached: its path is too long or its name has "
+          "characters outside the code page, Error Number: 76, Method: subShowFolderList, "
+          "sFolder: D:\\r\\caf?\n");
+  }
+
+  TEST_CASE("a name that was changed to fit the code page is tried by its 8.3 form") {
+    Pass pass;
+    pass.m.File("D:\\r\\name\\evil.exe");
+    pass.m.Folder("D:\\r\\name").Short("OTHER~1");
+    pass.m.files.faults["List D:\\r\\name\\*.*"] = kPathNotFound;
+    pass.FileRow("evil.exe");
+    pass.Walk("D:\\r");
+    CHECK(pass.sink.found.size() == 1);
+    CHECK(pass.m.Errors() == "");
+  }
+
+  TEST_CASE("unusable signatures are reported once and never listed") {
+    Pass pass;
+    pass.m.File("D:\\r\\a\\x");
+    const std::vector<std::string> unusable = {"..\\x", "C:\\x", "a|b",  "nul", "COM1.txt",
+                                               "a*\\x", "a\\",   "a/x",  "...", "",
+                                               " ",     "a\\..", "a\tb", "a:b", "a\\.\\x"};
+    for (const std::string& signature : unusable) pass.FileRow(signature);
+    CHECK(pass.Walk("D:\\r") == "");
+    CHECK(pass.Walked() == "D:\\r\\*.*\nD:\\r\\a\\*.*\n");
+    CHECK(pass.m.Errors() ==
+          "Error Description: 15 signatures cannot be searched for, "
+          "Error Number: 52, Method: subFileSearch, First: ..\\x\n");
+  }
+
+  // Windows drops a dot at the end of a folder's name and reads doubled "\" as one.
+  TEST_CASE("unusual spellings of a relative path find what the listing finds") {
+    for (const std::string signature : {"sub\\evil.exe", "sub.\\evil.exe", "SUB\\\\evil.exe",
+                                        "\\sub\\evil.exe", "sub\\evil.exe.", "sub\\ev?l.*"}) {
+      CAPTURE(signature);
+      Pass pass;
+      pass.m.File("D:\\r\\sub\\evil.exe");
+      pass.FileRow(signature);
+      pass.Walk("D:\\r");
+      CHECK(pass.sink.found.size() == 1);
+      if (pass.sink.found.empty()) continue;
+      // One spelling of the path, else the same file would be listed under each.
+      CHECK(EqualsNoCase(pass.sink.found[0].details, "D:\\r\\sub\\evil.exe"));
+    }
+    Pass pass;
+    pass.m.File("D:\\r\\evil.exe");
+    pass.m.Folder("D:\\r\\spy");
+    pass.FileRow("\\evil.exe");
+    pass.FolderRow("\\spy");
+    CHECK(pass.Walk("D:\\r") == "Spy File|spy|D:\\r\\evil.exe\nSpy Folder|spy|D:\\r\\spy\n");
+  }
+
+  TEST_CASE("ticked drives that are ready are walked in tree order") {
+    Pass pass;
+    pass.m.AddDrive('A', DriveKind::Removable, false);
+    pass.m.AddDrive('E', DriveKind::Optical);
+    pass.m.AddDrive('F', DriveKind::Network);
+    for (const char letter : std::string("CDEF")) {
+      pass.m.File(std::string(1, letter) + ":\\evil.exe");
+    }
+    pass.FileRow("evil.exe");
+    ScanScope scope;
+    scope.FillTree(pass.captions, pass.m.files.Drives());
+    const auto scan = [&] {
+      pass.sink.found.clear();
+      DriveScan(pass.m.files, pass.m.pump, pass.log, pass.captions, pass.sink, pass.progress,
+                pass.list)
+          .ScanDrives(scope);
+      return pass.sink.lines();
+    };
+    CHECK(scan() ==
+          "Spy File|spy|C:\\evil.exe\nSpy File|spy|D:\\evil.exe\n"
+          "Spy File|spy|F:\\evil.exe\n");
+    CHECK(pass.progress.lblScanOption == "<1841> - F: (<1910>) ...");
+    CHECK(pass.m.files.Count("List A:") == 0);
+    CHECK(pass.m.Errors() == "");
+    scope.SetTicked(ScanScope::kFirstDrive + 2, false);
+    CHECK(scan() == "Spy File|spy|C:\\evil.exe\nSpy File|spy|F:\\evil.exe\n");
+  }
+
+  TEST_CASE("a path that names a file is compared alone") {
+    Pass pass;
+    pass.m.File("D:\\r\\Evil Program.exe");
+    pass.m.File("D:\\r\\other.exe");
+    pass.FileRow("none");
+    pass.FileRow("*.exe");
+    pass.FileRow("EVILPR~1.EXE");
+    pass.FolderRow("Evil*");
+    CHECK(pass.Walk("D:\\r\\evil program.exe") == "Spy File|spy|D:\\r\\Evil Program.exe\n");
+    CHECK(pass.m.Errors() == "");
+    CHECK(pass.Walk("D:\\r\\absent") == "");
+    CHECK(pass.m.Errors() ==
+          "Error Description: File not found, Error Number: 53, "
+          "Method: ScanFolder, sPath: D:\\r\\absent\n");
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,310 @@
+#include <algorithm>
+
+#include "tests/fake/fake_machine.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr std::size_t kLongestPath = 259;
+
+bool HasWildcard(std::string_view text) { return text.find_first_of("*?") != text.npos; }
+
+std::string_view WithoutEnd(std::string_view text, const char* characters) {
+  return text.substr(0, text.find_last_not_of(characters) + 1);
+}
+
+// The parts below the drive as Windows normalises them: doubled "\" count once, "." and ".." are
+// resolved, one dot at the end of a folder and all dots and blanks at the very end are dropped.
+std::vector<std::string> SplitPath(std::string_view path) {
+  std::vector<std::string> parts;
+  path.remove_prefix(std::min<std::size_t>(path.size(), 2));
+  while (!path.empty()) {
+    const std::size_t slash = path.find('\\');
+    std::string_view part = path.substr(0, slash);
+    const bool last = slash == path.npos;
+    path.remove_prefix(last ? path.size() : slash + 1);
+    if (part == ".." && !parts.empty()) parts.pop_back();
+    if (part.empty() || part == "." || part == "..") continue;
+    if (last) {
+      part = WithoutEnd(part, ". ");
+    } else if (part.back() == '.') {
+      part.remove_suffix(1);
+    }
+    if (!part.empty()) parts.emplace_back(part);
+  }
+  return parts;
+}
+
+bool IsShortForm(const std::string& name) {
+  const std::size_t dot = name.find('.');
+  const std::size_t extension = dot == name.npos ? 0 : name.size() - dot - 1;
+  return dot != 0 && std::min(dot, name.size()) <= 8 && extension <= 3 && dot == name.rfind('.') &&
+         name.find_first_of(" ?+,;=[]") == name.npos;
+}
+
+}  // namespace
+
+Node* Node::Child(std::string_view part) const {
+  for (const auto& child : children) {
+    if (child->showings == 0) continue;
+    if (EqualsNoCase(child->name, part) || EqualsNoCase(child->short_name, part)) {
+      return child.get();
+    }
+  }
+  return nullptr;
+}
+
+DirEntry Node::Entry() const {
+  return {name, short_name, attributes, IsFolder() ? 0 : content.size(), modified, accessed};
+}
+
+// Keeps the set of pattern positions that the name so far can have reached.
+bool ListingMatches(std::string_view pattern, std::string_view name) {
+  const std::string_view bare = WithoutEnd(pattern, ". ");
+  if (!HasWildcard(pattern)) return EqualsNoCase(bare, name);
+  // "*." asks for names without an extension.
+  if (pattern.substr(bare.size()).find('.') != pattern.npos && name.find('.') != name.npos) {
+    return false;
+  }
+  std::vector<bool> reached(bare.size() + 1);
+  const auto step_over_stars = [&](std::vector<bool>& set) {
+    for (std::size_t i = 0; i < bare.size(); ++i) {
+      if (set[i] && bare[i] == '*') set[i + 1] = true;
+    }
+  };
+  reached[0] = true;
+  step_over_stars(reached);
+  for (const char c : name) {
+    std::vector<bool> next(bare.size() + 1);
+    for (std::size_t i = 0; i < bare.size(); ++i) {
+      if (!reached[i]) continue;
+      if (bare[i] == '*') next[i] = true;
+      if (bare[i] == '?' || Fold(bare[i]) == Fold(c)) next[i + 1] = true;
+    }
+    step_over_stars(next);
+    reached = std::move(next);
+  }
+  // Dots before closing stars may be missing from the name: "*.*" finds everything.
+  for (std::size_t i = 0; i <= bare.size(); ++i) {
+    if (reached[i] && bare.find_first_not_of(".*", i) == bare.npos) return true;
+  }
+  return false;
+}
+
+void FakeFiles::AddDrive(char letter, DriveKind kind, bool ready) {
+  Volume& volume = volumes_[letter];
+  volume.drive = {letter, kind};
+  volume.ready = ready;
+  volume.root.attributes = kFolder;
+}
+
+std::string FakeFiles::NewShortName(const Node& folder, const std::string& name) const {
+  if (!short_names || IsShortForm(name)) return {};
+  const std::size_t dot = name.rfind('.');
+  const auto squeeze = [](std::string_view text, std::size_t most) {
+    std::string result;
+    for (const char c : text) {
+      if (std::string_view(" .?").find(c) == std::string_view::npos) result += Fold(c);
+    }
+    return result.substr(0, most);
+  };
+  const std::string stem = squeeze(dot == 0 ? name : name.substr(0, dot), 6);
+  std::string extension = dot == name.npos || dot == 0 ? "" : squeeze(name.substr(dot + 1), 3);
+  if (!extension.empty()) extension.insert(0, ".");
+  for (int number = 1;; ++number) {
+    const std::string tail = "~" + std::to_string(number);
+    std::string candidate = stem.substr(0, 8 - tail.size()) + tail + extension;
+    if (!folder.Child(candidate)) return candidate;
+  }
+}
+
+Node& FakeFiles::Put(const std::string& path, std::uint32_t attributes) {
+  Node* node = &volumes_.at(path.front()).root;
+  const std::vector<std::string> parts = SplitPath(path);
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    Node* child = node->Child(parts[i]);
+    if (!child) {
+      auto made = std::make_unique<Node>();
+      made->name = parts[i];
+      made->short_name = NewShortName(*node, parts[i]);
+      made->attributes = i + 1 == parts.size() ? attributes : std::uint32_t{kFolder};
+      made->modified = made->accessed = NextTime();
+      child = made.get();
+      node->children.push_back(std::move(made));
+    }
+    node = child;
+  }
+  return *node;
+}
+
+void FakeFiles::Erase(Node* folder, const Node* node) {
+  std::erase_if(folder->children, [&](const auto& child) { return child.get() == node; });
+}
+
+void FakeFiles::Remove(const std::string& path) {
+  const Place place = Walk(path, false);
+  if (place.node) Erase(place.folder, place.node);
+}
+
+Node* FakeFiles::Find(const std::string& path) { return Walk(path, false).node; }
+
+std::size_t FakeFiles::Count(std::string_view beginning) const {
+  return static_cast<std::size_t>(
+      std::count_if(journal.begin(), journal.end(),
+                    [&](const std::string& call) { return call.starts_with(beginning); }));
+}
+
+int FakeFiles::Begin(const std::string& call) {
+  journal.push_back(call);
+  const auto fault = faults.find(call);
+  return fault == faults.end() ? 0 : fault->second;
+}
+
+FakeFiles::Place FakeFiles::Walk(const std::string& path, bool follow_last, int links_left) {
+  Place place;
+  const auto volume = path.empty() ? volumes_.end() : volumes_.find(Fold(path.front()));
+  if (path.size() > kLongestPath || volume == volumes_.end() || path.substr(1, 1) != ":" ||
+      links_left == 0) {
+    place.error = kPathNotFound;
+    return place;
+  }
+  if (!volume->second.ready) {
+    place.error = kDiskNotReady;
+    return place;
+  }
+  place.node = &volume->second.root;
+  place.short_path = path.substr(0, 2);
+  const std::vector<std::string> parts = SplitPath(path);
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const bool last = i + 1 == parts.size();
+    place.folder = place.node;
+    place.name = parts[i];
+    place.node = place.folder->IsFolder() && !HasWildcard(parts[i]) ? place.folder->Child(parts[i])
+                                                                    : nullptr;
+    if (!place.node) {
+      place.error = last && place.folder->IsFolder() ? kFileNotFound : kPathNotFound;
+      return place;
+    }
+    const std::string& name = place.node->short_name;
+    place.short_path += "\\" + (name.empty() ? place.node->name : name);
+    if (place.node->IsLink() && (!last || follow_last)) {
+      Place target = Walk(place.node->target, true, links_left - 1);
+      place.node = target.node;
+      if (!place.node) {
+        place.error = kPathNotFound;
+        return place;
+      }
+    }
+  }
+  if (parts.empty()) place.short_path += "\\";
+  return place;
+}
+
+Outcome FakeFiles::List(const std::string& pattern, const Visit& visit) {
+  if (const int fault = Begin("List " + pattern)) return Outcome::Failed(fault);
+  const std::size_t slash = pattern.rfind('\\');
+  if (pattern.size() > kLongestPath || slash == pattern.npos) {
+    return Outcome::Failed(kPathNotFound);
+  }
+  Place place = Walk(pattern.substr(0, slash), true);
+  if (place.error == kDiskNotReady) return Outcome::Failed(kDiskNotReady);
+  if (!place.node || !place.node->IsFolder()) return Outcome::Failed(kPathNotFound);
+  if (place.node->error) return Outcome::Failed(place.node->error);
+  const std::string last = pattern.substr(slash + 1);
+  std::vector<DirEntry> found;
+  for (const auto& child : place.node->children) {
+    if (child->showings == 0) continue;
+    if (!ListingMatches(last, child->name) &&
+        (child->short_name.empty() || !ListingMatches(last, child->short_name))) {
+      continue;
+    }
+    if (child->showings > 0) --child->showings;
+    found.push_back(child->Entry());
+  }
+  for (const DirEntry& entry : found) {
+    if (!visit(entry)) break;
+  }
+  return {};
+}
+
+Outcome FakeFiles::Stat(const std::string& path, DirEntry* entry) {
+  if (const int fault = Begin("Stat " + path)) return Outcome::Failed(fault);
+  const Place place = Walk(path, false);
+  if (!place.node) {
+    const bool absent = place.error == kPathNotFound && path.size() <= kLongestPath;
+    return Outcome::Failed(absent ? kFileNotFound : place.error);
+  }
+  *entry = place.node->Entry();
+  if (!place.folder) entry->name = path;  // a root has no entry of its own
+  return {};
+}
+
+Outcome FakeFiles::Read(const std::string& path, std::uint64_t limit, std::string* content) {
+  if (const int fault = Begin("Read " + path)) return Outcome::Failed(fault);
+  const Place place = Walk(path, true);
+  if (!place.node) return Outcome::Failed(place.error);
+  if (place.node->error) return Outcome::Failed(place.node->error);
+  if (place.node->IsFolder() || place.node->locked) return Outcome::Failed(kPermissionDenied);
+  if (place.node->content.size() > limit) return Outcome::Failed(kOutOfMemory);
+  *content = place.node->content;
+  return {};
+}
+
+Outcome FakeFiles::Write(const std::string& path, const std::function<void(Node&)>& change) {
+  Place place = Walk(path, true);
+  if (!place.node && place.error != kFileNotFound) return Outcome::Failed(place.error);
+  if (HasWildcard(place.name)) return Outcome::Failed(kBadFileName);
+  if (!place.folder || place.folder->refuses) return Outcome::Failed(kPermissionDenied);
+  if (place.node) {
+    if (place.node->error) return Outcome::Failed(place.node->error);
+    if (place.node->IsFolder() || place.node->locked || place.node->attributes & kReadOnly) {
+      return Outcome::Failed(kPermissionDenied);
+    }
+  } else {
+    place.node = &Put(path, kArchive);
+  }
+  change(*place.node);
+  place.node->modified = place.node->accessed = NextTime();
+  return {};
+}
+
+Outcome FakeFiles::Append(const std::string& path, std::string_view text) {
+  if (const int fault = Begin("Append " + path)) return Outcome::Failed(fault);
+  return Write(path, [&](Node& node) { node.content.append(text); });
+}
+
+Outcome FakeFiles::Replace(const std::string& path, std::string_view text) {
+  if (const int fault = Begin("Replace " + path)) return Outcome::Failed(fault);
+  return Write(path, [&](Node& node) { node.content = text; });
+}
+
+Outcome FakeFiles::EraseFile(const std::string& path) {
+  if (const int fault = Begin("Erase " + path)) return Outcome::Failed(fault);
+  const Place place = Walk(path, false);
+  if (!place.node) return Outcome::Failed(place.error);
+  if (place.node->error) return Outcome::Failed(place.node->error);
+  if (place.node->IsFolder() || place.node->locked || place.node->attributes & kReadOnly) {
+    return Outcome::Failed(kPermissionDenied);
+  }
+  Erase(place.folder, place.node);
+  return {};
+}
+
+std::string FakeFiles::ShortPath(const std::string& path) {
+  journal.push_back("ShortPath " + path);
+  const Place place = Walk(path, false);
+  return place.node ? place.short_path : std::string();
+}
+
+std::vector<Drive> FakeFiles::Drives() {
+  std::vector<Drive> drives;
+  for (const auto& [letter, volume] : volumes_) drives.push_back(volume.drive);
+  return drives;
+}
+
+bool FakeFiles::IsReady(const std::string& root) {
+  const auto volume = volumes_.find(root.empty() ? '\0' : Fold(root.front()));
+  return volume != volumes_.end() && volume->second.ready;
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,137 @@
+#include <algorithm>
+
+#include "tests/fake/fake_machine.h"
+
+namespace scourwell::test {
+namespace {
+
+// The last part goes to *name, the path before it is returned.
+std::string SplitLast(std::string path, std::string* name) {
+  while (!path.empty() && path.back() == '\\') path.pop_back();
+  const std::size_t slash = path.rfind('\\');
+  *name = path.substr(slash == path.npos ? 0 : slash + 1);
+  return slash == path.npos ? std::string() : path.substr(0, slash);
+}
+
+template <class Visit>
+bool ForParts(std::string_view path, Visit&& visit) {
+  while (!path.empty()) {
+    const std::string_view part = path.substr(0, path.find('\\'));
+    path.remove_prefix(std::min(part.size() + 1, path.size()));
+    if (!part.empty() && !visit(part)) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+Key* Key::Child(std::string_view part) const {
+  for (const auto& child : children) {
+    if (EqualsNoCase(child->name, part)) return child.get();
+  }
+  return nullptr;
+}
+
+Key& Key::Value(const std::string& value_name, const std::string& text, std::uint32_t type) {
+  for (auto& [existing, value] : values) {
+    if (!EqualsNoCase(existing, value_name)) continue;
+    value = {type, text};
+    return *this;
+  }
+  values.push_back({value_name, {type, text}});
+  return *this;
+}
+
+Key& FakeRegistry::Make(RootKey root, const std::string& path) {
+  Key* key = &roots_[root];
+  ForParts(path, [&](std::string_view part) {
+    Key* child = key->Child(part);
+    if (!child) {
+      key->children.push_back(std::make_unique<Key>());
+      child = key->children.back().get();
+      child->name = part;
+    }
+    key = child;
+    return true;
+  });
+  return *key;
+}
+
+Key* FakeRegistry::Find(RootKey root, const std::string& path) {
+  Key* key = &roots_[root];
+  const bool found = ForParts(path, [&](std::string_view part) {
+    key = key->Child(part);
+    return key != nullptr;
+  });
+  return found ? key : nullptr;
+}
+
+std::string FakeRegistry::Text(RootKey root, const std::string& path, const std::string& name) {
+  RegValue value;
+  return QueryValue(root, path, name, &value) == kRegOk ? value.data : "(none)";
+}
+
+RegStatus FakeRegistry::TryOpen(RootKey root, const std::string& path, std::uint32_t rights) {
+  if (path.starts_with("\\")) return kRegBadPath;
+  const Key* key = Find(root, path);
+  if (!key) return kRegNotFound;
+  return key->denied && rights != kKeyRead ? kRegAccessDenied : kRegOk;
+}
+
+RegStatus FakeRegistry::QueryValue(RootKey root, const std::string& path, const std::string& name,
+                                   RegValue* value) {
+  if (const RegStatus opened = TryOpen(root, path, kKeyRead)) return opened;
+  for (const auto& [existing, stored] : Find(root, path)->values) {
+    if (!EqualsNoCase(existing, name)) continue;
+    *value = stored;
+    return kRegOk;
+  }
+  return kRegNotFound;
+}
+
+RegStatus FakeRegistry::SetValue(RootKey root, const std::string& path, const std::string& name,
+                                 const RegValue& value) {
+  const RegStatus opened = TryOpen(root, path, kKeyAllRights);
+  if (opened != kRegOk && opened != kRegNotFound) return opened;
+  Make(root, path).Value(name, value.data, value.type);
+  return kRegOk;
+}
+
+RegStatus FakeRegistry::DeleteValue(RootKey root, const std::string& path,
+                                    const std::string& name) {
+  if (const RegStatus opened = TryOpen(root, path, kKeyAllRights)) return opened;
+  const std::size_t gone = std::erase_if(
+      Find(root, path)->values, [&](const auto& value) { return EqualsNoCase(value.first, name); });
+  return gone ? kRegOk : kRegNotFound;
+}
+
+RegStatus FakeRegistry::DeleteKeyCall(RootKey root, const std::string& path) {
+  journal.push_back("DeleteKey " + path);
+  std::string name;
+  const std::string parent = SplitLast(path, &name);
+  if (name.empty()) return kRegInvalidParameter;
+  if (const RegStatus opened = TryOpen(root, path, kKeyAllRights)) return opened;
+  const Key* key = Find(root, path);
+  if (!deletes_trees && !key->children.empty()) return kRegAccessDenied;
+  std::erase_if(Find(root, parent)->children,
+                [&](const auto& child) { return child.get() == key; });
+  return kRegOk;
+}
+
+RegStatus FakeRegistry::EnumKeys(RootKey root, const std::string& path, const VisitKey& visit) {
+  if (const RegStatus opened = TryOpen(root, path, kKeyRead)) return opened;
+  for (const auto& child : Find(root, path)->children) {
+    if (!visit(child->name)) break;
+  }
+  return kRegOk;
+}
+
+RegStatus FakeRegistry::EnumValues(RootKey root, const std::string& path, const VisitValue& visit) {
+  if (const RegStatus opened = TryOpen(root, path, kKeyRead)) return opened;
+  for (const auto& [name, value] : Find(root, path)->values) {
+    if (!visit(name, value)) break;
+  }
+  return kRegOk;
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,153 @@
+#include <chrono>
+
+#include "tests/fake/fake_machine.h"
+
+namespace scourwell::test {
+
+FakeProfiles::Found FakeProfiles::Search(const std::string& section, const std::string& key,
+                                         const std::string& file) {
+  Found found;
+  std::string content;
+  if (!files_.Read(file, 1 << 20, &content).ok()) return found;
+  bool inside = false;
+  for (std::size_t at = 0; at < content.size();) {
+    const std::size_t end = std::min(content.find("\r\n", at), content.size());
+    const std::string line(TrimBlanks(content.substr(at, end - at)));
+    at = end + 2;
+    const std::size_t equals = line.find('=');
+    if (line.starts_with("[")) {
+      inside = !found.section && EqualsNoCase(line, "[" + section + "]");
+      if (inside) found.section = found.lines.size();
+    } else if (inside && !found.key && equals != line.npos &&
+               EqualsNoCase(TrimBlanks(line.substr(0, equals)), key)) {
+      found.key = found.lines.size();
+    }
+    found.lines.push_back(line);
+  }
+  return found;
+}
+
+std::string FakeProfiles::ReadProfile(const std::string& section, const std::string& key,
+                                      const std::string& file) {
+  const Found found = Search(section, key, file);
+  if (!found.key) return {};
+  const std::string& line = found.lines[*found.key];
+  std::string value(TrimBlanks(line.substr(line.find('=') + 1)));
+  if (value.size() >= 2 && value.front() == '"' && value.back() == '"') {
+    value = value.substr(1, value.size() - 2);
+  }
+  return value;
+}
+
+Outcome FakeProfiles::WriteProfile(const std::string& section, const std::string& key,
+                                   const std::optional<std::string>& value,
+                                   const std::string& file) {
+  Found found = Search(section, key, file);
+  const auto at = [&](std::size_t line) {
+    return found.lines.begin() + static_cast<std::ptrdiff_t>(line);
+  };
+  if (found.key) {
+    if (value) {
+      *at(*found.key) = key + "=" + *value;
+    } else {
+      found.lines.erase(at(*found.key));
+    }
+  } else if (value) {
+    if (!found.section) {
+      found.section = found.lines.size();
+      found.lines.push_back("[" + section + "]");
+    }
+    found.lines.insert(at(*found.section + 1), key + "=" + *value);
+  }
+  std::string content;
+  for (const std::string& line : found.lines) content += line + "\r\n";
+  return files_.Replace(file, content);
+}
+
+LocalTime FakeClock::ToLocal(FileTime time) {
+  using namespace std::chrono;
+  const auto total = milliseconds(static_cast<std::int64_t>(time / 10'000));
+  const auto day = floor<days>(total);
+  const year_month_day date(sys_days(year{1601} / 1 / 1) + day);
+  const hh_mm_ss clock(total - day);
+  return {int(date.year()),
+          int(unsigned(date.month())),
+          int(unsigned(date.day())),
+          int(clock.hours().count()),
+          int(clock.minutes().count()),
+          int(clock.seconds().count()),
+          int(clock.subseconds().count())};
+}
+
+std::string FakeClock::ShortDate(const LocalTime& time) {
+  return std::to_string(time.month) + "/" + std::to_string(time.day) + "/" +
+         std::to_string(time.year);
+}
+
+std::string FakeClock::TimeOfDay(const LocalTime& time) {
+  return std::to_string(time.hour % 12 == 0 ? 12 : time.hour % 12) + ":" +
+         Padded(static_cast<unsigned>(time.minute), 2) + ":" +
+         Padded(static_cast<unsigned>(time.second), 2) + (time.hour < 12 ? " AM" : " PM");
+}
+
+bool FakeSystem::QueryVersion(unsigned record_size, VersionRecord* out) {
+  if (record_size == kExtendedVersionRecord && !knows_extended) return false;
+  *out = record;
+  return true;
+}
+
+Outcome FakeSystem::TerminateProcess(std::uint32_t process_id) {
+  journal.push_back("Terminate " + std::to_string(process_id));
+  return {};
+}
+
+Outcome FakeSystem::MoveAtReboot(const std::string& path, const std::string& target) {
+  journal.push_back("Move " + path + " > " + target);
+  return {};
+}
+
+Outcome FakeVersions::ReadFixed(const std::string& path, FixedFileInfo* info) {
+  const auto resource = resources.find(path);
+  if (resource == resources.end()) return Outcome::Failed(kFileNotFound);
+  *info = resource->second;
+  return {};
+}
+
+void FakePump::YieldNow() {
+  ++yields;
+  if (on_yield) on_yield();
+  if (yields == close_at) set_closing(true);
+}
+
+Node& FakeMachine::File(const std::string& path, std::string content) {
+  Node& node = files.Put(path, kArchive);
+  node.content = std::move(content);
+  node.modified = node.accessed = files.NextTime();
+  return node;
+}
+
+Node& FakeMachine::Link(const std::string& path, const std::string& target) {
+  Node& node = files.Put(path, kFolder | kLink);
+  node.target = target;
+  return node;
+}
+
+std::string FakeMachine::Content(const std::string& path) {
+  const Node* node = files.Find(path);
+  return node ? node->content : std::string();
+}
+
+std::string FakeMachine::Errors() {
+  const std::string log = Content(kErrorLog);
+  std::string messages;
+  for (std::size_t at = 0; at < log.size();) {
+    const std::size_t end = std::min(log.find("\"\r\n\"\r\nDate: ", at), log.size());
+    const std::string record = log.substr(at, end - at);
+    const std::size_t message = record.rfind("\",\"") + 3;
+    messages += record.substr(message, record.find("\"\r\n", message) - message) + "\n";
+    at = end + 3;
+  }
+  return messages;
+}
+
+}  // namespace scourwell::test

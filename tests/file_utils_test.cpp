@@ -1,0 +1,158 @@
+#include "platform/file_utils.h"
+
+#include "tests/support.h"
+
+namespace scourwell::test {
+
+TEST_SUITE("file_utils") {
+  TEST_CASE("paths are joined and split at the last backslash") {
+    CHECK(AddPathToFileName("C:\\a", "b") == "C:\\a\\b");
+    CHECK(AddPathToFileName("C:\\", "b") == "C:\\b");
+    CHECK(AddPathToFileName("", "b") == "\\b");
+    CHECK(FullPath_With_Filename(" C:\\App ", "x.ini") == "C:\\App\\x.ini");
+    CHECK(FileNamePart("C:\\a\\b.c") == "b.c");
+    CHECK(FileNamePart("b.c") == "b.c");
+    CHECK(FolderPart("C:\\a\\b.c") == "C:\\a");
+    CHECK(FolderPart("b.c") == "");
+  }
+
+  TEST_CASE("plain paths") {
+    for (const std::string path :
+         {"C:\\x", "c:\\Program Files\\a b.exe", "\\\\server\\share\\x", "C:\\a\\.hidden",
+          "C:\\caf\xE9", "C:\\a~1", "C:\\console\\x", "C:\\", "C:\\%win%\\x"}) {
+      CAPTURE(path);
+      CHECK(IsPlainPath(path));
+    }
+    for (const std::string path : {"",
+                                   "x",
+                                   "C:",
+                                   "C:x",
+                                   "\\x",
+                                   "%win%\\x",
+                                   "1:\\x",
+                                   "C:/x",
+                                   "C:\\*.exe",
+                                   "C:\\a?",
+                                   "C:\\..\\x",
+                                   "C:\\a\\.",
+                                   "C:\\a\\..",
+                                   "C:\\nul",
+                                   "C:\\a\\Com1.txt\\x",
+                                   "C:\\a:b",
+                                   "C:\\a|b",
+                                   "C:\\\"a\"",
+                                   "C:\\a\x01",
+                                   "\\\\.\\C:\\x",
+                                   "\\\\?\\C:\\x",
+                                   "\\\\\\x",
+                                   "\\\\s"}) {
+      CAPTURE(path);
+      CHECK_FALSE(IsPlainPath(path));
+    }
+  }
+
+  TEST_CASE("dots and blanks that Windows drops do not hide a parent or a device") {
+    for (const std::string path : {"C:\\a\\.. \\x", "C:\\a\\... \\x", "C:\\nul .txt", "C:\\ nul"}) {
+      CAPTURE(path);
+      CHECK_FALSE(IsPlainPath(path));
+    }
+  }
+
+  TEST_CASE("existence is asked of the listing") {
+    FakeMachine m;
+    m.File("C:\\d\\f.txt").Hidden().System();
+    m.Folder("C:\\empty");
+    m.Folder("C:\\denied").Denied();
+    CHECK(FileExists(m.files, "C:\\d\\F.TXT"));
+    CHECK(FileExists(m.files, "C:\\d\\*.txt"));
+    CHECK_FALSE(FileExists(m.files, "C:\\d"));
+    CHECK_FALSE(FileExists(m.files, "C:\\none\\f"));
+    CHECK_FALSE(FileExists(m.files, ""));
+    CHECK(FolderExists(m.files, "C:\\empty"));
+    CHECK(FolderExists(m.files, "C:\\"));
+    CHECK_FALSE(FolderExists(m.files, "C:\\d\\f.txt"));
+    CHECK_FALSE(FolderExists(m.files, "C:\\denied"));
+    CHECK_FALSE(FolderExists(m.files, ""));
+  }
+
+  TEST_CASE("WinInit.ini gets its entry right below the header") {
+    struct Row {
+      const char* before;
+      const char* after;
+    };
+    constexpr Row kRows[] = {
+        {"", "[Rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\n"},
+        {"[rename]\r\nNUL=C:\\a\r\n", "[rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\nNUL=C:\\a\r\n"},
+        {"[x]\r\n[Rename]", "[x]\r\n[Rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\n"},
+        {";[Rename]\r\n[x]\r\n", "[Rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\n;[Rename]\r\n[x]\r\n"},
+    };
+    for (const Row& row : kRows) {
+      Bench b;
+      b.m.File("C:\\Spyware Folder\\evil.exe");
+      if (*row.before) b.m.File("C:\\WINDOWS\\WinInit.ini", row.before);
+      b.m.Folder("C:\\WINDOWS");
+      CHECK(DestroyOnReboot("C:\\Spyware Folder\\evil.exe", b.m.files, b.m.system).ok());
+      CHECK(b.m.Content("C:\\WINDOWS\\WinInit.ini") == row.after);
+    }
+  }
+
+  TEST_CASE("the way of the running system deletes at the next start") {
+    Bench b;
+    b.m.Folder("C:\\WINDOWS");
+    b.m.Folder("C:\\Evil");
+    const auto schedule = [&](const std::string& path) {
+      return DeleteAtNextStart(path, b.m.files, b.m.system, COpSysInfo(b.m.system)).number();
+    };
+    CHECK(schedule("C:\\Evil") == 0);
+    CHECK(Lines(b.m.system.journal) == "Move C:\\Evil > \n");
+    CHECK_FALSE(b.m.Has("C:\\WINDOWS\\WinInit.ini"));
+    b.m.system.record.platform = 1;
+    CHECK(schedule("C:\\Evil") == 0);
+    CHECK(b.m.Content("C:\\WINDOWS\\WinInit.ini") == "[Rename]\r\nDIRNUL=C:\\Evil\r\n");
+    CHECK(schedule("C:\\none") == kFileNotFound);
+    CHECK(b.m.system.journal.size() == 1);
+  }
+
+  TEST_CASE("WinInit.ini survives every failure") {
+    Bench b;
+    b.m.File("C:\\evil.exe");
+    Node& ini = b.m.File("C:\\WINDOWS\\WinInit.ini", "[Rename]\r\nNUL=C:\\a\r\n");
+    const auto number = [&] {
+      return DestroyOnReboot("C:\\evil.exe", b.m.files, b.m.system).number();
+    };
+    ini.Locked();
+    CHECK(number() == kPermissionDenied);
+    ini.locked = false;
+    b.m.Folder("C:\\WINDOWS").Refuses();
+    CHECK(number() == kPermissionDenied);
+    b.m.Folder("C:\\WINDOWS").refuses = false;
+    b.m.files.faults["Stat C:\\WINDOWS\\WinInit.ini"] = kDeviceError;
+    CHECK(number() != 0);
+    CHECK(ini.content == "[Rename]\r\nNUL=C:\\a\r\n");
+  }
+
+  TEST_CASE("skipped folders") {
+    const auto skipped = [](const char* name, std::uint32_t attributes = kFolder) {
+      return DoWeSkipThisFolder({name, "", attributes, 0, 0, 0});
+    };
+    for (const char* name :
+         {".", "..", "recycler", "RECYCLED", "System volume information", "$RECYCLE.BIN"}) {
+      CHECK(skipped(name));
+    }
+    CHECK(skipped("Documents", kFolder | kLink));
+    CHECK_FALSE(skipped("Documents"));
+    CHECK_FALSE(skipped("Recycler2"));
+  }
+
+  TEST_CASE("processes, errors and the setting file") {
+    Bench b;
+    CHECK(KillProcessById(4711, b.m.system).number() == kPermissionDenied);
+    CHECK(KillProcessById(7, b.m.system).ok());
+    CHECK(Lines(b.m.system.journal) == "Terminate 7\n");
+    CHECK(RetrieveError(b.m.system) == "error 5");
+    CHECK(WriteINIString(b.m.profiles, kAppFolder, "KEY", "value").ok());
+    CHECK(b.m.Content("C:\\App\\Setting.ini") == "[Setting]\r\nKEY=value\r\n");
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,162 @@
+#include "platform/ini_text.h"
+
+#include "platform/watched_file.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+std::string Value(std::string content, std::string_view section, std::string_view key) {
+  return std::string(IniText(std::move(content)).Find(section, key).value_or("(none)"));
+}
+
+}  // namespace
+
+TEST_SUITE("ini_text") {
+  TEST_CASE("look-ups follow the system's rules") {
+    struct Row {
+      const char* content;
+      const char* value;  // of key "k" in section "s"
+    };
+    constexpr Row kRows[] = {
+        {"[s]\r\nk=1\r\nk=2\r\n", "1"},
+        {"[s]\nk=1\n[s]\nk=2", "1"},
+        {"[s]\nj=1\n[t]\nk=3\n[s]\nk=2", "(none)"},
+        {"[t]\n[s]\n[t]\nk=2", "(none)"},
+        {"[t]\nk=1\n[S]\nK=2", "2"},
+        {"k=0\n[s]\nk=1", "1"},
+        {"\t[ s ] ; x\n  k \t=  a b  \r\n", "a b"},
+        {"[s]\rk=1\r[t]\rk=2\r", "1"},
+        {"[s]\nk=\" quoted \"", " quoted "},
+        {"[s]\nk='q'", "q"},
+        {"[s]\nk=\"\"q\"\"", "\"q\""},
+        {"[s]\nk=\"open", "\"open"},
+        {"[s]\nk=\"", "\""},
+        {"[s]\nk=\"mixed'", "\"mixed'"},
+        {"[s]\nk=a=b=c", "a=b=c"},
+        {"[s]\n;k=1\n ; k=2\nk=3", "3"},
+        {"[s]\nk=1;no comment", "1;no comment"},
+        {"[s]\nk\nk x\nk=2", "2"},
+        {"[s]\nk=", ""},
+        {"[s]\n=1\nk=2", "2"},
+        {"[s\nk=1", "(none)"},
+        {"[s]\n[k=1\nk=2", "2"},
+        {"[s]k=1\nk=2", "2"},
+        {"[s]", "(none)"},
+        {"", "(none)"},
+        {"\r\n\n\r", "(none)"},
+    };
+    for (const Row& row : kRows) {
+      CAPTURE(std::string(row.content));
+      CHECK(Value(row.content, "s", "k") == row.value);
+    }
+    CHECK(Value(std::string("[s]\nk=a\0b\nj\0=1\n", 16), "s", "k") == std::string("a\0b", 3));
+    CHECK(Value("[]\n=1", "", "") == "1");
+    CHECK_FALSE(IniText().Find("s", "k"));
+  }
+
+  TEST_CASE("large names and many sections stay quick") {
+    const std::string huge(1 << 20, 'k');
+    CHECK(Value("[s]\n" + huge + "=1\n", "S", Upper(huge)) == "1");
+    std::string content;
+    for (int i = 0; i < 100'000; ++i) {
+      content += "[s" + std::to_string(i) + "]\nk=" + std::to_string(i) + "\n";
+    }
+    const IniText text(content);
+    CHECK(text.section_count() == 100'000);
+    CHECK(text.Find("S99999", "K").value_or("") == "99999");
+    CHECK(text.Find("s0", "k").value_or("") == "0");
+  }
+
+  TEST_CASE("any bytes are accepted") {
+    Dice dice(3);
+    for (int round = 0; round < 3000; ++round) {
+      std::string content;
+      for (std::size_t left = dice.Below(200); left > 0; --left) {
+        content += dice.Chance(2) ? dice.Pick(std::string_view("[]=;\"' \t\r\nks\0", 13))
+                                  : static_cast<char>(dice.Below(256));
+      }
+      const IniText text("[first]\nk=v\n" + content);
+      REQUIRE(text.Find("first", "k").value_or("") == "v");
+      static_cast<void>(text.Find("s", "k"));
+      static_cast<void>(text.Find("", ""));
+    }
+  }
+}
+
+TEST_SUITE("watched_file") {
+  TEST_CASE("changes, losses and returns are each handed over once") {
+    FakeMachine m;
+    WatchedFile watched(m.files, m.clock, 4);
+    const auto look = [&] {
+      std::string events;
+      const Outcome outcome = watched.Refresh(
+          "C:\\1\\f", "C:\\2\\f",
+          [&](std::optional<std::string> content) { events += content.value_or("(none)"); });
+      return events + (outcome.ok() ? "" : " " + std::to_string(outcome.number()));
+    };
+    CHECK(look() == "(none) 53");
+    CHECK(look() == "");
+    m.File("C:\\2\\f", "x");
+    CHECK(look() == "x");
+    CHECK(watched.path() == "C:\\2\\f");
+    CHECK(look() == "");
+    m.File("C:\\2\\f", "y").Times(1, 1);  // of the same size, written at another time
+    CHECK(look() == "y");
+    m.File("C:\\2\\f", "yy").Times(1, 1);  // of another size, written at the same time
+    CHECK(look() == "yy");
+    m.File("C:\\2\\f", "large");
+    CHECK(look() == "(none) 7");
+    m.File("C:\\2\\f", "long");
+    CHECK(look() == "long");
+    m.Folder("C:\\1\\f");  // a folder is no file
+    CHECK(look() == "");
+    m.files.Remove("C:\\1\\f");
+    m.File("C:\\1\\f", "first");
+    m.File("C:\\1\\f", "1st");
+    CHECK(look() == "1st");
+    CHECK(watched.path() == "C:\\1\\f");
+    m.files.Remove("C:\\1\\f");
+    CHECK(look() == "long");
+    m.files.Remove("C:\\2\\f");
+    CHECK(look() == "(none) 53");
+    CHECK(look() == "");
+    m.File("C:\\2\\f", "back").Times(1, 1);
+    CHECK(look() == "back");
+  }
+
+  TEST_CASE("an unreadable file is reported once and tried again") {
+    FakeMachine m;
+    WatchedFile watched(m.files, m.clock, 100);
+    m.File("C:\\f", "x").Locked();
+    std::string content = "old";
+    const auto look = [&] {
+      return watched.Refresh("C:\\f", "", [&](auto news) { content = news.value_or("(none)"); })
+          .number();
+    };
+    CHECK(look() == kPermissionDenied);
+    CHECK(content == "(none)");
+    CHECK(look() == 0);
+    m.files.Find("C:\\f")->locked = false;
+    CHECK(look() == 0);
+    CHECK(content == "x");
+  }
+
+  TEST_CASE("the disk is asked once a tick") {
+    FakeMachine m;
+    m.clock.frozen = true;
+    m.File("C:\\f");
+    WatchedFile watched(m.files, m.clock, 100);
+    const auto look = [&](const char* path) {
+      static_cast<void>(watched.Refresh(path, "", [](auto) {}));
+      return m.files.Count("Stat");
+    };
+    for (int i = 0; i < 5; ++i) CHECK(look("C:\\f") == 1);
+    CHECK(look("C:\\g") == 2);  // another question
+    CHECK(look("C:\\g") == 2);
+    ++m.clock.ticks;
+    CHECK(look("C:\\g") == 3);
+  }
+}
+
+}  // namespace scourwell::test

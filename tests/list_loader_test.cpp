@@ -1,0 +1,260 @@
+#include "definitions/list_loader.h"
+
+#include "scan/matching.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr char kFile[] = "C:\\App\\Ini\\update.ref";
+
+struct Loading : Bench, private LoadProgress {
+  Loading() { folders.windows = "C:\\WINDOWS"; }
+
+  SystemFolders folders;
+  SignatureLists lists;
+  Definitions definitions;
+  ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
+  Matching matching{m.files, log, folders, sink};
+  ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
+  int maximum = -1;
+  int advanced = 0;
+  int ended = 0;
+
+  void Load(const Loader& which) {
+    m.File(kFile, definitions.Text());
+    advanced = 0;
+    loader.Load(which);
+    CHECK(advanced <= maximum);
+  }
+  static std::string Rows(const SignatureList& list) {
+    std::string text;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+      text.append(list[i].text).append("|").append(list[i].sub1).append("|");
+      text.append(list[i].sub2).append("\n");
+    }
+    return text;
+  }
+
+ private:
+  void Begin(int most) override { maximum = most; }
+  void Advance() override { ++advanced; }
+  void End() override { ++ended; }
+};
+
+}  // namespace
+
+TEST_SUITE("list_loader") {
+  TEST_CASE("each loader reads its own sequences into its own lists") {
+    struct Row {
+      const Loader* loader;
+      const char* section;
+      std::vector<std::string> suffixes;
+      SignatureList SignatureLists::*list;
+      const char* rows;
+    };
+    using L = SignatureLists;
+    const Row rows[] = {
+        {&kUpdateTrojanList, "TAFI", {"TAFIT", "TAFIS"}, &L::lstSearch, "SPY FILE|A|b\n"},
+        {&kUpdateTrojanList, "TAFO", {"TAFOT", "TAFOS"}, &L::lstSearch, "SPY FOLDER|A|b\n"},
+        {&kUpdateDialersFileList, "DAFI", {"DAFIT", "DAFIS"}, &L::lstSearch, "SPY FILE|A|b\n"},
+        {&kUpdateDialersFolderList, "DAFO", {"DAFOT", "DAFOS"}, &L::lstSearch, "SPY FOLDER|A|b\n"},
+        {&kUpdateHijackersFileList, "HAFI", {"HAFIT", "HAFIS"}, &L::lstSearch, "SPY FILE|A|b\n"},
+        {&kUpdateHijackersFolderList,
+         "HAFO",
+         {"HAFOT", "HAFOS"},
+         &L::lstSearch,
+         "SPY FOLDER|A|b\n"},
+        {&kUpdateKeyLoggersFileList, "KAFI", {"KAFIT", "KAFIS"}, &L::lstSearch, "SPY FILE|A|b\n"},
+        {&kUpdateKeyLoggersFolderList,
+         "KAFO",
+         {"KAFOT", "KAFOS"},
+         &L::lstSearch,
+         "SPY FOLDER|A|b\n"},
+        {&kUpdateSpyFileList, "SAFI", {"SAFIT", "SAFIS"}, &L::lstSearch, "SPY FILE|A|b\n"},
+        {&kUpdateSpyFolderList, "SAFO", {"SAFOT", "SAFOS"}, &L::lstSearch, "SPY FOLDER|A|b\n"},
+        {&kUpdateRegistrySVList, "REGS", {"REGST", "REGSK"}, &L::lstSearch, "B|A|\n"},
+        {&kUpdateRegistrySVList, "REGV", {"REGVT", "REGVK", "REGVV"}, &L::lstRegistry, "B|c|A\n"},
+        {&kUpdateRegistryKList, "REGK", {"REGKT", "REGKK"}, &L::lstRegKSearch, "REG KEY|A|b\n"},
+        {&kUpdateRegistryKOList, "REGKO", {"REGKTO", "REGKKO"}, &L::lstRegKSearch, "REG KEY|A|b\n"},
+        {&kUpdateCookieList, "COOK", {"COOKT", "COOKC"}, &L::lstSearch, "SPY COOKIE|A|b\n"},
+        {&kUpdateSearchByCompanyList,
+         "SCW",
+         {"SCWT", "SCWV"},
+         &L::lstCWSearch,
+         "SPY CW FILE|A|b\n"},
+        {&kUpdateSearchByFileChecSum,
+         "SBFCS",
+         {"SBFCST", "SBFCSN", "SBFCSS"},
+         &L::lstFCSSearch,
+         "A|b|c\n"},
+    };
+    for (const Row& row : rows) {
+      CAPTURE(std::string(row.section));
+      Loading l;
+      l.definitions.Entry(row.section, row.suffixes, {"A", "b", "c"});
+      l.Load(*row.loader);
+      CHECK(Loading::Rows(l.lists.*row.list) == row.rows);
+      CHECK(l.ended == 1);
+      CHECK(l.m.Errors() == "");
+    }
+  }
+
+  TEST_CASE("a sequence ends at its first gap") {
+    for (const char* missing : {"2SAFIT", "2SAFIS"}) {
+      Loading l;
+      for (int n = 0; n < 5; ++n) {
+        for (const char* suffix : {"SAFIT", "SAFIS"}) {
+          const std::string key = std::to_string(n) + suffix;
+          if (key != missing) l.definitions.Value("SAFI", key, key);
+        }
+      }
+      l.Load(kUpdateSpyFileList);
+      CHECK(Loading::Rows(l.lists.lstSearch) == "SPY FILE|0SAFIT|0SAFIS\nSPY FILE|1SAFIT|1SAFIS\n");
+    }
+  }
+
+  TEST_CASE("an entry of three keys needs them all, and one count has a name of its own") {
+    Loading l;
+    l.definitions.Entry("REGV", {"REGVT", "REGVK", "REGVV"}, {"a", "b", "c"})
+        .Entry("REGV", {"REGVT", "REGVK"}, {"a", "b"})
+        .Entry("REGV", {"REGVT", "REGVK", "REGVV"}, {"a", "b", "c"})
+        .Value("NTOT", "HAFITDDNUM", "4");
+    l.Load(kUpdateRegistrySVList);
+    CHECK(l.lists.lstRegistry.size() == 1);
+    l.Load(kUpdateHijackersFileList);
+    CHECK(l.maximum == 4);
+  }
+
+  TEST_CASE("at most 10001 entries are read") {
+    Loading l;
+    for (int n = 0; n < 10'003; ++n) {
+      l.definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"s", std::to_string(n)});
+    }
+    l.m.clock.frozen = true;
+    l.Load(kUpdateSpyFileList);
+    REQUIRE(l.lists.lstSearch.size() == 10'001);
+    CHECK(l.lists.lstSearch[10'000].sub2 == "10000");
+  }
+
+  TEST_CASE("counts only size the bar, a wrong one is recorded once per file") {
+    struct Row {
+      const char* count;
+      int maximum;
+      int advanced;
+      bool recorded;
+    };
+    for (const Row& row : {Row{"3", 3, 3, false},
+                           {"1", 1, 1, true},
+                           {"7", 7, 3, true},
+                           {"3 of them", 3, 3, false},
+                           {"none", 0, 0, true},
+                           {"-5", 0, 0, true},
+                           {"99999999999", INT32_MAX, 3, true},
+                           {"", 0, 0, false}}) {
+      CAPTURE(std::string(row.count));
+      Loading l;
+      for (const char* value : {"a", "b", "c"}) {
+        l.definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"s", value});
+      }
+      l.definitions.Value("NTOT", "SAFITNUM", row.count);
+      l.definitions.Value("NTOT", "SAFITDNUM", row.maximum == INT32_MAX ? "99" : "0");
+      l.Load(kUpdateSpyFileList);
+      CHECK(l.maximum == row.maximum);
+      CHECK(l.advanced == row.advanced);
+      CHECK(l.lists.lstSearch.size() == 3);
+      CHECK((l.m.Errors().find("The definitions announce") != std::string::npos) == row.recorded);
+      const std::string once = l.m.Errors();
+      l.loader.Load(kUpdateSpyFileList);
+      CHECK(l.m.Errors() == once);
+    }
+  }
+
+  TEST_CASE("direct entries are expanded and checked at once") {
+    Loading l;
+    l.m.File("C:\\WINDOWS\\evil.exe");
+    l.m.Folder("C:\\WINDOWS\\spydir");
+    for (const char* path :
+         {"%WIN%\\EVIL.exe", "%WIN%\\gone.exe", "%Windows%\\x.exe", "C:\\WINDOWS\\evil.exe",
+          "%win%\\evil.exe", "%WIN%\\*.exe", "%WIN%\\spydir", "%PF%", "%WIN%\\EVIL.EXE"}) {
+      l.definitions.Entry("SAFI", {"SAFITD", "SAFISD"}, {"spy", path});
+      l.definitions.Entry("SAFO", {"SAFOTD", "SAFOSD"}, {"spy", path});
+    }
+    l.Load(kUpdateSpyFileList);
+    CHECK(l.sink.lines() == "Spy File|spy|C:\\WINDOWS\\EVIL.exe\n");
+    l.Load(kUpdateSpyFolderList);
+    CHECK(l.sink.found.size() == 2);
+    CHECK(l.sink.found.back().details == "C:\\WINDOWS\\spydir");
+    CHECK(l.sink.found.back().icon == kCodeFolder);
+    const std::string refused =
+        "Error Description: The definition does not name one absolute path, Error Number: 52, "
+        "Method: checkIfFileExistsThenAddToSpyList, Path: ";
+    CHECK(
+        l.m.Errors().starts_with(refused + "%win%\\evil.exe\n" + refused + "C:\\WINDOWS\\*.exe\n"));
+    CHECK(l.m.files.Count("List %") == 0);
+    CHECK(l.lists.lstSearch.empty());
+  }
+
+  TEST_CASE("withdrawn rows go, all of them and whatever their case") {
+    Loading l;
+    l.m.File(kFile, l.definitions.Value("REMO", "0REMENT", "EVIL.exe")
+                        .Value("REMO", "1REMENT", "two")
+                        .Value("REMO", "3REMENT", "three")
+                        .Text());
+    for (const char* name : {"evil.EXE", "one", "TWO", "evil.exe", "three"}) {
+      FillListBox(l.lists.lstSearch, "Spy File", "s", name);
+    }
+    l.loader.removeFromList();
+    CHECK(Loading::Rows(l.lists.lstSearch) == "SPY FILE|s|one\nSPY FILE|s|three\n");
+  }
+
+  TEST_CASE("closing ends the loading at that entry") {
+    Loading l;
+    for (int n = 0; n < 5; ++n) {
+      l.definitions.Entry("TAFI", {"TAFIT", "TAFIS"}, {"s", "file"});
+      l.definitions.Entry("TAFO", {"TAFOT", "TAFOS"}, {"s", "folder"});
+    }
+    l.definitions.Value("NTOT", "TAFITNUM", "5");
+    l.m.pump.close_at = 3;
+    l.Load(kUpdateTrojanList);
+    CHECK(l.lists.lstSearch.size() == 2);
+    CHECK(l.ended == 1);
+    CHECK(l.m.Errors() == "");
+  }
+
+  TEST_CASE("the lists of the version information are refilled, the others grow") {
+    Loading l;
+    l.definitions.Entry("SCE", {"SCET", "SCEV"}, {"s", "v"})
+        .Entry("COOK", {"COOKT", "COOKC"}, {"s", "v"});
+    for (int i = 0; i < 2; ++i) {
+      l.Load(kUpdateSearchByCompanyList);
+      l.Load(kUpdateCookieList);
+    }
+    CHECK(l.lists.lstCESearch.size() == 1);
+    CHECK(l.lists.lstSearch.size() == 2);
+  }
+}
+
+TEST_SUITE("signature_list") {
+  TEST_CASE("rows keep their order, shared texts and duplicates") {
+    SignatureList list;
+    FillListBox(list, " Spy File ", "a", "1");
+    FillListBox(list, "Spy File", "a", "1");
+    FillListBoxRegistryVType(list, " key\\Path ", "spy", "value");
+    FillListBox(list, "x", "", std::string(70'000, 'v'));
+    CHECK(list.size() == 4);
+    CHECK(list[0].text == "SPY FILE");
+    CHECK(list[1].sub2 == "1");
+    CHECK(list[2].text == "KEY\\PATH");
+    CHECK(list[2].sub1 == "value");
+    CHECK(list[2].sub2 == "spy");
+    CHECK(list[3].sub2.size() == 65'535);
+    list.Retain([](const SignatureRow& row) { return row.text != "SPY FILE"; });
+    CHECK(list.size() == 2);
+    CHECK(list[0].sub2 == "spy");
+    list.Clear();
+    CHECK(list.empty());
+  }
+}
+
+}  // namespace scourwell::test

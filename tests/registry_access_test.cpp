@@ -1,0 +1,142 @@
+#include "platform/registry_access.h"
+
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr RootKey kUser = RootKey::CurrentUser;
+
+struct Access : Bench {
+  RegistryAccess access{m.registry, log, captions, m.shell};
+};
+
+}  // namespace
+
+TEST_SUITE("registry_access") {
+  TEST_CASE("roots and their names") {
+    CHECK(RootFromName("hkey_current_user") == RootKey::CurrentUser);
+    CHECK(RootFromName("HKEY_DYN_DATA") == RootKey::DynData);
+    CHECK_FALSE(RootFromName("HKCU"));
+    CHECK_FALSE(RootFromName(""));
+    CHECK(NameFromRoot(RootKey::LocalMachine) == "HKEY_LOCAL_MACHINE");
+    CHECK(NameFromRoot(RootKey::PerformanceData) == "");
+  }
+
+  TEST_CASE("value data as text") {
+    struct Row {
+      std::uint32_t type;
+      std::string data;
+      const char* text;
+    };
+    const Row rows[] = {
+        {1, "abc", "abc"},
+        {1, std::string("ab\0cd\0", 6), "ab"},
+        {2, "%x%", "%x%"},
+        {7, std::string("a\0b\0\0", 5), "a"},
+        {3, std::string("\x0A\xFF\0", 3), "0A FF 00"},
+        {3, "", ""},
+        {5, std::string("\0\1", 2), "00 01"},
+        {6, "A", "41"},
+        {4, std::string("\xFF\0\0\0", 4), "0x000000FF"},
+        {4, std::string("\x01\x02", 2), "0x00000201"},
+        {4, std::string("\x01\x02\x03\x04\x05", 5), "0x04030201"},
+        {4, "", "0x00000000"},
+        {0, "abc", "Temporary unsupported"},
+        {8, "abc", "Temporary unsupported"},
+        {11, "12345678", "Temporary unsupported"},
+    };
+    for (const Row& row : rows) {
+      CAPTURE(row.type);
+      CHECK(ValueToText({row.type, row.data}) == row.text);
+    }
+  }
+
+  TEST_CASE("a key goes with everything below it, deepest first") {
+    Access a;
+    for (const char* path : {"Spy\\a\\x", "Spy\\a\\y", "Spy\\b", "Other"}) {
+      a.m.registry.Make(kUser, path);
+    }
+    SUBCASE("where the system's call takes single keys only") {
+      CHECK(a.access.DeleteKey(kUser, "\\Spy\\") == kRegOk);
+      std::vector<std::string> gone;
+      for (const std::string& call : a.m.registry.journal) {
+        if (call != "DeleteKey Spy" && call != "DeleteKey Spy\\a") gone.push_back(call);
+      }
+      CHECK(Lines(gone) == "DeleteKey Spy\\b\nDeleteKey Spy\\a\\y\nDeleteKey Spy\\a\\x\n");
+      CHECK(a.m.registry.journal.back() == "DeleteKey Spy");
+    }
+    SUBCASE("where it takes whole trees") {
+      a.m.registry.deletes_trees = true;
+      CHECK(a.access.DeleteKey(kUser, "Spy") == kRegOk);
+      CHECK(Lines(a.m.registry.journal) == "DeleteKey Spy\n");
+    }
+    CHECK(a.m.registry.Find(kUser, "Spy") == nullptr);
+    CHECK(a.m.registry.Find(kUser, "Other") != nullptr);
+    CHECK(a.m.shell.journal.empty());
+    CHECK(a.access.DeleteKey(kUser, "Spy") == kRegNotFound);
+  }
+
+  TEST_CASE("a denied key stops the deletion and is told once") {
+    Access a;
+    a.m.registry.Make(kUser, "Spy\\left");
+    a.m.registry.Make(kUser, "Spy\\a\\x").Denied();
+    a.m.registry.Make(kUser, "Spy\\b");
+    CHECK(a.access.DeleteKey(kUser, "Spy") == kRegAccessDenied);
+    CHECK(Lines(a.m.shell.journal) == "Message <2005>/<2006>\n");
+    CHECK(a.m.registry.Find(kUser, "Spy\\a\\x") != nullptr);
+    CHECK(a.m.registry.Find(kUser, "Spy\\left") != nullptr);
+  }
+
+  TEST_CASE("a root is never deleted") {
+    Access a;
+    a.m.registry.Make(kUser, "Software");
+    for (const char* path : {"", "\\"}) {
+      CHECK(a.access.DeleteKey(kUser, path) == kRegInvalidParameter);
+      RegStatus status = kRegOk;
+      CRegister(a.m.registry).DeleteEntry(kUser, path, "", &status);
+      CHECK(status == kRegInvalidParameter);
+    }
+    CHECK(a.m.registry.journal.empty());
+  }
+
+  TEST_CASE("subkeys and values") {
+    Access a;
+    a.m.registry.Make(kUser, "K\\one").Value("n", "1");
+    a.m.registry.Make(kUser, "K\\two");
+    a.m.registry.Make(kUser, "K")
+        .Value("text", std::string("a\0b", 3))
+        .Value("bin", "x", 3)
+        .Value("", "unnamed");
+    CHECK(a.access.SubkeyCount(kUser, "\\K") == 2);
+    CHECK(a.access.SubkeyCount(kUser, "none") == 0);
+    CHECK(a.access.SubkeyName(kUser, "K\\", 1) == "two");
+    CHECK(a.access.SubkeyName(kUser, "K", 2) == "");
+    CHECK(a.access.ReadString(kUser, "\\K\\", "TEXT") == "a");
+    CHECK(a.access.ReadString(kUser, "K", "bin") == "");
+    CHECK(a.access.ReadString(kUser, "K", "none") == "");
+    CHECK(a.access.DeleteValue(kUser, "\\K", "bin") == kRegOk);
+    CHECK(a.access.DeleteValue(kUser, "\\K", "bin") == kRegNotFound);
+    RegStatus status = kRegNotFound;
+    CRegister reg(a.m.registry);
+    reg.DeleteEntry(kUser, "\\K", "*", &status);
+    CHECK(status == kRegOk);
+    CHECK(a.m.registry.Text(kUser, "K", "") == "(none)");
+    reg.DeleteEntry(kUser, "\\K\\one", "", &status);
+    CHECK(status == kRegOk);
+    CHECK(a.access.SubkeyCount(kUser, "K") == 1);
+    CHECK(reg.SetString(kUser, "\\New\\Key\\", "v", "t") == kRegOk);
+    CHECK(a.m.registry.Text(kUser, "New\\Key", "v") == "t");
+    CHECK(CRegister::SplitKeyPath("\\\\a\\\\") == "\\a\\");
+  }
+
+  TEST_CASE("libraries register themselves") {
+    Access a;
+    CHECK(a.access.SelfRegister("C:\\x.dll", true).ok());
+    CHECK(a.access.SelfRegister("C:\\x.dll", false).ok());
+    CHECK(Lines(a.m.shell.journal) ==
+          "Call C:\\x.dll DllRegisterServer\nCall C:\\x.dll DllUnregisterServer\n");
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,270 @@
+#include "backup/ignore_list.h"
+#include "results/hit_list.h"
+#include "results/scan_log.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr char kIgnored[] = "C:\\App\\ignorespylist.txt";
+
+struct Results : Bench {
+  IgnoreList ignore{m.files, m.clock, log, kIgnored};
+  HitList hits{ignore, settings, log};
+
+  void Add(std::string_view kind, const std::string& details, const std::string& spy = "spy") {
+    hits.AddSpyToListView({std::string(kind), details, spy, 0, {}, {}});
+  }
+  std::string Details() const {
+    std::string text;
+    for (std::size_t i = 0; i < hits.size(); ++i) text += hits.Text(i, HitList::kDetails) + " ";
+    return text;
+  }
+};
+
+struct Logging : Results {
+  Logging() {
+    settings.LogFilePath = "D:\\Logs\\ScanLog.txt";
+    m.AddDrive('D');
+    m.Folder("D:\\Logs");
+    folders.application = kAppFolder;
+  }
+  COpSysInfo os{m.system};
+  SystemFolders folders;
+  ScanLog scan_log{
+      {m.files, m.clock, m.versions, log, captions, settings, hits, os, folders, {1, 2, 3}}};
+};
+
+}  // namespace
+
+TEST_SUITE("ignore_list") {
+  TEST_CASE("records are three fields a line") {
+    const auto parsed = [](std::string_view text) {
+      std::string result;
+      for (const IgnoreRecord& record : ParseIgnoreRecords(text)) {
+        result += record.kind + "/" + record.details + "/" + record.system + ";";
+      }
+      return result;
+    };
+    CHECK(parsed("\"a\",\"b, c\",\"d\"\r\n\"e\",\"f\",\"g\"\r\n") == "a/b, c/d;e/f/g;");
+    CHECK(parsed("a, b ,c\nd") == "a/b/c;d//;");
+    CHECK(parsed("\"a\" , \"b\",\"c\",\"more\",x\r\n\"d\"") == "a/b/c;d//;");
+    CHECK(parsed("\"a\"b\",\"c\",\"d\"") == "a/c/d;");
+    CHECK(parsed("\"\",,\"c\"") == "//c;");
+    CHECK(parsed("\"open, to the end") == "open, to the end//;");
+    CHECK(parsed("\r\n\n\r") == "");
+    CHECK(parsed("") == "");
+  }
+
+  TEST_CASE("kind and details are compared with case, the file is read when it changed") {
+    Results r;
+    CHECK_FALSE(r.ignore.Matches("Spy File", "C:\\x"));
+    CHECK(r.m.Errors() == "");
+    r.m.File(kIgnored, "\"Spy File\",\"C:\\x\",\"spy\"\r\n");
+    CHECK(r.ignore.Matches("Spy File", "C:\\x"));
+    CHECK_FALSE(r.ignore.Matches("Spy File", "c:\\x"));
+    CHECK_FALSE(r.ignore.Matches("Spy file", "C:\\x"));
+    CHECK_FALSE(r.ignore.Matches("Spy Folder", "C:\\x"));
+    CHECK_FALSE(r.ignore.Matches("Spy FileC:", "\\x"));
+    CHECK(r.m.files.Count("Read ") == 1);
+    r.m.File(kIgnored, "\"Spy Folder\",\"C:\\x\",\"spy\"\r\n");
+    CHECK_FALSE(r.ignore.Matches("Spy File", "C:\\x"));
+    CHECK(r.ignore.Matches("Spy Folder", "C:\\x"));
+    r.m.files.Remove(kIgnored);
+    CHECK_FALSE(r.ignore.Matches("Spy Folder", "C:\\x"));
+  }
+}
+
+TEST_SUITE("hit_list") {
+  TEST_CASE("rows are counted by kind, ignored ones in both counters") {
+    Results r;
+    r.m.File(kIgnored, "\"Spy File\",\"C:\\ignored\",\"any\"\r\n");
+    for (const std::string_view kind :
+         {kSpyFile, kSpyCookie, kSpyFolder, kSpyRegistryKey, kSpyRegistryValue, kMemoryProcess}) {
+      r.Add(kind, "item of " + std::string(kind));
+    }
+    r.Add("Unknown kind", "x");
+    r.Add("Spy File", "C:\\ignored");
+    const HitCounters& counters = r.hits.counters();
+    CHECK(counters.files == 3);
+    CHECK(counters.folders == 1);
+    CHECK(counters.registry == 2);
+    CHECK(counters.processes == 1);
+    CHECK(counters.ignored == 1);
+    CHECK(counters.Total() == 7);
+    CHECK(r.hits.size() == 7);
+    CHECK(r.hits.Contains("C:\\IGNORED"));
+    r.hits.Clear();
+    CHECK(r.hits.empty());
+    CHECK(r.hits.counters().Total() == 0);
+    CHECK_FALSE(r.hits.Contains("C:\\ignored"));
+  }
+
+  TEST_CASE("an item is reported once whatever its case") {
+    Results r;
+    CHECK(ReportOnce(r.hits, kSpyFile, kCodeFile, "C:\\Evil.exe", "spy"));
+    CHECK_FALSE(ReportOnce(r.hits, kSpyFile, kCodeFile, "c:\\EVIL.EXE", "other"));
+    CHECK(r.hits.size() == 1);
+    CHECK(r.hits.row(0).detection.icon == 3);
+    CHECK(r.hits.row(0).detection.tool_tip == "C:\\Evil.exe");
+  }
+
+  TEST_CASE("rows arrive ticked when the settings say so") {
+    struct Row {
+      const char* mark;
+      bool auto_remove;
+      bool checked;
+    };
+    for (const Row& row : {Row{"y", false, true},
+                           {"n", false, false},
+                           {"n", true, true},
+                           {"Y", false, false},
+                           {"", false, false}}) {
+      Results r;
+      r.settings.MarkChecked = row.mark;
+      r.settings.AutoRemove = row.auto_remove;
+      r.Add(kSpyFile, "x");
+      CHECK(r.hits.row(0).checked == row.checked);
+    }
+    Results r;
+    r.Add(kSpyFile, "1");
+    r.Add(kSpyFile, "2");
+    r.hits.SetChecked(1, true);
+    CHECK(r.hits.checked_count() == 1);
+    r.hits.CheckAll(true);
+    CHECK(r.hits.checked_count() == 2);
+    r.hits.CheckAll(false);
+    CHECK(r.hits.checked_count() == 0);
+  }
+
+  TEST_CASE("counting past 32767 is recorded, the rows stay") {
+    Results r;
+    r.m.clock.frozen = true;
+    for (int i = 0; i < 32'768; ++i) r.Add(kSpyFile, std::to_string(i));
+    CHECK(r.hits.counters().files == 32'767);
+    CHECK(r.hits.size() == 32'768);
+    CHECK(r.m.Errors() ==
+          "Error Description: Overflow, Error Number: 6, Method: AddSpyToListView\n");
+    r.Add(kSpyFolder, "still counted");
+    CHECK(r.hits.counters().Total() == 32'768);
+  }
+
+  TEST_CASE("each click on a header turns the order, equal rows keep theirs") {
+    Results r;
+    r.Add(kSpyFile, "b", "1");
+    r.Add(kSpyFolder, "C", "1");
+    r.Add(kSpyFile, "a", "2");
+    r.hits.SortBy(HitList::kDetails);
+    CHECK(r.Details() == "a b C ");
+    CHECK(r.hits.ascending());
+    r.hits.SortBy(HitList::kDetails);
+    CHECK(r.Details() == "C b a ");
+    r.hits.SortBy(HitList::kType);
+    CHECK(r.Details() == "b a C ");
+    r.hits.SortBy(HitList::kSystem);
+    CHECK(r.Details() == "a b C ");
+    CHECK_FALSE(r.hits.ascending());
+    std::string many;
+    r.hits.Clear();
+    for (char c = '0'; c <= 'z'; ++c) {
+      r.Add(c % 2 ? kSpyFile : kSpyFolder, std::string(1, c), "same");
+      many += std::string(1, c) + " ";
+    }
+    r.hits.SortBy(HitList::kSystem);
+    CHECK(r.Details() == many);
+  }
+}
+
+TEST_SUITE("scan_log") {
+  TEST_CASE("the drive section") {
+    Logging l;
+    l.m.File("C:\\Evil\\x.exe", std::string(1536, 'x')).Times(0, 127'229'183'980'000'000);
+    l.m.File("C:\\Evil\\y.txt").Times(0, 0);
+    l.m.versions.resources["C:\\Evil\\x.exe"] = {0x00010002, 0x00030004, 0x40004};
+    l.Add(kSpyFile, "C:\\Evil\\x.exe", "One");
+    l.Add(kSpyFolder, "C:\\Evil", "Two");
+    l.Add(kSpyCookie, "C:\\Evil\\y.txt", "Three");
+    l.Add(kSpyRegistryKey, "HKEY", "Four");
+    l.scan_log.CreateDriveScanLogFile();
+    CHECK(l.m.Content("D:\\Logs\\ScanLog.txt") ==
+          "\r\n<1832>\r\n====================\r\n"
+          "Two folder:C:\\Evil\r\n"
+          "<1833>\r\n<1834>1\r\n"
+          "\r\n<1835>\r\n====================\r\n"
+          "One file:C:\\Evil\\x.exe\r\n"
+          "\tFileSize :1.5 kb\r\n\tLast accessed  :3/4/2004 11:59:58 PM\r\n"
+          "\tBuild :1.2.3.4\r\n\tOS :-NT-Win32\r\n\r\n\r\n"
+          "Three file:C:\\Evil\\y.txt\r\n"
+          "\tFileSize :0 kb\r\n\tLast accessed  :\r\n\tBuild :\r\n\tOS :-\r\n\r\n\r\n"
+          "<1836>\r\n<1837>2\r\n<1831>\r\n");
+    CHECK(l.m.Errors() == "");
+  }
+
+  TEST_CASE("a file that has gone is listed and recorded") {
+    Logging l;
+    l.Add(kSpyFile, "C:\\gone.exe", "One");
+    l.scan_log.CreateDriveScanLogFile();
+    CHECK(l.m.Content("D:\\Logs\\ScanLog.txt").find("One file:C:\\gone.exe\r\n\tFileSize :0 kb") !=
+          std::string::npos);
+    CHECK(l.m.Errors() ==
+          "Error Description: File not found, Error Number: 53, "
+          "Method: CreateDriveScanLogFile, File: C:\\gone.exe\n");
+  }
+
+  TEST_CASE("the closing block") {
+    Logging l;
+    l.m.File("D:\\Logs\\ScanLog.txt", "before\r\n");
+    l.Add(kSpyFile, "C:\\x", "One");
+    l.Add(kSpyFolder, "C:\\y", "One");
+    l.scan_log.FinishScan();
+    const std::string rule = std::string(58, '=') + "\r\n";
+    CHECK(l.m.Content("D:\\Logs\\ScanLog.txt") ==
+          "before\r\n\r\n\r\n" + rule + "<1851> 2\r\n" + rule +
+              "\r\n<1852> 3/5/2004 12:00:00 PM\r\n<1853>\r\n\r\n\r\n" + rule +
+              "Application Version: 1.2.3\r\n" + rule +
+              "Major Version: 5\r\nMinor Version: 1\r\nBuild Number Version: 2600\r\n"
+              "Platform ID: 2\r\nService Pack Major: 3\r\nService Pack Minor: 0\r\n"
+              "Suite Mask: 256\r\nPlatform: Windows XP\r\n"
+              "Platform Version: Windows XP v5.1, Build 2600\r\n"
+              "OS Product Name: NT Workstation\r\nCSD Version: Service Pack 3\r\n"
+              "Is Windows XP: True\r\nIs Windows 2K: True\r\nIs Windows NT: True\r\n"
+              "Is Windows 9x: False\r\nIs Windows 95: False\r\nIs Windows 98: False\r\n"
+              "Is Windows Me: False\r\n\r\n\r\n" +
+              rule);
+  }
+
+  TEST_CASE("a vanished or refusing folder moves the log to the application folder") {
+    for (const bool vanished : {true, false}) {
+      Logging l;
+      if (vanished) {
+        l.m.files.Remove("D:\\Logs");
+      } else {
+        l.m.Folder("D:\\Logs").Refuses();
+      }
+      l.scan_log.CreateDriveScanLogFile();
+      l.scan_log.FinishScan();
+      CHECK(l.settings.LogFilePath == "C:\\App\\ScanLog.txt");
+      CHECK(l.m.Content("C:\\App\\ScanLog.txt").starts_with("\r\n<1832>\r\n"));
+      CHECK(l.m.Content("C:\\App\\ScanLog.txt").find("<1851> 0") != std::string::npos);
+      CHECK(l.m.Errors() == std::string("Error Description: ") +
+                                (vanished ? "Path not found, Error Number: 76"
+                                          : "Permission denied, Error Number: 70") +
+                                ", Method: CreateDriveScanLogFile, LogFile: D:\\Logs\\ScanLog.txt, "
+                                "Written to: C:\\App\\ScanLog.txt\n");
+    }
+  }
+
+  TEST_CASE("where the application folder refuses too, the path stays") {
+    Logging l;
+    l.m.Folder("D:\\Logs").Refuses();
+    l.m.File("C:\\App\\ScanLog.txt", "old").Locked();
+    l.scan_log.FinishScan();
+    CHECK(l.settings.LogFilePath == "D:\\Logs\\ScanLog.txt");
+    CHECK(l.m.Content("C:\\App\\ScanLog.txt") == "old");
+    CHECK(l.m.Errors() ==
+          "Error Description: Permission denied, Error Number: 70, "
+          "Method: FinishScan, LogFile: D:\\Logs\\ScanLog.txt\n");
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,246 @@
+#include "scan/scan_session.h"
+
+#include "scan/matching.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+// A machine on which every category of the definitions has one folder and one file to find.
+struct Session : Bench, private ScanReport, private LoadProgress {
+  Session() {
+    m.AddDrive('D');
+    Definitions definitions;
+    for (const std::string letter : {"T", "D", "H", "K", "S"}) {
+      m.File("D:\\" + letter + "file.exe");
+      m.Folder("D:\\" + letter + "folder");
+      definitions.Entry(letter + "AFI", {letter + "AFIT", letter + "AFIS"},
+                        {letter, letter + "file.exe"});
+      definitions.Entry(letter + "AFO", {letter + "AFOT", letter + "AFOS"},
+                        {letter, letter + "folder"});
+    }
+    m.File("C:\\App\\Ini\\update.ref", definitions.Text());
+    settings.Trojans = settings.Dialers = settings.BHO = settings.KeyLoggers =
+        settings.SpywareAdware = true;
+    scope.FillTree(captions, {{'D', DriveKind::Fixed}});
+    m.pump.on_yield = [this] {
+      Note(progress.lblScanStatus + " " + progress.lblScanOption);
+      most_rows = std::max(most_rows, lists.lstSearch.size());
+    };
+  }
+
+  SystemFolders folders;
+  SignatureLists lists;
+  ScanScope scope;
+  ScanProgress progress;
+  ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
+  Matching matching{m.files, log, folders, sink};
+  ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
+  ScanSession session{
+      {m.files, m.pump, log, m.shell, captions, settings, lists, loader, sink, *this, progress}};
+  std::vector<std::string> events;
+  std::size_t most_rows = 0;
+
+  bool Noted(std::string_view event) const {
+    return std::find(events.begin(), events.end(), event) != events.end();
+  }
+  std::string Spies() const {
+    std::string spies;
+    for (const Detection& detection : sink.found) {
+      spies += detection.system + (detection.kind == kSpyFolder ? "/" : " ");
+    }
+    return spies;
+  }
+
+ private:
+  void Note(const std::string& event) {
+    if (events.empty() || events.back() != event) events.push_back(event);
+  }
+  void CreateDriveScanLogFile() override { Note("log"); }
+  void FinishScan() override { Note("finish"); }
+  void Begin(int) override {}
+  void Advance() override {}
+  void End() override {}
+};
+
+}  // namespace
+
+TEST_SUITE("scan_scope") {
+  TEST_CASE("the tree has seven fixed nodes and the drives that are scanned") {
+    ScanScope scope;
+    const NumberCaptions captions;
+    scope.FillTree(captions, {{'A', DriveKind::Removable},
+                              {'C', DriveKind::Fixed},
+                              {'D', DriveKind::Optical},
+                              {'E', DriveKind::RamDisk},
+                              {'F', DriveKind::Network},
+                              {'G', DriveKind::Unknown},
+                              {'H', DriveKind::NoRoot}});
+    std::vector<std::string> nodes;
+    for (std::size_t i = 1; i <= scope.count(); ++i) {
+      const ScanScope::Node& node = scope.node(i);
+      nodes.push_back(node.text + " " + node.key + " " + std::to_string(node.parent));
+      CHECK(node.ticked);
+    }
+    CHECK(Lines(nodes) ==
+          "<1901> MyComputer 0\n<1902> ScanMemory 1\n<1903> ScanRegistry 1\n"
+          "<1907> ScanCookie 1\n<1904> ScanDrives 1\n<1905> QuickScan 3\n<1906> DeepScan 3\n"
+          "A: <1908> A:\\ 5\nC: <1909> C:\\ 5\nF: <1910> F:\\ 5\n");
+  }
+
+  TEST_CASE("ticks spread to children and parents") {
+    struct Row {
+      std::vector<int> clicks;  // negative: clears
+      const char* ticked;
+    };
+    for (const Row& row : {Row{{}, "123456789"},
+                           {{-6}, "12345789"},
+                           {{-6, -7}, "124589"},
+                           {{-3}, "124589"},
+                           {{-1}, ""},
+                           {{-1, 8}, "158"},
+                           {{-1, 7}, "137"},
+                           {{-1, 3}, "1367"},
+                           {{-5, 9}, "12345679"},
+                           {{-8, -9}, "123467"},
+                           {{-2, -4, -5, -7, -6}, ""}}) {
+      ScanScope scope;
+      scope.FillTree(NumberCaptions(), {{'C', DriveKind::Fixed}, {'D', DriveKind::Fixed}});
+      for (const int click : row.clicks) {
+        scope.SetTicked(static_cast<std::size_t>(std::abs(click)), click > 0);
+      }
+      std::string ticked;
+      for (std::size_t i = 1; i <= scope.count(); ++i) {
+        if (scope.ticked(i)) ticked += std::to_string(i);
+      }
+      CHECK(ticked == row.ticked);
+      CHECK(scope.AnythingTicked() == (ticked.size() > 1));
+    }
+  }
+
+  TEST_CASE("another language renames the nodes and keeps the ticks") {
+    struct : Captions {
+      std::string Text(int number) const override { return std::to_string(number); }
+    } plain;
+    ScanScope scope;
+    scope.FillTree(NumberCaptions(), {{'C', DriveKind::Fixed}});
+    scope.SetTicked(8, false);
+    scope.Rename(plain);
+    CHECK(scope.node(7).text == "1906");
+    CHECK(scope.node(8).text == "C: 1909");
+    CHECK_FALSE(scope.ticked(8));
+    CHECK(scope.ticked(7));
+  }
+}
+
+TEST_SUITE("scan_session") {
+  TEST_CASE("folders come before files, then the log, then the end") {
+    Session s;
+    s.session.StartScan(s.scope);
+    CHECK(Lines(s.events) ==
+          "<1805> \n<1805> <1882>\n<1805> <1841> - D: (<1909>) ...\n<1805> <1883>\n"
+          "<1805> <1841> - D: (<1909>) ...\nlog\n<1805> <1841> - D: (<1909>) ...\nfinish\n");
+    CHECK(s.Spies() == "T T/D/H/K/S/D H K S ");  // the trojan lists serve both passes
+    CHECK(s.session.finished());
+    CHECK(s.progress.lblScanStatus == "<1808>");
+    CHECK(s.progress.lblScanOption == "<1808>");
+    CHECK(s.progress.lblScan == "<1808>");
+    CHECK(s.progress.scanned_files == 5);  // of the last pass
+    CHECK(s.lists.lstSearch.empty());
+    CHECK(s.most_rows == 6);  // no pass keeps the rows of the one before
+    CHECK(s.m.shell.journal.empty());
+    CHECK(s.m.Errors() == "");
+  }
+
+  TEST_CASE("each category setting switches its own lists") {
+    struct Row {
+      bool AppSettings::*setting;
+      const char* spies;
+    };
+    for (const Row& row : {Row{&AppSettings::Trojans, "T T/"},
+                           {&AppSettings::Dialers, "D/D "},
+                           {&AppSettings::BHO, "H/H "},
+                           {&AppSettings::KeyLoggers, "K/K "},
+                           {&AppSettings::SpywareAdware, "S/S "}}) {
+      Session s;
+      s.settings = {};
+      s.settings.*row.setting = true;
+      s.session.StartScan(s.scope);
+      CHECK(s.Spies() == row.spies);
+    }
+    Session s;
+    s.settings = {};
+    s.session.StartScan(s.scope);
+    CHECK(s.sink.found.empty());
+    CHECK(s.session.finished());
+  }
+
+  TEST_CASE("a stop at any item ends the scan without its finish") {
+    Session whole;
+    whole.session.StartScan(whole.scope);
+    std::size_t in_folder_pass = 0;
+    for (std::size_t n = 1; n <= whole.m.pump.yields; ++n) {
+      CAPTURE(n);
+      Session s;
+      s.m.pump.close_at = n;
+      s.session.StartScan(s.scope);
+      CHECK_FALSE(s.session.finished());
+      CHECK_FALSE(s.Noted("finish"));
+      CHECK(whole.Spies().starts_with(s.Spies()));
+      CHECK(s.m.pump.yields == n);
+      if (s.Noted("<1805> <1883>") || s.Noted("log")) continue;
+      ++in_folder_pass;
+      CHECK(s.progress.lblScanOption != "<1883>");
+      CHECK(s.Spies().find("D ") == std::string::npos);
+    }
+    CHECK(in_folder_pass > 20);
+  }
+
+  TEST_CASE("only ticked sections are scanned") {
+    Session s;
+    s.scope.SetTicked(ScanScope::kScanDrives, false);
+    s.session.StartScan(s.scope);
+    CHECK(s.sink.found.empty());
+    CHECK_FALSE(s.Noted("log"));
+    CHECK(s.Noted("finish"));
+  }
+
+  TEST_CASE("a withdrawn row is not searched by later categories") {
+    Session s;
+    s.m.File("C:\\App\\Ini\\update.ref", s.m.Content("C:\\App\\Ini\\update.ref") +
+                                             "[REMO]\r\n0REMENT=" + Scramble("TFILE.exe") +
+                                             "\r\n1REMENT=" + Scramble("Sfolder") + "\r\n");
+    s.session.StartScan(s.scope);
+    CHECK(s.Spies() == "T/D/H/K/S/D H K S ");
+  }
+
+  TEST_CASE("one folder") {
+    Session s;
+    s.m.File("D:\\sub\\Sfile.exe");
+    SUBCASE("and what lies below it") {
+      s.session.ScanFolder("D:\\sub");
+      CHECK(s.sink.lines() == "Spy File|S|D:\\sub\\Sfile.exe\n");
+      CHECK(s.Noted("log"));
+      CHECK(s.Noted("finish"));
+    }
+    SUBCASE("a whole drive") {
+      s.session.ScanFolder("D:\\");
+      CHECK(s.sink.found.size() == 11);
+      CHECK(s.session.finished());
+    }
+    SUBCASE("stopped") {
+      s.m.pump.close_at = 12;
+      s.session.ScanFolder("D:\\sub");
+      CHECK(s.lists.lstSearch.empty());
+      CHECK_FALSE(s.Noted("log"));
+      CHECK_FALSE(s.session.finished());
+    }
+    SUBCASE("that is not there") {
+      s.session.ScanFolder("D:\\none");
+      CHECK(Lines(s.m.shell.journal) == "Message <17031>\r\nD:\\none/<17000>\n");
+      CHECK_FALSE(s.session.finished());
+    }
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,293 @@
+#include <cstdio>
+
+#include "shell/caption_table.h"
+#include "shell/command_line.h"
+#include "shell/language.h"
+#include "shell/settings.h"
+#include "shell/settings_table.h"
+#include "shell/statistics.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr RootKey kUser = RootKey::CurrentUser;
+constexpr char kPack[] = "C:\\App\\Lang\\English.ini";
+constexpr char kSection[] = "[Adware Language Pack]\r\n";
+
+struct Speaking : Bench {
+  Speaking() { settings.LanguageFile = "English.ini"; }
+  Language language{m.files, m.clock, log, settings, kAppFolder};
+};
+
+struct Stored : Bench {
+  Stored() { folders.application = kAppFolder; }
+  SystemFolders folders;
+  SettingsStore store{m.registry};
+  Settings both{{store, m.registry, m.profiles, m.files, m.clock, log, folders, {1, 2, 3}},
+                settings};
+
+  std::string Get(const std::string& section, const std::string& key) {
+    return m.registry.Text(kUser, "Software\\Scourwell\\" + section, key);
+  }
+};
+
+}  // namespace
+
+TEST_SUITE("language") {
+  TEST_CASE("texts of the pack are cut and trimmed") {
+    Speaking s;
+    s.m.File(kPack, kSection + std::string("1=  two  words \r\n2=\r\n3=\"  \"\r\n4=") +
+                        std::string(600, 'x') + "\r\n5=\" " + std::string(498, 'y') +
+                        "zz\"\r\n6=a" + std::string(1, '\0') + "b\r\n1700=Eigene\r\n");
+    const auto text = [&](const char* number) {
+      return s.language.SetCaptionfromINI(number, " fallback ");
+    };
+    CHECK(text("1") == "two  words");
+    CHECK(text("2") == "");
+    CHECK(text("3") == "");
+    CHECK(text("4") == std::string(499, 'x'));
+    CHECK(text("5") == std::string(498, 'y'));  // cut first, trimmed then
+    CHECK(text("6") == "a");
+    CHECK(text("7") == "fallback");
+    CHECK(s.language.Text(1700) == "Eigene");
+    CHECK(s.language.Text(1808) == "Scan finished");
+    CHECK(s.language.Text(99999) == "");
+    CHECK(s.m.Errors() == "");
+  }
+
+  TEST_CASE("the pack is the one of the setting, as it stands") {
+    Speaking s;
+    CHECK(s.language.Text(1808) == "Scan finished");  // no pack
+    CHECK(s.language.StatusText() == "Language: English");
+    s.m.File(kPack, kSection + std::string("1808=one\r\n"));
+    CHECK(s.language.Text(1808) == "one");
+    s.m.File(kPack, kSection + std::string("1808=two\r\n"));
+    CHECK(s.language.Text(1808) == "two");
+    s.m.File("C:\\App\\Lang\\Deutsch.ini", kSection + std::string("1743=Sprache:\r\n"));
+    s.settings.LanguageFile = "Deutsch.ini";
+    CHECK(s.language.StatusText() == "Sprache: Deutsch");
+    CHECK(s.language.Text(1808) == "Scan finished");
+    s.settings.LanguageFile = "";
+    CHECK(s.language.StatusText() == "Language: ");
+    CHECK(s.m.Errors() == "");
+  }
+
+  TEST_CASE("a useless pack is recorded once, the defaults serve") {
+    Speaking s;
+    s.m.File(kPack, "no section here");
+    for (int i = 0; i < 3; ++i) CHECK(s.language.Text(1808) == "Scan finished");
+    CHECK(s.m.Errors() ==
+          "Error Description: The language pack holds no section, "
+          "Error Number: 62, Method: SetCaptionfromINI, "
+          "File: C:\\App\\Lang\\English.ini\n");
+    CHECK(WithLineBreaks("a##b#") == "a\r\n\r\nb\r\n");
+  }
+
+  // The source folder is out of reach where the tests run for Windows.
+  TEST_CASE("the English pack holds the table's texts") {
+    std::FILE* file = std::fopen(SCOURWELL_SOURCE_DIR "/lang/English.ini", "rb");
+    if (!file) return;
+    std::string content(1 << 20, '\0');
+    content.resize(std::fread(content.data(), 1, content.size(), file));
+    std::fclose(file);
+    std::string expected;
+    std::string shown;
+    Speaking s;
+    s.m.File(kPack, content);
+    for (std::size_t i = 0; i < kCaptionCount; ++i) {
+      const Caption& caption = kCaptions[i];
+      expected += std::to_string(caption.number) + "=" + caption.text + "\n";
+      CHECK((i == 0 || kCaptions[i - 1].number < caption.number));
+      CHECK(s.language.SetCaptionfromINI(std::to_string(caption.number), "(none)") ==
+            TrimBlanks(caption.text));
+    }
+    const std::size_t first = content.find("]");
+    for (const char c : content.substr(content.find_first_of("0123456789", first))) {
+      if (c != '\r') shown += c;
+    }
+    CHECK(shown == expected);
+  }
+}
+
+TEST_SUITE("settings") {
+  TEST_CASE("a first start has the defaults and stores every key") {
+    Stored s;
+    s.m.registry
+        .Make(kUser, "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders")
+        .Value("Cookies", "C:\\Cookies");
+    s.both.LoadSettings();
+    const AppSettings& now = s.settings;
+    CHECK(now.LanguageFile == "English.ini");
+    CHECK(now.MarkChecked == "y");
+    for (const bool on :
+         {now.AutoSave, now.UseRegEdit, now.SpywareAdware, now.Dialers, now.KeyLoggers,
+          now.AllCookies, now.Trojans, now.BHO, now.DeleteAfterReboot}) {
+      CHECK(on);
+    }
+    for (const bool on : {now.AutoCheckForUpdate, now.AdvancedScanning, now.ExtraLogInfo,
+                          now.RunStartup, now.AutoRemove}) {
+      CHECK_FALSE(on);
+    }
+    CHECK(now.LogFilePath == "C:\\App\\ScanLog05-03-04-50000.txt");
+    CHECK(now.BackupFolder == "C:\\App");
+    CHECK(now.DefinitionsFolder == "C:\\App\\Ini");
+    CHECK(now.CookiesFolder == "C:\\Cookies\\");
+    s.both.SaveSettings();
+    struct Row {
+      const char* section;
+      const char* key;
+      const char* text;
+    };
+    for (const Row& row : {Row{"Version", "Version", "1.2.3"},
+                           {"Version", "MAJOR", "1"},
+                           {"Version", "MINOR", "2"},
+                           {"Version", "REVISION", "3"},
+                           {"Version", "BUILD", "0"},
+                           {"Language", "Name", "English.ini"},
+                           {"Mark", "Checked", "y"},
+                           {"AutoSave", "AutoSave", "True"},
+                           {"UseRegEdit", "UseRegEdit", "True"},
+                           {"AutoCheckForUpdate", "AutoCheckForUpdate", "False"},
+                           {"ScanSections", "SpywareAdware", "True"},
+                           {"ScanSections", "Dialers", "True"},
+                           {"ScanSections", "KeyLoggers", "True"},
+                           {"ScanSections", "AdvancedScanning", "False"},
+                           {"ScanSections", "ExtraLogInfo", "False"},
+                           {"ScanSections", "AllCookies", "True"},
+                           {"ScanSections", "Trojans", "True"},
+                           {"ScanSections", "BHO", "True"},
+                           {"RunStartup", "RunStartup", "False"},
+                           {"DeleteAfterReboot", "DeleteAfterReboot", "True"},
+                           {"AutoRemove", "AutoRemove", "False"},
+                           {"Path", "LogPath", "C:\\App"},
+                           {"Path", "BackupPath", "C:\\App"},
+                           {"Path", "DefinitionsPath", "C:\\App\\Ini"},
+                           {"Path", "Install", "C:\\App"}}) {
+      CAPTURE(std::string(row.key));
+      CHECK(s.Get(row.section, row.key) == row.text);
+    }
+    CHECK(s.m.Content("C:\\App\\Setting.ini") ==
+          "[Setting]\r\nDEFINITIONS_FILE_LOCATION=C:\\App\\Ini\r\n");
+    CHECK(s.m.Errors() == "");
+  }
+
+  TEST_CASE("only the exact text True is true") {
+    for (const BooleanSetting& setting : kBooleanSettings) {
+      CAPTURE(std::string(setting.key));
+      for (const char* text : {"True", "true", "False", "1", ""}) {
+        Stored s;
+        static_cast<void>(s.store.Set(setting.section, setting.key, text));
+        s.both.LoadSettings();
+        CHECK(s.settings.*setting.field ==
+              (text == std::string("True") || (!*text && setting.true_when_empty)));
+      }
+    }
+  }
+
+  TEST_CASE("stored folders count while they exist") {
+    Stored s;
+    s.m.Folder("C:\\Logs");
+    s.m.File("C:\\Backup", "a file");
+    for (const char* key : {"LogPath", "BackupPath", "DefinitionsPath"}) {
+      static_cast<void>(s.store.Set("Path", key, "C:\\Logs"));
+    }
+    s.both.LoadSettings();
+    CHECK(s.settings.LogFilePath.starts_with("C:\\Logs\\ScanLog"));
+    CHECK(s.settings.BackupFolder == "C:\\Logs");
+    CHECK(s.settings.DefinitionsFolder == "C:\\Logs");
+    s.m.files.Remove("C:\\Logs");
+    static_cast<void>(s.store.Set("Path", "BackupPath", "C:\\Backup"));
+    s.both.LoadSettings();
+    s.both.SaveSettings();
+    CHECK(s.Get("Path", "LogPath") == "C:\\App");
+    CHECK(s.Get("Path", "BackupPath") == "C:\\App");
+    CHECK(s.Get("Path", "DefinitionsPath") == "C:\\App\\Ini");
+  }
+
+  TEST_CASE("one refused value is recorded and does not keep the others") {
+    Stored s;
+    s.both.LoadSettings();
+    s.m.registry.Make(kUser, "Software\\Scourwell\\Language").Denied();
+    s.both.SaveSettings();
+    CHECK(s.m.Errors() ==
+          "Error Description: Permission denied, Error Number: 70, "
+          "Method: SaveSettings, Section: Language, Key: Name\n");
+    CHECK(s.Get("Path", "DefinitionsPath") == "C:\\App\\Ini");
+    CHECK(s.m.Has("C:\\App\\Setting.ini"));
+  }
+
+  TEST_CASE("log names carry the day and the hundred-thousandths of it") {
+    struct Row {
+      LocalTime time;
+      const char* name;
+    };
+    for (const Row& row : {Row{{2004, 3, 5, 12, 0, 0, 0}, "05-03-04-50000"},
+                           {{1999, 12, 31, 0, 0, 0, 0}, "31-12-99-0"},
+                           {{2010, 1, 1, 23, 59, 59, 999}, "01-01-10-100000"},
+                           {{2100, 1, 1, 0, 0, 0, 432}, "01-01-00-0"},  // half: to even
+                           {{2004, 1, 1, 0, 0, 1, 296}, "01-01-04-2"},  // one and a half
+                           {{2004, 1, 1, 0, 0, 2, 160}, "01-01-04-2"},  // two and a half
+                           {{2004, 1, 1, 0, 0, 0, 433}, "01-01-04-1"}}) {
+      CHECK(ScanLogPath("C:\\L", row.time) == std::string("C:\\L\\ScanLog") + row.name + ".txt");
+    }
+    CHECK(ScanLogPath("C:\\", {2004, 3, 5, 12, 0, 0, 0}) == "C:\\ScanLog05-03-04-50000.txt");
+  }
+}
+
+TEST_SUITE("statistics") {
+  TEST_CASE("counters start at 0 and survive nonsense") {
+    Stored s;
+    Statistics statistics(s.store, s.m.clock, s.captions);
+    CHECK(statistics.getNumberOfScans() == "0");
+    CHECK(statistics.getNumberOfObjectsRemoved() == "0");
+    CHECK(statistics.getLastSystemScanDate() == "<1763>");
+    for (int i = 0; i < 2; ++i) CHECK(statistics.setNumberOfScans().ok());
+    CHECK(statistics.setNumberOfObjectsRemoved(5).ok());
+    CHECK(statistics.setLastSystemScanDate().ok());
+    CHECK(statistics.getNumberOfScans() == "2");
+    CHECK(statistics.getNumberOfObjectsRemoved() == "5");
+    CHECK(statistics.getLastSystemScanDate() == "05-03-04 @ 12:00:00 PM");
+    struct Row {
+      const char* stored;
+      const char* next;
+    };
+    for (const Row& row :
+         {Row{"junk", "1"}, {"41x", "42"}, {"2147483647", "2147483647"}, {"-7", "0"}}) {
+      static_cast<void>(s.store.Set("Statistics", "NUMBER OF SCANS", row.stored));
+      CHECK(statistics.setNumberOfScans().ok());
+      CHECK(statistics.getNumberOfScans() == row.next);
+    }
+    s.m.registry.Make(kUser, "Software\\Scourwell\\Statistics").Denied();
+    CHECK(statistics.setNumberOfScans().number() == kPermissionDenied);
+  }
+}
+
+TEST_SUITE("command_line") {
+  TEST_CASE("texts become a kind of start") {
+    using Kind = CommandLine::Kind;
+    struct Row {
+      const char* text;
+      Kind kind;
+      const char* path;
+    };
+    for (const Row& row : {Row{"", Kind::Normal, ""},
+                           {"   ", Kind::Normal, ""},
+                           {"/STARTUP", Kind::StartScan, ""},
+                           {" x /startup y", Kind::StartScan, ""},
+                           {"C:\\a b", Kind::ScanPath, "C:\\a b"},
+                           {" \"C:\\a b\\\" ", Kind::ScanPath, "C:\\a b"},
+                           {"C:\\", Kind::ScanPath, "C:\\"},
+                           {"\"C:\"", Kind::ScanPath, "C:\\"},
+                           {"C:\\x.exe", Kind::ScanPath, "C:\\x.exe"},
+                           {"\"", Kind::ScanPath, "\""},
+                           {"\\", Kind::ScanPath, "\\"}}) {
+      CAPTURE(std::string(row.text));
+      const CommandLine line = ParseCommandLine(row.text);
+      CHECK(line.kind == row.kind);
+      CHECK(line.path == row.path);
+    }
+  }
+}
+
+}  // namespace scourwell::test

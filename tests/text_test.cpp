@@ -1,0 +1,137 @@
+#include "platform/text.h"
+
+#include "platform/outcome.h"
+#include "platform/versions.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+
+TEST_SUITE("text") {
+  TEST_CASE("case is folded by code page 1252") {
+    CHECK(Upper("az09_ \xE4\xF6\xFC\xFF\x9A\x9C\x9E") == "AZ09_ \xC4\xD6\xDC\x9F\x8A\x8C\x8E");
+    CHECK(Upper("\xF7\xDF\xD7") == "\xF7\xDF\xD7");  // division sign, sharp s, times
+    CHECK(EqualsNoCase("Caf\xE9", "CAF\xC9"));
+    CHECK_FALSE(EqualsNoCase("abc", "abcd"));
+    CHECK(CompareNoCase("abc", "ABD") < 0);
+    CHECK(CompareNoCase("\xE9", "z") > 0);
+    CHECK(CompareNoCase("ab", "ABC") < 0);
+    CHECK(NoCaseHash()("Caf\xE9") == NoCaseHash()("cAF\xC9"));
+  }
+
+  TEST_CASE("parts are found without case") {
+    CHECK(FindNoCase("a/StartUp", "/STARTUP") == 1);
+    CHECK(FindNoCase("abcabc", "ABC", 1) == 3);
+    CHECK(FindNoCase("abc", "abcd") == std::string_view::npos);
+    CHECK(FindNoCase("abc", "", 2) == 2);
+    CHECK(ReplaceAll("aXbXX", "X", "XY") == "aXYbXYXY");
+    CHECK(ReplaceAll("aXb", "x", "-") == "aXb");
+    CHECK(ReplaceAll("a", "", "-") == "a");
+  }
+
+  TEST_CASE("blanks and NULs are trimmed, other white space is not") {
+    CHECK(TrimBlanks("  a b ") == "a b");
+    CHECK(TrimBlanks("\ta\n") == "\ta\n");
+    CHECK(TrimBlanks("   ") == "");
+    CHECK(TrimNull(std::string_view("ab\0cd", 5)) == "ab");
+    CHECK(TrimNull("ab") == "ab");
+  }
+
+  TEST_CASE("leading numbers") {
+    struct Row {
+      const char* text;
+      std::int32_t number;
+    };
+    for (const Row& row : {Row{"12", 12},
+                           {"  -7x", -7},
+                           {"+3", 3},
+                           {"", 0},
+                           {"x1", 0},
+                           {"- 5", 0},
+                           {"1 2", 1},
+                           {"99999999999999999999999", INT32_MAX},
+                           {"-99999999999999999999", INT32_MIN},
+                           {"2147483647", INT32_MAX},
+                           {"\t1", 0}}) {
+      CAPTURE(std::string(row.text));
+      CHECK(LeadingNumber(row.text) == row.number);
+    }
+  }
+
+  TEST_CASE("numbers as text") {
+    CHECK(Padded(7, 2) == "07");
+    CHECK(Padded(123, 2) == "123");
+    CHECK(Hex(0xA, 2) == "0A");
+    CHECK(Hex(0xFFFFFFFF, 8) == "FFFFFFFF");
+    CHECK(Kilobytes(0) == "0");
+    CHECK(Kilobytes(1024) == "1");
+    CHECK(Kilobytes(1) == "0.0009765625");
+    CHECK(Kilobytes(1536) == "1.5");
+    CHECK(Kilobytes(123456789) == "120563.270507812");
+    CHECK(VersionText(0x00010002, 0x00030004) == "1.2.3.4");
+    CHECK(OperatingSystemText(0x40004) == "NT-Win32");
+    CHECK(OperatingSystemText(0x40001) == "Unknown");
+  }
+}
+
+TEST_SUITE("outcome") {
+  TEST_CASE("failures carry number, description and notes") {
+    CHECK(Outcome().ok());
+    const Outcome failed = Outcome::Failed(kFileNotFound).With("sPath: ", "C:\\x").With("I: ", "3");
+    CHECK_FALSE(failed.ok());
+    CHECK(failed.description() == "File not found");
+    CHECK(failed.notes() == ", sPath: C:\\x, I: 3");
+    CHECK(Outcome().With("a: ", "b").notes() == "");
+    CHECK(Outcome::Failed(70, "own words").description() == "own words");
+    CHECK(DescribeError(1450) == "System error 1450");
+    CHECK(DescribeError(kDiskFull) == "Disk full");
+  }
+}
+
+TEST_SUITE("error_log") {
+  TEST_CASE("a record is three quoted fields whose first begins with a line break") {
+    Bench b;
+    b.log.LogProcError(53, "File not found", "Timer1_Timer");
+    const std::string record =
+        "\"\r\nDate: 3/5/2004\",\"Time: 12:00:00 PM\",\"Error Description: File not found, "
+        "Error Number: 53, Method: Timer1_Timer\"\r\n";
+    CHECK(b.m.Content(kErrorLog) == record);
+    b.log.LogError("plain");
+    CHECK(b.m.Content(kErrorLog) ==
+          record + "\"\r\nDate: 3/5/2004\",\"Time: 12:00:00 PM\",\"plain\"\r\n");
+  }
+
+  TEST_CASE("a procedure's edge records failures and exceptions, not successes") {
+    Bench b;
+    CHECK(b.log.Trap("fine", [] {}).ok());
+    CHECK(b.m.Has(kErrorLog) == false);
+    CHECK(b.log.Trap("a", [] { return Outcome::Failed(kDiskFull).With("I: ", "1"); }).number() ==
+          kDiskFull);
+    CHECK(b.log.Trap("b", []() -> Outcome { throw std::bad_alloc(); }).number() == kOutOfMemory);
+    CHECK(b.log.Trap("c", [] { throw std::out_of_range("text"); }).number() == kInvalidCall);
+    CHECK(b.m.Errors() ==
+          "Error Description: Disk full, Error Number: 61, Method: a, I: 1\n"
+          "Error Description: Out of memory, Error Number: 7, Method: b\n"
+          "Error Description: text, Error Number: 5, Method: c\n");
+  }
+
+  TEST_CASE("a log that cannot be written does no harm") {
+    Bench b;
+    b.m.Folder(kAppFolder).Refuses();
+    b.log.LogError("lost");
+    CHECK_FALSE(b.m.Has(kErrorLog));
+  }
+
+  TEST_CASE("only a log above a million bytes goes at start-up") {
+    Bench b;
+    b.m.File(kErrorLog, std::string(1'000'000, 'x'));
+    b.log.deleteLogFile();
+    CHECK(b.m.Has(kErrorLog));
+    b.m.File(kErrorLog, std::string(1'000'001, 'x'));
+    b.log.deleteLogFile();
+    CHECK_FALSE(b.m.Has(kErrorLog));
+    b.log.deleteLogFile();  // without one: no record
+    CHECK_FALSE(b.m.Has(kErrorLog));
+  }
+}
+
+}  // namespace scourwell::test

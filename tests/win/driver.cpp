@@ -1,0 +1,204 @@
+#include "tests/win/driver.h"
+
+#include <commctrl.h>
+
+namespace scourwell::ui {
+namespace {
+
+constexpr char kProgram[] = "C:\\Scourwell\\Scourwell.exe";
+constexpr DWORD kAnswerTime = 5000;  // milliseconds that a window may take to answer
+constexpr std::size_t kRemoteSize = 4096;
+
+// Memory of the process that owns a window: messages with pointers need it.
+class Remote {
+ public:
+  explicit Remote(HWND window) {
+    DWORD id = 0;
+    GetWindowThreadProcessId(window, &id);
+    process_.Reset(
+        OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id));
+    memory_ = static_cast<char*>(
+        VirtualAllocEx(process_.get(), nullptr, kRemoteSize, MEM_COMMIT, PAGE_READWRITE));
+  }
+  ~Remote() { VirtualFreeEx(process_.get(), memory_, 0, MEM_RELEASE); }
+
+  char* at(std::size_t offset = 0) { return memory_ + offset; }
+  void Put(const void* data, std::size_t size) {
+    WriteProcessMemory(process_.get(), memory_, data, size, nullptr);
+  }
+  void Get(void* data, std::size_t size, std::size_t offset = 0) {
+    ReadProcessMemory(process_.get(), memory_ + offset, data, size, nullptr);
+  }
+  std::string GetText(std::size_t offset) {
+    char text[1024] = "";
+    Get(text, sizeof text - 1, offset);
+    return text;
+  }
+
+ private:
+  KernelHandle process_;
+  char* memory_ = nullptr;
+};
+
+LRESULT Send(HWND window, UINT message, WPARAM w, LPARAM l) {
+  DWORD_PTR result = 0;
+  SendMessageTimeoutA(window, message, w, l, SMTO_NORMAL, kAnswerTime, &result);
+  return static_cast<LRESULT>(result);
+}
+
+struct Search {
+  DWORD process = 0;
+  int id = -1;
+  const char* title = nullptr;
+  HWND found = nullptr;
+};
+
+BOOL CALLBACK MatchTop(HWND window, LPARAM parameter) {
+  Search& search = *reinterpret_cast<Search*>(parameter);
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  if (process != search.process || !IsWindowVisible(window)) return TRUE;
+  if (search.title && Text(window).find(search.title) == std::string::npos) return TRUE;
+  search.found = window;
+  return FALSE;
+}
+
+BOOL CALLBACK MatchChild(HWND window, LPARAM parameter) {
+  Search& search = *reinterpret_cast<Search*>(parameter);
+  if (!IsWindowVisible(window) || GetDlgCtrlID(window) != search.id) return TRUE;
+  search.found = window;
+  return FALSE;
+}
+
+void AddTreeRows(HWND tree, LRESULT node, int depth, std::vector<TreeRow>* rows) {
+  Remote remote(tree);
+  for (; node != 0; node = Send(tree, TVM_GETNEXTITEM, TVGN_NEXT, node)) {
+    TVITEMA item = {};
+    item.mask = TVIF_TEXT | TVIF_STATE | TVIF_HANDLE;
+    item.stateMask = TVIS_STATEIMAGEMASK;
+    item.hItem = reinterpret_cast<HTREEITEM>(node);
+    item.pszText = remote.at(sizeof item);
+    item.cchTextMax = 1000;
+    remote.Put(&item, sizeof item);
+    Send(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(remote.at()));
+    remote.Get(&item, sizeof item);
+    rows->push_back({depth, item.state >> 12 == 2, remote.GetText(sizeof item)});
+    AddTreeRows(tree, Send(tree, TVM_GETNEXTITEM, TVGN_CHILD, node), depth + 1, rows);
+  }
+}
+
+}  // namespace
+
+Program::Program(const std::string& arguments) {
+  std::string line = std::string(kProgram) + " " + arguments;
+  STARTUPINFOA startup = {};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION info = {};
+  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, "C:\\", &startup,
+                      &info)) {
+    return;
+  }
+  CloseHandle(info.hThread);
+  process_.Reset(info.hProcess);
+  id_ = info.dwProcessId;
+}
+
+Program::~Program() {
+  if (process_ && !Ended(0)) TerminateProcess(process_.get(), 1);
+}
+
+bool Program::Ended(DWORD milliseconds) {
+  return WaitForSingleObject(process_.get(), milliseconds) == WAIT_OBJECT_0;
+}
+
+DWORD Program::ExitCode() const {
+  DWORD code = 0xFFFFFFFF;
+  GetExitCodeProcess(process_.get(), &code);
+  return code;
+}
+
+HWND Program::Window(const std::string& title, DWORD milliseconds) {
+  Search search;
+  search.process = id_;
+  search.title = title.c_str();
+  WaitFor(
+      [&] {
+        EnumWindows(MatchTop, reinterpret_cast<LPARAM>(&search));
+        return search.found != nullptr;
+      },
+      milliseconds);
+  return search.found;
+}
+
+HWND Program::MainWindow() { return Window("Scourwell 1.0 Rev.0", 10000); }
+
+bool Program::Close() {
+  PostMessageA(MainWindow(), WM_CLOSE, 0, 0);
+  return Ended(10000);
+}
+
+HWND Control(HWND top, int id) {
+  Search search;
+  search.id = id;
+  EnumChildWindows(top, MatchChild, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+HWND ReadyControl(HWND top, int id, DWORD milliseconds) {
+  HWND found = nullptr;
+  WaitFor(
+      [&] {
+        found = Control(top, id);
+        return found && IsWindowEnabled(found);
+      },
+      milliseconds);
+  return found && IsWindowEnabled(found) ? found : nullptr;
+}
+
+std::string Text(HWND window) {
+  char text[1000] = "";
+  Send(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
+  return text;
+}
+
+// Posted, not sent: what it opens may wait for the user.
+void Click(HWND button) { PostMessageA(button, BM_CLICK, 0, 0); }
+void Command(HWND top, int id) { PostMessageA(top, WM_COMMAND, static_cast<WPARAM>(id), 0); }
+
+std::vector<ListRow> ListRows(HWND list) {
+  Remote remote(list);
+  std::vector<ListRow> rows;
+  const auto header = reinterpret_cast<HWND>(Send(list, LVM_GETHEADER, 0, 0));
+  const LRESULT columns = Send(header, HDM_GETITEMCOUNT, 0, 0);
+  const LRESULT count = Send(list, LVM_GETITEMCOUNT, 0, 0);
+  for (LRESULT i = 0; i < count; ++i) {
+    ListRow row;
+    row.checked =
+        Send(list, LVM_GETITEMSTATE, static_cast<WPARAM>(i), LVIS_STATEIMAGEMASK) >> 12 == 2;
+    for (LRESULT column = 0; column < columns; ++column) {
+      LVITEMA item = {};
+      item.iSubItem = static_cast<int>(column);
+      item.pszText = remote.at(sizeof item);
+      item.cchTextMax = 1000;
+      remote.Put(&item, sizeof item);
+      Send(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(remote.at()));
+      row.texts.push_back(remote.GetText(sizeof item));
+    }
+    rows.push_back(row);
+  }
+  return rows;
+}
+
+std::vector<TreeRow> TreeRows(HWND tree) {
+  std::vector<TreeRow> rows;
+  AddTreeRows(tree, Send(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0), 0, &rows);
+  return rows;
+}
+
+std::string StatusText(HWND status, int part) {
+  Remote remote(status);
+  Send(status, SB_GETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(remote.at()));
+  return remote.GetText(0);
+}
+
+}  // namespace scourwell::ui

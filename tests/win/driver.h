@@ -1,0 +1,73 @@
+#pragma once
+
+// Drives and reads Scourwell's windows from another process, as a user would.
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/win/unique_handle.h"
+
+namespace scourwell::ui {
+
+// One started program; ended by force if it still runs at the end.
+class Program {
+ public:
+  // The command line behind the program's name.
+  explicit Program(const std::string& arguments);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+  ~Program();
+
+  // False when it still runs after that time.
+  bool Ended(DWORD milliseconds);
+  DWORD ExitCode() const;
+
+  // Its main window, once that is there and visible; null after some seconds.
+  HWND MainWindow();
+  // A visible top-level window of the program with this title.
+  HWND Window(const std::string& title, DWORD milliseconds = 5000);
+  // Posts WM_CLOSE and waits for the end.
+  bool Close();
+
+ private:
+  KernelHandle process_;
+  DWORD id_ = 0;
+};
+
+// A visible control of that id, however deep; null when there is none.
+HWND Control(HWND top, int id);
+// Waits until the control is visible and enabled.
+HWND ReadyControl(HWND top, int id, DWORD milliseconds = 20000);
+std::string Text(HWND window);
+void Click(HWND button);
+void Command(HWND top, int id);
+
+struct ListRow {
+  bool checked;
+  std::vector<std::string> texts;
+};
+std::vector<ListRow> ListRows(HWND list);
+
+struct TreeRow {
+  int depth;
+  bool checked;
+  std::string text;
+};
+std::vector<TreeRow> TreeRows(HWND tree);
+
+std::string StatusText(HWND status, int part);
+
+// Polls until the condition holds; false when it does not within the time.
+template <class Condition>
+bool WaitFor(Condition&& condition, DWORD milliseconds = 20000) {
+  const DWORD start = GetTickCount();
+  while (!condition()) {
+    if (GetTickCount() - start > milliseconds) return false;
+    Sleep(20);
+  }
+  return true;
+}
+
+}  // namespace scourwell::ui
