@@ -13,16 +13,23 @@ namespace {
 constexpr int kEntries = 10001;
 constexpr int kSamples = 200;
 
-const Loader* const kLoaders[] = {
-    &kUpdateTrojanList,           &kUpdateDialersFileList,
-    &kUpdateDialersFolderList,    &kUpdateHijackersFileList,
-    &kUpdateHijackersFolderList,  &kUpdateKeyLoggersFileList,
-    &kUpdateKeyLoggersFolderList, &kUpdateSpyFileList,
-    &kUpdateSpyFolderList,        &kUpdateRegistrySVList,
-    &kUpdateRegistryKList,        &kUpdateRegistryKOList,
-    &kUpdateCookieList,           &kUpdateSearchByCompanyList,
-    &kUpdateSearchByOriginalFileName, &kUpdateSearchByInternalFileName,
-    &kUpdateSearchByProductName};
+const Loader* const kLoaders[] = {&kUpdateTrojanList,
+                                  &kUpdateDialersFileList,
+                                  &kUpdateDialersFolderList,
+                                  &kUpdateHijackersFileList,
+                                  &kUpdateHijackersFolderList,
+                                  &kUpdateKeyLoggersFileList,
+                                  &kUpdateKeyLoggersFolderList,
+                                  &kUpdateSpyFileList,
+                                  &kUpdateSpyFolderList,
+                                  &kUpdateRegistrySVList,
+                                  &kUpdateRegistryKList,
+                                  &kUpdateRegistryKOList,
+                                  &kUpdateCookieList,
+                                  &kUpdateSearchByCompanyList,
+                                  &kUpdateSearchByOriginalFileName,
+                                  &kUpdateSearchByInternalFileName,
+                                  &kUpdateSearchByProductName};
 
 class NoChecks : public DirectChecks {
  public:
@@ -65,7 +72,8 @@ std::string ReferenceText(int* sequences) {
           text += number + sequence.value2_key + "=" + Scrambled("value" + number) + "\r\n";
         }
       }
-      counts += std::string(sequence.count_key) + "=" + Scrambled(std::to_string(kEntries)) + "\r\n";
+      counts +=
+          std::string(sequence.count_key) + "=" + Scrambled(std::to_string(kEntries)) + "\r\n";
     }
   }
   return text + counts;
@@ -84,7 +92,8 @@ double SystemLookUp(const std::string& file) {
              const std::string key = std::to_string(i * 49) + "SAFIS";
              GetPrivateProfileStringA("SAFI", key.c_str(), "", value, sizeof value, file.c_str());
            }
-         }) / kSamples;
+         }) /
+         kSamples;
 }
 
 }  // namespace
@@ -122,13 +131,15 @@ void BenchLoading(const char* scratch_folder) {
   }
   const double ours = times.Median() / static_cast<double>(rows * 2);
   const double system = SystemLookUp(path);
-  std::printf("loading %d sequences of %d entries (%.1f MB, %d rows): %.0f ms (%.0f to %.0f), "
-              "longest time between yields %.1f ms\n",
-              sequences, kEntries, megabytes,
-              static_cast<int>(rows), times.Median(), times.Min(), times.Max(), pump.longest());
-  std::printf("one look-up: %.2f us; GetPrivateProfileStringA on the same file: %.0f us "
-              "(%d samples), ratio %.0f\n",
-              ours * 1000, system * 1000, kSamples, system / ours);
+  std::printf(
+      "loading %d sequences of %d entries (%.1f MB, %d rows): %.0f ms (%.0f to %.0f), "
+      "longest time between yields %.1f ms\n",
+      sequences, kEntries, megabytes, static_cast<int>(rows), times.Median(), times.Min(),
+      times.Max(), pump.longest());
+  std::printf(
+      "one look-up: %.2f us; GetPrivateProfileStringA on the same file: %.0f us "
+      "(%d samples), ratio %.0f\n",
+      ours * 1000, system * 1000, kSamples, system / ours);
   files.EraseFile(path).ok();
 }
 

@@ -13,8 +13,8 @@ void ListLoader::Load(const Loader& loader) {
   }
   int bar = 0;
   for (const Sequence& sequence : loader.sequences) {
-    bar = static_cast<int>(std::min<std::int64_t>(
-        std::int64_t{bar} + std::max(0, CountOf(sequence)), INT32_MAX));
+    bar = static_cast<int>(
+        std::min<std::int64_t>(std::int64_t{bar} + std::max(0, CountOf(sequence)), INT32_MAX));
   }
   progress_.Begin(bar);
   for (const Sequence& sequence : loader.sequences) {
@@ -48,11 +48,11 @@ Outcome ListLoader::ReadSequence(const Sequence& sequence, int* bar_left) {
 // False at the end of the sequence: some key of the entry is absent or empty.
 bool ListLoader::ReadEntry(const Sequence& sequence, int n) {
   const std::string number = std::to_string(n);
-  const std::string name = reference_.updateListfromINI(sequence.section,
-                                                        number + sequence.name_key);
+  const std::string name =
+      reference_.updateListfromINI(sequence.section, number + sequence.name_key);
   if (name.empty()) return false;
-  const std::string value = reference_.updateListfromINI(sequence.section,
-                                                         number + sequence.value_key);
+  const std::string value =
+      reference_.updateListfromINI(sequence.section, number + sequence.value_key);
   if (value.empty()) return false;
   std::string value2;
   if (sequence.value2_key) {
@@ -79,7 +79,8 @@ void ListLoader::Deliver(const Sequence& sequence, const std::string& name,
       FillListBox(lists_.*sequence.list, name, value, value2);
       return;
     case EntryTarget::DirectFile:
-    case EntryTarget::DirectFolder: break;
+    case EntryTarget::DirectFolder:
+      break;
   }
   const std::string path = ExpandFolderToken(value, folders_).value_or("");
   if (path.empty()) return;

@@ -22,8 +22,8 @@ constexpr Sequence DirectFolders(const char* section, const char* name, const ch
                                  const char* count) {
   return {section, name, value, nullptr, count, EntryTarget::DirectFolder, nullptr, nullptr};
 }
-constexpr Sequence Rows(const char* section, const char* name, const char* value,
-                        const char* count, SignatureList Lists::*list, const char* type) {
+constexpr Sequence Rows(const char* section, const char* name, const char* value, const char* count,
+                        SignatureList Lists::*list, const char* type) {
   return {section, name, value, nullptr, count, EntryTarget::Row, list, type};
 }
 

@@ -8,12 +8,12 @@ namespace scourwell {
 
 // What becomes of an entry of a sequence.
 enum class EntryTarget {
-  Row,            // FillListBox: type, name, value
-  KeyRow,         // FillListBoxRegistrySType: value = key path
-  ValueRow,       // FillListBoxRegistryVType: value = key path, value2 = value name
-  ChecksumRow,    // FillListBox: type = name, name = value, value = value2
-  DirectFile,     // checked at once
-  DirectFolder,   // checked at once
+  Row,           // FillListBox: type, name, value
+  KeyRow,        // FillListBoxRegistrySType: value = key path
+  ValueRow,      // FillListBoxRegistryVType: value = key path, value2 = value name
+  ChecksumRow,   // FillListBox: type = name, name = value, value = value2
+  DirectFile,    // checked at once
+  DirectFolder,  // checked at once
 };
 
 // One numbered sequence of the reference file. An entry's keys are its number and a suffix.

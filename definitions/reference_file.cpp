@@ -27,8 +27,8 @@ std::optional<std::string> Decrypt(std::string_view scrambled) {
   return plain;
 }
 
-ReferenceFile::ReferenceFile(Files& files, Clock& clock, ErrorLog& log,
-                             const AppSettings& settings, const std::string& application_folder)
+ReferenceFile::ReferenceFile(Files& files, Clock& clock, ErrorLog& log, const AppSettings& settings,
+                             const std::string& application_folder)
     : log_(log),
       settings_(settings),
       own_path_(AddPathToFileName(AddPathToFileName(application_folder, "Ini"), kFileName)),
@@ -62,10 +62,9 @@ bool ReferenceFile::checkUpdateIni() {
       candidate_path_ = AddPathToFileName(definitions_folder_, kFileName);
     }
     Outcome parsed;
-    Outcome read = watched_.Refresh(candidate_path_, own_path_,
-                                    [&](std::optional<std::string> content) {
-                                      parsed = Parse(std::move(content));
-                                    });
+    Outcome read = watched_.Refresh(
+        candidate_path_, own_path_,
+        [&](std::optional<std::string> content) { parsed = Parse(std::move(content)); });
     return read.ok() ? std::move(parsed) : std::move(read);
   };
   // A file that is missing or useless is put on record and reads as empty; only what was not

@@ -42,13 +42,14 @@ class ReferenceFile {
   std::string path() const { return watched_.path(); }
   // Rises each time another file is parsed.
   unsigned generation() const { return generation_; }
+
  private:
   bool checkUpdateIni();
   Outcome Parse(std::optional<std::string> content);
 
   ErrorLog& log_;
   const AppSettings& settings_;
-  std::string own_path_;           // the fallback, below the application folder
+  std::string own_path_;            // the fallback, below the application folder
   std::string definitions_folder_;  // the setting that candidate_path_ was made from
   std::string candidate_path_;
   WatchedFile watched_;

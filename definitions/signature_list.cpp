@@ -47,8 +47,8 @@ void FillListBoxRegistrySType(SignatureList& list, std::string_view key_path,
   list.Add(Upper(TrimBlanks(key_path)), name, {});
 }
 
-void FillListBoxRegistryVType(SignatureList& list, std::string_view key_path,
-                              std::string_view name, std::string_view value_name) {
+void FillListBoxRegistryVType(SignatureList& list, std::string_view key_path, std::string_view name,
+                              std::string_view value_name) {
   list.Add(Upper(TrimBlanks(key_path)), value_name, name);
 }
 

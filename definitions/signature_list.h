@@ -68,8 +68,8 @@ void FillListBox(SignatureList& list, std::string_view type, std::string_view na
 void FillListBoxRegistrySType(SignatureList& list, std::string_view key_path,
                               std::string_view name);
 // Adds a registry value row. The value name comes before the spy name, unlike everywhere else.
-void FillListBoxRegistryVType(SignatureList& list, std::string_view key_path,
-                              std::string_view name, std::string_view value_name);
+void FillListBoxRegistryVType(SignatureList& list, std::string_view key_path, std::string_view name,
+                              std::string_view value_name);
 
 // The lists that a scan works with.
 struct SignatureLists {

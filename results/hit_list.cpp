@@ -59,9 +59,12 @@ Outcome HitList::Count(std::string_view kind) {
 const std::string& HitList::Text(std::size_t index, Column column) const {
   const Detection& detection = rows_[index].detection;
   switch (column) {
-    case kSystem: return detection.system;
-    case kDetails: return detection.details;
-    default: return detection.kind;
+    case kSystem:
+      return detection.system;
+    case kDetails:
+      return detection.details;
+    default:
+      return detection.kind;
   }
 }
 

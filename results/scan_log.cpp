@@ -112,8 +112,7 @@ Outcome ScanLog::Append(std::string_view text) {
   std::string& path = parts_.settings.LogFilePath;
   Outcome written = parts_.files.Append(path, text);
   if (written.ok()) return {};
-  const std::string fallback =
-      AddPathToFileName(parts_.folders.application, FileNamePart(path));
+  const std::string fallback = AddPathToFileName(parts_.folders.application, FileNamePart(path));
   written = std::move(written).With("LogFile: ", path);
   if (fallback == path || !parts_.files.Append(fallback, text).ok()) return written;
   path = fallback;

@@ -12,8 +12,7 @@ constexpr std::size_t kExtension = 4;  // ".ini"
 
 }  // namespace
 
-std::string Language::SetCaptionfromINI(std::string_view number,
-                                        std::string_view fallback) const {
+std::string Language::SetCaptionfromINI(std::string_view number, std::string_view fallback) const {
   static_cast<void>(log_.Trap("SetCaptionfromINI", [&] { return Refresh(); }));
   const std::string_view text = pack_.Find(kSection, number).value_or(fallback);
   return std::string(TrimBlanks(TrimNull(text).substr(0, kLongestCaption)));

@@ -28,7 +28,8 @@ Outcome SettingsStore::Set(const std::string& section, const std::string& key,
       CRegister(registry_).SetString(RootKey::CurrentUser, kStoreKey + section, key, text);
   if (status == kRegOk) return {};
   return Outcome::Failed(status == kRegAccessDenied ? kPermissionDenied : status)
-      .With("Section: ", section).With("Key: ", key);
+      .With("Section: ", section)
+      .With("Key: ", key);
 }
 
 void Settings::LoadSettings() {
@@ -92,11 +93,11 @@ Outcome Settings::Save() {
   set("Version", "BUILD", "0");
   set("Language", "Name", settings_.LanguageFile);
   set("Mark", "Checked", settings_.MarkChecked);
-  set_booleans({&AppSettings::AutoSave, &AppSettings::UseRegEdit,
-                &AppSettings::AutoCheckForUpdate, &AppSettings::SpywareAdware,
-                &AppSettings::Dialers, &AppSettings::KeyLoggers, &AppSettings::AdvancedScanning,
-                &AppSettings::ExtraLogInfo, &AppSettings::AllCookies, &AppSettings::Trojans,
-                &AppSettings::BHO, &AppSettings::RunStartup});
+  set_booleans({&AppSettings::AutoSave, &AppSettings::UseRegEdit, &AppSettings::AutoCheckForUpdate,
+                &AppSettings::SpywareAdware, &AppSettings::Dialers, &AppSettings::KeyLoggers,
+                &AppSettings::AdvancedScanning, &AppSettings::ExtraLogInfo,
+                &AppSettings::AllCookies, &AppSettings::Trojans, &AppSettings::BHO,
+                &AppSettings::RunStartup});
   set("Path", "LogPath", std::string(FolderPart(settings_.LogFilePath)));
   set("Path", "BackupPath", settings_.BackupFolder);
   set_booleans({&AppSettings::DeleteAfterReboot, &AppSettings::AutoRemove});
@@ -110,7 +111,8 @@ Outcome Settings::Save() {
 std::string ScanLogPath(const std::string& folder, const LocalTime& now) {
   const std::uint64_t milliseconds =
       ((static_cast<std::uint64_t>(now.hour) * 60 + static_cast<std::uint64_t>(now.minute)) * 60 +
-       static_cast<std::uint64_t>(now.second)) * 1000 +
+       static_cast<std::uint64_t>(now.second)) *
+          1000 +
       static_cast<std::uint64_t>(now.millisecond);
   const std::uint64_t scaled = milliseconds * 100000;
   std::uint64_t fraction = scaled / kMillisecondsOfDay;
