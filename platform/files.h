@@ -48,6 +48,9 @@ class Files {
  public:
   // Return false to end the listing.
   using Visit = std::function<bool(const DirEntry&)>;
+  // Gets the next bytes of a file, at least one. Returns false to end the reading.
+  using VisitBlock = std::function<bool(std::string_view block)>;
+  static constexpr std::size_t kBlockSize = 64 * 1024;
 
   virtual ~Files() = default;
 
@@ -63,6 +66,9 @@ class Files {
 
   // The whole content. A file larger than `limit` bytes fails with kOutOfMemory.
   virtual Outcome Read(const std::string& path, std::uint64_t limit, std::string* content) = 0;
+
+  // The content in blocks of kBlockSize, the last one shorter; a file may have any size.
+  virtual Outcome ReadBlocks(const std::string& path, const VisitBlock& visit) = 0;
 
   // Appends, creating the file when there is none. The folder must exist.
   virtual Outcome Append(const std::string& path, std::string_view text) = 0;

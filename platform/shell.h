@@ -20,6 +20,9 @@ class Shell {
   // Loads a library and calls one of its exported functions without arguments. kFileNotFound:
   // not loadable; kInvalidCall: no such export; a failing HRESULT comes back as it is.
   virtual Outcome CallExport(const std::string& library, const std::string& name) = 0;
+  // The path that a shortcut file leads to; empty when it leads to no file. The target need not
+  // exist: it is not looked for, the shortcut is not changed, and no window is shown.
+  virtual Outcome ShortcutTarget(const std::string& link, std::string* target) = 0;
   // A plain message box with OK.
   virtual void Message(const std::string& text, const std::string& title) = 0;
 };

@@ -1,27 +1,93 @@
 #include "platform/versions.h"
 
+#include <span>
+
+#include "platform/version_resource.h"
+
 namespace scourwell {
+namespace {
+
+struct Name {
+  std::uint32_t code;
+  const char* text;
+};
+
+constexpr Name kFlags[] = {{1, "Debug "},   {2, "PreRel "}, {4, "Patched "},
+                           {8, "Private "}, {16, "Info "},  {32, "Special "}};
+constexpr Name kSystems[] = {{0x10001, "DOS-Win16"},
+                             {0x10004, "DOS-Win32"},
+                             {0x20002, "OS/2-16 PM-16"},
+                             {0x30003, "OS/2-16 PM-32"},
+                             {0x40004, "NT-Win32"}};
+constexpr std::uint32_t kDriver = 3;
+constexpr std::uint32_t kFont = 4;
+constexpr Name kTypes[] = {{1, "Executable"}, {2, "DLL"}, {kDriver, "Driver"},
+                           {kFont, "Font"},   {5, "VxD"}, {7, "Lib"}};
+constexpr Name kDrivers[] = {{1, "Printer drv"}, {2, "Keyboard drv"}, {3, "Language drv"},
+                             {4, "Display drv"}, {5, "Mouse drv"},    {6, "Network drv"},
+                             {7, "System drv"},  {8, "Installable"},  {9, "Sound drv"},
+                             {10, "Comm drv"}};
+constexpr Name kFonts[] = {{1, "Raster Font"}, {2, "Vector Font"}, {3, "TrueType Font"}};
+
+const char* TextOf(std::span<const Name> names, std::uint32_t code) {
+  for (const Name& name : names) {
+    if (name.code == code) return name.text;
+  }
+  return "Unknown";
+}
+
+// What code page 1252 has between 0x80 and 0x9F; 0 where it has nothing.
+constexpr char16_t kMiddle1252[32] = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+char ByteOf1252(char16_t c) {
+  if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
+  for (unsigned i = 0; i < 32; ++i) {
+    if (kMiddle1252[i] == c) return static_cast<char>(0x80 + i);
+  }
+  return '?';
+}
+
+}  // namespace
+
+std::string Versions::NarrowTo1252(std::u16string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (const char16_t c : text) result += ByteOf1252(c);
+  return result;
+}
+
+Outcome Versions::ReadFixed(const std::string& path, FixedFileInfo* info) {
+  std::string block;
+  if (Outcome read = ReadBlock(path, &block); !read.ok()) return read;
+  const std::optional<FixedFileInfo> fixed = VersionResource(block, *this).Fixed();
+  if (!fixed) return Outcome::Failed(kFileNotFound);
+  *info = *fixed;
+  return {};
+}
 
 std::string VersionText(std::uint32_t high, std::uint32_t low) {
   return std::to_string(high >> 16) + "." + std::to_string(high & 0xFFFF) + "." +
          std::to_string(low >> 16) + "." + std::to_string(low & 0xFFFF);
 }
 
-std::string OperatingSystemText(std::uint32_t code) {
-  switch (code) {
-    case 0x10001:
-      return "DOS-Win16";
-    case 0x10004:
-      return "DOS-Win32";
-    case 0x20002:
-      return "OS/2-16 PM-16";
-    case 0x30003:
-      return "OS/2-16 PM-32";
-    case 0x40004:
-      return "NT-Win32";
-    default:
-      return "Unknown";
+std::string FileFlagsText(std::uint32_t flags) {
+  std::string text;
+  for (const Name& flag : kFlags) {
+    if (flags & flag.code) text += flag.text;
   }
+  return text;
+}
+
+std::string OperatingSystemText(std::uint32_t code) { return TextOf(kSystems, code); }
+
+std::string FileTypeText(std::uint32_t type) { return TextOf(kTypes, type); }
+
+std::string FileSubtypeText(std::uint32_t type, std::uint32_t subtype) {
+  if (type == kDriver) return TextOf(kDrivers, subtype);
+  return type == kFont ? TextOf(kFonts, subtype) : "";
 }
 
 }  // namespace scourwell

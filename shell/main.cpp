@@ -7,6 +7,7 @@
 #include "platform/win/registry_win.h"
 #include "platform/win/single_instance.h"
 #include "platform/win/system_win.h"
+#include "platform/win/versions_win.h"
 #include "shell/application.h"
 #include "shell/frm_main.h"
 #include "shell/version.h"

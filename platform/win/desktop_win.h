@@ -3,7 +3,6 @@
 #include "platform/clock.h"
 #include "platform/profiles.h"
 #include "platform/shell.h"
-#include "platform/versions.h"
 
 namespace scourwell {
 
@@ -26,16 +25,21 @@ class ProfilesWin : public Profiles {
 
 class ShellWin : public Shell {
  public:
+  ShellWin() = default;
+  ShellWin(const ShellWin&) = delete;
+  ShellWin& operator=(const ShellWin&) = delete;
+  ~ShellWin() override;
+
   Outcome Open(const std::string& path) override;
   Outcome ShowProperties(const std::string& path) override;
   Outcome Start(const std::string& program, const std::string& arguments) override;
   Outcome CallExport(const std::string& library, const std::string& name) override;
+  Outcome ShortcutTarget(const std::string& link, std::string* target) override;
   void Message(const std::string& text, const std::string& title) override;
-};
 
-class VersionsWin : public Versions {
- public:
-  Outcome ReadFixed(const std::string& path, FixedFileInfo* info) override;
+ private:
+  bool com_tried_ = false;  // asked for when the first shortcut is read
+  bool com_ready_ = false;
 };
 
 // Makes Fold do what the running system's upper-casing does.

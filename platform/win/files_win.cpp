@@ -51,6 +51,25 @@ Outcome WhyNothing(DWORD code, const std::string& pattern) {
   return Outcome::Failed(kPathNotFound);
 }
 
+FileHandle OpenToRead(const std::string& path) {
+  return FileHandle(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+}
+
+// As many bytes as there are, up to `size`.
+Outcome ReadUpTo(HANDLE file, char* bytes, std::size_t size, std::size_t* filled) {
+  *filled = 0;
+  while (*filled < size) {
+    DWORD portion = 0;
+    if (!ReadFile(file, bytes + *filled, static_cast<DWORD>(size - *filled), &portion, nullptr)) {
+      return FailedWith(GetLastError());
+    }
+    if (portion == 0) break;
+    *filled += portion;
+  }
+  return {};
+}
+
 Outcome WriteAll(HANDLE file, std::string_view text) {
   while (!text.empty()) {
     const DWORD portion = static_cast<DWORD>(std::min<std::size_t>(text.size(), 1 << 20));
@@ -144,8 +163,7 @@ Outcome FilesWin::Stat(const std::string& path, DirEntry* entry) {
 }
 
 Outcome FilesWin::Read(const std::string& path, std::uint64_t limit, std::string* content) {
-  FileHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                              nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  const FileHandle file = OpenToRead(path);
   if (!file) return FailedWith(GetLastError());
   DWORD high = 0;
   SetLastError(NO_ERROR);
@@ -155,18 +173,24 @@ Outcome FilesWin::Read(const std::string& path, std::uint64_t limit, std::string
   if (size > limit || size > 0x7FFFFFFF) return Outcome::Failed(kOutOfMemory);
   std::string text(static_cast<std::size_t>(size), '\0');
   std::size_t filled = 0;
-  while (filled < text.size()) {
-    DWORD portion = 0;
-    if (!ReadFile(file.get(), text.data() + filled, static_cast<DWORD>(text.size() - filled),
-                  &portion, nullptr)) {
-      return FailedWith(GetLastError());
-    }
-    if (portion == 0) break;  // the file shrank meanwhile
-    filled += portion;
+  if (Outcome read = ReadUpTo(file.get(), text.data(), text.size(), &filled); !read.ok()) {
+    return read;
   }
-  text.resize(filled);
+  text.resize(filled);  // the file may have shrunk meanwhile
   *content = std::move(text);
   return {};
+}
+
+Outcome FilesWin::ReadBlocks(const std::string& path, const VisitBlock& visit) {
+  const FileHandle file = OpenToRead(path);
+  if (!file) return FailedWith(GetLastError());
+  std::string block(kBlockSize, '\0');
+  for (;;) {
+    std::size_t filled = 0;
+    Outcome read = ReadUpTo(file.get(), block.data(), block.size(), &filled);
+    if (!read.ok() || filled == 0) return read;
+    if (!visit(std::string_view(block).substr(0, filled)) || filled < block.size()) return {};
+  }
 }
 
 Outcome FilesWin::Append(const std::string& path, std::string_view text) {

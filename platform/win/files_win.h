@@ -12,6 +12,7 @@ class FilesWin : public Files {
   Outcome List(const std::string& pattern, const Visit& visit) override;
   Outcome Stat(const std::string& path, DirEntry* entry) override;
   Outcome Read(const std::string& path, std::uint64_t limit, std::string* content) override;
+  Outcome ReadBlocks(const std::string& path, const VisitBlock& visit) override;
   Outcome Append(const std::string& path, std::string_view text) override;
   Outcome Replace(const std::string& path, std::string_view text) override;
   Outcome EraseFile(const std::string& path) override;

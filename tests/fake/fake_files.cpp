@@ -58,39 +58,6 @@ DirEntry Node::Entry() const {
   return {name, short_name, attributes, IsFolder() ? 0 : content.size(), modified, accessed};
 }
 
-// Keeps the set of pattern positions that the name so far can have reached.
-bool ListingMatches(std::string_view pattern, std::string_view name) {
-  const std::string_view bare = WithoutEnd(pattern, ". ");
-  if (!HasWildcard(pattern)) return EqualsNoCase(bare, name);
-  // "*." asks for names without an extension.
-  if (pattern.substr(bare.size()).find('.') != pattern.npos && name.find('.') != name.npos) {
-    return false;
-  }
-  std::vector<bool> reached(bare.size() + 1);
-  const auto step_over_stars = [&](std::vector<bool>& set) {
-    for (std::size_t i = 0; i < bare.size(); ++i) {
-      if (set[i] && bare[i] == '*') set[i + 1] = true;
-    }
-  };
-  reached[0] = true;
-  step_over_stars(reached);
-  for (const char c : name) {
-    std::vector<bool> next(bare.size() + 1);
-    for (std::size_t i = 0; i < bare.size(); ++i) {
-      if (!reached[i]) continue;
-      if (bare[i] == '*') next[i] = true;
-      if (bare[i] == '?' || Fold(bare[i]) == Fold(c)) next[i + 1] = true;
-    }
-    step_over_stars(next);
-    reached = std::move(next);
-  }
-  // Dots before closing stars may be missing from the name: "*.*" finds everything.
-  for (std::size_t i = 0; i <= bare.size(); ++i) {
-    if (reached[i] && bare.find_first_not_of(".*", i) == bare.npos) return true;
-  }
-  return false;
-}
-
 void FakeFiles::AddDrive(char letter, DriveKind kind, bool ready) {
   Volume& volume = volumes_[letter];
   volume.drive = {letter, kind};
@@ -239,14 +206,32 @@ Outcome FakeFiles::Stat(const std::string& path, DirEntry* entry) {
   return {};
 }
 
-Outcome FakeFiles::Read(const std::string& path, std::uint64_t limit, std::string* content) {
-  if (const int fault = Begin("Read " + path)) return Outcome::Failed(fault);
+Outcome FakeFiles::Open(const std::string& path, const std::string** content) {
   const Place place = Walk(path, true);
   if (!place.node) return Outcome::Failed(place.error);
   if (place.node->error) return Outcome::Failed(place.node->error);
   if (place.node->IsFolder() || place.node->locked) return Outcome::Failed(kPermissionDenied);
-  if (place.node->content.size() > limit) return Outcome::Failed(kOutOfMemory);
-  *content = place.node->content;
+  *content = &place.node->content;
+  return {};
+}
+
+Outcome FakeFiles::Read(const std::string& path, std::uint64_t limit, std::string* content) {
+  if (const int fault = Begin("Read " + path)) return Outcome::Failed(fault);
+  const std::string* found = nullptr;
+  if (Outcome opened = Open(path, &found); !opened.ok()) return opened;
+  if (found->size() > limit) return Outcome::Failed(kOutOfMemory);
+  *content = *found;
+  return {};
+}
+
+Outcome FakeFiles::ReadBlocks(const std::string& path, const VisitBlock& visit) {
+  if (const int fault = Begin("ReadBlocks " + path)) return Outcome::Failed(fault);
+  const std::string* found = nullptr;
+  if (Outcome opened = Open(path, &found); !opened.ok()) return opened;
+  const std::string content = *found;  // the visit may change the file
+  for (std::size_t at = 0; at < content.size(); at += kBlockSize) {
+    if (!visit(std::string_view(content).substr(at, kBlockSize))) break;
+  }
   return {};
 }
 

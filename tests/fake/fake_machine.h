@@ -17,7 +17,7 @@
 #include "platform/shell.h"
 #include "platform/system.h"
 #include "platform/text.h"
-#include "platform/versions.h"
+#include "tests/fake/fake_versions.h"
 
 namespace scourwell::test {
 
@@ -100,6 +100,7 @@ class FakeFiles : public Files {
   Outcome List(const std::string& pattern, const Visit& visit) override;
   Outcome Stat(const std::string& path, DirEntry* entry) override;
   Outcome Read(const std::string& path, std::uint64_t limit, std::string* content) override;
+  Outcome ReadBlocks(const std::string& path, const VisitBlock& visit) override;
   Outcome Append(const std::string& path, std::string_view text) override;
   Outcome Replace(const std::string& path, std::string_view text) override;
   Outcome EraseFile(const std::string& path) override;
@@ -123,6 +124,7 @@ class FakeFiles : public Files {
 
   int Begin(const std::string& call);
   Place Walk(const std::string& path, bool follow_last, int links_left = 20);
+  Outcome Open(const std::string& path, const std::string** content);
   Outcome Write(const std::string& path, const std::function<void(Node&)>& change);
   std::string NewShortName(const Node& folder, const std::string& name) const;
   void Erase(Node* folder, const Node* node);
@@ -227,6 +229,7 @@ class FakeSystem : public System {
 class FakeShell : public Shell {
  public:
   std::vector<std::string> journal;  // "Message text/title", "Open path", ...
+  std::map<std::string, std::string, NoCaseLess> shortcuts;  // targets; others are damaged
 
   Outcome Open(const std::string& path) override { return Note("Open " + path); }
   Outcome ShowProperties(const std::string& path) override { return Note("Properties " + path); }
@@ -236,6 +239,7 @@ class FakeShell : public Shell {
   Outcome CallExport(const std::string& library, const std::string& name) override {
     return Note("Call " + library + " " + name);
   }
+  Outcome ShortcutTarget(const std::string& link, std::string* target) override;
   void Message(const std::string& text, const std::string& title) override {
     static_cast<void>(Note("Message " + text + "/" + title));
   }
@@ -245,12 +249,6 @@ class FakeShell : public Shell {
     journal.push_back(std::move(line));
     return {};
   }
-};
-
-class FakeVersions : public Versions {
- public:
-  std::map<std::string, FixedFileInfo, NoCaseLess> resources;
-  Outcome ReadFixed(const std::string& path, FixedFileInfo* info) override;
 };
 
 class FakePump : public Pump {

@@ -1,6 +1,7 @@
 #include <chrono>
 
 #include "tests/fake/fake_machine.h"
+#include "tests/fake/version_block.h"
 
 namespace scourwell::test {
 
@@ -106,10 +107,25 @@ Outcome FakeSystem::MoveAtReboot(const std::string& path, const std::string& tar
   return {};
 }
 
-Outcome FakeVersions::ReadFixed(const std::string& path, FixedFileInfo* info) {
-  const auto resource = resources.find(path);
-  if (resource == resources.end()) return Outcome::Failed(kFileNotFound);
-  *info = resource->second;
+Outcome FakeShell::ShortcutTarget(const std::string& link, std::string* target) {
+  journal.push_back("Shortcut " + link);
+  const auto shortcut = shortcuts.find(link);
+  if (shortcut == shortcuts.end()) return Outcome::Failed(kPathFileAccess);
+  *target = shortcut->second;
+  return {};
+}
+
+Outcome FakeVersions::ReadBlock(const std::string& path, std::string* block) {
+  journal.push_back(path);
+  if (const auto resource = resources.find(path); resource != resources.end()) {
+    VersionBlock made;
+    made.fixed = resource->second;
+    *block = made.Make();
+    return {};
+  }
+  const auto found = blocks.find(path);
+  if (found == blocks.end()) return Outcome::Failed(kFileNotFound);
+  *block = found->second;
   return {};
 }
 

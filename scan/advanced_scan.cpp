@@ -1,0 +1,247 @@
+#include "scan/advanced_scan.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "platform/file_utils.h"
+#include "scan/checksum.h"
+
+namespace scourwell {
+namespace {
+
+// The longest path that the system's ANSI calls take.
+constexpr std::size_t kLongestPath = 259;
+constexpr int kAdvancedScanning = 1530;
+
+std::string_view LastFour(std::string_view name) {
+  return name.substr(name.size() - std::min<std::size_t>(name.size(), 4));
+}
+
+bool IsProgram(std::string_view name) {
+  const std::string extension = Upper(LastFour(name));
+  return extension == ".EXE" || extension == ".DLL" || extension == ".OCX";
+}
+
+// A name that the code page could not hold carries a "?" where the character was lost.
+bool IsLossy(std::string_view name) { return name.find('?') != std::string_view::npos; }
+
+std::optional<std::uint64_t> WholeNumber(std::string_view text) {
+  std::uint64_t number = 0;
+  const char* end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, number);
+  if (read.ec != std::errc() || read.ptr != end) return {};
+  return number;
+}
+
+}  // namespace
+
+PropertyIndex::PropertyIndex(const SignatureLists& lists)
+    : companies_(lists.lstCWSearch),
+      exact_{{{&lists.lstCESearch, {}},
+              {&lists.lstOFNSearch, {}},
+              {&lists.lstIFNSearch, {}},
+              {&lists.lstPNSearch, {}},
+              {&lists.lstFDSearch, {}}}} {
+  needles_.reserve(companies_.size());
+  for (std::uint32_t row = 0; row < companies_.size(); ++row) {
+    needles_.push_back(Upper(TrimBlanks(companies_[row].sub2)));
+    if (!needles_.back().empty()) proposals_.Add(row, needles_.back());
+  }
+  proposals_.Freeze();
+  for (Exact& exact : exact_) {
+    exact.rows.reserve(exact.list->size());
+    for (std::uint32_t row = 0; row < exact.list->size(); ++row) {
+      exact.rows.try_emplace(TrimBlanks((*exact.list)[row].sub2), row);
+    }
+  }
+  for (std::size_t row = 0; row < lists.lstFCSSearch.size(); ++row) {
+    AddChecksum(lists.lstFCSSearch[row]);
+  }
+  std::stable_sort(checksums_.begin(), checksums_.end(),
+                   [](const Checksum& a, const Checksum& b) { return a.size < b.size; });
+}
+
+// Such a row has its spy name as its text, then the size and the checksum.
+void PropertyIndex::AddChecksum(const SignatureRow& row) {
+  const std::optional<std::uint64_t> size = WholeNumber(TrimBlanks(row.sub1));
+  if (size) checksums_.push_back({*size, TrimBlanks(row.sub2), row.text});
+}
+
+bool PropertyIndex::empty() const {
+  return proposals_.empty() && checksums_.empty() &&
+         std::all_of(exact_.begin(), exact_.end(),
+                     [](const Exact& exact) { return exact.rows.empty(); });
+}
+
+std::optional<std::string_view> PropertyIndex::FindText(VersionField field,
+                                                        std::string_view text) const {
+  if (text.empty()) return {};
+  if (field == kCompanyName) {
+    if (const auto spy = FindCompany(text)) return spy;
+  }
+  for (std::size_t i = 0; i < kFields.size(); ++i) {
+    if (kFields[i] != field) continue;
+    const auto row = exact_[i].rows.find(text);
+    if (row != exact_[i].rows.end()) return (*exact_[i].list)[row->second].sub1;
+  }
+  return {};
+}
+
+std::optional<std::string_view> PropertyIndex::FindCompany(std::string_view company) const {
+  std::size_t first = companies_.size();
+  if (!proposals_.empty()) {
+    proposals_.Propose(company, [&](std::uint32_t row) {
+      if (row < first && company.find(needles_[row]) != std::string_view::npos) first = row;
+    });
+  }
+  if (first == companies_.size()) return {};
+  return companies_[first].sub1;
+}
+
+std::vector<PropertyIndex::Checksum>::const_iterator PropertyIndex::FirstOfSize(
+    std::uint64_t size) const {
+  return std::lower_bound(
+      checksums_.begin(), checksums_.end(), size,
+      [](const Checksum& row, std::uint64_t wanted) { return row.size < wanted; });
+}
+
+bool PropertyIndex::KnowsSize(std::uint64_t size) const {
+  const auto row = FirstOfSize(size);
+  return row != checksums_.end() && row->size == size;
+}
+
+std::optional<std::string_view> PropertyIndex::FindChecksum(std::uint64_t size,
+                                                            std::uint8_t checksum) const {
+  const std::string text = std::to_string(checksum);
+  for (auto row = FirstOfSize(size); row != checksums_.end() && row->size == size; ++row) {
+    if (row->checksum == text) return row->spy;
+  }
+  return {};
+}
+
+void AdvancedScan::searchFilesAdvanced(const std::string& folder, const std::string& reachable) {
+  static_cast<void>(parts_.log.Trap("searchFilesAdvanced", [&]() -> Outcome {
+    const std::string caption = parts_.captions.Text(kAdvancedScanning) + " - ";
+    Outcome listed =
+        parts_.files.List(AddPathToFileName(reachable, "*.*"), [&](const DirEntry& entry) {
+          parts_.progress.lblScan = caption + entry.name;
+          if (!parts_.pump.Next()) return false;
+          if (!entry.IsFolder()) Search(folder, reachable, entry);
+          return true;
+        });
+    if (listed.ok()) return {};
+    return std::move(listed).With("sFolder: ", folder).With("sPath: ", reachable);
+  }));
+}
+
+void AdvancedScan::Search(const std::string& folder, const std::string& reachable,
+                          const DirEntry& entry) {
+  const bool shortcut = LastFour(entry.name) == ".lnk";
+  if (index_.empty() || (!shortcut && !IsProgram(entry.name))) return;
+  Item item;
+  const Outcome reached = Reach(folder, reachable, entry, &item);
+  if (!reached.ok()) {
+    parts_.log.LogFailure(reached, "searchFilesAdvanced");
+  } else if (shortcut) {
+    FollowShortcut(item);
+  } else {
+    AdvancedFilePropertiesSearch(item);
+  }
+}
+
+// Finds a path that leads to the entry, and one to report that the user and the removal can use.
+Outcome AdvancedScan::Reach(const std::string& folder, const std::string& reachable,
+                            const DirEntry& entry, Item* item) {
+  const std::string& short_name = entry.short_name.empty() ? entry.name : entry.short_name;
+  const std::string& name = IsLossy(entry.name) ? short_name : entry.name;
+  item->size = entry.size;
+  item->path = AddPathToFileName(folder, name);
+  item->reachable = AddPathToFileName(reachable, name);
+  if (item->reachable.size() > kLongestPath) {
+    item->reachable = AddPathToFileName(reachable, short_name);
+  }
+  if (item->reachable.size() > kLongestPath) {
+    const std::string short_folder = parts_.files.ShortPath(reachable);
+    if (!short_folder.empty()) item->reachable = AddPathToFileName(short_folder, short_name);
+  }
+  if (IsLossy(name) || item->reachable.size() > kLongestPath) {
+    return Outcome::Failed(kPathNotFound,
+                           "The file cannot be reached: its path is too long or its name has "
+                           "characters outside the code page")
+        .With("sPath: ", item->path);
+  }
+  if (IsLossy(item->path) || item->path.size() > kLongestPath) item->path = item->reachable;
+  return {};
+}
+
+void AdvancedScan::FollowShortcut(const Item& link) {
+  std::string target;
+  Outcome resolved = parts_.shell.ShortcutTarget(link.reachable, &target);
+  if (!resolved.ok()) {
+    parts_.log.LogFailure(std::move(resolved).With("sPath: ", link.path), "searchFilesAdvanced");
+    return;
+  }
+  // A shortcut can hold anything: what is looked up must be one plain path.
+  DirEntry entry;
+  if (!IsProgram(target) || !IsPlainPath(target) || !parts_.files.Stat(target, &entry).ok() ||
+      entry.IsFolder()) {
+    return;
+  }
+  AdvancedFilePropertiesSearch({LongPath(target), target, entry.size});
+}
+
+// The path with the long names of its parts, so that a file is the same one however a shortcut
+// spells it.
+std::string AdvancedScan::LongPath(const std::string& path) {
+  std::string result = path;
+  for (std::size_t begin = result.find('\\') + 1; begin < result.size();) {
+    const std::size_t end = std::min(result.find('\\', begin), result.size());
+    const std::string part = result.substr(begin, end - begin);
+    DirEntry entry;
+    if (part.find('~') == std::string::npos ||
+        !parts_.files.Stat(result.substr(0, end), &entry).ok() || IsLossy(entry.name)) {
+      begin = end + 1;
+      continue;
+    }
+    result.replace(begin, part.size(), entry.name);
+    begin += entry.name.size() + 1;
+  }
+  return result.size() > kLongestPath ? path : result;
+}
+
+void AdvancedScan::AdvancedFilePropertiesSearch(const Item& item) {
+  static_cast<void>(parts_.log.Trap("AdvancedFilePropertiesSearch", [&]() -> Outcome {
+    if (!examined_.insert(item.path).second) return {};
+    Outcome outcome;
+    if (const std::optional<std::string_view> spy = Identify(item, &outcome)) {
+      ReportOnce(parts_.sink, kSpyFile, kCodeFile, item.path, *spy);
+    }
+    return outcome.ok() ? Outcome() : std::move(outcome).With("sPath: ", item.path);
+  }));
+}
+
+// The spy name of the first row that the file answers.
+std::optional<std::string_view> AdvancedScan::Identify(const Item& item, Outcome* outcome) {
+  if (!parts_.versions.ReadBlock(item.reachable, &block_).ok()) return {};
+  const VersionResource resource(block_, parts_.versions);
+  for (const VersionField field : PropertyIndex::kFields) {
+    const std::string text = Upper(TrimBlanks(resource.Text(field).value_or("")));
+    if (field == kCompanyName && (text.empty() || IsSystemsOwn(item.path, text))) return {};
+    if (const auto spy = index_.FindText(field, text)) return spy;
+  }
+  if (!index_.KnowsSize(item.size)) return {};
+  std::optional<std::uint8_t> checksum;
+  *outcome = GetFileCheckSum(parts_.files, parts_.pump, item.reachable, &checksum);
+  if (!checksum) return {};
+  return index_.FindChecksum(item.size, *checksum);
+}
+
+// The files of Windows itself, right inside its two folders.
+bool AdvancedScan::IsSystemsOwn(std::string_view path, std::string_view company) const {
+  if (company.find("MICROSOFT") == std::string_view::npos) return false;
+  const std::string_view folder = FolderPart(path);
+  return EqualsNoCase(folder, parts_.folders.windows) ||
+         EqualsNoCase(folder, parts_.folders.system);
+}
+
+}  // namespace scourwell

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "definitions/signature_list.h"
+#include "platform/captions.h"
+#include "platform/error_log.h"
+#include "platform/files.h"
+#include "platform/pump.h"
+#include "platform/shell.h"
+#include "platform/system_folders.h"
+#include "platform/text.h"
+#include "platform/version_resource.h"
+#include "scan/detection.h"
+#include "scan/literal_index.h"
+#include "scan/scan_progress.h"
+
+namespace scourwell {
+
+// The rows by which a program file is known, frozen for one pass. Of several rows that a text
+// answers the first one counts. The lists must outlive the index and stay unchanged.
+class PropertyIndex {
+ public:
+  explicit PropertyIndex(const SignatureLists& lists);
+
+  // The texts that rows exist for, in the order in which they are compared.
+  static constexpr std::array<VersionField, 5> kFields = {
+      kCompanyName, kOriginalFileName, kInternalName, kProductName, kFileDescription};
+
+  bool empty() const;
+  // The spy name of the row that a text of a file answers. `text` is trimmed and upper-cased.
+  std::optional<std::string_view> FindText(VersionField field, std::string_view text) const;
+  // True when some row is about a file of this size.
+  bool KnowsSize(std::uint64_t size) const;
+  std::optional<std::string_view> FindChecksum(std::uint64_t size, std::uint8_t checksum) const;
+
+ private:
+  using EqualTable = std::unordered_map<std::string_view, std::uint32_t, NoCaseHash, NoCaseEqual>;
+  struct Exact {
+    const SignatureList* list;
+    EqualTable rows;
+  };
+  struct Checksum {
+    std::uint64_t size;
+    std::string_view checksum;
+    std::string_view spy;
+  };
+
+  void AddChecksum(const SignatureRow& row);
+  std::optional<std::string_view> FindCompany(std::string_view company) const;
+  std::vector<Checksum>::const_iterator FirstOfSize(std::uint64_t size) const;
+
+  const SignatureList& companies_;    // by containment
+  std::vector<std::string> needles_;  // of companies_
+  LiteralIndex proposals_;            // of needles_
+  std::array<Exact, 5> exact_;        // by kFields
+  std::vector<Checksum> checksums_;   // by size, then in list order
+};
+
+// One pass over folders that knows program files by what they say of themselves and by their
+// content, whatever their names are.
+class AdvancedScan {
+ public:
+  struct Parts {
+    Files& files;
+    Versions& versions;
+    Shell& shell;
+    Pump& pump;
+    ErrorLog& log;
+    const Captions& captions;
+    DetectionSink& sink;
+    ScanProgress& progress;
+    const SignatureLists& lists;  // unchanged as long as the pass lives
+    const SystemFolders& folders;
+  };
+
+  explicit AdvancedScan(const Parts& parts) : parts_(parts), index_(parts.lists) {}
+
+  // Examines the program files right inside a folder and those that its shortcuts lead to.
+  // `reachable` is the same folder, with 8.3 parts where the names do not serve.
+  void searchFilesAdvanced(const std::string& folder, const std::string& reachable);
+
+ private:
+  struct Item {
+    std::string path;       // as reported
+    std::string reachable;  // the same file
+    std::uint64_t size = 0;
+  };
+
+  void Search(const std::string& folder, const std::string& reachable, const DirEntry& entry);
+  void FollowShortcut(const Item& link);
+  void AdvancedFilePropertiesSearch(const Item& item);
+  std::optional<std::string_view> Identify(const Item& item, Outcome* outcome);
+  Outcome Reach(const std::string& folder, const std::string& reachable, const DirEntry& entry,
+                Item* item);
+  std::string LongPath(const std::string& path);
+  bool IsSystemsOwn(std::string_view path, std::string_view company) const;
+
+  Parts parts_;
+  PropertyIndex index_;
+  std::unordered_set<std::string, NoCaseHash, NoCaseEqual> examined_;
+  std::string block_;  // kept, so that not every file asks for memory anew
+};
+
+}  // namespace scourwell

@@ -1,0 +1,310 @@
+#include "scan/advanced_scan.h"
+
+#include "tests/fake/version_block.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr char kExe[] = "C:\\Evil\\x.exe";
+
+struct Advanced : Bench {
+  Advanced() {
+    m.Folder("C:\\Evil");
+    folders.windows = "C:\\WINDOWS";
+    folders.system = "C:\\WINDOWS\\system32";
+  }
+  SignatureLists lists;
+  SystemFolders folders;
+  ScanProgress progress;
+
+  void Row(SignatureList& list, std::string_view spy, std::string_view value) {
+    FillListBox(list, "Spy X File", spy, value);
+  }
+  Node& Program(const std::string& path, const std::string& company = "Evil Inc.") {
+    Company(path, company);
+    return m.File(path, "content");
+  }
+  Node& Program(const std::string& path, const VersionBlock& block) {
+    m.versions.blocks[path] = block.Make();
+    return m.File(path, "content");
+  }
+  // Says what the system finds under a path, whether or not the file is there by that name.
+  void Company(const std::string& path, const std::string& company = "Evil Inc.") {
+    m.versions.blocks[path] = VersionBlock().Text("CompanyName", company).Make();
+  }
+  void Shortcut(const std::string& path, const std::string& target) {
+    m.File(path);
+    m.shell.shortcuts[path] = target;
+  }
+  AdvancedScan Pass() {
+    return AdvancedScan(
+        {m.files, m.versions, m.shell, m.pump, log, captions, sink, progress, lists, folders});
+  }
+  std::string Scan(const std::string& folder = "C:\\Evil") {
+    sink.found.clear();
+    m.versions.journal.clear();
+    m.files.journal.clear();
+    Pass().searchFilesAdvanced(folder, folder);
+    return sink.lines();
+  }
+};
+
+}  // namespace
+
+TEST_SUITE("advanced_scan") {
+  TEST_CASE("each list has its own field and its own way to compare") {
+    struct Row {
+      SignatureList SignatureLists::*list;
+      const char* field;
+      const char* value;
+      bool found;
+    };
+    constexpr auto kCW = &SignatureLists::lstCWSearch;
+    constexpr auto kCE = &SignatureLists::lstCESearch;
+    constexpr auto kOFN = &SignatureLists::lstOFNSearch;
+    constexpr auto kIFN = &SignatureLists::lstIFNSearch;
+    constexpr auto kPN = &SignatureLists::lstPNSearch;
+    constexpr auto kFD = &SignatureLists::lstFDSearch;
+    for (const Row& row : {Row{kCW, "CompanyName", "the Bad Guys, inc.", true},
+                           {kCW, "CompanyName", " bad guys ", true},
+                           {kCW, "CompanyName", "Bad  Guys", false},
+                           {kCW, "CompanyName", "Bad", false},
+                           {kCW, "ProductName", "Bad Guys", false},
+                           {kCE, "CompanyName", "  BAD guys ", true},
+                           {kCE, "CompanyName", "the Bad Guys", false},
+                           {kCE, "ProductName", "Bad Guys", false},
+                           {kOFN, "OriginalFilename", "bad guys", true},
+                           {kOFN, "OriginalFilename", "bad guys 2", false},
+                           {kOFN, "InternalName", "bad guys", false},
+                           {kIFN, "InternalName", "Bad Guys", true},
+                           {kIFN, "OriginalFilename", "Bad Guys", false},
+                           {kPN, "ProductName", "Bad Guys", true},
+                           {kPN, "ProductName", "a Bad Guys", false},
+                           {kPN, "FileDescription", "Bad Guys", false},
+                           {kFD, "FileDescription", "Bad Guys", true},
+                           {kFD, "FileDescription", "Bad Guys b", false},
+                           {kFD, "ProductName", "Bad Guys", false}}) {
+      Advanced a;
+      a.Row(a.lists.*row.list, "other", "something else");
+      a.Row(a.lists.*row.list, "spy", " bad Guys ");
+      a.Row(a.lists.*row.list, "later", "BAD GUYS");
+      VersionBlock block;
+      if (row.field != std::string("CompanyName")) block.Text("CompanyName", "unknown");
+      a.Program(kExe, block.Text(row.field, row.value));
+      CAPTURE(std::string(row.field));
+      CAPTURE(std::string(row.value));
+      CHECK(a.Scan() == (row.found ? "Spy File|spy|C:\\Evil\\x.exe\n" : ""));
+      CHECK(a.m.Errors() == "");
+    }
+  }
+
+  TEST_CASE("the first list and in it the first row win, once per file") {
+    Advanced a;
+    a.Program(kExe, VersionBlock().Text("CompanyName", "Evil Inc.").Text("ProductName", "Evil"));
+    a.Row(a.lists.lstPNSearch, "by product", "Evil");
+    CHECK(a.Scan() == "Spy File|by product|C:\\Evil\\x.exe\n");
+    CHECK(a.sink.found[0].icon == kCodeFile);
+    a.Row(a.lists.lstCESearch, "by equality", "Evil Inc.");
+    CHECK(a.Scan() == "Spy File|by equality|C:\\Evil\\x.exe\n");
+    a.Row(a.lists.lstCWSearch, "empty", "  ");
+    a.Row(a.lists.lstCWSearch, "first", "inc.");
+    a.Row(a.lists.lstCWSearch, "second", "Evil");
+    CHECK(a.Scan() == "Spy File|first|C:\\Evil\\x.exe\n");
+    a.lists.lstCWSearch.Clear();
+    a.Row(a.lists.lstCWSearch, "second", "Evil");
+    a.Row(a.lists.lstCWSearch, "first", "inc.");
+    CHECK(a.Scan() == "Spy File|second|C:\\Evil\\x.exe\n");
+  }
+
+  TEST_CASE("only programs with a company are examined") {
+    Advanced a;
+    a.Row(a.lists.lstPNSearch, "spy", "Evil");
+    FillListBox(a.lists.lstFCSSearch, "by sum", "7", "105");
+    const VersionBlock evil =
+        VersionBlock().Text("CompanyName", "Evil Inc.").Text("ProductName", "Evil");
+    for (const char* name : {"1.exe", "2.EXE", "3.Dll", "4.ocx", "5.sys", "6.exe.txt", "exe",
+                             "7.lnk.exe", ".dll", "8.scr"}) {
+      a.Program(std::string("C:\\Evil\\") + name, evil);
+    }
+    a.m.Folder("C:\\Evil\\folder.exe");
+    a.Program("C:\\Evil\\none.exe", VersionBlock().Text("ProductName", "Evil"));
+    a.Program("C:\\Evil\\blank.exe",
+              VersionBlock().Text("CompanyName", "  ").Text("ProductName", "Evil"));
+    a.m.File("C:\\Evil\\bare.exe", "content");
+    CHECK(a.Scan() ==
+          "Spy File|spy|C:\\Evil\\1.exe\nSpy File|spy|C:\\Evil\\2.EXE\n"
+          "Spy File|spy|C:\\Evil\\3.Dll\nSpy File|spy|C:\\Evil\\4.ocx\n"
+          "Spy File|spy|C:\\Evil\\7.lnk.exe\nSpy File|spy|C:\\Evil\\.dll\n");
+    CHECK(a.m.files.Count("ReadBlocks") == 0);
+  }
+
+  TEST_CASE("the system's own programs are left out") {
+    struct Row {
+      const char* path;
+      const char* company;
+      bool found;
+    };
+    for (const Row& row : {Row{"C:\\windows\\x.exe", "Microsoft Corp.", false},
+                           {"C:\\WINDOWS\\System32\\x.dll", "(c) microsoft", false},
+                           {"C:\\WINDOWS\\x.exe", "Micro soft", true},
+                           {"C:\\WINDOWS\\temp\\x.exe", "Microsoft Corp.", true},
+                           {"C:\\WINDOWS2\\x.exe", "Microsoft Corp.", true},
+                           {"C:\\x.exe", "Microsoft Corp.", true}}) {
+      Advanced a;
+      a.Row(a.lists.lstPNSearch, "spy", "Evil");
+      a.Program(row.path,
+                VersionBlock().Text("CompanyName", row.company).Text("ProductName", "Evil"));
+      const std::string path = row.path;
+      CAPTURE(path);
+      CHECK((a.Scan(path.substr(0, path.rfind('\\'))) != "") == row.found);
+    }
+  }
+
+  TEST_CASE("size and checksum together identify a file") {
+    struct Row {
+      const char* size;
+      const char* sum;
+      bool read;
+      bool found;
+    };
+    // "content" is seven bytes that add up to 105.
+    for (const Row& row : {Row{"7", "105", true, true},
+                           {" 7 ", " 105", true, true},
+                           {"7", "104", true, false},
+                           {"7", "", true, false},
+                           {"8", "105", false, false},
+                           {"7x", "105", false, false},
+                           {"-7", "105", false, false},
+                           {"", "105", false, false},
+                           {"99999999999999999999", "105", false, false}}) {
+      Advanced a;
+      FillListBox(a.lists.lstFCSSearch, "large", "4294967303", "105");
+      FillListBox(a.lists.lstFCSSearch, "spy", row.size, row.sum);
+      FillListBox(a.lists.lstFCSSearch, "later", row.size, row.sum);
+      a.Program(kExe);
+      CAPTURE(std::string(row.size));
+      CHECK(a.Scan() == (row.found ? "Spy File|SPY|C:\\Evil\\x.exe\n" : ""));
+      CHECK(a.m.files.Count("ReadBlocks") == (row.read ? 1 : 0));
+    }
+  }
+
+  TEST_CASE("shortcuts lead to the programs behind them") {
+    struct Row {
+      const char* link;
+      const char* target;
+      const char* found;
+    };
+    for (const Row& row : {Row{"a.lnk", "C:\\Far\\x.exe", "C:\\Far\\x.exe"},
+                           {"a.lnk", "c:\\far\\X.EXE", "c:\\far\\X.EXE"},
+                           {"a.LNK", "C:\\Far\\x.exe", ""},
+                           {"lnk", "C:\\Far\\x.exe", ""},
+                           {"a.lnk", "", ""},
+                           {"a.lnk", "C:\\Far\\x.txt", ""},
+                           {"a.lnk", "C:\\Far\\gone.exe", ""},
+                           {"a.lnk", "C:\\Far\\folder.exe", ""},
+                           {"a.lnk", "C:\\Far\\?.exe", ""},
+                           {"a.lnk", "C:\\Far\\.\\x.exe", ""},
+                           {"a.lnk", "x.exe", ""},
+                           {"a.lnk", "C:\\LONGFO~1\\X.EXE", "C:\\Long folder\\X.EXE"}}) {
+      Advanced a;
+      a.Row(a.lists.lstCWSearch, "spy", "evil");
+      for (const char* path : {"C:\\Far\\x.exe", "C:\\Far\\x.txt", "x.exe", "C:\\Far\\folder.exe",
+                               "C:\\Far\\.\\x.exe", "C:\\LONGFO~1\\X.EXE"}) {
+        a.Company(path);
+      }
+      a.m.File("C:\\Far\\x.exe");
+      a.m.File("C:\\Far\\x.txt");
+      a.m.File("C:\\Long folder\\x.exe");
+      a.m.Folder("C:\\Far\\folder.exe");
+      a.Shortcut(std::string("C:\\Evil\\") + row.link, row.target);
+      const std::string found = row.found;
+      CAPTURE(std::string(row.link));
+      CAPTURE(std::string(row.target));
+      CHECK(a.Scan() == (found.empty() ? "" : "Spy File|spy|" + found + "\n"));
+      CHECK(a.m.Errors() == "");
+    }
+  }
+
+  TEST_CASE("a file is examined once in a pass, whichever way leads to it") {
+    Advanced a;
+    a.Row(a.lists.lstCWSearch, "spy", "nobody");
+    a.Program("C:\\Evil\\Long program.exe");
+    a.Shortcut("C:\\Evil\\1.lnk", "C:\\evil\\LONGPR~1.EXE");
+    a.Shortcut("C:\\Evil\\2.lnk", "C:\\Evil\\long program.exe");
+    a.Shortcut("C:\\Other\\3.lnk", "C:\\Evil\\Long program.exe");
+    a.Shortcut("C:\\Other\\4.lnk", "C:\\Far\\x.exe");
+    a.Program("C:\\Far\\x.exe");
+    AdvancedScan pass = a.Pass();
+    for (const char* folder : {"C:\\Evil", "C:\\Other", "C:\\Far", "C:\\Evil"}) {
+      pass.searchFilesAdvanced(folder, folder);
+    }
+    CHECK(Lines(a.m.versions.journal) == "C:\\Evil\\Long program.exe\nC:\\Far\\x.exe\n");
+  }
+
+  TEST_CASE("names and paths that do not serve give way to 8.3 ones") {
+    Advanced a;
+    a.Row(a.lists.lstCWSearch, "spy", "evil");
+    a.Program("C:\\Evil\\lost?name.exe").Short("LOSTNA~1.EXE");
+    a.Company("C:\\Evil\\LOSTNA~1.EXE");
+    a.Program("C:\\Evil\\no?way.exe").Short("");
+    CHECK(a.Scan() == "Spy File|spy|C:\\Evil\\LOSTNA~1.EXE\n");
+    CHECK(a.m.Errors().find("sPath: C:\\Evil\\no?way.exe\n") != std::string::npos);
+
+    const std::string deep = "C:\\" + std::string(120, 'a') + "\\" + std::string(118, 'b');
+    const std::string by_short = deep + "\\LONGEX~1.EXE";
+    a.m.File(deep + "\\long executable.exe", "content");
+    a.Company(by_short);
+    CHECK(a.Scan(deep) == "Spy File|spy|" + by_short + "\n");
+
+    a.sink.found.clear();
+    a.m.File("C:\\Long folder\\x.exe");
+    a.Company("C:\\LONGFO~1\\x.exe");
+    a.Pass().searchFilesAdvanced("C:\\Long folder", "C:\\LONGFO~1");
+    CHECK(a.sink.lines() == "Spy File|spy|C:\\Long folder\\x.exe\n");
+  }
+
+  TEST_CASE("every entry shows and yields, and a stop ends the search") {
+    Advanced a;
+    a.Row(a.lists.lstCWSearch, "spy", "evil");
+    a.m.Folder("C:\\Evil\\folder");
+    a.m.File("C:\\Evil\\text.txt");
+    a.Program(kExe);
+    std::string shown;
+    a.m.pump.on_yield = [&] { shown += a.progress.lblScan + "\n"; };
+    CHECK(a.Scan() != "");
+    CHECK(shown == "<1530> - folder\n<1530> - text.txt\n<1530> - x.exe\n");
+    a.m.pump.close_at = a.m.pump.yields + 3;
+    CHECK(a.Scan() == "");
+  }
+
+  TEST_CASE("nothing is opened when no row could be answered") {
+    Advanced a;
+    a.Row(a.lists.lstCWSearch, "spy", " ");
+    a.Program(kExe);
+    a.Shortcut("C:\\Evil\\a.lnk", kExe);
+    CHECK(a.Scan() == "");
+    CHECK(a.m.versions.journal.empty());
+    CHECK(a.m.shell.journal.empty());
+  }
+
+  TEST_CASE("failures are on record and the search goes on") {
+    Advanced a;
+    a.Row(a.lists.lstCWSearch, "spy", "evil");
+    FillListBox(a.lists.lstFCSSearch, "sum", "7", "105");
+    a.m.File("C:\\Evil\\damaged.lnk");
+    a.Program("C:\\Evil\\locked.exe", "unknown").Locked();
+    a.Program(kExe);
+    CHECK(a.Scan() == "Spy File|spy|C:\\Evil\\x.exe\n");
+    CHECK(a.Scan("C:\\none") == "");
+    CHECK(a.m.Errors() ==
+          "Error Description: Path/File access error, Error Number: 75, Method: "
+          "searchFilesAdvanced, sPath: C:\\Evil\\damaged.lnk\n"
+          "Error Description: Permission denied, Error Number: 70, Method: "
+          "AdvancedFilePropertiesSearch, sPath: C:\\Evil\\locked.exe\n"
+          "Error Description: Path not found, Error Number: 76, Method: searchFilesAdvanced, "
+          "sFolder: C:\\none, sPath: C:\\none\n");
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/text.h"
+#include "platform/versions.h"
+
+namespace scourwell::test {
+
+class FakeVersions : public Versions {
+ public:
+  std::map<std::string, FixedFileInfo, NoCaseLess> resources;  // without texts
+  std::map<std::string, std::string, NoCaseLess> blocks;
+  std::vector<std::string> journal;  // the paths asked for
+  Outcome ReadBlock(const std::string& path, std::string* block) override;
+};
+
+}  // namespace scourwell::test

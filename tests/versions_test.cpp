@@ -1,0 +1,210 @@
+#include "platform/versions.h"
+
+#include "platform/version_resource.h"
+#include "tests/fake/version_block.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr char kPath[] = "C:\\x.exe";
+
+VersionBlock Sample() {
+  VersionBlock block;
+  block.Text("CompanyName", "Evil Inc.").Text("OriginalFilename", "evil.exe").Text("Comments", "");
+  block.fixed = {0x00010002, 0x00030004, 0x40004, 0x00050006, 0x00070008, 0x21, 3, 9};
+  return block;
+}
+
+// Where the length of the node with this key stands in a UTF-16 block.
+std::size_t NodeAt(const std::string& block, std::string_view key) {
+  return block.find(VersionBlock::Wide(key)) - 6;
+}
+
+// The field in three letters: the text, "-" when it is not there.
+std::string Read(const std::string& block, VersionField field) {
+  const FakeVersions versions;
+  return VersionResource(block, versions).Text(field).value_or("-");
+}
+
+}  // namespace
+
+TEST_SUITE("versions") {
+  TEST_CASE("codes read as texts") {
+    CHECK(FileFlagsText(0) == "");
+    CHECK(FileFlagsText(0x3F) == "Debug PreRel Patched Private Info Special ");
+    CHECK(FileFlagsText(0xFFFFFFC9) == "Debug Private ");
+    struct Row {
+      std::uint32_t type;
+      std::uint32_t subtype;
+      const char* text;
+    };
+    for (const Row& row : {Row{0, 0, "Unknown/"},
+                           {1, 1, "Executable/"},
+                           {2, 0, "DLL/"},
+                           {3, 0, "Driver/Unknown"},
+                           {3, 1, "Driver/Printer drv"},
+                           {3, 2, "Driver/Keyboard drv"},
+                           {3, 3, "Driver/Language drv"},
+                           {3, 4, "Driver/Display drv"},
+                           {3, 5, "Driver/Mouse drv"},
+                           {3, 6, "Driver/Network drv"},
+                           {3, 7, "Driver/System drv"},
+                           {3, 8, "Driver/Installable"},
+                           {3, 9, "Driver/Sound drv"},
+                           {3, 10, "Driver/Comm drv"},
+                           {3, 11, "Driver/Unknown"},
+                           {4, 0, "Font/Unknown"},
+                           {4, 1, "Font/Raster Font"},
+                           {4, 2, "Font/Vector Font"},
+                           {4, 3, "Font/TrueType Font"},
+                           {5, 0, "VxD/"},
+                           {6, 0, "Unknown/"},
+                           {7, 0, "Lib/"},
+                           {0xFFFFFFFF, 0, "Unknown/"}}) {
+      CHECK(FileTypeText(row.type) + "/" + FileSubtypeText(row.type, row.subtype) == row.text);
+    }
+  }
+
+  TEST_CASE("the fixed part is read whole or not at all") {
+    FakeVersions versions;
+    FixedFileInfo info{9, 9, 9};
+    CHECK(versions.ReadFixed(kPath, &info).number() == kFileNotFound);
+    std::string block = Sample().Make();
+    versions.blocks[kPath] = block.substr(0, 80);
+    CHECK(versions.ReadFixed(kPath, &info).number() == kFileNotFound);
+    CHECK(info.file_version_high == 9);
+    versions.blocks[kPath] = block;
+    REQUIRE(versions.ReadFixed(kPath, &info).ok());
+    CHECK(VersionText(info.file_version_high, info.file_version_low) == "1.2.3.4");
+    CHECK(VersionText(info.product_version_high, info.product_version_low) == "5.6.7.8");
+    CHECK(OperatingSystemText(info.operating_system) == "NT-Win32");
+    CHECK(FileFlagsText(info.flags) == "Debug Special ");
+    CHECK(FileTypeText(info.type) == "Driver");
+    CHECK(FileSubtypeText(info.type, info.subtype) == "Sound drv");
+    VersionBlock::PutWord(&versions.blocks[kPath], 2, 51);  // the length
+    CHECK_FALSE(versions.ReadFixed(kPath, &info).ok());
+    versions.blocks[kPath] = block;
+    VersionBlock::PutWord(&versions.blocks[kPath], 40, 0);  // the signature
+    CHECK_FALSE(versions.ReadFixed(kPath, &info).ok());
+    VersionBlock bare = Sample();
+    bare.has_fixed = false;
+    versions.blocks[kPath] = bare.Make();
+    CHECK_FALSE(versions.ReadFixed(kPath, &info).ok());
+    CHECK(Read(bare.Make(), kCompanyName) == "Evil Inc.");
+  }
+
+  TEST_CASE("UTF-16 becomes code page 1252") {
+    const FakeVersions versions;
+    CHECK(versions.Narrow(u"a\u00E9\u20AC\u2122\u0178\u0081\u0416\U0001F600z") ==
+          "a\xE9\x80\x99\x9F???"
+          "?z");
+  }
+}
+
+TEST_SUITE("version_resource") {
+  TEST_CASE("texts are found without case in both forms") {
+    for (const bool wide : {true, false}) {
+      CAPTURE(wide);
+      VersionBlock sample = Sample();
+      sample.wide = wide;
+      sample.table = "040904e4";
+      sample.Text("productNAME", std::string("up to\0here", 10));
+      const std::string block = sample.Make();
+      CHECK(Read(block, kCompanyName) == "Evil Inc.");
+      CHECK(Read(block, kOriginalFileName) == "evil.exe");
+      CHECK(Read(block, kProductName) == "up to");
+      CHECK(Read(block, kComments) == "");
+      CHECK(Read(block, kInternalName) == "-");
+      CHECK(Read(block + "behind the resource", kCompanyName) == "Evil Inc.");
+    }
+  }
+
+  TEST_CASE("the first translation chooses the table") {
+    struct Row {
+      std::uint16_t language;
+      std::uint16_t code_page;
+      const char* table;
+      const char* text;
+    };
+    for (const Row& row : {Row{0x0409, 1252, "040904E4", "Evil Inc."},
+                           {0x0C07, 1200, "0C0704B0", "Evil Inc."},
+                           {7, 0, "00070000", "Evil Inc."},
+                           {0x0409, 1200, "040904E4", "-"},
+                           {0x0409, 1252, "040904E", "-"},
+                           {0x0409, 1252, "040904E45", "-"}}) {
+      VersionBlock block = Sample();
+      block.language = row.language;
+      block.code_page = row.code_page;
+      block.table = row.table;
+      CHECK(Read(block.Make(), kCompanyName) == row.text);
+    }
+    VersionBlock none = Sample();
+    none.has_translation = false;
+    CHECK(Read(none.Make(), kCompanyName) == "-");
+  }
+
+  TEST_CASE("a block cut anywhere has no texts") {
+    for (const bool wide : {true, false}) {
+      VersionBlock sample = Sample();
+      sample.wide = wide;
+      const std::string block = sample.Make();
+      for (std::size_t size = 0; size + 3 < block.size(); ++size) {
+        CHECK(Read(block.substr(0, size), kCompanyName) == "-");
+      }
+    }
+  }
+
+  TEST_CASE("lengths that lie lead nowhere") {
+    const std::string sound = Sample().Make();
+    struct Row {
+      const char* key;
+      std::size_t offset;  // 0: the node's length, 2: its value's length, 4: its type
+      std::size_t value;
+      const char* text;
+    };
+    for (const Row& row : {Row{"VS_VERSION_INFO", 0, 0, "-"},
+                           {"VS_VERSION_INFO", 0, 0xFFFF, "-"},
+                           {"VS_VERSION_INFO", 0, 37, "-"},
+                           {"VS_VERSION_INFO", 2, 0xFFFF, "-"},
+                           {"StringFileInfo", 0, 0, "-"},  // would be its own sibling
+                           {"StringFileInfo", 0, 5, "-"},
+                           {"StringFileInfo", 0, 7, "-"},
+                           {"StringFileInfo", 0, 0xFFFF, "-"},
+                           {"StringFileInfo", 2, 0xFFFF, "-"},
+                           {"040904E4", 0, 0, "-"},
+                           {"040904E4", 0, 0xFFFF, "-"},
+                           {"CompanyName", 0, 0, "-"},
+                           {"CompanyName", 0, 0xFFFF, "-"},
+                           {"CompanyName", 0, 29, "-"},              // ends in its key
+                           {"CompanyName", 0, 30, ""},               // has no value
+                           {"CompanyName", 0, 37, "Ev"},             // ends in a character
+                           {"CompanyName", 2, 0, ""},                // as announced
+                           {"CompanyName", 2, 1, "Evil Inc."},       // counts something else
+                           {"CompanyName", 2, 0xFFFF, "Evil Inc."},  // its NUL ends it
+                           {"CompanyName", 4, 0, "Evil Inc."},
+                           {"Translation", 0, 0, "-"},
+                           {"Translation", 2, 3, "-"},
+                           {"Translation", 0, 35, "-"},
+                           {"Translation", 2, 0xFFFF, "Evil Inc."}}) {
+      std::string block = sound;
+      VersionBlock::PutWord(&block, NodeAt(block, row.key) + row.offset, row.value);
+      CAPTURE(std::string(row.key));
+      CAPTURE(row.offset);
+      CAPTURE(row.value);
+      CHECK(Read(block, kCompanyName) == row.text);
+    }
+    // The padding of the last child counted in its own length alone.
+    VersionBlock last = Sample();
+    last.texts = {{"CompanyName", "Evil"}};
+    std::string block = last.Make();
+    const std::size_t node = NodeAt(block, "CompanyName");
+    const std::size_t size = static_cast<unsigned char>(block[node]);
+    VersionBlock::PutWord(&block, node, size + 3);
+    CHECK(Read(block, kCompanyName) == "Evil");
+    VersionBlock::PutWord(&block, node, size + 4);
+    CHECK(Read(block, kCompanyName) == "-");
+  }
+}
+
+}  // namespace scourwell::test
