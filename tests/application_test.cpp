@@ -108,20 +108,6 @@ TEST_SUITE("application") {
     CHECK(p.Finished() == 1);
   }
 
-  TEST_CASE("without definitions a scan finds nothing and finishes") {
-    Program p;
-    p.m.files.Remove("C:\\App\\Ini");
-    p.app.Start();
-    p.app.FillTree();
-    p.app.PrepareScan();
-    p.app.RunScan();
-    CHECK(p.app.session().finished());
-    CHECK(p.Hits() == "");
-    CHECK(p.m.Errors() ==
-          "Error Description: File not found, Error Number: 53, "
-          "Method: checkUpdateIni, File: C:\\App\\Ini\\update.ref\n");
-  }
-
   TEST_CASE("ignored detections are counted, not listed") {
     Program p;
     p.m.File("C:\\App\\ignorespylist.txt", "\"Spy File\",\"C:\\Programs\\popup.exe\",\"Pop\"\r\n");

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/file_utils.h"
+#include "tests/contract/plain_loop.h"
 #include "tests/support.h"
 
 namespace scourwell::test {
@@ -35,145 +36,6 @@ struct Pass : Bench {
   }
 };
 
-// What DriveScan stands for, without an index: one listing per row and folder.
-class PlainLoop {
- public:
-  PlainLoop(Files& files, const SignatureList& list) : files_(files), list_(list) {}
-
-  std::string Walk(const std::string& folder) {
-    for (std::size_t row = 0; row < list_.size(); ++row) Search(folder, list_[row]);
-    for (const DirEntry& entry : Listing(folder + "\\*.*")) {
-      if (entry.IsFolder() && !entry.IsLink() && entry.name != "RECYCLER") {
-        Walk(folder + "\\" + entry.name);
-      }
-    }
-    return found_.lines();
-  }
-
-  static bool Usable(const std::string& signature) {
-    for (const char* refused : {"..", ":", "|", "/", "<"}) {
-      if (signature.find(refused) != std::string::npos) return false;
-    }
-    const std::size_t slash = signature.rfind('\\');
-    const bool nested = slash != std::string::npos;
-    const std::string name = nested ? signature.substr(slash + 1) : signature;
-    return name.find_first_not_of(". ") != std::string::npos && Upper(name) != "NUL" &&
-           (!nested || signature.substr(0, slash).find_first_of("*?") == std::string::npos);
-  }
-
- private:
-  std::vector<DirEntry> Listing(const std::string& pattern) {
-    std::vector<DirEntry> entries;
-    static_cast<void>(files_.List(pattern, [&](const DirEntry& entry) {
-      entries.push_back(entry);
-      return true;
-    }));
-    return entries;
-  }
-
-  void Search(const std::string& folder, const SignatureRow& row) {
-    const std::string signature(row.sub2);
-    if (!Usable(signature) || LeadsThroughLink(folder, signature)) return;
-    const std::size_t slash = signature.rfind('\\');
-    const std::string prefix =
-        slash == std::string::npos || slash == 0 ? "" : signature.substr(0, slash + 1);
-    for (const DirEntry& entry : Listing(folder + "\\" + signature)) {
-      const std::string path = folder + "\\" + prefix + entry.name;
-      if (entry.IsFolder() != (row.text == kRowSpyFolder)) continue;
-      Add(entry.IsFolder() ? kSpyFolder : kSpyFile, row, path);
-      if (!entry.IsFolder() || entry.IsLink()) continue;
-      for (const DirEntry& file : Listing(path + "\\*.*")) {
-        if (!file.IsFolder()) Add(kSpyFile, row, path + "\\" + file.name);
-      }
-    }
-  }
-
-  bool LeadsThroughLink(const std::string& folder, const std::string& signature) {
-    for (std::size_t at = signature.find('\\'); at != std::string::npos;
-         at = signature.find('\\', at + 1)) {
-      DirEntry entry;
-      if (at > 0 && files_.Stat(folder + "\\" + signature.substr(0, at), &entry).ok() &&
-          entry.IsLink()) {
-        return true;
-      }
-    }
-    return false;
-  }
-
-  void Add(std::string_view kind, const SignatureRow& row, const std::string& path) {
-    if (found_.Contains(path)) return;
-    found_.AddSpyToListView({std::string(kind), path, std::string(row.sub1), 0, {}, {}});
-  }
-
-  Files& files_;
-  const SignatureList& list_;
-  CollectingSink found_;
-};
-
-constexpr const char* kNames[] = {"a",
-                                  "ab",
-                                  "abc.exe",
-                                  "Toolbar",
-                                  "toolbar.dll",
-                                  "x1.EXE",
-                                  "x12.exe",
-                                  "long file name.x",
-                                  "Long Folder One",
-                                  "long folder two",
-                                  "no_ext",
-                                  ".hidden",
-                                  "two.dots.txt",
-                                  "a.b",
-                                  "b",
-                                  "RECYCLER",
-                                  "caf\xE9.exe",
-                                  "CAF\xC9",
-                                  "abcabcd",
-                                  "abcd"};
-
-void GrowTree(FakeMachine& m, Dice& dice, const std::string& folder, int depth) {
-  for (std::size_t left = dice.Below(7); left > 0; --left) {
-    const std::string path = folder + "\\" + dice.Pick(kNames);
-    if (m.Has(path)) continue;
-    if (dice.Chance(12)) {
-      m.Link(path, dice.Chance(2) ? "D:\\" : folder);
-    } else if (depth > 0 && dice.Chance(2)) {
-      m.Folder(path);
-      GrowTree(m, dice, path, depth - 1);
-    } else {
-      m.File(path, "x");
-    }
-  }
-}
-
-std::string RandomName(Dice& dice) {
-  constexpr const char* kOdd[] = {"LONGFI~1.X", "longfo~1", "LONGFO~2", "*",         "*.*",
-                                  "*.",         "?",        "*.exe",    "x?.*",      "*o*",
-                                  "a*.",        "ab*.*",    "toolbar.", "abc.exe. ", "*~*",
-                                  "??????~?",   "*.*.*"};
-  if (dice.Chance(4)) return dice.Pick(kOdd);
-  std::string name = dice.Pick(kNames);
-  if (dice.Chance(3)) name = Upper(name);
-  if (dice.Chance(3)) name[dice.Below(name.size())] = '?';
-  if (dice.Chance(3)) {
-    const std::size_t at = dice.Below(name.size() + 1);
-    name.replace(at, dice.Below(name.size() - at + 1), "*");
-  }
-  return name;
-}
-
-std::string RandomSignature(Dice& dice) {
-  constexpr const char* kRefused[] = {"..\\a", "C:\\x", "a|b", "nul", "a/b", "a*\\b", "a\\", "."};
-  if (dice.Chance(20)) return dice.Pick(kRefused);
-  std::string signature = RandomName(dice);
-  while (dice.Chance(4)) {
-    constexpr const char* kShort[] = {"LONGFO~1", "longfo~2"};
-    const std::string parent = dice.Chance(4) ? dice.Pick(kShort) : dice.Pick(kNames);
-    signature = parent + "\\" + signature;
-  }
-  return signature;
-}
-
 }  // namespace
 
 TEST_SUITE("drive_scan") {
@@ -182,24 +44,27 @@ TEST_SUITE("drive_scan") {
     for (std::uint32_t seed = 0; seed < 400; ++seed) {
       Dice dice(seed);
       Pass pass;
-      pass.m.files.short_names = !dice.Chance(5);
-      GrowTree(pass.m, dice, "D:\\root", 3);
-      pass.m.Folder("D:\\root");
-      std::vector<std::string> signatures;
-      for (std::size_t left = 1 + dice.Below(12); left > 0; --left) {
-        const bool repeat = !signatures.empty() && dice.Chance(8);
-        signatures.push_back(repeat ? dice.Pick(signatures) : RandomSignature(dice));
-        const bool folder = dice.Chance(3);
-        FillListBox(pass.list, folder ? "Spy Folder" : "Spy File", std::to_string(left),
-                    signatures.back());
+      FakeMachine& m = pass.m;
+      m.files.short_names = !dice.Chance(5);
+      m.Folder("D:\\root");
+      for (const TreeItem& item : RandomTree(dice, "D:\\root", dice.Below(40))) {
+        if (item.folder) {
+          m.Folder(item.path);
+        } else if (dice.Chance(8)) {
+          m.Link(item.path, dice.Chance(2) ? "D:\\" : std::string(FolderPart(item.path)));
+        } else {
+          m.File(item.path);
+        }
       }
+      const std::vector<std::string> signatures =
+          FillRandomRows(dice, 1 + dice.Below(12), ShortNames(m.files, "D:\\root"), &pass.list);
       CAPTURE(seed);
       CAPTURE(Lines(signatures));
-      const std::string expected = PlainLoop(pass.m.files, pass.list).Walk("D:\\root");
+      const std::string expected = PlainLoop(m.files, pass.list, "D:\\root");
       REQUIRE(pass.Walk("D:\\root") == expected);
       hits += pass.sink.found.size();
-      const bool all_usable = std::all_of(signatures.begin(), signatures.end(), PlainLoop::Usable);
-      REQUIRE(pass.m.Errors().empty() == all_usable);
+      const bool all_usable = std::all_of(signatures.begin(), signatures.end(), IsUsable);
+      REQUIRE(m.Errors().empty() == all_usable);
     }
     CHECK(hits > 1500);  // the random lists do hit
   }

@@ -16,46 +16,21 @@ TEST_SUITE("file_utils") {
     CHECK(FolderPart("b.c") == "");
   }
 
+  // Dots and blanks that Windows drops do not hide a parent or a device.
   TEST_CASE("plain paths") {
-    for (const std::string path :
-         {"C:\\x", "c:\\Program Files\\a b.exe", "\\\\server\\share\\x", "C:\\a\\.hidden",
-          "C:\\caf\xE9", "C:\\a~1", "C:\\console\\x", "C:\\", "C:\\%win%\\x"}) {
-      CAPTURE(path);
-      CHECK(IsPlainPath(path));
-    }
-    for (const std::string path : {"",
-                                   "x",
-                                   "C:",
-                                   "C:x",
-                                   "\\x",
-                                   "%win%\\x",
-                                   "1:\\x",
-                                   "C:/x",
-                                   "C:\\*.exe",
-                                   "C:\\a?",
-                                   "C:\\..\\x",
-                                   "C:\\a\\.",
-                                   "C:\\a\\..",
-                                   "C:\\nul",
-                                   "C:\\a\\Com1.txt\\x",
-                                   "C:\\a:b",
-                                   "C:\\a|b",
-                                   "C:\\\"a\"",
-                                   "C:\\a\x01",
-                                   "\\\\.\\C:\\x",
-                                   "\\\\?\\C:\\x",
-                                   "\\\\\\x",
-                                   "\\\\s"}) {
-      CAPTURE(path);
-      CHECK_FALSE(IsPlainPath(path));
-    }
-  }
-
-  TEST_CASE("dots and blanks that Windows drops do not hide a parent or a device") {
-    for (const std::string path : {"C:\\a\\.. \\x", "C:\\a\\... \\x", "C:\\nul .txt", "C:\\ nul"}) {
-      CAPTURE(path);
-      CHECK_FALSE(IsPlainPath(path));
-    }
+    const auto all_are = [](bool plain, const std::vector<std::string>& paths) {
+      for (const std::string& path : paths) {
+        CAPTURE(path);
+        CHECK(IsPlainPath(path) == plain);
+      }
+    };
+    all_are(true, {"C:\\x", "c:\\Program Files\\a b.exe", "\\\\server\\share\\x", "C:\\a\\.hidden",
+                   "C:\\caf\xE9", "C:\\a~1", "C:\\console\\x", "C:\\", "C:\\%win%\\x"});
+    all_are(false, {"", "x", "C:", "C:x", "\\x", "%win%\\x", "1:\\x", "\\\\\\x", "\\\\s"});
+    all_are(false, {"C:/x", "C:\\*.exe", "C:\\a?", "C:\\a:b", "C:\\a|b", "C:\\\"a\"", "C:\\a\x01"});
+    all_are(false, {"C:\\..\\x", "C:\\a\\.", "C:\\a\\..", "C:\\a\\.. \\x", "C:\\a\\... \\x"});
+    all_are(false, {"C:\\nul", "C:\\a\\Com1.txt\\x", "C:\\nul .txt", "C:\\ nul", "\\\\.\\C:\\x",
+                    "\\\\?\\C:\\x"});
   }
 
   TEST_CASE("existence is asked of the listing") {

@@ -45,59 +45,44 @@ struct Loading : Bench, private LoadProgress {
 }  // namespace
 
 TEST_SUITE("list_loader") {
-  TEST_CASE("each loader reads its own sequences into its own lists") {
-    struct Row {
-      const Loader* loader;
-      const char* section;
-      std::vector<std::string> suffixes;
-      SignatureList SignatureLists::*list;
-      const char* rows;
-    };
-    using L = SignatureLists;
-    const Row rows[] = {
-        {&kUpdateTrojanList, "TAFI", {"TAFIT", "TAFIS"}, &L::lstSearch, "SPY FILE|A|b\n"},
-        {&kUpdateTrojanList, "TAFO", {"TAFOT", "TAFOS"}, &L::lstSearch, "SPY FOLDER|A|b\n"},
-        {&kUpdateDialersFileList, "DAFI", {"DAFIT", "DAFIS"}, &L::lstSearch, "SPY FILE|A|b\n"},
-        {&kUpdateDialersFolderList, "DAFO", {"DAFOT", "DAFOS"}, &L::lstSearch, "SPY FOLDER|A|b\n"},
-        {&kUpdateHijackersFileList, "HAFI", {"HAFIT", "HAFIS"}, &L::lstSearch, "SPY FILE|A|b\n"},
-        {&kUpdateHijackersFolderList,
-         "HAFO",
-         {"HAFOT", "HAFOS"},
-         &L::lstSearch,
-         "SPY FOLDER|A|b\n"},
-        {&kUpdateKeyLoggersFileList, "KAFI", {"KAFIT", "KAFIS"}, &L::lstSearch, "SPY FILE|A|b\n"},
-        {&kUpdateKeyLoggersFolderList,
-         "KAFO",
-         {"KAFOT", "KAFOS"},
-         &L::lstSearch,
-         "SPY FOLDER|A|b\n"},
-        {&kUpdateSpyFileList, "SAFI", {"SAFIT", "SAFIS"}, &L::lstSearch, "SPY FILE|A|b\n"},
-        {&kUpdateSpyFolderList, "SAFO", {"SAFOT", "SAFOS"}, &L::lstSearch, "SPY FOLDER|A|b\n"},
-        {&kUpdateRegistrySVList, "REGS", {"REGST", "REGSK"}, &L::lstSearch, "B|A|\n"},
-        {&kUpdateRegistrySVList, "REGV", {"REGVT", "REGVK", "REGVV"}, &L::lstRegistry, "B|c|A\n"},
-        {&kUpdateRegistryKList, "REGK", {"REGKT", "REGKK"}, &L::lstRegKSearch, "REG KEY|A|b\n"},
-        {&kUpdateRegistryKOList, "REGKO", {"REGKTO", "REGKKO"}, &L::lstRegKSearch, "REG KEY|A|b\n"},
-        {&kUpdateCookieList, "COOK", {"COOKT", "COOKC"}, &L::lstSearch, "SPY COOKIE|A|b\n"},
-        {&kUpdateSearchByCompanyList,
-         "SCW",
-         {"SCWT", "SCWV"},
-         &L::lstCWSearch,
-         "SPY CW FILE|A|b\n"},
-        {&kUpdateSearchByFileChecSum,
-         "SBFCS",
-         {"SBFCST", "SBFCSN", "SBFCSS"},
-         &L::lstFCSSearch,
-         "A|b|c\n"},
-    };
-    for (const Row& row : rows) {
-      CAPTURE(std::string(row.section));
-      Loading l;
-      l.definitions.Entry(row.section, row.suffixes, {"A", "b", "c"});
-      l.Load(*row.loader);
-      CHECK(Loading::Rows(l.lists.*row.list) == row.rows);
-      CHECK(l.ended == 1);
-      CHECK(l.m.Errors() == "");
+  // scan_session_test runs the searched files and folders of the five categories.
+  TEST_CASE("every category has direct files and folders") {
+    Loading l;
+    for (const std::string section :
+         {"TAFI", "TAFO", "DAFI", "DAFO", "HAFI", "HAFO", "KAFI", "KAFO", "SAFI", "SAFO"}) {
+      l.definitions.Entry(section, {section + "TD", section + "SD"}, {"spy", "%WIN%\\" + section})
+          .Value("NTOT", section + (section == "HAFI" ? "TDDNUM" : "TDNUM"), "1");
+      l.m.files.Put("C:\\WINDOWS\\" + section, section.ends_with("O") ? kFolder : kArchive);
     }
+    for (const Loader* loader :
+         {&kUpdateTrojanList, &kUpdateDialersFileList, &kUpdateDialersFolderList,
+          &kUpdateHijackersFileList, &kUpdateHijackersFolderList, &kUpdateKeyLoggersFileList,
+          &kUpdateKeyLoggersFolderList, &kUpdateSpyFileList, &kUpdateSpyFolderList}) {
+      l.Load(*loader);
+      CHECK(l.maximum > 0);
+    }
+    CHECK(l.sink.found.size() == 10);
+    CHECK(l.m.Errors() == "");
+  }
+
+  TEST_CASE("the other loaders fill lists of their own") {
+    Loading l;
+    l.definitions.Entry("REGS", {"REGST", "REGSK"}, {"1", "key"})
+        .Entry("REGV", {"REGVT", "REGVK", "REGVV"}, {"2", "key", "value"})
+        .Entry("REGK", {"REGKT", "REGKK"}, {"3", "key"})
+        .Entry("REGKO", {"REGKTO", "REGKKO"}, {"4", "key"})
+        .Entry("COOK", {"COOKT", "COOKC"}, {"5", "cookie"})
+        .Entry("SBFCS", {"SBFCST", "SBFCSN", "SBFCSS"}, {"6", "size", "sum"});
+    for (const Loader* loader :
+         {&kUpdateRegistrySVList, &kUpdateRegistryKList, &kUpdateRegistryKOList, &kUpdateCookieList,
+          &kUpdateSearchByFileChecSum}) {
+      l.Load(*loader);
+    }
+    CHECK(Loading::Rows(l.lists.lstSearch) == "KEY|1|\nSPY COOKIE|5|cookie\n");
+    CHECK(Loading::Rows(l.lists.lstRegistry) == "KEY|value|2\n");
+    CHECK(Loading::Rows(l.lists.lstRegKSearch) == "REG KEY|3|key\nREG KEY|4|key\n");
+    CHECK(Loading::Rows(l.lists.lstFCSSearch) == "6|size|sum\n");
+    CHECK(l.ended == 5);
   }
 
   TEST_CASE("a sequence ends at its first gap") {

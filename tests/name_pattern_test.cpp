@@ -17,48 +17,19 @@ std::string RandomText(Dice& dice, std::string_view letters, std::size_t longest
 
 TEST_SUITE("name_pattern") {
   TEST_CASE("signatures are classified") {
-    struct Row {
-      const char* signature;
-      PatternKind kind;
+    const auto all_are = [](PatternKind kind, const std::vector<std::string>& signatures) {
+      for (const std::string& signature : signatures) {
+        CAPTURE(signature);
+        CHECK(ClassifyPattern(NormalizeSignature(signature)) == kind);
+      }
     };
-    constexpr Row kRows[] = {
-        {"EVIL.EXE", PatternKind::Name},
-        {"EVIL~1.EXE", PatternKind::Name},
-        {"NO EXTENSION", PatternKind::Name},
-        {".HIDDEN", PatternKind::Name},
-        {"CONFIG.SYS", PatternKind::Name},
-        {"COM10", PatternKind::Name},
-        {"[X]@{1}.DLL", PatternKind::Name},
-        {"*.EXE", PatternKind::Wildcard},
-        {"A?B", PatternKind::Wildcard},
-        {"*", PatternKind::Wildcard},
-        {"NAME.", PatternKind::Wildcard},
-        {"NAME ", PatternKind::Wildcard},
-        {"SUB\\EVIL.EXE", PatternKind::Relative},
-        {"SUB\\*.EXE", PatternKind::Relative},
-        {"\\EVIL.EXE", PatternKind::Name},
-        {"A\\\\B", PatternKind::Relative},
-        {"", PatternKind::Unusable},
-        {"..", PatternKind::Unusable},
-        {".. \\X", PatternKind::Unusable},
-        {"A\\..\\B", PatternKind::Unusable},
-        {"SUB*\\X", PatternKind::Unusable},
-        {"SUB\\", PatternKind::Unusable},
-        {"C:\\X", PatternKind::Unusable},
-        {"A/B", PatternKind::Unusable},
-        {"A|B", PatternKind::Unusable},
-        {"A<B", PatternKind::Unusable},
-        {"\"A\"", PatternKind::Unusable},
-        {"A\x1F", PatternKind::Unusable},
-        {"NUL", PatternKind::Unusable},
-        {"AUX.TXT", PatternKind::Unusable},
-        {"LPT1 .X", PatternKind::Unusable},
-        {"SUB\\CON", PatternKind::Unusable},
-    };
-    for (const Row& row : kRows) {
-      CAPTURE(std::string(row.signature));
-      CHECK(ClassifyPattern(NormalizeSignature(row.signature)) == row.kind);
-    }
+    all_are(PatternKind::Name, {"EVIL.EXE", "EVIL~1.EXE", "NO EXTENSION", ".HIDDEN", "CONFIG.SYS",
+                                "COM10", "[X]@{1}.DLL", "\\EVIL.EXE"});
+    all_are(PatternKind::Wildcard, {"*.EXE", "A?B", "*", "NAME.", "NAME "});
+    all_are(PatternKind::Relative, {"SUB\\EVIL.EXE", "SUB\\*.EXE", "A\\\\B"});
+    all_are(PatternKind::Unusable,
+            {"", "..", ".. \\X", "A\\..\\B", "SUB*\\X", "SUB\\", "C:\\X", "A/B", "A|B", "A<B",
+             "\"A\"", "A\x1F", "NUL", "AUX.TXT", "LPT1 .X", "SUB\\CON"});
   }
 
   TEST_CASE("what a listing yields is always admitted, and holds the required literal") {

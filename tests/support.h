@@ -2,44 +2,13 @@
 
 #include <doctest/doctest.h>
 
-#include <map>
-#include <random>
-
 #include "definitions/signature_list.h"
 #include "platform/app_settings.h"
-#include "platform/captions.h"
 #include "platform/error_log.h"
-#include "scan/detection.h"
 #include "tests/fake/fake_machine.h"
+#include "tests/helpers.h"
 
 namespace scourwell::test {
-
-// "<1882>": shows which caption was asked for.
-class NumberCaptions : public Captions {
- public:
-  std::string Text(int number) const override { return "<" + std::to_string(number) + ">"; }
-};
-
-// Keeps every detection; `lines()` is one "kind|spy|details" a line.
-class CollectingSink : public DetectionSink {
- public:
-  std::vector<Detection> found;
-
-  bool Contains(std::string_view details) const override {
-    for (const Detection& detection : found) {
-      if (EqualsNoCase(detection.details, details)) return true;
-    }
-    return false;
-  }
-  void AddSpyToListView(const Detection& detection) override { found.push_back(detection); }
-  std::string lines() const {
-    std::string text;
-    for (const Detection& detection : found) {
-      text += detection.kind + "|" + detection.system + "|" + detection.details + "\n";
-    }
-    return text;
-  }
-};
 
 // A machine with the things that most parts of the core ask for.
 struct Bench {
@@ -49,64 +18,5 @@ struct Bench {
   AppSettings settings;
   CollectingSink sink;
 };
-
-// The form that values have in a definitions file.
-inline std::string Scramble(std::string_view text) {
-  std::string result(text);
-  for (char& c : result) c = static_cast<char>(c + 12);
-  return result;
-}
-
-// A definitions file in the making.
-class Definitions {
- public:
-  Definitions& Value(const std::string& section, const std::string& key, std::string_view plain) {
-    return Raw(section, key, Scramble(plain));
-  }
-  Definitions& Raw(const std::string& section, const std::string& key, const std::string& value) {
-    sections_[section] += key + "=" + value + "\r\n";
-    return *this;
-  }
-  // The next entry of a sequence, e.g. {"TAFIT", "TAFIS"} with {"spy", "evil.exe"}.
-  Definitions& Entry(const std::string& section, const std::vector<std::string>& suffixes,
-                     const std::vector<std::string>& values) {
-    const std::string number = std::to_string(next_[suffixes[0]]++);
-    for (std::size_t i = 0; i < suffixes.size(); ++i) {
-      Value(section, number + suffixes[i], values[i]);
-    }
-    return *this;
-  }
-  std::string Text() const {
-    std::string text;
-    for (const auto& [name, lines] : sections_) text += "[" + name + "]\r\n" + lines;
-    return text;
-  }
-
- private:
-  std::map<std::string, std::string> sections_;
-  std::map<std::string, int> next_;
-};
-
-// Random choices that are the same on every machine.
-class Dice {
- public:
-  explicit Dice(std::uint32_t seed) : engine_(seed) {}
-  std::size_t Below(std::size_t limit) { return engine_() % limit; }
-  bool Chance(std::size_t one_in) { return Below(one_in) == 0; }
-  template <class Container>
-  const auto& Pick(const Container& container) {
-    return container[Below(std::size(container))];
-  }
-
- private:
-  std::mt19937 engine_;
-};
-
-// Comparable by CHECK, one item a line.
-inline std::string Lines(const std::vector<std::string>& items) {
-  std::string text;
-  for (const std::string& item : items) text += item + "\n";
-  return text;
-}
 
 }  // namespace scourwell::test

@@ -186,6 +186,51 @@ TEST_SUITE("contract_files") {
     CHECK(content == "");
   }
 
+  TEST_CASE("a file is read in blocks until the visitor has enough") {
+    OnDisk disk;
+    std::string bytes;
+    while (bytes.size() < 2 * Files::kBlockSize + 5) {
+      bytes += static_cast<char>(bytes.size() * 7 + bytes.size() / 251);
+    }
+    struct Row {
+      std::size_t size;
+      std::size_t enough;
+      const char* blocks;
+    };
+    for (const Row& row : {Row{0, 9, ""},
+                           {1, 9, "1 "},
+                           {65535, 9, "65535 "},
+                           {65536, 9, "65536 "},
+                           {65537, 9, "65536 1 "},
+                           {131077, 9, "65536 65536 5 "},
+                           {131077, 2, "65536 65536 "},
+                           {131077, 1, "65536 "}}) {
+      CAPTURE(row.size);
+      disk.Make("file", bytes.substr(0, row.size));
+      std::string sizes;
+      std::string content;
+      std::size_t visits = 0;
+      CHECK(disk.files
+                .ReadBlocks(disk.root + "FILE",
+                            [&](std::string_view block) {
+                              sizes += std::to_string(block.size()) + " ";
+                              content += block;
+                              return ++visits < row.enough;
+                            })
+                .ok());
+      CHECK(sizes == row.blocks);
+      CHECK((content == bytes.substr(0, content.size())));
+    }
+    disk.machine->MakeFolder(disk.root + "folder");
+    const auto fail = [](std::string_view) {
+      FAIL_CHECK("visited");
+      return true;
+    };
+    CHECK(disk.files.ReadBlocks(disk.root + "none", fail).number() == kFileNotFound);
+    CHECK(disk.files.ReadBlocks(disk.root + "none\\x", fail).number() == kPathNotFound);
+    CHECK_FALSE(disk.files.ReadBlocks(disk.root + "folder", fail).ok());
+  }
+
   TEST_CASE("appending creates a file and lengthens it") {
     OnDisk disk;
     CHECK(disk.files.Append(disk.root + "log", "one\r\n").ok());

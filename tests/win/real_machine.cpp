@@ -6,6 +6,7 @@
 #include "platform/win/files_win.h"
 #include "platform/win/registry_win.h"
 #include "tests/contract/contract.h"
+#include "tests/helpers.h"
 
 namespace scourwell::test {
 namespace {
@@ -32,11 +33,6 @@ void DeleteTree(const std::string& folder) {
   FindClose(find);
   RemoveDirectoryA(folder.c_str());
 }
-
-class NoCaptions : public Captions {
- public:
-  std::string Text(int) const override { return {}; }
-};
 
 class RealContractMachine : public ContractMachine {
  public:
@@ -70,7 +66,7 @@ class RealContractMachine : public ContractMachine {
  private:
   void CleanUp() {
     DeleteTree(kFolder);
-    const NoCaptions captions;
+    const NumberCaptions captions;
     ErrorLog log(files_, clock_, "C:\\contract-errors.txt");
     ShellWin shell;
     RegistryAccess(registry_, log, captions, shell).DeleteKey(RootKey::CurrentUser, kKey);

@@ -1,0 +1,164 @@
+#include "tests/contract/plain_loop.h"
+
+#include <set>
+
+namespace scourwell::test {
+namespace {
+
+constexpr const char* kNames[] = {
+    "a",          "ab",      "abc.exe",      "Toolbar",          "toolbar.dll",
+    "x1.EXE",     "x12.exe", "no_ext",       "long file name.x", "Long Folder One",
+    ".hidden",    "b",       "two.dots.txt", "long folder two",  "a.b",
+    "RECYCLER",   "abcabcd", "abcd",         "caf\xE9.exe",      "CAF\xC9",
+    "tilde~1.ex", "[x]@{1}", "a+b;c,d.exe",  "blank inside"};
+
+std::vector<DirEntry> Listing(Files& files, const std::string& pattern) {
+  std::vector<DirEntry> entries;
+  static_cast<void>(files.List(pattern, [&](const DirEntry& entry) {
+    entries.push_back(entry);
+    return true;
+  }));
+  return entries;
+}
+
+std::string RandomName(Dice& dice, const std::vector<std::string>& short_names) {
+  constexpr const char* kOdd[] = {"*",         "*.*", "*.",       "?",     "*.exe",
+                                  "x?.*",      "*o*", "a*.",      "ab*.*", "toolbar.",
+                                  "abc.exe. ", "*~*", "??????~?", "*.*.*"};
+  if (dice.Chance(5)) return dice.Pick(kOdd);
+  const bool by_short_name = !short_names.empty() && dice.Chance(5);
+  std::string name = by_short_name ? dice.Pick(short_names) : dice.Pick(kNames);
+  if (dice.Chance(3)) name = Upper(name);
+  if (dice.Chance(3)) name[dice.Below(name.size())] = '?';
+  if (dice.Chance(3)) {
+    const std::size_t at = dice.Below(name.size() + 1);
+    name.replace(at, dice.Below(name.size() - at + 1), "*");
+  }
+  return name;
+}
+
+std::string RandomSignature(Dice& dice, const std::vector<std::string>& short_names) {
+  constexpr const char* kRefused[] = {"..\\a", "C:\\x", "a|b", "nul", "a/b", "a*\\b", "a\\", "."};
+  if (dice.Chance(20)) return dice.Pick(kRefused);
+  std::string signature = RandomName(dice, short_names);
+  while (dice.Chance(4)) {
+    const bool by_short_name = !short_names.empty() && dice.Chance(4);
+    const std::string parent = by_short_name ? dice.Pick(short_names) : dice.Pick(kNames);
+    signature = (dice.Chance(2) ? parent : Upper(parent)) + "\\" + signature;
+  }
+  return signature;
+}
+
+class Loop {
+ public:
+  Loop(Files& files, const SignatureList& list) : files_(files), list_(list) {}
+
+  void Walk(const std::string& folder) {
+    for (std::size_t row = 0; row < list_.size(); ++row) Search(folder, list_[row]);
+    for (const DirEntry& entry : Listing(files_, folder + "\\*.*")) {
+      if (entry.IsFolder() && !entry.IsLink() && entry.name != "RECYCLER") {
+        Walk(folder + "\\" + entry.name);
+      }
+    }
+  }
+
+  std::string lines() const { return found_.lines(); }
+
+ private:
+  void Search(const std::string& folder, const SignatureRow& row) {
+    const std::string signature(row.sub2);
+    if (!IsUsable(signature) || LeadsThroughLink(folder, signature)) return;
+    const std::size_t slash = signature.rfind('\\');
+    const std::string prefix =
+        slash == std::string::npos || slash == 0 ? "" : signature.substr(0, slash + 1);
+    for (const DirEntry& entry : Listing(files_, folder + "\\" + signature)) {
+      const std::string path = folder + "\\" + prefix + entry.name;
+      if (entry.IsFolder() != (row.text == kRowSpyFolder)) continue;
+      Add(entry.IsFolder() ? kSpyFolder : kSpyFile, row, path);
+      if (!entry.IsFolder() || entry.IsLink()) continue;
+      for (const DirEntry& file : Listing(files_, path + "\\*.*")) {
+        if (!file.IsFolder()) Add(kSpyFile, row, path + "\\" + file.name);
+      }
+    }
+  }
+
+  bool LeadsThroughLink(const std::string& folder, const std::string& signature) {
+    for (std::size_t at = signature.find('\\'); at != std::string::npos;
+         at = signature.find('\\', at + 1)) {
+      DirEntry entry;
+      if (at > 0 && files_.Stat(folder + "\\" + signature.substr(0, at), &entry).ok() &&
+          entry.IsLink()) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  void Add(std::string_view kind, const SignatureRow& row, const std::string& path) {
+    if (found_.Contains(path)) return;
+    found_.AddSpyToListView({std::string(kind), path, std::string(row.sub1), 0, {}, {}});
+  }
+
+  Files& files_;
+  const SignatureList& list_;
+  CollectingSink found_;
+};
+
+}  // namespace
+
+std::string PlainLoop(Files& files, const SignatureList& list, const std::string& folder) {
+  Loop loop(files, list);
+  loop.Walk(folder);
+  return loop.lines();
+}
+
+bool IsUsable(const std::string& signature) {
+  for (const char* refused : {"..", ":", "|", "/", "<"}) {
+    if (signature.find(refused) != std::string::npos) return false;
+  }
+  const std::size_t slash = signature.rfind('\\');
+  const bool nested = slash != std::string::npos;
+  const std::string name = nested ? signature.substr(slash + 1) : signature;
+  return name.find_first_not_of(". ") != std::string::npos && Upper(name) != "NUL" &&
+         (!nested || signature.substr(0, slash).find_first_of("*?") == std::string::npos);
+}
+
+std::vector<TreeItem> RandomTree(Dice& dice, const std::string& root, std::size_t most_items) {
+  std::vector<TreeItem> tree;
+  std::vector<std::string> folders = {root};
+  std::set<std::string, NoCaseLess> taken;
+  for (; most_items > 0; --most_items) {
+    const std::string path = dice.Pick(folders) + "\\" + dice.Pick(kNames);
+    if (!taken.insert(path).second) continue;
+    tree.push_back({path, dice.Chance(3)});
+    if (tree.back().folder) folders.push_back(path);
+  }
+  return tree;
+}
+
+std::vector<std::string> ShortNames(Files& files, const std::string& folder) {
+  std::vector<std::string> names;
+  for (const DirEntry& entry : Listing(files, folder + "\\*.*")) {
+    if (!entry.short_name.empty()) names.push_back(entry.short_name);
+    if (!entry.IsFolder() || entry.IsLink()) continue;
+    for (std::string& name : ShortNames(files, folder + "\\" + entry.name)) {
+      names.push_back(std::move(name));
+    }
+  }
+  return names;
+}
+
+std::vector<std::string> FillRandomRows(Dice& dice, std::size_t count,
+                                        const std::vector<std::string>& short_names,
+                                        SignatureList* list) {
+  std::vector<std::string> signatures;
+  for (std::size_t row = 0; row < count; ++row) {
+    const bool repeat = !signatures.empty() && dice.Chance(8);
+    signatures.push_back(repeat ? dice.Pick(signatures) : RandomSignature(dice, short_names));
+    FillListBox(*list, dice.Chance(3) ? "Spy Folder" : "Spy File", std::to_string(row),
+                signatures.back());
+  }
+  return signatures;
+}
+
+}  // namespace scourwell::test

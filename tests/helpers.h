@@ -1,0 +1,103 @@
+#pragma once
+
+// What tests of every kind share: on the fake machine, on the real one and from outside.
+
+#include <map>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/captions.h"
+#include "platform/text.h"
+#include "scan/detection.h"
+
+namespace scourwell::test {
+
+// "<1882>": shows which caption was asked for.
+class NumberCaptions : public Captions {
+ public:
+  std::string Text(int number) const override { return "<" + std::to_string(number) + ">"; }
+};
+
+// Keeps every detection; `lines()` is one "kind|spy|details" a line.
+class CollectingSink : public DetectionSink {
+ public:
+  std::vector<Detection> found;
+
+  bool Contains(std::string_view details) const override {
+    for (const Detection& detection : found) {
+      if (EqualsNoCase(detection.details, details)) return true;
+    }
+    return false;
+  }
+  void AddSpyToListView(const Detection& detection) override { found.push_back(detection); }
+  std::string lines() const {
+    std::string text;
+    for (const Detection& detection : found) {
+      text += detection.kind + "|" + detection.system + "|" + detection.details + "\n";
+    }
+    return text;
+  }
+};
+
+// The form that values have in a definitions file.
+inline std::string Scramble(std::string_view text) {
+  std::string result(text);
+  for (char& c : result) c = static_cast<char>(c + 12);
+  return result;
+}
+
+// A definitions file in the making.
+class Definitions {
+ public:
+  Definitions& Value(const std::string& section, const std::string& key, std::string_view plain) {
+    return Raw(section, key, Scramble(plain));
+  }
+  Definitions& Raw(const std::string& section, const std::string& key, const std::string& value) {
+    sections_[section] += key + "=" + value + "\r\n";
+    return *this;
+  }
+  // The next entry of a sequence, e.g. {"TAFIT", "TAFIS"} with {"spy", "evil.exe"}.
+  Definitions& Entry(const std::string& section, const std::vector<std::string>& suffixes,
+                     const std::vector<std::string>& values) {
+    const std::string number = std::to_string(next_[suffixes[0]]++);
+    for (std::size_t i = 0; i < suffixes.size(); ++i) {
+      Value(section, number + suffixes[i], values[i]);
+    }
+    return *this;
+  }
+  std::string Text() const {
+    std::string text;
+    for (const auto& [name, lines] : sections_) text += "[" + name + "]\r\n" + lines;
+    return text;
+  }
+
+ private:
+  std::map<std::string, std::string> sections_;
+  std::map<std::string, int> next_;
+};
+
+// Random choices that are the same on every machine.
+class Dice {
+ public:
+  explicit Dice(std::uint32_t seed) : engine_(seed) {}
+  std::size_t Below(std::size_t limit) { return engine_() % limit; }
+  bool Chance(std::size_t one_in) { return Below(one_in) == 0; }
+  template <class Container>
+  const auto& Pick(const Container& container) {
+    return container[Below(std::size(container))];
+  }
+
+ private:
+  std::mt19937 engine_;
+};
+
+// Comparable by CHECK, one item a line.
+inline std::string Lines(const std::vector<std::string>& items) {
+  std::string text;
+  for (const std::string& item : items) text += item + "\n";
+  return text;
+}
+
+}  // namespace scourwell::test
