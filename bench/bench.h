@@ -59,6 +59,7 @@ class GapPump : public Pump {
 };
 
 void BenchPasses(const char* tree);
+void BenchPhases(const char* cookies, const char* scratch_folder);
 void BenchLoading(const char* scratch_folder);
 void PrintMemory(const char* after);
 

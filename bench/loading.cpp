@@ -35,6 +35,7 @@ class NoChecks : public DirectChecks {
  public:
   void CheckFile(const std::string&, const std::string&) override {}
   void CheckFolder(const std::string&, const std::string&) override {}
+  void CheckProcess(const std::string&, const std::string&) override {}
 };
 
 class NoProgress : public LoadProgress {
@@ -111,6 +112,7 @@ void BenchLoading(const char* scratch_folder) {
     std::printf("cannot write %s\n", path.c_str());
     return;
   }
+  PrintMemory("writing the file");
   SystemFolders folders;
   NoChecks checks;
   NoProgress progress;

@@ -1,4 +1,4 @@
-// bench TREE SCRATCH: prints the figures of bench/README.md. Run it with bench/run.
+// bench TREE SCRATCH COOKIES: prints the figures of bench/README.md. Run it with bench/run.
 #include "bench/bench.h"
 
 #include <psapi.h>
@@ -21,10 +21,11 @@ void PrintMemory(const char* after) {
 
 int main(int count, char** words) {
   using namespace scourwell::bench;
-  if (count < 3) return 2;
+  if (count < 4) return 2;
   BenchPasses(words[1]);
   PrintMemory("the passes");
   BenchLoading(words[2]);
   PrintMemory("loading");
+  BenchPhases(words[3], words[2]);
   return 0;
 }

@@ -78,6 +78,9 @@ void ListLoader::Deliver(const Sequence& sequence, const std::string& name,
     case EntryTarget::ChecksumRow:
       FillListBox(lists_.*sequence.list, name, value, value2);
       return;
+    case EntryTarget::Process:
+      checks_.CheckProcess(name, value);
+      return;
     case EntryTarget::DirectFile:
     case EntryTarget::DirectFolder:
       break;

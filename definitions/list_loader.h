@@ -15,12 +15,13 @@ inline constexpr int kMostEntries = 10001;
 // The removal list and the name lists end earlier: 0 to 1000.
 inline constexpr int kMostNames = 1001;
 
-// Direct entries are looked up the moment they are read.
+// Entries that are looked up the moment they are read.
 class DirectChecks {
  public:
   virtual ~DirectChecks() = default;
   virtual void CheckFile(const std::string& spy, const std::string& path) = 0;
   virtual void CheckFolder(const std::string& spy, const std::string& path) = 0;
+  virtual void CheckProcess(const std::string& spy, const std::string& process) = 0;
 };
 
 // The "loading database" window.

@@ -71,6 +71,9 @@ constexpr Sequence kRegistrySV[] = {
     {"REGV", "REGVT", "REGVK", "REGVV", "REGVKNUM", EntryTarget::ValueRow, &Lists::lstRegistry,
      nullptr},
 };
+constexpr Sequence kProcesses[] = {
+    {"MEMA", "MEMAT", "MEMAF", nullptr, "MEMAFNUM", EntryTarget::Process, nullptr, nullptr},
+};
 constexpr Sequence kRegistryK[] = {
     Rows("REGK", "REGKT", "REGKK", "REGKKNUM", &Lists::lstRegKSearch, "Reg Key"),
 };
@@ -113,6 +116,7 @@ const Loader kUpdateKeyLoggersFolderList = {"UpdateKeyLoggersFolderList", kKeyLo
 const Loader kUpdateSpyFileList = {"UpdateSpyFileList", kSpyFiles};
 const Loader kUpdateSpyFolderList = {"UpdateSpyFolderList", kSpyFolders};
 const Loader kUpdateRegistrySVList = {"UpdateRegistrySVList", kRegistrySV};
+const Loader kUpdateMemoryList = {"UpdateMemoryList", kProcesses};
 const Loader kUpdateRegistryKList = {"UpdateRegistryKList", kRegistryK};
 const Loader kUpdateRegistryKOList = {"UpdateRegistryKOList", kRegistryKO};
 const Loader kUpdateCookieList = {"UpdateCookieList", kCookies};

@@ -14,6 +14,7 @@ enum class EntryTarget {
   ChecksumRow,   // FillListBox: type = name, name = value, value = value2
   DirectFile,    // checked at once
   DirectFolder,  // checked at once
+  Process,       // matched at once with the running processes
 };
 
 // One numbered sequence of the reference file. An entry's keys are its number and a suffix.
@@ -45,6 +46,7 @@ extern const Loader kUpdateKeyLoggersFolderList;
 extern const Loader kUpdateSpyFileList;
 extern const Loader kUpdateSpyFolderList;
 extern const Loader kUpdateRegistrySVList;
+extern const Loader kUpdateMemoryList;
 extern const Loader kUpdateRegistryKList;
 extern const Loader kUpdateRegistryKOList;
 extern const Loader kUpdateCookieList;

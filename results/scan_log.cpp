@@ -2,25 +2,12 @@
 
 #include "platform/file_utils.h"
 #include "platform/text.h"
+#include "results/log_lines.h"
 
 namespace scourwell {
 namespace {
 
-constexpr char kShortRule[] = "====================";
 constexpr char kLongRule[] = "==========================================================";
-
-// Collects lines; each one written ends with CR LF, whatever its text holds.
-class Lines {
- public:
-  Lines& Add(std::string_view line) {
-    text_.append(line).append("\r\n");
-    return *this;
-  }
-  const std::string& text() const { return text_; }
-
- private:
-  std::string text_;
-};
 
 std::string TrueFalse(bool value) { return value ? "True" : "False"; }
 
@@ -53,23 +40,26 @@ void ScanLog::CreateDriveScanLogFile() {
 
 // The indented lines of one file, ending so that Add leaves two empty lines behind them.
 std::string ScanLog::FileLines(const Detection& detection) {
+  const FileFacts facts = FactsOf(detection.details, "CreateDriveScanLogFile");
+  return "\tFileSize :" + facts.size + " kb\r\n\tLast accessed  :" + facts.accessed +
+         "\r\n\tBuild :" + facts.build + "\r\n\tOS :-" + facts.system + "\r\n\r\n";
+}
+
+ScanLog::FileFacts ScanLog::FactsOf(const std::string& path, const char* method) {
   DirEntry entry;
-  const Outcome found = parts_.files.Stat(detection.details, &entry);
-  if (!found.ok()) {
-    parts_.log.LogFailure(Outcome(found).With("File: ", detection.details),
-                          "CreateDriveScanLogFile");
+  const Outcome found = parts_.files.Stat(path, &entry);
+  if (!found.ok()) parts_.log.LogFailure(Outcome(found).With("File: ", path), method);
+  FileFacts facts;
+  facts.size = Kilobytes(entry.size);
+  if (entry.accessed) {
+    facts.accessed = parts_.clock.GeneralDate(parts_.clock.ToLocal(entry.accessed));
   }
-  const std::string accessed =
-      entry.accessed ? parts_.clock.GeneralDate(parts_.clock.ToLocal(entry.accessed)) : "";
   FixedFileInfo info;
-  std::string build;
-  std::string system;
-  if (parts_.versions.ReadFixed(detection.details, &info).ok()) {
-    build = VersionText(info.file_version_high, info.file_version_low);
-    system = OperatingSystemText(info.operating_system);
+  if (parts_.versions.ReadFixed(path, &info).ok()) {
+    facts.build = VersionText(info.file_version_high, info.file_version_low);
+    facts.system = OperatingSystemText(info.operating_system);
   }
-  return "\tFileSize :" + Kilobytes(entry.size) + " kb\r\n\tLast accessed  :" + accessed +
-         "\r\n\tBuild :" + build + "\r\n\tOS :-" + system + "\r\n\r\n";
+  return facts;
 }
 
 void ScanLog::FinishScan() {

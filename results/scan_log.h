@@ -6,6 +6,7 @@
 #include "platform/captions.h"
 #include "platform/error_log.h"
 #include "platform/op_sys_info.h"
+#include "platform/processes.h"
 #include "platform/system_folders.h"
 #include "platform/versions.h"
 #include "results/hit_list.h"
@@ -38,13 +39,25 @@ class ScanLog {
 
   explicit ScanLog(const Parts& parts) : parts_(parts) {}
 
+  void CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist);
   void CreateDriveScanLogFile();
+  void CreateCookieScanLogFile();
+  void CreateRegistryScanLogFile();
   // The closing block.
   void FinishScan();
 
  private:
   std::string Text(int number) const { return parts_.captions.Text(number); }
+  // What a section says of a file; empty where it is not known.
+  struct FileFacts {
+    std::string size;  // kilobytes
+    std::string accessed;
+    std::string build;
+    std::string system;
+  };
+  FileFacts FactsOf(const std::string& path, const char* method);
   std::string FileLines(const Detection& detection);
+  std::string ProcessLines(const ProcessEntry& process, std::size_t indent);
   Outcome Append(std::string_view text);
 
   Parts parts_;

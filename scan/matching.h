@@ -7,14 +7,16 @@
 #include "platform/files.h"
 #include "platform/system_folders.h"
 #include "scan/detection.h"
+#include "scan/memory_scan.h"
 
 namespace scourwell {
 
-// Existence checks of definitions that name one fixed path.
+// What definitions ask at once: does this one path exist, does this process run.
 class Matching : public DirectChecks {
  public:
-  Matching(Files& files, ErrorLog& log, const SystemFolders& folders, DetectionSink& sink)
-      : files_(files), log_(log), folders_(folders), sink_(sink) {}
+  Matching(Files& files, ErrorLog& log, const SystemFolders& folders, DetectionSink& sink,
+           MemoryScan& memory)
+      : files_(files), log_(log), folders_(folders), sink_(sink), memory_(memory) {}
 
   // The path may hold a folder token. One that is not a plain absolute path is put on record and
   // not looked up: a definition names one object, it does not search.
@@ -27,12 +29,16 @@ class Matching : public DirectChecks {
   void CheckFolder(const std::string& spy, const std::string& path) override {
     checkIfFolderExistsThenAddToSpyList(spy, path);
   }
+  void CheckProcess(const std::string& spy, const std::string& process) override {
+    memory_.MatchAll(spy, process);
+  }
 
  private:
   Files& files_;
   ErrorLog& log_;
   const SystemFolders& folders_;
   DetectionSink& sink_;
+  MemoryScan& memory_;
 };
 
 }  // namespace scourwell

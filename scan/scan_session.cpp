@@ -1,6 +1,8 @@
 #include "scan/scan_session.h"
 
 #include "platform/file_utils.h"
+#include "scan/cookie_scan.h"
+#include "scan/registry_scan.h"
 
 namespace scourwell {
 namespace {
@@ -24,6 +26,7 @@ constexpr Category kCategories[] = {
 
 void ScanSession::Begin() {
   finished_ = false;
+  ClearLists();  // a stopped scan leaves its rows behind
   parts_.progress = {};
   parts_.progress.lblScanStatus = parts_.captions.Text(1805);
 }
@@ -42,8 +45,14 @@ void ScanSession::StartScan(const ScanScope& scope) {
 
 void ScanSession::ScanNode(const ScanScope& scope, std::size_t number) {
   switch (number) {
+    case ScanScope::kScanMemory:
+      ScanMemory();
+      return;
     case ScanScope::kScanRegistry:
-      CheckRegistryScope(scope);
+      ScanRegistry(scope);
+      return;
+    case ScanScope::kScanCookie:
+      ScanCookies();
       return;
     case ScanScope::kScanDrives:
       ScanDrivesForAll(scope);
@@ -53,9 +62,48 @@ void ScanSession::ScanNode(const ScanScope& scope, std::size_t number) {
   }
 }
 
-void ScanSession::CheckRegistryScope(const ScanScope& scope) {
-  if (scope.ticked(ScanScope::kQuickScan) || scope.ticked(ScanScope::kDeepScan)) return;
-  parts_.shell.Message(parts_.captions.Text(1700), parts_.captions.Text(17000));
+void ScanSession::ScanMemory() {
+  static_cast<void>(parts_.log.Trap("ScanMemory", [&] {
+    parts_.progress.lblScanOption = parts_.captions.Text(1902);
+    parts_.memory.ListProcesses();
+    parts_.loader.Load(kUpdateMemoryList);
+    if (!parts_.pump.closing()) parts_.report.CreateMemoryLogFile(parts_.memory.Tasklist());
+  }));
+}
+
+void ScanSession::ScanRegistry(const ScanScope& scope) {
+  const bool quick = scope.ticked(ScanScope::kQuickScan);
+  const bool deep = scope.ticked(ScanScope::kDeepScan);
+  if (!quick && !deep) {
+    parts_.shell.Message(parts_.captions.Text(1700), parts_.captions.Text(17000));
+    return;
+  }
+  static_cast<void>(parts_.log.Trap("ScanRegistry", [&] {
+    parts_.lists.lstRegistry.Clear();
+    parts_.loader.Load(kUpdateRegistrySVList);
+    RegistryScan scan(parts_.registry, parts_.pump, parts_.log, parts_.sink, parts_.progress,
+                      parts_.lists, parts_.loader);
+    if (quick && !parts_.pump.closing()) {
+      parts_.progress.lblScanOption = parts_.captions.Text(1806);
+      scan.QuickPass();
+    }
+    if (deep && !parts_.pump.closing()) {
+      parts_.progress.lblScanOption = parts_.captions.Text(1807);
+      scan.DeepPass();
+    }
+    if (!parts_.pump.closing()) parts_.report.CreateRegistryScanLogFile();
+  }));
+}
+
+void ScanSession::ScanCookies() {
+  static_cast<void>(parts_.log.Trap("ScanCookies", [&] {
+    parts_.progress.lblScanOption = parts_.captions.Text(1907);
+    parts_.loader.Load(kUpdateCookieList);
+    CookieScan(parts_.files, parts_.pump, parts_.log, parts_.sink, parts_.progress,
+               parts_.lists.lstSearch)
+        .ScanCookie(parts_.settings.CookiesFolder, parts_.settings.AllCookies);
+    if (!parts_.pump.closing()) parts_.report.CreateCookieScanLogFile();
+  }));
 }
 
 void ScanSession::ScanDrivesForAll(const ScanScope& scope) {

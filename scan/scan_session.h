@@ -4,8 +4,10 @@
 
 #include "definitions/list_loader.h"
 #include "platform/app_settings.h"
+#include "platform/registry.h"
 #include "platform/shell.h"
 #include "scan/drive_scan.h"
+#include "scan/memory_scan.h"
 #include "scan/scan_report.h"
 
 namespace scourwell {
@@ -16,6 +18,7 @@ class ScanSession {
  public:
   struct Parts {
     Files& files;
+    Registry& registry;
     Pump& pump;
     ErrorLog& log;
     Shell& shell;
@@ -23,6 +26,7 @@ class ScanSession {
     const AppSettings& settings;
     SignatureLists& lists;
     ListLoader& loader;
+    MemoryScan& memory;
     DetectionSink& sink;
     ScanReport& report;
     ScanProgress& progress;
@@ -41,7 +45,9 @@ class ScanSession {
  private:
   void Begin();
   void ScanNode(const ScanScope& scope, std::size_t number);
-  void CheckRegistryScope(const ScanScope& scope);
+  void ScanMemory();
+  void ScanRegistry(const ScanScope& scope);
+  void ScanCookies();
   void ScanDrivesForAll(const ScanScope& scope);
   void ScanDrivesForAllFolders();
   void ScanDrivesForAllFiles();

@@ -23,10 +23,11 @@ Application::Application(const Ports& ports, const std::string& application_fold
       scan_log_({ports.files, ports.clock, ports.versions, log_, language_, settings_, hits_, os_,
                  folders_, version}),
       reference_(ports.files, ports.clock, log_, settings_, application_folder),
-      matching_(ports.files, log_, folders_, hits_),
+      memory_({ports.processes, ports.system, ports.pump, log_, os_, folders_, hits_, progress_}),
+      matching_(ports.files, log_, folders_, hits_, memory_),
       loader_(reference_, lists_, matching_, *this, ports.pump, log_, folders_),
-      session_({ports.files, ports.pump, log_, ports.shell, language_, settings_, lists_, loader_,
-                hits_, *this, progress_}) {}
+      session_({ports.files, ports.registry, ports.pump, log_, ports.shell, language_, settings_,
+                lists_, loader_, memory_, hits_, *this, progress_}) {}
 
 void Application::Start() {
   log_.deleteLogFile();
@@ -74,10 +75,28 @@ std::string Application::Title() const {
          std::to_string(version_.revision);
 }
 
-void Application::CreateDriveScanLogFile() {
+// Every section is announced while it is written.
+template <class Write>
+void Application::WriteLog(Write&& write) {
   progress_.lblScanStatus = language_.Text(16218);
-  scan_log_.CreateDriveScanLogFile();
+  write();
   progress_.lblScanStatus = language_.Text(1805);
+}
+
+void Application::CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) {
+  WriteLog([&] { scan_log_.CreateMemoryLogFile(tasklist); });
+}
+
+void Application::CreateRegistryScanLogFile() {
+  WriteLog([&] { scan_log_.CreateRegistryScanLogFile(); });
+}
+
+void Application::CreateCookieScanLogFile() {
+  WriteLog([&] { scan_log_.CreateCookieScanLogFile(); });
+}
+
+void Application::CreateDriveScanLogFile() {
+  WriteLog([&] { scan_log_.CreateDriveScanLogFile(); });
 }
 
 void Application::FinishScan() {

@@ -26,6 +26,7 @@ struct Ports {
   System& system;
   Shell& shell;
   Versions& versions;
+  Processes& processes;
   Pump& pump;
 };
 
@@ -68,11 +69,16 @@ class Application : private ScanReport, private LoadProgress {
   bool scanning() const { return scanning_; }
 
  private:
+  void CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) override;
+  void CreateRegistryScanLogFile() override;
+  void CreateCookieScanLogFile() override;
   void CreateDriveScanLogFile() override;
   void FinishScan() override;
   void Begin(int maximum) override;
   void Advance() override;
   void End() override;
+  template <class Write>
+  void WriteLog(Write&& write);
   template <class Scan>
   void Run(Scan&& scan);
 
@@ -93,6 +99,7 @@ class Application : private ScanReport, private LoadProgress {
   ScanProgress progress_;
   ReferenceFile reference_;
   SignatureLists lists_;
+  MemoryScan memory_;
   Matching matching_;
   ListLoader loader_;
   ScanSession session_;

@@ -3,6 +3,7 @@
 #include "platform/file_utils.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
+#include "platform/win/processes_win.h"
 #include "platform/win/pump_win.h"
 #include "platform/win/registry_win.h"
 #include "platform/win/single_instance.h"
@@ -44,8 +45,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR command_line, int show) 
   SystemWin system;
   ShellWin shell;
   VersionsWin versions;
+  ProcessesWin processes;
   PumpWin pump;
-  Application app({files, registry, profiles, clock, system, shell, versions, pump},
+  Application app({files, registry, profiles, clock, system, shell, versions, processes, pump},
                   ApplicationFolder(), kProgramVersion);
   frmMain main_window(app, pump, instance);
   CommandLine command = ParseCommandLine(command_line ? command_line : "");

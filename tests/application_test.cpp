@@ -24,7 +24,8 @@ struct Program {
     m.Folder("C:\\WINDOWS\\direct");
   }
   FakeMachine m;
-  Application app{{m.files, m.registry, m.profiles, m.clock, m.system, m.shell, m.versions, m.pump},
+  Application app{{m.files, m.registry, m.profiles, m.clock, m.system, m.shell, m.versions,
+                   m.processes, m.pump},
                   kAppFolder,
                   {1, 0, 7}};
 
@@ -94,7 +95,7 @@ TEST_SUITE("application") {
     p.app.Start();
     p.app.FillTree();
     p.m.pump.on_yield = [&] { p.app.RunScan(); };  // a scan does not start inside a scan
-    p.m.pump.close_at = 8;
+    p.m.pump.close_at = 2;
     p.app.PrepareScan();
     p.app.RunScan();
     CHECK_FALSE(p.app.session().finished());

@@ -15,7 +15,10 @@ struct Loading : Bench, private LoadProgress {
   SignatureLists lists;
   Definitions definitions;
   ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
-  Matching matching{m.files, log, folders, sink};
+  ScanProgress scan_progress;
+  COpSysInfo os{m.system};
+  MemoryScan memory{{m.processes, m.system, m.pump, log, os, folders, sink, scan_progress}};
+  Matching matching{m.files, log, folders, sink, memory};
   ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
   int maximum = -1;
   int advanced = 0;

@@ -34,10 +34,12 @@ struct Session : Bench, private ScanReport, private LoadProgress {
   ScanScope scope;
   ScanProgress progress;
   ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
-  Matching matching{m.files, log, folders, sink};
+  COpSysInfo os{m.system};
+  MemoryScan memory{{m.processes, m.system, m.pump, log, os, folders, sink, progress}};
+  Matching matching{m.files, log, folders, sink, memory};
   ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
-  ScanSession session{
-      {m.files, m.pump, log, m.shell, captions, settings, lists, loader, sink, *this, progress}};
+  ScanSession session{{m.files, m.registry, m.pump, log, m.shell, captions, settings, lists, loader,
+                       memory, sink, *this, progress}};
   std::vector<std::string> events;
   std::size_t most_rows = 0;
 
@@ -56,6 +58,9 @@ struct Session : Bench, private ScanReport, private LoadProgress {
   void Note(const std::string& event) {
     if (events.empty() || events.back() != event) events.push_back(event);
   }
+  void CreateMemoryLogFile(const std::vector<ProcessEntry>&) override { Note("memory log"); }
+  void CreateRegistryScanLogFile() override { Note("registry log"); }
+  void CreateCookieScanLogFile() override { Note("cookie log"); }
   void CreateDriveScanLogFile() override { Note("log"); }
   void FinishScan() override { Note("finish"); }
   void Begin(int) override {}
@@ -134,11 +139,13 @@ TEST_SUITE("scan_scope") {
 }
 
 TEST_SUITE("scan_session") {
-  TEST_CASE("folders come before files, then the log, then the end") {
+  TEST_CASE("the phases follow each other, each with its section of the log, then the end") {
     Session s;
     s.session.StartScan(s.scope);
     CHECK(Lines(s.events) ==
-          "<1805> \n<1805> <1882>\n<1805> <1841> - D: (<1909>) ...\n<1805> <1883>\n"
+          "<1805> \n<1805> <1902>\nmemory log\n<1805> <1902>\n<1805> <1806>\n<1805> <1807>\n"
+          "registry log\n<1805> <1807>\n<1805> <1907>\ncookie log\n<1805> <1907>\n"
+          "<1805> <1882>\n<1805> <1841> - D: (<1909>) ...\n<1805> <1883>\n"
           "<1805> <1841> - D: (<1909>) ...\nlog\n<1805> <1841> - D: (<1909>) ...\nfinish\n");
     CHECK(s.Spies() == "T T/D/H/K/S/D H K S ");  // the trojan lists serve both passes
     CHECK(s.session.finished());

@@ -11,6 +11,7 @@
 
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "platform/processes.h"
 #include "platform/profiles.h"
 #include "platform/pump.h"
 #include "platform/registry.h"
@@ -251,6 +252,26 @@ class FakeShell : public Shell {
   }
 };
 
+class FakeProcesses : public Processes {
+ public:
+  std::vector<ProcessEntry> running;
+  std::string asked;  // "status" or "snapshot"
+  int error = 0;      // what a listing ends with, after half of the processes
+
+  Outcome ListByStatus(const Visit& visit) override { return List("status", visit); }
+  Outcome ListBySnapshot(const Visit& visit) override { return List("snapshot", visit); }
+
+ private:
+  Outcome List(const char* way, const Visit& visit) {
+    asked = way;
+    const std::size_t count = error ? running.size() / 2 : running.size();
+    for (std::size_t i = 0; i < count; ++i) {
+      if (!visit(running[i])) return {};
+    }
+    return error ? Outcome::Failed(error) : Outcome();
+  }
+};
+
 class FakePump : public Pump {
  public:
   std::size_t yields = 0;
@@ -276,6 +297,7 @@ class FakeMachine {
   FakeSystem system;
   FakeShell shell;
   FakeVersions versions;
+  FakeProcesses processes;
   FakePump pump;
 
   void AddDrive(char letter, DriveKind kind = DriveKind::Fixed, bool ready = true) {

@@ -1,0 +1,171 @@
+// The registry, cookie and memory phases against bare walks that list the same and match nothing.
+#include <string>
+
+#include "bench/bench.h"
+#include "platform/file_utils.h"
+#include "platform/text.h"
+#include "platform/win/desktop_win.h"
+#include "platform/win/files_win.h"
+#include "platform/win/registry_win.h"
+#include "platform/win/system_win.h"
+#include "scan/cookie_scan.h"
+#include "scan/matching.h"
+#include "scan/registry_scan.h"
+
+namespace scourwell::bench {
+namespace {
+
+constexpr int kRounds = 7;
+constexpr int kClasses = 20000;
+constexpr int kSignatures = 10000;
+constexpr int kProcesses = 300;
+
+class NoHits : public DetectionSink {
+ public:
+  bool Contains(std::string_view) const override { return false; }
+  void AddSpyToListView(const Detection&) override { ++hits; }
+  int hits = 0;
+};
+
+class NoProgress : public LoadProgress {
+ public:
+  void Begin(int) override {}
+  void Advance() override {}
+  void End() override {}
+};
+
+class ManyProcesses : public Processes {
+ public:
+  Outcome ListByStatus(const Visit& visit) override {
+    for (int i = 0; i < kProcesses; ++i) {
+      visit({"C:\\Program Files\\Some Program\\process" + std::to_string(i) + ".exe", 0, 32});
+    }
+    return {};
+  }
+  Outcome ListBySnapshot(const Visit& visit) override { return ListByStatus(visit); }
+};
+
+std::string ClassId(int number) {
+  const std::string digits = Hex(static_cast<std::uint32_t>(number) * 2654435761u, 8);
+  return "{" + digits + "-11D3-8A42-00C04F" + Hex(static_cast<std::uint32_t>(number), 6) + "}";
+}
+
+void MakeClasses() {
+  HKEY key = nullptr;
+  RegCreateKeyA(HKEY_CLASSES_ROOT, "CLSID", &key);
+  char name[64];
+  if (RegEnumKeyA(key, kClasses - 1, name, sizeof name) != ERROR_SUCCESS) {
+    for (int i = 0; i < kClasses; ++i) {
+      HKEY below = nullptr;
+      RegCreateKeyA(key, ClassId(i).c_str(), &below);
+      RegCloseKey(below);
+    }
+  }
+  RegCloseKey(key);
+}
+
+int BareWalk(HKEY root, const std::string& path) {
+  HKEY key = nullptr;
+  if (RegOpenKeyExA(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return 0;
+  char name[256];
+  int keys = 0;
+  for (DWORD i = 0; RegEnumKeyA(key, i, name, sizeof name) == ERROR_SUCCESS; ++i) {
+    keys += 1 + BareWalk(root, path + "\\" + name);
+  }
+  RegCloseKey(key);
+  return keys;
+}
+
+void BareCookies(const char* folder) {
+  WIN32_FIND_DATAA data;
+  const HANDLE find = FindFirstFileA((std::string(folder) + "\\*.*").c_str(), &data);
+  if (find == INVALID_HANDLE_VALUE) return;
+  while (FindNextFileA(find, &data)) {
+  }
+  FindClose(find);
+}
+
+void Print(const char* what, Figures& bare, Figures& ours, Figures& ratio, double gap) {
+  std::printf(
+      "%-34s bare %6.1f ms, ours %6.1f ms, ratio %.2f (%.2f to %.2f), longest time "
+      "between yields %.1f ms\n",
+      what, bare.Median(), ours.Median(), ratio.Median(), ratio.Min(), ratio.Max(), gap);
+}
+
+template <class Bare, class Ours>
+void Compare(const char* what, GapPump& pump, Bare&& bare_work, Ours&& our_work) {
+  Figures bare, ours, ratio;
+  double gap = 0;
+  bare_work();
+  for (int i = 0; i < kRounds; ++i) {
+    bare.values.push_back(Measure(bare_work));
+    pump.Restart();
+    ours.values.push_back(Measure(our_work));
+    gap = std::max(gap, pump.longest());
+    ratio.values.push_back(ours.values.back() / bare.values.back());
+  }
+  Print(what, bare, ours, ratio, gap);
+}
+
+}  // namespace
+
+void BenchPhases(const char* cookies, const char* scratch_folder) {
+  FilesWin files;
+  ClockWin clock;
+  SystemWin system;
+  RegistryWin registry;
+  ErrorLog log(files, clock, "C:\\bench-errors.txt");
+  AppSettings settings;
+  settings.DefinitionsFolder = scratch_folder;
+  SystemFolders folders;
+  GapPump pump;
+  NoHits sink;
+  NoProgress bar;
+  ScanProgress progress;
+  const COpSysInfo os(system);
+  ManyProcesses processes;
+  MemoryScan memory({processes, system, pump, log, os, folders, sink, progress});
+  Matching matching(files, log, folders, sink, memory);
+  ReferenceFile reference(files, clock, log, settings, scratch_folder);
+  SignatureLists lists;
+  ListLoader loader(reference, lists, matching, bar, pump, log, folders);
+
+  MakeClasses();
+  for (int i = 0; i < kSignatures; ++i) {
+    FillListBoxRegistrySType(lists.lstSearch, ClassId(1000000 + i), "Bench");
+  }
+  const int keys = BareWalk(HKEY_CLASSES_ROOT, "CLSID");
+  std::printf("registry: %d class keys, %d signatures\n", keys, kSignatures);
+  Compare(
+      "deep registry pass", pump,
+      [] {
+        for (const char* key :
+             {"Software\\Microsoft\\Windows\\CurrentVersion\\moduleusage",
+              "SYSTEM\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9"}) {
+          BareWalk(HKEY_LOCAL_MACHINE, key);
+        }
+        BareWalk(HKEY_CLASSES_ROOT, "CLSID");
+      },
+      [&] { RegistryScan(registry, pump, log, sink, progress, lists, loader).DeepPass(); });
+
+  lists.lstSearch.Clear();
+  for (int i = 0; i < kSignatures; ++i) {
+    FillListBox(lists.lstSearch, "Spy Cookie", "Bench", "tracker" + std::to_string(i) + "x");
+  }
+  Compare(
+      "cookie phase, 10,000 cookies", pump, [&] { BareCookies(cookies); },
+      [&] {
+        CookieScan(files, pump, log, sink, progress, lists.lstSearch).ScanCookie(cookies, false);
+      });
+
+  memory.ListProcesses();
+  const double matching_time = Measure([&] {
+    for (int i = 0; i < kSignatures; ++i) {
+      memory.MatchAll("Bench", "spyware" + std::to_string(i) + ".exe");
+    }
+  });
+  std::printf("memory phase: %d signatures against %d processes %.1f ms\n", kSignatures,
+              static_cast<int>(memory.Tasklist().size()), matching_time);
+}
+
+}  // namespace scourwell::bench

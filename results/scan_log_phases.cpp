@@ -1,0 +1,102 @@
+// The sections of the memory, cookie and registry phases.
+#include "platform/file_utils.h"
+#include "platform/text.h"
+#include "results/log_lines.h"
+#include "results/scan_log.h"
+#include "scan/memory_scan.h"
+
+namespace scourwell {
+namespace {
+
+constexpr char kMemoryRule[] = "=================================================";
+
+// The name of the value that a row stands for: its details less the key path.
+std::string_view ValueName(const Detection& value) {
+  std::string_view name = value.details;
+  name.remove_prefix(std::min(value.tool_tip.size(), name.size()));
+  if (name.starts_with('\\')) name.remove_prefix(1);
+  return name;
+}
+
+}  // namespace
+
+void ScanLog::CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) {
+  static_cast<void>(parts_.log.Trap("CreateMemoryLogFile", [&]() -> Outcome {
+    const bool nt = parts_.os.IsWinNT();
+    Lines lines;
+    lines.Add(parts_.clock.GeneralDate(parts_.clock.Now()) + " " + Text(1825)).Add(kMemoryRule);
+    lines.Add(Text(1826)).Add(kShortRule).Add(Text(1827) + "\r\n");
+    std::size_t i = 1;
+    for (; i <= tasklist.size(); ++i) {
+      const ProcessEntry& process = tasklist[i - 1];
+      const std::string number = std::to_string(i);
+      const std::string_view name = nt ? FileNamePart(process.path) : process.path;
+      lines.Add("#:" + number + " (" + std::string(name) + ")");
+      // Lined up under the parenthesis.
+      lines.Add(nt ? ProcessLines(process, number.size() + 3) : std::string("\r\n"));
+    }
+    lines.Add(Text(1828));
+    // The count is the index behind the last entry: it has always been one too high.
+    lines.Add(Text(1829) + std::to_string(i));
+    lines.Add(Text(1830)).Add(Text(1831));
+    return Append(lines.text());
+  }));
+}
+
+// The lines of one process, ending so that Add leaves two empty lines behind them.
+std::string ScanLog::ProcessLines(const ProcessEntry& process, std::size_t indent) {
+  const FileFacts facts = FactsOf(process.path, "CreateMemoryLogFile");
+  const std::string blanks(indent, ' ');
+  Lines lines;
+  lines.Add(blanks + "Path:" + process.path);
+  lines.Add(blanks + "BasePriority:" + PriorityName(process.priority_class));
+  lines.Add(blanks + "FileSize :" + facts.size + " kb");
+  lines.Add(blanks + "Last accessed  :" + facts.accessed);
+  lines.Add(blanks + "Build :" + facts.build);
+  lines.Add(blanks + "OS :-" + facts.system);
+  return lines.text() + "\r\n";
+}
+
+void ScanLog::CreateCookieScanLogFile() {
+  static_cast<void>(parts_.log.Trap("CreateCookieScanLogFile", [&]() -> Outcome {
+    const HitList& hits = parts_.hits;
+    Lines lines;
+    lines.Add("\r\n" + Text(1881)).Add(kShortRule);
+    for (std::size_t i = 0; i < hits.size(); ++i) {
+      const Detection& found = hits.row(i).detection;
+      if (found.kind == kSpyCookie) lines.Add(found.system + " Cookie:" + found.details);
+    }
+    lines.Add("\r\n").Add(Text(1879));
+    lines.Add(Text(1880) + std::to_string(hits.counters().files));
+    lines.Add(Text(1831));
+    return Append(lines.text());
+  }));
+}
+
+// Keys and values stand as in a registry export.
+void ScanLog::CreateRegistryScanLogFile() {
+  static_cast<void>(parts_.log.Trap("CreateRegistryScanLogFile", [&]() -> Outcome {
+    const HitList& hits = parts_.hits;
+    Lines lines;
+    lines.Add(Text(1838) + "\r\n").Add(kShortRule);
+    for (std::size_t i = 0; i < hits.size(); ++i) {
+      const Detection& found = hits.row(i).detection;
+      if (found.kind != kSpyRegistryKey) continue;
+      lines.Add("Registry Key Type = " + found.system + ":\r\n");
+      lines.Add("[" + found.details + "]\r\n");
+    }
+    for (std::size_t i = 0; i < hits.size(); ++i) {
+      const Detection& found = hits.row(i).detection;
+      if (found.kind != kSpyRegistryValue) continue;
+      lines.Add("Registry Key Value Type = " + found.system + ":");
+      lines.Add("[" + found.tool_tip + "]");
+      lines.Add("\"" + std::string(ValueName(found)) + "\"=" + found.tag);
+    }
+    lines.Add(Text(1839));
+    lines.Add(Text(1840) + std::to_string(hits.counters().registry));
+    lines.Add(Text(1831));
+    return Append(lines.text());
+  }));
+}
+
+}  // namespace scourwell

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "definitions/signature_list.h"
+#include "platform/error_log.h"
+#include "platform/files.h"
+#include "platform/pump.h"
+#include "scan/containment_index.h"
+#include "scan/detection.h"
+#include "scan/scan_progress.h"
+
+namespace scourwell {
+
+// The cookie files of the user's browser: one text file a site, named after it.
+class CookieScan {
+ public:
+  // `list` must stay unchanged as long as the scan lives.
+  CookieScan(Files& files, Pump& pump, ErrorLog& log, DetectionSink& sink, ScanProgress& progress,
+             const SignatureList& list);
+
+  // Lists the folder's ordinary ".txt" files whose name holds a cookie signature, under the first
+  // row that does; with `all`, every other one as well, under the name "Other". `folder` may end
+  // in "\". A folder that is not there yields nothing.
+  void ScanCookie(const std::string& folder, bool all);
+
+ private:
+  void Check(const std::string& path, const std::string& name, bool all);
+
+  Files& files_;
+  Pump& pump_;
+  ErrorLog& log_;
+  DetectionSink& sink_;
+  ScanProgress& progress_;
+  const SignatureList& list_;
+  ContainmentIndex index_;
+};
+
+}  // namespace scourwell

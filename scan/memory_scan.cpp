@@ -1,0 +1,103 @@
+#include "scan/memory_scan.h"
+
+#include "platform/file_utils.h"
+#include "platform/text.h"
+
+namespace scourwell {
+namespace {
+
+// Where the genuine image of a system process lies.
+enum class Home { System, Windows };
+
+struct SystemProcess {
+  const char* name;
+  Home home;
+};
+
+constexpr SystemProcess kSystemProcesses[] = {
+    {"smss.exe", Home::System},     {"csrss.exe", Home::System},     {"wininit.exe", Home::System},
+    {"winlogon.exe", Home::System}, {"services.exe", Home::System},  {"lsass.exe", Home::System},
+    {"lsm.exe", Home::System},      {"svchost.exe", Home::System},   {"spoolsv.exe", Home::System},
+    {"dwm.exe", Home::System},      {"conhost.exe", Home::System},   {"rundll32.exe", Home::System},
+    {"ntvdm.exe", Home::System},    {"explorer.exe", Home::Windows}, {"kernel32.dll", Home::System},
+    {"msgsrv32.exe", Home::System}, {"mprexe.exe", Home::System},
+};
+
+}  // namespace
+
+const char* PriorityName(std::uint32_t priority_class) {
+  switch (priority_class) {
+    case 256:
+      return "REALTIME";
+    case 128:
+      return "HIGH";
+    case 32:
+      return "NORMAL";
+    case 64:
+      return "IDLE";
+    default:
+      return "";
+  }
+}
+
+bool IsGenuineSystemProcess(const std::string& path, const SystemFolders& folders) {
+  for (const SystemProcess& process : kSystemProcesses) {
+    const std::string& home = process.home == Home::System ? folders.system : folders.windows;
+    if (EqualsNoCase(path, AddPathToFileName(home, process.name))) return true;
+  }
+  return false;
+}
+
+void MemoryScan::ListProcesses() {
+  tasklist_.clear();
+  compared_.clear();
+  const bool nt = parts_.os.IsWinNT();
+  const auto visit = [&](const ProcessEntry& process) { return Keep(process); };
+  static_cast<void>(parts_.log.Trap(nt ? "ShowRunningProcesses" : "ShowRunningProcesses9x", [&] {
+    return nt ? parts_.processes.ListByStatus(visit) : parts_.processes.ListBySnapshot(visit);
+  }));
+}
+
+bool MemoryScan::Keep(const ProcessEntry& process) {
+  if (!parts_.pump.Next()) return false;
+  tasklist_.push_back(process);
+  compared_.push_back(
+      Upper(parts_.os.IsWinNT() ? FileNamePart(process.path) : std::string_view(process.path)));
+  parts_.progress.lblScan = process.path;
+  ++parts_.progress.scanned_processes;
+  return true;
+}
+
+void MemoryScan::MatchAll(const std::string& spy, const std::string& process) {
+  const std::string folded = Upper(process);
+  for (std::size_t i = 0; i < tasklist_.size() && !parts_.pump.closing(); ++i) {
+    if (compared_[i] == folded) CheckMType(tasklist_[i], spy);
+  }
+}
+
+void MemoryScan::CheckMType(const ProcessEntry& process, const std::string& spy) {
+  static_cast<void>(parts_.log.Trap("CheckMType", [&] {
+    Detection found;
+    found.kind = kMemoryProcess;
+    found.details = process.path;
+    found.system = spy;
+    found.icon = kCodeProcess;
+    found.tool_tip = process.path;
+    found.tag = std::to_string(process.id);
+    if (!parts_.sink.Contains(found.details)) parts_.sink.AddSpyToListView(found);
+  }));
+  const std::string platform = parts_.os.Platform();
+  if (platform != "Windows XP" && platform != "Windows 2000") return;
+  static_cast<void>(parts_.log.Trap("KillProcessById", [&] { return End(process); }));
+}
+
+Outcome MemoryScan::End(const ProcessEntry& process) {
+  if (IsGenuineSystemProcess(process.path, parts_.folders)) {
+    return Outcome::Failed(kPermissionDenied, "A process of Windows itself is not ended")
+        .With("Process: ", process.path);
+  }
+  Outcome ended = KillProcessById(process.id, parts_.system);
+  return ended.ok() ? Outcome() : std::move(ended).With("Process: ", process.path);
+}
+
+}  // namespace scourwell

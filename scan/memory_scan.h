@@ -1,0 +1,58 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/error_log.h"
+#include "platform/op_sys_info.h"
+#include "platform/processes.h"
+#include "platform/pump.h"
+#include "platform/system_folders.h"
+#include "scan/detection.h"
+#include "scan/scan_progress.h"
+
+namespace scourwell {
+
+// "REALTIME", "HIGH", "NORMAL", "IDLE", or empty for any other priority class.
+const char* PriorityName(std::uint32_t priority_class);
+
+// True for a process that Windows itself cannot live without: one of its names, with the image in
+// the folder where the genuine one lies.
+bool IsGenuineSystemProcess(const std::string& path, const SystemFolders& folders);
+
+// The running processes and their comparison with the memory definitions.
+class MemoryScan {
+ public:
+  struct Parts {
+    Processes& processes;
+    System& system;
+    Pump& pump;
+    ErrorLog& log;
+    const COpSysInfo& os;
+    const SystemFolders& folders;
+    DetectionSink& sink;
+    ScanProgress& progress;
+  };
+
+  explicit MemoryScan(const Parts& parts) : parts_(parts) {}
+
+  // Fills the list of processes in the way of the running family.
+  void ListProcesses();
+  // Compares one signature with every listed process: on the NT family by file name, elsewhere by
+  // the whole text, without case. A hit is reported and, on Windows XP and 2000, ended at once.
+  void MatchAll(const std::string& spy, const std::string& process);
+
+  const std::vector<ProcessEntry>& Tasklist() const { return tasklist_; }
+
+ private:
+  bool Keep(const ProcessEntry& process);
+  // A process whose compared text equals the signature.
+  void CheckMType(const ProcessEntry& process, const std::string& spy);
+  Outcome End(const ProcessEntry& process);
+
+  Parts parts_;
+  std::vector<ProcessEntry> tasklist_;
+  std::vector<std::string> compared_;  // what is compared of each process, folded
+};
+
+}  // namespace scourwell

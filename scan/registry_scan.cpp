@@ -1,0 +1,245 @@
+#include "scan/registry_scan.h"
+
+#include <vector>
+
+#include "platform/registry_access.h"
+#include "platform/text.h"
+
+namespace scourwell {
+namespace {
+
+enum class Walker { Values, Subkeys };
+
+struct Walk {
+  RootKey root;
+  const char* key;
+  Walker walker;
+};
+
+constexpr Walk kQuickWalks[] = {
+    {RootKey::CurrentUser, "Software\\Microsoft\\Windows\\CurrentVersion\\run", Walker::Values},
+    {RootKey::LocalMachine, "Software\\Microsoft\\Internet Explorer\\Main", Walker::Values},
+    {RootKey::CurrentUser, "Software\\Microsoft\\Internet Explorer\\Main", Walker::Values},
+    {RootKey::LocalMachine, "Software\\Microsoft\\Internet Explorer\\Search", Walker::Values},
+    {RootKey::CurrentUser, "Software\\Microsoft\\Internet Explorer\\Search", Walker::Values},
+    {RootKey::LocalMachine, "Software\\Microsoft\\Internet Explorer", Walker::Values},
+    {RootKey::CurrentUser, "Software\\Microsoft\\Internet Explorer", Walker::Values},
+    {RootKey::Users, ".Default\\Software\\Microsoft\\Internet Explorer", Walker::Values},
+    {RootKey::Users, ".Default\\Software\\Microsoft\\Internet Explorer\\Main", Walker::Values},
+    {RootKey::Users, ".Default\\Software\\Microsoft\\Internet Explorer\\Search", Walker::Values},
+    {RootKey::LocalMachine, "Software\\Microsoft\\Internet Explorer\\Extensions", Walker::Subkeys},
+    {RootKey::LocalMachine, "Software\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs",
+     Walker::Values},
+    // A machine-wide key looked up under the classes root: kept, some spies put it there.
+    {RootKey::ClassesRoot,
+     "Software\\Microsoft\\Windows\\Currentversion\\internet settings\\user agent\\post platform",
+     Walker::Subkeys},
+};
+
+constexpr char kProviders[] =
+    "SYSTEM\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\"
+    "Catalog_Entries";
+
+constexpr Walk kDeepWalks[] = {
+    {RootKey::LocalMachine, "Software\\Microsoft\\Windows\\CurrentVersion\\moduleusage",
+     Walker::Subkeys},
+    {RootKey::ClassesRoot, "CLSID", Walker::Subkeys},
+    {RootKey::LocalMachine, kProviders, Walker::Subkeys},
+    {RootKey::LocalMachine, kProviders, Walker::Subkeys},  // twice, so that a change is seen
+    {RootKey::LocalMachine, kProviders, Walker::Values},
+};
+
+constexpr char kClassKey[] = "CLSID";
+constexpr unsigned kDeepest = 512;  // levels that the system allows
+
+std::string FullPath(RootKey root, const std::string& path) {
+  return std::string(NameFromRoot(root)) + "\\" + path;
+}
+
+bool IsBelowClasses(std::string_view path) {
+  return EqualsNoCase(path.substr(0, sizeof kClassKey - 1), kClassKey);
+}
+
+// The hive that a text names anywhere, tested in this order.
+std::optional<RootKey> HiveIn(std::string_view text) {
+  for (const RootKey root :
+       {RootKey::CurrentUser, RootKey::ClassesRoot, RootKey::LocalMachine, RootKey::Users}) {
+    if (FindNoCase(text, NameFromRoot(root)) != std::string_view::npos) return root;
+  }
+  return std::nullopt;
+}
+
+Detection KeyItem(std::string details) {
+  Detection item;
+  item.kind = kSpyRegistryKey;
+  item.icon = kCodeRegistry;
+  item.tool_tip = details;
+  item.details = std::move(details);
+  return item;
+}
+
+// Details that lead to the value; log, removal and backup find key and data beside them.
+Detection ValueItem(const std::string& key, const std::string& name, const RegValue& value) {
+  Detection item;
+  item.kind = kSpyRegistryValue;
+  item.icon = kCodeRegistry;
+  item.details = key + (key.ends_with('\\') ? "" : "\\") + name;
+  item.tool_tip = key;
+  item.tag = ValueToText(value);
+  return item;
+}
+
+}  // namespace
+
+std::string ComparableData(const RegValue& value) {
+  const std::string text = ValueToText(value);
+  switch (value.type) {
+    case kRegBinary:
+      return "hex:" + text;
+    case kRegDword:
+      return "dword:" + text.substr(2);
+    default:
+      return ReplaceAll(text, "\\", "\\\\");
+  }
+}
+
+RegistryScan::RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, DetectionSink& sink,
+                           ScanProgress& progress, SignatureLists& lists, ListLoader& loader)
+    : registry_(registry),
+      pump_(pump),
+      log_(log),
+      sink_(sink),
+      progress_(progress),
+      lists_(lists),
+      loader_(loader),
+      index_(lists.lstSearch, &SignatureRow::text) {}
+
+void RegistryScan::QuickPass() {
+  static_cast<void>(log_.Trap("QuickRegistryScan", [&] {
+    CheckNamedKeys();
+    for (const Walk& walk : kQuickWalks) {
+      if (!pump_.Next()) return;
+      progress_.lblScan = FullPath(walk.root, walk.key);
+      if (walk.walker == Walker::Values) {
+        WalkValues(walk.root, walk.key);
+      } else {
+        WalkKeys(walk.root, walk.key, 0);
+      }
+    }
+    CheckNamedValues();
+  }));
+}
+
+void RegistryScan::DeepPass() {
+  static_cast<void>(log_.Trap("DeepRegistryScan", [&] {
+    for (const Walk& walk : kDeepWalks) {
+      if (!pump_.Next()) return;
+      if (walk.walker == Walker::Values) {
+        WalkValues(walk.root, walk.key);
+      } else {
+        WalkKeys(walk.root, walk.key, 0);
+      }
+    }
+  }));
+}
+
+void RegistryScan::CheckNamedKeys() {
+  SignatureList& keys = lists_.lstRegKSearch;
+  keys.Clear();
+  loader_.Load(kUpdateRegistryKList);
+  loader_.Load(kUpdateRegistryKOList);
+  for (std::size_t i = 0; i < keys.size() && pump_.Next(); ++i) {
+    CheckRegistryKType(std::string(keys[i].sub2), keys[i].sub1);
+  }
+  keys.Clear();
+}
+
+void RegistryScan::CheckRegistryKType(const std::string& full_path, std::string_view spy) {
+  static_cast<void>(log_.Trap("CheckRegistryKType", [&] {
+    const std::size_t slash = full_path.find('\\');
+    const auto root = HiveIn(std::string_view(full_path).substr(0, slash));
+    const std::string path =
+        slash == std::string::npos ? "" : CRegister::SplitKeyPath(full_path.substr(slash));
+    if (!root || path.empty()) return;  // a whole hive is no signature
+    progress_.lblScan = full_path;
+    ++progress_.scanned_keys;
+    if (registry_.TryOpen(*root, path, kKeyAllRights) != kRegOk) return;
+    Detection item = KeyItem(FullPath(*root, path));
+    item.system = spy;
+    if (!sink_.Contains(item.details)) sink_.AddSpyToListView(item);
+  }));
+}
+
+void RegistryScan::CheckNamedValues() {
+  const SignatureList& values = lists_.lstRegistry;
+  for (std::size_t i = 0; i < values.size() && pump_.Next(); ++i) {
+    const SignatureRow row = values[i];
+    const std::size_t slash = row.text.find('\\');
+    if (slash == std::string_view::npos) continue;
+    const auto root = HiveIn(row.text.substr(0, slash));
+    if (!root) continue;
+    progress_.lblScan = row.text;
+    RegValue value;
+    const std::string path = CRegister::SplitKeyPath(row.text.substr(slash));
+    const std::string name(row.sub1);
+    if (registry_.QueryValue(*root, path, name, &value) != kRegOk) continue;
+    Detection item = ValueItem(std::string(row.text), name, value);
+    item.system = row.sub2;
+    item.tool_tip = FullPath(*root, path);
+    if (!sink_.Contains(item.details)) sink_.AddSpyToListView(item);
+  }
+}
+
+void RegistryScan::WalkValues(RootKey root, const std::string& path) {
+  static_cast<void>(log_.Trap("WalkRegistryValues", [&] {
+    if (pump_.closing()) return;
+    registry_.EnumValues(root, path, [&](const std::string& name, const RegValue& value) {
+      if (!pump_.Next()) return false;
+      CheckValue(root, path, name, value);
+      return true;
+    });
+  }));
+}
+
+void RegistryScan::CheckValue(RootKey root, const std::string& path, const std::string& name,
+                              const RegValue& value) {
+  const std::string key = FullPath(root, path);
+  const Detection item = ValueItem(key, name, value);
+  const std::string data = ComparableData(value);
+  CheckMatching(item.details, item);
+  CheckMatching(data, item);
+  const std::size_t brace = data.find('}');
+  if (IsBelowClasses(path) && brace != std::string::npos) {
+    CheckMatching(data.substr(0, brace + 1), KeyItem(key));
+  }
+}
+
+void RegistryScan::WalkKeys(RootKey root, const std::string& path, unsigned depth) {
+  if (depth >= kDeepest || pump_.closing()) return;
+  registry_.EnumKeys(root, path, [&](const std::string& name) {
+    if (!pump_.Next()) return false;
+    const std::string below = path.empty() ? name : path + "\\" + name;
+    ShowKey(root, below);
+    CheckMatching(FullPath(root, below), KeyItem(FullPath(root, below)));
+    WalkKeys(root, below, depth + 1);
+    ++progress_.scanned_keys;
+    return !pump_.closing();
+  });
+}
+
+// The first row of lstSearch that occurs in the examined text names the spy.
+void RegistryScan::CheckMatching(std::string_view examined, const Detection& item) {
+  const auto row = index_.FirstRowIn(examined);
+  if (!row || sink_.Contains(item.details)) return;
+  Detection found = item;
+  found.system = lists_.lstSearch[*row].sub1;
+  sink_.AddSpyToListView(found);
+}
+
+void RegistryScan::ShowKey(RootKey root, const std::string& path) {
+  progress_.lblScan = IsBelowClasses(path) && path.size() > sizeof kClassKey
+                          ? path.substr(sizeof kClassKey)
+                          : FullPath(root, path);
+}
+
+}  // namespace scourwell

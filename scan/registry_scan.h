@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+
+#include "definitions/list_loader.h"
+#include "platform/error_log.h"
+#include "platform/pump.h"
+#include "platform/registry.h"
+#include "scan/containment_index.h"
+#include "scan/detection.h"
+#include "scan/scan_progress.h"
+
+namespace scourwell {
+
+// Value data as it is compared with signatures: texts with every "\" doubled, "hex:" and the
+// bytes, "dword:" and the hexadecimal digits.
+std::string ComparableData(const RegValue& value);
+
+// The quick and the deep pass over fixed parts of the registry. The key rows of lstSearch and
+// the value rows of lstRegistry must stay unchanged as long as the scan lives.
+class RegistryScan {
+ public:
+  RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, DetectionSink& sink,
+               ScanProgress& progress, SignatureLists& lists, ListLoader& loader);
+
+  // Named keys, thirteen keys where spies settle, named values.
+  void QuickPass();
+  // Module usage, class identifiers, layered network providers.
+  void DeepPass();
+
+ private:
+  void CheckNamedKeys();
+  void CheckRegistryKType(const std::string& full_path, std::string_view spy);
+  void CheckNamedValues();
+  void WalkValues(RootKey root, const std::string& path);
+  void CheckValue(RootKey root, const std::string& path, const std::string& name,
+                  const RegValue& value);
+  void WalkKeys(RootKey root, const std::string& path, unsigned depth);
+  void CheckMatching(std::string_view examined, const Detection& item);
+  void ShowKey(RootKey root, const std::string& path);
+
+  Registry& registry_;
+  Pump& pump_;
+  ErrorLog& log_;
+  DetectionSink& sink_;
+  ScanProgress& progress_;
+  SignatureLists& lists_;
+  ListLoader& loader_;
+  ContainmentIndex index_;
+};
+
+}  // namespace scourwell

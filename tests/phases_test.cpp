@@ -1,0 +1,275 @@
+// The memory, registry and cookie phases on the fake machine.
+#include "scan/cookie_scan.h"
+#include "scan/matching.h"
+#include "scan/memory_scan.h"
+#include "scan/registry_scan.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr auto kCurrentUser = RootKey::CurrentUser;
+constexpr auto kLocalMachine = RootKey::LocalMachine;
+constexpr char kRun[] = "Software\\Microsoft\\Windows\\CurrentVersion\\run";
+
+struct Phases : Bench, private LoadProgress {
+  SystemFolders folders;
+  SignatureLists lists;
+  ScanProgress progress;
+  COpSysInfo os{m.system};
+  MemoryScan memory{{m.processes, m.system, m.pump, log, os, folders, sink, progress}};
+  Matching matching{m.files, log, folders, sink, memory};
+  ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
+  ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
+  Definitions definitions;
+
+  void Define() { m.File("C:\\App\\Ini\\update.ref", definitions.Text()); }
+  RegistryScan Registry() {
+    return RegistryScan(m.registry, m.pump, log, sink, progress, lists, loader);
+  }
+  std::string Cookies(bool all) {
+    sink.found.clear();
+    CookieScan(m.files, m.pump, log, sink, progress, lists.lstSearch)
+        .ScanCookie("C:\\Cookies\\", all);
+    return sink.lines();
+  }
+
+ private:
+  void Begin(int) override {}
+  void Advance() override {}
+  void End() override {}
+};
+
+// A Windows of which only the numbers count.
+VersionRecord Windows(std::uint32_t platform, std::uint32_t major, std::uint32_t minor) {
+  VersionRecord record;
+  record.platform = platform;
+  record.major = major;
+  record.minor = minor;
+  return record;
+}
+
+struct OnWindows98 : Phases {
+  OnWindows98() { os = COpSysInfo((m.system.record = Windows(1, 4, 10), m.system)); }
+};
+
+}  // namespace
+
+TEST_SUITE("containment_index") {
+  TEST_CASE("decides as a plain search of every row does") {
+    constexpr const char* kPieces[] = {"{A1", "-B2", "}", "RUN\\", "x", "Bar", "bar", ".", "tool"};
+    for (std::uint32_t seed = 1; seed <= 200; ++seed) {
+      Dice dice(seed);
+      SignatureList list;
+      const auto text = [&](std::size_t most) {
+        std::string result;
+        for (std::size_t i = 1 + dice.Below(most); i > 0; --i) result += dice.Pick(kPieces);
+        return result;
+      };
+      for (int i = 0; i < 30; ++i) FillListBoxRegistrySType(list, text(3), "spy");
+      const ContainmentIndex index(list, &SignatureRow::text);
+      for (int i = 0; i < 30; ++i) {
+        const std::string examined = text(8);
+        std::optional<std::uint32_t> expected;
+        for (std::uint32_t row = 0; row < list.size() && !expected; ++row) {
+          if (FindNoCase(examined, list[row].text) != std::string_view::npos) expected = row;
+        }
+        CAPTURE(seed);
+        CAPTURE(examined);
+        CHECK(index.FirstRowIn(examined) == expected);
+      }
+    }
+  }
+}
+
+TEST_SUITE("memory_scan") {
+  TEST_CASE("the NT family compares file names, ends on XP what it finds, and lists it once") {
+    Phases p;
+    p.folders.system = "C:\\WINDOWS\\system32";
+    p.folders.windows = "C:\\WINDOWS";
+    p.m.processes.running = {
+        {"C:\\a\\Spy.EXE", 7, 32},         {"C:\\b\\notspy.exe", 8, 32},
+        {"C:\\c\\spy.exe", 9, 32},         {"c:\\windows\\SYSTEM32\\svchost.exe", 10, 32},
+        {"C:\\temp\\svchost.exe", 11, 32}, {"C:\\d\\scourwell.exe", 4711, 32}};
+    p.definitions.Entry("MEMA", {"MEMAT", "MEMAF"}, {"Bad", "SPY.exe"})
+        .Entry("MEMA", {"MEMAT", "MEMAF"}, {"Host", "svchost.exe"})
+        .Entry("MEMA", {"MEMAT", "MEMAF"}, {"Us", "scourwell.exe"});
+    p.Define();
+    p.memory.ListProcesses();
+    CHECK(p.m.processes.asked == "status");
+    p.loader.Load(kUpdateMemoryList);
+    CHECK(p.sink.lines() ==
+          "Memory Process|Bad|C:\\a\\Spy.EXE\nMemory Process|Bad|C:\\c\\spy.exe\n"
+          "Memory Process|Host|c:\\windows\\SYSTEM32\\svchost.exe\n"
+          "Memory Process|Host|C:\\temp\\svchost.exe\nMemory Process|Us|C:\\d\\scourwell.exe\n");
+    CHECK(p.sink.found[0].icon == 9);
+    // The genuine one and Scourwell itself are refused, each with one record.
+    CHECK(Lines(p.m.system.journal) == "Terminate 7\nTerminate 9\nTerminate 11\n");
+    CHECK(p.m.Errors() ==
+          "Error Description: A process of Windows itself is not ended, Error Number: 70, "
+          "Method: KillProcessById, Process: c:\\windows\\SYSTEM32\\svchost.exe\n"
+          "Error Description: Scourwell does not end its own process, Error Number: 70, "
+          "Method: KillProcessById, Process: C:\\d\\scourwell.exe\n");
+  }
+
+  TEST_CASE("Windows 98 compares whole texts and only lists") {
+    OnWindows98 p;
+    p.m.processes.running = {{"C:\\A\\SPY.EXE", 7, 0}, {"SPY.EXE", 8, 0}};
+    p.memory.ListProcesses();
+    CHECK(p.m.processes.asked == "snapshot");
+    p.memory.MatchAll("Bad", "c:\\a\\spy.exe");
+    CHECK(p.sink.lines() == "Memory Process|Bad|C:\\A\\SPY.EXE\n");
+    CHECK(p.m.system.journal.empty());
+  }
+
+  TEST_CASE("a listing that breaks off is matched as far as it came; a stop ends it") {
+    Phases p;
+    p.m.processes.running = {{"C:\\a.exe", 7, 0}, {"C:\\b.exe", 8, 0}};
+    p.m.processes.error = kPermissionDenied;
+    p.memory.ListProcesses();
+    CHECK(p.memory.Tasklist().size() == 1);
+    CHECK(p.m.Errors() ==
+          "Error Description: Permission denied, Error Number: 70, Method: ShowRunningProcesses\n");
+    p.m.processes.error = 0;
+    p.m.pump.close_at = p.m.pump.yields + 2;
+    p.memory.ListProcesses();
+    CHECK(p.memory.Tasklist().size() == 1);
+    p.memory.MatchAll("Bad", "a.exe");
+    CHECK(p.sink.lines() == "");
+  }
+}
+
+TEST_SUITE("registry_scan") {
+  TEST_CASE("data is compared in the form of a registry export") {
+    CHECK(ComparableData({kRegText, std::string("C:\\x\0y", 6)}) == "C:\\\\x");
+    CHECK(ComparableData({kRegBinary, "\x01\xFE"}) == "hex:01 FE");
+    CHECK(ComparableData({kRegDword, std::string("\xFF\0\0\0", 4)}) == "dword:000000FF");
+    CHECK(ComparableData({kRegDword, "\x01"}) == "dword:00000001");
+  }
+
+  TEST_CASE("values are found by path, name and data, with all that the log needs") {
+    Phases p;
+    p.m.registry.Make(kCurrentUser, kRun)
+        .Value("Harmless", "notepad.exe")
+        .Value("SpyLoader", "C:\\x.exe")
+        .Value("Innocent", "C:\\Program Files\\BadBar\\b.exe");
+    FillListBoxRegistrySType(p.lists.lstSearch, "\\run\\spyloader", "Loader");
+    FillListBoxRegistrySType(p.lists.lstSearch, "\\\\badbar\\\\", "Bar");
+    FillListBoxRegistrySType(p.lists.lstSearch, "\\BadBar\\b", "Never: data has doubled \\");
+    p.Registry().QuickPass();
+    const std::string key = std::string("HKEY_CURRENT_USER\\") + kRun;
+    CHECK(p.sink.lines() == "Spy Registry Value|Loader|" + key +
+                                "\\SpyLoader\nSpy Registry Value|Bar|" + key + "\\Innocent\n");
+    REQUIRE(p.sink.found.size() == 2);
+    CHECK(p.sink.found[1].tool_tip == key);
+    CHECK(p.sink.found[1].tag == "C:\\Program Files\\BadBar\\b.exe");
+    CHECK(p.sink.found[1].icon == 5);
+  }
+
+  TEST_CASE("keys match with everything below them; the deep pass reads classes and providers") {
+    Phases p;
+    p.m.registry.Make(RootKey::ClassesRoot, "CLSID\\{BAD}\\InProcServer32");
+    p.m.registry.Make(RootKey::ClassesRoot, "CLSID\\{GOOD}");
+    p.m.registry.Make(kLocalMachine,
+                      "Software\\Microsoft\\Windows\\CurrentVersion\\moduleusage\\"
+                      "C:/Bad.dll");
+    FillListBoxRegistrySType(p.lists.lstSearch, "{bad}", "Class");
+    FillListBoxRegistrySType(p.lists.lstSearch,
+                             "HKEY_LOCAL_MACHINE\\SOFTWARE\\MICROSOFT\\WINDOWS\\CURRENTVERSION\\"
+                             "MODULEUSAGE\\C:/BAD.DLL",
+                             "Module");
+    std::string shown;
+    p.m.pump.on_yield = [&] { shown += p.progress.lblScan + "\n"; };
+    p.Registry().DeepPass();
+    CHECK(p.sink.lines() ==
+          "Spy Registry Key|Module|HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\"
+          "CurrentVersion\\moduleusage\\C:/Bad.dll\n"
+          "Spy Registry Key|Class|HKEY_CLASSES_ROOT\\CLSID\\{BAD}\n"
+          "Spy Registry Key|Class|HKEY_CLASSES_ROOT\\CLSID\\{BAD}\\InProcServer32\n");
+    CHECK(p.progress.scanned_keys == 4);
+    CHECK(shown.find("{BAD}\\InProcServer32\n") != std::string::npos);  // without "CLSID\"
+    CHECK(shown.find("\nCLSID\\{BAD}") == std::string::npos);
+    p.Registry().DeepPass();  // nothing is listed twice
+    CHECK(p.sink.found.size() == 3);
+  }
+
+  TEST_CASE("named keys and values of the definitions") {
+    Phases p;
+    p.m.registry.Make(kLocalMachine, "Software\\Spy").Value("Path", "x");
+    p.m.registry.Make(kLocalMachine, "Software\\Closed").Denied();
+    p.m.registry.Make(kCurrentUser, "Software\\Other").Value("Yes", "1", kRegText);
+    for (const char* path :
+         {"HKEY_LOCAL_MACHINE\\Software\\SPY", "HKEY_LOCAL_MACHINE\\Software\\No",
+          "HKEY_LOCAL_MACHINE", "HKEY_LOCAL_MACHINE\\", "Software\\Spy",
+          "HKEY_DYN_DATA\\Software\\Spy"}) {
+      p.definitions.Entry("REGK", {"REGKT", "REGKK"}, {"Key", path});
+    }
+    p.definitions.Entry("REGKO", {"REGKTO", "REGKKO"},
+                        {"Other", "HKEY_CURRENT_USER\\Software\\Other"});
+    p.definitions.Entry("REGV", {"REGVT", "REGVK", "REGVV"},
+                        {"Val", "HKEY_LOCAL_MACHINE\\Software\\Spy\\", "PATH"});
+    p.definitions.Entry("REGV", {"REGVT", "REGVK", "REGVV"},
+                        {"Val", "HKEY_LOCAL_MACHINE\\Software\\Spy\\", "Absent"});
+    p.Define();
+    p.loader.Load(kUpdateRegistrySVList);
+    p.Registry().QuickPass();
+    CHECK(p.sink.lines() ==
+          "Spy Registry Key|Key|HKEY_LOCAL_MACHINE\\Software\\SPY\n"
+          "Spy Registry Key|Other|HKEY_CURRENT_USER\\Software\\Other\n"
+          "Spy Registry Value|Val|HKEY_LOCAL_MACHINE\\SOFTWARE\\SPY\\PATH\n");
+    CHECK(p.sink.found[2].tag == "x");
+    CHECK(p.lists.lstRegKSearch.empty());
+  }
+
+  TEST_CASE("a stop at any item leaves every level at once") {
+    const auto plant = [](Phases& p) {
+      for (const char* key : {"CLSID\\a\\b\\c", "CLSID\\d", "CLSID\\e\\f"}) {
+        p.m.registry.Make(RootKey::ClassesRoot, key);
+      }
+    };
+    Phases whole;
+    plant(whole);
+    whole.Registry().DeepPass();
+    const std::size_t yields = whole.m.pump.yields;
+    for (std::size_t stop = 1; stop <= yields; ++stop) {
+      Phases p;
+      plant(p);
+      p.m.pump.close_at = stop;
+      p.Registry().DeepPass();
+      CHECK(p.m.pump.yields == stop);
+    }
+  }
+}
+
+TEST_SUITE("cookie_scan") {
+  TEST_CASE("known fragments name the cookie, the rest counts only when all are asked for") {
+    Phases p;
+    p.m.File("C:\\Cookies\\USER@SPYLOG[1].TXT");
+    p.m.File("C:\\Cookies\\user@news[1].txt");
+    p.m.File("C:\\Cookies\\user@spylog[1].dat");
+    p.m.File("C:\\Cookies\\index.dat").Hidden();
+    p.m.File("C:\\Cookies\\spylog hidden.txt").Hidden();
+    p.m.Folder("C:\\Cookies\\spylog.txt");
+    FillListBoxRegistrySType(p.lists.lstSearch, "NEWS", "not a cookie row");
+    FillListBox(p.lists.lstSearch, "Spy Cookie", "Log", "spylog");
+    FillListBox(p.lists.lstSearch, "Spy Cookie", "Second", "log");
+    CHECK(p.Cookies(false) == "Spy Cookie|Log|C:\\Cookies\\USER@SPYLOG[1].TXT\n");
+    CHECK(p.Cookies(true) ==
+          "Spy Cookie|Log|C:\\Cookies\\USER@SPYLOG[1].TXT\n"
+          "Spy Cookie|Other|C:\\Cookies\\user@news[1].txt\n");
+    CHECK(p.sink.found[0].icon == 3);
+  }
+
+  TEST_CASE("no folder, no cookies; a folder that refuses is recorded") {
+    Phases p;
+    CHECK(p.Cookies(true) == "");
+    CHECK(p.m.Errors() == "");
+    p.m.Folder("C:\\Cookies").Denied();
+    CHECK(p.Cookies(true) == "");
+    CHECK(p.m.Errors() ==
+          "Error Description: Permission denied, Error Number: 70, Method: ScanCookie, "
+          "Folder: C:\\Cookies\\\n");
+  }
+}
+
+}  // namespace scourwell::test
