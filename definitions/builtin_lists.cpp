@@ -2,17 +2,17 @@
 
 namespace scourwell {
 
-void BuiltInLists::AddBuiltIn(BuiltInStage stage, const MatchProcess& match) {
-  for (const BuiltInList* list : stage) AddBuiltIn(*list, match);
+void BuiltInLists::AddBuiltIn(BuiltInStage stage) {
+  for (const BuiltInList* list : stage) AddBuiltIn(*list);
 }
 
-void BuiltInLists::AddBuiltIn(const BuiltInList& list, const MatchProcess& match) {
+void BuiltInLists::AddBuiltIn(const BuiltInList& list) {
   static_cast<void>(log_.Trap(list.name, [&]() -> Outcome {
     std::size_t n = 0;
     try {
       for (; n < list.rows.size(); ++n) {
         if (!pump_.Next()) return {};
-        Deliver(list.rows[n], match);
+        Deliver(list.rows[n]);
       }
     } catch (const std::bad_alloc&) {
       return Outcome::Failed(kOutOfMemory).With("I: ", std::to_string(n));
@@ -21,7 +21,7 @@ void BuiltInLists::AddBuiltIn(const BuiltInList& list, const MatchProcess& match
   }));
 }
 
-void BuiltInLists::Deliver(const BuiltInRow& row, const MatchProcess& match) {
+void BuiltInLists::Deliver(const BuiltInRow& row) {
   switch (row.kind) {
     case BuiltInKind::SearchedFile:
       FillListBox(lists_.lstSearch, "Spy File", row.spy, row.text);
@@ -39,7 +39,7 @@ void BuiltInLists::Deliver(const BuiltInRow& row, const MatchProcess& match) {
       FillListBoxRegistryVType(lists_.lstRegistry, row.key, row.spy, row.text);
       return;
     case BuiltInKind::Process:
-      if (match) match(row.spy, row.text);
+      checks_.CheckProcess(row.spy, row.text);
       return;
     case BuiltInKind::DirectFile:
     case BuiltInKind::DirectFolder:

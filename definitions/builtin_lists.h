@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <span>
 #include <string>
 
@@ -91,19 +90,17 @@ inline constexpr const BuiltInList* kBuiltInRegistryStage[] = {
 // Hands the compiled-in definitions to the same places as the reference file's.
 class BuiltInLists {
  public:
-  using MatchProcess = std::function<void(const std::string& spy, const std::string& process)>;
-
   BuiltInLists(SignatureLists& lists, DirectChecks& checks, const SystemFolders& folders,
                Pump& pump, ErrorLog& log)
       : lists_(lists), checks_(checks), folders_(folders), pump_(pump), log_(log) {}
 
   // Ends at once when the closing flag is set; a list that fails does not keep the next from
-  // running. Only the memory stage needs `match`.
-  void AddBuiltIn(BuiltInStage stage, const MatchProcess& match = {});
-  void AddBuiltIn(const BuiltInList& list, const MatchProcess& match = {});
+  // running.
+  void AddBuiltIn(BuiltInStage stage);
+  void AddBuiltIn(const BuiltInList& list);
 
  private:
-  void Deliver(const BuiltInRow& row, const MatchProcess& match);
+  void Deliver(const BuiltInRow& row);
 
   SignatureLists& lists_;
   DirectChecks& checks_;

@@ -42,7 +42,8 @@ void ScanLog::CreateDriveScanLogFile() {
 std::string ScanLog::FileLines(const Detection& detection) {
   const FileFacts facts = FactsOf(detection.details, "CreateDriveScanLogFile");
   return "\tFileSize :" + facts.size + " kb\r\n\tLast accessed  :" + facts.accessed +
-         "\r\n\tBuild :" + facts.build + "\r\n\tOS :-" + facts.system + "\r\n\r\n";
+         "\r\n\tBuild :" + facts.build + "\r\n\tOS :-" + facts.system + "\r\n" +
+         ExtraLines(detection.details, "\t") + "\r\n";
 }
 
 ScanLog::FileFacts ScanLog::FactsOf(const std::string& path, const char* method) {

@@ -5,6 +5,7 @@
 
 #include "platform/captions.h"
 #include "platform/error_log.h"
+#include "platform/file_version.h"
 #include "platform/op_sys_info.h"
 #include "platform/processes.h"
 #include "platform/system_folders.h"
@@ -28,6 +29,7 @@ class ScanLog {
     Files& files;
     Clock& clock;
     Versions& versions;
+    FileVersion& file_version;
     ErrorLog& log;
     const Captions& captions;
     AppSettings& settings;
@@ -57,6 +59,8 @@ class ScanLog {
   };
   FileFacts FactsOf(const std::string& path, const char* method);
   std::string FileLines(const Detection& detection);
+  // Further lines with ExtraLogInfo; empty without it.
+  std::string ExtraLines(const std::string& path, const std::string& indent);
   std::string ProcessLines(const ProcessEntry& process, std::size_t indent);
   Outcome Append(std::string_view text);
 

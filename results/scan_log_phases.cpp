@@ -54,7 +54,31 @@ std::string ScanLog::ProcessLines(const ProcessEntry& process, std::size_t inden
   lines.Add(blanks + "Last accessed  :" + facts.accessed);
   lines.Add(blanks + "Build :" + facts.build);
   lines.Add(blanks + "OS :-" + facts.system);
-  return lines.text() + "\r\n";
+  const auto texts = parts_.file_version.GetVerHeader(process.path);
+  lines.Add(blanks + "Description :" + texts[kFileDescription]);
+  lines.Add(blanks + "Version  :" + texts[kFileVersion]);
+  lines.Add(blanks + "Product Name:" + texts[kProductName]);
+  if (parts_.settings.ExtraLogInfo) {
+    lines.Add(blanks + "Process identifier :" + std::to_string(process.id));
+  }
+  return lines.text() + ExtraLines(process.path, blanks) + "\r\n";
+}
+
+std::string ScanLog::ExtraLines(const std::string& path, const std::string& indent) {
+  if (!parts_.settings.ExtraLogInfo) return {};
+  const auto texts = parts_.file_version.GetVerHeader(path);
+  FixedFileInfo info;
+  const bool fixed = parts_.versions.ReadFixed(path, &info).ok();
+  Lines lines;
+  lines.Add(indent + "File version :" + texts[kFileVersion]);
+  lines.Add(indent + "Product version :" + texts[kProductVersion]);
+  lines.Add(indent + "Company :" + texts[kCompanyName]);
+  lines.Add(indent + "File description :" + texts[kFileDescription]);
+  lines.Add(indent + "Internal name :" + texts[kInternalName]);
+  lines.Add(indent + "Original name :" + texts[kOriginalFileName]);
+  lines.Add(indent + "Flags :" + (fixed ? FileFlagsText(info.flags) : ""));
+  lines.Add(indent + "Type :" + (fixed ? FileTypeText(info.type) : ""));
+  return lines.text();
 }
 
 void ScanLog::CreateCookieScanLogFile() {

@@ -161,6 +161,7 @@ void DriveScan::EnterSubfolder(std::vector<Level>* levels) {
 
 // Row order first, then listing order, as if every row had been listed on its own.
 void DriveScan::subFileSearch(const Level& level, std::vector<Match>* matches) {
+  if (advanced_) advanced_->searchFilesAdvanced(level.path, level.reachable);
   ++progress_.lblFScan;
   std::stable_sort(matches->begin(), matches->end(),
                    [](const Match& a, const Match& b) { return a.row < b.row; });

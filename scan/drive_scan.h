@@ -8,6 +8,7 @@
 #include "platform/error_log.h"
 #include "platform/files.h"
 #include "platform/pump.h"
+#include "scan/advanced_scan.h"
 #include "scan/detection.h"
 #include "scan/scan_progress.h"
 #include "scan/scan_scope.h"
@@ -21,6 +22,9 @@ class DriveScan {
  public:
   DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& captions, DetectionSink& sink,
             ScanProgress& progress, const SignatureList& list);
+
+  // Files of every folder are examined as well, before its rows are searched.
+  void Examine(AdvancedScan* advanced) { advanced_ = advanced; }
 
   // Walks the ticked drives that are ready, in tree order.
   void ScanDrives(const ScanScope& scope);
@@ -71,6 +75,7 @@ class DriveScan {
   DetectionSink& sink_;
   ScanProgress& progress_;
   SignatureIndex index_;
+  AdvancedScan* advanced_ = nullptr;
 };
 
 }  // namespace scourwell

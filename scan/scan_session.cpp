@@ -7,20 +7,49 @@
 namespace scourwell {
 namespace {
 
+// What one pass of a category adds: the compiled-in lists, then the file's.
+struct Stage {
+  BuiltInStage built_in;
+  const Loader* loader;
+};
+
 // The categories of a drive pass, in their fixed order.
 struct Category {
   bool AppSettings::*setting;
-  const Loader* folders;
-  const Loader* files;
+  Stage folders;
+  Stage files;
 };
 
 constexpr Category kCategories[] = {
-    {&AppSettings::Trojans, &kUpdateTrojanList, &kUpdateTrojanList},
-    {&AppSettings::Dialers, &kUpdateDialersFolderList, &kUpdateDialersFileList},
-    {&AppSettings::BHO, &kUpdateHijackersFolderList, &kUpdateHijackersFileList},
-    {&AppSettings::KeyLoggers, &kUpdateKeyLoggersFolderList, &kUpdateKeyLoggersFileList},
-    {&AppSettings::SpywareAdware, &kUpdateSpyFolderList, &kUpdateSpyFileList},
+    {&AppSettings::Trojans,
+     {kBuiltInTrojanFolderStage, &kUpdateTrojanList},
+     {kBuiltInTrojanFileStage, &kUpdateTrojanList}},
+    {&AppSettings::Dialers,
+     {kBuiltInDialerFolderStage, &kUpdateDialersFolderList},
+     {kBuiltInDialerFileStage, &kUpdateDialersFileList}},
+    {&AppSettings::BHO,
+     {kBuiltInHijackerFolderStage, &kUpdateHijackersFolderList},
+     {kBuiltInHijackerFileStage, &kUpdateHijackersFileList}},
+    {&AppSettings::KeyLoggers,
+     {kBuiltInKeyLoggerFolderStage, &kUpdateKeyLoggersFolderList},
+     {kBuiltInKeyLoggerFileStage, &kUpdateKeyLoggersFileList}},
+    {&AppSettings::SpywareAdware,
+     {kBuiltInSpyFolderStage, &kUpdateSpyFolderList},
+     {kBuiltInSpyFileStage, &kUpdateSpyFileList}},
 };
+
+// The lists of version texts and checksums.
+constexpr const Loader* kAdvancedLoaders[] = {
+    &kUpdateSearchByCompanyList, &kUpdateSearchByOriginalFileName, &kUpdateSearchByInternalFileName,
+    &kUpdateSearchByProductName, &kUpdateSearchByFileDescription,  &kUpdateSearchByFileChecSum,
+};
+
+// A row that the file withdraws must not come from the compiled-in lists either.
+void LoadStage(const ScanSession::Parts& parts, const Stage& stage) {
+  parts.built_in.AddBuiltIn(stage.built_in);
+  parts.loader.removeFromList();
+  parts.loader.Load(*stage.loader);
+}
 
 }  // namespace
 
@@ -66,6 +95,7 @@ void ScanSession::ScanMemory() {
   static_cast<void>(parts_.log.Trap("ScanMemory", [&] {
     parts_.progress.lblScanOption = parts_.captions.Text(1902);
     parts_.memory.ListProcesses();
+    parts_.built_in.AddBuiltIn(kBuiltInMemoryStage);
     parts_.loader.Load(kUpdateMemoryList);
     if (!parts_.pump.closing()) parts_.report.CreateMemoryLogFile(parts_.memory.Tasklist());
   }));
@@ -80,6 +110,7 @@ void ScanSession::ScanRegistry(const ScanScope& scope) {
   }
   static_cast<void>(parts_.log.Trap("ScanRegistry", [&] {
     parts_.lists.lstRegistry.Clear();
+    parts_.built_in.AddBuiltIn(kBuiltInRegistryStage);
     parts_.loader.Load(kUpdateRegistrySVList);
     RegistryScan scan(parts_.registry, parts_.pump, parts_.log, parts_.sink, parts_.progress,
                       parts_.lists, parts_.loader);
@@ -98,6 +129,7 @@ void ScanSession::ScanRegistry(const ScanScope& scope) {
 void ScanSession::ScanCookies() {
   static_cast<void>(parts_.log.Trap("ScanCookies", [&] {
     parts_.progress.lblScanOption = parts_.captions.Text(1907);
+    parts_.built_in.AddBuiltIn(kBuiltInCookieStage);
     parts_.loader.Load(kUpdateCookieList);
     CookieScan(parts_.files, parts_.pump, parts_.log, parts_.sink, parts_.progress,
                parts_.lists.lstSearch)
@@ -150,6 +182,8 @@ void ScanSession::BothPasses(Walk&& walk) {
   if (parts_.pump.closing()) return;
   DriveScan files(parts_.files, parts_.pump, parts_.log, parts_.captions, parts_.sink,
                   parts_.progress, parts_.lists.lstSearch);
+  AdvancedScan advanced = MakeAdvancedScan();
+  if (parts_.settings.AdvancedScanning) files.Examine(&advanced);
   walk(files);
 }
 
@@ -162,18 +196,22 @@ void ScanSession::StartPass(int caption) {
 
 void ScanSession::ScanDrivesForAllFolders() {
   for (const Category& category : kCategories) {
-    if (!(parts_.settings.*category.setting)) continue;
-    parts_.loader.removeFromList();
-    parts_.loader.Load(*category.folders);
+    if (parts_.settings.*category.setting) LoadStage(parts_, category.folders);
   }
 }
 
 void ScanSession::ScanDrivesForAllFiles() {
   for (const Category& category : kCategories) {
-    if (!(parts_.settings.*category.setting)) continue;
-    parts_.loader.removeFromList();
-    parts_.loader.Load(*category.files);
+    if (parts_.settings.*category.setting) LoadStage(parts_, category.files);
   }
+  if (!parts_.settings.AdvancedScanning) return;
+  for (const Loader* loader : kAdvancedLoaders) parts_.loader.Load(*loader);
+}
+
+AdvancedScan ScanSession::MakeAdvancedScan() const {
+  return AdvancedScan({parts_.files, parts_.versions, parts_.shell, parts_.pump, parts_.log,
+                       parts_.captions, parts_.sink, parts_.progress, parts_.lists,
+                       parts_.folders});
 }
 
 void ScanSession::ClearLists() {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "definitions/builtin_lists.h"
 #include "definitions/list_loader.h"
 #include "platform/app_settings.h"
 #include "platform/registry.h"
@@ -25,8 +26,11 @@ class ScanSession {
     const Captions& captions;
     const AppSettings& settings;
     SignatureLists& lists;
+    BuiltInLists& built_in;
     ListLoader& loader;
     MemoryScan& memory;
+    Versions& versions;
+    const SystemFolders& folders;
     DetectionSink& sink;
     ScanReport& report;
     ScanProgress& progress;
@@ -51,6 +55,7 @@ class ScanSession {
   void ScanDrivesForAll(const ScanScope& scope);
   void ScanDrivesForAllFolders();
   void ScanDrivesForAllFiles();
+  AdvancedScan MakeAdvancedScan() const;
   template <class Walk>
   void BothPasses(Walk&& walk);
   void StartPass(int caption);

@@ -92,6 +92,7 @@ class Application : private ScanReport, private LoadProgress {
   SettingsStore store_;
   Settings settings_store_;
   Statistics statistics_;
+  FileVersion file_version_;
   IgnoreList ignore_;
   HitList hits_;
   ScanLog scan_log_;
@@ -101,6 +102,7 @@ class Application : private ScanReport, private LoadProgress {
   SignatureLists lists_;
   MemoryScan memory_;
   Matching matching_;
+  BuiltInLists built_in_;
   ListLoader loader_;
   ScanSession session_;
   bool scanning_ = false;

@@ -17,6 +17,8 @@ struct Advanced : Bench {
   SignatureLists lists;
   SystemFolders folders;
   ScanProgress progress;
+  AdvancedScan::Parts parts{m.files,  m.versions, m.shell,  m.pump, log,
+                            captions, sink,       progress, lists,  folders};
 
   void Row(SignatureList& list, std::string_view spy, std::string_view value) {
     FillListBox(list, "Spy X File", spy, value);
@@ -37,15 +39,11 @@ struct Advanced : Bench {
     m.File(path);
     m.shell.shortcuts[path] = target;
   }
-  AdvancedScan Pass() {
-    return AdvancedScan(
-        {m.files, m.versions, m.shell, m.pump, log, captions, sink, progress, lists, folders});
-  }
-  std::string Scan(const std::string& folder = "C:\\Evil") {
+  std::string Scan(const std::string& folder = "C:\\Evil", const std::string& reachable = {}) {
     sink.found.clear();
     m.versions.journal.clear();
     m.files.journal.clear();
-    Pass().searchFilesAdvanced(folder, folder);
+    AdvancedScan(parts).searchFilesAdvanced(folder, reachable.empty() ? folder : reachable);
     return sink.lines();
   }
 };
@@ -60,31 +58,26 @@ TEST_SUITE("advanced_scan") {
       const char* value;
       bool found;
     };
-    constexpr auto kCW = &SignatureLists::lstCWSearch;
-    constexpr auto kCE = &SignatureLists::lstCESearch;
-    constexpr auto kOFN = &SignatureLists::lstOFNSearch;
-    constexpr auto kIFN = &SignatureLists::lstIFNSearch;
-    constexpr auto kPN = &SignatureLists::lstPNSearch;
-    constexpr auto kFD = &SignatureLists::lstFDSearch;
-    for (const Row& row : {Row{kCW, "CompanyName", "the Bad Guys, inc.", true},
-                           {kCW, "CompanyName", " bad guys ", true},
-                           {kCW, "CompanyName", "Bad  Guys", false},
-                           {kCW, "CompanyName", "Bad", false},
-                           {kCW, "ProductName", "Bad Guys", false},
-                           {kCE, "CompanyName", "  BAD guys ", true},
-                           {kCE, "CompanyName", "the Bad Guys", false},
-                           {kCE, "ProductName", "Bad Guys", false},
-                           {kOFN, "OriginalFilename", "bad guys", true},
-                           {kOFN, "OriginalFilename", "bad guys 2", false},
-                           {kOFN, "InternalName", "bad guys", false},
-                           {kIFN, "InternalName", "Bad Guys", true},
-                           {kIFN, "OriginalFilename", "Bad Guys", false},
-                           {kPN, "ProductName", "Bad Guys", true},
-                           {kPN, "ProductName", "a Bad Guys", false},
-                           {kPN, "FileDescription", "Bad Guys", false},
-                           {kFD, "FileDescription", "Bad Guys", true},
-                           {kFD, "FileDescription", "Bad Guys b", false},
-                           {kFD, "ProductName", "Bad Guys", false}}) {
+    using L = SignatureLists;
+    for (const Row& row : {Row{&L::lstCWSearch, "CompanyName", "the Bad Guys, inc.", true},
+                           {&L::lstCWSearch, "CompanyName", " bad guys ", true},
+                           {&L::lstCWSearch, "CompanyName", "Bad  Guys", false},
+                           {&L::lstCWSearch, "CompanyName", "Bad", false},
+                           {&L::lstCWSearch, "ProductName", "Bad Guys", false},
+                           {&L::lstCESearch, "CompanyName", "  BAD guys ", true},
+                           {&L::lstCESearch, "CompanyName", "the Bad Guys", false},
+                           {&L::lstCESearch, "ProductName", "Bad Guys", false},
+                           {&L::lstOFNSearch, "OriginalFilename", "bad guys", true},
+                           {&L::lstOFNSearch, "OriginalFilename", "bad guys 2", false},
+                           {&L::lstOFNSearch, "InternalName", "bad guys", false},
+                           {&L::lstIFNSearch, "InternalName", "Bad Guys", true},
+                           {&L::lstIFNSearch, "OriginalFilename", "Bad Guys", false},
+                           {&L::lstPNSearch, "ProductName", "Bad Guys", true},
+                           {&L::lstPNSearch, "ProductName", "a Bad Guys", false},
+                           {&L::lstPNSearch, "FileDescription", "Bad Guys", false},
+                           {&L::lstFDSearch, "FileDescription", "Bad Guys", true},
+                           {&L::lstFDSearch, "FileDescription", "Bad Guys b", false},
+                           {&L::lstFDSearch, "ProductName", "Bad Guys", false}}) {
       Advanced a;
       a.Row(a.lists.*row.list, "other", "something else");
       a.Row(a.lists.*row.list, "spy", " bad Guys ");
@@ -92,8 +85,7 @@ TEST_SUITE("advanced_scan") {
       VersionBlock block;
       if (row.field != std::string("CompanyName")) block.Text("CompanyName", "unknown");
       a.Program(kExe, block.Text(row.field, row.value));
-      CAPTURE(std::string(row.field));
-      CAPTURE(std::string(row.value));
+      CAPTURE(row.field + std::string(": ") + row.value);
       CHECK(a.Scan() == (row.found ? "Spy File|spy|C:\\Evil\\x.exe\n" : ""));
       CHECK(a.m.Errors() == "");
     }
@@ -219,8 +211,7 @@ TEST_SUITE("advanced_scan") {
       a.m.Folder("C:\\Far\\folder.exe");
       a.Shortcut(std::string("C:\\Evil\\") + row.link, row.target);
       const std::string found = row.found;
-      CAPTURE(std::string(row.link));
-      CAPTURE(std::string(row.target));
+      CAPTURE(row.link + std::string(" to ") + row.target);
       CHECK(a.Scan() == (found.empty() ? "" : "Spy File|spy|" + found + "\n"));
       CHECK(a.m.Errors() == "");
     }
@@ -235,7 +226,7 @@ TEST_SUITE("advanced_scan") {
     a.Shortcut("C:\\Other\\3.lnk", "C:\\Evil\\Long program.exe");
     a.Shortcut("C:\\Other\\4.lnk", "C:\\Far\\x.exe");
     a.Program("C:\\Far\\x.exe");
-    AdvancedScan pass = a.Pass();
+    AdvancedScan pass(a.parts);
     for (const char* folder : {"C:\\Evil", "C:\\Other", "C:\\Far", "C:\\Evil"}) {
       pass.searchFilesAdvanced(folder, folder);
     }
@@ -257,11 +248,9 @@ TEST_SUITE("advanced_scan") {
     a.Company(by_short);
     CHECK(a.Scan(deep) == "Spy File|spy|" + by_short + "\n");
 
-    a.sink.found.clear();
     a.m.File("C:\\Long folder\\x.exe");
     a.Company("C:\\LONGFO~1\\x.exe");
-    a.Pass().searchFilesAdvanced("C:\\Long folder", "C:\\LONGFO~1");
-    CHECK(a.sink.lines() == "Spy File|spy|C:\\Long folder\\x.exe\n");
+    CHECK(a.Scan("C:\\Long folder", "C:\\LONGFO~1") == "Spy File|spy|C:\\Long folder\\x.exe\n");
   }
 
   TEST_CASE("every entry shows and yields, and a stop ends the search") {

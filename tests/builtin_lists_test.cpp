@@ -36,11 +36,7 @@ struct Delivery : Bench, private DirectChecks {
   std::string refuses;  // a direct path whose check fails
   BuiltInLists built_in{lists, *this, folders, m.pump, log};
 
-  void Add(const BuiltInList& list) {
-    built_in.AddBuiltIn(list, [&](const std::string& spy, const std::string& process) {
-      direct += "process|" + spy + "|" + process + "\n";
-    });
-  }
+  void Add(const BuiltInList& list) { built_in.AddBuiltIn(list); }
   // At most one of the lists is filled by a kind of row, except by kBuiltInRegistry.
   std::string All() const { return Rows(lists.lstRegistry) + Rows(lists.lstSearch) + direct; }
 
@@ -61,6 +57,9 @@ struct Delivery : Bench, private DirectChecks {
   void CheckFolder(const std::string& spy, const std::string& path) override {
     direct += "folder|" + spy + "|" + path + "\n";
   }
+  void CheckProcess(const std::string& spy, const std::string& process) override {
+    direct += "process|" + spy + "|" + process + "\n";
+  }
 };
 
 // The direct rows of all lists on a machine that lacks what `change` takes away.
@@ -68,7 +67,7 @@ template <class Change>
 std::string DirectRows(Change&& change) {
   Delivery d;
   change(d.folders);
-  for (const Source& source : kSources) d.built_in.AddBuiltIn(*source.list);
+  for (const Source& source : kSources) d.Add(*source.list);
   return d.direct;
 }
 
@@ -186,7 +185,10 @@ TEST_SUITE("builtin_lists") {
     folders.windows = "C:\\WINDOWS";
     folders.temporary = "C:\\Temp";
     SignatureLists lists;
-    Matching matching(b.m.files, b.log, folders, b.sink);
+    ScanProgress progress;
+    const COpSysInfo os(b.m.system);
+    MemoryScan memory({b.m.processes, b.m.system, b.m.pump, b.log, os, folders, b.sink, progress});
+    Matching matching(b.m.files, b.log, folders, b.sink, memory);
     BuiltInLists built_in(lists, matching, folders, b.m.pump, b.log);
     b.m.Folder("C:\\WINDOWS\\wt");
     b.m.File("C:\\WINDOWS\\DownloadPlus.exe");
@@ -205,9 +207,7 @@ TEST_SUITE("builtin_lists") {
       for (const std::size_t at : {std::size_t{1}, first, first + 1}) {
         Delivery d;
         d.m.pump.close_at = at;
-        d.built_in.AddBuiltIn(stage, [&](const std::string& spy, const std::string& process) {
-          d.direct += "process|" + spy + "|" + process + "\n";
-        });
+        d.built_in.AddBuiltIn(stage);
         const bool through = at > first && stage.size() == 1;
         CHECK(d.m.pump.yields == (through ? first : at));
         CHECK(Split(d.All(), '\n').size() - 1 == at - 1);

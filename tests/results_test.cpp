@@ -31,8 +31,18 @@ struct Logging : Results {
   }
   COpSysInfo os{m.system};
   SystemFolders folders;
-  ScanLog scan_log{
-      {m.files, m.clock, m.versions, log, captions, settings, hits, os, folders, {1, 2, 3}}};
+  FileVersion file_version{m.files, m.versions, captions, log};
+  ScanLog scan_log{{m.files,
+                    m.clock,
+                    m.versions,
+                    file_version,
+                    log,
+                    captions,
+                    settings,
+                    hits,
+                    os,
+                    folders,
+                    {1, 2, 3}}};
 };
 
 }  // namespace
