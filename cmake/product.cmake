@@ -4,7 +4,7 @@ target_include_directories(Scourwell PRIVATE ${PROJECT_BINARY_DIR}/generated)
 target_link_libraries(Scourwell PRIVATE
   scourwell_windows scourwell_win scourwell_core comctl32 comdlg32 gdi32)
 file(GLOB resources CONFIGURE_DEPENDS art/*.ico art/*.bmp)
-list(APPEND resources ${PROJECT_SOURCE_DIR}/shell/app.manifest ${PROJECT_SOURCE_DIR}/shell/resource.h)
+list(APPEND resources ${PROJECT_SOURCE_DIR}/shell/app.manifest ${PROJECT_SOURCE_DIR}/widgets/resource.h)
 set_source_files_properties(shell/app.rc PROPERTIES
   COMPILE_DEFINITIONS
     "SW_MAJOR=${PROJECT_VERSION_MAJOR};SW_MINOR=${PROJECT_VERSION_MINOR};SW_REVISION=${PROJECT_VERSION_PATCH}"

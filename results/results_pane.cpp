@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
-#include "shell/resource.h"
 #include "widgets/image_list.h"
 #include "widgets/layout.h"
 #include "widgets/path_cell.h"
+#include "widgets/resource.h"
 
 namespace scourwell {
 namespace {

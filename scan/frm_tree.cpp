@@ -1,8 +1,8 @@
 #include "scan/frm_tree.h"
 
-#include "shell/resource.h"
 #include "widgets/image_list.h"
 #include "widgets/layout.h"
+#include "widgets/resource.h"
 
 namespace scourwell {
 namespace {

@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "platform/text.h"
-#include "shell/resource.h"
+#include "scan/detection.h"
 #include "widgets/image_list.h"
+#include "widgets/resource.h"
 
 namespace scourwell {
 namespace {
@@ -33,11 +34,11 @@ constexpr int kPicture = 16;
 
 }  // namespace
 
-ProgressPane::ProgressPane(const WindowEnv& env, const ScanProgress& progress, const HitList& hits,
-                           Clock& clock)
+ProgressPane::ProgressPane(const WindowEnv& env, const ScanProgress& progress,
+                           const HitCounters& found, Clock& clock)
     : Pane(env, "ScourwellProgress"),
       progress_(progress),
-      hits_(hits),
+      found_(found),
       clock_(clock),
       header_(env, HeaderPane::Size::Small,
               {IDC_lblScanHeading, IDC_lblScanStatus, IDC_lblElapsed}),
@@ -224,9 +225,9 @@ void ProgressPane::RefreshBars() {
 void ProgressPane::RefreshSummary() {
   for (int i = 0; i < kRows; ++i) {
     rows_[i].scanned.SetText(std::to_string(progress_.*kSummary[i].scanned));
-    rows_[i].infected.SetText(std::to_string(hits_.counters().*kSummary[i].infected));
+    rows_[i].infected.SetText(std::to_string(found_.*kSummary[i].infected));
   }
-  lblDetected_.SetText(std::to_string(hits_.counters().Total()));
+  lblDetected_.SetText(std::to_string(found_.Total()));
 }
 
 std::string ProgressPane::Elapsed() const {

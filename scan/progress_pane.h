@@ -3,7 +3,7 @@
 #include <array>
 
 #include "platform/clock.h"
-#include "results/hit_list.h"
+#include "scan/hit_counters.h"
 #include "scan/scan_progress.h"
 #include "widgets/activity_bar.h"
 #include "widgets/button.h"
@@ -19,7 +19,7 @@ namespace scourwell {
 // SpyStatusFrame: how far the scan has got. Mirrors ScanProgress and the counters of the hits.
 class ProgressPane : public Pane {
  public:
-  ProgressPane(const WindowEnv& env, const ScanProgress& progress, const HitList& hits,
+  ProgressPane(const WindowEnv& env, const ScanProgress& progress, const HitCounters& found,
                Clock& clock);
 
   void ScanBegan();
@@ -54,7 +54,7 @@ class ProgressPane : public Pane {
   int NumberWidth() const;
 
   const ScanProgress& progress_;
-  const HitList& hits_;
+  const HitCounters& found_;
   Clock& clock_;
 
   HeaderPane header_;

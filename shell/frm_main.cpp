@@ -4,10 +4,10 @@
 
 #include "platform/file_utils.h"
 #include "shell/frm_splash.h"
-#include "shell/resource.h"
 #include "widgets/folder_dialog.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
+#include "widgets/resource.h"
 
 namespace scourwell {
 namespace {

@@ -1,6 +1,6 @@
 #include "shell/frm_main_menu.h"
 
-#include "shell/resource.h"
+#include "widgets/resource.h"
 
 namespace scourwell {
 namespace {

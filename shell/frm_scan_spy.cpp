@@ -1,9 +1,9 @@
 #include "shell/frm_scan_spy.h"
 
 #include "platform/file_utils.h"
-#include "shell/resource.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
+#include "widgets/resource.h"
 
 namespace scourwell {
 namespace {
@@ -20,7 +20,7 @@ frmScanSpy::frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, s
       app_(app),
       host_(host),
       path_(std::move(path)),
-      SpyStatusFrame_(env, app.progress(), app.hits(), app.ports().clock),
+      SpyStatusFrame_(env, app.progress(), app.hits().counters(), app.ports().clock),
       SpyFrame_(env, app.hits(), app.ports().shell) {}
 
 void frmScanSpy::OnCreate() {

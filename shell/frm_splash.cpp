@@ -1,7 +1,7 @@
 #include "shell/frm_splash.h"
 
-#include "shell/resource.h"
 #include "widgets/layout.h"
+#include "widgets/resource.h"
 
 namespace scourwell {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "shell/resource.h"
 #include "widgets/layout.h"
+#include "widgets/resource.h"
 
 namespace scourwell {
 

@@ -1,6 +1,6 @@
 #include "widgets/picture.h"
 
-#include "shell/resource.h"
+#include "widgets/resource.h"
 
 namespace scourwell {
 

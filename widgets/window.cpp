@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "shell/resource.h"
 #include "widgets/live_label.h"
+#include "widgets/resource.h"
 
 namespace scourwell {
 namespace {

@@ -160,7 +160,7 @@ Outcome ShellWin::ShortcutTarget(const std::string& link, std::string* target) {
   }
   return HRESULT_FACILITY(result) == FACILITY_WIN32
              ? FailedWith(static_cast<DWORD>(HRESULT_CODE(result)))
-             : Outcome::Failed(result);
+             : Outcome::Failed(kPathFileAccess, "The shortcut cannot be read");
 }
 
 void ShellWin::Message(const std::string& text, const std::string& title) {

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "shell/resource.h"
 #include "tests/helpers.h"
 #include "tests/win/driver.h"
+#include "widgets/resource.h"
 
 namespace scourwell::ui {
 
