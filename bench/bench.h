@@ -58,8 +58,28 @@ class GapPump : public Pump {
   double longest_ = 0;
 };
 
+// Seven rounds of both, in turn; prints them as one line. Our work yields to the pump.
+template <class Bare, class Ours>
+void Compare(const char* what, GapPump& pump, Bare&& bare_work, Ours&& our_work) {
+  Figures bare, ours, ratio;
+  double gap = 0;
+  bare_work();
+  for (int i = 0; i < 7; ++i) {
+    bare.values.push_back(Measure(bare_work));
+    pump.Restart();
+    ours.values.push_back(Measure(our_work));
+    gap = std::max(gap, pump.longest());
+    ratio.values.push_back(ours.values.back() / bare.values.back());
+  }
+  std::printf(
+      "%-34s bare %6.1f ms, ours %6.1f ms, ratio %.2f (%.2f to %.2f), longest time "
+      "between yields %.1f ms\n",
+      what, bare.Median(), ours.Median(), ratio.Median(), ratio.Min(), ratio.Max(), gap);
+}
+
 void BenchPasses(const char* tree);
 void BenchPhases(const char* cookies, const char* scratch_folder);
+void BenchReading(const char* scratch_folder);
 void BenchLoading(const char* scratch_folder);
 void PrintMemory(const char* after);
 

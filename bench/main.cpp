@@ -27,5 +27,6 @@ int main(int count, char** words) {
   BenchLoading(words[2]);
   PrintMemory("loading");
   BenchPhases(words[3], words[2]);
+  BenchReading(words[2]);
   return 0;
 }

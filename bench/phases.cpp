@@ -15,7 +15,6 @@
 namespace scourwell::bench {
 namespace {
 
-constexpr int kRounds = 7;
 constexpr int kClasses = 20000;
 constexpr int kSignatures = 10000;
 constexpr int kProcesses = 300;
@@ -83,28 +82,6 @@ void BareCookies(const char* folder) {
   while (FindNextFileA(find, &data)) {
   }
   FindClose(find);
-}
-
-void Print(const char* what, Figures& bare, Figures& ours, Figures& ratio, double gap) {
-  std::printf(
-      "%-34s bare %6.1f ms, ours %6.1f ms, ratio %.2f (%.2f to %.2f), longest time "
-      "between yields %.1f ms\n",
-      what, bare.Median(), ours.Median(), ratio.Median(), ratio.Min(), ratio.Max(), gap);
-}
-
-template <class Bare, class Ours>
-void Compare(const char* what, GapPump& pump, Bare&& bare_work, Ours&& our_work) {
-  Figures bare, ours, ratio;
-  double gap = 0;
-  bare_work();
-  for (int i = 0; i < kRounds; ++i) {
-    bare.values.push_back(Measure(bare_work));
-    pump.Restart();
-    ours.values.push_back(Measure(our_work));
-    gap = std::max(gap, pump.longest());
-    ratio.values.push_back(ours.values.back() / bare.values.back());
-  }
-  Print(what, bare, ours, ratio, gap);
 }
 
 }  // namespace

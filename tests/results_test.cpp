@@ -1,6 +1,7 @@
 #include "backup/ignore_list.h"
 #include "results/hit_list.h"
 #include "results/scan_log.h"
+#include "tests/fake/version_block.h"
 #include "tests/support.h"
 
 namespace scourwell::test {
@@ -43,7 +44,33 @@ struct Logging : Results {
                     os,
                     folders,
                     {1, 2, 3}}};
+
+  std::string Text() { return m.Content("D:\\Logs\\ScanLog.txt"); }
+  // A file of 1.5 KB, last read on 3/4/2004, that says this of itself.
+  void Program(const std::string& path, const VersionBlock& block) {
+    m.File(path, std::string(1536, 'x')).Times(0, 127'229'183'980'000'000);
+    m.versions.blocks[path] = block.Make();
+  }
 };
+
+// The first lines of the memory section and, with the number it ends with, its last.
+const std::string kMemoryBegin = "3/5/2004 12:00:00 PM <1825>\r\n" + std::string(49, '=') +
+                                 "\r\n<1826>\r\n====================\r\n<1827>\r\n\r\n";
+std::string MemoryEnd(const std::string& count) {
+  return "<1828>\r\n<1829>" + count + "\r\n<1830>\r\n<1831>\r\n";
+}
+
+VersionBlock EvilBlock() {
+  VersionBlock block;
+  block.fixed = {0x00010002, 0x00030004, 0x40004, 0, 0, 0x9, 1, 0};
+  return block.Text("CompanyName", "Evil Inc.")
+      .Text("FileDescription", "Watches")
+      .Text("FileVersion", "1.2")
+      .Text("InternalName", "evil")
+      .Text("OriginalFilename", "EVIL.EXE")
+      .Text("ProductName", "Evil Suite")
+      .Text("ProductVersion", "7");
+}
 
 }  // namespace
 
@@ -208,6 +235,184 @@ TEST_SUITE("scan_log") {
           "\tFileSize :0 kb\r\n\tLast accessed  :\r\n\tBuild :\r\n\tOS :-\r\n\r\n\r\n"
           "<1836>\r\n<1837>2\r\n<1831>\r\n");
     CHECK(l.m.Errors() == "");
+  }
+
+  TEST_CASE("the memory section of the NT family") {
+    Logging l;
+    l.Program("C:\\Evil\\x.exe", EvilBlock());
+    l.m.File("C:\\bare.exe").Times(0, 0);
+    l.scan_log.CreateMemoryLogFile({{"C:\\Evil\\x.exe", 8, 128}, {"C:\\bare.exe", 12, 1}});
+    CHECK(l.Text() == kMemoryBegin +
+                          "#:1 (x.exe)\r\n"
+                          "    Path:C:\\Evil\\x.exe\r\n"
+                          "    BasePriority:HIGH\r\n"
+                          "    FileSize :1.5 kb\r\n"
+                          "    Last accessed  :3/4/2004 11:59:58 PM\r\n"
+                          "    Build :1.2.3.4\r\n"
+                          "    OS :-NT-Win32\r\n"
+                          "    Description :Watches\r\n"
+                          "    Version  :1.2\r\n"
+                          "    Product Name:Evil Suite\r\n"
+                          "\r\n\r\n"
+                          "#:2 (bare.exe)\r\n"
+                          "    Path:C:\\bare.exe\r\n"
+                          "    BasePriority:\r\n"
+                          "    FileSize :0 kb\r\n"
+                          "    Last accessed  :\r\n"
+                          "    Build :\r\n"
+                          "    OS :-\r\n"
+                          "    Description :<8629>\r\n"
+                          "    Version  :<8629>\r\n"
+                          "    Product Name:<8629>\r\n"
+                          "\r\n\r\n" +
+                          MemoryEnd("3"));
+    CHECK(l.m.Errors() == "");
+  }
+
+  TEST_CASE("the memory section counts one too many, and its indent follows the number") {
+    for (const int count : {0, 1, 9, 10, 99, 100}) {
+      CAPTURE(count);
+      Logging l;
+      std::vector<ProcessEntry> tasklist;
+      std::string expected = kMemoryBegin;
+      for (int i = 1; i <= count; ++i) {
+        const std::string path = "C:\\p" + std::to_string(i) + ".exe";
+        l.m.File(path).Times(0, 0);
+        tasklist.push_back({path, 0, 32});
+        expected += "#:" + std::to_string(i) + " (" + path.substr(3) + ")\r\n";
+        const std::string blanks = i < 10 ? "    " : i < 100 ? "     " : "      ";
+        for (const std::string& line :
+             {"Path:" + path, std::string("BasePriority:NORMAL"), std::string("FileSize :0 kb"),
+              std::string("Last accessed  :"), std::string("Build :"), std::string("OS :-"),
+              std::string("Description :<8629>"), std::string("Version  :<8629>"),
+              std::string("Product Name:<8629>")}) {
+          expected += blanks + line + "\r\n";
+        }
+        expected += "\r\n\r\n";
+      }
+      l.scan_log.CreateMemoryLogFile(tasklist);
+      CHECK(l.Text() == expected + MemoryEnd(std::to_string(count + 1)));
+    }
+  }
+
+  TEST_CASE("the memory section of Windows 98 has whole names and no details") {
+    Logging l;
+    l.m.system.record = {4, 10, 0x040A08AE, 1, "", 0, 0, 0, 0};
+    l.os = COpSysInfo(l.m.system);
+    l.settings.ExtraLogInfo = true;
+    l.Program("C:\\Evil\\x.exe", EvilBlock());
+    l.scan_log.CreateMemoryLogFile({{"C:\\EVIL\\X.EXE", 8, 0}, {"KERNEL32.DLL", 9, 0}});
+    CHECK(l.Text() == kMemoryBegin +
+                          "#:1 (C:\\EVIL\\X.EXE)\r\n\r\n\r\n"
+                          "#:2 (KERNEL32.DLL)\r\n\r\n\r\n" +
+                          MemoryEnd("3"));
+    CHECK(l.m.versions.journal.empty());
+  }
+
+  TEST_CASE("a process whose file has gone is listed and recorded") {
+    Logging l;
+    l.scan_log.CreateMemoryLogFile({{"C:\\gone.exe", 8, 64}});
+    const std::string missing = "The file \"C:\\gone.exe\" doesn't exist.\r\n";
+    CHECK(l.Text() == kMemoryBegin +
+                          "#:1 (gone.exe)\r\n"
+                          "    Path:C:\\gone.exe\r\n"
+                          "    BasePriority:IDLE\r\n"
+                          "    FileSize :0 kb\r\n"
+                          "    Last accessed  :\r\n"
+                          "    Build :\r\n"
+                          "    OS :-\r\n"
+                          "    Description :" +
+                          missing + "    Version  :" + missing + "    Product Name:" + missing +
+                          "\r\n\r\n" + MemoryEnd("2"));
+    CHECK(l.m.Errors() ==
+          "Error Description: File not found, Error Number: 53, "
+          "Method: CreateMemoryLogFile, File: C:\\gone.exe\n");
+  }
+
+  TEST_CASE("the cookie section") {
+    Logging l;
+    l.scan_log.CreateCookieScanLogFile();
+    CHECK(l.Text() ==
+          "\r\n<1881>\r\n====================\r\n\r\n\r\n<1879>\r\n<1880>0\r\n<1831>\r\n");
+    l.m.files.Remove("D:\\Logs\\ScanLog.txt");
+    l.Add(kSpyCookie, "C:\\Cookies\\me@tracker[1].txt", "Tracker");
+    l.Add(kSpyFolder, "C:\\Evil", "no cookie");
+    l.Add(kSpyFile, "C:\\Evil\\x.exe", "counted with the cookies");
+    l.Add(kSpyCookie, "C:\\Cookies\\me@other[2].txt", "Other");
+    l.settings.ExtraLogInfo = true;  // changes nothing here
+    l.scan_log.CreateCookieScanLogFile();
+    CHECK(l.Text() ==
+          "\r\n<1881>\r\n====================\r\n"
+          "Tracker Cookie:C:\\Cookies\\me@tracker[1].txt\r\n"
+          "Other Cookie:C:\\Cookies\\me@other[2].txt\r\n"
+          "\r\n\r\n<1879>\r\n<1880>3\r\n<1831>\r\n");
+    CHECK(l.m.Errors() == "");
+  }
+
+  TEST_CASE("the registry section: the keys, then the values as in an export") {
+    Logging l;
+    l.scan_log.CreateRegistryScanLogFile();
+    CHECK(l.Text() == "<1838>\r\n\r\n====================\r\n<1839>\r\n<1840>0\r\n<1831>\r\n");
+    l.m.files.Remove("D:\\Logs\\ScanLog.txt");
+    const auto value = [&](const std::string& spy, const std::string& key, const std::string& name,
+                           const std::string& data) {
+      l.hits.AddSpyToListView(
+          {std::string(kSpyRegistryValue), key + "\\" + name, spy, kCodeRegistry, key, data});
+    };
+    value("Starter", "HKEY_CURRENT_USER\\Run", "evil", "\"C:\\\\x.exe\"");
+    l.Add(kSpyRegistryKey, "HKEY_LOCAL_MACHINE\\SOFTWARE\\Evil", "Home");
+    value("Counter", "HKEY_CURRENT_USER\\Run", "a\\b", "dword:00000007");
+    l.Add(kSpyFile, "C:\\Evil\\x.exe", "no key");
+    l.Add(kSpyRegistryKey, "HKEY_CLASSES_ROOT\\CLSID\\{1}", "Class");
+    l.settings.ExtraLogInfo = true;  // changes nothing here
+    l.scan_log.CreateRegistryScanLogFile();
+    CHECK(l.Text() ==
+          "<1838>\r\n\r\n====================\r\n"
+          "Registry Key Type = Home:\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Evil]\r\n\r\n"
+          "Registry Key Type = Class:\r\n\r\n[HKEY_CLASSES_ROOT\\CLSID\\{1}]\r\n\r\n"
+          "Registry Key Value Type = Starter:\r\n[HKEY_CURRENT_USER\\Run]\r\n"
+          "\"evil\"=\"C:\\\\x.exe\"\r\n"
+          "Registry Key Value Type = Counter:\r\n[HKEY_CURRENT_USER\\Run]\r\n"
+          "\"a\\b\"=dword:00000007\r\n"
+          "<1839>\r\n<1840>4\r\n<1831>\r\n");
+    CHECK(l.m.Errors() == "");
+  }
+
+  TEST_CASE("ExtraLogInfo adds lines to every process and every file") {
+    const auto extra = [](const std::string& indent) {
+      std::string text;
+      for (const char* line :
+           {"File version :1.2", "Product version :7", "Company :Evil Inc.",
+            "File description :Watches", "Internal name :evil", "Original name :EVIL.EXE",
+            "Flags :Debug Private ", "Type :Executable"}) {
+        text += indent + line + "\r\n";
+      }
+      return text;
+    };
+    for (const bool more : {false, true}) {
+      CAPTURE(more);
+      Logging l;
+      l.settings.ExtraLogInfo = more;
+      l.Program("C:\\Evil\\x.exe", EvilBlock());
+      l.scan_log.CreateMemoryLogFile({{"C:\\Evil\\x.exe", 4242, 256}});
+      CHECK(l.Text() == kMemoryBegin +
+                            "#:1 (x.exe)\r\n    Path:C:\\Evil\\x.exe\r\n"
+                            "    BasePriority:REALTIME\r\n    FileSize :1.5 kb\r\n"
+                            "    Last accessed  :3/4/2004 11:59:58 PM\r\n    Build :1.2.3.4\r\n"
+                            "    OS :-NT-Win32\r\n    Description :Watches\r\n"
+                            "    Version  :1.2\r\n    Product Name:Evil Suite\r\n" +
+                            (more ? "    Process identifier :4242\r\n" + extra("    ") : "") +
+                            "\r\n\r\n" + MemoryEnd("2"));
+      l.m.files.Remove("D:\\Logs\\ScanLog.txt");
+      l.Add(kSpyFile, "C:\\Evil\\x.exe", "One");
+      l.scan_log.CreateDriveScanLogFile();
+      CHECK(l.Text() ==
+            "\r\n<1832>\r\n====================\r\n<1833>\r\n<1834>0\r\n"
+            "\r\n<1835>\r\n====================\r\nOne file:C:\\Evil\\x.exe\r\n"
+            "\tFileSize :1.5 kb\r\n\tLast accessed  :3/4/2004 11:59:58 PM\r\n"
+            "\tBuild :1.2.3.4\r\n\tOS :-NT-Win32\r\n" +
+                (more ? extra("\t") : "") + "\r\n\r\n<1836>\r\n<1837>1\r\n<1831>\r\n");
+    }
   }
 
   TEST_CASE("a file that has gone is listed and recorded") {

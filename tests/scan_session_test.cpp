@@ -1,6 +1,7 @@
 #include "scan/scan_session.h"
 
 #include "scan/matching.h"
+#include "tests/fake/version_block.h"
 #include "tests/support.h"
 
 namespace scourwell::test {
@@ -10,7 +11,6 @@ namespace {
 struct Session : Bench, private ScanReport, private LoadProgress {
   Session() {
     m.AddDrive('D');
-    Definitions definitions;
     for (const std::string letter : {"T", "D", "H", "K", "S"}) {
       m.File("D:\\" + letter + "file.exe");
       m.Folder("D:\\" + letter + "folder");
@@ -19,7 +19,7 @@ struct Session : Bench, private ScanReport, private LoadProgress {
       definitions.Entry(letter + "AFO", {letter + "AFOT", letter + "AFOS"},
                         {letter, letter + "folder"});
     }
-    m.File("C:\\App\\Ini\\update.ref", definitions.Text());
+    WriteDefinitions();
     settings.Trojans = settings.Dialers = settings.BHO = settings.KeyLoggers =
         settings.SpywareAdware = true;
     scope.FillTree(captions, {{'D', DriveKind::Fixed}});
@@ -32,6 +32,9 @@ struct Session : Bench, private ScanReport, private LoadProgress {
     };
   }
 
+  void WriteDefinitions() { m.File("C:\\App\\Ini\\update.ref", definitions.Text()); }
+
+  Definitions definitions;
   SystemFolders folders;
   SignatureLists lists;
   ScanScope scope;
@@ -223,6 +226,85 @@ TEST_SUITE("scan_session") {
                                              "\r\n1REMENT=" + Scramble("Sfolder") + "\r\n");
     s.session.StartScan(s.scope);
     CHECK(s.Spies() == "T/D/H/K/S/D H K S ");
+  }
+
+  TEST_CASE("a withdrawn compiled-in row is not searched, the file's own row of the name is") {
+    for (const bool own : {false, true}) {
+      for (const bool withdrawn : {false, true}) {
+        CAPTURE(own);
+        CAPTURE(withdrawn);
+        Session s;
+        s.m.Folder("D:\\sub");
+        s.m.File("D:\\sub\\anadsc.ocx");
+        s.m.Folder("D:\\sub\\Gator.com");
+        if (own) {
+          s.definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"Own", "ANADSC.OCX"})
+              .Entry("SAFO", {"SAFOT", "SAFOS"}, {"Own", "gator.com"});
+        }
+        if (withdrawn) {
+          s.definitions.Value("REMO", "0REMENT", "AnAdsc.ocx")
+              .Value("REMO", "1REMENT", "GATOR.COM");
+        }
+        s.WriteDefinitions();
+        s.session.ScanFolder("D:\\sub");
+        CHECK(s.Spies() == (!withdrawn ? "Gator/Aureate " : own ? "Own/Own " : ""));
+        CHECK(s.m.Errors() == "");
+      }
+    }
+  }
+
+  TEST_CASE("a category that is off is not looked for, neither compiled in nor from the file") {
+    struct Row {
+      bool AppSettings::*setting;
+      std::vector<std::string> spies;  // those of the category
+    };
+    const Row kRows[] = {
+        {&AppSettings::Trojans, {"T", "Trojan.SubSeven"}},
+        {&AppSettings::Dialers, {"D", "Dialer.Other", "Dialer.Carpediem"}},
+        {&AppSettings::BHO, {"H", "Hijacker.CnsMin", "Hijacker.HuntBar"}},
+        {&AppSettings::KeyLoggers,
+         {"K", "Keylogger.Perfect Keylogger", "Keylogger.Family Keylogger"}},
+        {&AppSettings::SpywareAdware, {"S", "Aureate", "Gator"}},
+    };
+    for (const Row& off : kRows) {
+      Session s;
+      for (const char* file :
+           {"MSREXE.EXE", "RINGRING1.EXE", "cnsmin.dll", "bpkhk.dll", "anadsc.ocx"}) {
+        s.m.File(std::string("D:\\") + file);
+      }
+      for (const char* folder : {"HOT Dialer", "HuntBar", "Family Keylogger", "Gator.com"}) {
+        s.m.Folder(std::string("D:\\") + folder);
+      }
+      s.settings.*off.setting = false;
+      s.session.StartScan(s.scope);
+      CAPTURE(s.Spies());
+      for (const Row& row : kRows) {
+        for (const std::string& spy : row.spies) {
+          const bool found =
+              std::any_of(s.sink.found.begin(), s.sink.found.end(),
+                          [&](const Detection& detection) { return detection.system == spy; });
+          CHECK_MESSAGE(found == (row.setting != off.setting), spy);
+        }
+      }
+    }
+  }
+
+  TEST_CASE("with AdvancedScanning a program is known by its company") {
+    for (const bool advanced : {false, true}) {
+      CAPTURE(advanced);
+      Session s;
+      s.settings.AdvancedScanning = advanced;
+      s.m.File("D:\\sub\\harmless.exe");
+      s.m.versions.blocks["D:\\sub\\harmless.exe"] =
+          VersionBlock().Text("CompanyName", "Evil Inc.").Make();
+      s.definitions.Entry("SCE", {"SCET", "SCEV"}, {"Company", "evil inc."});
+      s.WriteDefinitions();
+      s.session.ScanFolder("D:\\sub");
+      CHECK(s.sink.lines() == (advanced ? "Spy File|Company|D:\\sub\\harmless.exe\n" : ""));
+      CHECK(s.m.versions.journal.size() == (advanced ? 1 : 0));
+      CHECK(s.lists.lstCESearch.empty());
+      CHECK(s.m.Errors() == "");
+    }
   }
 
   TEST_CASE("one folder") {

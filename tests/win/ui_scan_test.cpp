@@ -7,6 +7,18 @@ namespace {
 
 constexpr char kLongRule[] = "==========================================================\r\n";
 
+std::size_t Count(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+// Waits until the log ends with its closing block of that number.
+bool LogHasClosed(std::size_t times) {
+  return WaitFor([&] { return Count(LogText(), "Is Windows Me: ") == times && LogIsComplete(); },
+                 60000);
+}
+
 }  // namespace
 
 TEST_SUITE_BEGIN("ui");
@@ -118,6 +130,37 @@ TEST_CASE("a folder below what the definitions name gives a clean result") {
   REQUIRE(box);
   PostMessageA(box, WM_COMMAND, IDOK, 0);
   CHECK(WaitFor([&] { return Control(top, IDC_cmdStartScan) != nullptr; }));
+}
+
+TEST_CASE("a second scan of a run finds the same and goes on in the same log") {
+  PlantMachine();
+  Program program("/STARTUP");
+  const HWND top = program.MainWindow();
+  REQUIRE(top);
+  REQUIRE(LogHasClosed(1));
+  const std::string first = LogText();
+  CheckResults(top);
+
+  Command(top, IDM_mnuStartScan);  // from the list of results
+  REQUIRE(LogHasClosed(2));
+  const std::string second = LogText();
+  CHECK(second.starts_with(first));
+  CheckResults(top);
+
+  Command(top, IDM_mnuHome);
+  REQUIRE(ReadyControl(top, IDC_cmdStartScan));
+  Command(top, IDM_mnuStartScan);
+  REQUIRE(LogHasClosed(3));
+  CHECK(LogText().starts_with(second));
+  CheckResults(top);
+
+  CHECK(Count(LogText(), ExpectedDriveSection()) == 3);
+  CHECK(Count(LogText(), "Components found: 3\r\n") == 3);
+  CHECK(program.Close());
+  CHECK(program.ExitCode() == 0);
+  CHECK(ScanLogs().size() == 1);
+  CHECK(Setting("Statistics", "NUMBER OF SCANS") == "3");
+  CHECK(Errors() == "");
 }
 
 TEST_CASE("Stop ends a scan without log and finish") {
