@@ -36,6 +36,7 @@ struct Logging : Results {
                     m.clock,
                     m.versions,
                     file_version,
+                    m.processes,
                     log,
                     captions,
                     settings,
