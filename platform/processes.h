@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/outcome.h"
 
@@ -25,6 +26,9 @@ class Processes {
   virtual Outcome ListByStatus(const Visit& visit) = 0;
   // The way of Windows 95, 98 and Me: a snapshot of all processes.
   virtual Outcome ListBySnapshot(const Visit& visit) = 0;
+
+  // Paths of the modules of one process, the image first; empty where the system does not tell.
+  virtual std::vector<std::string> Modules(std::uint32_t process_id) = 0;
 };
 
 }  // namespace scourwell

@@ -30,6 +30,7 @@ class ScanLog {
     Clock& clock;
     Versions& versions;
     FileVersion& file_version;
+    Processes& processes;
     ErrorLog& log;
     const Captions& captions;
     AppSettings& settings;

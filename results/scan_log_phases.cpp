@@ -15,8 +15,11 @@ std::string_view ValueName(const Detection& value) {
   std::string_view name = value.details;
   name.remove_prefix(std::min(value.tool_tip.size(), name.size()));
   if (name.starts_with('\\')) name.remove_prefix(1);
+  if (value.view64 && name.ends_with(kView64)) name.remove_suffix(kView64.size());
   return name;
 }
+
+std::string ViewOf(const Detection& found) { return found.view64 ? std::string(kView64) : ""; }
 
 }  // namespace
 
@@ -60,6 +63,9 @@ std::string ScanLog::ProcessLines(const ProcessEntry& process, std::size_t inden
   lines.Add(blanks + "Product Name:" + texts[kProductName]);
   if (parts_.settings.ExtraLogInfo) {
     lines.Add(blanks + "Process identifier :" + std::to_string(process.id));
+    for (const std::string& module : parts_.processes.Modules(process.id)) {
+      lines.Add(blanks + "Module :" + module);
+    }
   }
   return lines.text() + ExtraLines(process.path, blanks) + "\r\n";
 }
@@ -106,13 +112,13 @@ void ScanLog::CreateRegistryScanLogFile() {
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Detection& found = hits.row(i).detection;
       if (found.kind != kSpyRegistryKey) continue;
-      lines.Add("Registry Key Type = " + found.system + ":\r\n");
-      lines.Add("[" + found.details + "]\r\n");
+      lines.Add("Registry Key Type = " + found.system + ViewOf(found) + ":\r\n");
+      lines.Add("[" + found.tool_tip + "]\r\n");
     }
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Detection& found = hits.row(i).detection;
       if (found.kind != kSpyRegistryValue) continue;
-      lines.Add("Registry Key Value Type = " + found.system + ":");
+      lines.Add("Registry Key Value Type = " + found.system + ViewOf(found) + ":");
       lines.Add("[" + found.tool_tip + "]");
       lines.Add("\"" + std::string(ValueName(found)) + "\"=" + found.tag);
     }

@@ -30,7 +30,11 @@ struct Detection {
   std::uint8_t icon = 0;
   std::string tool_tip;
   std::string tag;
+  bool view64 = false;  // lies in the registry's 64-bit view; the details end in kView64
 };
+
+// Behind the details of what only 64-bit programs see; tool-tips hold the bare key path.
+inline constexpr std::string_view kView64 = " (64-bit)";
 
 // Where the scan hands its detections.
 class DetectionSink {

@@ -104,7 +104,8 @@ std::string ComparableData(const RegValue& value) {
 }
 
 RegistryScan::RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, DetectionSink& sink,
-                           ScanProgress& progress, SignatureLists& lists, ListLoader& loader)
+                           ScanProgress& progress, SignatureLists& lists, ListLoader& loader,
+                           bool view64)
     : registry_(registry),
       pump_(pump),
       log_(log),
@@ -112,13 +113,30 @@ RegistryScan::RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, Detect
       progress_(progress),
       lists_(lists),
       loader_(loader),
-      index_(lists.lstSearch, &SignatureRow::text) {}
+      index_(lists.lstSearch, &SignatureRow::text),
+      view64_(view64) {}
+
+// In the 64-bit view only the machine's software and the classes are different ones.
+bool RegistryScan::IsSeen(RootKey root, std::string_view path) const {
+  constexpr std::string_view kSoftware = "Software\\";
+  return !view64_ || root == RootKey::ClassesRoot ||
+         (root == RootKey::LocalMachine &&
+          EqualsNoCase(path.substr(0, kSoftware.size()), kSoftware));
+}
+
+void RegistryScan::Report(Detection item, std::string_view spy) {
+  item.system = spy;
+  item.view64 = view64_;
+  if (view64_) item.details += kView64;
+  if (!sink_.Contains(item.details)) sink_.AddSpyToListView(item);
+}
 
 void RegistryScan::QuickPass() {
   static_cast<void>(log_.Trap("QuickRegistryScan", [&] {
     CheckNamedKeys();
     for (const Walk& walk : kQuickWalks) {
       if (!pump_.Next()) return;
+      if (!IsSeen(walk.root, walk.key)) continue;
       progress_.lblScan = FullPath(walk.root, walk.key);
       if (walk.walker == Walker::Values) {
         WalkValues(walk.root, walk.key);
@@ -134,6 +152,7 @@ void RegistryScan::DeepPass() {
   static_cast<void>(log_.Trap("DeepRegistryScan", [&] {
     for (const Walk& walk : kDeepWalks) {
       if (!pump_.Next()) return;
+      if (!IsSeen(walk.root, walk.key)) continue;
       if (walk.walker == Walker::Values) {
         WalkValues(walk.root, walk.key);
       } else {
@@ -160,13 +179,11 @@ void RegistryScan::CheckRegistryKType(const std::string& full_path, std::string_
     const auto root = HiveIn(std::string_view(full_path).substr(0, slash));
     const std::string path =
         slash == std::string::npos ? "" : CRegister::SplitKeyPath(full_path.substr(slash));
-    if (!root || path.empty()) return;  // a whole hive is no signature
+    if (!root || path.empty() || !IsSeen(*root, path)) return;  // a whole hive is no signature
     progress_.lblScan = full_path;
     ++progress_.scanned_keys;
     if (registry_.TryOpen(*root, path, kKeyAllRights) != kRegOk) return;
-    Detection item = KeyItem(FullPath(*root, path));
-    item.system = spy;
-    if (!sink_.Contains(item.details)) sink_.AddSpyToListView(item);
+    Report(KeyItem(FullPath(*root, path)), spy);
   }));
 }
 
@@ -182,11 +199,11 @@ void RegistryScan::CheckNamedValues() {
     RegValue value;
     const std::string path = CRegister::SplitKeyPath(row.text.substr(slash));
     const std::string name(row.sub1);
+    if (!IsSeen(*root, path)) continue;
     if (registry_.QueryValue(*root, path, name, &value) != kRegOk) continue;
     Detection item = ValueItem(std::string(row.text), name, value);
-    item.system = row.sub2;
     item.tool_tip = FullPath(*root, path);
-    if (!sink_.Contains(item.details)) sink_.AddSpyToListView(item);
+    Report(std::move(item), row.sub2);
   }
 }
 
@@ -229,11 +246,7 @@ void RegistryScan::WalkKeys(RootKey root, const std::string& path, unsigned dept
 
 // The first row of lstSearch that occurs in the examined text names the spy.
 void RegistryScan::CheckMatching(std::string_view examined, const Detection& item) {
-  const auto row = index_.FirstRowIn(examined);
-  if (!row || sink_.Contains(item.details)) return;
-  Detection found = item;
-  found.system = lists_.lstSearch[*row].sub1;
-  sink_.AddSpyToListView(found);
+  if (const auto row = index_.FirstRowIn(examined)) Report(item, lists_.lstSearch[*row].sub1);
 }
 
 void RegistryScan::ShowKey(RootKey root, const std::string& path) {

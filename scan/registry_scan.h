@@ -20,8 +20,11 @@ std::string ComparableData(const RegValue& value);
 // the value rows of lstRegistry must stay unchanged as long as the scan lives.
 class RegistryScan {
  public:
+  // With `view64` the registry is the 64-bit view of a 64-bit Windows: only what differs from the
+  // 32-bit one is walked, and what is found says so.
   RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, DetectionSink& sink,
-               ScanProgress& progress, SignatureLists& lists, ListLoader& loader);
+               ScanProgress& progress, SignatureLists& lists, ListLoader& loader,
+               bool view64 = false);
 
   // Named keys, thirteen keys where spies settle, named values.
   void QuickPass();
@@ -37,6 +40,8 @@ class RegistryScan {
                   const RegValue& value);
   void WalkKeys(RootKey root, const std::string& path, unsigned depth);
   void CheckMatching(std::string_view examined, const Detection& item);
+  void Report(Detection item, std::string_view spy);
+  bool IsSeen(RootKey root, std::string_view path) const;
   void ShowKey(RootKey root, const std::string& path);
 
   Registry& registry_;
@@ -47,6 +52,7 @@ class RegistryScan {
   SignatureLists& lists_;
   ListLoader& loader_;
   ContainmentIndex index_;
+  bool view64_;
 };
 
 }  // namespace scourwell

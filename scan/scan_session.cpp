@@ -112,18 +112,23 @@ void ScanSession::ScanRegistry(const ScanScope& scope) {
     parts_.lists.lstRegistry.Clear();
     parts_.built_in.AddBuiltIn(kBuiltInRegistryStage);
     parts_.loader.Load(kUpdateRegistrySVList);
-    RegistryScan scan(parts_.registry, parts_.pump, parts_.log, parts_.sink, parts_.progress,
-                      parts_.lists, parts_.loader);
-    if (quick && !parts_.pump.closing()) {
-      parts_.progress.lblScanOption = parts_.captions.Text(1806);
-      scan.QuickPass();
-    }
-    if (deep && !parts_.pump.closing()) {
-      parts_.progress.lblScanOption = parts_.captions.Text(1807);
-      scan.DeepPass();
-    }
+    ScanRegistryView(parts_.registry, false, quick, deep);
+    if (parts_.registry64) ScanRegistryView(*parts_.registry64, true, quick, deep);
     if (!parts_.pump.closing()) parts_.report.CreateRegistryScanLogFile();
   }));
+}
+
+void ScanSession::ScanRegistryView(Registry& registry, bool view64, bool quick, bool deep) {
+  RegistryScan scan(registry, parts_.pump, parts_.log, parts_.sink, parts_.progress, parts_.lists,
+                    parts_.loader, view64);
+  if (quick && !parts_.pump.closing()) {
+    parts_.progress.lblScanOption = parts_.captions.Text(1806);
+    scan.QuickPass();
+  }
+  if (deep && !parts_.pump.closing()) {
+    parts_.progress.lblScanOption = parts_.captions.Text(1807);
+    scan.DeepPass();
+  }
 }
 
 void ScanSession::ScanCookies() {

@@ -20,6 +20,7 @@ class ScanSession {
   struct Parts {
     Files& files;
     Registry& registry;
+    Registry* registry64;  // the 64-bit view; null where there is only one
     Pump& pump;
     ErrorLog& log;
     Shell& shell;
@@ -51,6 +52,7 @@ class ScanSession {
   void ScanNode(const ScanScope& scope, std::size_t number);
   void ScanMemory();
   void ScanRegistry(const ScanScope& scope);
+  void ScanRegistryView(Registry& registry, bool view64, bool quick, bool deep);
   void ScanCookies();
   void ScanDrivesForAll(const ScanScope& scope);
   void ScanDrivesForAllFolders();

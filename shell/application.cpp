@@ -21,16 +21,16 @@ Application::Application(const Ports& ports, const std::string& application_fold
       ignore_(ports.files, ports.clock, log_,
               AddPathToFileName(application_folder, "ignorespylist.txt")),
       hits_(ignore_, settings_, log_),
-      scan_log_({ports.files, ports.clock, ports.versions, file_version_, log_, language_,
-                 settings_, hits_, os_, folders_, version}),
+      scan_log_({ports.files, ports.clock, ports.versions, file_version_, ports.processes, log_,
+                 language_, settings_, hits_, os_, folders_, version}),
       reference_(ports.files, ports.clock, log_, settings_, application_folder),
       memory_({ports.processes, ports.system, ports.pump, log_, os_, folders_, hits_, progress_}),
       matching_(ports.files, log_, folders_, hits_, memory_),
       built_in_(lists_, matching_, folders_, ports.pump, log_),
       loader_(reference_, lists_, matching_, *this, ports.pump, log_, folders_),
-      session_({ports.files, ports.registry, ports.pump, log_, ports.shell, language_, settings_,
-                lists_, built_in_, loader_, memory_, ports.versions, folders_, hits_, *this,
-                progress_}) {}
+      session_({ports.files, ports.registry, ports.registry64, ports.pump, log_, ports.shell,
+                language_, settings_, lists_, built_in_, loader_, memory_, ports.versions, folders_,
+                hits_, *this, progress_}) {}
 
 void Application::Start() {
   log_.deleteLogFile();

@@ -21,6 +21,7 @@ namespace scourwell {
 struct Ports {
   Files& files;
   Registry& registry;
+  Registry* registry64;  // the 64-bit view; null where there is only one
   Profiles& profiles;
   Clock& clock;
   System& system;

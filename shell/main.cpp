@@ -40,6 +40,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR command_line, int show) 
   UseSystemFolding();
   FilesWin files;
   RegistryWin registry;
+  RegistryWin registry64(RegistryWin::kView64);
   ProfilesWin profiles;
   ClockWin clock;
   SystemWin system;
@@ -47,7 +48,8 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR command_line, int show) 
   VersionsWin versions;
   ProcessesWin processes;
   PumpWin pump;
-  Application app({files, registry, profiles, clock, system, shell, versions, processes, pump},
+  Application app({files, registry, RegistryWin::HasTwoViews() ? &registry64 : nullptr, profiles,
+                   clock, system, shell, versions, processes, pump},
                   ApplicationFolder(), kProgramVersion);
   frmMain main_window(app, pump, instance);
   CommandLine command = ParseCommandLine(command_line ? command_line : "");

@@ -24,7 +24,7 @@ struct Program {
     m.Folder("C:\\WINDOWS\\direct");
   }
   FakeMachine m;
-  Application app{{m.files, m.registry, m.profiles, m.clock, m.system, m.shell, m.versions,
+  Application app{{m.files, m.registry, nullptr, m.profiles, m.clock, m.system, m.shell, m.versions,
                    m.processes, m.pump},
                   kAppFolder,
                   {1, 0, 7}};

@@ -221,6 +221,38 @@ TEST_SUITE("registry_scan") {
     CHECK(p.lists.lstRegKSearch.empty());
   }
 
+  TEST_CASE("the 64-bit view adds what differs there, and says so") {
+    Phases p;
+    FakeRegistry view64;
+    for (FakeRegistry* registry : {&p.m.registry, &view64}) {
+      registry->Make(RootKey::ClassesRoot, "CLSID\\{BAD}");
+      registry->Make(kCurrentUser, kRun).Value("Bad", "{bad}");
+    }
+    view64.Make(kLocalMachine, "Software\\Only64").Value("Name", "x");
+    p.definitions.Entry("REGK", {"REGKT", "REGKK"}, {"Key", "HKEY_LOCAL_MACHINE\\Software\\Only64"})
+        .Entry("REGV", {"REGVT", "REGVK", "REGVV"},
+               {"Val", "HKEY_LOCAL_MACHINE\\Software\\Only64\\", "Name"});
+    p.Define();
+    FillListBoxRegistrySType(p.lists.lstSearch, "{bad}", "Class");
+    p.loader.Load(kUpdateRegistrySVList);
+    p.Registry().QuickPass();
+    p.Registry().DeepPass();
+    RegistryScan second(view64, p.m.pump, p.log, p.sink, p.progress, p.lists, p.loader, true);
+    second.QuickPass();
+    second.DeepPass();
+    CHECK(p.sink.lines() ==
+          "Spy Registry Value|Class|HKEY_CURRENT_USER\\" + std::string(kRun) +
+              "\\Bad\n"
+              "Spy Registry Key|Class|HKEY_CLASSES_ROOT\\CLSID\\{BAD}\n"
+              "Spy Registry Key|Key|HKEY_LOCAL_MACHINE\\Software\\Only64 (64-bit)\n"
+              "Spy Registry Value|Val|HKEY_LOCAL_MACHINE\\SOFTWARE\\ONLY64\\Name (64-bit)\n"
+              "Spy Registry Key|Class|HKEY_CLASSES_ROOT\\CLSID\\{BAD} (64-bit)\n");
+    REQUIRE(p.sink.found.size() == 5);
+    CHECK(p.sink.found[2].tool_tip == "HKEY_LOCAL_MACHINE\\Software\\Only64");
+    CHECK(p.sink.found[2].view64);
+    CHECK_FALSE(p.sink.found[0].view64);
+  }
+
   TEST_CASE("a stop at any item leaves every level at once") {
     const auto plant = [](Phases& p) {
       for (const char* key : {"CLSID\\a\\b\\c", "CLSID\\d", "CLSID\\e\\f"}) {

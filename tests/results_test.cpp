@@ -37,6 +37,7 @@ struct Logging : Results {
                     m.clock,
                     m.versions,
                     file_version,
+                    m.processes,
                     log,
                     captions,
                     settings,

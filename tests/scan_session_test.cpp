@@ -45,8 +45,9 @@ struct Session : Bench, private ScanReport, private LoadProgress {
   Matching matching{m.files, log, folders, sink, memory};
   ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
   BuiltInLists built_in{lists, matching, folders, m.pump, log};
-  ScanSession session{{m.files, m.registry, m.pump, log, m.shell, captions, settings, lists,
-                       built_in, loader, memory, m.versions, folders, sink, *this, progress}};
+  ScanSession session{{m.files, m.registry, nullptr, m.pump, log, m.shell, captions, settings,
+                       lists, built_in, loader, memory, m.versions, folders, sink, *this,
+                       progress}};
   std::vector<std::string> events;
   std::size_t folder_rows = 0;  // in the last pass
 

@@ -5,6 +5,7 @@
 #include <psapi.h>
 #include <tlhelp32.h>
 
+#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -19,16 +20,20 @@ constexpr DWORD kFirstBuffer = 8;          // bytes
 constexpr DWORD kLargestBuffer = 1 << 20;  // a quarter of a million processes
 constexpr DWORD kModuleBuffer = 200;       // bytes; the executable comes first
 constexpr DWORD kLongestModule = 500;      // characters
+constexpr std::size_t kMostModules = 1024;
 
 // Windows 95 and 98 have no psapi, Windows NT 4 no snapshots: both are bound at run time.
 struct StatusCalls {
   using EnumIds = BOOL(WINAPI*)(DWORD*, DWORD, DWORD*);
   using EnumModules = BOOL(WINAPI*)(HANDLE, HMODULE*, DWORD, LPDWORD);
   using ModuleName = DWORD(WINAPI*)(HANDLE, HMODULE, LPSTR, DWORD);
+  using ImageName = BOOL(WINAPI*)(HANDLE, DWORD, LPSTR, DWORD*);
 
   EnumIds enum_ids = LateBind<EnumIds>("psapi.dll", "EnumProcesses");
   EnumModules enum_modules = LateBind<EnumModules>("psapi.dll", "EnumProcessModules");
   ModuleName module_name = LateBind<ModuleName>("psapi.dll", "GetModuleFileNameExA");
+
+  ImageName image_name = LateBind<ImageName>("kernel32.dll", "QueryFullProcessImageNameA");
 
   bool complete() const { return enum_ids && enum_modules && module_name; }
 };
@@ -62,11 +67,14 @@ bool Describe(const StatusCalls& calls, DWORD id, ProcessEntry* entry) {
   if (!process) return false;
   HMODULE modules[kModuleBuffer / sizeof(HMODULE)];
   DWORD needed = 0;
+  char name[kLongestModule + 1] = "";
   if (!calls.enum_modules(process.get(), modules, sizeof modules, &needed) || needed == 0) {
+    // A 64-bit process hides its modules, but newer systems tell where its image lies.
+    DWORD size = kLongestModule;
+    if (!calls.image_name || !calls.image_name(process.get(), 0, name, &size)) return false;
+  } else if (calls.module_name(process.get(), modules[0], name, kLongestModule) == 0) {
     return false;
   }
-  char name[kLongestModule + 1] = "";
-  if (calls.module_name(process.get(), modules[0], name, kLongestModule) == 0) return false;
   *entry = {name, id, GetPriorityClass(process.get())};
   return true;
 }
@@ -98,6 +106,27 @@ Outcome ProcessesWin::ListBySnapshot(const Visit& visit) {
     if (!visit({std::string(entry.szExeFile, length), entry.th32ProcessID, 0})) break;
   }
   return {};
+}
+
+std::vector<std::string> ProcessesWin::Modules(std::uint32_t process_id) {
+  const StatusCalls calls;
+  if (!calls.complete()) return {};
+  const KernelHandle process(
+      OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, process_id));
+  std::vector<HMODULE> modules(kMostModules);
+  DWORD needed = 0;
+  if (!process ||
+      !calls.enum_modules(process.get(), modules.data(),
+                          static_cast<DWORD>(kMostModules * sizeof(HMODULE)), &needed)) {
+    return {};
+  }
+  modules.resize(std::min<std::size_t>(needed / sizeof(HMODULE), kMostModules));
+  std::vector<std::string> names;
+  for (const HMODULE module : modules) {
+    char name[kLongestModule + 1] = "";
+    if (calls.module_name(process.get(), module, name, kLongestModule) != 0) names.push_back(name);
+  }
+  return names;
 }
 
 }  // namespace scourwell

@@ -8,6 +8,7 @@ class ProcessesWin : public Processes {
  public:
   Outcome ListByStatus(const Visit& visit) override;
   Outcome ListBySnapshot(const Visit& visit) override;
+  std::vector<std::string> Modules(std::uint32_t process_id) override;
 };
 
 }  // namespace scourwell

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/win/late_bind.h"
 #include "platform/win/unique_handle.h"
 
 namespace scourwell {
@@ -66,13 +67,13 @@ HKEY RegistryWin::Handle(RootKey root) {
 
 RegStatus RegistryWin::TryOpen(RootKey root, const std::string& path, std::uint32_t rights) {
   KeyHandle key;
-  return Open(root, path, rights, &key);
+  return Open(root, path, rights | view_, &key);
 }
 
 RegStatus RegistryWin::QueryValue(RootKey root, const std::string& path, const std::string& name,
                                   RegValue* value) {
   KeyHandle key;
-  const RegStatus status = Open(root, path, KEY_QUERY_VALUE, &key);
+  const RegStatus status = Open(root, path, KEY_QUERY_VALUE | view_, &key);
   return status == kRegOk ? ReadData(key.get(), name.c_str(), value) : status;
 }
 
@@ -81,7 +82,7 @@ RegStatus RegistryWin::SetValue(RootKey root, const std::string& path, const std
   HKEY created = nullptr;
   const LONG status =
       RegCreateKeyExA(Handle(root), path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                      KEY_ALL_ACCESS, nullptr, &created, nullptr);
+                      KEY_ALL_ACCESS | view_, nullptr, &created, nullptr);
   if (status != ERROR_SUCCESS) return status;
   const KeyHandle key(created);
   return RegSetValueExA(key.get(), name.c_str(), 0, value.type, Bytes(value.data),
@@ -90,17 +91,28 @@ RegStatus RegistryWin::SetValue(RootKey root, const std::string& path, const std
 
 RegStatus RegistryWin::DeleteValue(RootKey root, const std::string& path, const std::string& name) {
   KeyHandle key;
-  const RegStatus status = Open(root, path, KEY_SET_VALUE, &key);
+  const RegStatus status = Open(root, path, KEY_SET_VALUE | view_, &key);
   return status == kRegOk ? RegDeleteValueA(key.get(), name.c_str()) : status;
 }
 
 RegStatus RegistryWin::DeleteKeyCall(RootKey root, const std::string& path) {
-  return RegDeleteKeyA(Handle(root), path.c_str());
+  if (view_ == 0) return RegDeleteKeyA(Handle(root), path.c_str());
+  // Only a 64-bit Windows has a second view, and each of them has this call.
+  using DeleteKeyEx = LONG(WINAPI*)(HKEY, LPCSTR, REGSAM, DWORD);
+  const auto delete_key = LateBind<DeleteKeyEx>("advapi32.dll", "RegDeleteKeyExA");
+  return delete_key ? delete_key(Handle(root), path.c_str(), view_, 0) : ERROR_CALL_NOT_IMPLEMENTED;
+}
+
+bool RegistryWin::HasTwoViews() {
+  using IsWow64 = BOOL(WINAPI*)(HANDLE, BOOL*);
+  const auto is_wow64 = LateBind<IsWow64>("kernel32.dll", "IsWow64Process");
+  BOOL emulated = FALSE;
+  return is_wow64 && is_wow64(GetCurrentProcess(), &emulated) && emulated;
 }
 
 RegStatus RegistryWin::EnumKeys(RootKey root, const std::string& path, const VisitKey& visit) {
   KeyHandle key;
-  const RegStatus status = Open(root, path, KEY_ENUMERATE_SUB_KEYS, &key);
+  const RegStatus status = Open(root, path, KEY_ENUMERATE_SUB_KEYS | view_, &key);
   if (status != kRegOk) return status;
   char name[kLongestKeyName];
   for (DWORD index = 0;; ++index) {
@@ -114,7 +126,7 @@ RegStatus RegistryWin::EnumKeys(RootKey root, const std::string& path, const Vis
 
 RegStatus RegistryWin::EnumValues(RootKey root, const std::string& path, const VisitValue& visit) {
   KeyHandle key;
-  const RegStatus status = Open(root, path, KEY_QUERY_VALUE, &key);
+  const RegStatus status = Open(root, path, KEY_QUERY_VALUE | view_, &key);
   if (status != kRegOk) return status;
   std::vector<char> name(kLongestValueName);
   for (DWORD index = 0;; ++index) {

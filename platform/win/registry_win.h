@@ -8,6 +8,12 @@ namespace scourwell {
 
 class RegistryWin : public Registry {
  public:
+  // The view that 32-bit programs see, or with kView64 the one of 64-bit programs.
+  static constexpr REGSAM kView64 = 0x0100;
+  explicit RegistryWin(REGSAM view = 0) : view_(view) {}
+  // True when there are two views: this program runs on a 64-bit Windows.
+  static bool HasTwoViews();
+
   // The system's handle of a root.
   static HKEY Handle(RootKey root);
 
@@ -20,6 +26,9 @@ class RegistryWin : public Registry {
   RegStatus DeleteKeyCall(RootKey root, const std::string& path) override;
   RegStatus EnumKeys(RootKey root, const std::string& path, const VisitKey& visit) override;
   RegStatus EnumValues(RootKey root, const std::string& path, const VisitValue& visit) override;
+
+ private:
+  REGSAM view_;
 };
 
 }  // namespace scourwell

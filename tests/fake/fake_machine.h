@@ -260,6 +260,7 @@ class FakeProcesses : public Processes {
 
   Outcome ListByStatus(const Visit& visit) override { return List("status", visit); }
   Outcome ListBySnapshot(const Visit& visit) override { return List("snapshot", visit); }
+  std::vector<std::string> Modules(std::uint32_t) override { return {"C:\\a.exe", "C:\\b.dll"}; }
 
  private:
   Outcome List(const char* way, const Visit& visit) {
