@@ -42,6 +42,7 @@ class ManyProcesses : public Processes {
     return {};
   }
   Outcome ListBySnapshot(const Visit& visit) override { return ListByStatus(visit); }
+  std::vector<std::string> Modules(std::uint32_t) override { return {}; }
 };
 
 std::string ClassId(int number) {

@@ -10,12 +10,18 @@ namespace {
 
 constexpr char kMemoryRule[] = "=================================================";
 
+// The details without the word for the 64-bit view.
+std::string_view BareDetails(const Detection& found) {
+  std::string_view details = found.details;
+  if (found.view64 && details.ends_with(kView64)) details.remove_suffix(kView64.size());
+  return details;
+}
+
 // The name of the value that a row stands for: its details less the key path.
 std::string_view ValueName(const Detection& value) {
-  std::string_view name = value.details;
+  std::string_view name = BareDetails(value);
   name.remove_prefix(std::min(value.tool_tip.size(), name.size()));
   if (name.starts_with('\\')) name.remove_prefix(1);
-  if (value.view64 && name.ends_with(kView64)) name.remove_suffix(kView64.size());
   return name;
 }
 
@@ -113,7 +119,7 @@ void ScanLog::CreateRegistryScanLogFile() {
       const Detection& found = hits.row(i).detection;
       if (found.kind != kSpyRegistryKey) continue;
       lines.Add("Registry Key Type = " + found.system + ViewOf(found) + ":\r\n");
-      lines.Add("[" + found.tool_tip + "]\r\n");
+      lines.Add("[" + std::string(BareDetails(found)) + "]\r\n");
     }
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Detection& found = hits.row(i).detection;

@@ -402,7 +402,10 @@ TEST_SUITE("scan_log") {
                             "    Last accessed  :3/4/2004 11:59:58 PM\r\n    Build :1.2.3.4\r\n"
                             "    OS :-NT-Win32\r\n    Description :Watches\r\n"
                             "    Version  :1.2\r\n    Product Name:Evil Suite\r\n" +
-                            (more ? "    Process identifier :4242\r\n" + extra("    ") : "") +
+                            (more ? "    Process identifier :4242\r\n    Module :C:\\a.exe\r\n"
+                                    "    Module :C:\\b.dll\r\n" +
+                                        extra("    ")
+                                  : "") +
                             "\r\n\r\n" + MemoryEnd("2"));
       l.m.files.Remove("D:\\Logs\\ScanLog.txt");
       l.Add(kSpyFile, "C:\\Evil\\x.exe", "One");
