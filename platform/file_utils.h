@@ -11,6 +11,12 @@
 
 namespace scourwell {
 
+// The longest path that the system's ANSI calls take, in characters.
+inline constexpr std::size_t kLongestPath = 259;
+
+// A name that the code page could not hold carries a "?" where the character was lost.
+inline bool IsLossy(std::string_view name) { return name.find('?') != std::string_view::npos; }
+
 // folder + "\" (unless the folder ends in one) + name.
 std::string AddPathToFileName(std::string_view folder, std::string_view name);
 // The application folder, trimmed of blanks, joined with a name.

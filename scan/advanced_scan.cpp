@@ -9,8 +9,6 @@
 namespace scourwell {
 namespace {
 
-// The longest path that the system's ANSI calls take.
-constexpr std::size_t kLongestPath = 259;
 constexpr int kAdvancedScanning = 1530;
 
 std::string_view LastFour(std::string_view name) {
@@ -21,9 +19,6 @@ bool IsProgram(std::string_view name) {
   const std::string extension = Upper(LastFour(name));
   return extension == ".EXE" || extension == ".DLL" || extension == ".OCX";
 }
-
-// A name that the code page could not hold carries a "?" where the character was lost.
-bool IsLossy(std::string_view name) { return name.find('?') != std::string_view::npos; }
 
 std::optional<std::uint64_t> WholeNumber(std::string_view text) {
   std::uint64_t number = 0;

@@ -9,16 +9,11 @@
 namespace scourwell {
 namespace {
 
-// The longest path that the system's ANSI calls take, with the pattern of a listing behind it.
-constexpr std::size_t kLongestPath = 259;
 constexpr std::string_view kEverything = "*.*";
 
 bool Fits(const std::string& folder) {
   return folder.size() + 1 + kEverything.size() <= kLongestPath;
 }
-
-// A name that the code page could not hold carries a "?" where the character was lost.
-bool IsLossy(std::string_view name) { return name.find('?') != std::string_view::npos; }
 
 Outcome Unreachable(const std::string& path) {
   return Outcome::Failed(kPathNotFound,

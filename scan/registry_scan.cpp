@@ -30,7 +30,7 @@ constexpr Walk kQuickWalks[] = {
     {RootKey::LocalMachine, "Software\\Microsoft\\Internet Explorer\\Extensions", Walker::Subkeys},
     {RootKey::LocalMachine, "Software\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs",
      Walker::Values},
-    // A machine-wide key looked up under the classes root: kept, some spies put it there.
+    // A machine-wide key, looked up under the classes root on purpose.
     {RootKey::ClassesRoot,
      "Software\\Microsoft\\Windows\\Currentversion\\internet settings\\user agent\\post platform",
      Walker::Subkeys},
@@ -45,7 +45,7 @@ constexpr Walk kDeepWalks[] = {
      Walker::Subkeys},
     {RootKey::ClassesRoot, "CLSID", Walker::Subkeys},
     {RootKey::LocalMachine, kProviders, Walker::Subkeys},
-    {RootKey::LocalMachine, kProviders, Walker::Subkeys},  // twice, so that a change is seen
+    {RootKey::LocalMachine, kProviders, Walker::Subkeys},  // twice on purpose
     {RootKey::LocalMachine, kProviders, Walker::Values},
 };
 

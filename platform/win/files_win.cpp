@@ -11,7 +11,7 @@
 namespace scourwell {
 namespace {
 
-constexpr std::size_t kLongestPath = MAX_PATH - 1;
+static_assert(kLongestPath == MAX_PATH - 1);
 constexpr DWORD kNoAttributes =
     0xFFFFFFFF;  // the headers' own name is newer than the oldest target
 
