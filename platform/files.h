@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/file_streams.h"
 #include "platform/outcome.h"
 
 namespace scourwell {
@@ -23,6 +25,12 @@ enum FileAttribute : std::uint32_t {
 // File times: 100-nanosecond steps since 1601, UTC; 0 = unknown.
 using FileTime = std::uint64_t;
 
+struct FileTimes {
+  FileTime created = 0;
+  FileTime accessed = 0;
+  FileTime modified = 0;
+};
+
 struct DirEntry {
   std::string name;        // as it stands on the disk; "?" where the code page has no character
   std::string short_name;  // 8.3 name; empty when the name itself is one or the volume has none
@@ -30,7 +38,9 @@ struct DirEntry {
   std::uint64_t size = 0;  // bytes; 0 for folders
   FileTime modified = 0;
   FileTime accessed = 0;
+  FileTime created = 0;
 
+  FileTimes times() const { return {created, accessed, modified}; }
   bool IsFolder() const { return (attributes & kFolder) != 0; }
   bool IsLink() const { return (attributes & kLink) != 0; }
 };
@@ -78,6 +88,25 @@ class Files {
   virtual Outcome Replace(const std::string& path, std::string_view text) = 0;
 
   virtual Outcome EraseFile(const std::string& path) = 0;
+
+  virtual Outcome OpenReader(const std::string& path, std::unique_ptr<FileReader>* reader) = 0;
+  // Missing folders are not made.
+  virtual Outcome OpenWriter(const std::string& path, std::unique_ptr<FileWriter>* writer) = 0;
+
+  // kFileExists when anything of that name is there.
+  virtual Outcome CreateFolder(const std::string& path) = 0;
+  // An empty folder; a link to a folder is removed itself, its target stays.
+  virtual Outcome RemoveFolder(const std::string& path) = 0;
+  // Within a volume; kFileExists when anything of the new name is there.
+  virtual Outcome Move(const std::string& from, const std::string& to) = 0;
+  // kReadOnly, kHidden, kSystem and kArchive; other bits are passed over.
+  virtual Outcome SetAttributes(const std::string& path, std::uint32_t attributes) = 0;
+  // Of a file or folder; a time of 0 stays as it is. Volumes may round them. On Windows 95, 98 and
+  // Me folders refuse.
+  virtual Outcome SetTimes(const std::string& path, const FileTimes& times) = 0;
+  // Opens a folder and keeps it in its place. kPathFileAccess: it is a link. A root cannot be
+  // swapped and is held without more.
+  virtual Outcome HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) = 0;
 
   // The path with every part in its 8.3 form; empty when the path does not exist.
   virtual std::string ShortPath(const std::string& path) = 0;

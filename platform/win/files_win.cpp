@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/file_utils.h"
+#include "platform/win/file_streams_win.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/win_error.h"
 
@@ -29,14 +30,13 @@ DirEntry ToEntry(const WIN32_FIND_DATAA& data) {
   }
   entry.modified = ToFileTime(data.ftLastWriteTime);
   entry.accessed = ToFileTime(data.ftLastAccessTime);
+  entry.created = ToFileTime(data.ftCreationTime);
   return entry;
 }
 
 bool IsDots(const char* name) {
   return name[0] == '.' && (name[1] == 0 || (name[1] == '.' && name[2] == 0));
 }
-
-bool IsRoot(const std::string& path) { return path.size() == 3 && path[1] == ':'; }
 
 // Why a listing found nothing: an existing folder without a match is no failure.
 Outcome WhyNothing(DWORD code, const std::string& pattern) {
@@ -83,27 +83,6 @@ Outcome WriteAll(HANDLE file, std::string_view text) {
   return {};
 }
 
-// Puts `fresh` in the place of `path`. MoveFileEx replaces in one step but only works on the NT
-// family; elsewhere the old file is moved aside first, so that one of the two always exists.
-Outcome SwapIn(const std::string& fresh, const std::string& path) {
-  if (MoveFileExA(fresh.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) return {};
-  const DWORD code = GetLastError();
-  if (code != ERROR_CALL_NOT_IMPLEMENTED && code != ERROR_NOT_SUPPORTED) return FailedWith(code);
-  if (GetFileAttributesA(path.c_str()) == kNoAttributes) {
-    return MoveFileA(fresh.c_str(), path.c_str()) ? Outcome() : FailedWith(GetLastError());
-  }
-  const std::string aside = path + ".old";
-  DeleteFileA(aside.c_str());
-  if (!MoveFileA(path.c_str(), aside.c_str())) return FailedWith(GetLastError());
-  if (!MoveFileA(fresh.c_str(), path.c_str())) {
-    const DWORD failed = GetLastError();
-    MoveFileA(aside.c_str(), path.c_str());
-    return FailedWith(failed);
-  }
-  DeleteFileA(aside.c_str());
-  return {};
-}
-
 DriveKind ToKind(UINT type) {
   switch (type) {
     case DRIVE_NO_ROOT_DIR:
@@ -143,7 +122,7 @@ Outcome FilesWin::List(const std::string& pattern, const Visit& visit) {
 Outcome FilesWin::Stat(const std::string& path, DirEntry* entry) {
   if (path.empty() || path.size() > kLongestPath) return Outcome::Failed(kPathNotFound);
   if (path.find_first_of("*?") != std::string::npos) return Outcome::Failed(kFileNotFound);
-  if (IsRoot(path)) {  // a root has no entry of its own
+  if (IsRootPath(path)) {  // a root has no entry of its own
     const DWORD attributes = GetFileAttributesA(path.c_str());
     if (attributes == kNoAttributes) return FailedWith(GetLastError());
     *entry = DirEntry();
@@ -206,22 +185,64 @@ Outcome FilesWin::Append(const std::string& path, std::string_view text) {
 }
 
 Outcome FilesWin::Replace(const std::string& path, std::string_view text) {
-  const std::string fresh = path + ".new";
-  Outcome written;
-  {
-    FileHandle file(CreateFileA(fresh.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return FailedWith(GetLastError());
-    written = WriteAll(file.get(), text);
-    if (written.ok() && !FlushFileBuffers(file.get())) written = FailedWith(GetLastError());
-  }
-  if (written.ok()) written = SwapIn(fresh, path);
-  if (!written.ok()) DeleteFileA(fresh.c_str());
+  std::unique_ptr<FileWriter> writer;
+  Outcome written = OpenWriterWin(path, &writer);
+  if (written.ok()) written = writer->Write(text);
+  if (written.ok()) written = writer->Commit();
   return written;
 }
 
 Outcome FilesWin::EraseFile(const std::string& path) {
   return DeleteFileA(path.c_str()) ? Outcome() : FailedWith(GetLastError());
+}
+
+Outcome FilesWin::OpenReader(const std::string& path, std::unique_ptr<FileReader>* reader) {
+  return OpenReaderWin(path, reader);
+}
+
+Outcome FilesWin::OpenWriter(const std::string& path, std::unique_ptr<FileWriter>* writer) {
+  return OpenWriterWin(path, writer);
+}
+
+Outcome FilesWin::CreateFolder(const std::string& path) {
+  return CreateDirectoryA(path.c_str(), nullptr) ? Outcome() : FailedWith(GetLastError());
+}
+
+Outcome FilesWin::RemoveFolder(const std::string& path) {
+  return RemoveDirectoryA(path.c_str()) ? Outcome() : FailedWith(GetLastError());
+}
+
+Outcome FilesWin::Move(const std::string& from, const std::string& to) {
+  return MoveFileA(from.c_str(), to.c_str()) ? Outcome() : FailedWith(GetLastError());
+}
+
+Outcome FilesWin::SetAttributes(const std::string& path, std::uint32_t attributes) {
+  attributes &= kReadOnly | kHidden | kSystem | kArchive;
+  const DWORD bits = attributes ? attributes : FILE_ATTRIBUTE_NORMAL;
+  return SetFileAttributesA(path.c_str(), bits) ? Outcome() : FailedWith(GetLastError());
+}
+
+Outcome FilesWin::SetTimes(const std::string& path, const FileTimes& times) {
+  constexpr DWORD kWriteAttributes = 0x100;  // enough, also for read-only files, on the NT family
+  FileHandle file;
+  for (const DWORD access : {kWriteAttributes, DWORD{GENERIC_WRITE}}) {
+    file = FileHandle(CreateFileA(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    if (file) break;
+  }
+  if (!file) return FailedWith(GetLastError());
+  const FileTime wanted[] = {times.created, times.accessed, times.modified};
+  FILETIME set[3];
+  for (int i = 0; i < 3; ++i) {
+    set[i] = {static_cast<DWORD>(wanted[i]), static_cast<DWORD>(wanted[i] >> 32)};
+  }
+  const auto pointer = [&](int i) { return wanted[i] ? &set[i] : nullptr; };
+  return SetFileTime(file.get(), pointer(0), pointer(1), pointer(2)) ? Outcome()
+                                                                     : FailedWith(GetLastError());
+}
+
+Outcome FilesWin::HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) {
+  return HoldFolderWin(path, hold);
 }
 
 std::string FilesWin::ShortPath(const std::string& path) {

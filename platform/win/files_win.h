@@ -16,6 +16,14 @@ class FilesWin : public Files {
   Outcome Append(const std::string& path, std::string_view text) override;
   Outcome Replace(const std::string& path, std::string_view text) override;
   Outcome EraseFile(const std::string& path) override;
+  Outcome OpenReader(const std::string& path, std::unique_ptr<FileReader>* reader) override;
+  Outcome OpenWriter(const std::string& path, std::unique_ptr<FileWriter>* writer) override;
+  Outcome CreateFolder(const std::string& path) override;
+  Outcome RemoveFolder(const std::string& path) override;
+  Outcome Move(const std::string& from, const std::string& to) override;
+  Outcome SetAttributes(const std::string& path, std::uint32_t attributes) override;
+  Outcome SetTimes(const std::string& path, const FileTimes& times) override;
+  Outcome HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) override;
   std::string ShortPath(const std::string& path) override;
   std::vector<Drive> Drives() override;
   bool IsReady(const std::string& root) override;

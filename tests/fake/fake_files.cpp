@@ -55,7 +55,7 @@ Node* Node::Child(std::string_view part) const {
 }
 
 DirEntry Node::Entry() const {
-  return {name, short_name, attributes, IsFolder() ? 0 : content.size(), modified, accessed};
+  return {name, short_name, attributes, IsFolder() ? 0 : content.size(), modified, accessed, created};
 }
 
 void FakeFiles::AddDrive(char letter, DriveKind kind, bool ready) {
@@ -95,7 +95,7 @@ Node& FakeFiles::Put(const std::string& path, std::uint32_t attributes) {
       made->name = parts[i];
       made->short_name = NewShortName(*node, parts[i]);
       made->attributes = i + 1 == parts.size() ? attributes : std::uint32_t{kFolder};
-      made->modified = made->accessed = NextTime();
+      made->modified = made->accessed = made->created = NextTime();
       child = made.get();
       node->children.push_back(std::move(made));
     }
@@ -125,6 +125,14 @@ int FakeFiles::Begin(const std::string& call) {
   journal.push_back(call);
   const auto fault = faults.find(call);
   return fault == faults.end() ? 0 : fault->second;
+}
+
+int FakeFiles::BeginChange(const std::string& call) {
+  if (++changes == failing_change) {
+    journal.push_back("Failing " + call);
+    return change_error;
+  }
+  return Begin(call);
 }
 
 FakeFiles::Place FakeFiles::Walk(const std::string& path, bool follow_last, int links_left) {
@@ -254,17 +262,17 @@ Outcome FakeFiles::Write(const std::string& path, const std::function<void(Node&
 }
 
 Outcome FakeFiles::Append(const std::string& path, std::string_view text) {
-  if (const int fault = Begin("Append " + path)) return Outcome::Failed(fault);
+  if (const int fault = BeginChange("Append " + path)) return Outcome::Failed(fault);
   return Write(path, [&](Node& node) { node.content.append(text); });
 }
 
 Outcome FakeFiles::Replace(const std::string& path, std::string_view text) {
-  if (const int fault = Begin("Replace " + path)) return Outcome::Failed(fault);
+  if (const int fault = BeginChange("Replace " + path)) return Outcome::Failed(fault);
   return Write(path, [&](Node& node) { node.content = text; });
 }
 
 Outcome FakeFiles::EraseFile(const std::string& path) {
-  if (const int fault = Begin("Erase " + path)) return Outcome::Failed(fault);
+  if (const int fault = BeginChange("Erase " + path)) return Outcome::Failed(fault);
   const Place place = Walk(path, false);
   if (!place.node) return Outcome::Failed(place.error);
   if (place.node->error) return Outcome::Failed(place.node->error);

@@ -34,6 +34,8 @@ struct Node {
   std::uint32_t attributes = 0;
   FileTime modified = 0;
   FileTime accessed = 0;
+  FileTime created = 0;
+  int holds = 0;         // so many hold the folder in its place
   int error = 0;         // listing a folder, reading and changing a file end with it
   bool locked = false;   // in use: neither read, changed nor deleted
   bool refuses = false;  // a folder in which nothing can be written
@@ -88,6 +90,10 @@ class FakeFiles : public Files {
   std::vector<std::string> journal;   // "List C:\*.*", "Read C:\x", ... in the order of the calls
   std::map<std::string, int> faults;  // a journal line and the error that such a call ends with
   bool short_names = true;            // volumes have 8.3 names
+  std::size_t changes = 0;            // writes, renames, deletions and the like so far
+  std::size_t failing_change = 0;     // the one that fails; 0: none
+  int change_error = kDiskFull;       // with this
+  std::uint64_t free_space = ~0ull;   // bytes that writers can still write
 
   // Made with every folder on the way; an existing item is changed.
   Node& Put(const std::string& path, std::uint32_t attributes);
@@ -105,6 +111,14 @@ class FakeFiles : public Files {
   Outcome Append(const std::string& path, std::string_view text) override;
   Outcome Replace(const std::string& path, std::string_view text) override;
   Outcome EraseFile(const std::string& path) override;
+  Outcome OpenReader(const std::string& path, std::unique_ptr<FileReader>* reader) override;
+  Outcome OpenWriter(const std::string& path, std::unique_ptr<FileWriter>* writer) override;
+  Outcome CreateFolder(const std::string& path) override;
+  Outcome RemoveFolder(const std::string& path) override;
+  Outcome Move(const std::string& from, const std::string& to) override;
+  Outcome SetAttributes(const std::string& path, std::uint32_t attributes) override;
+  Outcome SetTimes(const std::string& path, const FileTimes& times) override;
+  Outcome HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) override;
   std::string ShortPath(const std::string& path) override;
   std::vector<Drive> Drives() override;
   bool IsReady(const std::string& root) override;
@@ -123,7 +137,9 @@ class FakeFiles : public Files {
     int error = 0;
   };
 
+  friend class FakeWriter;
   int Begin(const std::string& call);
+  int BeginChange(const std::string& call);
   Place Walk(const std::string& path, bool follow_last, int links_left = 20);
   Outcome Open(const std::string& path, const std::string** content);
   Outcome Write(const std::string& path, const std::function<void(Node&)>& change);

@@ -1,0 +1,150 @@
+// What the fake file system does with streams, folders, names, attributes and times.
+#include <algorithm>
+
+#include "tests/fake/fake_machine.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr std::uint32_t kSettable = kReadOnly | kHidden | kSystem | kArchive;
+
+class FakeReader : public FileReader {
+ public:
+  explicit FakeReader(std::string content) : content_(std::move(content)) {}
+
+  std::uint64_t size() const override { return content_.size(); }
+  Outcome ReadAt(std::uint64_t offset, char* bytes, std::size_t count,
+                 std::size_t* filled) override {
+    const auto begin = static_cast<std::size_t>(std::min<std::uint64_t>(offset, content_.size()));
+    *filled = content_.copy(bytes, count, begin);
+    return {};
+  }
+
+ private:
+  std::string content_;
+};
+
+class FakeHold : public FolderHold {
+ public:
+  explicit FakeHold(int* holds) : holds_(holds) { ++*holds_; }
+  ~FakeHold() override { --*holds_; }
+
+ private:
+  int* holds_;
+};
+
+}  // namespace
+
+class FakeWriter : public FileWriter {
+ public:
+  FakeWriter(FakeFiles& files, std::string path) : files_(files), path_(std::move(path)) {}
+
+  Outcome Write(std::string_view bytes) override {
+    if (const int fault = files_.BeginChange("Write " + path_)) return Outcome::Failed(fault);
+    if (bytes.size() > files_.free_space) return Outcome::Failed(kDiskFull);
+    files_.free_space -= bytes.size();
+    content_ += bytes;
+    return {};
+  }
+  Outcome Commit() override {
+    if (const int fault = files_.BeginChange("Commit " + path_)) return Outcome::Failed(fault);
+    return files_.Write(path_, [&](Node& node) { node.content = content_; });
+  }
+
+ private:
+  FakeFiles& files_;
+  std::string path_;
+  std::string content_;
+};
+
+Outcome FakeFiles::OpenReader(const std::string& path, std::unique_ptr<FileReader>* reader) {
+  if (const int fault = Begin("OpenReader " + path)) return Outcome::Failed(fault);
+  const std::string* found = nullptr;
+  if (Outcome opened = Open(path, &found); !opened.ok()) return opened;
+  *reader = std::make_unique<FakeReader>(*found);
+  return {};
+}
+
+Outcome FakeFiles::OpenWriter(const std::string& path, std::unique_ptr<FileWriter>* writer) {
+  if (const int fault = BeginChange("OpenWriter " + path)) return Outcome::Failed(fault);
+  const Place place = Walk(path.substr(0, path.rfind('\\')) + "\\", true);
+  if (!place.node || !place.node->IsFolder()) return Outcome::Failed(kPathNotFound);
+  if (place.node->refuses) return Outcome::Failed(kPermissionDenied);
+  *writer = std::make_unique<FakeWriter>(*this, path);
+  return {};
+}
+
+Outcome FakeFiles::CreateFolder(const std::string& path) {
+  if (const int fault = BeginChange("CreateFolder " + path)) return Outcome::Failed(fault);
+  const Place place = Walk(path, false);
+  if (place.node) return Outcome::Failed(kFileExists);
+  if (place.error != kFileNotFound) return Outcome::Failed(place.error);
+  if (place.folder->refuses) return Outcome::Failed(kPermissionDenied);
+  Put(path, kFolder);
+  return {};
+}
+
+Outcome FakeFiles::RemoveFolder(const std::string& path) {
+  if (const int fault = BeginChange("RemoveFolder " + path)) return Outcome::Failed(fault);
+  const Place place = Walk(path, false);
+  if (!place.node) return Outcome::Failed(place.error);
+  if (!place.node->IsFolder()) return Outcome::Failed(kPathNotFound);
+  const Node& node = *place.node;
+  if (!place.folder || node.holds > 0 || node.locked || node.attributes & kReadOnly) {
+    return Outcome::Failed(kPermissionDenied);
+  }
+  if (!node.IsLink() && !node.children.empty()) return Outcome::Failed(kPathFileAccess);
+  Erase(place.folder, place.node);
+  return {};
+}
+
+Outcome FakeFiles::Move(const std::string& from, const std::string& to) {
+  if (const int fault = BeginChange("Move " + from + " > " + to)) return Outcome::Failed(fault);
+  const Place source = Walk(from, false);
+  if (!source.node) return Outcome::Failed(source.error);
+  const Place target = Walk(to, false);
+  if (target.node && target.node != source.node) return Outcome::Failed(kFileExists);
+  if (!target.node && target.error != kFileNotFound) return Outcome::Failed(target.error);
+  const bool in_use = source.node->holds > 0 || source.node->locked || source.node->error;
+  if (in_use || target.folder->refuses) return Outcome::Failed(kPermissionDenied);
+  auto& children = source.folder->children;
+  const auto at = std::find_if(children.begin(), children.end(),
+                               [&](const auto& child) { return child.get() == source.node; });
+  std::unique_ptr<Node> node = std::move(*at);
+  children.erase(at);
+  node->name = target.name;
+  node->short_name = NewShortName(*target.folder, target.name);
+  target.folder->children.push_back(std::move(node));
+  return {};
+}
+
+Outcome FakeFiles::SetAttributes(const std::string& path, std::uint32_t attributes) {
+  if (const int fault = BeginChange("Attributes " + path)) return Outcome::Failed(fault);
+  const Place place = Walk(path, false);
+  if (!place.node) return Outcome::Failed(place.error);
+  if (place.node->error) return Outcome::Failed(place.node->error);
+  place.node->attributes = (place.node->attributes & ~kSettable) | (attributes & kSettable);
+  return {};
+}
+
+Outcome FakeFiles::SetTimes(const std::string& path, const FileTimes& times) {
+  if (const int fault = BeginChange("Times " + path)) return Outcome::Failed(fault);
+  const Place place = Walk(path, true);
+  if (!place.node) return Outcome::Failed(place.error);
+  if (times.created) place.node->created = times.created;
+  if (times.accessed) place.node->accessed = times.accessed;
+  if (times.modified) place.node->modified = times.modified;
+  return {};
+}
+
+Outcome FakeFiles::HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) {
+  if (const int fault = Begin("Hold " + path)) return Outcome::Failed(fault);
+  const Place place = Walk(path, false);
+  if (!place.node) return Outcome::Failed(place.error);
+  if (!place.node->IsFolder()) return Outcome::Failed(kPathNotFound);
+  if (place.node->IsLink()) return Outcome::Failed(kPathFileAccess, "The folder is a link");
+  *hold = std::make_unique<FakeHold>(&place.node->holds);
+  return {};
+}
+
+}  // namespace scourwell::test
