@@ -35,10 +35,11 @@ ExternalProject_Add(host_tools
 file(GLOB definition_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/definitions/reference/*.tsv)
 add_custom_command(
   OUTPUT ${PROJECT_BINARY_DIR}/update.ref
+  COMMAND ${host_refc} lint ${PROJECT_SOURCE_DIR}/definitions/reference
   COMMAND ${host_refc} build ${PROJECT_SOURCE_DIR}/definitions/reference
           -o ${PROJECT_BINARY_DIR}/update.ref
   DEPENDS ${definition_sources} ${host_refc}
-  COMMENT "Compiling the definitions"
+  COMMENT "Judging and compiling the definitions"
   VERBATIM)
 add_custom_target(program_folder ALL
   COMMAND ${CMAKE_COMMAND} -E make_directory ${program_folder}/Lang ${program_folder}/Ini

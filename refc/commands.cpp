@@ -1,8 +1,13 @@
 #include "refc/commands.h"
 
+#include "refc/code_page.h"
+#include "refc/diff.h"
 #include "refc/dump.h"
+#include "refc/escape.h"
 #include "refc/help.h"
+#include "refc/lint.h"
 #include "refc/load.h"
+#include "refc/match.h"
 
 namespace scourwell::refc {
 namespace {
@@ -22,8 +27,14 @@ class Session {
 
   int Build(const Arguments& arguments);
   int Dump(const Arguments& arguments);
+  int Judge(const Arguments& arguments);
+  int MatchItems(const Arguments& arguments);
+  int Compare(const Arguments& arguments);
 
  private:
+  bool WriteChanges(const Arguments& arguments, const DefinitionSet& after,
+                    const std::vector<Change>& changes);
+  void ShowRow(const char* mark, const DefinitionSet& set, std::size_t sequence, const Row& row);
   bool LoadAll(const std::vector<std::string>& paths);
   bool LoadOne(const std::string& path, DefinitionSet* set, Findings* findings);
   int Fail(const std::string& text) {
@@ -83,6 +94,88 @@ int Session::Dump(const Arguments& arguments) {
   return kFine;
 }
 
+int Session::Judge(const Arguments& arguments) {
+  if (!LoadAll(arguments.paths)) return kUnusable;
+  Lint(set_, &findings_);
+  ShowFindings();
+  console_.out(std::to_string(set_.row_count()) + " rows, " + std::to_string(findings_.count()) +
+               " findings\n");
+  return findings_.count() == 0 ? kFine : kFound;
+}
+
+// Kind, spy and definition.
+void Session::ShowRow(const char* mark, const DefinitionSet& set, std::size_t sequence,
+                      const Row& row) {
+  std::string text = mark + std::string(KindWord(Catalogue()[sequence].kind)) + "\t" +
+                     Escaped(set.View(row, 0)) + "\t" + Escaped(set.View(row, 1));
+  if (row.cells[2].size != 0) {
+    text += (Catalogue()[sequence].kind == Kind::Value ? "\\" : " ") + Escaped(set.View(row, 2));
+  }
+  console_.out(text);
+}
+
+int Session::MatchItems(const Arguments& arguments) {
+  if (!LoadOne(arguments.paths[0], &set_, &findings_)) return kUnusable;
+  ShowFindings();
+  bool any = false;
+  for (std::size_t i = 1; i < arguments.paths.size(); ++i) {
+    std::string item = arguments.paths[i];
+    std::string bad;
+    const auto text = ToCodePage(item.data(), item.size(), &bad);
+    if (!text) return Fail("match: the item holds " + bad);
+    for (const Hit& hit : Match(set_, *text)) {
+      any = true;
+      ShowRow((arguments.paths[i] + "\t").c_str(), set_, hit.sequence, *hit.row);
+      console_.out("\t" + set_.TextName(hit.row->place.text) + ":" +
+                   std::to_string(hit.row->place.line) + "\n");
+    }
+  }
+  return any ? kFound : kFine;
+}
+
+bool Session::WriteChanges(const Arguments& arguments, const DefinitionSet& after,
+                           const std::vector<Change>& changes) {
+  const auto texts = ChangeTexts(set_, after, changes);
+  const auto file = disk_.Create(arguments.changes);
+  const auto line = [&](std::size_t which, const std::string& text) {
+    if (!text.empty()) file->Append(std::string(kReleaseValues[which].word) + "\t" + text + "\n");
+  };
+  file->Append("# The release: its number, and what the user is told of it.\n");
+  line(0, arguments.number.empty() ? Escaped(after.Release(0)) : arguments.number);
+  for (std::size_t i = 0; i < texts.size(); ++i) line(i + 1, Escaped(texts[i]));
+  return file->Commit();
+}
+
+int Session::Compare(const Arguments& arguments) {
+  if (arguments.changes.empty() && !arguments.number.empty()) {
+    return Fail("diff: --number needs --changes");
+  }
+  DefinitionSet after;
+  Findings after_findings;
+  if (!LoadOne(arguments.paths[0], &set_, &findings_) ||
+      !LoadOne(arguments.paths[1], &after, &after_findings)) {
+    return kUnusable;
+  }
+  if (findings_.count() + after_findings.count() != 0) {
+    console_.err("refc: rows that cannot be read are left out; refc lint says which\n");
+  }
+  const std::vector<Change> changes = Diff(set_, after);
+  for (const Change& change : changes) {
+    if (change.before && change.after) {
+      ShowRow("~\t", after, change.sequence, *change.after);
+      console_.out("\twas " + Escaped(set_.View(*change.before, 0)) + "\n");
+    } else {
+      ShowRow(change.after ? "+\t" : "-\t", change.after ? after : set_, change.sequence,
+              change.after ? *change.after : *change.before);
+      console_.out("\n");
+    }
+  }
+  if (!arguments.changes.empty() && !WriteChanges(arguments, after, changes)) {
+    return Fail(arguments.changes + ": cannot be written");
+  }
+  return changes.empty() ? kFine : kFound;
+}
+
 struct Command {
   const char* name;
   int (Session::*run)(const Arguments&);
@@ -96,6 +189,9 @@ constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 constexpr Command kCommands[] = {
     {"build", &Session::Build, 1, kAnyNumber, " -o "},
     {"dump", &Session::Dump, 1, 1, ""},
+    {"lint", &Session::Judge, 1, kAnyNumber, ""},
+    {"match", &Session::MatchItems, 2, kAnyNumber, ""},
+    {"diff", &Session::Compare, 2, 2, " --changes --number "},
 };
 
 std::string* OptionOf(const std::string& word, Arguments* arguments) {

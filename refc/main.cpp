@@ -1,5 +1,6 @@
 // refc: compiles, prints and checks definitions. See docs/definitions.md.
 #include <cstdio>
+#include <new>
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
@@ -22,7 +23,12 @@ int main(int count, char** words) {
   _setmode(_fileno(stderr), _O_BINARY);
 #endif
   const std::unique_ptr<Disk> disk = MakeDisk();
-  const int code = Run({words + 1, words + count}, *disk, {WriterTo(stdout), WriterTo(stderr)});
+  int code = kUnusable;
+  try {
+    code = Run({words + 1, words + count}, *disk, {WriterTo(stdout), WriterTo(stderr)});
+  } catch (const std::bad_alloc&) {
+    std::fputs("refc: not enough memory\n", stderr);
+  }
   if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return code;
   std::fputs("refc: the output could not be written\n", stderr);
   return kUnusable;

@@ -1,5 +1,7 @@
 #include "refc/source_reader.h"
 
+#include <algorithm>
+
 #include "definitions/reference_file.h"
 #include "platform/text.h"
 #include "refc/code_page.h"
@@ -131,12 +133,15 @@ void Reader::Numbered(std::string_view line) {
   if (equals == line.npos) return Complain("form", "neither a section nor key=value");
   const std::string_view key = TrimBlanks(line.substr(0, equals));
   const std::string_view text = TrimBlanks(line.substr(equals + 1));
-  if (HoldsRawByte(text)) {
-    return Complain("characters", "a byte below 12 has no plain form");
-  }
   char* const begin = set_.Text(text_).data() + SpanOf(text).begin;
-  const std::string_view value(begin, Unescape(begin, text.size()));
-  sections_.Key(key, IsStorable(value) ? SpanOf(value) : Span{}, place_);
+  std::string_view value(begin, text.size());
+  if (HoldsRawByte(text)) {
+    Complain("characters", "a byte below 12 has no plain form");
+  } else {
+    value = {begin, Unescape(begin, text.size())};
+    IsStorable(value);
+  }
+  sections_.Key(key, SpanOf(value), place_);  // so that there is no gap as well
 }
 
 void Reader::AddRow(Kind kind, std::string_view spy, std::string_view what) {
@@ -169,7 +174,7 @@ void Reader::AddRow(Kind kind, std::string_view spy, std::string_view what) {
                     "the program reads " + std::to_string(most) + " entries of a sequence");
   }
   if (!IsStorable(spy) || !IsStorable(what) || !IsStorable(second)) return;
-  rows.push_back({{SpanOf(spy), SpanOf(what), second.empty() ? Span{} : SpanOf(second)}, place_});
+  rows.push_back({{SpanOf(spy), SpanOf(what), SpanOf(second)}, place_});
 }
 
 bool Reader::IsStorable(std::string_view value) {
@@ -189,8 +194,9 @@ bool Reader::IsStorable(std::string_view value) {
 }
 
 Span Reader::SpanOf(std::string_view piece) const {
+  if (piece.empty()) return {};  // it may point nowhere
   return {static_cast<std::uint32_t>(piece.data() - set_.Text(text_).data()),
-          static_cast<std::uint16_t>(piece.size())};
+          static_cast<std::uint16_t>(std::min(piece.size(), kLongestSpan))};
 }
 
 }  // namespace
