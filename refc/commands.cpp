@@ -77,6 +77,9 @@ void Session::ShowFindings() {
 int Session::Build(const Arguments& arguments) {
   if (arguments.output.empty()) return Fail("build: -o FILE is missing");
   if (!LoadAll(arguments.paths)) return kUnusable;
+  if (findings_.count() == 0 && set_.IsEmpty()) {
+    findings_.Add({0, 1}, "form", "there is nothing to build");
+  }
   if (findings_.count() != 0) {
     ShowFindings();
     return kFound;

@@ -41,6 +41,11 @@ std::size_t DefinitionSet::row_count() const {
   return count;
 }
 
+bool DefinitionSet::IsEmpty() const {
+  const auto is_missing = [](const Single& single) { return single.place.line == 0; };
+  return row_count() == 0 && std::all_of(release.begin(), release.end(), is_missing);
+}
+
 std::string Describe(const Finding& finding, const DefinitionSet& set) {
   std::string text = set.TextName(finding.place.text);
   if (finding.place.line != 0) text += ":" + std::to_string(finding.place.line);

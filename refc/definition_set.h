@@ -83,6 +83,8 @@ class DefinitionSet {
   }
 
   std::size_t row_count() const;
+  // Neither a row nor a value of a release.
+  bool IsEmpty() const;
 
   // In the order of Catalogue.
   std::vector<std::deque<Row>> rows = std::vector<std::deque<Row>>(Catalogue().size());

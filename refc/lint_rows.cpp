@@ -48,6 +48,15 @@ bool IsNarrowPattern(std::string_view value) {
          Distinctive(signature) >= kLeastDistinctive;
 }
 
+RowJudge::RowJudge(const DefinitionSet& set, Findings& findings) : set_(set), findings_(findings) {
+  for (const std::string_view site : good_.Names(GoodList::Sites)) {
+    cookies_.push_back("DEFAULT@" + Upper(site) + "[1].TXT");
+  }
+  for (const char* user : {"ADMINISTRATOR@", "OWNER@", "USER@", "HOME PC@"}) {
+    cookies_.emplace_back(user);
+  }
+}
+
 void RowJudge::Judge(const Row& row, const Listed& listed) {
   place_ = row.place;
   spy_ = set_.View(row, 0);
@@ -236,17 +245,10 @@ void RowJudge::Cookie() {
   if (LongestRun(value_) < (value_.ends_with('[') ? 3 : kLeastDistinctive)) {
     return Complain("broad", "too few characters in a row in " + Quoted(value_));
   }
-  // A whole name: the site between the user, "@" and "[".
-  std::string fragment = Upper(value_);
-  for (const std::string_view name : good_.Names(GoodList::Sites)) {
-    const std::string cookie = "DEFAULT@" + Upper(name) + "[1].TXT";
-    if (cookie.find(fragment) == std::string::npos) continue;
-    return Complain("cookie", Quoted(value_) + " is found in cookies of " + std::string(name));
-  }
-  for (const std::string_view user : {"ADMINISTRATOR@", "OWNER@", "USER@", "HOME PC@"}) {
-    if (user.find(fragment) != user.npos) {
-      return Complain("cookie", Quoted(value_) + " is found in every cookie of some users");
-    }
+  const std::string fragment = Upper(value_);
+  for (const std::string& cookie : cookies_) {
+    if (cookie.find(fragment) == cookie.npos) continue;
+    return Complain("cookie", Quoted(value_) + " is found in " + cookie);
   }
 }
 

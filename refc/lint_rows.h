@@ -10,7 +10,7 @@ namespace scourwell::refc {
 // Judges single rows, each by the rules of its kind.
 class RowJudge {
  public:
-  RowJudge(const DefinitionSet& set, Findings& findings) : set_(set), findings_(findings) {}
+  RowJudge(const DefinitionSet& set, Findings& findings);
 
   void Judge(const Row& row, const Listed& listed);
 
@@ -37,6 +37,7 @@ class RowJudge {
   const DefinitionSet& set_;
   Findings& findings_;
   const GoodNames& good_ = GoodNames::Get();
+  std::vector<std::string> cookies_;  // of ordinary sites, folded
   Place place_;
   std::string_view spy_;
   std::string_view value_;

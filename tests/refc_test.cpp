@@ -103,6 +103,8 @@ TEST_SUITE("refc") {
     Tool tool;
     CHECK(tool.Build("families.tsv", Row("file", "x.exe")) == "");
     CHECK(tool.err == "families.tsv:1: form: the row stands in no family\n");
+    CHECK(tool.Build("spyware.tsv", "# no row\n") == "");
+    CHECK(tool.err == "spyware.tsv: form: there is nothing to build\n");
     const std::string long_name(1999, 'x');
     CHECK(tool.Build("spyware.tsv", Row("file", long_name)) != "");
     CHECK(tool.Build("spyware.tsv", Row("file", long_name + "x")) == "");
