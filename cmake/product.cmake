@@ -17,13 +17,29 @@ add_custom_command(TARGET Scourwell POST_BUILD
   VERBATIM)
 
 set(program_folder ${PROJECT_SOURCE_DIR}/out/Scourwell)
-set(default_definitions ${PROJECT_SOURCE_DIR}/definitions/default/update.ini)
+
+# The default definitions. The tool that makes them must run here, so it is built once more, for
+# this machine.
+include(ExternalProject)
+set(host_refc ${PROJECT_BINARY_DIR}/host/refc/refc)
+ExternalProject_Add(host_tools
+  SOURCE_DIR ${PROJECT_SOURCE_DIR}
+  BINARY_DIR ${PROJECT_BINARY_DIR}/host
+  PREFIX ${PROJECT_BINARY_DIR}/host-tools
+  CMAKE_ARGS -DSCOURWELL_HOST_TOOLS=ON -DCMAKE_BUILD_TYPE=Release
+  BUILD_COMMAND ${CMAKE_COMMAND} --build <BINARY_DIR> --target refc
+  BUILD_ALWAYS TRUE
+  BUILD_BYPRODUCTS ${host_refc}
+  INSTALL_COMMAND ""
+  USES_TERMINAL_BUILD TRUE)
+file(GLOB definition_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/definitions/reference/*.tsv)
 add_custom_command(
   OUTPUT ${PROJECT_BINARY_DIR}/update.ref
-  COMMAND ${PROJECT_SOURCE_DIR}/scripts/scramble ${default_definitions}
-          > ${PROJECT_BINARY_DIR}/update.ref
-  DEPENDS ${default_definitions} ${PROJECT_SOURCE_DIR}/scripts/scramble
-  COMMENT "Scrambling the definitions"
+  COMMAND ${host_refc} lint ${PROJECT_SOURCE_DIR}/definitions/reference
+  COMMAND ${host_refc} build ${PROJECT_SOURCE_DIR}/definitions/reference
+          -o ${PROJECT_BINARY_DIR}/update.ref
+  DEPENDS ${definition_sources} ${host_refc}
+  COMMENT "Judging and compiling the definitions"
   VERBATIM)
 add_custom_target(program_folder ALL
   COMMAND ${CMAKE_COMMAND} -E make_directory ${program_folder}/Lang ${program_folder}/Ini

@@ -27,6 +27,12 @@ std::optional<std::string> Decrypt(std::string_view scrambled) {
   return plain;
 }
 
+void AppendScrambled(std::string_view plain, std::string* text) {
+  for (const char c : plain) {
+    text->push_back(static_cast<char>(static_cast<unsigned char>(c) + kShift));
+  }
+}
+
 ReferenceFile::ReferenceFile(Files& files, Clock& clock, ErrorLog& log, const AppSettings& settings,
                              const std::string& application_folder)
     : log_(log),

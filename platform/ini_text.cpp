@@ -23,58 +23,54 @@ std::string_view WithoutQuotes(std::string_view text) {
   return text;
 }
 
-// "[name]", with anything behind the last bracket ignored.
-std::optional<std::string_view> HeaderName(std::string_view line) {
-  line = Trim(line);
-  const std::size_t close = line.rfind(']');
-  if (line.empty() || line.front() != '[' || close == std::string_view::npos) return std::nullopt;
-  return Trim(line.substr(1, close - 1));
-}
-
-std::optional<std::string_view> KeyName(std::string_view line) {
-  line = Trim(line);
-  const std::size_t equals = line.find('=');
-  if (line.empty() || line.front() == ';' || line.front() == '[' ||
-      equals == std::string_view::npos) {
-    return std::nullopt;
-  }
-  return Trim(line.substr(0, equals));
-}
-
 }  // namespace
+
+// "[name]", with anything behind the last bracket ignored, or "name=value".
+IniLine ReadIniLine(std::string_view line) {
+  line = Trim(line);
+  if (line.empty() || line.front() == ';') return {};
+  if (line.front() == '[') {
+    const std::size_t close = line.rfind(']');
+    if (close == std::string_view::npos) return {};
+    return {IniLine::Kind::Header, Trim(line.substr(1, close - 1)), {}};
+  }
+  const std::size_t equals = line.find('=');
+  if (equals == std::string_view::npos) return {};
+  return {IniLine::Kind::Key, Trim(line.substr(0, equals)),
+          WithoutQuotes(Trim(line.substr(equals + 1)))};
+}
+
+std::string_view IniLineAt(std::string_view text, std::size_t begin) {
+  std::size_t end = begin;
+  while (end < text.size() && text[end] != '\r' && text[end] != '\n') ++end;
+  return text.substr(begin, end - begin);
+}
 
 IniText::IniText(std::string content) : content_(std::move(content)) {
   const auto lines = static_cast<std::size_t>(std::count(content_.begin(), content_.end(), '\n'));
   while (slots_.size() * 2 < lines * 3) Grow();
   entries_.reserve(lines);
   // No section counts before the first one and in a repeated one.
-  std::optional<std::uint32_t> section;
+  std::uint32_t section = kHeader;
   for (std::size_t begin = 0; begin < content_.size();) {
-    const std::string_view line = LineAt(begin);
-    if (const auto header = HeaderName(line)) {
-      section.reset();
-      if (Add(kHeader, *header, begin)) {
+    const std::string_view text = IniLineAt(content_, begin);
+    const IniLine line = ReadIniLine(text);
+    if (line.kind == IniLine::Kind::Header) {
+      section = kHeader;
+      if (Add(kHeader, line.name, begin)) {
         section = static_cast<std::uint32_t>(entries_.size() - 1);
         ++section_count_;
       }
-    } else if (section) {
-      if (const auto key = KeyName(line)) Add(*section, *key, begin);
+    } else if (section != kHeader && line.kind == IniLine::Kind::Key) {
+      Add(section, line.name, begin);
     }
-    begin += line.size() + 1;
+    begin += text.size() + 1;
   }
   entries_.shrink_to_fit();
 }
 
-std::string_view IniText::LineAt(std::size_t begin) const {
-  const char* const text = content_.data();
-  std::size_t end = begin;
-  while (end < content_.size() && text[end] != '\r' && text[end] != '\n') ++end;
-  return std::string_view(text + begin, end - begin);
-}
-
 std::string_view IniText::NameOf(const Entry& entry) const {
-  const std::string_view line = LineAt(entry.begin);
-  return entry.section == kHeader ? *HeaderName(line) : *KeyName(line);
+  return ReadIniLine(IniLineAt(content_, entry.begin)).name;
 }
 
 // The slot that holds the name, or the empty one where it belongs.
@@ -117,8 +113,7 @@ std::optional<std::string_view> IniText::Find(std::string_view section,
   if (!header) return std::nullopt;
   const auto entry = Lookup(*header, key);
   if (!entry) return std::nullopt;
-  const std::string_view line = LineAt(entries_[*entry].begin);
-  return WithoutQuotes(Trim(line.substr(line.find('=') + 1)));
+  return ReadIniLine(IniLineAt(content_, entries_[*entry].begin)).value;
 }
 
 }  // namespace scourwell

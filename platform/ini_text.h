@@ -8,6 +8,18 @@
 
 namespace scourwell {
 
+// What a line of an INI text says, with the system's rules. The views lie in the line.
+struct IniLine {
+  enum class Kind { Other, Header, Key };  // Other: blank, a comment, or nothing that is read
+  Kind kind = Kind::Other;
+  std::string_view name;   // of the section or key, without blanks around it
+  std::string_view value;  // of a key, without blanks and one pair of quotes around it
+};
+// `line` is without its end.
+IniLine ReadIniLine(std::string_view line);
+// The line that begins at `begin`: up to, not including, the next CR or LF.
+std::string_view IniLineAt(std::string_view text, std::size_t begin);
+
 // An INI text, indexed once and looked up with the system's rules: the first section and, in it,
 // the first key of a name count; names compare without case; blanks around names and values and
 // one pair of quotes around a value are dropped; lines that begin with ";" are comments. Any
@@ -33,7 +45,6 @@ class IniText {
   };
   static constexpr std::uint32_t kHeader = 0xFFFFFFFF;
 
-  std::string_view LineAt(std::size_t begin) const;
   std::string_view NameOf(const Entry& entry) const;
   std::size_t SlotFor(std::uint32_t section, std::string_view name) const;
   std::optional<std::uint32_t> Lookup(std::uint32_t section, std::string_view name) const;

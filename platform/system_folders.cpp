@@ -90,6 +90,12 @@ SystemFolders ComputeSystemFolders(System& system, Registry& registry, const COp
   return folders;
 }
 
+std::vector<std::string_view> FolderTokens() {
+  std::vector<std::string_view> tokens;
+  for (const Token& token : kTokens) tokens.push_back(token.token);
+  return tokens;
+}
+
 std::optional<std::string> ExpandFolderToken(std::string_view text, const SystemFolders& folders) {
   for (const Token& token : kTokens) {
     if (FindNoCase(text, token.token) == std::string_view::npos) continue;

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/error_log.h"
 #include "platform/op_sys_info.h"
@@ -57,6 +58,9 @@ struct SystemFolders {
 
 SystemFolders ComputeSystemFolders(System& system, Registry& registry, const COpSysInfo& os,
                                    ErrorLog& log, std::string application_folder);
+
+// The folder tokens, as definitions spell them, in the order in which they are looked for.
+std::vector<std::string_view> FolderTokens();
 
 // Replaces the first folder token that `text` holds, found without case in the fixed order of
 // the token table; every occurrence in exactly the table's spelling gives way to the folder. No

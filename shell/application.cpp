@@ -1,5 +1,7 @@
 #include "shell/application.h"
 
+#include <utility>
+
 #include "platform/file_utils.h"
 
 namespace scourwell {
@@ -24,6 +26,7 @@ Application::Application(const Ports& ports, const std::string& application_fold
       scan_log_({ports.files, ports.clock, ports.versions, file_version_, ports.processes, log_,
                  language_, settings_, hits_, os_, folders_, version}),
       reference_(ports.files, ports.clock, log_, settings_, application_folder),
+      changes_(reference_, store_, language_, log_),
       memory_({ports.processes, ports.system, ports.pump, log_, os_, folders_, hits_, progress_}),
       matching_(ports.files, log_, folders_, hits_, memory_),
       built_in_(lists_, matching_, folders_, ports.pump, log_),
@@ -35,8 +38,21 @@ Application::Application(const Ports& ports, const std::string& application_fold
 void Application::Start() {
   log_.deleteLogFile();
   settings_store_.LoadSettings();
+  CheckRelease();
   settings_store_.SaveSettings();
 }
+
+void Application::SaveSettings() {
+  settings_store_.SaveSettings();
+  CheckRelease();
+}
+
+void Application::CheckRelease() {
+  std::string report = changes_.checkUpdateRefFileChanges();
+  if (!report.empty()) change_report_ = std::move(report);
+}
+
+std::string Application::TakeChangeReport() { return std::exchange(change_report_, {}); }
 
 void Application::FillTree() { scope_.FillTree(language_, ports_.files.Drives()); }
 
@@ -45,6 +61,7 @@ void Application::Shutdown() {
     if (settings_.AutoSave || !FileExists(ports_.files, settings_.LogFilePath)) return {};
     return ports_.files.EraseFile(settings_.LogFilePath);
   }));
+  // No look at the definitions here: nobody would see the report any more.
   settings_store_.SaveSettings();
 }
 
@@ -67,6 +84,7 @@ template <class Scan>
 void Application::Run(Scan&& scan) {
   if (scanning_) return;
   scanning_ = true;
+  CheckRelease();
   scan();
   progress_.loading = false;
   scanning_ = false;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "backup/ignore_list.h"
+#include "definitions/change_report.h"
 #include "definitions/list_loader.h"
 #include "platform/profiles.h"
 #include "platform/shell.h"
@@ -39,6 +40,11 @@ class Application : private ScanReport, private LoadProgress {
 
   // Start-up behind the splash: trims the error log, reads the settings and saves them back.
   void Start();
+  // When the user has changed settings: the definitions may be others now.
+  void SaveSettings();
+  // What a new release of the definitions changed, once after each was noticed; else empty.
+  // Releases are noticed at start-up, after the settings were saved, and when a scan begins.
+  std::string TakeChangeReport();
   // Rebuilds the scan scope from the drives of the machine.
   void FillTree();
   // The end of the run: an unsaved scan log goes, the settings are saved.
@@ -78,6 +84,7 @@ class Application : private ScanReport, private LoadProgress {
   void Begin(int maximum) override;
   void Advance() override;
   void End() override;
+  void CheckRelease();
   template <class Write>
   void WriteLog(Write&& write);
   template <class Scan>
@@ -100,6 +107,8 @@ class Application : private ScanReport, private LoadProgress {
   ScanScope scope_;
   ScanProgress progress_;
   ReferenceFile reference_;
+  ChangeReport changes_;
+  std::string change_report_;
   SignatureLists lists_;
   MemoryScan memory_;
   Matching matching_;

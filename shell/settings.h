@@ -4,6 +4,7 @@
 
 #include "platform/app_settings.h"
 #include "platform/error_log.h"
+#include "platform/kept_texts.h"
 #include "platform/profiles.h"
 #include "platform/registry.h"
 #include "platform/system_folders.h"
@@ -12,13 +13,12 @@
 namespace scourwell {
 
 // The per-user store: string values under HKEY_CURRENT_USER, one key per section.
-class SettingsStore {
+class SettingsStore : public KeptTexts {
  public:
   explicit SettingsStore(Registry& registry) : registry_(registry) {}
 
-  // Empty when the value is missing.
-  std::string Get(const std::string& section, const std::string& key);
-  Outcome Set(const std::string& section, const std::string& key, const std::string& text);
+  std::string Get(const std::string& section, const std::string& key) override;
+  Outcome Set(const std::string& section, const std::string& key, const std::string& text) override;
 
  private:
   Registry& registry_;

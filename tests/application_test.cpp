@@ -109,6 +109,42 @@ TEST_SUITE("application") {
     CHECK(p.Finished() == 1);
   }
 
+  TEST_CASE("a new release is told of once, and replaced definitions count in the next scan") {
+    Program p;
+    const auto release = [&](const std::string& number, const std::string& folder) {
+      p.m.File("C:\\App\\Ini\\update.ref", Definitions()
+                                               .Value("SETTINGS", "UPDATE-FILE-NUMBER", number)
+                                               .Entry("SAFO", {"SAFOT", "SAFOS"}, {"Bar", folder})
+                                               .Value("NTOT", "SAFOTNUM", "1")
+                                               .Text());
+    };
+    release("7", "badbar");
+    p.app.Start();
+    CHECK(p.app.TakeChangeReport().starts_with("Update File: 7\r\n"));
+    CHECK(p.app.TakeChangeReport() == "");
+    p.app.FillTree();
+    p.app.PrepareScan();
+    p.app.RunScan();
+    CHECK(p.app.TakeChangeReport() == "");
+    CHECK(p.app.hits().size() == 2);
+    release("8", "direct");
+    p.app.PrepareScan();
+    p.app.RunScan();
+    CHECK(p.Hits() == "Bar: C:\\WINDOWS\\direct\n");
+    release("9", "direct");
+    p.app.SaveSettings();
+    CHECK(p.app.TakeChangeReport().starts_with("Update File: 9\r\n"));  // the last one tells
+    release("10", "direct");
+    p.app.Shutdown();
+    CHECK(p.app.TakeChangeReport() == "");
+    Application again({p.m.files, p.m.registry, nullptr, p.m.profiles, p.m.clock, p.m.system,
+                       p.m.shell, p.m.versions, p.m.processes, p.m.pump},
+                      kAppFolder, {1, 0, 7});
+    again.Start();
+    CHECK(again.TakeChangeReport().starts_with("Update File: 10\r\n"));
+    CHECK(p.m.Errors() == "");
+  }
+
   TEST_CASE("ignored detections are counted, not listed") {
     Program p;
     p.m.File("C:\\App\\ignorespylist.txt", "\"Spy File\",\"C:\\Programs\\popup.exe\",\"Pop\"\r\n");

@@ -1,0 +1,7 @@
+#pragma once
+
+namespace scourwell::refc {
+
+extern const char kHelp[];
+
+}  // namespace scourwell::refc

@@ -1,0 +1,98 @@
+#include "refc/lint.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+#include "refc/lint_rows.h"
+#include "scan/signature_index.h"
+
+namespace scourwell::refc {
+namespace {
+
+// Rows that say the same but for the spy.
+void FindDuplicates(const DefinitionSet& set, const std::deque<Row>& rows, Findings* findings) {
+  std::vector<std::uint32_t> order(rows.size());
+  for (std::size_t i = 0; i < order.size(); ++i) order[i] = static_cast<std::uint32_t>(i);
+  const auto compare = [&](std::uint32_t a, std::uint32_t b) {
+    const int value = CompareNoCase(set.View(rows[a], 1), set.View(rows[b], 1));
+    return value != 0 ? value : CompareNoCase(set.View(rows[a], 2), set.View(rows[b], 2));
+  };
+  std::sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
+    const int value = compare(a, b);
+    return value != 0 ? value < 0 : a < b;
+  });
+  for (std::size_t i = 1; i < order.size(); ++i) {
+    if (compare(order[i - 1], order[i]) != 0) continue;
+    const Row& row = rows[order[i]];
+    findings->Add(row.place, "duplicate",
+                  Quoted(set.View(row, 1)) + " stands in line " +
+                      std::to_string(rows[order[i - 1]].place.line) + " already");
+  }
+}
+
+// Patterns against the good names, in pieces: an index takes several times the room of its rows.
+class PatternCheck {
+ public:
+  PatternCheck(const DefinitionSet& set, bool folders, Findings* findings)
+      : set_(set), folders_(folders), findings_(findings) {}
+
+  void Add(const Row& row) {
+    if (!IsNarrowPattern(set_.View(row, 1))) return;
+    rows_.push_back(&row);
+    if (rows_.size() == kPiece) Compare();
+  }
+  void Compare();
+
+ private:
+  static constexpr std::size_t kPiece = 1024;
+  const DefinitionSet& set_;
+  bool folders_;
+  Findings* findings_;
+  std::vector<const Row*> rows_;
+};
+
+void PatternCheck::Compare() {
+  if (rows_.empty()) return;
+  SignatureList list;
+  for (const Row* row : rows_) {
+    FillListBox(list, folders_ ? kRowSpyFolder : kRowSpyFile, "", set_.View(*row, 1));
+  }
+  const SignatureIndex index(list);
+  std::vector<SignatureIndex::Nomination> hits;
+  std::vector<bool> said(rows_.size());
+  for (const std::string_view name :
+       GoodNames::Get().Names(folders_ ? GoodList::Folders : GoodList::Files)) {
+    DirEntry entry;
+    entry.name = name;
+    entry.attributes = folders_ ? std::uint32_t{kFolder} : 0;
+    hits.clear();
+    index.Nominate(entry, &hits);
+    for (const SignatureIndex::Nomination& hit : hits) {
+      if (said[hit.row]) continue;
+      said[hit.row] = true;
+      findings_->Add(rows_[hit.row]->place, "known-good",
+                     Quoted(set_.View(*rows_[hit.row], 1)) + " hits " + Quoted(name));
+    }
+  }
+  rows_.clear();
+}
+
+}  // namespace
+
+void Lint(const DefinitionSet& set, Findings* findings) {
+  RowJudge judge(set, *findings);
+  const std::span<const Listed> all = Catalogue();
+  for (std::size_t sequence = 0; sequence < all.size(); ++sequence) {
+    const std::deque<Row>& rows = set.rows[sequence];
+    const Kind kind = all[sequence].kind;
+    for (const Row& row : rows) judge.Judge(row, all[sequence]);
+    if (kind == Kind::File || kind == Kind::Folder) {
+      PatternCheck check(set, kind == Kind::Folder, findings);
+      for (const Row& row : rows) check.Add(row);
+      check.Compare();
+    }
+    FindDuplicates(set, rows, findings);
+  }
+}
+
+}  // namespace scourwell::refc
