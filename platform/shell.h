@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "platform/outcome.h"
@@ -17,7 +18,14 @@ class Shell {
   virtual Outcome ShowProperties(const std::string& path) = 0;
   // Starts a program with arguments in a normal window and does not wait for it.
   virtual Outcome Start(const std::string& program, const std::string& arguments) = 0;
-  // Loads a library and calls one of its exported functions without arguments. kFileNotFound:
+  // Starts a command line as it stands, the program being looked for as the system does; its window
+  // is shown but not activated. Does not wait.
+  virtual Outcome Launch(const std::string& command_line) = 0;
+  // Starts a command line and waits until it has ended, so many milliseconds at most; after that it
+  // is left running and the result is kDeviceError.
+  virtual Outcome Run(const std::string& command_line, std::uint32_t limit) = 0;
+  // Loads a library and calls one of its exported functions without arguments, in a
+  // process of its own that is ended after 10 s (kDeviceError, as when it crashes). kFileNotFound:
   // not loadable; kInvalidCall: no such export; a failing HRESULT comes back as it is.
   virtual Outcome CallExport(const std::string& library, const std::string& name) = 0;
   // The path that a shortcut file leads to; empty when it leads to no file. The target need not

@@ -6,6 +6,7 @@
 namespace scourwell {
 
 inline constexpr char kShortRule[] = "====================";
+inline constexpr char kLongRule[] = "==========================================================";
 
 // Collects lines; each one written ends with CR LF, whatever its text holds.
 class Lines {

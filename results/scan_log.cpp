@@ -7,8 +7,6 @@
 namespace scourwell {
 namespace {
 
-constexpr char kLongRule[] = "==========================================================";
-
 std::string TrueFalse(bool value) { return value ? "True" : "False"; }
 
 }  // namespace

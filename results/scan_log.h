@@ -11,6 +11,7 @@
 #include "platform/system_folders.h"
 #include "platform/versions.h"
 #include "results/hit_list.h"
+#include "results/removal.h"
 
 namespace scourwell {
 
@@ -48,6 +49,8 @@ class ScanLog {
   void CreateRegistryScanLogFile();
   // The closing block.
   void FinishScan();
+  // What a removal did, one line an object.
+  void AddRemoval(const RemovalReport& report);
 
  private:
   std::string Text(int number) const { return parts_.captions.Text(number); }
@@ -67,5 +70,8 @@ class ScanLog {
 
   Parts parts_;
 };
+
+// "removed", "refused (It is protected: ...)" and so on.
+std::string RemovalStateText(const Captions& captions, const RemovalResult& result);
 
 }  // namespace scourwell

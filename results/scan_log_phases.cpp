@@ -10,21 +10,6 @@ namespace {
 
 constexpr char kMemoryRule[] = "=================================================";
 
-// The details without the word for the 64-bit view.
-std::string_view BareDetails(const Detection& found) {
-  std::string_view details = found.details;
-  if (found.view64 && details.ends_with(kView64)) details.remove_suffix(kView64.size());
-  return details;
-}
-
-// The name of the value that a row stands for: its details less the key path.
-std::string_view ValueName(const Detection& value) {
-  std::string_view name = BareDetails(value);
-  name.remove_prefix(std::min(value.tool_tip.size(), name.size()));
-  if (name.starts_with('\\')) name.remove_prefix(1);
-  return name;
-}
-
 std::string ViewOf(const Detection& found) { return found.view64 ? std::string(kView64) : ""; }
 
 }  // namespace

@@ -1,6 +1,21 @@
 #include "scan/detection.h"
 
+#include <algorithm>
+
 namespace scourwell {
+
+std::string_view BareDetails(const Detection& found) {
+  std::string_view details = found.details;
+  if (found.view64 && details.ends_with(kView64)) details.remove_suffix(kView64.size());
+  return details;
+}
+
+std::string_view ValueName(const Detection& value) {
+  std::string_view name = BareDetails(value);
+  name.remove_prefix(std::min(value.tool_tip.size(), name.size()));
+  if (name.starts_with('\\')) name.remove_prefix(1);
+  return name;
+}
 
 bool ReportOnce(DetectionSink& sink, std::string_view kind, std::uint8_t code, std::string details,
                 std::string_view spy) {

@@ -36,6 +36,11 @@ struct Detection {
 // Behind the details of what only 64-bit programs see; tool-tips hold the bare key path.
 inline constexpr std::string_view kView64 = " (64-bit)";
 
+// The details without the word for the 64-bit view.
+std::string_view BareDetails(const Detection& found);
+// The name of the value that a registry value row stands for: its details less the key path.
+std::string_view ValueName(const Detection& value);
+
 // Where the scan hands its detections.
 class DetectionSink {
  public:

@@ -120,17 +120,6 @@ Outcome ShellWin::Start(const std::string& program, const std::string& arguments
   return Execute("open", program, arguments);
 }
 
-Outcome ShellWin::CallExport(const std::string& library, const std::string& name) {
-  const ModuleHandle module(LoadLibraryA(library.c_str()));
-  if (!module) return Outcome::Failed(kFileNotFound).With("Library: ", library);
-  using Entry = HRESULT(WINAPI*)();
-  const auto entry =
-      reinterpret_cast<Entry>(reinterpret_cast<void*>(GetProcAddress(module.get(), name.c_str())));
-  if (!entry) return Outcome::Failed(kInvalidCall).With("Library: ", library);
-  const HRESULT result = entry();
-  return SUCCEEDED(result) ? Outcome() : Outcome::Failed(result).With("Library: ", library);
-}
-
 ShellWin::~ShellWin() {
   if (com_ready_) CoUninitialize();
 }

@@ -33,6 +33,8 @@ class ShellWin : public Shell {
   Outcome Open(const std::string& path) override;
   Outcome ShowProperties(const std::string& path) override;
   Outcome Start(const std::string& program, const std::string& arguments) override;
+  Outcome Launch(const std::string& command_line) override;
+  Outcome Run(const std::string& command_line, std::uint32_t limit) override;
   Outcome CallExport(const std::string& library, const std::string& name) override;
   Outcome ShortcutTarget(const std::string& link, std::string* target) override;
   void Message(const std::string& text, const std::string& title) override;

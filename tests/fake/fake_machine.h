@@ -247,14 +247,22 @@ class FakeShell : public Shell {
  public:
   std::vector<std::string> journal;  // "Message text/title", "Open path", ...
   std::map<std::string, std::string, NoCaseLess> shortcuts;  // targets; others are damaged
+  std::function<void(const std::string& command)> on_run;
+  int call_error = 0;  // what calling an export ends with
 
   Outcome Open(const std::string& path) override { return Note("Open " + path); }
   Outcome ShowProperties(const std::string& path) override { return Note("Properties " + path); }
   Outcome Start(const std::string& program, const std::string& arguments) override {
     return Note("Start " + program + " " + arguments);
   }
+  Outcome Launch(const std::string& command) override { return Note("Launch " + command); }
+  Outcome Run(const std::string& command, std::uint32_t) override {
+    if (on_run) on_run(command);
+    return Note("Run " + command);
+  }
   Outcome CallExport(const std::string& library, const std::string& name) override {
-    return Note("Call " + library + " " + name);
+    static_cast<void>(Note("Call " + library + " " + name));
+    return call_error ? Outcome::Failed(call_error) : Outcome();
   }
   Outcome ShortcutTarget(const std::string& link, std::string* target) override;
   void Message(const std::string& text, const std::string& title) override {

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/pump.h"
+#include "platform/registry.h"
+#include "scan/detection.h"
+
+namespace scourwell {
+
+// A key path that begins with one of the four classic root names.
+struct RegistryPlace {
+  RootKey root = RootKey::CurrentUser;
+  std::string path;  // below the root
+};
+// False for another root, or none.
+bool SplitRegistryPlace(std::string_view full_path, RegistryPlace* place);
+
+// Collects the registry scripts of a backup. Two of them hold what the rows say: the keys by name,
+// and the values as texts. The exports hold what really lies in the registry: every checked key
+// with its subkeys and every checked value, in their true types.
+class RegistryBackup {
+ public:
+  // `registry64`: the 64-bit view; null where there is only one.
+  RegistryBackup(Registry& registry, Registry* registry64, Pump& pump);
+
+  void Add(const Detection& row);
+
+  const std::string& keys() const { return keys_; }
+  const std::string& values() const { return values_; }
+  // Empty when nothing was checked in that view.
+  const std::string& exported() const { return exported_; }
+  const std::string& exported64() const { return exported64_; }
+  // What no script can hold, or could not be read: "path: reason".
+  const std::vector<std::string>& left_out() const { return left_out_; }
+
+ private:
+  void Export(const Detection& row);
+  void ExportKey(const std::string& full_path, Registry& registry, const RegistryPlace& place,
+                 unsigned depth, std::string* script);
+  void ExportValue(const Detection& row, Registry& registry, const RegistryPlace& place,
+                   std::string* script);
+  bool Fits(std::string_view name, const std::string& full_path);
+
+  Registry& registry_;
+  Registry* registry64_;
+  Pump& pump_;
+  std::string keys_;
+  std::string values_;
+  std::string exported_;
+  std::string exported64_;
+  std::vector<std::string> left_out_;
+};
+
+}  // namespace scourwell

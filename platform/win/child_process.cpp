@@ -1,0 +1,120 @@
+#include "platform/win/child_process.h"
+
+#include <windows.h>
+
+#include <objbase.h>
+
+#include "platform/win/desktop_win.h"
+#include "platform/win/unique_handle.h"
+#include "platform/win/win_error.h"
+
+namespace scourwell {
+namespace {
+
+// Set for the child alone; its value is "name of the export|path of the library".
+constexpr char kVariable[] = "SCOURWELL_CALL";
+constexpr DWORD kCallLimit = 10'000;  // milliseconds
+
+// Exit codes of the child besides the entry point's own result: all of them failures no component
+// gives, in the range that belongs to customers.
+enum : DWORD { kNotLoadable = 0xE0005301, kNoEntry = 0xE0005302 };
+
+struct Process {
+  KernelHandle process;
+  KernelHandle thread;
+};
+
+Outcome Create(const std::string& command_line, WORD show, Process* created) {
+  STARTUPINFOA startup = {};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESHOWWINDOW;
+  startup.wShowWindow = show;
+  PROCESS_INFORMATION info = {};
+  std::string writable = command_line;
+  if (!CreateProcessA(nullptr, writable.data(), nullptr, nullptr, FALSE, NORMAL_PRIORITY_CLASS,
+                      nullptr, nullptr, &startup, &info)) {
+    return FailedWith(GetLastError());
+  }
+  created->process = KernelHandle(info.hProcess);
+  created->thread = KernelHandle(info.hThread);
+  return {};
+}
+
+// Waits for the process while our windows go on painting themselves. False when time is up.
+bool WaitPainting(HANDLE process, DWORD limit) {
+  const DWORD start = GetTickCount();
+  for (;;) {
+    const DWORD spent = GetTickCount() - start;
+    if (spent >= limit) return WaitForSingleObject(process, 0) == WAIT_OBJECT_0;
+    const DWORD woken = MsgWaitForMultipleObjects(1, &process, FALSE, limit - spent, QS_PAINT);
+    if (woken != WAIT_OBJECT_0 + 1) return woken == WAIT_OBJECT_0;
+    MSG message;
+    while (PeekMessageA(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE)) {
+      DispatchMessageA(&message);
+    }
+  }
+}
+
+DWORD CallEntry(const std::string& library, const std::string& name) {
+  static_cast<void>(CoInitialize(nullptr));
+  const HMODULE module = LoadLibraryA(library.c_str());
+  if (!module) return kNotLoadable;
+  using Entry = HRESULT(WINAPI*)();
+  const auto entry =
+      reinterpret_cast<Entry>(reinterpret_cast<void*>(GetProcAddress(module, name.c_str())));
+  return entry ? static_cast<DWORD>(entry()) : kNoEntry;
+}
+
+}  // namespace
+
+bool RunAsChild(int* exit_code) {
+  char value[2 * MAX_PATH];
+  const DWORD size = GetEnvironmentVariableA(kVariable, value, sizeof value);
+  if (size == 0 || size >= sizeof value) return false;
+  SetEnvironmentVariableA(kVariable, nullptr);  // what it starts is no child of this kind
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX | SEM_NOGPFAULTERRORBOX);
+  const std::string call(value, size);
+  const std::size_t bar = call.find('|');
+  if (bar == call.npos) return false;
+  *exit_code = static_cast<int>(CallEntry(call.substr(bar + 1), call.substr(0, bar)));
+  return true;
+}
+
+Outcome ShellWin::CallExport(const std::string& library, const std::string& name) {
+  char self[MAX_PATH];
+  const DWORD size = GetModuleFileNameA(nullptr, self, sizeof self);
+  if (size == 0 || size >= sizeof self) return Outcome::Failed(kPathNotFound);
+  SetEnvironmentVariableA(kVariable, (name + "|" + library).c_str());
+  Process child;
+  Outcome started = Create("\"" + std::string(self, size) + "\"", SW_HIDE, &child);
+  SetEnvironmentVariableA(kVariable, nullptr);
+  if (!started.ok()) return started;
+  if (!WaitPainting(child.process.get(), kCallLimit)) {
+    TerminateProcess(child.process.get(), 1);
+    return Outcome::Failed(kDeviceError, "The component did not answer and was ended")
+        .With("Library: ", library);
+  }
+  DWORD code = 0;
+  GetExitCodeProcess(child.process.get(), &code);
+  if (code == kNotLoadable) return Outcome::Failed(kFileNotFound).With("Library: ", library);
+  if (code == kNoEntry) return Outcome::Failed(kInvalidCall).With("Library: ", library);
+  const auto result = static_cast<HRESULT>(code);
+  if (SUCCEEDED(result)) return {};
+  return Outcome::Failed(result, "The component failed or crashed").With("Library: ", library);
+}
+
+Outcome ShellWin::Launch(const std::string& command_line) {
+  const UINT result = WinExec(command_line.c_str(), SW_SHOWNOACTIVATE);
+  return result > 31 ? Outcome() : FailedWith(result);
+}
+
+Outcome ShellWin::Run(const std::string& command_line, std::uint32_t limit) {
+  Process program;
+  if (Outcome started = Create(command_line, SW_SHOWNORMAL, &program); !started.ok()) {
+    return started;
+  }
+  if (WaitPainting(program.process.get(), limit)) return {};
+  return Outcome::Failed(kDeviceError, "The program is still running");
+}
+
+}  // namespace scourwell

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace scourwell {
+
+// A component's entry point is called in a second process of this same program, so that whatever
+// it does ends there. True when this process is such a child: it has then done its work, and the
+// program ends with *exit_code. Nothing on the command line alone makes a process a child.
+bool RunAsChild(int* exit_code);
+
+}  // namespace scourwell

@@ -1,0 +1,240 @@
+#include "results/file_remover.h"
+
+#include <utility>
+
+#include "platform/file_utils.h"
+#include "platform/text.h"
+
+namespace scourwell {
+namespace {
+
+constexpr std::uint32_t kInTheWay = kReadOnly | kHidden | kSystem;
+
+bool IsComponent(std::string_view path) {
+  const std::string ending = Upper(path.substr(path.size() < 3 ? 0 : path.size() - 3));
+  return ending == "DLL" || ending == "OCX";
+}
+
+RemovalState StateOf(const Outcome& refusal) {
+  const bool refused = refusal.number() == kPermissionDenied ||
+                       refusal.number() == kPathFileAccess || refusal.number() == kBadFileName;
+  return refused ? RemovalState::Refused : RemovalState::Failed;
+}
+
+}  // namespace
+
+// What is left of a folder to be deleted: the folders entered, the innermost last.
+struct FileRemover::Tree {
+  struct Level {
+    std::string path;
+    std::uint32_t attributes;
+    std::vector<DirEntry> rest;
+    std::unique_ptr<FolderHold> hold;
+  };
+  std::vector<Level> levels;
+  Outcome failure;  // the first one
+  std::string failed_path;
+  bool all_scheduled = true;
+
+  void Note(Outcome outcome, const std::string& path, bool scheduled) {
+    all_scheduled = all_scheduled && scheduled;
+    if (!failure.ok()) return;
+    failure = std::move(outcome);
+    failed_path = path;
+  }
+};
+
+RemovalResult FileRemover::deleteSpyCFType(const std::string& path) {
+  RemovalResult result;
+  const std::string trimmed(TrimBlanks(path));
+  const Outcome deleted = parts_.log.Trap("deleteSpyCFType", [&] {
+    Outcome outcome = DeleteFileAt(trimmed, &result);
+    return outcome.ok() ? Outcome() : std::move(outcome).With("Spy Folder or File Name: ", path);
+  });
+  if (!deleted.ok() && result.done()) result.state = RemovalState::Failed;
+  result.why = deleted;
+  return result;
+}
+
+Outcome FileRemover::DeleteFileAt(const std::string& path, RemovalResult* result) {
+  if (IsPlainPath(path) && !FileExists(parts_.files, path)) {
+    result->state = RemovalState::Gone;
+    return {};
+  }
+  HeldWay way;
+  DirEntry entry;
+  Outcome allowed = guard_.Allow(path, &way);
+  if (allowed.ok()) allowed = parts_.files.Stat(path, &entry);
+  if (!allowed.ok()) {
+    result->state = StateOf(allowed);
+    return allowed;
+  }
+  const bool scheduled =
+      MovesAtReboot() &&
+      parts_.system.MoveAtReboot(path, parts_.system.TemporaryFolder() + "\\2.txt").ok();
+  // A link would lead the loader to a file that nobody asked to unregister.
+  if (IsComponent(path) && !entry.IsLink()) Unregister(path);
+  Outcome erased = Erase(path, entry.attributes);
+  if (erased.ok()) return {};
+  const bool pending = scheduled || (parts_.settings.DeleteAfterReboot && !parts_.os.IsWinNT() &&
+                                     DestroyOnReboot(path, parts_.files, parts_.system).ok());
+  result->state = pending ? RemovalState::PendingRestart : RemovalState::Failed;
+  return erased;
+}
+
+Outcome FileRemover::Erase(const std::string& path, std::uint32_t attributes) {
+  if (attributes & kInTheWay) {
+    if (Outcome cleared = parts_.files.SetAttributes(path, 0); !cleared.ok()) return cleared;
+  }
+  Outcome erased = parts_.files.EraseFile(path);
+  if (!erased.ok() && (attributes & kInTheWay)) {
+    static_cast<void>(parts_.files.SetAttributes(path, attributes));
+  }
+  return erased;
+}
+
+// A component that cannot be unregistered is deleted all the same; one without the entry point has
+// nothing to undo.
+void FileRemover::Unregister(const std::string& path) {
+  if (!parts_.os.IsWinNT()) {
+    static_cast<void>(parts_.log.Trap("deleteSpyCFType", [&] {
+      return parts_.shell.Start("regsvr32.exe", "/U /s \"" + path + "\"");
+    }));
+    return;
+  }
+  Outcome called = parts_.registry.SelfRegister(path, false);
+  if (!called.ok() && called.number() != kInvalidCall && called.number() != kFileNotFound) {
+    parts_.log.LogFailure(std::move(called).With("Unregistering: ", path), "deleteSpyCFType");
+  }
+}
+
+bool FileRemover::MovesAtReboot() const {
+  if (!parts_.settings.DeleteAfterReboot) return false;
+  const std::string platform = parts_.os.Platform();
+  return platform == "Windows 2000" || platform == "Windows NT" || platform == "Windows XP";
+}
+
+bool FileRemover::Schedule(const std::string& path) {
+  return parts_.settings.DeleteAfterReboot &&
+         DeleteAtNextStart(path, parts_.files, parts_.system, parts_.os).ok();
+}
+
+RemovalResult FileRemover::deleteSpyFolder(const std::string& path) {
+  RemovalResult result;
+  const Outcome deleted = parts_.log.Trap("deleteSpyFolder", [&] {
+    Outcome outcome = DeleteFolderAt(path, &result);
+    return outcome.ok() ? Outcome() : std::move(outcome).With("spyFolderName: ", path);
+  });
+  if (!deleted.ok() && result.done()) result.state = RemovalState::Failed;
+  result.why = deleted;
+  return result;
+}
+
+Outcome FileRemover::DeleteFolderAt(const std::string& path, RemovalResult* result) {
+  HeldWay way;
+  DirEntry entry;
+  Outcome allowed = guard_.Allow(path, &way);
+  if (allowed.ok()) {
+    allowed = parts_.files.Stat(path, &entry);
+    if (allowed.number() == kFileNotFound || allowed.number() == kPathNotFound) {
+      result->state = RemovalState::Gone;
+      return {};
+    }
+    if (allowed.ok() && !entry.IsFolder()) {
+      allowed = Outcome::Failed(kPathFileAccess, "It is not a folder any more");
+    }
+  }
+  if (!allowed.ok()) {
+    result->state = StateOf(allowed);
+    return allowed;
+  }
+  Tree tree;
+  if (entry.IsLink() || !Enter(path, entry.attributes, &tree)) {
+    RemoveOne(path, entry.attributes, &tree);
+  }
+  while (!tree.levels.empty()) {
+    if (!parts_.pump.Next()) {
+      tree.levels.clear();
+      tree.Note(Outcome::Failed(kPathFileAccess, "The removal was stopped"), path, false);
+      break;
+    }
+    Tree::Level& level = tree.levels.back();
+    if (level.rest.empty()) {
+      Leave(&tree);
+      continue;
+    }
+    const DirEntry next = std::move(level.rest.back());
+    level.rest.pop_back();
+    RemoveEntry(next, &tree);
+  }
+  if (tree.failure.ok()) return {};
+  result->state = tree.all_scheduled ? RemovalState::PendingRestart : RemovalState::Failed;
+  return std::move(tree.failure).With("Item: ", tree.failed_path);
+}
+
+// False when the folder is a link by now, which is then removed as such.
+bool FileRemover::Enter(const std::string& path, std::uint32_t attributes, Tree* tree) {
+  Tree::Level level = {path, attributes, {}, nullptr};
+  Outcome entered = parts_.files.HoldFolder(path, &level.hold);
+  if (entered.number() == kPathFileAccess) return false;
+  if (entered.ok()) {
+    entered = parts_.files.List(AddPathToFileName(path, "*.*"), [&](const DirEntry& entry) {
+      level.rest.push_back(entry);
+      return true;
+    });
+  }
+  // A folder that cannot be listed may still be empty: its removal tells.
+  tree->levels.push_back(std::move(level));
+  return true;
+}
+
+void FileRemover::RemoveEntry(const DirEntry& entry, Tree* tree) {
+  const std::string folder = tree->levels.back().path;
+  const std::string path = PathOf(folder, entry);
+  if (path.empty()) {
+    return tree->Note(Outcome::Failed(kBadFileName, "The name cannot be written"),
+                      AddPathToFileName(folder, entry.name), false);
+  }
+  if (entry.IsFolder() && !entry.IsLink() && Enter(path, entry.attributes, tree)) return;
+  RemoveOne(path, entry.attributes, tree);
+}
+
+// A file, a link, or a folder that turned into a link.
+void FileRemover::RemoveOne(const std::string& path, std::uint32_t attributes, Tree* tree) {
+  Outcome removed;
+  if (attributes & kFolder) {
+    removed = parts_.files.RemoveFolder(path);
+  } else {
+    removed = Erase(path, attributes);
+  }
+  if (removed.ok() || removed.number() == kFileNotFound) return;
+  tree->Note(std::move(removed), path, !(attributes & kFolder) && Schedule(path));
+}
+
+void FileRemover::Leave(Tree* tree) {
+  const std::string path = tree->levels.back().path;
+  const std::uint32_t attributes = tree->levels.back().attributes;
+  tree->levels.pop_back();  // and the hold with it
+  if (attributes & kInTheWay) static_cast<void>(parts_.files.SetAttributes(path, 0));
+  Outcome removed = parts_.files.RemoveFolder(path);
+  if (removed.ok() || removed.number() == kFileNotFound) return;
+  if (attributes & kInTheWay) static_cast<void>(parts_.files.SetAttributes(path, attributes));
+  // What is scheduled below it goes first at the next start, the folder after it.
+  tree->Note(std::move(removed), path, tree->all_scheduled && Schedule(path));
+}
+
+// The 8.3 form where the code page or the length leaves no other; empty when there is none.
+std::string FileRemover::PathOf(const std::string& folder, const DirEntry& entry) {
+  std::string path = AddPathToFileName(folder, entry.name);
+  if (!IsLossy(entry.name) && path.size() <= kLongestPath) return path;
+  if (entry.short_name.empty() && IsLossy(entry.name)) return {};
+  const std::string& name = entry.short_name.empty() ? entry.name : entry.short_name;
+  path = AddPathToFileName(folder, name);
+  if (path.size() <= kLongestPath) return path;
+  const std::string short_folder = parts_.files.ShortPath(folder);
+  if (short_folder.empty()) return {};
+  path = AddPathToFileName(short_folder, name);
+  return path.size() <= kLongestPath ? path : std::string();
+}
+
+}  // namespace scourwell

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <string>
+
+#include "platform/app_settings.h"
+#include "platform/error_log.h"
+#include "platform/op_sys_info.h"
+#include "platform/path_guard.h"
+#include "platform/pump.h"
+#include "platform/registry_access.h"
+#include "platform/system.h"
+
+namespace scourwell {
+
+enum class RemovalState {
+  Removed,
+  Gone,            // was not there any more
+  PendingRestart,  // in use; Windows takes it away at its next start
+  Refused,         // protected
+  Failed,
+};
+
+struct RemovalResult {
+  RemovalState state = RemovalState::Removed;
+  Outcome why;  // of a refusal or failure
+
+  bool done() const { return state == RemovalState::Removed || state == RemovalState::Gone; }
+};
+
+// Deletes files and folders, each on a way that is held against swapping. Links are deleted as the
+// links they are. Every failure leaves an error record.
+class FileRemover {
+ public:
+  struct Parts {
+    Files& files;
+    System& system;
+    Shell& shell;
+    Pump& pump;
+    ErrorLog& log;
+    const COpSysInfo& os;
+    const SystemFolders& folders;
+    const AppSettings& settings;
+    RegistryAccess& registry;  // unregisters components
+  };
+
+  explicit FileRemover(const Parts& parts) : parts_(parts), guard_(parts.files, parts.folders) {}
+
+  // A file or cookie. Components (dll, ocx) are unregistered first.
+  RemovalResult deleteSpyCFType(const std::string& path);
+  // A folder with everything in it. What is in use is left for the next start of Windows.
+  RemovalResult deleteSpyFolder(const std::string& path);
+
+ private:
+  struct Tree;
+
+  Outcome DeleteFileAt(const std::string& path, RemovalResult* result);
+  Outcome DeleteFolderAt(const std::string& path, RemovalResult* result);
+  Outcome Erase(const std::string& path, std::uint32_t attributes);
+  void Unregister(const std::string& path);
+  bool MovesAtReboot() const;
+  bool Schedule(const std::string& path);
+
+  bool Enter(const std::string& path, std::uint32_t attributes, Tree* tree);
+  void RemoveEntry(const DirEntry& entry, Tree* tree);
+  void Leave(Tree* tree);
+  void RemoveOne(const std::string& path, std::uint32_t attributes, Tree* tree);
+  std::string PathOf(const std::string& folder, const DirEntry& entry);
+
+  Parts parts_;
+  PathGuard guard_;
+};
+
+}  // namespace scourwell

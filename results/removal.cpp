@@ -1,0 +1,182 @@
+#include "results/removal.h"
+
+#include <algorithm>
+
+#include "backup/registry_backup.h"
+#include "platform/file_utils.h"
+#include "platform/protected_keys.h"
+#include "platform/reg_script.h"
+#include "platform/text.h"
+#include "scan/memory_scan.h"
+
+namespace scourwell {
+namespace {
+
+constexpr char kMethod[] = "RemoveSelectedSpy";
+
+struct KindCounter {
+  std::string_view kind;
+  std::int32_t RemovalCounters::*counter;
+};
+constexpr KindCounter kCounters[] = {
+    {kSpyRegistryKey, &RemovalCounters::registry}, {kSpyRegistryValue, &RemovalCounters::registry},
+    {kSpyFile, &RemovalCounters::files},           {kSpyCookie, &RemovalCounters::cookies},
+    {kSpyFolder, &RemovalCounters::folders},       {kMemoryProcess, &RemovalCounters::processes},
+};
+
+RemovalResult Failed(RemovalState state, Outcome why) { return {state, std::move(why)}; }
+
+RemovalResult FromStatus(RegStatus status) {
+  if (status == kRegOk) return {};
+  if (status == kRegNotFound) return {RemovalState::Gone, {}};
+  return Failed(RemovalState::Failed,
+                status == kRegAccessDenied
+                    ? Outcome::Failed(kPermissionDenied)
+                    : Outcome::Failed(status, "Registry error " + std::to_string(status)));
+}
+
+bool InRegistry(const Detection& row) {
+  return row.kind == kSpyRegistryKey || row.kind == kSpyRegistryValue;
+}
+
+}  // namespace
+
+std::size_t RemovalReport::Count(RemovalState state) const {
+  return static_cast<std::size_t>(
+      std::count_if(objects.begin(), objects.end(),
+                    [state](const RemovedObject& object) { return object.result.state == state; }));
+}
+
+void Removal::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept) {
+  const HitList& hits = parts_.hits;
+  counters_ = {};
+  counters_.total_found = static_cast<std::int32_t>(hits.size());
+  report_ = {};
+  static_cast<void>(parts_.files.log.Trap("CreateRegistryDeleteFile",
+                                          [&] { return CreateRegistryDeleteFile(); }));
+  for (std::size_t i = 0; i < hits.size(); ++i) {
+    const HitList::Row& row = hits.row(i);
+    if (!row.checked) continue;
+    if (!parts_.files.pump.Next()) break;
+    RemovedObject object = {row.detection.kind, row.detection.details, {}};
+    if (kept.count(i)) {
+      object.result = Failed(RemovalState::Failed,
+                             Outcome::Failed(kPathFileAccess, "It could not be backed up"));
+    } else {
+      object.result = Remove(row.detection);
+      CountAttempt(row.detection.kind);
+    }
+    report_.failed = report_.failed || !object.result.done();
+    report_.objects.push_back(std::move(object));
+  }
+}
+
+void Removal::CountAttempt(std::string_view kind) {
+  for (const KindCounter& each : kCounters) {
+    if (each.kind == kind) ++(counters_.*each.counter);
+  }
+}
+
+RemovalResult Removal::Remove(const Detection& row) {
+  if (row.kind == kSpyFile || row.kind == kSpyCookie) return remover_.deleteSpyCFType(row.details);
+  if (row.kind == kSpyFolder) return remover_.deleteSpyFolder(row.details);
+  RemovalResult result = row.kind == kMemoryProcess ? EndProcess(row) : RemoveRegistry(row);
+  if (!result.done()) {
+    Outcome record = result.why;
+    parts_.files.log.LogFailure(std::move(record).With("Component: ", row.details), kMethod);
+  }
+  return result;
+}
+
+RemovalResult Removal::RemoveRegistry(const Detection& row) {
+  RegistryPlace place;
+  if (!InRegistry(row) || !SplitRegistryPlace(row.tool_tip, &place)) {
+    return Failed(RemovalState::Refused, Outcome::Failed(kBadFileName, "Unknown registry root"));
+  }
+  RegistryAccess& access = row.view64 ? access64_ : parts_.files.registry;
+  if (row.kind == kSpyRegistryValue) {
+    return FromStatus(access.DeleteValue(place.root, place.path, std::string(ValueName(row))));
+  }
+  if (IsProtectedKey(row.tool_tip)) {
+    return Failed(RemovalState::Refused,
+                  Outcome::Failed(kPermissionDenied, "It is protected: Windows needs this key"));
+  }
+  return FromStatus(access.DeleteKey(place.root, place.path));
+}
+
+RemovalResult Removal::EndProcess(const Detection& row) {
+  const auto id = static_cast<std::uint32_t>(LeadingNumber(row.tag));
+  bool running = false;
+  const auto find = [&](const ProcessEntry& process) {
+    running = process.id == id && EqualsNoCase(process.path, row.details);
+    return !running;
+  };
+  const Outcome listed = parts_.files.os.IsWinNT() ? parts_.processes.ListByStatus(find)
+                                                   : parts_.processes.ListBySnapshot(find);
+  if (!running) {
+    return listed.ok() ? RemovalResult{RemovalState::Gone, {}}
+                       : Failed(RemovalState::Failed, listed);
+  }
+  if (IsGenuineSystemProcess(row.details, parts_.files.folders)) {
+    return Failed(RemovalState::Refused,
+                  Outcome::Failed(kPermissionDenied, "A process of Windows itself is not ended"));
+  }
+  Outcome ended = KillProcessById(id, parts_.files.system);
+  return ended.ok() ? RemovalResult{} : Failed(RemovalState::Failed, std::move(ended));
+}
+
+std::string Removal::ScriptPath() const {
+  return std::string(
+      TrimBlanks(FullPath_With_Filename(parts_.files.folders.application, "Remove.reg")));
+}
+
+// Only what the registry functions themselves would delete: the editor knows no protected keys.
+Outcome Removal::CreateRegistryDeleteFile() {
+  std::string script = kRegScriptHeader;
+  std::string left_out;
+  for (std::size_t i = 0; i < parts_.hits.size(); ++i) {
+    const HitList::Row& row = parts_.hits.row(i);
+    const Detection& found = row.detection;
+    RegistryPlace place;
+    if (!row.checked || !InRegistry(found)) continue;
+    const bool is_value = found.kind == kSpyRegistryValue;
+    const std::string_view name = is_value ? ValueName(found) : std::string_view();
+    if (!SplitRegistryPlace(found.tool_tip, &place) || !CanStandInScript(found.tool_tip) ||
+        !CanStandInScript(name) || (!is_value && IsProtectedKey(found.tool_tip))) {
+      left_out = found.details;
+      continue;
+    }
+    const std::string key = std::string(NameFromRoot(place.root)) + "\\" + place.path;
+    script += is_value ? "[" + key + "]\r\n" + ValueNameForScript(name) + "=-\r\n"
+                       : "\r\n[-" + key + "]\r\n\r\n";
+  }
+  Outcome written = parts_.files.files.Replace(ScriptPath(), script);
+  if (!written.ok()) return std::move(written).With("File: ", ScriptPath());
+  if (left_out.empty()) return {};
+  return Outcome::Failed(kBadFileName, "A registry entry does not go into the script")
+      .With("Entry: ", left_out);
+}
+
+void Removal::launchRegEditDelete() {
+  static_cast<void>(parts_.files.log.Trap("launchRegEditDelete", [&]() -> Outcome {
+    const SystemFolders& folders = parts_.files.folders;
+    const std::string platform = parts_.files.os.Platform();
+    std::string editor;
+    if (parts_.files.os.IsWin9x()) {
+      editor = folders.windows + "\\Regedit.exe";
+    } else if (platform == "Windows 2000" || platform == "Windows NT" || platform == "Windows XP") {
+      editor = folders.system + "\\RegEdt32.exe";
+    }
+    if (editor.empty()) return {};
+    const std::string script = ScriptPath();
+    Outcome started = parts_.files.shell.Launch(editor + " /S \"" + script + "\"");
+    if (started.ok()) return {};
+    const std::string number = std::to_string(started.number());
+    return std::move(started)
+        .With("regeditFileName: ", script)
+        .With("regeditFileLocation: ", editor)
+        .With("Ret: ", number);
+  }));
+}
+
+}  // namespace scourwell

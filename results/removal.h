@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/processes.h"
+#include "results/file_remover.h"
+#include "results/hit_list.h"
+
+namespace scourwell {
+
+// Of the last removal. They rise after each attempt, whatever came of it; RemovalReport::objects
+// tells what really happened.
+struct RemovalCounters {
+  std::int32_t total_found = 0;
+  std::int32_t files = 0;
+  std::int32_t folders = 0;
+  std::int32_t registry = 0;  // keys and values
+  std::int32_t cookies = 0;
+  std::int32_t processes = 0;
+};
+
+struct RemovedObject {
+  std::string kind;
+  std::string details;
+  RemovalResult result;
+};
+
+struct RemovalReport {
+  std::vector<RemovedObject> objects;  // the checked rows, in their order
+  bool failed = false;                 // something is still there
+
+  std::size_t Count(RemovalState state) const;
+};
+
+// Deletes the checked rows of the results list from the machine. The rows stay in the list.
+class Removal {
+ public:
+  struct Parts {
+    FileRemover::Parts files;
+    Processes& processes;
+    Registry& registry;
+    Registry* registry64;  // null where there is only one view
+    const Captions& captions;
+    const HitList& hits;
+  };
+
+  explicit Removal(const Parts& parts)
+      : parts_(parts),
+        access64_(parts.registry64 ? *parts.registry64 : parts.registry, parts.files.log,
+                  parts.captions, parts.files.shell),
+        remover_(parts.files) {}
+
+  // `kept`: rows (by index) that shall stay, with the reason in the report.
+  void RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept = {});
+  // Runs the registry editor on "Remove.reg"; does not wait for it.
+  void launchRegEditDelete();
+
+  const RemovalCounters& counters() const { return counters_; }
+  const RemovalReport& report() const { return report_; }
+
+ private:
+  Outcome CreateRegistryDeleteFile();
+  RemovalResult Remove(const Detection& row);
+  RemovalResult RemoveRegistry(const Detection& row);
+  RemovalResult EndProcess(const Detection& row);
+  std::string ScriptPath() const;
+  void CountAttempt(std::string_view kind);
+
+  Parts parts_;
+  RegistryAccess access64_;
+  FileRemover remover_;
+  RemovalCounters counters_;
+  RemovalReport report_;
+};
+
+}  // namespace scourwell
