@@ -1,5 +1,6 @@
 #include "backup/ignore_list.h"
 
+#include "platform/file_utils.h"
 #include "platform/text.h"
 
 namespace scourwell {
@@ -40,6 +41,49 @@ std::vector<IgnoreRecord> ParseIgnoreRecords(std::string_view text) {
     if (!ended) text.remove_prefix(std::min(text.find_first_of("\r\n"), text.size()));
     records.push_back(std::move(record));
   }
+}
+
+std::string IgnoreLine(const IgnoreRecord& record) {
+  return "\"" + record.kind + "\",\"" + record.details + "\",\"" + record.system + "\"\r\n";
+}
+
+bool CanBeIgnored(const IgnoreRecord& record) {
+  for (const std::string* field : {&record.kind, &record.details, &record.system}) {
+    if (field->find_first_of("\"\r\n") != std::string::npos) return false;
+  }
+  return true;
+}
+
+Outcome IgnoreList::Load(std::vector<IgnoreRecord>* records) {
+  records->clear();
+  std::string content;
+  Outcome read = files_.Read(path_, kLargest, &content);
+  if (read.number() == kFileNotFound) return {};
+  if (read.ok()) *records = ParseIgnoreRecords(content);
+  return read;
+}
+
+Outcome IgnoreList::Append(const std::vector<IgnoreRecord>& records) {
+  std::string lines;
+  for (const IgnoreRecord& record : records) lines += IgnoreLine(record);
+  return lines.empty() ? Outcome() : files_.Append(path_, lines);
+}
+
+// The list is replaced as a whole, so that it is there at every moment.
+Outcome IgnoreList::Keep(const std::vector<IgnoreRecord>& kept) {
+  const std::string scratch = AddPathToFileName(FolderPart(path_), "ignorespytemp.txt");
+  std::string lines;
+  for (const IgnoreRecord& record : kept) lines += IgnoreLine(record);
+  if (!lines.empty()) {
+    if (Outcome written = files_.Append(scratch, lines); !written.ok()) return written;
+  }
+  std::string content;
+  Outcome read = files_.Read(scratch, kLargest, &content);
+  if (read.number() == kFileNotFound) {
+    return FileExists(files_, path_) ? files_.EraseFile(path_) : Outcome();
+  }
+  if (read.ok()) read = files_.Replace(path_, content);
+  return read.ok() ? files_.EraseFile(scratch) : std::move(read);
 }
 
 std::string IgnoreList::Key(std::string_view kind, std::string_view details) {

@@ -21,22 +21,36 @@ struct IgnoreRecord {
 // the comma; a missing field is empty; quotation marks cannot stand inside a field.
 std::vector<IgnoreRecord> ParseIgnoreRecords(std::string_view text);
 
+// The line of a record, with its CR LF.
+std::string IgnoreLine(const IgnoreRecord& record);
+// False when a field holds a quotation mark or a line break: the line would read as another record.
+bool CanBeIgnored(const IgnoreRecord& record);
+
 // "ignorespylist.txt" of the application folder: detections that the user excluded.
 class IgnoreList {
  public:
   static constexpr std::uint64_t kLargest = 32u << 20;
 
   IgnoreList(Files& files, Clock& clock, ErrorLog& log, std::string path)
-      : log_(log), path_(std::move(path)), watched_(files, clock, kLargest) {}
+      : files_(files), log_(log), path_(std::move(path)), watched_(files, clock, kLargest) {}
 
   // True when a record names this kind and these details, both compared with case. The answer is
   // always that of the file as it stands; it is read again only when it changed.
   bool Matches(std::string_view kind, std::string_view details);
 
+  // The records as they stand in the file; none when there is no file.
+  Outcome Load(std::vector<IgnoreRecord>* records);
+  // Appends records in one write; the file is created when missing.
+  Outcome Append(const std::vector<IgnoreRecord>& records);
+  // Makes `kept` the whole list, by way of "ignorespytemp.txt". What an interrupted earlier call
+  // left there comes back in front of it. Nothing kept and nothing left: the file goes.
+  Outcome Keep(const std::vector<IgnoreRecord>& kept);
+
  private:
   static std::string Key(std::string_view kind, std::string_view details);
   Outcome Refresh();
 
+  Files& files_;
   ErrorLog& log_;
   std::string path_;
   WatchedFile watched_;

@@ -23,6 +23,7 @@ struct AppSettings {
   bool RunStartup = false;
   bool DeleteAfterReboot = false;
   bool AutoRemove = false;
+  bool BackupBeforeRemoval = false;
   std::string LogFilePath;        // this run's scan log
   std::string BackupFolder;       // folder of the backup archives
   std::string DefinitionsFolder;  // folder of the definitions reference file

@@ -77,6 +77,36 @@ std::size_t HitList::checked_count() const {
       std::count_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.checked; }));
 }
 
+Outcome HitList::ExcludeChecked() {
+  std::vector<IgnoreRecord> records;
+  std::vector<std::size_t> excluded;
+  Outcome left;
+  for (std::size_t i = rows_.size(); i-- > 0;) {
+    if (!rows_[i].checked) continue;
+    const Detection& found = rows_[i].detection;
+    IgnoreRecord record = {found.kind, found.details, found.system};
+    if (!CanBeIgnored(record)) {
+      left = Outcome::Failed(kBadFileName, "A name with a quotation mark cannot be excluded")
+                 .With("Component: ", found.details);
+      continue;
+    }
+    records.push_back(std::move(record));
+    excluded.push_back(i);
+  }
+  if (Outcome written = ignore_.Append(records); !written.ok()) return written;
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (!excluded.empty() && excluded.back() == i) {
+      excluded.pop_back();
+      continue;
+    }
+    if (kept != i) rows_[kept] = std::move(rows_[i]);
+    ++kept;
+  }
+  rows_.resize(kept);
+  return left;
+}
+
 void HitList::SortBy(Column column) {
   sorted_ = true;
   sort_column_ = column;

@@ -45,6 +45,9 @@ class HitList : public DetectionSink {
   void SetChecked(std::size_t index, bool checked) { rows_[index].checked = checked; }
   void CheckAll(bool checked);
   std::size_t checked_count() const;
+  // Moves the checked rows to the ignore list, from the last to the first. The counters stay.
+  // Rows that the list cannot hold stay too, and the result says so.
+  Outcome ExcludeChecked();
 
   // A click on a column's header: sorts by it, ascending first, the other way at each next click.
   // Texts compare without case; equal rows keep their order.

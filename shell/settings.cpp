@@ -103,6 +103,7 @@ Outcome Settings::Save() {
   set_booleans({&AppSettings::DeleteAfterReboot, &AppSettings::AutoRemove});
   set("Path", "Install", parts_.folders.application);
   set("Path", "DefinitionsPath", settings_.DefinitionsFolder);
+  set_booleans({&AppSettings::BackupBeforeRemoval});
   Outcome written = WriteINIString(parts_.profiles, parts_.folders.application,
                                    "DEFINITIONS_FILE_LOCATION", settings_.DefinitionsFolder);
   return first.ok() ? std::move(written) : std::move(first);

@@ -28,6 +28,7 @@ inline constexpr BooleanSetting kBooleanSettings[] = {
     {"RunStartup", "RunStartup", &AppSettings::RunStartup, false},
     {"DeleteAfterReboot", "DeleteAfterReboot", &AppSettings::DeleteAfterReboot, true},
     {"AutoRemove", "AutoRemove", &AppSettings::AutoRemove, false},
+    {"Backup", "BackupBeforeRemoval", &AppSettings::BackupBeforeRemoval, true},
 };
 
 }  // namespace scourwell

@@ -59,6 +59,44 @@ TEST_SUITE("ignore_list") {
     r.m.files.Remove(kIgnored);
     CHECK_FALSE(r.ignore.Matches("Spy Folder", "C:\\x"));
   }
+
+  TEST_CASE("records go to the file and out of it") {
+    Results r;
+    CHECK(r.ignore.Append({{"Spy File", "C:\\a", "x"}, {"Spy File", "C:\\a", "x"}}).ok());
+    CHECK(r.ignore.Append({{"Spy Folder", "C:\\b, c", ""}}).ok());
+    CHECK(r.m.Content(kIgnored) ==
+          "\"Spy File\",\"C:\\a\",\"x\"\r\n\"Spy File\",\"C:\\a\",\"x\"\r\n"
+          "\"Spy Folder\",\"C:\\b, c\",\"\"\r\n");
+    std::vector<IgnoreRecord> records;
+    CHECK(r.ignore.Load(&records).ok());
+    REQUIRE(records.size() == 3);
+    CHECK(r.ignore.Matches("Spy Folder", "C:\\b, c"));
+    CHECK(r.ignore.Keep({records[2]}).ok());
+    CHECK(r.m.Content(kIgnored) == "\"Spy Folder\",\"C:\\b, c\",\"\"\r\n");
+    CHECK_FALSE(r.ignore.Matches("Spy File", "C:\\a"));
+    CHECK_FALSE(r.m.Has("C:\\App\\ignorespytemp.txt"));
+    // What an interrupted removal left comes back.
+    r.m.File("C:\\App\\ignorespytemp.txt", "\"old\",\"o\",\"\"\r\n");
+    CHECK(r.ignore.Keep({}).ok());
+    CHECK(r.m.Content(kIgnored) == "\"old\",\"o\",\"\"\r\n");
+    CHECK(r.ignore.Keep({}).ok());
+    CHECK_FALSE(r.m.Has(kIgnored));
+    CHECK(r.ignore.Keep({}).ok());
+    CHECK(r.ignore.Load(&records).ok());
+    CHECK(records.empty());
+  }
+
+  TEST_CASE("whichever write fails, no record that is kept is lost") {
+    for (std::size_t n = 1; n <= 4; ++n) {
+      CAPTURE(n);
+      Results r;
+      r.m.File(kIgnored, "\"a\",\"1\",\"\"\r\n\"b\",\"2\",\"\"\r\n");
+      r.m.files.failing_change = n;
+      const bool kept = r.ignore.Keep({{"b", "2", ""}}).ok();
+      CHECK(kept == (n > 3));
+      CHECK(r.m.Content(kIgnored).find("\"b\"") != std::string::npos);
+    }
+  }
 }
 
 TEST_SUITE("hit_list") {
@@ -158,6 +196,33 @@ TEST_SUITE("hit_list") {
     }
     r.hits.SortBy(HitList::kSystem);
     CHECK(r.Details() == many);
+  }
+
+  TEST_CASE("excluded rows leave the list and come back when their records go") {
+    Results r;
+    r.settings.MarkChecked = "y";
+    for (const char* path : {"C:\\a", "C:\\b", "C:\\c", "C:\\d"}) r.Add(kSpyFile, path);
+    r.Add(kSpyRegistryValue, "HKEY_CURRENT_USER\\Run\\say \"x\"");
+    r.hits.SetChecked(1, false);
+    CHECK(r.hits.ExcludeChecked().number() == kBadFileName);
+    CHECK(r.Details() == "C:\\b HKEY_CURRENT_USER\\Run\\say \"x\" ");
+    CHECK(r.m.Content(kIgnored).starts_with(
+        "\"Spy File\",\"C:\\d\",\"spy\"\r\n\"Spy File\",\"C:\\c"));
+    CHECK(r.hits.counters().files == 4);
+    CHECK(r.hits.counters().ignored == 0);
+    r.hits.Clear();
+    for (const char* path : {"C:\\a", "C:\\b", "C:\\C"}) r.Add(kSpyFile, path);
+    CHECK(r.Details() == "C:\\b C:\\C ");
+    CHECK(r.hits.counters().files == 3);
+    CHECK(r.hits.counters().ignored == 1);
+    CHECK(r.ignore.Keep({}).ok());
+    r.hits.Clear();
+    r.Add(kSpyFile, "C:\\a");
+    CHECK(r.Details() == "C:\\a ");
+    // A list that cannot be written keeps its rows.
+    r.m.files.failing_change = r.m.files.changes + 1;
+    CHECK_FALSE(r.hits.ExcludeChecked().ok());
+    CHECK(r.hits.size() == 1);
   }
 }
 

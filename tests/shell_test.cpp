@@ -138,7 +138,8 @@ TEST_SUITE("settings") {
           "ExtraLogInfo=False AllCookies=True Trojans=True BHO=True \n"
           "RunStartup: RunStartup=False \n"
           "Path: LogPath=C:\\App BackupPath=C:\\App Install=C:\\App DefinitionsPath=C:\\App\\Ini \n"
-          "DeleteAfterReboot: DeleteAfterReboot=True \nAutoRemove: AutoRemove=False \n");
+          "DeleteAfterReboot: DeleteAfterReboot=True \nAutoRemove: AutoRemove=False \n"
+          "Backup: BackupBeforeRemoval=True \n");
     CHECK(s.m.Content("C:\\App\\Setting.ini") ==
           "[Setting]\r\nDEFINITIONS_FILE_LOCATION=C:\\App\\Ini\r\n");
     CHECK(s.m.Errors() == "");
