@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/outcome.h"
+
+namespace scourwell {
+
+// The layout of backup archives; FORMAT.md describes it. Decoding fails with kTypeMismatch (no
+// archive, another version, another archive), kPastEndOfFile (something is missing) or
+// kDeviceError (damaged).
+
+inline constexpr unsigned kArchiveVersion = 1;
+inline constexpr std::size_t kPieceHeaderSize = 32;
+inline constexpr std::size_t kTrailerSize = 40;
+inline constexpr std::size_t kArchiveBlock = 256 * 1024;   // bytes of content in a block
+inline constexpr std::uint64_t kLargestIndex = 32u << 20;  // bytes; 280,000 items or more
+inline constexpr std::uint64_t kLargestSize = 1ull << 62;  // of an item and of all data, in bytes
+inline constexpr std::uint32_t kMostVolumes = 9999;
+
+enum class ItemKind : std::uint8_t { File = 1, Folder = 2, Script = 3 };
+
+struct ArchiveItem {
+  ItemKind kind = ItemKind::File;
+  std::string path;  // absolute; of a script its bare name
+  std::uint32_t attributes = 0;
+  FileTimes times;
+  std::uint64_t size = 0;    // bytes of content; 0 for folders
+  std::uint64_t offset = 0;  // of the first block, within the data of all pieces
+  std::uint64_t stored = 0;  // bytes of all its blocks with their headers
+  std::uint32_t crc = 0;     // of the content
+};
+
+struct PieceHeader {
+  std::uint64_t identity = 0;  // the same in all pieces of an archive
+  std::uint32_t number = 1;
+};
+
+struct ArchiveTrailer {
+  std::uint64_t identity = 0;
+  std::uint64_t data = 0;   // bytes of data in this piece
+  std::uint64_t index = 0;  // bytes of the index
+  std::uint32_t index_crc = 0;
+};
+
+struct ArchiveIndex {
+  std::vector<std::uint64_t> volumes;  // bytes of data in each piece but the last
+  std::vector<ArchiveItem> items;      // in the order of their data
+};
+
+std::string EncodePieceHeader(const PieceHeader& header);
+Outcome DecodePieceHeader(std::string_view bytes, PieceHeader* header);
+std::string EncodeTrailer(const ArchiveTrailer& trailer);
+Outcome DecodeTrailer(std::string_view bytes, ArchiveTrailer* trailer);
+// The bytes that an item adds to the index.
+std::size_t EncodedSize(const ArchiveItem& item);
+std::string EncodeIndex(const ArchiveIndex& index);
+// `last_data`: bytes of data in the last piece. Paths are not judged.
+Outcome DecodeIndex(std::string_view bytes, std::uint64_t last_data, ArchiveIndex* index);
+
+// "name.q01", "name.q100".
+std::string VolumeName(std::string_view name, std::uint32_t number);
+
+// True for a path that may be stored and restored: plain, on a drive but not its root, no longer
+// than the system's calls take, with no part that Windows would read as another one.
+bool IsStorablePath(std::string_view path);
+// True for a bare file name that ends in ".reg" and could stand in any folder.
+bool IsScriptName(std::string_view name);
+
+}  // namespace scourwell

@@ -1,0 +1,197 @@
+#include "backup/archive_writer.h"
+
+#include <algorithm>
+
+#include "platform/file_utils.h"
+
+namespace scourwell {
+namespace {
+
+constexpr std::uint32_t kKeptAttributes = kReadOnly | kHidden | kSystem | kArchive;
+
+// Tells the pieces of one archive from those of another.
+std::uint64_t NewIdentity(Clock& clock, const std::string& path) {
+  const LocalTime now = clock.Now();
+  std::uint64_t identity = Crc32(path);
+  for (const int part : {now.year, now.month, now.day, now.hour, now.minute, now.second,
+                         now.millisecond, static_cast<int>(clock.Ticks())}) {
+    identity = (identity ^ static_cast<std::uint32_t>(part)) * 1099511628211u;
+  }
+  return identity;
+}
+
+Outcome Stopped() { return Outcome::Failed(kInvalidCall, "The backup was stopped before its end"); }
+
+ArchiveItem ItemFor(ItemKind kind, const std::string& path, const DirEntry& entry,
+                    std::uint64_t offset) {
+  ArchiveItem item;
+  item.kind = kind;
+  item.path = path;
+  item.attributes = entry.attributes & kKeptAttributes;
+  item.times = entry.times();
+  item.offset = offset;
+  return item;
+}
+
+}  // namespace
+
+Outcome ArchiveWriter::Create(const std::string& path, ArchiveOptions options) {
+  if (open_ || !broken_.ok()) return Outcome::Failed(kInvalidCall);
+  block_.resize(kArchiveBlock);
+  Outcome opened = volumes_.Open(path, NewIdentity(clock_, path), std::move(options));
+  if (!opened.ok()) return Abandon(std::move(opened));
+  open_ = true;
+  return {};
+}
+
+Outcome ArchiveWriter::Abandon(Outcome why) {
+  volumes_.Discard();
+  open_ = false;
+  broken_ = std::move(why);
+  return broken_;
+}
+
+Outcome ArchiveWriter::AddFile(const std::string& path) {
+  if (!open_) return broken_.ok() ? Outcome::Failed(kInvalidCall) : broken_;
+  const std::string plain = path.substr(0, path.find_last_not_of('\\') + 1);
+  DirEntry entry;
+  Outcome found;
+  if (!IsStorablePath(plain)) {
+    found = Outcome::Failed(kBadFileName, "The path cannot be stored");
+  } else {
+    found = files_.Stat(plain, &entry);
+  }
+  if (found.ok()) {
+    AddTree(TrueName(plain), entry);
+  } else {
+    Fail(path, std::move(found));
+  }
+  return broken_;
+}
+
+// The path with its parts as they stand on the disk: should a folder have to be made again, its
+// 8.3 name would not do.
+std::string ArchiveWriter::TrueName(const std::string& path) {
+  std::string result = path.substr(0, 2);
+  for (std::size_t at = 2; at < path.size();) {
+    const std::size_t end = std::min(path.find('\\', at + 1), path.size());
+    DirEntry entry;
+    const bool known = files_.Stat(path.substr(0, end), &entry).ok() && !IsLossy(entry.name);
+    result += '\\' + (known ? entry.name : path.substr(at + 1, end - at - 1));
+    at = end;
+  }
+  return IsStorablePath(result) ? result : path;
+}
+
+void ArchiveWriter::AddTree(const std::string& path, const DirEntry& entry) {
+  if (broken_.ok() && !pump_.Next()) static_cast<void>(Abandon(Stopped()));
+  if (!broken_.ok()) return;
+  if (entry.IsLink()) return Note(path, kPathFileAccess, "A link is not stored");
+  if (!IsStorablePath(path)) {
+    return Fail(path,
+                Outcome::Failed(kBadFileName, IsLossy(path) ? "The name has unknown characters"
+                                                            : "The path cannot be stored"));
+  }
+  if (entry.IsFolder()) return AddFolder(path, entry);
+  if (stored_.count(path) == 0) AddContent(path, entry);
+}
+
+void ArchiveWriter::AddFolder(const std::string& path, const DirEntry& entry) {
+  // Held, so that it is not swapped for a link while it is listed and read.
+  std::unique_ptr<FolderHold> hold;
+  std::vector<DirEntry> found;
+  Outcome listed = files_.HoldFolder(path, &hold);
+  if (listed.ok()) {
+    listed = files_.List(AddPathToFileName(path, "*"), [&](const DirEntry& child) {
+      found.push_back(child);
+      return true;
+    });
+  }
+  if (!listed.ok()) return Fail(path, std::move(listed));
+  if (stored_.count(path) == 0 &&
+      !Keep(ItemFor(ItemKind::Folder, path, entry, volumes_.position())))
+    return;
+  for (const DirEntry& child : found) AddTree(AddPathToFileName(path, child.name), child);
+}
+
+// Fails what would make the index larger than it is ever read.
+bool ArchiveWriter::Keep(ArchiveItem item) {
+  const std::size_t size = EncodedSize(item);
+  if (index_size_ + size > kLargestIndex - (kMostVolumes + 1) * 8) {
+    Fail(item.path, Outcome::Failed(kOverflow, "The archive holds too many items"));
+    return false;
+  }
+  index_size_ += size;
+  if (item.kind != ItemKind::Script) ++result_.files;
+  result_.bytes += item.size;
+  stored_.insert(item.path);
+  items_.push_back(std::move(item));
+  return true;
+}
+
+void ArchiveWriter::AddContent(const std::string& path, const DirEntry& entry) {
+  std::unique_ptr<FileReader> reader;
+  if (Outcome opened = files_.OpenReader(path, &reader); !opened.ok()) {
+    return Fail(path, std::move(opened));
+  }
+  ArchiveItem item = ItemFor(ItemKind::File, path, entry, volumes_.position());
+  Outcome stored = StoreContent(*reader, &item);
+  if (!broken_.ok()) return;
+  if (!stored.ok()) return Fail(path, std::move(stored));
+  if (item.size != entry.size) Note(path, kPathFileAccess, "The file changed while it was stored");
+  Keep(std::move(item));
+}
+
+// What was stored of a file that fails midway stays in the data, but no item owns it.
+Outcome ArchiveWriter::StoreContent(FileReader& reader, ArchiveItem* item) {
+  std::size_t filled = kArchiveBlock;
+  while (filled == kArchiveBlock) {
+    if (Outcome read = reader.ReadAt(item->size, block_.data(), kArchiveBlock, &filled);
+        !read.ok()) {
+      return read;
+    }
+    if (filled == 0) break;
+    if (item->size > kLargestSize - filled) return Outcome::Failed(kOverflow);
+    if (Outcome stored = StoreBlock({block_.data(), filled}, item); !stored.ok()) return stored;
+  }
+  return {};
+}
+
+Outcome ArchiveWriter::StoreBlock(std::string_view plain, ArchiveItem* item) {
+  std::string_view stored;
+  Outcome packed = packer_.Pack(plain, &stored);
+  if (packed.ok()) packed = volumes_.Write(stored);
+  if (packed.ok() && !pump_.Next()) packed = Stopped();
+  if (!packed.ok()) return Abandon(std::move(packed));
+  item->crc = Crc32(plain, item->crc);
+  item->size += plain.size();
+  item->stored += stored.size();
+  return {};
+}
+
+Outcome ArchiveWriter::AddScript(const std::string& name, std::string_view text) {
+  if (!open_) return broken_.ok() ? Outcome::Failed(kInvalidCall) : broken_;
+  if (!IsScriptName(name)) return Outcome::Failed(kBadFileName);
+  ArchiveItem item;
+  item.kind = ItemKind::Script;
+  item.path = name;
+  item.offset = volumes_.position();
+  while (!text.empty()) {
+    const std::string_view block = text.substr(0, kArchiveBlock);
+    if (Outcome stored = StoreBlock(block, &item); !stored.ok()) return stored;
+    text.remove_prefix(block.size());
+  }
+  return Keep(std::move(item)) ? Outcome() : Outcome::Failed(kOverflow);
+}
+
+Outcome ArchiveWriter::Finish() {
+  if (!open_) return broken_.ok() ? Outcome::Failed(kInvalidCall) : broken_;
+  if (pump_.closing()) return Abandon(Stopped());
+  if (Outcome finished = volumes_.Finish(items_); !finished.ok()) {
+    return Abandon(std::move(finished));
+  }
+  open_ = false;
+  return {};
+}
+
+}  // namespace scourwell

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "backup/archive_reader.h"
+#include "backup/archive_writer.h"
+#include "backup/byte_order.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+
+inline constexpr char kArchivePath[] = "C:\\Backup\\one.qzp";
+
+// Bytes that do not shrink.
+inline std::string Noise(std::size_t size, std::uint32_t seed = 7) {
+  std::mt19937 engine(seed);
+  std::string bytes(size, '\0');
+  for (char& c : bytes) c = static_cast<char>(engine());
+  return bytes;
+}
+
+struct ArchiveBench {
+  FakeMachine m;
+
+  ArchiveBench() { m.Folder("C:\\Backup"); }
+
+  ArchiveReader Reader() { return ArchiveReader(m.files, m.pump); }
+  // Makes an archive of these paths.
+  Outcome Store(const std::vector<std::string>& paths, ArchiveOptions options = {},
+                ArchiveResult* result = nullptr) {
+    ArchiveWriter writer(m.files, m.clock, m.pump);
+    Outcome done = writer.Create(kArchivePath, std::move(options));
+    for (const std::string& path : paths) {
+      if (done.ok()) done = writer.AddFile(path);
+    }
+    if (done.ok()) done = writer.Finish();
+    if (result) *result = writer.result();
+    return done;
+  }
+  // What comes out of an item; "(number)" when it fails.
+  static std::string ItemText(ArchiveReader& reader, std::size_t item) {
+    std::string text;
+    const Outcome read = reader.ReadItem(item, [&](std::string_view block) {
+      text += block;
+      return Outcome();
+    });
+    return read.ok() ? text : "(" + std::to_string(read.number()) + ")";
+  }
+  // The names below a folder, one a line.
+  std::string Names(const std::string& folder) {
+    std::string names;
+    for (const auto& child : m.files.Find(folder)->children) names += child->name + "\n";
+    return names;
+  }
+};
+
+}  // namespace scourwell::test

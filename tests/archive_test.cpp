@@ -1,0 +1,192 @@
+#include <doctest/doctest.h>
+
+#include "tests/archive_support.h"
+
+namespace scourwell::test {
+namespace {
+
+std::string Paths(const std::vector<ItemReport>& reports) {
+  std::string text;
+  for (const ItemReport& report : reports) {
+    text += report.path + " " + std::to_string(report.why.number()) + "\n";
+  }
+  return text;
+}
+
+}  // namespace
+
+TEST_SUITE("archive") {
+  TEST_CASE("content of every size comes out as it went in") {
+    ArchiveBench b;
+    std::vector<std::string> paths;
+    std::map<std::string, std::string> contents;
+    const std::size_t block = kArchiveBlock;
+    for (const std::size_t size :
+         {std::size_t{0}, std::size_t{1}, block - 1, block, block + 1, 3 * block, 3 * block + 77}) {
+      for (const bool noise : {false, true}) {
+        const std::string path = "C:\\f" + std::to_string(size) + (noise ? "n" : "t");
+        paths.push_back(path);
+        contents[path] = noise ? Noise(size) : std::string(size, 'x');
+        b.m.File(path, contents[path]);
+      }
+    }
+    REQUIRE(b.Store(paths).ok());
+    CHECK(b.Names("C:\\Backup") == "one.qzp\n");
+    ArchiveReader reader = b.Reader();
+    REQUIRE(reader.Open(kArchivePath).ok());
+    REQUIRE(reader.items().size() == paths.size());
+    std::uint64_t stored = 0;
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+      CAPTURE(paths[i]);
+      const ArchiveItem& item = reader.items()[i];
+      CHECK(item.path == paths[i]);
+      CHECK(item.size == contents[paths[i]].size());
+      CHECK((ArchiveBench::ItemText(reader, i) == contents[paths[i]]));
+      stored += item.stored;
+    }
+    CHECK(Paths(reader.Verify()) == "");
+    // Noise is stored as it is, the rest shrinks to nearly nothing.
+    CHECK(stored < 9 * block + block / 2);
+  }
+
+  TEST_CASE("an item carries its true name, attributes and times") {
+    ArchiveBench b;
+    Node& folder = b.m.Folder("C:\\Spy Folder").Hidden();
+    folder.created = 11;
+    folder.Times(12, 13);
+    b.m.File("C:\\Spy Folder\\Evil One.exe", "evil").ReadOnly().System().Times(22, 23).created = 21;
+    b.m.Folder("C:\\Spy Folder\\empty");
+    const std::string short_path = b.m.files.ShortPath("C:\\Spy Folder\\Evil One.exe");
+    REQUIRE(short_path != "C:\\Spy Folder\\Evil One.exe");
+    ArchiveResult result;
+    // The file is named first by itself, and is met again in its folder.
+    REQUIRE(b.Store({short_path, "c:\\spy folder\\"}, {}, &result).ok());
+    CHECK(result.files == 3);
+    CHECK(result.bytes == 4);
+    ArchiveReader reader = b.Reader();
+    REQUIRE(reader.Open(kArchivePath).ok());
+    REQUIRE(reader.items().size() == 3);
+    const ArchiveItem& file = reader.items()[0];
+    CHECK(file.path == "C:\\Spy Folder\\Evil One.exe");
+    CHECK(file.kind == ItemKind::File);
+    CHECK(file.attributes == (kReadOnly | kSystem | kArchive));
+    CHECK(file.times.created == 21);
+    CHECK(file.times.modified == 22);
+    CHECK(file.times.accessed == 23);
+    const ArchiveItem& stored_folder = reader.items()[1];
+    CHECK(EqualsNoCase(stored_folder.path, "C:\\Spy Folder"));
+    CHECK(stored_folder.kind == ItemKind::Folder);
+    CHECK(stored_folder.attributes == kHidden);
+    CHECK(stored_folder.times.created == 11);
+    CHECK(stored_folder.times.modified == 12);
+    CHECK(reader.items()[2].kind == ItemKind::Folder);
+  }
+
+  TEST_CASE("what cannot be stored is named, and the rest is stored") {
+    ArchiveBench b;
+    b.m.File("C:\\spy\\good", "good");
+    b.m.File("C:\\spy\\locked", "x").Locked();
+    b.m.File("C:\\spy\\denied", "x").Denied();
+    b.m.Folder("C:\\spy\\closed").Denied();
+    b.m.File("C:\\spy\\lost?name", "x");
+    b.m.File("C:\\precious\\file", "precious");
+    b.m.Link("C:\\spy\\link", "C:\\precious");
+    std::string deep = "C:\\spy\\" + std::string(120, 'a') + "\\" + std::string(120, 'b');
+    b.m.Folder(deep).children.push_back(std::make_unique<Node>());
+    b.m.files.Find(deep)->children.back()->name = std::string(40, 'c');
+    ArchiveResult result;
+    REQUIRE(b.Store({"C:\\none", "C:\\spy", "C:\\spy\\link", "spy", "C:\\", "\\\\host\\share\\x",
+                     "C:\\x\\..\\spy", "C:\\NUL"},
+                    {}, &result)
+                .ok());
+    CHECK(Paths(result.failed) ==
+          "C:\\none 53\nC:\\spy\\locked 70\nC:\\spy\\denied 70\n"
+          "C:\\spy\\closed 70\nC:\\spy\\lost?name 52\n" +
+              deep + "\\" + std::string(40, 'c') + " 52\n" +
+              "spy 52\nC:\\ 52\n\\\\host\\share\\x 52\nC:\\x\\..\\spy 52\n"
+              "C:\\NUL 52\n");
+    CHECK(Paths(result.notes) == "C:\\spy\\link 75\nC:\\spy\\link 75\n");
+    ArchiveReader reader = b.Reader();
+    REQUIRE(reader.Open(kArchivePath).ok());
+    std::string stored;
+    for (const ArchiveItem& item : reader.items()) stored += item.path + "\n";
+    CHECK(stored == "C:\\spy\nC:\\spy\\good\n" + deep.substr(0, 127) + "\n" + deep + "\n");
+  }
+
+  TEST_CASE("scripts lie in the archive under bare names") {
+    ArchiveBench b;
+    ArchiveWriter writer(b.m.files, b.m.clock, b.m.pump);
+    REQUIRE(writer.Create(kArchivePath).ok());
+    CHECK(writer.AddScript("onekey.reg", "REGEDIT4\r\n").ok());
+    for (const char* name : {"", ".reg", "a\\b.reg", "C:\\x.reg", "..", "nul.reg", "a:b.reg",
+                             "a/b.reg", "a.exe", "a.reg.", "a.reg "}) {
+      CAPTURE(std::string(name));
+      CHECK(writer.AddScript(name, "x").number() == kBadFileName);
+    }
+    REQUIRE(writer.Finish().ok());
+    CHECK(writer.path() == kArchivePath);
+    ArchiveReader reader = b.Reader();
+    REQUIRE(reader.Open(kArchivePath).ok());
+    REQUIRE(reader.items().size() == 1);
+    CHECK(reader.items()[0].kind == ItemKind::Script);
+    CHECK(reader.items()[0].path == "onekey.reg");
+    CHECK(ArchiveBench::ItemText(reader, 0) == "REGEDIT4\r\n");
+  }
+
+  TEST_CASE("a file that changes meanwhile is stored as it was read") {
+    for (const char* now : {"short", "longer than the listing said"}) {
+      CAPTURE(std::string(now));
+      ArchiveBench b;
+      Node& file = b.m.File("C:\\spy\\file", "as it was");
+      b.m.pump.on_yield = [&] {
+        if (b.m.pump.yields == 2) file.content = now;  // the folder has been listed
+      };
+      ArchiveResult result;
+      REQUIRE(b.Store({"C:\\spy"}, {}, &result).ok());
+      CHECK(Paths(result.notes) == "C:\\spy\\file 75\n");
+      ArchiveReader reader = b.Reader();
+      REQUIRE(reader.Open(kArchivePath).ok());
+      CHECK(ArchiveBench::ItemText(reader, 1) == now);
+    }
+  }
+
+  TEST_CASE("closing leaves nothing behind") {
+    const std::string content = Noise(3 * kArchiveBlock);
+    for (const std::uint64_t volume_size : {0, 300'000}) {
+      for (std::size_t at = 1; at <= 5; ++at) {
+        CAPTURE(at);
+        ArchiveBench b;
+        b.m.File("C:\\spy\\file", content);
+        b.m.pump.close_at = at;
+        ArchiveOptions options;
+        options.volume_size = volume_size;
+        CHECK_FALSE(b.Store({"C:\\spy"}, options).ok());
+        CHECK(b.Names("C:\\Backup") == "");
+      }
+    }
+  }
+
+  TEST_CASE("an archive takes no other's place") {
+    ArchiveBench b;
+    b.m.File("C:\\file", "x");
+    for (const char* there : {"C:\\Backup\\one.qzp", "C:\\Backup\\ONE.Q01"}) {
+      b.m.File(there, "older");
+      CHECK(b.Store({"C:\\file"}).number() == kFileExists);
+      CHECK(b.m.Content(there) == "older");
+      b.m.files.Remove(there);
+    }
+    ArchiveWriter writer(b.m.files, b.m.clock, b.m.pump);
+    CHECK(writer.AddFile("C:\\file").number() == kInvalidCall);
+    CHECK(writer.Finish().number() == kInvalidCall);
+    CHECK(writer.Create("C:\\none\\x.qzp").number() == kPathNotFound);
+    // Once it has failed it stays so.
+    CHECK_FALSE(writer.Create(kArchivePath).ok());
+    CHECK(writer.AddFile("C:\\file").number() == kPathNotFound);
+    for (const char* path : {"x.qzp", "C:\\Backup\\.qzp", "C:\\Backup\\x.zip", "C:\\Bac*\\x.qzp"}) {
+      CAPTURE(std::string(path));
+      CHECK(ArchiveWriter(b.m.files, b.m.clock, b.m.pump).Create(path).number() == kBadFileName);
+    }
+  }
+}
+
+}  // namespace scourwell::test
