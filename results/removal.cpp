@@ -12,6 +12,7 @@
 namespace scourwell {
 namespace {
 
+constexpr std::size_t kMostNamed = 12;  // objects in one message
 constexpr char kMethod[] = "RemoveSelectedSpy";
 
 struct KindCounter {
@@ -22,6 +23,16 @@ constexpr KindCounter kCounters[] = {
     {kSpyRegistryKey, &RemovalCounters::registry}, {kSpyRegistryValue, &RemovalCounters::registry},
     {kSpyFile, &RemovalCounters::files},           {kSpyCookie, &RemovalCounters::cookies},
     {kSpyFolder, &RemovalCounters::folders},       {kMemoryProcess, &RemovalCounters::processes},
+};
+
+struct StateText {
+  RemovalState state;
+  int caption;
+};
+constexpr StateText kStates[] = {
+    {RemovalState::Removed, 17101},        {RemovalState::Gone, 17102},
+    {RemovalState::PendingRestart, 17103}, {RemovalState::Refused, 17104},
+    {RemovalState::Failed, 17105},
 };
 
 RemovalResult Failed(RemovalState state, Outcome why) { return {state, std::move(why)}; }
@@ -40,6 +51,17 @@ bool InRegistry(const Detection& row) {
 }
 
 }  // namespace
+
+std::string RemovalStateText(const Captions& captions, const RemovalResult& result) {
+  std::string text;
+  for (const StateText& each : kStates) {
+    if (each.state == result.state) text = captions.Text(each.caption);
+  }
+  if (!result.why.ok() && result.state != RemovalState::PendingRestart) {
+    text += " (" + result.why.description() + ")";
+  }
+  return text;
+}
 
 std::size_t RemovalReport::Count(RemovalState state) const {
   return static_cast<std::size_t>(
@@ -155,6 +177,18 @@ Outcome Removal::CreateRegistryDeleteFile() {
   if (left_out.empty()) return {};
   return Outcome::Failed(kBadFileName, "A registry entry does not go into the script")
       .With("Entry: ", left_out);
+}
+
+std::string Removal::Warning() const {
+  if (!report_.failed) return {};
+  std::string text = parts_.captions.Text(1849) + "\r\n" + parts_.captions.Text(1850) + "\r\n";
+  std::size_t named = 0;
+  for (const RemovedObject& object : report_.objects) {
+    if (object.result.done()) continue;
+    if (++named > kMostNamed) return text + "\r\n... " + parts_.captions.Text(17144);
+    text += "\r\n" + object.details + " - " + RemovalStateText(parts_.captions, object.result);
+  }
+  return text;
 }
 
 void Removal::launchRegEditDelete() {

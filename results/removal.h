@@ -35,6 +35,9 @@ struct RemovalReport {
   std::size_t Count(RemovalState state) const;
 };
 
+// "removed", "refused (It is protected: ...)" and so on.
+std::string RemovalStateText(const Captions& captions, const RemovalResult& result);
+
 // Deletes the checked rows of the results list from the machine. The rows stay in the list.
 class Removal {
  public:
@@ -57,6 +60,10 @@ class Removal {
   void RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept = {});
   // Runs the registry editor on "Remove.reg"; does not wait for it.
   void launchRegEditDelete();
+
+  // What to tell the user when something is still there: the request to restart, then each object
+  // and its reason. Empty when all went well.
+  std::string Warning() const;
 
   const RemovalCounters& counters() const { return counters_; }
   const RemovalReport& report() const { return report_; }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "widgets/access_keys.h"
 #include "widgets/image_list.h"
 #include "widgets/layout.h"
 #include "widgets/path_cell.h"
@@ -36,10 +37,18 @@ void ResultsPane::OnCreate() {
   images_ = LoadImageList(env_.instance, IDB_Kinds16, kPicture);
   SpyListView_.SetSmallImages(images_.get());
   CreateColumns();
-  cmdCheckAll_.Create(env_, hwnd(), IDC_cmdCheckAll, Text(1803));
-  cmdUnCheckAll_.Create(env_, hwnd(), IDC_cmdUnCheckAll, Text(1804));
-  cmdViewLog_.Create(env_, hwnd(), IDC_cmdViewLog, Text(1842));
-  cmdClose_.Create(env_, hwnd(), IDC_cmdCloseResults, Text(1402));
+  AccessKeys keys({Text(17010), Text(17158), Text(17014)});
+  const auto make = [&](Button& button, int id, int caption) {
+    button.Create(env_, hwnd(), id, keys.Add(Text(caption)));
+  };
+  make(cmdCheckAll_, IDC_cmdCheckAll, 1803);
+  make(cmdUnCheckAll_, IDC_cmdUnCheckAll, 1804);
+  make(cmdDelete_, IDC_cmdDelete, 1401);
+  make(cmdExclude_, IDC_cmdExclude, 1845);
+  make(cmdBackup_, IDC_cmdBackup, 17135);
+  make(cmdViewLog_, IDC_cmdViewLog, 1842);
+  make(cmdContinue_, IDC_cmdContinue, 17017);
+  make(cmdClose_, IDC_cmdCloseResults, 1402);
 }
 
 void ResultsPane::CreateColumns() {
@@ -56,17 +65,27 @@ void ResultsPane::OnSize(Area area) {
     layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
     Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
     Area buttons = inner.CutBottom(metrics().ButtonHeight());
-    inner.CutBottom(metrics().Margin());
+    inner.CutBottom(metrics().Gap());
+    Area actions = inner.CutBottom(metrics().ButtonHeight());
+    inner.CutBottom(metrics().Gap());
     layout.Place(SpyListView_, inner);
     const int line = metrics().LineHeight();
     Area empty = inner.Shrunk(metrics().Scale(4), inner.height() / 2 - line);
     layout.Place(lblEmpty_, {empty.left, empty.top, empty.right, empty.top + 2 * line});
-    layout.Place(cmdCheckAll_, buttons.CutLeft(cmdCheckAll_.width()));
-    buttons.CutLeft(metrics().Gap());
-    layout.Place(cmdUnCheckAll_, buttons.CutLeft(cmdUnCheckAll_.width()));
-    layout.Place(cmdClose_, buttons.CutRight(cmdClose_.width()));
-    buttons.CutRight(metrics().Gap());
-    layout.Place(cmdViewLog_, buttons.CutRight(cmdViewLog_.width()));
+    const int gap = metrics().Gap();
+    for (const Button* button : {&cmdCheckAll_, &cmdUnCheckAll_}) {
+      layout.Place(*button, actions.CutLeft(button->width()));
+      actions.CutLeft(gap);
+    }
+    for (const Button* button : {&cmdBackup_, &cmdExclude_, &cmdDelete_}) {
+      layout.Place(*button, actions.CutRight(button->width()));
+      actions.CutRight(gap);
+    }
+    layout.Place(cmdViewLog_, buttons.CutLeft(cmdViewLog_.width()));
+    for (const Button* button : {&cmdClose_, &cmdContinue_}) {
+      layout.Place(*button, buttons.CutRight(button->width()));
+      buttons.CutRight(gap);
+    }
   }
   FitColumns();
 }
@@ -90,12 +109,28 @@ void ResultsPane::Refresh() {
   SpyListView_.ShowSortArrow(hits_.sorted() ? hits_.sort_column() : -1, hits_.ascending());
   if (!hits_.empty()) SpyListView_.FocusRow(0);
   lblEmpty_.Show(hits_.empty());
-  for (const Button* button : {&cmdCheckAll_, &cmdUnCheckAll_}) button->Enable(!hits_.empty());
   FitColumns();
   ShowCount();
 }
 
+void ResultsPane::SetBusy(bool busy, const std::string& status) {
+  busy_ = busy;
+  SpyListView_.Enable(!busy);
+  ShowCount();
+  if (busy) header_.SetText(status);
+}
+
+void ResultsPane::EnableButtons() {
+  const bool any = !busy_ && !hits_.empty();
+  for (const Button* button : {&cmdCheckAll_, &cmdUnCheckAll_, &cmdDelete_}) button->Enable(any);
+  const bool checked = any && hits_.checked_count() > 0;
+  for (const Button* button : {&cmdExclude_, &cmdBackup_}) button->Enable(checked);
+  cmdViewLog_.Enable(!busy_ && has_log_);
+  for (const Button* button : {&cmdContinue_, &cmdClose_}) button->Enable(!busy_);
+}
+
 void ResultsPane::ShowCount() {
+  EnableButtons();
   header_.SetText(std::to_string(hits_.size()) + " " + Text(17027) + ", " +
                   std::to_string(hits_.checked_count()) + " " + Text(17028));
 }
@@ -173,20 +208,9 @@ LRESULT ResultsPane::FillTip(NMLVGETINFOTIPA* tip) const {
 }
 
 LRESULT ResultsPane::Draw(const NMLVCUSTOMDRAW& draw) const {
-  switch (draw.nmcd.dwDrawStage) {
-    case CDDS_PREPAINT:
-      return CDRF_NOTIFYITEMDRAW;
-    case CDDS_ITEMPREPAINT:
-      return CDRF_NOTIFYSUBITEMDRAW;
-    case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
-      break;
-    default:
-      return CDRF_DODEFAULT;
-  }
-  const auto index = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
-  if (draw.iSubItem != HitList::kDetails || index >= hits_.size()) return CDRF_DODEFAULT;
-  DrawPathCell(SpyListView_, draw, hits_.Text(index, HitList::kDetails));
-  return CDRF_SKIPDEFAULT;
+  return DrawPathColumn(
+      SpyListView_, draw, HitList::kDetails, hits_.size(),
+      [&](std::size_t row) -> const std::string& { return hits_.Text(row, HitList::kDetails); });
 }
 
 void ResultsPane::Check(int row, bool checked) {

@@ -18,10 +18,13 @@ class ResultsPane : public Pane {
   // Shows the rows of the model anew.
   void Refresh();
   // A scan that was stopped early may have left no log.
-  void EnableLog(bool enabled) { cmdViewLog_.Enable(enabled); }
+  void EnableLog(bool enabled) { has_log_ = enabled; }
+  // While rows are removed or backed up nothing can be pressed; `status` says what goes on.
+  void SetBusy(bool busy, const std::string& status = {});
 
   HWND FirstFocus() const;
   HWND CloseButton() const { return cmdClose_.hwnd(); }
+  HWND ContinueButton() const { return cmdContinue_.hwnd(); }
 
  private:
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
@@ -42,6 +45,7 @@ class ResultsPane : public Pane {
   Outcome mnuShowProperties();
   bool MayShowProperties() const;
   void ShowCount();
+  void EnableButtons();
 
   HitList& hits_;
   Shell& shell_;
@@ -50,9 +54,15 @@ class ResultsPane : public Pane {
   CheckListView SpyListView_;
   Button cmdCheckAll_;
   Button cmdUnCheckAll_;
+  Button cmdDelete_;
+  Button cmdExclude_;
+  Button cmdBackup_;
   Button cmdViewLog_;
+  Button cmdContinue_;
   Button cmdClose_;
   ImageListHandle images_;
+  bool has_log_ = true;
+  bool busy_ = false;
   int system_width_ = 0;  // as last fitted
 };
 

@@ -71,7 +71,4 @@ class ScanLog {
   Parts parts_;
 };
 
-// "removed", "refused (It is protected: ...)" and so on.
-std::string RemovalStateText(const Captions& captions, const RemovalResult& result);
-
 }  // namespace scourwell

@@ -4,31 +4,6 @@
 #include "results/scan_log.h"
 
 namespace scourwell {
-namespace {
-
-struct StateText {
-  RemovalState state;
-  int caption;
-};
-constexpr StateText kStates[] = {
-    {RemovalState::Removed, 17101},        {RemovalState::Gone, 17102},
-    {RemovalState::PendingRestart, 17103}, {RemovalState::Refused, 17104},
-    {RemovalState::Failed, 17105},
-};
-
-}  // namespace
-
-std::string RemovalStateText(const Captions& captions, const RemovalResult& result) {
-  std::string text;
-  for (const StateText& each : kStates) {
-    if (each.state == result.state) text = captions.Text(each.caption);
-  }
-  if (!result.why.ok() && result.state != RemovalState::PendingRestart) {
-    text += " (" + result.why.description() + ")";
-  }
-  return text;
-}
-
 void ScanLog::AddRemoval(const RemovalReport& report) {
   static_cast<void>(parts_.log.Trap("RemoveSelectedSpy", [&]() -> Outcome {
     Lines lines;

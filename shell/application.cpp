@@ -33,7 +33,17 @@ Application::Application(const Ports& ports, const std::string& application_fold
       loader_(reference_, lists_, matching_, *this, ports.pump, log_, folders_),
       session_({ports.files, ports.registry, ports.registry64, ports.pump, log_, ports.shell,
                 language_, settings_, lists_, built_in_, loader_, memory_, ports.versions, folders_,
-                hits_, *this, progress_}) {}
+                hits_, *this, progress_}),
+      backups_({ports.files, ports.registry, ports.registry64, ports.clock, ports.pump, ports.shell,
+                log_, folders_, settings_}),
+      registry_access_(ports.registry, log_, language_, ports.shell),
+      removal_({{ports.files, ports.system, ports.shell, ports.pump, log_, os_, folders_, settings_,
+                 registry_access_},
+                ports.processes,
+                ports.registry,
+                ports.registry64,
+                language_,
+                hits_}) {}
 
 void Application::Start() {
   log_.deleteLogFile();
@@ -66,7 +76,7 @@ void Application::Shutdown() {
 }
 
 void Application::PrepareScan() {
-  if (scanning_) return;
+  if (busy()) return;
   ports_.pump.set_closing(false);
   hits_.Clear();
   progress_ = {};
@@ -82,12 +92,56 @@ void Application::RunScan(const std::string& path) {
 
 template <class Scan>
 void Application::Run(Scan&& scan) {
-  if (scanning_) return;
+  if (busy()) return;
   scanning_ = true;
   CheckRelease();
   scan();
   progress_.loading = false;
   scanning_ = false;
+}
+
+// An earlier Stop must not end what the user asks for now.
+void Application::BeginWork(int caption) {
+  ports_.pump.set_closing(false);
+  progress_.lblScanStatus = language_.Text(caption);
+  working_ = true;
+}
+
+BackupReport Application::BackUpChecked(const std::string& name) {
+  if (busy()) return {Outcome::Failed(kPermissionDenied), {}, {}};
+  std::vector<const Detection*> rows;
+  std::vector<std::size_t> indexes;
+  for (std::size_t i = 0; i < hits_.size(); ++i) {
+    if (!hits_.row(i).checked) continue;
+    rows.push_back(&hits_.row(i).detection);
+    indexes.push_back(i);
+  }
+  BeginWork(16216);
+  BackupReport report = backups_.Create(name, rows);
+  working_ = false;
+  for (std::size_t& row : report.failed_rows) row = indexes[row];
+  return report;
+}
+
+void Application::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept) {
+  if (busy()) return;
+  BeginWork(16217);
+  removal_.RemoveSelectedSpy(kept);
+  scan_log_.AddRemoval(removal_.report());
+  working_ = false;
+}
+
+void Application::CountRemoved() {
+  static_cast<void>(log_.Trap("frmResults_Load", [&]() -> Outcome {
+    const RemovalCounters& counters = removal_.counters();
+    std::int64_t sum = 0;
+    for (const std::int32_t count : {counters.files, counters.folders, counters.registry,
+                                     counters.cookies, counters.processes}) {
+      sum += count;
+    }
+    if (sum > INT32_MAX) return Outcome::Failed(kOverflow);
+    return statistics_.setNumberOfObjectsRemoved(static_cast<int>(sum));
+  }));
 }
 
 std::string Application::Title() const {

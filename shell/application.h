@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "backup/backups.h"
 #include "backup/ignore_list.h"
 #include "definitions/change_report.h"
 #include "definitions/list_loader.h"
@@ -9,6 +10,7 @@
 #include "platform/shell.h"
 #include "platform/versions.h"
 #include "results/hit_list.h"
+#include "results/removal.h"
 #include "results/scan_log.h"
 #include "scan/matching.h"
 #include "scan/scan_session.h"
@@ -57,6 +59,13 @@ class Application : private ScanReport, private LoadProgress {
   void RunScan();
   void RunScan(const std::string& path);
 
+  // A backup of the checked rows. `failed_rows` of the result are rows of the results list.
+  BackupReport BackUpChecked(const std::string& name);
+  // Deletes the checked rows but those in `kept`, and writes the log's section about it.
+  void RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept);
+  // Adds what the last removal counted to the statistics. Once, when its summary is shown.
+  void CountRemoved();
+
   // "Scourwell 1.0 Rev.0"
   std::string Title() const;
 
@@ -70,10 +79,15 @@ class Application : private ScanReport, private LoadProgress {
   Statistics& statistics() { return statistics_; }
   ScanScope& scope() { return scope_; }
   HitList& hits() { return hits_; }
+  IgnoreList& ignore() { return ignore_; }
+  Backups& backups() { return backups_; }
+  Removal& removal() { return removal_; }
   const ScanProgress& progress() const { return progress_; }
   ReferenceFile& reference() { return reference_; }
   const ScanSession& session() const { return session_; }
   bool scanning() const { return scanning_; }
+  // A scan, a backup or a removal is under way.
+  bool busy() const { return scanning_ || working_; }
 
  private:
   void CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) override;
@@ -85,6 +99,7 @@ class Application : private ScanReport, private LoadProgress {
   void Advance() override;
   void End() override;
   void CheckRelease();
+  void BeginWork(int caption);
   template <class Write>
   void WriteLog(Write&& write);
   template <class Scan>
@@ -115,7 +130,11 @@ class Application : private ScanReport, private LoadProgress {
   BuiltInLists built_in_;
   ListLoader loader_;
   ScanSession session_;
+  Backups backups_;
+  RegistryAccess registry_access_;
+  Removal removal_;
   bool scanning_ = false;
+  bool working_ = false;
 };
 
 }  // namespace scourwell

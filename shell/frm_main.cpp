@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "backup/frm_backup.h"
+#include "backup/frm_ignore.h"
 #include "platform/file_utils.h"
 #include "shell/frm_splash.h"
 #include "widgets/folder_dialog.h"
@@ -170,6 +172,12 @@ bool frmMain::OnCommand(int id) {
     case IDM_mnuHome:
       ShowHome();
       return true;
+    case IDM_mnuBackups:
+      ShowBackups();
+      return true;
+    case IDM_mnuIgnoreList:
+      ShowIgnoreList();
+      return true;
     default:
       return false;
   }
@@ -190,7 +198,7 @@ Outcome frmMain::CheckForUpdate() {
 void frmMain::PostCommand(int id) { PostMessageA(hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
 
 void frmMain::PageChanged() {
-  const bool scanning = app_.scanning();
+  const bool scanning = app_.busy();
   menu_.EnableScan(!scanning);
   tree_.Enable(!scanning);
   ShowProgress();
@@ -206,7 +214,7 @@ void frmMain::ShowProgress() {
 }
 
 void frmMain::ShowHome() {
-  if (app_.scanning()) return;
+  if (app_.busy()) return;
   if (!home_) {
     home_ = std::make_unique<frmHome>(shared_, app_, *this);
     home_->CreateIn(client_);
@@ -219,13 +227,13 @@ void frmMain::ShowHome() {
 }
 
 void frmMain::StartScan() {
-  if (app_.scanning()) return;
+  if (app_.busy()) return;
   if (!app_.scope().AnythingTicked()) return ShowMessage(Text(1700), Text(17000));
   OpenScan({});
 }
 
 void frmMain::ScanFolder() {
-  if (app_.scanning()) return;
+  if (app_.busy()) return;
   const std::string folder = AskForFolder(hwnd(), Text(17022));
   if (!folder.empty()) OpenScan(folder);
 }
@@ -242,6 +250,26 @@ void frmMain::OpenScan(const std::string& path) {
 void frmMain::ShowAbout() {
   ShowMessageWithIcon(shared_.instance, IDI_Scourwell, app_.Title() + "\r\n\r\n" + Text(17030),
                       Text(1753));
+}
+
+void frmMain::ShowBackups() {
+  if (app_.busy()) return;
+  pump_.set_closing(false);
+  frmBackup(shared_, app_.backups(), app_.ports().clock, app_.settings().BackupFolder, [this] {
+    ShowHelp();
+  }).ShowModal(hwnd());
+}
+
+void frmMain::ShowIgnoreList() {
+  if (app_.busy()) return;
+  frmIgnore(shared_, app_.ignore(), [this] { ShowHelp(); }).ShowModal(hwnd());
+}
+
+void frmMain::ShowHelp() {
+  const std::string file = AddPathToFileName(app_.folders().application, "Help\\help.chm");
+  const Outcome opened =
+      app_.log().Trap("cmdHelp_Click", [&] { return app_.ports().shell.Open(file); });
+  if (!opened.ok()) ShowMessage(Text(17157) + "\r\n" + file, Text(17000));
 }
 
 Page* frmMain::page() const {
@@ -268,19 +296,19 @@ HWND frmMain::PageFocus() const { return page() ? page()->FirstFocus() : nullptr
 // are asked to end, and closing goes on when they have.
 void frmMain::Close() {
   close_wanted_ = true;
-  if (app_.scanning()) pump_.set_closing(true);
+  if (app_.busy()) pump_.set_closing(true);
   if (!IsWindowEnabled(hwnd())) {
     HWND popup = GetLastActivePopup(hwnd());
     if (popup != hwnd()) PostMessageA(popup, WM_CLOSE, 0, 0);
     return;
   }
-  if (app_.scanning()) return;
+  if (app_.busy()) return;
   Unload();
   DestroyWindow(hwnd());
 }
 
 void frmMain::Unload() {
-  if (!app_.scanning()) {
+  if (!app_.busy()) {
     ShowWindow(hwnd(), SW_HIDE);
     scan_.reset();
     home_.reset();

@@ -49,6 +49,9 @@ class frmMain : public Window, public FormHost {
   void ScanFolder();
   void OpenScan(const std::string& path);
   void ShowAbout();
+  void ShowBackups();
+  void ShowIgnoreList();
+  void ShowHelp();
   Outcome CheckForUpdate();
 
   Page* page() const;

@@ -21,17 +21,21 @@ void frmMainMenu::Create(HWND window, const Captions& captions) {
   Append(scan, IDM_mnuScanFolder, captions.Text(17012));
   AppendMenuA(scan, MF_SEPARATOR, 0, nullptr);
   Append(scan, IDM_mnuExit, captions.Text(17013));
+  HMENU tools = CreatePopupMenu();
+  Append(tools, IDM_mnuBackups, captions.Text(17149));
+  Append(tools, IDM_mnuIgnoreList, captions.Text(17150));
   HMENU help = CreatePopupMenu();
   Append(help, IDM_mnuAbout, captions.Text(17015));
   MenuHandle old(menu_);
   menu_ = CreateMenu();
   AppendPopup(menu_, scan, captions.Text(17010));
+  AppendPopup(menu_, tools, captions.Text(17158));
   AppendPopup(menu_, help, captions.Text(17014));
   SetMenu(window, menu_);
 }
 
 void frmMainMenu::EnableScan(bool enabled) const {
-  for (const UINT id : {IDM_mnuStartScan, IDM_mnuScanFolder}) {
+  for (const UINT id : {IDM_mnuStartScan, IDM_mnuScanFolder, IDM_mnuBackups, IDM_mnuIgnoreList}) {
     EnableMenuItem(menu_, id, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
   }
 }

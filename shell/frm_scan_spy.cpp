@@ -1,6 +1,7 @@
 #include "shell/frm_scan_spy.h"
 
 #include "platform/file_utils.h"
+#include "results/frm_log.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
 #include "widgets/resource.h"
@@ -56,6 +57,11 @@ void frmScanSpy::RunScan() {
   KillTimer(hwnd(), kRefreshTimer);
   SpyStatusFrame_.ScanEnded(app_.session().finished());
   host_.PageChanged();
+  if (app_.settings().AutoRemove && app_.session().finished() && !app_.hits().empty() && !leave_) {
+    RemoveChecked(true);
+    SpyStatusFrame_.ScanEnded(true);
+    host_.PageChanged();
+  }
   if (leave_) host_.PostCommand(IDM_mnuHome);
 }
 
@@ -82,6 +88,18 @@ bool frmScanSpy::OnCommand(int id) {
       return true;
     case IDC_cmdViewLog:
       ViewLog();
+      return true;
+    case IDC_cmdDelete:
+      cmdDelete_Click();
+      return true;
+    case IDC_cmdContinue:
+      cmdContinue_Click();
+      return true;
+    case IDC_cmdExclude:
+      cmdExclude_Click();
+      return true;
+    case IDC_cmdBackup:
+      cmdBackup_Click();
       return true;
     default:
       return false;
@@ -112,17 +130,17 @@ void frmScanSpy::ShowResults() {
 
 void frmScanSpy::cmdCancel_Click() {
   leave_ = true;
-  if (app_.scanning()) return cmdAbort_Click();
+  if (app_.busy()) return cmdAbort_Click();
   host_.PostCommand(IDM_mnuHome);
 }
 
 void frmScanSpy::ViewLog() {
-  static_cast<void>(app_.log().Trap(
-      "cmdViewLog_Click", [&] { return app_.ports().shell.Open(app_.settings().LogFilePath); }));
+  frmLog(env_, app_.ports().files, app_.settings().LogFilePath)
+      .ShowModal(Root());
 }
 
 HWND frmScanSpy::DefaultButton() const {
-  return SpyFrame_.Shown() ? nullptr : SpyStatusFrame_.DefaultButton();
+  return SpyFrame_.Shown() ? SpyFrame_.ContinueButton() : SpyStatusFrame_.DefaultButton();
 }
 
 HWND frmScanSpy::EscapeButton() const {

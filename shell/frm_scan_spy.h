@@ -32,6 +32,16 @@ class frmScanSpy : public Page {
   void cmdCancel_Click();
   void ViewLog();
   void ShowResults();
+  // Backs the checked rows up if the user wants that before removals, then removes them. False
+  // when the user thought better of it.
+  bool RemoveChecked(bool unattended);
+  bool BackUpFirst(bool unattended, std::unordered_set<std::size_t>* kept);
+  void cmdDelete_Click();
+  void cmdContinue_Click();
+  void cmdExclude_Click();
+  void cmdBackup_Click();
+  bool AskForBackupName(std::string* name);
+  void ShowNotStored(const BackupReport& report);
 
   Application& app_;
   FormHost& host_;

@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include "platform/file_utils.h"
+#include "platform/win/child_process.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 #include "platform/win/processes_win.h"
@@ -35,6 +36,8 @@ std::string FullPath(const std::string& path) {
 // The one place that makes real adapters.
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR command_line, int show) {
   using namespace scourwell;
+  int exit_code = 0;
+  if (RunAsChild(&exit_code)) return exit_code;
   const SingleInstance single;
   if (!single.is_first()) return 0;
   UseSystemFolding();

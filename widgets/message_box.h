@@ -12,7 +12,19 @@ inline void ShowMessage(const std::string& text, const std::string& title,
   MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(), MB_OK | icon);
 }
 
-// The same with an icon of the program's own.
+// Yes or No; closing the box means No.
+inline bool AskYesNo(const std::string& text, const std::string& title) {
+  return MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(), MB_YESNO | MB_ICONQUESTION) ==
+         IDYES;
+}
+
+// OK or Cancel.
+inline bool AskOkCancel(const std::string& text, const std::string& title) {
+  return MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(),
+                     MB_OKCANCEL | MB_ICONQUESTION) == IDOK;
+}
+
+// A message with an icon of the program's own.
 inline void ShowMessageWithIcon(HINSTANCE instance, int icon, const std::string& text,
                                 const std::string& title) {
   MSGBOXPARAMSA box = {};

@@ -33,6 +33,7 @@ class Metrics {
   int WideMargin() const { return Scale(20); }
   int Gap() const { return Scale(7); }
   int ButtonHeight() const { return line_ + Scale(10); }
+  int FieldHeight() const { return line_ + Scale(8); }
   // Wide enough for the caption and never narrower than its neighbours usually are.
   int ButtonWidth(const std::string& caption) const;
 

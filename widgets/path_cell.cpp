@@ -29,4 +29,23 @@ void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::s
             DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS);
 }
 
+LRESULT DrawPathColumn(const ListView& list, const NMLVCUSTOMDRAW& draw, int column,
+                       std::size_t rows,
+                       const std::function<const std::string&(std::size_t row)>& path) {
+  switch (draw.nmcd.dwDrawStage) {
+    case CDDS_PREPAINT:
+      return CDRF_NOTIFYITEMDRAW;
+    case CDDS_ITEMPREPAINT:
+      return CDRF_NOTIFYSUBITEMDRAW;
+    case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
+      break;
+    default:
+      return CDRF_DODEFAULT;
+  }
+  const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
+  if (draw.iSubItem != column || row >= rows) return CDRF_DODEFAULT;
+  DrawPathCell(list, draw, path(row));
+  return CDRF_SKIPDEFAULT;
+}
+
 }  // namespace scourwell

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "widgets/list_view.h"
 
 namespace scourwell {
@@ -7,5 +9,10 @@ namespace scourwell {
 // Draws a cell that holds a path too long for its column: the list itself would cut off the end,
 // which is the part that tells most. For the custom draw of a list view in report style.
 void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::string& path);
+
+// The whole answer to the custom draw of a list of `rows` rows whose `column` holds paths.
+LRESULT DrawPathColumn(const ListView& list, const NMLVCUSTOMDRAW& draw, int column,
+                       std::size_t rows,
+                       const std::function<const std::string&(std::size_t row)>& path);
 
 }  // namespace scourwell

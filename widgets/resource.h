@@ -15,11 +15,15 @@
 #define IDM_mnuScanFolder 40002
 #define IDM_mnuExit 40003
 #define IDM_mnuAbout 40004
+#define IDM_mnuBackups 40006
+#define IDM_mnuIgnoreList 40007
 #define IDM_mnuHome 40005  // no entry: pages post it to leave for the start page
 // Popup menu of SpyListView
 #define IDM_mnuCheckAll 40011
 #define IDM_mnuUncheckAll 40012
 #define IDM_mnuShowProperties 40013
+#define IDM_mnuDelete 40014
+#define IDM_mnuExclude 40015
 
 // frmMain; its pages get numbers from IDC_FirstPage on
 #define IDC_StatusBar 1001
@@ -95,6 +99,48 @@
 #define IDC_cmdUnCheckAll 1407
 #define IDC_cmdViewLog 1408
 #define IDC_cmdCloseResults 1409
+
+#define IDC_cmdDelete 1410
+#define IDC_cmdExclude 1411
+#define IDC_cmdBackup 1412
+#define IDC_cmdContinue 1413
+
+// frmResults
+#define IDC_RemovalHeader 1600
+#define IDC_lblRemovalHeading 1601
+#define IDC_lblRemovalSummary 1602
+#define IDC_lblObjects 1603
+#define IDC_txtObjects 1604
+#define IDC_lblTotalCaption 1610  // six pairs: caption, value
+
+// frmLog
+#define IDC_txtFile 1630
+#define IDC_lblFind 1631
+#define IDC_txtFind 1632
+#define IDC_cmdFind 1633
+#define IDC_cmdSave 1634
+
+// frmIgnore
+#define IDC_IgnoreHeader 1640
+#define IDC_lblIgnoreHeading 1641
+#define IDC_lblIgnoreCount 1642
+#define IDC_lblIgnoreEmpty 1643
+#define IDC_IgnoreListView 1644
+#define IDC_CmdRemove 1645
+#define IDC_cmdHelp 1646
+
+// frmBackup
+#define IDC_BackupHeader 1660
+#define IDC_lblBackupHeading 1661
+#define IDC_lblBackupCount 1662
+#define IDC_lblBackupEmpty 1663
+#define IDC_BackupList 1664
+#define IDC_cmdRestore 1665
+#define IDC_cmdClean 1666
+
+// InputBox
+#define IDC_lblPrompt 1680
+#define IDC_txtAnswer 1681
 
 // frmSplash
 #define IDC_lblSplashName 1501

@@ -113,6 +113,12 @@ LRESULT Window::ColourLabel(HDC dc) const {
   return reinterpret_cast<LRESULT>(GetSysColorBrush(BackColour()));
 }
 
+HWND Window::Root() const {
+  HWND root = hwnd_;
+  while (GetWindowLongA(root, GWL_STYLE) & WS_CHILD) root = GetParent(root);
+  return root;
+}
+
 Area Window::ClientArea() const {
   RECT client = {};
   GetClientRect(hwnd_, &client);

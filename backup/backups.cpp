@@ -1,0 +1,211 @@
+#include "backup/backups.h"
+
+#include <algorithm>
+
+#include "platform/file_utils.h"
+#include "platform/text.h"
+
+namespace scourwell {
+namespace {
+
+constexpr char kEnding[] = ".qzp";
+constexpr char kExport64[] = "export64.reg";
+constexpr std::uint32_t kImportLimit = 15'000;  // milliseconds for one script
+constexpr unsigned kMostNames = 1000;
+
+// The rules of removal hold for restoring too: an archive is only a file that somebody made.
+class Guard : public RestoreGuard {
+ public:
+  Guard(Files& files, const SystemFolders& folders) : guard_(files, folders) {}
+
+  Outcome Allow(const std::string& path, std::vector<std::unique_ptr<FolderHold>>* holds) override {
+    HeldWay way;
+    Outcome allowed = guard_.Allow(path, &way);
+    for (auto& hold : way) holds->push_back(std::move(hold));
+    return allowed;
+  }
+
+ private:
+  PathGuard guard_;
+};
+
+bool OnDisk(const Detection& row) {
+  return row.kind == kSpyFile || row.kind == kSpyFolder || row.kind == kSpyCookie;
+}
+
+std::string Stem(const std::string& key) {
+  return key.size() > 4 && EqualsNoCase(key.substr(key.size() - 4), kEnding)
+             ? key.substr(0, key.size() - 4)
+             : key;
+}
+
+}  // namespace
+
+std::string Backups::PathOf(std::string_view file_name) const {
+  return AddPathToFileName(parts_.settings.BackupFolder, file_name);
+}
+
+bool Backups::IsUsableName(const std::string& name) const {
+  if (name.empty() || name.find_first_of("\\/:*?\"<>|%") != name.npos) return false;
+  if (name.front() == ' ' || name.back() == ' ' || name.front() == '.') return false;
+  const std::string longest = PathOf(name + kExport64);
+  return IsPlainPath(longest) && longest.size() <= kLongestPath;
+}
+
+bool Backups::Exists(const std::string& name) const {
+  return FileExists(parts_.files, PathOf(name + kEnding));
+}
+
+std::string Backups::NameForNow() const {
+  const LocalTime now = parts_.clock.Now();
+  const auto two = [](int number) { return Padded(static_cast<unsigned>(number), 2); };
+  const std::string stem = std::to_string(now.year) + "-" + two(now.month) + "-" + two(now.day) +
+                           " " + two(now.hour) + two(now.minute) + two(now.second);
+  std::string name = stem;
+  for (unsigned i = 2; Exists(name) && i < kMostNames; ++i) name = stem + " " + std::to_string(i);
+  return name;
+}
+
+// Leftovers of an earlier run must never be imported by mistake.
+void Backups::DeleteScripts() {
+  std::vector<std::string> names;
+  static_cast<void>(parts_.files.List(PathOf("*.reg"), [&](const DirEntry& entry) {
+    if (!entry.IsFolder()) names.push_back(entry.name);
+    return true;
+  }));
+  for (const std::string& name : names) {
+    static_cast<void>(
+        parts_.log.Trap("cmdBackup", [&] { return parts_.files.EraseFile(PathOf(name)); }));
+  }
+}
+
+BackupReport Backups::Create(const std::string& name, const std::vector<const Detection*>& rows,
+                             ArchiveOptions options) {
+  BackupReport report;
+  report.archive = parts_.log.Trap("cmdBackup", [&]() -> Outcome {
+    Outcome stored = Store(name, rows, std::move(options), &report);
+    return stored.ok() ? Outcome() : std::move(stored).With("Archive: ", name + kEnding);
+  });
+  for (const std::string& failure : report.failures) {
+    parts_.log.LogFailure(Outcome::Failed(kPathFileAccess, "Not backed up: " + failure),
+                          "cmdBackup");
+  }
+  return report;
+}
+
+Outcome Backups::Store(const std::string& name, const std::vector<const Detection*>& rows,
+                       ArchiveOptions options, BackupReport* report) {
+  if (!IsUsableName(name)) return Outcome::Failed(kBadFileName);
+  DeleteScripts();
+  ArchiveWriter archive(parts_.files, parts_.clock, parts_.pump);
+  if (Outcome made = archive.Create(PathOf(name + kEnding), std::move(options)); !made.ok()) {
+    return made;
+  }
+  RegistryBackup registry(parts_.registry, parts_.registry64, parts_.pump);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const Detection& row = *rows[i];
+    const std::size_t failed = archive.result().failed.size();
+    const std::size_t left_out = registry.left_out().size();
+    registry.Add(row);
+    DirEntry there;
+    if (OnDisk(row) && parts_.files.Stat(row.details, &there).number() != kFileNotFound) {
+      if (Outcome added = archive.AddFile(row.details); !added.ok()) return added;
+    }
+    if (archive.result().failed.size() > failed || registry.left_out().size() > left_out) {
+      report->failed_rows.push_back(i);
+    }
+  }
+  for (const ItemReport& item : archive.result().failed) {
+    report->failures.push_back(item.path + ": " + item.why.description());
+  }
+  report->failures.insert(report->failures.end(), registry.left_out().begin(),
+                          registry.left_out().end());
+  Outcome added = AddScripts(name, registry, &archive);
+  return added.ok() ? archive.Finish() : std::move(added);
+}
+
+// In the order in which they are imported: what knows the true types comes last.
+Outcome Backups::AddScripts(const std::string& name, const RegistryBackup& registry,
+                            ArchiveWriter* archive) {
+  const std::pair<const char*, const std::string*> scripts[] = {
+      {"key.reg", &registry.keys()},
+      {"val.reg", &registry.values()},
+      {"export.reg", &registry.exported()},
+      {kExport64, &registry.exported64()},
+  };
+  for (const auto& [ending, text] : scripts) {
+    if (text->empty()) continue;
+    if (Outcome added = archive->AddScript(name + ending, *text); !added.ok()) return added;
+  }
+  return {};
+}
+
+std::vector<BackupRow> Backups::List() {
+  std::vector<BackupRow> rows;
+  static_cast<void>(parts_.log.Trap("frmBackup_Load", [&] {
+    return parts_.files.List(PathOf("*.qzp"), [&](const DirEntry& entry) {
+      if (!entry.IsFolder()) rows.push_back({entry.name, entry.size, entry.modified});
+      return true;
+    });
+  }));
+  return rows;
+}
+
+Outcome Backups::Restore(const std::string& key, const FindVolume& find, RestoreResult* result) {
+  return parts_.log.Trap("cmdRestore", [&]() -> Outcome {
+    DeleteScripts();
+    ArchiveReader archive(parts_.files, parts_.pump);
+    if (Outcome opened = archive.Open(PathOf(key), find); !opened.ok()) {
+      return std::move(opened).With("Archive: ", key);
+    }
+    Guard guard(parts_.files, parts_.folders);
+    Extractor extractor(parts_.files, parts_.pump, guard);
+    Outcome extracted = extractor.ExtractAll(archive, parts_.settings.BackupFolder);
+    *result = extractor.result();
+    for (const ItemReport& item : result->failed) {
+      Outcome record = item.why;
+      parts_.log.LogFailure(std::move(record).With("Path: ", item.path), "cmdRestore");
+    }
+    if (!extracted.ok()) return std::move(extracted).With("Archive: ", key);
+    for (const std::string& script : result->scripts) Import(script);
+    return {};
+  });
+}
+
+// Each waits for the one before, so that the last word is the last script's.
+void Backups::Import(const std::string& script) {
+  static_cast<void>(parts_.log.Trap("cmdRestore", [&]() -> Outcome {
+    DirEntry entry;
+    if (!parts_.files.Stat(script, &entry).ok() || entry.size == 0) return {};
+    std::string path = script;
+    if (path.find(' ') != path.npos) path = parts_.files.ShortPath(script);
+    if (path.empty() || path.find(' ') != path.npos) path = "\"" + script + "\"";
+    std::string command = "regedit /I /S " + path;
+    // Only the editor in the Windows folder sees the 64-bit view.
+    if (Upper(script).ends_with(Upper(kExport64))) {
+      command = AddPathToFileName(parts_.folders.windows, "regedit.exe") + " /S \"" + script + "\"";
+    }
+    Outcome ran = parts_.shell.Run(command, kImportLimit);
+    return ran.ok() ? Outcome() : std::move(ran).With("Script: ", script);
+  }));
+}
+
+// The archive first: without its last piece the volumes are worth nothing.
+Outcome Backups::Delete(const std::string& key) {
+  return parts_.log.Trap("cmdClean", [&]() -> Outcome {
+    if (key.empty() || key.find_first_of("\\/:*?") != key.npos) {
+      return Outcome::Failed(kBadFileName);
+    }
+    if (Outcome erased = parts_.files.EraseFile(PathOf(key)); !erased.ok()) {
+      return std::move(erased).With("Archive: ", key);
+    }
+    for (std::uint32_t number = 1; number <= kMostVolumes; ++number) {
+      const std::string volume = PathOf(VolumeName(Stem(key), number));
+      if (!FileExists(parts_.files, volume)) break;
+      if (Outcome erased = parts_.files.EraseFile(volume); !erased.ok()) return erased;
+    }
+    return {};
+  });
+}
+
+}  // namespace scourwell

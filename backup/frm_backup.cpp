@@ -1,0 +1,212 @@
+#include "backup/frm_backup.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+#include "widgets/access_keys.h"
+#include "widgets/folder_dialog.h"
+#include "widgets/layout.h"
+#include "widgets/message_box.h"
+#include "widgets/resource.h"
+
+namespace scourwell {
+namespace {
+
+constexpr std::size_t kMostNamed = 10;  // in a message
+
+}  // namespace
+
+frmBackup::frmBackup(const WindowEnv& env, Backups& backups, Clock& clock, std::string folder,
+                     std::function<void()> help)
+    : Dialog(env, "frmBackup"),
+      backups_(backups),
+      clock_(clock),
+      folder_(std::move(folder)),
+      help_(std::move(help)),
+      header_(env, HeaderPane::Size::Small, {IDC_lblBackupHeading, IDC_lblBackupCount, 0}) {}
+
+Dialog::Shape frmBackup::WantedShape() const {
+  return {metrics().Scale(520), metrics().Scale(330), true};
+}
+
+void frmBackup::OnCreate() {
+  header_.Create(hwnd(), IDC_BackupHeader);
+  header_.SetHeading(Text(1403));
+  lblEmpty_.Create(env_, hwnd(), IDC_lblBackupEmpty, Text(17130), SS_CENTER);
+  BackupList_.Create(env_, hwnd(), IDC_BackupList);
+  BackupList_.AddColumn(kDate, Text(1404), metrics().Scale(150));
+  BackupList_.AddColumn(kName, Text(1405), metrics().Scale(230));
+  BackupList_.AddColumn(kSize, Text(1406), metrics().Scale(100));
+  AccessKeys keys;
+  cmdRestore_.Create(env_, hwnd(), IDC_cmdRestore, keys.Add(Text(1400)));
+  cmdClean_.Create(env_, hwnd(), IDC_cmdClean, keys.Add(Text(1401)));
+  cmdHelp_.Create(env_, hwnd(), IDC_cmdHelp, keys.Add(Text(1710)));
+  cmdOk_.Create(env_, hwnd(), IDCANCEL, Text(1402));
+  Load();
+}
+
+void frmBackup::Load() {
+  rows_ = backups_.List();
+  BackupList_.SetItemCount(rows_.size());
+  lblEmpty_.Show(rows_.empty());
+  header_.SetText(std::to_string(rows_.size()) + " " + Text(17131) + " " + folder_);
+  if (!rows_.empty() && Selected() < 0) {
+    BackupList_.FocusRow(0);
+    BackupList_.Select(0, true);
+  }
+  BackupList_.Redraw();
+  SelectionChanged();
+}
+
+void frmBackup::SelectionChanged() {
+  const int row = Selected();
+  const bool chosen = !busy_ && row >= 0 && static_cast<std::size_t>(row) < rows_.size();
+  cmdRestore_.Enable(chosen);
+  cmdClean_.Enable(chosen);
+}
+
+void frmBackup::OnSize(Area area) {
+  {
+    Layout layout;
+    layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
+    Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
+    Area buttons = inner.CutBottom(metrics().ButtonHeight());
+    inner.CutBottom(metrics().Margin());
+    layout.Place(BackupList_, inner);
+    const int line = metrics().LineHeight();
+    const Area empty = inner.Shrunk(metrics().Scale(4), inner.height() / 2 - line);
+    layout.Place(lblEmpty_, {empty.left, empty.top, empty.right, empty.top + 2 * line});
+    for (const Button* button : {&cmdRestore_, &cmdClean_}) {
+      layout.Place(*button, buttons.CutLeft(button->width()));
+      buttons.CutLeft(metrics().Gap());
+    }
+    for (const Button* button : {&cmdHelp_, &cmdOk_}) {
+      layout.Place(*button, buttons.CutRight(button->width()));
+      buttons.CutRight(metrics().Gap());
+    }
+  }
+  RECT client = {};
+  GetClientRect(BackupList_.hwnd(), &client);
+  const int left = client.right - BackupList_.ColumnWidth(kDate) - BackupList_.ColumnWidth(kSize);
+  BackupList_.SetColumnWidth(kName, std::max(left, metrics().Scale(120)));
+}
+
+LRESULT frmBackup::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_CLOSE && busy_) return 0;
+  if (message == WM_CTLCOLORSTATIC && reinterpret_cast<HWND>(lparam) == lblEmpty_.hwnd()) {
+    SetBkColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOW));
+    SetTextColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOWTEXT));
+    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+  }
+  return Dialog::OnMessage(message, wparam, lparam);
+}
+
+LRESULT frmBackup::OnNotify(NMHDR* header) {
+  if (header->hwndFrom != BackupList_.hwnd()) return 0;
+  switch (header->code) {
+    case LVN_GETDISPINFOA:
+      return FillItem(reinterpret_cast<NMLVDISPINFOA*>(header));
+    case LVN_ITEMCHANGED:
+    case LVN_ODSTATECHANGED:
+      SelectionChanged();
+      return 0;
+    case LVN_ODFINDITEMA:
+      return -1;
+    default:
+      return 0;
+  }
+}
+
+LRESULT frmBackup::FillItem(NMLVDISPINFOA* info) {
+  LVITEMA& item = info->item;
+  const auto row = static_cast<std::size_t>(item.iItem);
+  if (row >= rows_.size() || !(item.mask & LVIF_TEXT)) return 0;
+  const BackupRow& backup = rows_[row];
+  cell_ = item.iSubItem == kDate   ? clock_.GeneralDate(clock_.ToLocal(backup.modified))
+          : item.iSubItem == kName ? backup.key
+                                   : std::to_string(backup.size);
+  item.pszText = cell_.data();
+  return 0;
+}
+
+bool frmBackup::OnCommand(int id) {
+  if (busy_) return true;
+  switch (id) {
+    case IDC_cmdRestore:
+      cmdRestore_Click();
+      return true;
+    case IDC_cmdClean:
+      cmdClean_Click();
+      return true;
+    case IDC_cmdHelp:
+      help_();
+      return true;
+    case IDCANCEL:
+      Close();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void frmBackup::Busy(bool busy) {
+  busy_ = busy;
+  for (const Button* button : {&cmdHelp_, &cmdOk_}) button->Enable(!busy);
+  BackupList_.Enable(!busy);
+  SelectionChanged();
+}
+
+void frmBackup::cmdRestore_Click() {
+  const int row = Selected();
+  if (row < 0) return;
+  const std::string key = rows_[static_cast<std::size_t>(row)].key;
+  if (!AskYesNo(Text(17147) + "\r\n\r\n" + key, Text(16008))) return;
+  header_.SetText(Text(17148));
+  Busy(true);
+  RestoreResult result;
+  const Outcome outcome = backups_.Restore(
+      key,
+      [&](std::uint32_t, const std::string& file_name, const Outcome&) {
+        return AskForVolume(file_name);
+      },
+      &result);
+  Busy(false);
+  Load();
+  SetFocus(BackupList_.hwnd());
+  ShowRestored(outcome, result);
+}
+
+std::string frmBackup::AskForVolume(const std::string& file_name) {
+  return AskForFolder(hwnd(), Text(17151) + "\r\n" + file_name);
+}
+
+void frmBackup::ShowRestored(const Outcome& outcome, const RestoreResult& result) {
+  std::string kept;
+  for (std::size_t i = 0; i < std::min(result.kept.size(), kMostNamed); ++i) {
+    kept += "\r\n" + result.kept[i].kept_as;
+  }
+  if (!kept.empty()) kept = "\r\n\r\n" + Text(17133) + kept;
+  if (outcome.ok() && result.failed.empty()) return ShowMessage(Text(1408) + kept, Text(17000));
+  std::string failures;
+  if (!outcome.ok()) failures += "\r\n" + outcome.description();
+  for (std::size_t i = 0; i < std::min(result.failed.size(), kMostNamed); ++i) {
+    failures += "\r\n" + result.failed[i].path + ": " + result.failed[i].why.description();
+  }
+  if (result.failed.size() > kMostNamed) failures += "\r\n... " + Text(17144);
+  ShowMessage(Text(17132) + failures + kept, Text(17001), MB_ICONERROR);
+}
+
+void frmBackup::cmdClean_Click() {
+  const int row = Selected();
+  if (row < 0) return;
+  const std::string key = rows_[static_cast<std::size_t>(row)].key;
+  if (!AskYesNo(Text(1407) + "\r\n\r\n" + key, Text(16008))) return;
+  const Outcome deleted = backups_.Delete(key);
+  Load();
+  SetFocus(BackupList_.hwnd());
+  if (!deleted.ok()) {
+    ShowMessage(Text(17134) + "\r\n" + deleted.description(), Text(17001), MB_ICONERROR);
+  }
+}
+
+}  // namespace scourwell

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+
+#include "backup/backups.h"
+#include "widgets/button.h"
+#include "widgets/dialog.h"
+#include "widgets/header_pane.h"
+#include "widgets/label.h"
+#include "widgets/row_list_view.h"
+
+namespace scourwell {
+
+// The backup manager: the archives of the backup folder, to restore or to delete.
+class frmBackup : public Dialog {
+ public:
+  frmBackup(const WindowEnv& env, Backups& backups, Clock& clock, std::string folder,
+            std::function<void()> help);
+
+ private:
+  enum Column { kDate, kName, kSize };
+
+  Shape WantedShape() const override;
+  std::string Title() const override { return Text(1403); }
+  HWND EnterButton() const override { return cmdRestore_.hwnd(); }
+  HWND EscapeButton() const override { return cmdOk_.hwnd(); }
+  HWND FirstFocus() const override { return BackupList_.hwnd(); }
+  void OnCreate() override;
+  void OnSize(Area area) override;
+  bool OnCommand(int id) override;
+  LRESULT OnNotify(NMHDR* header) override;
+  LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+
+  void Load();
+  int Selected() const { return BackupList_.NextSelected(-1); }
+  void SelectionChanged();
+  LRESULT FillItem(NMLVDISPINFOA* info);
+  void cmdRestore_Click();
+  void cmdClean_Click();
+  void Busy(bool busy);
+  void ShowRestored(const Outcome& outcome, const RestoreResult& result);
+  std::string AskForVolume(const std::string& file_name);
+
+  Backups& backups_;
+  Clock& clock_;
+  std::string folder_;
+  std::function<void()> help_;
+  std::vector<BackupRow> rows_;
+  std::string cell_;
+  bool busy_ = false;
+  HeaderPane header_;
+  Label lblEmpty_;
+  RowListView BackupList_;
+  Button cmdRestore_;
+  Button cmdClean_;
+  Button cmdHelp_;
+  Button cmdOk_;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,168 @@
+#include "backup/frm_ignore.h"
+
+#include <algorithm>
+
+#include "scan/detection.h"
+#include "widgets/access_keys.h"
+#include "widgets/layout.h"
+#include "widgets/message_box.h"
+#include "widgets/path_cell.h"
+#include "widgets/resource.h"
+
+namespace scourwell {
+
+frmIgnore::frmIgnore(const WindowEnv& env, IgnoreList& ignore, std::function<void()> help)
+    : Dialog(env, "frmIgnore"),
+      ignore_(ignore),
+      help_(std::move(help)),
+      header_(env, HeaderPane::Size::Small, {IDC_lblIgnoreHeading, IDC_lblIgnoreCount, 0}) {}
+
+Dialog::Shape frmIgnore::WantedShape() const {
+  return {metrics().Scale(580), metrics().Scale(360), true};
+}
+
+void frmIgnore::OnCreate() {
+  header_.Create(hwnd(), IDC_IgnoreHeader);
+  header_.SetHeading(Text(1513));
+  lblEmpty_.Create(env_, hwnd(), IDC_lblIgnoreEmpty, Text(17120), SS_CENTER);
+  IgnoreListView_.on_check = [this](int row, bool checked) { Check(row, checked); };
+  IgnoreListView_.is_checked = [this](int row) { return checked_[static_cast<std::size_t>(row)]; };
+  IgnoreListView_.Create(env_, hwnd(), IDC_IgnoreListView);
+  const int type = metrics().TextWidth(std::string(kSpyRegistryValue)) + metrics().Scale(40);
+  IgnoreListView_.AddColumn(kType, Text(1500), type);
+  IgnoreListView_.AddColumn(kSystem, Text(1501), metrics().Scale(130));
+  IgnoreListView_.AddColumn(kDetails, Text(1502), metrics().Scale(250));
+  AccessKeys keys;
+  cmdCheckAll_.Create(env_, hwnd(), IDC_cmdCheckAll, keys.Add(Text(1803)));
+  cmdUnCheckAll_.Create(env_, hwnd(), IDC_cmdUnCheckAll, keys.Add(Text(1804)));
+  CmdRemove_.Create(env_, hwnd(), IDC_CmdRemove, keys.Add(Text(1514)));
+  cmdHelp_.Create(env_, hwnd(), IDC_cmdHelp, keys.Add(Text(1710)));
+  cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(1402));
+  Load();
+}
+
+void frmIgnore::Load() {
+  static_cast<void>(env_.log.Trap("CmdRemove_Click", [&] { return ignore_.Load(&records_); }));
+  checked_.assign(records_.size(), false);
+  IgnoreListView_.SetItemCount(records_.size());
+  if (!records_.empty()) IgnoreListView_.FocusRow(0);
+  lblEmpty_.Show(records_.empty());
+  for (const Button* button : {&cmdCheckAll_, &cmdUnCheckAll_}) button->Enable(!records_.empty());
+  IgnoreListView_.Redraw();
+  ShowCount();
+}
+
+void frmIgnore::ShowCount() {
+  const auto checked = std::count(checked_.begin(), checked_.end(), true);
+  header_.SetText(std::to_string(records_.size()) + " " + Text(17121) + ", " +
+                  std::to_string(checked) + " " + Text(17028));
+  CmdRemove_.Enable(checked > 0);
+}
+
+void frmIgnore::OnSize(Area area) {
+  {
+    Layout layout;
+    layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
+    Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
+    Area buttons = inner.CutBottom(metrics().ButtonHeight());
+    inner.CutBottom(metrics().Margin());
+    layout.Place(IgnoreListView_, inner);
+    const int line = metrics().LineHeight();
+    const Area empty = inner.Shrunk(metrics().Scale(4), inner.height() / 2 - line);
+    layout.Place(lblEmpty_, {empty.left, empty.top, empty.right, empty.top + 2 * line});
+    for (const Button* button : {&cmdCheckAll_, &cmdUnCheckAll_}) {
+      layout.Place(*button, buttons.CutLeft(button->width()));
+      buttons.CutLeft(metrics().Gap());
+    }
+    for (const Button* button : {&cmdHelp_, &cmdCancel_, &CmdRemove_}) {
+      layout.Place(*button, buttons.CutRight(button->width()));
+      buttons.CutRight(metrics().Gap());
+    }
+  }
+  RECT client = {};
+  GetClientRect(IgnoreListView_.hwnd(), &client);
+  const int left =
+      client.right - IgnoreListView_.ColumnWidth(kType) - IgnoreListView_.ColumnWidth(kSystem);
+  IgnoreListView_.SetColumnWidth(kDetails, std::max(left, metrics().Scale(120)));
+}
+
+LRESULT frmIgnore::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_CTLCOLORSTATIC && reinterpret_cast<HWND>(lparam) == lblEmpty_.hwnd()) {
+    SetBkColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOW));
+    SetTextColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOWTEXT));
+    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+  }
+  return Dialog::OnMessage(message, wparam, lparam);
+}
+
+bool frmIgnore::OnCommand(int id) {
+  switch (id) {
+    case IDC_cmdCheckAll:
+      Check(-1, true);
+      return true;
+    case IDC_cmdUnCheckAll:
+      Check(-1, false);
+      return true;
+    case IDC_CmdRemove:
+      CmdRemove_Click();
+      return true;
+    case IDC_cmdHelp:
+      help_();
+      return true;
+    case IDCANCEL:
+      Close();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void frmIgnore::CmdRemove_Click() {
+  std::vector<IgnoreRecord> kept;
+  for (std::size_t i = 0; i < records_.size(); ++i) {
+    if (!checked_[i]) kept.push_back(records_[i]);
+  }
+  const Outcome removed = env_.log.Trap("CmdRemove_Click", [&] { return ignore_.Keep(kept); });
+  Load();
+  if (!removed.ok())
+    ShowMessage(Text(17122) + "\r\n" + removed.description(), Text(17001), MB_ICONERROR);
+}
+
+void frmIgnore::Check(int row, bool checked) {
+  if (row < 0) {
+    checked_.assign(checked_.size(), checked);
+  } else if (static_cast<std::size_t>(row) < checked_.size()) {
+    checked_[static_cast<std::size_t>(row)] = checked;
+  }
+  IgnoreListView_.Redraw();
+  ShowCount();
+}
+
+LRESULT frmIgnore::OnNotify(NMHDR* header) {
+  if (header->hwndFrom != IgnoreListView_.hwnd()) return 0;
+  if (header->code == LVN_GETDISPINFOA) return FillItem(reinterpret_cast<NMLVDISPINFOA*>(header));
+  if (header->code == LVN_ODFINDITEMA) return -1;
+  if (header->code == NM_CUSTOMDRAW) {
+    const auto& draw = *reinterpret_cast<const NMLVCUSTOMDRAW*>(header);
+    return DrawPathColumn(
+        IgnoreListView_, draw, kDetails, records_.size(),
+        [&](std::size_t row) -> const std::string& { return records_[row].details; });
+  }
+  return 0;
+}
+
+const std::string& frmIgnore::Field(std::size_t row, int column) const {
+  const IgnoreRecord& record = records_[row];
+  return column == kSystem ? record.system : column == kDetails ? record.details : record.kind;
+}
+
+LRESULT frmIgnore::FillItem(NMLVDISPINFOA* info) const {
+  LVITEMA& item = info->item;
+  const auto row = static_cast<std::size_t>(item.iItem);
+  if (row >= records_.size()) return 0;
+  if (item.mask & LVIF_TEXT) item.pszText = const_cast<char*>(Field(row, item.iSubItem).c_str());
+  if (item.mask & LVIF_STATE) item.state = INDEXTOSTATEIMAGEMASK(checked_[row] ? 2u : 1u);
+  return 0;
+}
+
+}  // namespace scourwell

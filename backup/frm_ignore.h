@@ -1,0 +1,54 @@
+#pragma once
+
+#include <vector>
+
+#include "backup/ignore_list.h"
+#include "widgets/button.h"
+#include "widgets/check_list_view.h"
+#include "widgets/dialog.h"
+#include "widgets/header_pane.h"
+#include "widgets/label.h"
+
+namespace scourwell {
+
+// The ignore list: what scans shall not report. Checked records can be taken out again.
+class frmIgnore : public Dialog {
+ public:
+  frmIgnore(const WindowEnv& env, IgnoreList& ignore, std::function<void()> help);
+
+ private:
+  enum Column { kType, kSystem, kDetails };
+
+  Shape WantedShape() const override;
+  std::string Title() const override { return Text(1513); }
+  HWND EnterButton() const override { return nullptr; }
+  HWND EscapeButton() const override { return cmdCancel_.hwnd(); }
+  HWND FirstFocus() const override { return IgnoreListView_.hwnd(); }
+  void OnCreate() override;
+  void OnSize(Area area) override;
+  bool OnCommand(int id) override;
+  LRESULT OnNotify(NMHDR* header) override;
+  LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+
+  void Load();
+  void CmdRemove_Click();
+  void Check(int row, bool checked);
+  LRESULT FillItem(NMLVDISPINFOA* info) const;
+  const std::string& Field(std::size_t row, int column) const;
+  void ShowCount();
+
+  IgnoreList& ignore_;
+  std::function<void()> help_;
+  std::vector<IgnoreRecord> records_;
+  std::vector<bool> checked_;
+  HeaderPane header_;
+  Label lblEmpty_;
+  CheckListView IgnoreListView_;
+  Button cmdCheckAll_;
+  Button cmdUnCheckAll_;
+  Button CmdRemove_;
+  Button cmdHelp_;
+  Button cmdCancel_;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,120 @@
+#include "results/frm_log.h"
+
+#include <algorithm>
+
+#include "platform/file_utils.h"
+#include "platform/text.h"
+#include "widgets/access_keys.h"
+#include "widgets/layout.h"
+#include "widgets/message_box.h"
+#include "widgets/resource.h"
+#include "widgets/save_dialog.h"
+
+namespace scourwell {
+
+frmLog::frmLog(const WindowEnv& env, Files& files, std::string path)
+    : Dialog(env, "frmLog"), files_(files), path_(std::move(path)) {}
+
+Dialog::Shape frmLog::WantedShape() const {
+  return {metrics().Scale(600), metrics().Scale(400), true};
+}
+
+void frmLog::OnCreate() {
+  txtFile_.Create(env_, hwnd(), IDC_txtFile);
+  lblFind_.Create(env_, hwnd(), IDC_lblFind, Text(17110), SS_LEFT);
+  SetWindowLongA(lblFind_.hwnd(), GWL_STYLE,
+                 GetWindowLongA(lblFind_.hwnd(), GWL_STYLE) & ~SS_NOPREFIX);
+  txtFind_.Create(env_, hwnd(), IDC_txtFind);
+  AccessKeys keys({Text(17110)});
+  cmdFind_.Create(env_, hwnd(), IDC_cmdFind, keys.Add(Text(17111)));
+  cmdSave_.Create(env_, hwnd(), IDC_cmdSave, keys.Add(Text(1601)));
+  cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(1602));
+  static_cast<void>(env_.log.Trap("frmLog_Load", [&]() -> Outcome {
+    Outcome read = files_.Read(path_, kLargest, &text_);
+    Load();
+    return read.ok() ? Outcome() : std::move(read).With("LogFile: ", path_);
+  }));
+}
+
+// A text box ends at the first NUL.
+void frmLog::Load() {
+  std::replace(text_.begin(), text_.end(), '\0', ' ');
+  txtFile_.SetText(text_);
+  text_ = txtFile_.Text();  // what can be found is what is shown
+}
+
+void frmLog::OnSize(Area area) {
+  Layout layout;
+  Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
+  Area buttons = inner.CutBottom(metrics().ButtonHeight());
+  inner.CutBottom(metrics().Gap());
+  layout.Place(txtFile_, inner);
+  layout.Place(cmdCancel_, buttons.CutRight(cmdCancel_.width()));
+  buttons.CutRight(metrics().Gap());
+  layout.Place(cmdSave_, buttons.CutRight(cmdSave_.width()));
+  buttons.CutRight(metrics().WideMargin());
+  Area label = buttons.CutLeft(metrics().TextWidth(Text(17110)) + metrics().Gap());
+  const int down = (metrics().ButtonHeight() - metrics().LineHeight()) / 2;
+  layout.Place(lblFind_, {label.left, label.top + down, label.right, label.bottom});
+  layout.Place(cmdFind_, buttons.CutRight(cmdFind_.width()));
+  buttons.CutRight(metrics().Gap());
+  const int spare = (metrics().ButtonHeight() - metrics().FieldHeight()) / 2;
+  layout.Place(txtFind_, buttons.Shrunk(0, spare));
+}
+
+// In the search field Enter searches.
+HWND frmLog::EnterButton() const {
+  return GetFocus() == txtFind_.hwnd() ? cmdFind_.hwnd() : cmdCancel_.hwnd();
+}
+
+bool frmLog::OnKey(const MSG& message) {
+  if (message.wParam == VK_F3) return FindNext(), true;
+  if (message.wParam == 'F' && GetKeyState(VK_CONTROL) < 0) {
+    SetFocus(txtFind_.hwnd());
+    txtFind_.SelectAll();
+    return true;
+  }
+  return false;
+}
+
+bool frmLog::OnCommand(int id) {
+  switch (id) {
+    case IDC_cmdFind:
+      FindNext();
+      return true;
+    case IDC_cmdSave:
+      Save();
+      return true;
+    case IDCANCEL:
+      Close();
+      return true;
+    default:
+      return false;
+  }
+}
+
+// From the selection on, and round.
+void frmLog::FindNext() {
+  const std::string wanted = txtFind_.Text();
+  if (wanted.empty()) {
+    SetFocus(txtFind_.hwnd());
+    return;
+  }
+  std::size_t found = FindNoCase(text_, wanted, std::min(txtFile_.SelectionEnd(), text_.size()));
+  if (found == std::string::npos) found = FindNoCase(text_, wanted);
+  if (found == std::string::npos) return ShowMessage(Text(17112) + "\r\n" + wanted, Text(17000));
+  txtFile_.Select(found, found + wanted.size());
+}
+
+void frmLog::Save() {
+  const std::string path = AskForFileToSave(hwnd(), Text(1603), Text(17113), "*.txt", "txt",
+                                            std::string(FileNamePart(path_)));
+  if (path.empty()) return;
+  const Outcome saved = env_.log.Trap("cmdSave_Click", [&]() -> Outcome {
+    Outcome written = files_.Replace(path, text_);
+    return written.ok() ? Outcome() : std::move(written).With("File: ", path);
+  });
+  if (!saved.ok()) ShowMessage(path + "\r\n" + saved.description(), Text(17001), MB_ICONERROR);
+}
+
+}  // namespace scourwell

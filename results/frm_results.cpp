@@ -1,0 +1,98 @@
+#include "results/frm_results.h"
+
+#include "results/scan_log.h"
+#include "widgets/layout.h"
+#include "widgets/resource.h"
+
+namespace scourwell {
+namespace {
+
+struct Line {
+  int caption;
+  std::int32_t RemovalCounters::*counter;
+};
+constexpr Line kLineTable[] = {
+    {4000, &RemovalCounters::total_found}, {4001, &RemovalCounters::files},
+    {4002, &RemovalCounters::folders},     {4003, &RemovalCounters::registry},
+    {4004, &RemovalCounters::cookies},     {4005, &RemovalCounters::processes},
+};
+constexpr int kObjectLines = 7;
+
+}  // namespace
+
+frmResults::frmResults(const WindowEnv& env, const Removal& removal)
+    : Dialog(env, "frmResults"),
+      removal_(removal),
+      header_(env, HeaderPane::Size::Small, {IDC_lblRemovalHeading, IDC_lblRemovalSummary, 0}) {}
+
+Dialog::Shape frmResults::WantedShape() const {
+  const int line = metrics().LineHeight() + metrics().Scale(4);
+  const int height = header_.Height() + 2 * metrics().Margin() + kLines * line +
+                     2 * metrics().Gap() + metrics().LineHeight() +
+                     kObjectLines * metrics().LineHeight() + metrics().Margin() +
+                     metrics().ButtonHeight();
+  return {metrics().Scale(500), height, true};
+}
+
+void frmResults::OnCreate() {
+  header_.Create(hwnd(), IDC_RemovalHeader);
+  header_.SetHeading(Text(4007));
+  header_.SetText(Summary());
+  for (int i = 0; i < kLines; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    captions_[at].Create(env_, hwnd(), IDC_lblTotalCaption + 2 * i, Text(kLineTable[i].caption));
+    values_[at].Create(env_, hwnd(), IDC_lblTotalCaption + 2 * i + 1,
+                       std::to_string(removal_.counters().*kLineTable[i].counter), SS_RIGHT);
+    values_[at].SetFont(metrics().bold());
+  }
+  lblObjects_.Create(env_, hwnd(), IDC_lblObjects, Text(17107));
+  txtObjects_.Create(env_, hwnd(), IDC_txtObjects);
+  txtObjects_.SetFont(metrics().font());
+  txtObjects_.SetText(Objects());
+  cmdOk_.Create(env_, hwnd(), IDOK, Text(4006));
+}
+
+std::string frmResults::Summary() const {
+  const RemovalReport& report = removal_.report();
+  const auto part = [&](RemovalState state, int caption) {
+    const std::size_t count = report.Count(state);
+    return count ? ", " + std::to_string(count) + " " + Text(caption) : std::string();
+  };
+  return std::to_string(report.Count(RemovalState::Removed) + report.Count(RemovalState::Gone)) +
+         " " + Text(17101) + part(RemovalState::PendingRestart, 17103) +
+         part(RemovalState::Refused, 17104) + part(RemovalState::Failed, 17105);
+}
+
+std::string frmResults::Objects() const {
+  std::string text;
+  for (const RemovedObject& object : removal_.report().objects) {
+    text += object.details + " - " + RemovalStateText(env_.captions, object.result) + "\r\n";
+  }
+  return text.empty() ? Text(17106) : text;
+}
+
+void frmResults::OnSize(Area area) {
+  Layout layout;
+  layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
+  Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
+  Area buttons = inner.CutBottom(metrics().ButtonHeight());
+  inner.CutBottom(metrics().Margin());
+  layout.Place(cmdOk_, buttons.CutRight(cmdOk_.width()));
+  for (std::size_t i = 0; i < kLines; ++i) {
+    Area line = inner.CutTop(metrics().LineHeight() + metrics().Scale(4));
+    layout.Place(values_[i], line.CutRight(metrics().Scale(70)));
+    layout.Place(captions_[i], line);
+  }
+  inner.CutTop(metrics().Gap());
+  layout.Place(lblObjects_, inner.CutTop(metrics().LineHeight()));
+  inner.CutTop(metrics().Scale(3));
+  layout.Place(txtObjects_, inner);
+}
+
+bool frmResults::OnCommand(int id) {
+  if (id != IDOK) return false;
+  Close();
+  return true;
+}
+
+}  // namespace scourwell

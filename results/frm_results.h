@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+
+#include "results/removal.h"
+#include "widgets/button.h"
+#include "widgets/dialog.h"
+#include "widgets/header_pane.h"
+#include "widgets/label.h"
+#include "widgets/text_view.h"
+
+namespace scourwell {
+
+// frmResults: what the last removal did. The six numbers count attempts; the list below them tells
+// what really came of each object.
+class frmResults : public Dialog {
+ public:
+  frmResults(const WindowEnv& env, const Removal& removal);
+
+ private:
+  static constexpr int kLines = 6;
+
+  Shape WantedShape() const override;
+  std::string Title() const override { return Text(4007); }
+  HWND EnterButton() const override { return cmdOk_.hwnd(); }
+  HWND EscapeButton() const override { return cmdOk_.hwnd(); }
+  HWND FirstFocus() const override { return cmdOk_.hwnd(); }
+  void OnCreate() override;
+  void OnSize(Area area) override;
+  bool OnCommand(int id) override;
+
+  std::string Objects() const;
+  std::string Summary() const;
+
+  const Removal& removal_;
+  HeaderPane header_;
+  std::array<Label, kLines> captions_;
+  std::array<Label, kLines> values_;
+  Label lblObjects_;
+  TextView txtObjects_;
+  Button cmdOk_;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,124 @@
+// What the scan page does with the rows of the results list.
+#include <algorithm>
+
+#include "results/frm_results.h"
+#include "shell/frm_scan_spy.h"
+#include "widgets/input_box.h"
+#include "widgets/message_box.h"
+#include "widgets/resource.h"
+
+namespace scourwell {
+namespace {
+
+constexpr std::size_t kMostNamed = 10;  // in a message
+
+}  // namespace
+
+bool frmScanSpy::RemoveChecked(bool unattended) {
+  std::unordered_set<std::size_t> kept;
+  SpyFrame_.SetBusy(true, Text(16216));
+  if (!BackUpFirst(unattended, &kept)) {
+    SpyFrame_.SetBusy(false);
+    return false;
+  }
+  SpyFrame_.SetBusy(true, Text(16217));
+  app_.RemoveSelectedSpy(kept);
+  SpyFrame_.SetBusy(false);
+  const std::string warning = app_.removal().Warning();
+  if (!warning.empty() && !app_.settings().AutoRemove) {
+    ShowMessage(warning, Text(17001), MB_ICONERROR);
+  }
+  if (app_.settings().UseRegEdit) app_.removal().launchRegEditDelete();
+  app_.CountRemoved();
+  frmResults(env_, app_.removal()).ShowModal(Root());
+  return true;
+}
+
+// What could not be stored stays when nobody can be asked.
+bool frmScanSpy::BackUpFirst(bool unattended, std::unordered_set<std::size_t>* kept) {
+  if (!app_.settings().BackupBeforeRemoval || app_.hits().checked_count() == 0) return true;
+  const BackupReport report = app_.BackUpChecked(app_.backups().NameForNow());
+  if (app_.ports().pump.closing()) return false;
+  if (report.archive.ok() && report.failures.empty()) return true;
+  if (!unattended) {
+    std::string text = Text(17143);
+    if (!report.archive.ok()) text += "\r\n" + report.archive.description();
+    for (std::size_t i = 0; i < std::min(report.failures.size(), kMostNamed); ++i) {
+      text += "\r\n" + report.failures[i];
+    }
+    return AskYesNo(text + "\r\n\r\n" + Text(17142), Text(17001));
+  }
+  kept->insert(report.failed_rows.begin(), report.failed_rows.end());
+  for (std::size_t i = 0; !report.archive.ok() && i < app_.hits().size(); ++i) kept->insert(i);
+  return true;
+}
+
+void frmScanSpy::cmdDelete_Click() {
+  if (app_.busy()) return;
+  if (app_.hits().checked_count() > 0 && !AskOkCancel(Text(1824), Text(16008))) return;
+  static_cast<void>(RemoveChecked(false));
+}
+
+void frmScanSpy::cmdContinue_Click() {
+  if (app_.busy()) return;
+  static_cast<void>(app_.log().Trap("cmdContinue", [&] {
+    const bool any = app_.hits().checked_count() > 0;
+    if (!AskOkCancel(Text(any ? 1824 : 1821), Text(16008))) return;
+    if (!any || RemoveChecked(false)) host_.PostCommand(IDM_mnuHome);
+  }));
+}
+
+void frmScanSpy::cmdExclude_Click() {
+  if (app_.busy()) return;
+  if (app_.hits().checked_count() == 0) return ShowMessage(Text(1821), Text(17000));
+  if (!AskYesNo(Text(1823), Text(16008))) return;
+  const Outcome excluded =
+      app_.log().Trap("cmdExclude", [&] { return app_.hits().ExcludeChecked(); });
+  SpyFrame_.Refresh();
+  if (!excluded.ok()) {
+    ShowMessage(Text(17122) + "\r\n" + excluded.description(), Text(17001), MB_ICONERROR);
+  }
+}
+
+bool frmScanSpy::AskForBackupName(std::string* name) {
+  HWND frame = Root();
+  for (;;) {
+    if (!InputBox(env_, Text(17136), Text(17137), *name).Ask(frame, name) || name->empty()) {
+      return false;
+    }
+    if (!app_.backups().IsUsableName(*name)) {
+      ShowMessage(Text(17139) + "\r\n" + *name, Text(17001), MB_ICONERROR);
+    } else if (app_.backups().Exists(*name)) {
+      ShowMessage(Text(17138), Text(17000));
+    } else {
+      return true;
+    }
+  }
+}
+
+void frmScanSpy::cmdBackup_Click() {
+  std::string name;
+  if (app_.busy() || !AskForBackupName(&name)) return;
+  SpyFrame_.SetBusy(true, Text(16216));
+  const BackupReport report = app_.BackUpChecked(name);
+  SpyFrame_.SetBusy(false);
+  if (report.archive.ok() && report.failures.empty()) {
+    return ShowMessage(Text(1847), Text(17000));
+  }
+  ShowNotStored(report);
+}
+
+void frmScanSpy::ShowNotStored(const BackupReport& report) {
+  if (!report.archive.ok()) {
+    return ShowMessage(Text(17140) + "\r\n" + report.archive.description(), Text(17001),
+                       MB_ICONERROR);
+  }
+  std::string text = Text(17141);
+  for (std::size_t i = 0; i < std::min(report.failures.size(), kMostNamed); ++i) {
+    text += "\r\n" + report.failures[i];
+  }
+  if (report.failures.size() > kMostNamed) text += "\r\n... " + Text(17144);
+  ShowMessage(text, Text(17001), MB_ICONERROR);
+}
+
+}  // namespace scourwell
