@@ -178,7 +178,10 @@ bool IsStorablePath(std::string_view path) {
 }
 
 bool IsScriptName(std::string_view name) {
-  return name.find('\\') == std::string_view::npos && IsStorablePath("C:\\" + std::string(name));
+  constexpr std::string_view kEnding = ".reg";
+  return name.size() > kEnding.size() && name.find('\\') == std::string_view::npos &&
+         EqualsNoCase(name.substr(name.size() - kEnding.size()), kEnding) &&
+         IsStorablePath("C:\\" + std::string(name));
 }
 
 }  // namespace scourwell

@@ -68,7 +68,7 @@ std::string VolumeName(std::string_view name, std::uint32_t number);
 // True for a path that may be stored and restored: plain, on a drive but not its root, no longer
 // than the system's calls take, with no part that Windows would read as another one.
 bool IsStorablePath(std::string_view path);
-// True for a bare file name that could stand in any folder.
+// True for a bare file name that ends in ".reg" and could stand in any folder.
 bool IsScriptName(std::string_view name);
 
 }  // namespace scourwell

@@ -31,7 +31,6 @@ Outcome ReadHeader(FileReader& reader, PieceHeader* header) {
 Outcome VolumeReader::Open(const std::string& path, FindVolume find,
                            std::vector<ArchiveItem>* items) {
   path_ = path;
-  folder_ = FolderPart(path);
   find_ = std::move(find);
   if (Outcome opened = files_.OpenReader(path, &last_); !opened.ok()) return opened;
   if (Outcome read = ReadHeader(*last_, &header_); !read.ok()) return read;
@@ -95,7 +94,6 @@ Outcome VolumeReader::TryFolder(const std::string& folder, std::size_t piece) {
   }
   other_ = std::move(reader);
   other_piece_ = piece;
-  folder_ = folder;
   return {};
 }
 
@@ -103,11 +101,15 @@ Outcome VolumeReader::UsePiece(std::size_t piece) {
   if (piece + 1 == pieces_.size() || (other_ && other_piece_ == piece)) return {};
   other_.reset();
   Outcome tried = TryFolder(std::string(FolderPart(path_)), piece);
-  if (!tried.ok() && !EqualsNoCase(folder_, FolderPart(path_))) tried = TryFolder(folder_, piece);
+  if (!tried.ok() && !answer_.empty()) {
+    Outcome again = TryFolder(answer_, piece);
+    if (again.ok()) tried = std::move(again);
+  }
   bool& given_up = pieces_[piece].given_up;
   for (int questions = 0; !tried.ok() && find_ && !given_up; ++questions) {
     const std::string folder = find_(static_cast<std::uint32_t>(piece + 1), NameOf(piece), tried);
     if (!folder.empty()) tried = TryFolder(folder, piece);
+    if (tried.ok()) answer_ = folder;
     given_up = folder.empty() || questions == kMostQuestions;
   }
   if (tried.number() == kFileNotFound || tried.number() == kPathNotFound) {

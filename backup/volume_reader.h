@@ -43,7 +43,7 @@ class VolumeReader {
   FindVolume find_;
   PieceHeader header_;
   std::string path_;
-  std::string folder_;  // where the last volume was found
+  std::string answer_;  // the folder that served when somebody was asked
   std::vector<Piece> pieces_;
   std::unique_ptr<FileReader> last_;
   std::unique_ptr<FileReader> other_;  // the volume in use, when it is not the last piece

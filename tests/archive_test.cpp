@@ -118,7 +118,8 @@ TEST_SUITE("archive") {
     ArchiveWriter writer(b.m.files, b.m.clock, b.m.pump);
     REQUIRE(writer.Create(kArchivePath).ok());
     CHECK(writer.AddScript("onekey.reg", "REGEDIT4\r\n").ok());
-    for (const char* name : {"", "a\\b.reg", "C:\\x.reg", "..", "nul", "a:b", "x.", "a/b"}) {
+    for (const char* name : {"", ".reg", "a\\b.reg", "C:\\x.reg", "..", "nul.reg", "a:b.reg",
+                             "a/b.reg", "a.exe", "a.reg.", "a.reg "}) {
       CAPTURE(std::string(name));
       CHECK(writer.AddScript(name, "x").number() == kBadFileName);
     }
