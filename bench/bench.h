@@ -77,6 +77,7 @@ void Compare(const char* what, GapPump& pump, Bare&& bare_work, Ours&& our_work)
       what, bare.Median(), ours.Median(), ratio.Median(), ratio.Min(), ratio.Max(), gap);
 }
 
+void BenchArchive(const char* scratch_folder);
 void BenchPasses(const char* tree);
 void BenchPhases(const char* cookies, const char* scratch_folder);
 void BenchReading(const char* scratch_folder);

@@ -1,7 +1,10 @@
-// bench TREE SCRATCH COOKIES: prints the figures of bench/README.md. Run it with bench/run.
+// bench TREE SCRATCH COOKIES [archive]: prints the figures of bench/README.md, or only those of the
+// backup archives. Run it with bench/run.
 #include "bench/bench.h"
 
 #include <psapi.h>
+
+#include <string_view>
 
 #include "platform/win/late_bind.h"
 
@@ -22,11 +25,16 @@ void PrintMemory(const char* after) {
 int main(int count, char** words) {
   using namespace scourwell::bench;
   if (count < 4) return 2;
+  if (count > 4 && std::string_view(words[4]) == "archive") {
+    BenchArchive(words[2]);
+    return 0;
+  }
   BenchPasses(words[1]);
   PrintMemory("the passes");
   BenchLoading(words[2]);
   PrintMemory("loading");
   BenchPhases(words[3], words[2]);
   BenchReading(words[2]);
+  BenchArchive(words[2]);
   return 0;
 }

@@ -110,7 +110,7 @@ TEST_SUITE("archive_spanning") {
       row.change(b);
       CHECK(b.Verify() == row.expected);
       CHECK(b.Verify(b.Answer("D:\\disk")) == 0);
-      CHECK(b.asked.size() == 1);
+      REQUIRE(b.asked.size() == 1);
       CHECK(b.asked[0].starts_with("2 one.q02 "));
       // Asked until the answer is empty, and not once more.
       b.asked.clear();

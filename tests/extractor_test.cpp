@@ -1,5 +1,7 @@
 #include <doctest/doctest.h>
 
+#include <algorithm>
+
 #include "tests/hand_archive.h"
 #include "tests/restore_support.h"
 
@@ -33,6 +35,14 @@ TEST_SUITE("extractor") {
     CHECK(b.result.notes.empty());
     CHECK(b.result.restored == 6);
     CHECK((b.Tree("C:\\Program Files") == before));
+    // What happens in a folder may change its times.
+    const auto stamped = [&](const std::string& path) {
+      const auto& journal = b.m.files.journal;
+      return std::find(journal.begin(), journal.end(), "Times " + path) - journal.begin();
+    };
+    CHECK(stamped("C:\\Program Files\\Spy Ware") > stamped("C:\\Program Files\\Spy Ware\\data"));
+    CHECK(stamped("C:\\Program Files\\Spy Ware\\data") >
+          stamped("C:\\Program Files\\Spy Ware\\data\\empty"));
     // Once more changes nothing.
     REQUIRE(b.Restore().ok());
     CHECK(b.result.unchanged == 3);

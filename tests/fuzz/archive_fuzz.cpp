@@ -12,10 +12,13 @@ constexpr std::uint32_t kSeed = 20040306;
 constexpr int kRounds = 6000;
 
 std::string AnyPath(Dice& dice) {
-  static const std::string kPaths[] = {
-      "C:\\spy\\a",   "C:\\spy\\sub\\b",      "C:\\spy", "C:\\keep\\a",
-      "C:\\link\\x",  "C:\\spy\\..\\keep\\a", "D:\\x",   "x",
-      "C:\\spy\\nul", "C:\\spy\\a\\below",    "one.reg"};
+  static const std::string kPaths[] = {"C:\\spy\\a",   "C:\\spy\\sub\\b",
+                                       "C:\\spy\\a",   "C:\\spy\\sub\\b",
+                                       "C:\\spy",      "C:\\keep\\a",
+                                       "C:\\link\\x",  "C:\\spy\\..\\keep\\a",
+                                       "D:\\x",        "x",
+                                       "C:\\spy\\nul", "C:\\spy\\a\\below",
+                                       "one.reg"};
   return dice.Pick(kPaths);
 }
 
