@@ -49,7 +49,7 @@ void frmBackup::Load() {
   rows_ = backups_.List();
   BackupList_.SetItemCount(rows_.size());
   lblEmpty_.Show(rows_.empty());
-  header_.SetText(std::to_string(rows_.size()) + " " + Text(17131) + " " + folder_);
+  header_.SetText(Text(17131) + " " + folder_ + ": " + std::to_string(rows_.size()));
   if (!rows_.empty() && Selected() < 0) {
     BackupList_.FocusRow(0);
     BackupList_.Select(0, true);

@@ -54,7 +54,7 @@ void frmIgnore::Load() {
 
 void frmIgnore::ShowCount() {
   const auto checked = std::count(checked_.begin(), checked_.end(), true);
-  header_.SetText(std::to_string(records_.size()) + " " + Text(17121) + ", " +
+  header_.SetText(Text(17121) + " " + std::to_string(records_.size()) + ", " +
                   std::to_string(checked) + " " + Text(17028));
   CmdRemove_.Enable(checked > 0);
 }

@@ -31,7 +31,7 @@ Dialog::Shape frmResults::WantedShape() const {
                      2 * metrics().Gap() + metrics().LineHeight() +
                      kObjectLines * metrics().LineHeight() + metrics().Margin() +
                      metrics().ButtonHeight();
-  return {metrics().Scale(500), height, true};
+  return {metrics().Scale(560), height, true};
 }
 
 void frmResults::OnCreate() {

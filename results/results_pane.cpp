@@ -131,8 +131,9 @@ void ResultsPane::EnableButtons() {
 
 void ResultsPane::ShowCount() {
   EnableButtons();
-  header_.SetText(std::to_string(hits_.size()) + " " + Text(17027) + ", " +
-                  std::to_string(hits_.checked_count()) + " " + Text(17028));
+  const std::size_t checked = hits_.checked_count();
+  header_.SetText(Text(1848) + ": " + std::to_string(hits_.size()) +
+                  (checked ? ", " + std::to_string(checked) + " " + Text(17028) : ""));
 }
 
 LRESULT ResultsPane::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {

@@ -72,14 +72,15 @@ void PlantEvil() {
   static_cast<void>(files.EraseFile("C:\\Scourwell\\ignorespylist.txt"));
   PlantFiles();
   PlantRegistry();
-  PlantContent(kReference, test::Definitions()
-                               .Entry("SAFI", {"SAFIT", "SAFIS"}, {"Adware.Evil", "EVIL.DLL"})
-                               .Entry("SAFO", {"SAFOT", "SAFOS"}, {"Adware.Evil", "EvilHome"})
-                               .Entry("REGK", {"REGKT", "REGKK"},
+  PlantContent(kReference,
+               test::Definitions()
+                   .Entry("SAFI", {"SAFIT", "SAFIS"}, {"Adware.Evil", "EVIL.DLL"})
+                   .Entry("SAFO", {"SAFOT", "SAFOS"}, {"Adware.Evil", "EvilHome"})
+                   .Entry("REGK", {"REGKT", "REGKK"},
                           {"Adware.Evil", std::string("HKEY_LOCAL_MACHINE\\") + kEvilKey})
                    .Entry("REGV", {"REGVT", "REGVK", "REGVV"},
                           {"Adware.Evil", std::string("HKEY_LOCAL_MACHINE\\") + kRun, "EvilStart"})
-                               .Text());
+                   .Text());
 }
 
 // Scans and comes to the list of results.
@@ -109,7 +110,7 @@ void Answer(Program* program, const std::string& title, int button) {
 
 // The objects of the outcome window, which is then closed.
 std::string CloseOutcome(Program* program) {
-  const HWND outcome = program->Window("Spy ware removal results", 30000);
+  const HWND outcome = program->Window("Spy ware removal results", 60000);
   REQUIRE(outcome);
   const std::string text = Text(Control(outcome, IDC_txtObjects));
   Click(Control(outcome, IDOK));
@@ -214,6 +215,36 @@ TEST_CASE("an unattended scan backs up, removes, tells and counts") {
   Click(ReadyControl(manager, IDC_cmdClean));
   Answer(&second, "Confirmation", IDYES);
   CHECK(second.Close());
+}
+
+TEST_CASE("a component is unregistered at a distance") {
+  PlantEvil();
+  test::Definitions definitions;
+  for (const char* name : {"BEHAVES.DLL", "HANGS.DLL", "CRASHES.DLL"}) {
+    definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"Adware.Evil", name});
+  }
+  PlantContent(kReference, definitions.Text());
+  CreateDirectoryA("C:\\components", nullptr);
+  for (const char* name : {"behaves.dll", "hangs.dll", "crashes.dll"}) {
+    REQUIRE(CopyFileA((std::string("C:\\") + name).c_str(),
+                      (std::string("C:\\components\\") + name).c_str(), FALSE));
+  }
+  SetSetting("AutoRemove", "AutoRemove", "True");
+  SetSetting("Backup", "BackupBeforeRemoval", "False");
+  Program program("\"C:\\components\"");
+  REQUIRE(program.MainWindow());
+  const std::string outcome = CloseOutcome(&program);
+  CAPTURE(outcome);
+  for (const char* name : {"behaves", "hangs", "crashes"}) {
+    CHECK(outcome.find("C:\\components\\" + std::string(name) + ".dll - removed") !=
+          std::string::npos);
+  }
+  DirEntry entry;
+  CHECK(files.Stat("C:\\unregistered.txt", &entry).ok());
+  const std::string errors = Errors();
+  CHECK(errors.find("did not answer and was ended") != std::string::npos);
+  CHECK(errors.find("failed or crashed") != std::string::npos);
+  CHECK(program.Close());
 }
 
 TEST_CASE("excluded components stay away until they are taken out of the ignore list") {
