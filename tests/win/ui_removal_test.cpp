@@ -287,6 +287,49 @@ TEST_CASE("excluded components stay away until they are taken out of the ignore 
   CHECK(again.Close());
 }
 
+// Wine itself makes no links; paths are taken from C:\run.
+void MakeLink(const std::wstring& target, const std::wstring& link) {
+  std::wstring command = L"ln -s " + target + L" " + link;
+  STARTUPINFOW startup = {};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION info = {};
+  REQUIRE(CreateProcessW(L"\\\\?\\unix\\bin\\ln", command.data(), nullptr, nullptr, FALSE, 0,
+                         nullptr, nullptr, &startup, &info));
+  DirEntry entry;
+  REQUIRE(WaitFor([&] { return files.Stat("C:\\planted", &entry).ok() && entry.IsLink(); }));
+}
+
+// The last one, for it leaves the link behind.
+TEST_CASE("a folder that becomes a link between scan and removal is not gone through") {
+  PlantEvil();
+  SetSetting("Backup", "BackupBeforeRemoval", "False");
+  Program program("\"C:\\planted\"");
+  const HWND top = ScanToResults(&program);
+  REQUIRE(Details(Control(top, IDC_SpyListView)).find("C:\\planted\\evil.dll") !=
+          std::string::npos);
+  REQUIRE(files.Move("C:\\planted", "C:\\planted before").ok());
+  PlantContent("C:\\precious\\evil.dll", "precious");
+  CreateDirectoryA("C:\\precious\\EvilHome", nullptr);
+  PlantContent("C:\\precious\\EvilHome\\settings.dat", "precious too");
+  const std::string precious = FolderSnapshot("C:\\precious");
+  MakeLink(L"precious", L"../planted");
+
+  Click(ReadyControl(top, IDC_cmdDelete));
+  Answer(&program, "Confirmation", IDOK);
+  const HWND warning = program.Window("Error", 30000);
+  REQUIRE(warning);
+  PostMessageA(warning, WM_COMMAND, IDOK, 0);
+  const std::string outcome = CloseOutcome(&program);
+  CAPTURE(outcome);
+  CHECK(outcome.find("C:\\planted\\evil.dll - refused (The folder is a link: C:\\planted)") !=
+        std::string::npos);
+  CHECK(outcome.find("C:\\planted\\EvilHome - refused") != std::string::npos);
+  CHECK(outcome.find("removed") == std::string::npos);
+  CHECK(FolderSnapshot("C:\\precious") == precious);
+  CHECK(Errors().find("The folder is a link") != std::string::npos);
+  CHECK(program.Close());
+}
+
 TEST_SUITE_END();
 
 }  // namespace scourwell::ui
