@@ -49,7 +49,8 @@ bool Backups::IsUsableName(const std::string& name) const {
   if (name.empty() || name.find_first_of("\\/:*?\"<>|%") != name.npos) return false;
   if (name.front() == ' ' || name.back() == ' ' || name.front() == '.') return false;
   const std::string longest = PathOf(name + kExport64);
-  return IsPlainPath(longest) && longest.size() <= kLongestPath;
+  return IsPlainPath(PathOf(name + kEnding)) && IsPlainPath(longest) &&
+         longest.size() <= kLongestPath;
 }
 
 bool Backups::Exists(const std::string& name) const {

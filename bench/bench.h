@@ -81,6 +81,7 @@ void BenchArchive(const char* scratch_folder);
 void BenchPasses(const char* tree);
 void BenchPhases(const char* cookies, const char* scratch_folder);
 void BenchReading(const char* scratch_folder);
+void BenchIgnoring(const char* scratch_folder);
 void BenchLoading(const char* scratch_folder);
 void PrintMemory(const char* after);
 

@@ -29,6 +29,10 @@ int main(int count, char** words) {
     BenchArchive(words[2]);
     return 0;
   }
+  if (count > 4 && std::string_view(words[4]) == "ignoring") {
+    BenchIgnoring(words[2]);
+    return 0;
+  }
   BenchPasses(words[1]);
   PrintMemory("the passes");
   BenchLoading(words[2]);
@@ -36,5 +40,6 @@ int main(int count, char** words) {
   BenchPhases(words[3], words[2]);
   BenchReading(words[2]);
   BenchArchive(words[2]);
+  BenchIgnoring(words[2]);
   return 0;
 }

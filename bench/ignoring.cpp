@@ -1,0 +1,54 @@
+// Detections against a long ignore list. The bare work is reading the file and walking through it.
+#include <algorithm>
+#include <string>
+
+#include "backup/ignore_list.h"
+#include "bench/bench.h"
+#include "platform/file_utils.h"
+#include "platform/win/desktop_win.h"
+#include "platform/win/files_win.h"
+#include "results/hit_list.h"
+
+namespace scourwell::bench {
+namespace {
+
+constexpr int kRecords = 100'000;
+constexpr int kDetections = 10'000;
+
+std::string Name(int number) { return "C:\\folder\\file " + std::to_string(number) + ".dll"; }
+
+}  // namespace
+
+void BenchIgnoring(const char* scratch_folder) {
+  FilesWin files;
+  ClockWin clock;
+  ErrorLog log(files, clock, AddPathToFileName(scratch_folder, "errors.txt"));
+  const std::string path = AddPathToFileName(scratch_folder, "ignorespylist.txt");
+  std::string text;
+  for (int i = 0; i < kRecords; ++i) text += IgnoreLine({"Spy File", Name(i), "Adware.Some"});
+  if (!files.Replace(path, text).ok()) return;
+  AppSettings settings;
+  GapPump pump;
+  std::size_t quotes = 0;
+  const auto bare = [&] {
+    std::string content;
+    static_cast<void>(files.Read(path, IgnoreList::kLargest, &content));
+    quotes += static_cast<std::size_t>(std::count(content.begin(), content.end(), '"'));
+  };
+  std::size_t rows = 0;
+  const auto ours = [&] {
+    IgnoreList ignore(files, clock, log, path);
+    HitList hits(ignore, settings, log);
+    // Every second one is excluded.
+    for (int i = 0; i < kDetections; ++i) {
+      hits.AddSpyToListView(
+          {"Spy File", Name(kRecords + (i % 2 ? i : -i - 1)), "Adware", 0, {}, {}});
+    }
+    rows = hits.size();
+  };
+  Compare("100,000 records, 10,000 hits", pump, bare, ours);
+  std::printf("  %u rows of %d shown; quotation marks seen: %u\n", static_cast<unsigned>(rows),
+              kDetections, static_cast<unsigned>(quotes));
+}
+
+}  // namespace scourwell::bench

@@ -1,0 +1,190 @@
+#include "backup/backups.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+struct Manager : Bench {
+  SystemFolders folders;
+  Backups backups{{m.files, m.registry, nullptr, m.clock, m.pump, m.shell, log, folders, settings}};
+  std::vector<Detection> rows;
+
+  Manager() {
+    settings.BackupFolder = "C:\\My backups";
+    folders.application = kAppFolder;
+    folders.windows = "C:\\WINDOWS";
+    folders.system = "C:\\WINDOWS\\system32";
+    m.Folder("C:\\My backups");
+    m.Folder("C:\\WINDOWS\\system32");
+  }
+  void Add(std::string_view kind, const std::string& details, const std::string& tip = {},
+           const std::string& tag = {}) {
+    rows.push_back({std::string(kind), details, "spy", 0, tip.empty() ? details : tip, tag, false});
+  }
+  BackupReport Create(const std::string& name) {
+    std::vector<const Detection*> pointers;
+    for (const Detection& row : rows) pointers.push_back(&row);
+    return backups.Create(name, pointers);
+  }
+  Outcome Restore(const std::string& key, RestoreResult* result) {
+    return backups.Restore(key, {}, result);
+  }
+  std::string Names() {
+    std::string text;
+    static_cast<void>(m.files.List("C:\\My backups\\*.*", [&](const DirEntry& entry) {
+      text += entry.name + " ";
+      return true;
+    }));
+    return text;
+  }
+};
+
+}  // namespace
+
+TEST_SUITE("backups") {
+  TEST_CASE("what was stored comes back, and the scripts are imported in their order") {
+    Manager b;
+    b.m.File("C:\\x.exe", "one").ReadOnly().Times(126'000'000'000'000'000, 0);
+    b.m.File("C:\\Evil\\deep\\y.dll", "two").Hidden();
+    b.m.Folder("C:\\Evil\\empty");
+    b.m.registry.Make(RootKey::LocalMachine, "Software\\Evil").Value("n", "x", kRegBinary);
+    b.m.File("C:\\My backups\\left.reg", "[-HKEY_LOCAL_MACHINE\\Software]");
+    b.Add(kSpyFile, "C:\\x.exe");
+    b.Add(kSpyFolder, "C:\\Evil");
+    b.Add(kSpyFile, "C:\\Evil\\deep\\y.dll");  // stored with its folder
+    b.Add(kSpyCookie, "C:\\gone.txt");
+    b.Add(kMemoryProcess, "C:\\x.exe");
+    b.Add(kSpyRegistryKey, "HKEY_LOCAL_MACHINE\\Software\\Evil");
+    const BackupReport report = b.Create("name");
+    CHECK(report.archive.ok());
+    CHECK(report.failed_rows.empty());
+    CHECK(b.Names() == "name.qzp ");
+    b.m.files.Remove("C:\\x.exe");
+    b.m.files.Remove("C:\\Evil");
+
+    b.m.File("C:\\My backups\\other.reg", "[-HKEY_LOCAL_MACHINE\\Software]");
+    std::string imported;
+    b.m.shell.on_run = [&](const std::string& command) {
+      const std::string path(command.substr(14));
+      imported += command + "=" + std::to_string(b.m.Content(path).size()) + "\n";
+    };
+    RestoreResult result;
+    CHECK(b.Restore("name.qzp", &result).ok());
+    CHECK(result.failed.empty());
+    CHECK(b.m.Content("C:\\x.exe") == "one");
+    CHECK((b.m.files.Find("C:\\x.exe")->attributes & kReadOnly) != 0);
+    CHECK(b.m.files.Find("C:\\x.exe")->modified == 126'000'000'000'000'000);
+    CHECK(b.m.Content("C:\\Evil\\deep\\y.dll") == "two");
+    CHECK(b.m.Has("C:\\Evil\\empty"));
+    CHECK_FALSE(b.m.Has("C:\\My backups\\other.reg"));
+    CHECK(imported ==
+          "regedit /I /S C:\\MYBACK~1\\namekey.reg=52\n"
+          "regedit /I /S C:\\MYBACK~1\\nameval.reg=10\n"
+          "regedit /I /S C:\\MYBACK~1\\NAMEEX~1.REG=64\n");
+    CHECK(b.m.Errors() == "");
+  }
+
+  TEST_CASE("a script whose path has blanks and no short form is quoted") {
+    Manager b;
+    b.m.files.short_names = false;
+    b.m.files.Remove("C:\\My backups");
+    b.m.Folder("C:\\My backups");
+    REQUIRE(b.Create("n").archive.ok());
+    RestoreResult result;
+    CHECK(b.Restore("n.qzp", &result).ok());
+    REQUIRE_FALSE(b.m.shell.journal.empty());
+    CHECK(b.m.shell.journal[0] == "Run regedit /I /S \"C:\\My backups\\nkey.reg\"");
+  }
+
+  TEST_CASE("what could not be stored is named with its row") {
+    Manager b;
+    b.m.File("C:\\locked.exe", "x").Locked();
+    b.m.File("C:\\good.exe", "x");
+    b.m.registry.Make(RootKey::CurrentUser, "a\r\nb");
+    b.Add(kSpyFile, "C:\\good.exe");
+    b.Add(kSpyFile, "C:\\locked.exe");
+    b.Add(kSpyRegistryKey, "HKEY_CURRENT_USER\\a\r\nb");
+    const BackupReport report = b.Create("name");
+    CHECK(report.archive.ok());
+    CHECK(report.failed_rows == std::vector<std::size_t>{1, 2});
+    CHECK(report.failures.size() == 2);
+    CHECK(b.m.Errors().find("C:\\locked.exe") != std::string::npos);
+  }
+
+  TEST_CASE("names are those of plain files, and no archive is overwritten") {
+    Manager b;
+    for (const char* name : {"", "a\\b", "C:x", "*", "..", "nul", " a", "a ", "a|b", "100%"}) {
+      CAPTURE(std::string(name));
+      CHECK_FALSE(b.backups.IsUsableName(name));
+    }
+    CHECK(b.backups.IsUsableName("My first backup.1"));
+    CHECK_FALSE(b.backups.IsUsableName(std::string(250, 'x')));
+    CHECK(b.backups.NameForNow() == "2004-03-05 120000");
+    REQUIRE(b.Create(b.backups.NameForNow()).archive.ok());
+    CHECK(b.backups.NameForNow() == "2004-03-05 120000 2");
+    const std::string content = b.m.Content("C:\\My backups\\2004-03-05 120000.qzp");
+    CHECK(b.Create("2004-03-05 120000").archive.number() == kFileExists);
+    CHECK(b.m.Content("C:\\My backups\\2004-03-05 120000.qzp") == content);
+  }
+
+  TEST_CASE("the list shows archives alone, and deleting takes the volumes along") {
+    Manager b;
+    CHECK(b.backups.List().empty());
+    for (const char* name : {"b.qzp", "b.q01", "b.q02", "c.qzp", "c.txt"}) {
+      b.m.File(std::string("C:\\My backups\\") + name, "xyz");
+    }
+    b.m.Folder("C:\\My backups\\folder.qzp");
+    REQUIRE(b.backups.List().size() == 2);
+    CHECK(b.backups.List()[0].key == "b.qzp");
+    CHECK(b.backups.List()[0].size == 3);
+    CHECK(b.backups.Delete("b.qzp").ok());
+    CHECK(b.Names() == "c.qzp c.txt folder.qzp ");
+    CHECK_FALSE(b.backups.Delete("..\\App\\errorlog.txt").ok());
+    CHECK_FALSE(b.backups.Delete("none.qzp").ok());
+    RestoreResult result;
+    CHECK_FALSE(b.Restore("c.qzp", &result).ok());
+    CHECK(b.m.shell.journal.empty());
+  }
+
+  TEST_CASE("nothing of Scourwell or Windows is replaced by a restore") {
+    Manager b;
+    b.m.File("C:\\App\\Scourwell.exe", "hostile");
+    b.m.File("C:\\WINDOWS\\explorer.exe", "hostile");
+    b.m.File("C:\\fine.txt", "fine");
+    for (const char* path :
+         {"C:\\App\\Scourwell.exe", "C:\\WINDOWS\\explorer.exe", "C:\\fine.txt"}) {
+      b.Add(kSpyFile, path);
+    }
+    REQUIRE(b.Create("n").archive.ok());
+    b.m.File("C:\\App\\Scourwell.exe", "good");
+    b.m.files.Remove("C:\\WINDOWS\\explorer.exe");
+    b.m.files.Remove("C:\\fine.txt");
+    RestoreResult result;
+    CHECK(b.Restore("n.qzp", &result).ok());
+    CHECK(result.failed.size() == 2);
+    CHECK(b.m.Content("C:\\App\\Scourwell.exe") == "good");
+    CHECK_FALSE(b.m.Has("C:\\WINDOWS\\explorer.exe"));
+    CHECK(b.m.Content("C:\\fine.txt") == "fine");
+  }
+
+  TEST_CASE("whichever change fails while storing, nothing that was there is lost") {
+    for (std::size_t n = 1; n < 30; ++n) {
+      CAPTURE(n);
+      Manager b;
+      b.m.File("C:\\x.exe", "one");
+      b.m.File("C:\\My backups\\old.qzp", "old");
+      b.m.File("C:\\My backups\\left.reg", "x");
+      b.Add(kSpyFile, "C:\\x.exe");
+      b.m.files.failing_change = n;
+      const bool stored = b.Create("n").archive.ok();
+      b.m.files.failing_change = 0;
+      CHECK(b.m.Content("C:\\x.exe") == "one");
+      CHECK(b.m.Content("C:\\My backups\\old.qzp") == "old");
+      RestoreResult result;
+      CHECK(stored == b.m.Has("C:\\My backups\\n.qzp"));
+      CHECK(stored == b.Restore("n.qzp", &result).ok());
+    }
+  }
+}
+
+}  // namespace scourwell::test
