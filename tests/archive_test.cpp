@@ -150,6 +150,21 @@ TEST_SUITE("archive") {
     }
   }
 
+  TEST_CASE("a folder that is swapped for a link before it is listed is not followed") {
+    ArchiveBench b;
+    b.m.File("C:\\precious\\file", "precious");
+    b.m.File("C:\\spy\\sub\\file", "x");
+    b.m.pump.on_yield = [&] {
+      if (b.m.pump.yields != 2) return;
+      b.m.files.Remove("C:\\spy\\sub");
+      b.m.Link("C:\\spy\\sub", "C:\\precious");
+    };
+    ArchiveResult result;
+    REQUIRE(b.Store({"C:\\spy"}, {}, &result).ok());
+    CHECK(Paths(result.failed) == "C:\\spy\\sub 75\n");
+    CHECK(result.files == 1);
+  }
+
   TEST_CASE("closing leaves nothing behind") {
     const std::string content = Noise(3 * kArchiveBlock);
     for (const std::uint64_t volume_size : {0, 300'000}) {
