@@ -100,15 +100,14 @@ void Application::Run(Scan&& scan) {
   scanning_ = false;
 }
 
-// An earlier Stop must not end what the user asks for now.
 void Application::BeginWork(int caption) {
   ports_.pump.set_closing(false);
   progress_.lblScanStatus = language_.Text(caption);
   working_ = true;
 }
 
-BackupReport Application::BackUpChecked(const std::string& name) {
-  if (busy()) return {Outcome::Failed(kPermissionDenied), {}, {}};
+BackupReport Application::BackUpChecked(const std::string& name, ArchiveOptions options) {
+  if (scanning_) return {Outcome::Failed(kPermissionDenied), {}, {}};
   std::vector<const Detection*> rows;
   std::vector<std::size_t> indexes;
   for (std::size_t i = 0; i < hits_.size(); ++i) {
@@ -116,19 +115,15 @@ BackupReport Application::BackUpChecked(const std::string& name) {
     rows.push_back(&hits_.row(i).detection);
     indexes.push_back(i);
   }
-  BeginWork(16216);
-  BackupReport report = backups_.Create(name, rows);
-  working_ = false;
+  BackupReport report = backups_.Create(name, rows, std::move(options));
   for (std::size_t& row : report.failed_rows) row = indexes[row];
   return report;
 }
 
 void Application::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept) {
-  if (busy()) return;
-  BeginWork(16217);
+  if (scanning_) return;
   removal_.RemoveSelectedSpy(kept);
   scan_log_.AddRemoval(removal_.report());
-  working_ = false;
 }
 
 void Application::CountRemoved() {

@@ -59,8 +59,12 @@ class Application : private ScanReport, private LoadProgress {
   void RunScan();
   void RunScan(const std::string& path);
 
+  // Around the two calls below: the program is busy, and an earlier Stop does not end what the user
+  // asks for now. `caption` says what goes on.
+  void BeginWork(int caption);
+  void EndWork() { working_ = false; }
   // A backup of the checked rows. `failed_rows` of the result are rows of the results list.
-  BackupReport BackUpChecked(const std::string& name);
+  BackupReport BackUpChecked(const std::string& name, ArchiveOptions options = {});
   // Deletes the checked rows but those in `kept`, and writes the log's section about it.
   void RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept);
   // Adds what the last removal counted to the statistics. Once, when its summary is shown.
@@ -99,7 +103,6 @@ class Application : private ScanReport, private LoadProgress {
   void Advance() override;
   void End() override;
   void CheckRelease();
-  void BeginWork(int caption);
   template <class Write>
   void WriteLog(Write&& write);
   template <class Scan>

@@ -246,6 +246,7 @@ const Caption kCaptions[] = {
     {17151, "Insert the disk with this part of the backup, or select the folder that holds it:"},
     {17157, "The help file cannot be opened:"},
     {17158, "&Tools"},
+    {17159, "The disk is full. Select a folder on another disk for the next part of the backup:"},
 };
 // clang-format on
 

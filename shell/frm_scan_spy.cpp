@@ -135,8 +135,7 @@ void frmScanSpy::cmdCancel_Click() {
 }
 
 void frmScanSpy::ViewLog() {
-  frmLog(env_, app_.ports().files, app_.settings().LogFilePath)
-      .ShowModal(Root());
+  frmLog(env_, app_.ports().files, app_.settings().LogFilePath).ShowModal(Root());
 }
 
 HWND frmScanSpy::DefaultButton() const {

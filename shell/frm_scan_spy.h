@@ -34,6 +34,7 @@ class frmScanSpy : public Page {
   void ShowResults();
   // Backs the checked rows up if the user wants that before removals, then removes them. False
   // when the user thought better of it.
+  void SetBusy(bool busy, int status = 0);
   bool RemoveChecked(bool unattended);
   bool BackUpFirst(bool unattended, std::unordered_set<std::size_t>* kept);
   void cmdDelete_Click();

@@ -3,6 +3,7 @@
 
 #include "results/frm_results.h"
 #include "shell/frm_scan_spy.h"
+#include "widgets/folder_dialog.h"
 #include "widgets/input_box.h"
 #include "widgets/message_box.h"
 #include "widgets/resource.h"
@@ -14,16 +15,19 @@ constexpr std::size_t kMostNamed = 10;  // in a message
 
 }  // namespace
 
+void frmScanSpy::SetBusy(bool busy, int status) {
+  busy ? app_.BeginWork(status) : app_.EndWork();
+  SpyFrame_.SetBusy(busy, busy ? Text(status) : std::string());
+  host_.PageChanged();
+}
+
 bool frmScanSpy::RemoveChecked(bool unattended) {
   std::unordered_set<std::size_t> kept;
-  SpyFrame_.SetBusy(true, Text(16216));
-  if (!BackUpFirst(unattended, &kept)) {
-    SpyFrame_.SetBusy(false);
-    return false;
-  }
-  SpyFrame_.SetBusy(true, Text(16217));
+  if (!BackUpFirst(unattended, &kept)) return false;
+  SetBusy(true, 16217);
   app_.RemoveSelectedSpy(kept);
-  SpyFrame_.SetBusy(false);
+  SetBusy(false);
+  if (app_.ports().pump.closing()) return false;
   const std::string warning = app_.removal().Warning();
   if (!warning.empty() && !app_.settings().AutoRemove) {
     ShowMessage(warning, Text(17001), MB_ICONERROR);
@@ -37,7 +41,9 @@ bool frmScanSpy::RemoveChecked(bool unattended) {
 // What could not be stored stays when nobody can be asked.
 bool frmScanSpy::BackUpFirst(bool unattended, std::unordered_set<std::size_t>* kept) {
   if (!app_.settings().BackupBeforeRemoval || app_.hits().checked_count() == 0) return true;
+  SetBusy(true, 16216);
   const BackupReport report = app_.BackUpChecked(app_.backups().NameForNow());
+  SetBusy(false);
   if (app_.ports().pump.closing()) return false;
   if (report.archive.ok() && report.failures.empty()) return true;
   if (!unattended) {
@@ -99,9 +105,15 @@ bool frmScanSpy::AskForBackupName(std::string* name) {
 void frmScanSpy::cmdBackup_Click() {
   std::string name;
   if (app_.busy() || !AskForBackupName(&name)) return;
-  SpyFrame_.SetBusy(true, Text(16216));
-  const BackupReport report = app_.BackUpChecked(name);
-  SpyFrame_.SetBusy(false);
+  // A full disk is no end: the rest may go elsewhere.
+  ArchiveOptions options;
+  options.next_volume = [this](const VolumeRequest& request) {
+    return AskForFolder(Root(), Text(17159) + "\r\n" + request.file_name);
+  };
+  SetBusy(true, 16216);
+  const BackupReport report = app_.BackUpChecked(name, std::move(options));
+  SetBusy(false);
+  if (app_.ports().pump.closing()) return;
   if (report.archive.ok() && report.failures.empty()) {
     return ShowMessage(Text(1847), Text(17000));
   }

@@ -78,9 +78,9 @@ TEST_SUITE("backups") {
     CHECK(b.m.Has("C:\\Evil\\empty"));
     CHECK_FALSE(b.m.Has("C:\\My backups\\other.reg"));
     CHECK(imported ==
-          "regedit /I /S C:\\MYBACK~1\\namekey.reg=52\n"
+          "regedit /I /S C:\\MYBACK~1\\namekey.reg=48\n"
           "regedit /I /S C:\\MYBACK~1\\nameval.reg=10\n"
-          "regedit /I /S C:\\MYBACK~1\\NAMEEX~1.REG=64\n");
+          "regedit /I /S C:\\MYBACK~1\\NAMEEX~1.REG=60\n");
     CHECK(b.m.Errors() == "");
   }
 
