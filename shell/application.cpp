@@ -58,8 +58,10 @@ void Application::SaveSettings() {
 }
 
 void Application::CheckRelease() {
+  // The release that came with the program is no update.
+  const bool first = store_.Get("REFFILE", "Number").empty();
   std::string report = changes_.checkUpdateRefFileChanges();
-  if (!report.empty()) change_report_ = std::move(report);
+  if (!report.empty() && !first) change_report_ = std::move(report);
 }
 
 std::string Application::TakeChangeReport() { return std::exchange(change_report_, {}); }

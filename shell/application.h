@@ -44,7 +44,8 @@ class Application : private ScanReport, private LoadProgress {
   void Start();
   // When the user has changed settings: the definitions may be others now.
   void SaveSettings();
-  // What a new release of the definitions changed, once after each was noticed; else empty.
+  // What a new release of the definitions changed, once after each was noticed; else empty, also
+  // for the release of the first start.
   // Releases are noticed at start-up, after the settings were saved, and when a scan begins.
   std::string TakeChangeReport();
   // Rebuilds the scan scope from the drives of the machine.

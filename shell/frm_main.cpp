@@ -172,6 +172,9 @@ bool frmMain::OnCommand(int id) {
     case IDM_mnuHome:
       ShowHome();
       return true;
+    case IDM_mnuChangeReport:
+      ShowChangeReport();
+      return true;
     case IDM_mnuBackups:
       ShowBackups();
       return true;
@@ -187,6 +190,14 @@ void frmMain::OnTimer(UINT_PTR id) {
   if (id != kTimer1) return;
   KillTimer(hwnd(), kTimer1);
   static_cast<void>(app_.log().Trap("Timer1_Timer", [&] { return CheckForUpdate(); }));
+  ShowChangeReport();
+}
+
+// Not in the middle of anything: a scan that runs shows it when it is done.
+void frmMain::ShowChangeReport() {
+  if (app_.busy() || close_wanted_ || !IsWindowEnabled(hwnd())) return;
+  const std::string report = app_.TakeChangeReport();
+  if (!report.empty()) ShowMessage(report, Text(17000));
 }
 
 Outcome frmMain::CheckForUpdate() {
@@ -204,6 +215,7 @@ void frmMain::PageChanged() {
   ShowProgress();
   focus_.Move(hwnd(), PageFocus());
   if (close_wanted_ && !scanning) PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+  if (!scanning) PostCommand(IDM_mnuChangeReport);
 }
 
 void frmMain::ShowProgress() {

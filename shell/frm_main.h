@@ -53,6 +53,7 @@ class frmMain : public Window, public FormHost {
   void ShowIgnoreList();
   void ShowHelp();
   Outcome CheckForUpdate();
+  void ShowChangeReport();
 
   Page* page() const;
   void FitPage();

@@ -118,8 +118,11 @@ TEST_SUITE("application") {
                                                .Value("NTOT", "SAFOTNUM", "1")
                                                .Text());
     };
-    release("7", "badbar");
+    release("6", "badbar");
     p.app.Start();
+    CHECK(p.app.TakeChangeReport() == "");  // came with the program
+    release("7", "badbar");
+    p.app.SaveSettings();
     CHECK(p.app.TakeChangeReport().starts_with("Update File: 7\r\n"));
     CHECK(p.app.TakeChangeReport() == "");
     p.app.FillTree();

@@ -163,6 +163,35 @@ TEST_CASE("a second scan of a run finds the same and goes on in the same log") {
   CHECK(Errors() == "");
 }
 
+TEST_CASE("definitions that are replaced while the program runs count in the next scan") {
+  PlantMachine();
+  SetSetting("REFFILE", "Number", "1");
+  Program program("");
+  const HWND top = program.MainWindow();
+  REQUIRE(top);
+  REQUIRE(ReadyControl(top, IDC_cmdStartScan));
+  PlantContent(kReference, test::Definitions()
+                               .Value("SETTINGS", "UPDATE-FILE-NUMBER", "2")
+                               .Value("SPYWARE DEFINITIONS ADDED", "SDA0", "Innocents")
+                               .Entry("SAFI", {"SAFIT", "SAFIS"}, {"Adware.New", "innocent.dll"})
+                               .Text());
+  Command(top, IDM_mnuStartScan);
+  REQUIRE(LogHasClosed(1));
+  CHECK(LogText().find("Adware.New file:C:\\planted\\innocent.dll\r\n") != std::string::npos);
+  const HWND box = program.Window("Information");
+  REQUIRE(box);
+  CHECK(Text(GetDlgItem(box, 0xFFFF)) ==
+        "Update File: 2\r\nComponents Update: None\r\nComponents Added: Innocents\r\n"
+        "Components Removed: None\r\n");
+  PostMessageA(box, WM_COMMAND, IDOK, 0);
+  CHECK(WaitFor([&] { return !IsWindow(box); }));
+  Command(top, IDM_mnuStartScan);
+  REQUIRE(LogHasClosed(2));
+  CHECK(program.Window("Information", 1500) == nullptr);
+  CHECK(program.Close());
+  SetSetting("REFFILE", "Number", "");
+}
+
 TEST_CASE("Stop ends a scan without log and finish") {
   PlantMachine();
   Program program("");
