@@ -5,7 +5,6 @@
 #include "platform/text.h"
 #include "widgets/access_keys.h"
 #include "widgets/folder_dialog.h"
-#include "widgets/layout.h"
 #include "widgets/message_box.h"
 #include "widgets/resource.h"
 
@@ -18,21 +17,19 @@ constexpr std::size_t kMostNamed = 10;  // in a message
 
 frmBackup::frmBackup(const WindowEnv& env, Backups& backups, Clock& clock, std::string folder,
                      std::function<void()> help)
-    : Dialog(env, "frmBackup"),
+    : ListDialog(env, "frmBackup",
+                 {IDC_BackupHeader, IDC_lblBackupHeading, IDC_lblBackupCount, IDC_lblBackupEmpty}),
       backups_(backups),
       clock_(clock),
       folder_(std::move(folder)),
-      help_(std::move(help)),
-      header_(env, HeaderPane::Size::Small, {IDC_lblBackupHeading, IDC_lblBackupCount, 0}) {}
+      help_(std::move(help)) {}
 
 Dialog::Shape frmBackup::WantedShape() const {
   return {metrics().Scale(520), metrics().Scale(330), true};
 }
 
 void frmBackup::OnCreate() {
-  header_.Create(hwnd(), IDC_BackupHeader);
-  header_.SetHeading(Text(1403));
-  lblEmpty_.Create(env_, hwnd(), IDC_lblBackupEmpty, Text(17130), SS_CENTER);
+  CreateHeader(Text(1403), Text(17130));
   BackupList_.Create(env_, hwnd(), IDC_BackupList);
   BackupList_.AddColumn(kDate, Text(1404), metrics().Scale(150));
   BackupList_.AddColumn(kName, Text(1405), metrics().Scale(230));
@@ -48,8 +45,8 @@ void frmBackup::OnCreate() {
 void frmBackup::Load() {
   rows_ = backups_.List();
   BackupList_.SetItemCount(rows_.size());
-  lblEmpty_.Show(rows_.empty());
-  header_.SetText(Text(17131) + " " + folder_ + ": " + std::to_string(rows_.size()));
+  ShowEmpty(rows_.empty());
+  SetHeaderText(Text(17131) + " " + folder_ + ": " + std::to_string(rows_.size()));
   if (!rows_.empty() && Selected() < 0) {
     BackupList_.FocusRow(0);
     BackupList_.Select(0, true);
@@ -66,25 +63,7 @@ void frmBackup::SelectionChanged() {
 }
 
 void frmBackup::OnSize(Area area) {
-  {
-    Layout layout;
-    layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
-    Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
-    Area buttons = inner.CutBottom(metrics().ButtonHeight());
-    inner.CutBottom(metrics().Margin());
-    layout.Place(BackupList_, inner);
-    const int line = metrics().LineHeight();
-    const Area empty = inner.Shrunk(metrics().Scale(4), inner.height() / 2 - line);
-    layout.Place(lblEmpty_, {empty.left, empty.top, empty.right, empty.top + 2 * line});
-    for (const Button* button : {&cmdRestore_, &cmdClean_}) {
-      layout.Place(*button, buttons.CutLeft(button->width()));
-      buttons.CutLeft(metrics().Gap());
-    }
-    for (const Button* button : {&cmdHelp_, &cmdOk_}) {
-      layout.Place(*button, buttons.CutRight(button->width()));
-      buttons.CutRight(metrics().Gap());
-    }
-  }
+  Arrange(area, BackupList_, {&cmdRestore_, &cmdClean_}, {&cmdHelp_, &cmdOk_});
   RECT client = {};
   GetClientRect(BackupList_.hwnd(), &client);
   const int left = client.right - BackupList_.ColumnWidth(kDate) - BackupList_.ColumnWidth(kSize);
@@ -93,12 +72,7 @@ void frmBackup::OnSize(Area area) {
 
 LRESULT frmBackup::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_CLOSE && busy_) return 0;
-  if (message == WM_CTLCOLORSTATIC && reinterpret_cast<HWND>(lparam) == lblEmpty_.hwnd()) {
-    SetBkColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOW));
-    SetTextColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOWTEXT));
-    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
-  }
-  return Dialog::OnMessage(message, wparam, lparam);
+  return ListDialog::OnMessage(message, wparam, lparam);
 }
 
 LRESULT frmBackup::OnNotify(NMHDR* header) {
@@ -161,7 +135,7 @@ void frmBackup::cmdRestore_Click() {
   if (row < 0) return;
   const std::string key = rows_[static_cast<std::size_t>(row)].key;
   if (!AskYesNo(Text(17147) + "\r\n\r\n" + key, Text(16008))) return;
-  header_.SetText(Text(17148));
+  SetHeaderText(Text(17148));
   Busy(true);
   RestoreResult result;
   const Outcome outcome = backups_.Restore(

@@ -4,15 +4,13 @@
 
 #include "backup/backups.h"
 #include "widgets/button.h"
-#include "widgets/dialog.h"
-#include "widgets/header_pane.h"
-#include "widgets/label.h"
+#include "widgets/list_dialog.h"
 #include "widgets/row_list_view.h"
 
 namespace scourwell {
 
 // The backup manager: the archives of the backup folder, to restore or to delete.
-class frmBackup : public Dialog {
+class frmBackup : public ListDialog {
  public:
   frmBackup(const WindowEnv& env, Backups& backups, Clock& clock, std::string folder,
             std::function<void()> help);
@@ -48,8 +46,6 @@ class frmBackup : public Dialog {
   std::vector<BackupRow> rows_;
   std::string cell_;
   bool busy_ = false;
-  HeaderPane header_;
-  Label lblEmpty_;
   RowListView BackupList_;
   Button cmdRestore_;
   Button cmdClean_;

@@ -4,7 +4,6 @@
 
 #include "scan/detection.h"
 #include "widgets/access_keys.h"
-#include "widgets/layout.h"
 #include "widgets/message_box.h"
 #include "widgets/path_cell.h"
 #include "widgets/resource.h"
@@ -12,19 +11,17 @@
 namespace scourwell {
 
 frmIgnore::frmIgnore(const WindowEnv& env, IgnoreList& ignore, std::function<void()> help)
-    : Dialog(env, "frmIgnore"),
+    : ListDialog(env, "frmIgnore",
+                 {IDC_IgnoreHeader, IDC_lblIgnoreHeading, IDC_lblIgnoreCount, IDC_lblIgnoreEmpty}),
       ignore_(ignore),
-      help_(std::move(help)),
-      header_(env, HeaderPane::Size::Small, {IDC_lblIgnoreHeading, IDC_lblIgnoreCount, 0}) {}
+      help_(std::move(help)) {}
 
 Dialog::Shape frmIgnore::WantedShape() const {
   return {metrics().Scale(580), metrics().Scale(360), true};
 }
 
 void frmIgnore::OnCreate() {
-  header_.Create(hwnd(), IDC_IgnoreHeader);
-  header_.SetHeading(Text(1513));
-  lblEmpty_.Create(env_, hwnd(), IDC_lblIgnoreEmpty, Text(17120), SS_CENTER);
+  CreateHeader(Text(1513), Text(17120));
   IgnoreListView_.on_check = [this](int row, bool checked) { Check(row, checked); };
   IgnoreListView_.is_checked = [this](int row) { return checked_[static_cast<std::size_t>(row)]; };
   IgnoreListView_.Create(env_, hwnd(), IDC_IgnoreListView);
@@ -46,7 +43,7 @@ void frmIgnore::Load() {
   checked_.assign(records_.size(), false);
   IgnoreListView_.SetItemCount(records_.size());
   if (!records_.empty()) IgnoreListView_.FocusRow(0);
-  lblEmpty_.Show(records_.empty());
+  ShowEmpty(records_.empty());
   for (const Button* button : {&cmdCheckAll_, &cmdUnCheckAll_}) button->Enable(!records_.empty());
   IgnoreListView_.Redraw();
   ShowCount();
@@ -54,45 +51,19 @@ void frmIgnore::Load() {
 
 void frmIgnore::ShowCount() {
   const auto checked = std::count(checked_.begin(), checked_.end(), true);
-  header_.SetText(Text(17121) + " " + std::to_string(records_.size()) + ", " +
-                  std::to_string(checked) + " " + Text(17028));
+  SetHeaderText(Text(17121) + " " + std::to_string(records_.size()) + ", " +
+                std::to_string(checked) + " " + Text(17028));
   CmdRemove_.Enable(checked > 0);
 }
 
 void frmIgnore::OnSize(Area area) {
-  {
-    Layout layout;
-    layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
-    Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
-    Area buttons = inner.CutBottom(metrics().ButtonHeight());
-    inner.CutBottom(metrics().Margin());
-    layout.Place(IgnoreListView_, inner);
-    const int line = metrics().LineHeight();
-    const Area empty = inner.Shrunk(metrics().Scale(4), inner.height() / 2 - line);
-    layout.Place(lblEmpty_, {empty.left, empty.top, empty.right, empty.top + 2 * line});
-    for (const Button* button : {&cmdCheckAll_, &cmdUnCheckAll_}) {
-      layout.Place(*button, buttons.CutLeft(button->width()));
-      buttons.CutLeft(metrics().Gap());
-    }
-    for (const Button* button : {&cmdHelp_, &cmdCancel_, &CmdRemove_}) {
-      layout.Place(*button, buttons.CutRight(button->width()));
-      buttons.CutRight(metrics().Gap());
-    }
-  }
+  Arrange(area, IgnoreListView_, {&cmdCheckAll_, &cmdUnCheckAll_},
+          {&cmdHelp_, &cmdCancel_, &CmdRemove_});
   RECT client = {};
   GetClientRect(IgnoreListView_.hwnd(), &client);
   const int left =
       client.right - IgnoreListView_.ColumnWidth(kType) - IgnoreListView_.ColumnWidth(kSystem);
   IgnoreListView_.SetColumnWidth(kDetails, std::max(left, metrics().Scale(120)));
-}
-
-LRESULT frmIgnore::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
-  if (message == WM_CTLCOLORSTATIC && reinterpret_cast<HWND>(lparam) == lblEmpty_.hwnd()) {
-    SetBkColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOW));
-    SetTextColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOWTEXT));
-    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
-  }
-  return Dialog::OnMessage(message, wparam, lparam);
 }
 
 bool frmIgnore::OnCommand(int id) {

@@ -5,14 +5,12 @@
 #include "backup/ignore_list.h"
 #include "widgets/button.h"
 #include "widgets/check_list_view.h"
-#include "widgets/dialog.h"
-#include "widgets/header_pane.h"
-#include "widgets/label.h"
+#include "widgets/list_dialog.h"
 
 namespace scourwell {
 
 // The ignore list: what scans shall not report. Checked records can be taken out again.
-class frmIgnore : public Dialog {
+class frmIgnore : public ListDialog {
  public:
   frmIgnore(const WindowEnv& env, IgnoreList& ignore, std::function<void()> help);
 
@@ -28,7 +26,6 @@ class frmIgnore : public Dialog {
   void OnSize(Area area) override;
   bool OnCommand(int id) override;
   LRESULT OnNotify(NMHDR* header) override;
-  LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
 
   void Load();
   void CmdRemove_Click();
@@ -41,8 +38,6 @@ class frmIgnore : public Dialog {
   std::function<void()> help_;
   std::vector<IgnoreRecord> records_;
   std::vector<bool> checked_;
-  HeaderPane header_;
-  Label lblEmpty_;
   CheckListView IgnoreListView_;
   Button cmdCheckAll_;
   Button cmdUnCheckAll_;
