@@ -1,5 +1,6 @@
 #include "results/file_remover.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/file_utils.h"
@@ -34,10 +35,12 @@ struct FileRemover::Tree {
   std::vector<Level> levels;
   Outcome failure;  // the first one
   std::string failed_path;
-  bool all_scheduled = true;
+  std::vector<std::string> in_use;  // for the next start, in the order in which they must go
+  bool all_can_wait = true;
 
-  void Note(Outcome outcome, const std::string& path, bool scheduled) {
-    all_scheduled = all_scheduled && scheduled;
+  void Note(Outcome outcome, const std::string& path, bool can_wait) {
+    all_can_wait = all_can_wait && can_wait;
+    if (can_wait) in_use.push_back(path);
     if (!failure.ok()) return;
     failure = std::move(outcome);
     failed_path = path;
@@ -114,9 +117,14 @@ bool FileRemover::MovesAtReboot() const {
   return platform == "Windows 2000" || platform == "Windows NT" || platform == "Windows XP";
 }
 
-bool FileRemover::Schedule(const std::string& path) {
-  return parts_.settings.DeleteAfterReboot &&
-         DeleteAtNextStart(path, parts_.files, parts_.system, parts_.os).ok();
+// Windows 95, 98 and Me get each entry before the earlier ones.
+bool FileRemover::Schedule(std::vector<std::string> paths) {
+  if (!parts_.settings.DeleteAfterReboot) return false;
+  if (!parts_.os.IsWinNT()) std::reverse(paths.begin(), paths.end());
+  for (const std::string& path : paths) {
+    if (!DeleteAtNextStart(path, parts_.files, parts_.system, parts_.os).ok()) return false;
+  }
+  return true;
 }
 
 RemovalResult FileRemover::deleteSpyFolder(const std::string& path) {
@@ -168,7 +176,8 @@ Outcome FileRemover::DeleteFolderAt(const std::string& path, RemovalResult* resu
     RemoveEntry(next, &tree);
   }
   if (tree.failure.ok()) return {};
-  result->state = tree.all_scheduled ? RemovalState::PendingRestart : RemovalState::Failed;
+  const bool waits = tree.all_can_wait && Schedule(std::move(tree.in_use));
+  result->state = waits ? RemovalState::PendingRestart : RemovalState::Failed;
   return std::move(tree.failure).With("Item: ", tree.failed_path);
 }
 
@@ -208,7 +217,7 @@ void FileRemover::RemoveOne(const std::string& path, std::uint32_t attributes, T
     removed = Erase(path, attributes);
   }
   if (removed.ok() || removed.number() == kFileNotFound) return;
-  tree->Note(std::move(removed), path, !(attributes & kFolder) && Schedule(path));
+  tree->Note(std::move(removed), path, !(attributes & kFolder));
 }
 
 void FileRemover::Leave(Tree* tree) {
@@ -220,7 +229,7 @@ void FileRemover::Leave(Tree* tree) {
   if (removed.ok() || removed.number() == kFileNotFound) return;
   if (attributes & kInTheWay) static_cast<void>(parts_.files.SetAttributes(path, attributes));
   // What is scheduled below it goes first at the next start, the folder after it.
-  tree->Note(std::move(removed), path, tree->all_scheduled && Schedule(path));
+  tree->Note(std::move(removed), path, true);
 }
 
 // The 8.3 form where the code page or the length leaves no other; empty when there is none.

@@ -58,7 +58,7 @@ class FileRemover {
   Outcome Erase(const std::string& path, std::uint32_t attributes);
   void Unregister(const std::string& path);
   bool MovesAtReboot() const;
-  bool Schedule(const std::string& path);
+  bool Schedule(std::vector<std::string> paths);
 
   bool Enter(const std::string& path, std::uint32_t attributes, Tree* tree);
   void RemoveEntry(const DirEntry& entry, Tree* tree);

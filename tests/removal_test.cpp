@@ -253,6 +253,11 @@ TEST_SUITE("removal") {
     CHECK(r.m.system.journal == std::vector<std::string>{"Move C:\\Evil\\a\\used.exe > ",
                                                          "Move C:\\Evil\\a > ",
                                                          "Move C:\\Evil > "});
+    Remover old(false);
+    old.m.File("C:\\Evil\\a\\used.exe", "x").Locked();
+    CHECK(old.RemoveOne(kSpyFolder, "C:\\Evil") == "p");
+    CHECK(old.m.Content("C:\\WINDOWS\\WinInit.ini") ==
+          "[Rename]\r\nNUL=C:\\Evil\\a\\used.exe\r\nDIRNUL=C:\\Evil\\a\r\nDIRNUL=C:\\Evil\r\n");
     r.settings.DeleteAfterReboot = false;
     CHECK(r.RemoveOne(kSpyFolder, "C:\\Evil") == "F");
     CHECK(r.m.Errors().find("spyFolderName: C:\\Evil") != std::string::npos);

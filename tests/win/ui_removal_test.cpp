@@ -247,6 +247,40 @@ TEST_CASE("a component is unregistered at a distance") {
   CHECK(program.Close());
 }
 
+TEST_CASE("what is in use goes at the next start, in the way of the running Windows") {
+  for (const std::string version : {"", "win98"}) {
+    CAPTURE(version);
+    PlantEvil();
+    SetWindowsVersion(version);
+    SetSetting("AutoRemove", "AutoRemove", "True");
+    SetSetting("Backup", "BackupBeforeRemoval", "False");
+    static_cast<void>(registry.DeleteValue(RootKey::LocalMachine,
+                                           "SYSTEM\\CurrentControlSet\\Control\\Session Manager",
+                                           "PendingFileRenameOperations"));
+    static_cast<void>(files.EraseFile("C:\\windows\\WinInit.ini"));
+    const FileHandle held(CreateFileA("C:\\planted\\EvilHome\\deep\\read me.txt", GENERIC_READ,
+                                      FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    REQUIRE(held);
+    Program program("\"C:\\planted\"");
+    REQUIRE(program.MainWindow());
+    const std::string outcome = CloseOutcome(&program);
+    CAPTURE(outcome);
+    CHECK(outcome.find("C:\\planted\\EvilHome - pending restart") != std::string::npos);
+    CHECK(outcome.find("C:\\planted\\evil.dll - removed") != std::string::npos);
+    RegValue pending;
+    registry.QueryValue(RootKey::LocalMachine,
+                        "SYSTEM\\CurrentControlSet\\Control\\Session Manager",
+                        "PendingFileRenameOperations", &pending);
+    const std::string ini = Content("C:\\windows\\WinInit.ini");
+    CHECK((pending.data.find("read me.txt") != std::string::npos) == version.empty());
+    CHECK(ini.starts_with(version.empty() ? "" : "[Rename]\r\nNUL=C:\\"));
+    CHECK((ini.find("\r\nDIRNUL=C:\\planted\\EvilHome\r\n") != std::string::npos) ==
+          !version.empty());
+    CHECK(program.Close());
+  }
+  SetWindowsVersion("");
+}
+
 TEST_CASE("excluded components stay away until they are taken out of the ignore list") {
   PlantEvil();
   const auto details = [](Program* program, HWND* top) {
