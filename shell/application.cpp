@@ -33,7 +33,10 @@ Application::Application(const Ports& ports, const std::string& application_fold
       loader_(reference_, lists_, matching_, *this, ports.pump, log_, folders_),
       session_({ports.files, ports.registry, ports.registry64, ports.pump, log_, ports.shell,
                 language_, settings_, lists_, built_in_, loader_, memory_, ports.versions, folders_,
-                hits_, *this, progress_}) {}
+                hits_, *this, progress_}),
+      tools_({ports.files, ports.registry, ports.registry64, ports.profiles, ports.shell,
+              ports.system, folders_},
+             ports.versions, reference_, log_, language_) {}
 
 void Application::Start() {
   log_.deleteLogFile();

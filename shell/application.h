@@ -15,6 +15,7 @@
 #include "shell/language.h"
 #include "shell/settings.h"
 #include "shell/statistics.h"
+#include "tools/tool_box.h"
 
 namespace scourwell {
 
@@ -74,6 +75,7 @@ class Application : private ScanReport, private LoadProgress {
   ReferenceFile& reference() { return reference_; }
   const ScanSession& session() const { return session_; }
   bool scanning() const { return scanning_; }
+  ToolBox& tools() { return tools_; }
 
  private:
   void CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) override;
@@ -115,6 +117,7 @@ class Application : private ScanReport, private LoadProgress {
   BuiltInLists built_in_;
   ListLoader loader_;
   ScanSession session_;
+  ToolBox tools_;
   bool scanning_ = false;
 };
 

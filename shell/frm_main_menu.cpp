@@ -21,17 +21,23 @@ void frmMainMenu::Create(HWND window, const Captions& captions) {
   Append(scan, IDM_mnuScanFolder, captions.Text(17012));
   AppendMenuA(scan, MF_SEPARATOR, 0, nullptr);
   Append(scan, IDM_mnuExit, captions.Text(17013));
+  HMENU tools = CreatePopupMenu();
+  Append(tools, IDM_mnuStartupManager, captions.Text(17201));
+  Append(tools, IDM_mnuAdwareUninstaller, captions.Text(17202));
+  Append(tools, IDM_mnuBrowserHelpers, captions.Text(17203));
   HMENU help = CreatePopupMenu();
   Append(help, IDM_mnuAbout, captions.Text(17015));
   MenuHandle old(menu_);
   menu_ = CreateMenu();
   AppendPopup(menu_, scan, captions.Text(17010));
+  AppendPopup(menu_, tools, captions.Text(17200));
   AppendPopup(menu_, help, captions.Text(17014));
   SetMenu(window, menu_);
 }
 
 void frmMainMenu::EnableScan(bool enabled) const {
-  for (const UINT id : {IDM_mnuStartScan, IDM_mnuScanFolder}) {
+  for (const UINT id : {IDM_mnuStartScan, IDM_mnuScanFolder, IDM_mnuStartupManager,
+                        IDM_mnuAdwareUninstaller, IDM_mnuBrowserHelpers}) {
     EnableMenuItem(menu_, id, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
   }
 }

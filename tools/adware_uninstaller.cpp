@@ -74,13 +74,13 @@ bool AdwareUninstaller::Load(const char* procedure, bool all, const Progress& pr
                   });
               for (std::size_t i = 0; i + 1 < keys.size(); ++i) {
                 std::string name = Read(keys[i], "DisplayName");
-                const bool shown = !name.empty() &&
-                                   (all || UpdateWildcardList(name) || UpdateExactSearchList(name));
-                if (shown) {
+                const bool adware = UpdateWildcardList(name) || UpdateExactSearchList(name);
+                if (!name.empty() && (all || adware)) {
                   rows_.push_back(
                       {keys[i],
                        {std::move(name), Read(keys[i], "Publisher"),
-                        Read(keys[i], "DisplayVersion"), Read(keys[i], "UninstallString")}});
+                        Read(keys[i], "DisplayVersion"), Read(keys[i], "UninstallString")},
+                       adware});
                 }
                 progress(i + 1, keys.size());
               }

@@ -51,6 +51,7 @@ class AdwareUninstaller : public TableModel {
   // Publisher and version of a row.
   std::string Info(std::size_t row) const;
 
+  bool IsAdware(std::size_t row) const { return rows_[row].adware; }
   const std::string& key(std::size_t row) const { return rows_[row].key; }
   std::string KeyOf(std::size_t row) const;
 
@@ -66,6 +67,7 @@ class AdwareUninstaller : public TableModel {
   struct Row {
     std::string key;
     std::vector<std::string> cells;
+    bool adware = false;
   };
 
   bool Load(const char* procedure, bool all, const Progress& progress);

@@ -117,6 +117,12 @@ bool StartupManager::MayEdit(std::size_t row) const {
   return place->kind == LocationKind::Value && IsText(ValueOfText(table_[row].command).type);
 }
 
+std::string StartupManager::ShortcutOf(std::size_t row) const {
+  const Entry& entry = table_[row];
+  return entry.place && entry.present ? needs_.locations.ShortcutPath(*entry.place, entry.name)
+                                      : std::string();
+}
+
 std::string StartupManager::EditedCommand(std::size_t row) const {
   return ShownCommand(table_[row]);
 }

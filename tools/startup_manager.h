@@ -37,6 +37,8 @@ class StartupManager : public EntryManager {
   bool AddTask(const StartupLocation& place, const std::string& name, const std::string& program);
   // Whether "keyEdit" can edit the row here; a shortcut has the system's own editor.
   bool MayEdit(std::size_t row) const;
+  // The shortcut file of a row that is in its place; empty for any other row.
+  std::string ShortcutOf(std::size_t row) const;
   // What there is to edit: the command as the user reads it.
   std::string EditedCommand(std::size_t row) const;
   bool Edit(std::size_t row, const std::string& name, const std::string& command);

@@ -12,7 +12,13 @@ inline void ShowMessage(const std::string& text, const std::string& title,
   MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(), MB_OK | icon);
 }
 
-// The same with an icon of the program's own.
+// With Yes and No; true for Yes.
+inline bool AskYesNo(const std::string& text, const std::string& title) {
+  return MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(),
+                     MB_YESNO | MB_ICONINFORMATION) == IDYES;
+}
+
+// With OK and an icon of the program's own.
 inline void ShowMessageWithIcon(HINSTANCE instance, int icon, const std::string& text,
                                 const std::string& title) {
   MSGBOXPARAMSA box = {};
