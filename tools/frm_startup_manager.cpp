@@ -34,10 +34,18 @@ std::span<const int> frmStartupManager::ColumnCaptions() const {
 }
 
 std::span<const frmTool::Column> frmStartupManager::Columns() const {
-  static constexpr Column kColumns[] = {{120, false}, {60, false},  {150, false},
-                                        {75, false},  {110, false}, {190, true},
-                                        {55, false},  {100, false}, {110, false}};
+  static constexpr Column kColumns[] = {{120, false}, {60, false},  {165, false},
+                                        {75, false},  {145, false}, {200, true},
+                                        {55, false},  {90, false},  {85, false}};
   return kColumns;
+}
+
+// What tells good from bad comes first.
+std::span<const int> frmStartupManager::ColumnOrder() const {
+  using M = StartupManager;
+  static constexpr int kOrder[] = {M::kName,     M::kStatus,  M::kSpy,   M::kFile, M::kCompany,
+                                   M::kLocation, M::kCommand, M::kScope, M::kWhen};
+  return kOrder;
 }
 
 std::span<const frmTool::Command> frmStartupManager::Commands() const {

@@ -14,6 +14,7 @@ class frmStartupManager : public frmTool {
   const TableModel& Table() const override { return manager_; }
   std::span<const int> ColumnCaptions() const override;
   std::span<const Column> Columns() const override;
+  std::span<const int> ColumnOrder() const override;
   std::span<const Command> Commands() const override;
   HMENU Menu() override;
   std::string FileOf(std::size_t row) const override;

@@ -49,6 +49,7 @@ void frmTool::OnCreate() {
   for (std::size_t i = 0; i < captions.size(); ++i) {
     list_.AddColumn(static_cast<int>(i), Text(captions[i]), metrics().Scale(columns[i].width));
   }
+  if (!ColumnOrder().empty()) list_.SetColumnOrder(ColumnOrder());
   lblStatus_.Create(env_, hwnd(), IDC_lblToolStatus);
   const auto commands = Commands();
   for (std::size_t i = 0; i < commands.size(); ++i) {
@@ -101,7 +102,14 @@ void frmTool::ShowRows() {
   lblEmpty_.Show(view_->size() == 0);
   list_.Redraw();
   ShowFigures();
+  Enable();
+}
+
+// A button that can no longer be pressed must not keep the keyboard to itself.
+void frmTool::Enable() {
+  HWND focus = GetFocus();
   EnableCommands();
+  if (focus && IsChild(hwnd(), focus) && !IsWindowEnabled(focus)) SetFocus(list_.hwnd());
 }
 
 void frmTool::ShowFigures() {
@@ -133,7 +141,7 @@ void frmTool::ShowFailures(const std::vector<std::string>& failures) const {
     text += "\r\n" + failures[i].substr(0, kLongestFailure);
   }
   if (failures.size() > kMostFailures) text += "\r\n...";
-  ShowMessage(text, Title(), MB_ICONWARNING);
+  ShowMessage(text, Text(17001), MB_ICONWARNING);
 }
 
 bool frmTool::OnKey(WPARAM key) {
@@ -217,7 +225,7 @@ LRESULT frmTool::OnNotify(NMHDR* header) {
       Sort(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem);
       return 0;
     case LVN_ITEMCHANGED:
-      EnableCommands();
+      Enable();
       return 0;
     case NM_CUSTOMDRAW:
       return Draw(reinterpret_cast<NMLVCUSTOMDRAW*>(header));

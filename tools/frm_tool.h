@@ -43,6 +43,8 @@ class frmTool : public ModalWindow {
   virtual const TableModel& Table() const = 0;
   virtual std::span<const int> ColumnCaptions() const = 0;
   virtual std::span<const Column> Columns() const = 0;
+  // As they are shown from left to right; empty: as they are numbered.
+  virtual std::span<const int> ColumnOrder() const { return {}; }
   virtual std::span<const Command> Commands() const = 0;
 
   // What it says of its rows.
@@ -87,6 +89,7 @@ class frmTool : public ModalWindow {
   void Sort(int column);
   void ShowMenu(POINT at);
   void ShowFigures();
+  void Enable();
   bool OnRowCommand(int id);
 
   const char* prefix_;

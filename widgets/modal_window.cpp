@@ -84,6 +84,13 @@ LRESULT ModalWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       // A message box of ours is asking something.
       if (IsWindowEnabled(hwnd()) && MayClose()) Close();
       return 0;
+    case WM_NEXTDLGCTL: {
+      // How an access key of a label reaches the control behind it.
+      HWND next = LOWORD(lparam) ? reinterpret_cast<HWND>(wparam)
+                                 : GetNextDlgTabItem(hwnd(), GetFocus(), wparam != 0);
+      if (next) SetFocus(next);
+      return 0;
+    }
     case WM_ACTIVATE:
       if (LOWORD(wparam) == WA_INACTIVE && IsChild(hwnd(), GetFocus())) last_focus_ = GetFocus();
       break;
