@@ -23,9 +23,9 @@ RegStatus Open(RootKey root, const std::string& path, REGSAM rights, KeyHandle* 
 
 RegStatus Create(RootKey root, const std::string& path, REGSAM view, KeyHandle* key) {
   HKEY created = nullptr;
-  const LONG status = RegCreateKeyExA(RegistryWin::Handle(root), path.c_str(), 0, nullptr,
-                                      REG_OPTION_NON_VOLATILE, KEY_ALL_ACCESS | view, nullptr,
-                                      &created, nullptr);
+  const LONG status =
+      RegCreateKeyExA(RegistryWin::Handle(root), path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                      KEY_ALL_ACCESS | view, nullptr, &created, nullptr);
   if (status == ERROR_SUCCESS) key->Reset(created);
   return status;
 }

@@ -94,7 +94,7 @@ class FakeFiles : public Files {
   std::size_t failing_change = 0;     // the one that fails; 0: none
   int change_error = kDiskFull;       // with this
   std::function<void()> before_change;
-  std::uint64_t free_space = ~0ull;   // bytes that writers can still write
+  std::uint64_t free_space = ~0ull;  // bytes that writers can still write
 
   // Made with every folder on the way; an existing item is changed.
   Node& Put(const std::string& path, std::uint32_t attributes);
