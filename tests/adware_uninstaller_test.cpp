@@ -1,6 +1,7 @@
 #include "tools/adware_uninstaller.h"
 
 #include "tests/startup_support.h"
+#include "tools/tool_box.h"
 
 namespace scourwell::test {
 namespace {
@@ -114,11 +115,32 @@ TEST_SUITE("adware_uninstaller") {
 
   TEST_CASE("details, and the key for the registry editor") {
     Installed p;
-    p.Program("a", "Bar").Value("Publisher", Z("Bar Inc"));
+    p.m.File("C:\\un.exe");
+    p.Program("a", "Bar").Value("Publisher", Z("Bar Inc")).Value("UninstallString", Z("C:\\un /x"));
     p.Program("last", "x");
     p.Shown(true);
     CHECK(p.tool.Info(0) == "<16009>\r\n\r\nBar\r\n<17271>: Bar Inc\r\n<17272>: <8629>\r\n");
+    CHECK(p.tool.FileOf(0) == "C:\\un.exe");
     CHECK(p.tool.KeyOf(0) == "HKEY_LOCAL_MACHINE\\" + std::string(kUninstall) + "a");
+  }
+}
+
+TEST_SUITE("tool_box") {
+  TEST_CASE("the registry editor is led to the key, unless it cannot be told") {
+    ToolBench b;
+    ToolBox tools(b.locations.needs(), b.m.versions, b.reference, b.log, b.captions);
+    const std::string key = "Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit";
+    CHECK(tools.OpenRegistry("").ok());
+    CHECK(b.m.registry.Text(kUser, key, "LastKey") == "(none)");
+    CHECK(tools.OpenRegistry("HKEY_LOCAL_MACHINE\\Software").ok());
+    CHECK(b.m.registry.Text(kUser, key, "LastKey") ==
+          Z("My Computer\\HKEY_LOCAL_MACHINE\\Software"));
+    b.m.registry.Find(kUser, key)->Denied();
+    CHECK(tools.OpenRegistry("HKEY_CLASSES_ROOT").number() == kPermissionDenied);
+    CHECK(tools.OpenText("c:\\autoexec.bat").ok());
+    CHECK(Lines(b.m.shell.journal) ==
+          "Start C:\\WINDOWS\\regedit.exe \nStart C:\\WINDOWS\\regedit.exe \n"
+          "Start notepad.exe c:\\autoexec.bat\n");
   }
 }
 

@@ -11,7 +11,6 @@ constexpr char kBar[] = "{11111111-1111-1111-1111-111111111111}";
 constexpr char kLost[] = "{22222222-2222-2222-2222-222222222222}";
 constexpr char kWide[] = "{33333333-3333-3333-3333-333333333333}";
 constexpr char kProfile[] = "C:\\App\\BHOProf.pro";
-constexpr RootKey kMachine = RootKey::LocalMachine;
 
 struct Helpers : ToolBench {
   Helpers() {

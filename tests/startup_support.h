@@ -93,4 +93,39 @@ inline std::string ToolBench::HexOf(const std::string& bytes) {
 
 inline std::string Z(const std::string& text) { return text + '\0'; }
 
+inline constexpr RootKey kUser = RootKey::CurrentUser;
+inline constexpr RootKey kMachine = RootKey::LocalMachine;
+
+// Something in each of the nine places.
+struct Planted : ToolBench {
+  Planted() {
+    const std::string version = "Software\\Microsoft\\Windows\\CurrentVersion\\";
+    m.registry.Make(kMachine, version + "Run")
+        .Value("Machine", Z("C:\\a.exe"))
+        .Value("", Z("C:\\unnamed.exe"))
+        .Value("Bad, name", Z("\"C:\\My Files\\b.exe\" %1"))
+        .Value("NoData", "")
+        .Value("Long", Z(std::string(10'000, 'x')));
+    m.registry.Make(kMachine, version + "RunOnce").Value("Once", "C:\\once.exe");  // without NUL
+    m.registry.Make(kMachine, version + "RunOnceEx").Value("Ex", "\1\2", kRegBinary);
+    m.registry.Make(kMachine, version + "RunServices").Value("Service", Z("srv"));
+    m.registry.Make(kUser, version + "Run").Value("User", Z("%WinDir%\\u.exe"), kRegExpandText);
+    m.File(kWinIni,
+           "[windows]\r\nload=\r\nrun=C:\\one.exe, two  \"C:\\a b.exe\"\r\n[x]\r\nrun=no\r\n");
+    m.File(std::string(kUserStartup) + "\\Tray.lnk",
+           FakeShell::MakeShortcut("C:\\My Files\\t.exe", "/q"))
+        .ReadOnly()
+        .Times(77, 78);
+    m.File(std::string(kUserStartup) + "\\Broken.LNK", "no shortcut at all");
+    m.File(std::string(kUserStartup) + "\\desktop.ini");
+    m.File(std::string(kCommonStartup) + "\\Office.lnk", FakeShell::MakeShortcut("C:\\o.exe", ""));
+    m.File("C:\\a.exe");
+  }
+};
+
+// Every row disabled, or enabled again.
+inline void ToggleAll(StartupManager& manager) {
+  for (std::size_t row = 0; row < manager.size(); ++row) manager.cmdDisable_Click(row);
+}
+
 }  // namespace scourwell::test

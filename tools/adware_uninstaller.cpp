@@ -116,6 +116,11 @@ std::string AdwareUninstaller::Info(std::size_t row) const {
   return text;
 }
 
+std::string AdwareUninstaller::FileOf(std::size_t row) const {
+  ProgramOf program = FindProgram(Cell(row, kCommand), needs_.files, needs_.folders, needs_.system);
+  return program.exists ? std::move(program.path) : std::string();
+}
+
 std::string AdwareUninstaller::KeyOf(std::size_t row) const {
   return std::string(NameFromRoot(kMachine)) + "\\" + PathOf(rows_[row].key);
 }

@@ -51,6 +51,8 @@ class AdwareUninstaller : public TableModel {
   // Publisher and version of a row.
   std::string Info(std::size_t row) const;
 
+  // The program that its command starts; empty when there is none.
+  std::string FileOf(std::size_t row) const;
   bool IsAdware(std::size_t row) const { return rows_[row].adware; }
   const std::string& key(std::size_t row) const { return rows_[row].key; }
   std::string KeyOf(std::size_t row) const;

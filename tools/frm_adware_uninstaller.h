@@ -20,7 +20,7 @@ class frmAdwareUninstaller : public frmTool {
   std::span<const Command> Commands() const override;
   void OnCreate() override;
   void OnSize(Area area) override;
-  std::string FileOf(std::size_t) const override { return {}; }
+  std::string FileOf(std::size_t row) const override { return uninstaller_.FileOf(row); }
   std::string KeyOf(std::size_t row) const override { return uninstaller_.KeyOf(row); }
   bool IsMarked(std::size_t row) const override { return uninstaller_.IsAdware(row); }
   std::string Figures() const override { return uninstaller_.StatusText(); }
