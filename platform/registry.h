@@ -65,6 +65,8 @@ class Registry {
   // kRegNotFound leaves *value as it was. An empty name is the key's unnamed value.
   virtual RegStatus QueryValue(RootKey root, const std::string& path, const std::string& name,
                                RegValue* value) = 0;
+  // Makes the key and those on the way to it; one that is there already is success.
+  virtual RegStatus CreateKey(RootKey root, const std::string& path) = 0;
   // Creates the key when it is missing. `data` is stored as it is, without an added NUL.
   virtual RegStatus SetValue(RootKey root, const std::string& path, const std::string& name,
                              const RegValue& value) = 0;

@@ -31,6 +31,15 @@ class Shell {
   // The path that a shortcut file leads to; empty when it leads to no file. The target need not
   // exist: it is not looked for, the shortcut is not changed, and no window is shown.
   virtual Outcome ShortcutTarget(const std::string& link, std::string* target) = 0;
+  // What follows the target in the command that a shortcut file runs; may be empty.
+  virtual Outcome ShortcutArguments(const std::string& link, std::string* arguments) = 0;
+  // Makes a shortcut file. kFileExists when anything of that name is there; the target need not
+  // exist.
+  virtual Outcome CreateShortcut(const std::string& link, const std::string& target,
+                                 const std::string& arguments) = 0;
+  // Starts a whole command line in a normal window, the program found as the system finds it, and
+  // does not wait for it. kFileNotFound: there is no such program.
+  virtual Outcome StartCommand(const std::string& command_line) = 0;
   // A plain message box with OK.
   virtual void Message(const std::string& text, const std::string& title) = 0;
 };

@@ -43,7 +43,10 @@ Application::Application(const Ports& ports, const std::string& application_fold
                 ports.registry,
                 ports.registry64,
                 language_,
-                hits_}) {}
+                hits_}),
+      tools_({ports.files, ports.registry, ports.registry64, ports.profiles, ports.shell,
+              ports.system, folders_},
+             ports.versions, reference_, log_, language_) {}
 
 void Application::Start() {
   log_.deleteLogFile();

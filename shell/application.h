@@ -17,6 +17,7 @@
 #include "shell/language.h"
 #include "shell/settings.h"
 #include "shell/statistics.h"
+#include "tools/tool_box.h"
 
 namespace scourwell {
 
@@ -93,6 +94,7 @@ class Application : private ScanReport, private LoadProgress {
   bool scanning() const { return scanning_; }
   // A scan, a backup or a removal is under way.
   bool busy() const { return scanning_ || working_; }
+  ToolBox& tools() { return tools_; }
 
  private:
   void CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) override;
@@ -137,6 +139,7 @@ class Application : private ScanReport, private LoadProgress {
   Backups backups_;
   RegistryAccess registry_access_;
   Removal removal_;
+  ToolBox tools_;
   bool scanning_ = false;
   bool working_ = false;
 };

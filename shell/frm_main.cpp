@@ -6,6 +6,9 @@
 #include "backup/frm_ignore.h"
 #include "platform/file_utils.h"
 #include "shell/frm_splash.h"
+#include "tools/frm_adware_uninstaller.h"
+#include "tools/frm_bho.h"
+#include "tools/frm_startup_manager.h"
 #include "widgets/folder_dialog.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
@@ -180,6 +183,23 @@ bool frmMain::OnCommand(int id) {
       return true;
     case IDM_mnuIgnoreList:
       ShowIgnoreList();
+      return true;
+    default:
+      return ShowTool(id);
+  }
+}
+
+bool frmMain::ShowTool(int id) {
+  if (app_.scanning()) return false;
+  switch (id) {
+    case IDM_mnuStartupManager:
+      frmStartupManager(shared_, app_.tools()).ShowModal(hwnd());
+      return true;
+    case IDM_mnuAdwareUninstaller:
+      frmAdwareUninstaller(shared_, app_.tools()).ShowModal(hwnd());
+      return true;
+    case IDM_mnuBrowserHelpers:
+      frmBHO(shared_, app_.tools()).ShowModal(hwnd());
       return true;
     default:
       return false;

@@ -48,6 +48,7 @@ class frmMain : public Window, public FormHost {
   void StartScan();
   void ScanFolder();
   void OpenScan(const std::string& path);
+  bool ShowTool(int id);
   void ShowAbout();
   void ShowBackups();
   void ShowIgnoreList();

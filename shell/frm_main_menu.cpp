@@ -22,6 +22,10 @@ void frmMainMenu::Create(HWND window, const Captions& captions) {
   AppendMenuA(scan, MF_SEPARATOR, 0, nullptr);
   Append(scan, IDM_mnuExit, captions.Text(17013));
   HMENU tools = CreatePopupMenu();
+  Append(tools, IDM_mnuStartupManager, captions.Text(17201));
+  Append(tools, IDM_mnuAdwareUninstaller, captions.Text(17202));
+  Append(tools, IDM_mnuBrowserHelpers, captions.Text(17203));
+  AppendMenuA(tools, MF_SEPARATOR, 0, nullptr);
   Append(tools, IDM_mnuBackups, captions.Text(17149));
   Append(tools, IDM_mnuIgnoreList, captions.Text(17150));
   HMENU help = CreatePopupMenu();
@@ -35,7 +39,8 @@ void frmMainMenu::Create(HWND window, const Captions& captions) {
 }
 
 void frmMainMenu::EnableScan(bool enabled) const {
-  for (const UINT id : {IDM_mnuStartScan, IDM_mnuScanFolder, IDM_mnuBackups, IDM_mnuIgnoreList}) {
+  for (const UINT id : {IDM_mnuStartScan, IDM_mnuScanFolder, IDM_mnuBackups, IDM_mnuIgnoreList,
+                        IDM_mnuStartupManager, IDM_mnuAdwareUninstaller, IDM_mnuBrowserHelpers}) {
     EnableMenuItem(menu_, id, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
   }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 #include "widgets/subclassed_control.h"
 
 namespace scourwell {
@@ -13,6 +15,10 @@ class ListView : public SubclassedControl {
   }
   int ColumnWidth(int column) const {
     return static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
+  }
+  // The numbers of all columns, as they are shown from left to right.
+  void SetColumnOrder(std::span<const int> columns) const {
+    Send(LVM_SETCOLUMNORDERARRAY, columns.size(), reinterpret_cast<LPARAM>(columns.data()));
   }
   // The arrow in a column's header. Systems whose headers have none ignore it.
   void ShowSortArrow(int column, bool ascending) const;

@@ -13,9 +13,9 @@ inline void ShowMessage(const std::string& text, const std::string& title,
 }
 
 // Yes or No; closing the box means No.
-inline bool AskYesNo(const std::string& text, const std::string& title) {
-  return MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(), MB_YESNO | MB_ICONQUESTION) ==
-         IDYES;
+inline bool AskYesNo(const std::string& text, const std::string& title,
+                     UINT icon = MB_ICONQUESTION) {
+  return MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(), MB_YESNO | icon) == IDYES;
 }
 
 // OK or Cancel.
@@ -24,7 +24,7 @@ inline bool AskOkCancel(const std::string& text, const std::string& title) {
                      MB_OKCANCEL | MB_ICONQUESTION) == IDOK;
 }
 
-// A message with an icon of the program's own.
+// With OK and an icon of the program's own.
 inline void ShowMessageWithIcon(HINSTANCE instance, int icon, const std::string& text,
                                 const std::string& title) {
   MSGBOXPARAMSA box = {};

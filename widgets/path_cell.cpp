@@ -17,14 +17,16 @@ RowColours ColoursOf(const ListView& list, int row) {
 
 }  // namespace
 
-void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::string& path) {
+void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::string& path,
+                  std::optional<COLORREF> text) {
   const auto row = static_cast<int>(draw.nmcd.dwItemSpec);
   const RowColours colours = ColoursOf(list, row);
   RECT cell = list.CellArea(row, draw.iSubItem);
   FillRect(draw.nmcd.hdc, &cell, GetSysColorBrush(colours.back));
   InflateRect(&cell, -list.CellPadding(), 0);
   SetBkMode(draw.nmcd.hdc, TRANSPARENT);
-  SetTextColor(draw.nmcd.hdc, GetSysColor(colours.text));
+  const bool plain = text && colours.back == COLOR_WINDOW;
+  SetTextColor(draw.nmcd.hdc, plain ? *text : GetSysColor(colours.text));
   DrawTextA(draw.nmcd.hdc, path.c_str(), static_cast<int>(path.size()), &cell,
             DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS);
 }

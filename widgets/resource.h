@@ -26,6 +26,25 @@
 #define IDM_mnuDelete 40014
 #define IDM_mnuExclude 40015
 
+// The tools: entries of frmMain
+#define IDM_mnuStartupManager 40100
+#define IDM_mnuAdwareUninstaller 40101
+#define IDM_mnuBrowserHelpers 40102
+// frmStartupManager; the names are those of the program's menu keys
+#define IDM_keyEdit 40110
+#define IDM_keyAutoexec 40111
+#define IDM_keyConfig 40112
+#define IDM_keyRegistry 40113
+#define IDM_keySave 40114
+#define IDM_keyLoad 40115
+#define IDM_keyResetAll 40116
+#define IDM_keyAddTask 40117
+// Popup menu of the tools' lists
+#define IDM_mnuCopyRow 40120
+#define IDM_mnuFileProperties 40121
+#define IDM_mnuOpenKey 40122
+#define IDM_mnuRefresh 40123
+
 // frmMain; its pages get numbers from IDC_FirstPage on
 #define IDC_StatusBar 1001
 #define IDC_MdiClient 1002
@@ -147,3 +166,32 @@
 #define IDC_lblSplashName 1501
 #define IDC_lblSplashVersion 1502
 #define IDC_lblSplashText 1503
+
+// The tools: frmStartupManager, frmAdwareUninstaller, frmBHO
+#define IDC_ToolHeader 2000
+#define IDC_lblToolHeading 2001
+#define IDC_lblToolText 2002
+#define IDC_lblFilter 2003
+#define IDC_txtFilter 2004
+#define IDC_lstTool 2005
+#define IDC_lblToolEmpty 2006
+#define IDC_lblToolStatus 2007
+#define IDC_cmdToolClose 2008
+#define IDC_prgTool 2009
+#define IDC_cmdDisable 2010
+#define IDC_cmdToolRemove 2011
+#define IDC_cmdApply 2012
+#define IDC_cmdViewInfo 2013
+#define IDC_cmdShowAll 2014
+#define IDC_cmdShowSpies 2015
+
+// frmAddTask
+#define IDC_lblTaskLocation 2050
+#define IDC_cboTaskLocation 2051
+#define IDC_lblTaskName 2052
+#define IDC_txtTaskName 2053
+#define IDC_lblTaskProgram 2054
+#define IDC_txtTaskProgram 2055
+#define IDC_cmdTaskBrowse 2056
+#define IDC_cmdTaskOk 2057
+#define IDC_cmdTaskCancel 2058

@@ -2,9 +2,7 @@
 
 #include <windows.h>
 
-#include <objbase.h>
 #include <shellapi.h>
-#include <shlobj.h>
 
 #include "platform/text.h"
 #include "platform/win/unique_handle.h"
@@ -37,23 +35,6 @@ Outcome Execute(const char* verb, const std::string& file, const std::string& ar
   // Up to 32 it is an error code of the system's oldest kind.
   return result > 32 ? Outcome() : FailedWith(static_cast<DWORD>(result));
 }
-
-// Owns one reference to a COM object.
-template <class Interface>
-class ComPointer {
- public:
-  ComPointer() = default;
-  ComPointer(const ComPointer&) = delete;
-  ComPointer& operator=(const ComPointer&) = delete;
-  ~ComPointer() {
-    if (object_) object_->Release();
-  }
-  Interface* operator->() const { return object_; }
-  void** out() { return reinterpret_cast<void**>(&object_); }
-
- private:
-  Interface* object_ = nullptr;
-};
 
 }  // namespace
 
@@ -120,36 +101,21 @@ Outcome ShellWin::Start(const std::string& program, const std::string& arguments
   return Execute("open", program, arguments);
 }
 
-ShellWin::~ShellWin() {
-  if (com_ready_) CoUninitialize();
-}
-
-Outcome ShellWin::ShortcutTarget(const std::string& link, std::string* target) {
-  if (!com_tried_) {
-    com_tried_ = true;
-    com_ready_ = SUCCEEDED(CoInitialize(nullptr));
-  }
-  ComPointer<IShellLinkA> shortcut;
-  HRESULT result = CoCreateInstance(__uuidof(ShellLink), nullptr, CLSCTX_INPROC_SERVER,
-                                    __uuidof(IShellLinkA), shortcut.out());
-  ComPointer<IPersistFile> file;
-  if (SUCCEEDED(result)) result = shortcut->QueryInterface(__uuidof(IPersistFile), file.out());
-  WCHAR wide[MAX_PATH];
-  if (SUCCEEDED(result) && !MultiByteToWideChar(CP_ACP, 0, link.c_str(), -1, wide, MAX_PATH)) {
+// WinExec returns only once the new program waits for input, and names no reason.
+Outcome ShellWin::StartCommand(const std::string& command_line) {
+  std::string line = command_line;
+  STARTUPINFOA startup = {};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESHOWWINDOW;
+  startup.wShowWindow = SW_SHOWNORMAL;
+  PROCESS_INFORMATION started = {};
+  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                      &started)) {
     return FailedWith(GetLastError());
   }
-  if (SUCCEEDED(result)) result = file->Load(wide, STGM_READ);
-  // Not Resolve: it searches the disk, writes to the shortcut and may install programs.
-  char path[MAX_PATH] = "";
-  WIN32_FIND_DATAA unused = {};
-  if (SUCCEEDED(result)) result = shortcut->GetPath(path, MAX_PATH, &unused, 0);
-  if (SUCCEEDED(result)) {
-    *target = result == S_OK ? path : "";
-    return {};
-  }
-  return HRESULT_FACILITY(result) == FACILITY_WIN32
-             ? FailedWith(static_cast<DWORD>(HRESULT_CODE(result)))
-             : Outcome::Failed(kPathFileAccess, "The shortcut cannot be read");
+  CloseHandle(started.hThread);
+  CloseHandle(started.hProcess);
+  return {};
 }
 
 void ShellWin::Message(const std::string& text, const std::string& title) {

@@ -37,9 +37,15 @@ class ShellWin : public Shell {
   Outcome Run(const std::string& command_line, std::uint32_t limit) override;
   Outcome CallExport(const std::string& library, const std::string& name) override;
   Outcome ShortcutTarget(const std::string& link, std::string* target) override;
+  Outcome ShortcutArguments(const std::string& link, std::string* arguments) override;
+  Outcome CreateShortcut(const std::string& link, const std::string& target,
+                         const std::string& arguments) override;
+  Outcome StartCommand(const std::string& command_line) override;
   void Message(const std::string& text, const std::string& title) override;
 
  private:
+  void StartCom();
+
   bool com_tried_ = false;  // asked for when the first shortcut is read
   bool com_ready_ = false;
 };

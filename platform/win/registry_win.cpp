@@ -21,6 +21,15 @@ RegStatus Open(RootKey root, const std::string& path, REGSAM rights, KeyHandle* 
   return status;
 }
 
+RegStatus Create(RootKey root, const std::string& path, REGSAM view, KeyHandle* key) {
+  HKEY created = nullptr;
+  const LONG status =
+      RegCreateKeyExA(RegistryWin::Handle(root), path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                      KEY_ALL_ACCESS | view, nullptr, &created, nullptr);
+  if (status == ERROR_SUCCESS) key->Reset(created);
+  return status;
+}
+
 const BYTE* Bytes(const std::string& text) { return reinterpret_cast<const BYTE*>(text.data()); }
 BYTE* Bytes(std::string& text) { return reinterpret_cast<BYTE*>(text.data()); }
 
@@ -77,14 +86,15 @@ RegStatus RegistryWin::QueryValue(RootKey root, const std::string& path, const s
   return status == kRegOk ? ReadData(key.get(), name.c_str(), value) : status;
 }
 
+RegStatus RegistryWin::CreateKey(RootKey root, const std::string& path) {
+  KeyHandle key;
+  return Create(root, path, view_, &key);
+}
+
 RegStatus RegistryWin::SetValue(RootKey root, const std::string& path, const std::string& name,
                                 const RegValue& value) {
-  HKEY created = nullptr;
-  const LONG status =
-      RegCreateKeyExA(Handle(root), path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                      KEY_ALL_ACCESS | view_, nullptr, &created, nullptr);
-  if (status != ERROR_SUCCESS) return status;
-  const KeyHandle key(created);
+  KeyHandle key;
+  if (const RegStatus status = Create(root, path, view_, &key)) return status;
   return RegSetValueExA(key.get(), name.c_str(), 0, value.type, Bytes(value.data),
                         static_cast<DWORD>(value.data.size()));
 }

@@ -20,6 +20,7 @@ class RegistryWin : public Registry {
   RegStatus TryOpen(RootKey root, const std::string& path, std::uint32_t rights) override;
   RegStatus QueryValue(RootKey root, const std::string& path, const std::string& name,
                        RegValue* value) override;
+  RegStatus CreateKey(RootKey root, const std::string& path) override;
   RegStatus SetValue(RootKey root, const std::string& path, const std::string& name,
                      const RegValue& value) override;
   RegStatus DeleteValue(RootKey root, const std::string& path, const std::string& name) override;

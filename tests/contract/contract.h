@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/profiles.h"
 #include "platform/registry.h"
+#include "platform/shell.h"
 
 namespace scourwell::test {
 
@@ -21,6 +22,7 @@ class ContractMachine {
   virtual Registry& registry() = 0;
   virtual Profiles& profiles() = 0;
   virtual Clock& clock() = 0;
+  virtual Shell& shell() = 0;
 
   // E.g. "C:\contract": an absolute path of at most 40 characters that does not end in "\".
   virtual std::string folder() = 0;

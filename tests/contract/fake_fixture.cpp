@@ -14,6 +14,7 @@ class FakeContractMachine : public ContractMachine {
   Registry& registry() override { return m_.registry; }
   Profiles& profiles() override { return m_.profiles; }
   Clock& clock() override { return m_.clock; }
+  Shell& shell() override { return m_.shell; }
   std::string folder() override { return "C:\\contract"; }
   std::string key() override { return "Software\\Contract"; }
   void MakeFolder(const std::string& path) override { m_.Folder(path); }

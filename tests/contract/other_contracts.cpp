@@ -87,6 +87,16 @@ TEST_SUITE("contract_registry") {
     CHECK(r.Values("") == "");
   }
 
+  TEST_CASE("a key is made with those above it, and one that is there stays as it is") {
+    InRegistry r;
+    CHECK(r.registry.CreateKey(kUser, r.root + "\\a\\b") == kRegOk);
+    CHECK(r.Keys("\\a") == "b ");
+    CHECK(r.Values("\\a\\b") == "");
+    r.Set("\\a\\b", "v", "1");
+    CHECK(r.registry.CreateKey(kUser, r.root + "\\A\\B") == kRegOk);
+    CHECK(r.Values("\\a\\b") == "v=31 ");
+  }
+
   TEST_CASE("keys are opened and enumerated") {
     InRegistry r;
     for (const char* path : {"\\b", "\\A", "\\b\\deep", "\\c"}) r.Set(path, "v", "1");

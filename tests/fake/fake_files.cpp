@@ -128,6 +128,7 @@ int FakeFiles::Begin(const std::string& call) {
 }
 
 int FakeFiles::BeginChange(const std::string& call) {
+  if (before_change) before_change();
   if (++changes == failing_change) {
     journal.push_back("Failing " + call);
     return change_error;

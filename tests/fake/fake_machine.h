@@ -93,7 +93,8 @@ class FakeFiles : public Files {
   std::size_t changes = 0;            // writes, renames, deletions and the like so far
   std::size_t failing_change = 0;     // the one that fails; 0: none
   int change_error = kDiskFull;       // with this
-  std::uint64_t free_space = ~0ull;   // bytes that writers can still write
+  std::function<void()> before_change;
+  std::uint64_t free_space = ~0ull;  // bytes that writers can still write
 
   // Made with every folder on the way; an existing item is changed.
   Node& Put(const std::string& path, std::uint32_t attributes);
@@ -169,6 +170,7 @@ class FakeRegistry : public Registry {
  public:
   std::vector<std::string> journal;  // "DeleteKey path"
   bool deletes_trees = false;        // as Windows 95, 98 and Me
+  std::function<void()> before_change;
 
   Key& Make(RootKey root, const std::string& path);
   Key* Find(RootKey root, const std::string& path);
@@ -177,6 +179,7 @@ class FakeRegistry : public Registry {
   RegStatus TryOpen(RootKey root, const std::string& path, std::uint32_t rights) override;
   RegStatus QueryValue(RootKey root, const std::string& path, const std::string& name,
                        RegValue* value) override;
+  RegStatus CreateKey(RootKey root, const std::string& path) override;
   RegStatus SetValue(RootKey root, const std::string& path, const std::string& name,
                      const RegValue& value) override;
   RegStatus DeleteValue(RootKey root, const std::string& path, const std::string& name) override;
@@ -245,6 +248,8 @@ class FakeSystem : public System {
 
 class FakeShell : public Shell {
  public:
+  explicit FakeShell(FakeFiles& files) : files_(files) {}
+
   std::vector<std::string> journal;  // "Message text/title", "Open path", ...
   std::map<std::string, std::string, NoCaseLess> shortcuts;  // targets; others are damaged
   std::function<void(const std::string& command)> on_run;
@@ -265,11 +270,22 @@ class FakeShell : public Shell {
     return call_error ? Outcome::Failed(call_error) : Outcome();
   }
   Outcome ShortcutTarget(const std::string& link, std::string* target) override;
+  Outcome ShortcutArguments(const std::string& link, std::string* arguments) override;
+  // The file says what the shortcut leads to: MakeShortcut is its form.
+  Outcome CreateShortcut(const std::string& link, const std::string& target,
+                         const std::string& arguments) override;
+  static std::string MakeShortcut(const std::string& target, const std::string& arguments) {
+    return "LNK " + target + "|" + arguments;
+  }
+  Outcome StartCommand(const std::string& command_line) override;
   void Message(const std::string& text, const std::string& title) override {
     static_cast<void>(Note("Message " + text + "/" + title));
   }
 
  private:
+  Outcome ReadShortcut(const std::string& link, std::string* target, std::string* arguments);
+
+  FakeFiles& files_;
   Outcome Note(std::string line) {
     journal.push_back(std::move(line));
     return {};
@@ -320,7 +336,7 @@ class FakeMachine {
   FakeProfiles profiles{files};
   FakeClock clock;
   FakeSystem system;
-  FakeShell shell;
+  FakeShell shell{files};
   FakeVersions versions;
   FakeProcesses processes;
   FakePump pump;

@@ -89,8 +89,22 @@ RegStatus FakeRegistry::QueryValue(RootKey root, const std::string& path, const 
   return kRegNotFound;
 }
 
+RegStatus FakeRegistry::CreateKey(RootKey root, const std::string& path) {
+  if (before_change) before_change();
+  if (path.starts_with("\\")) return kRegBadPath;
+  // What denies changes denies keys below it too.
+  for (std::size_t slash = path.size(); slash != path.npos; slash = path.rfind('\\', slash - 1)) {
+    const Key* key = Find(root, path.substr(0, slash));
+    if (key && key->denied && slash != path.size()) return kRegAccessDenied;
+    if (key || slash == 0) break;
+  }
+  Make(root, path);
+  return kRegOk;
+}
+
 RegStatus FakeRegistry::SetValue(RootKey root, const std::string& path, const std::string& name,
                                  const RegValue& value) {
+  if (before_change) before_change();
   const RegStatus opened = TryOpen(root, path, kKeyAllRights);
   if (opened != kRegOk && opened != kRegNotFound) return opened;
   Make(root, path).Value(name, value.data, value.type);
@@ -99,6 +113,7 @@ RegStatus FakeRegistry::SetValue(RootKey root, const std::string& path, const st
 
 RegStatus FakeRegistry::DeleteValue(RootKey root, const std::string& path,
                                     const std::string& name) {
+  if (before_change) before_change();
   if (const RegStatus opened = TryOpen(root, path, kKeyAllRights)) return opened;
   const std::size_t gone = std::erase_if(
       Find(root, path)->values, [&](const auto& value) { return EqualsNoCase(value.first, name); });
@@ -106,6 +121,7 @@ RegStatus FakeRegistry::DeleteValue(RootKey root, const std::string& path,
 }
 
 RegStatus FakeRegistry::DeleteKeyCall(RootKey root, const std::string& path) {
+  if (before_change) before_change();
   journal.push_back("DeleteKey " + path);
   std::string name;
   const std::string parent = SplitLast(path, &name);

@@ -107,12 +107,46 @@ Outcome FakeSystem::MoveAtReboot(const std::string& path, const std::string& tar
   return {};
 }
 
+Outcome FakeShell::ReadShortcut(const std::string& link, std::string* target,
+                                std::string* arguments) {
+  std::string content;
+  if (!files_.Read(link, 1 << 20, &content).ok()) return Outcome::Failed(kFileNotFound);
+  const std::size_t bar = content.find('|');
+  if (!content.starts_with("LNK ") || bar == content.npos) return Outcome::Failed(kPathFileAccess);
+  *target = content.substr(4, bar - 4);
+  *arguments = content.substr(bar + 1);
+  return {};
+}
+
 Outcome FakeShell::ShortcutTarget(const std::string& link, std::string* target) {
   journal.push_back("Shortcut " + link);
   const auto shortcut = shortcuts.find(link);
-  if (shortcut == shortcuts.end()) return Outcome::Failed(kPathFileAccess);
+  std::string unused;
+  if (shortcut == shortcuts.end()) return ReadShortcut(link, target, &unused);
   *target = shortcut->second;
   return {};
+}
+
+Outcome FakeShell::ShortcutArguments(const std::string& link, std::string* arguments) {
+  std::string unused;
+  return ReadShortcut(link, &unused, arguments);
+}
+
+Outcome FakeShell::CreateShortcut(const std::string& link, const std::string& target,
+                                  const std::string& arguments) {
+  DirEntry entry;
+  if (files_.Stat(link, &entry).ok()) return Outcome::Failed(kFileExists);
+  return files_.Replace(link, MakeShortcut(target, arguments));
+}
+
+Outcome FakeShell::StartCommand(const std::string& command_line) {
+  journal.push_back("Run " + command_line);
+  DirEntry entry;
+  const std::size_t quote = command_line.find('"', 1);
+  const std::string program = command_line.starts_with("\"")
+                                  ? command_line.substr(1, quote - 1)
+                                  : command_line.substr(0, command_line.find(' '));
+  return files_.Stat(program, &entry).ok() ? Outcome() : Outcome::Failed(kFileNotFound);
 }
 
 Outcome FakeVersions::ReadBlock(const std::string& path, std::string* block) {

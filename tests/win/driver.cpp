@@ -161,6 +161,10 @@ std::string Text(HWND window) {
   return text;
 }
 
+void SetText(HWND window, const std::string& text) {
+  Send(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
 // Posted, not sent: what it opens may wait for the user.
 void Click(HWND button) { PostMessageA(button, BM_CLICK, 0, 0); }
 void Command(HWND top, int id) { PostMessageA(top, WM_COMMAND, static_cast<WPARAM>(id), 0); }
@@ -187,6 +191,18 @@ std::vector<ListRow> ListRows(HWND list) {
     rows.push_back(row);
   }
   return rows;
+}
+
+void SelectRow(HWND list, int row) {
+  Remote remote(list);
+  LVITEMA item = {};
+  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+  for (const bool selected : {false, true}) {
+    item.state = selected ? item.stateMask : 0;
+    remote.Put(&item, sizeof item);
+    Send(list, LVM_SETITEMSTATE, static_cast<WPARAM>(selected ? row : -1),
+         reinterpret_cast<LPARAM>(remote.at()));
+  }
 }
 
 std::vector<TreeRow> TreeRows(HWND tree) {

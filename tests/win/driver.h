@@ -41,6 +41,7 @@ HWND Control(HWND top, int id);
 // Waits until the control is visible and enabled.
 HWND ReadyControl(HWND top, int id, DWORD milliseconds = 20000);
 std::string Text(HWND window);
+void SetText(HWND window, const std::string& text);
 void Click(HWND button);
 void Command(HWND top, int id);
 
@@ -49,6 +50,9 @@ struct ListRow {
   std::vector<std::string> texts;
 };
 std::vector<ListRow> ListRows(HWND list);
+
+// Selects one row of a list alone.
+void SelectRow(HWND list, int row);
 
 struct TreeRow {
   int depth;

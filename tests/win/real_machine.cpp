@@ -49,6 +49,7 @@ class RealContractMachine : public ContractMachine {
   Registry& registry() override { return registry_; }
   Profiles& profiles() override { return profiles_; }
   Clock& clock() override { return clock_; }
+  Shell& shell() override { return shell_; }
   std::string folder() override { return kFolder; }
   std::string key() override { return kKey; }
   void MakeFolder(const std::string& path) override { CreateDirectoryA(path.c_str(), nullptr); }
@@ -76,6 +77,7 @@ class RealContractMachine : public ContractMachine {
   RegistryWin registry_;
   ProfilesWin profiles_;
   ClockWin clock_;
+  ShellWin shell_;
 };
 
 }  // namespace

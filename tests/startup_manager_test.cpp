@@ -1,0 +1,226 @@
+#include "tools/startup_manager.h"
+
+#include "tests/startup_support.h"
+
+namespace scourwell::test {
+
+TEST_SUITE("startup_manager") {
+  TEST_CASE("all nine places are listed, with file, company and spy") {
+    Planted p;
+    p.m.File("C:\\App\\Ini\\update.ref",
+             Definitions()
+                 .Entry("SAFI", {"SAFIT", "SAFIS"}, {"Adware.O", "o.exe"})
+                 .Entry("REGV", {"REGVT", "REGVK", "REGVV"},
+                        {"Adware.V", "HKEY_LOCAL_MACHINE\\" + std::string(kRun), "Machine"})
+                 .Text());
+    p.m.versions.blocks["C:\\a.exe"] = VersionBlock().Text("CompanyName", "Acme").Make();
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    CHECK(p.Rows(manager, {0, 1, 2, 3, 4, 6, 7, 8}) ==
+          "Machine|<413>|<419>(Machine Run)|<416>|<420>|<17234>|Acme|Adware.V|\n"
+          "<17236>|<413>|<419>(Machine Run)|<416>|<420>|<17235>|||\n"
+          "Bad, name|<413>|<419>(Machine Run)|<416>|<420>|<17235>|||\n"
+          "NoData|<413>|<419>(Machine Run)|<416>|<420>|<17235>|||\n"
+          "Long|<413>|<419>(Machine Run)|<416>|<420>|<17235>|||\n"
+          "Once|<413>|<419>(Machine RunOnce)|<416>|<420>|<17235>|||\n"
+          "Ex|<413>|<419>(Machine RunOnceEx)|<416>|<420>|<17235>|||\n"
+          "Service|<413>|<419>(Machine RunServices)|<416>|<420>|<17235>|||\n"
+          "User|<413>|<426>|<415>|<418>|<17235>|||\n"
+          "C:\\one.exe|<413>|<433>|<416>|<420>|<17235>|||\n"
+          "two|<413>|<433>|<416>|<420>|<17235>|||\n"
+          "C:\\a b.exe|<413>|<433>|<416>|<420>|<17235>|||\n"
+          "Tray|<413>|<430>|<415>|<418>|<17235>|||\n"
+          "Broken|<413>|<430>|<415>|<418>|<17235>|||\n"
+          "Office|<413>|<431>|<416>|<420>|<17235>||Adware.O|\n");
+    CHECK(manager.Cell(p.RowOf(manager, "Tray"), StartupManager::kCommand) ==
+          "\"C:\\My Files\\t.exe\" /q");
+    CHECK(manager.Cell(p.RowOf(manager, "User"), StartupManager::kCommand) == "%WinDir%\\u.exe");
+    CHECK(manager.Cell(p.RowOf(manager, "Ex"), StartupManager::kCommand) == "01 02");
+    CHECK(manager.KeyOf(0) == "HKEY_LOCAL_MACHINE\\" + std::string(kRun));
+    CHECK(manager.KeyOf(p.RowOf(manager, "Tray")) == "");
+    CHECK_FALSE(manager.IsChanged());
+    CHECK(p.m.Errors() == "");
+  }
+
+  TEST_CASE("what is disabled leaves its place, outlives the run and comes back as it was") {
+    Planted p;
+    const std::string before = p.State();
+    {
+      StartupManager manager(p.needs);
+      manager.Form_Load();
+      ToggleAll(manager);
+      CHECK(manager.IsChanged());
+      CHECK(p.State() == before);  // marks change nothing
+      CHECK(manager.ApplyNow());
+      CHECK(manager.disabled_count() == 15);
+      CHECK_FALSE(manager.IsChanged());
+    }
+    CHECK(p.State().find("exe") == std::string::npos);
+    CHECK(p.m.Content(kWinIni) == "[windows]\r\nload=\r\nrun=\r\n[x]\r\nrun=no\r\n");
+    CHECK_FALSE(p.m.Has(std::string(kUserStartup) + "\\Tray.lnk"));
+    CHECK(
+        p.m.Content(kSaveProf).starts_with("Machine\r\nDisabled\r\nRegistry(Machine Run)\r\n"
+                                           "All Users\r\nAny User Logs On\r\nC:\\a.exe\r\n"));
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    CHECK(manager.disabled_count() == 15);
+    CHECK(manager.Cell(0, StartupManager::kStatus) == "<423>");
+    // In two steps and another order.
+    for (std::size_t row = 1; row < manager.size(); row += 2) manager.cmdDisable_Click(row);
+    CHECK(manager.ApplyNow());
+    manager.Form_Load();
+    for (std::size_t row = 0; row < manager.size(); ++row) {
+      if (manager.status(row) == EntryStatus::Disabled) manager.cmdDisable_Click(row);
+    }
+    CHECK(manager.ApplyNow());
+    CHECK(p.State() == before);
+    CHECK_FALSE(p.m.Has(kSaveProf));
+    CHECK_FALSE(p.m.Has(std::string(kKept) + "Tray.lnk"));
+    CHECK_FALSE(p.m.Has("C:\\App\\Disabled Startup\\win.ini\\Run.txt"));
+    CHECK(p.m.Errors() == "");
+  }
+
+  // A machine that stops before any one of its changes: at the next start every entry is in its
+  // place or in the profile, and enabling all brings everything back.
+  TEST_CASE("no crash loses an entry") {
+    struct Crash {};
+    for (const bool enabling : {false, true}) {
+      for (int stop = 1;; ++stop) {
+        CAPTURE(enabling);
+        CAPTURE(stop);
+        Planted p;
+        const std::string before = p.State();
+        StartupManager manager(p.needs);
+        manager.Form_Load();
+        ToggleAll(manager);
+        if (enabling) {
+          REQUIRE(manager.ApplyNow());
+          ToggleAll(manager);
+        }
+        int changes = 0;
+        p.m.files.before_change = p.m.registry.before_change = [&] {
+          if (++changes == stop) throw Crash();
+        };
+        bool crashed = false;
+        try {
+          manager.ApplyNow();
+        } catch (const Crash&) {
+          crashed = true;
+        }
+        p.m.files.before_change = p.m.registry.before_change = nullptr;
+        StartupManager next(p.needs);
+        next.Form_Load();
+        CHECK(next.size() == 15);
+        for (std::size_t row = 0; row < next.size(); ++row) {
+          if (next.status(row) == EntryStatus::Disabled) next.cmdDisable_Click(row);
+        }
+        CHECK(next.ApplyNow());
+        CHECK((p.State() == before));
+        CHECK_FALSE(p.m.Has(kSaveProf));
+        if (!crashed) break;
+      }
+    }
+  }
+
+  TEST_CASE("a disk that refuses any one change leaves every entry in one place") {
+    for (std::size_t failing = 1; failing < 12; ++failing) {
+      CAPTURE(failing);
+      Planted p;
+      StartupManager manager(p.needs);
+      manager.Form_Load();
+      ToggleAll(manager);
+      p.m.files.failing_change = p.m.files.changes + failing;
+      // A shortcut that cannot be moved is copied.
+      const bool applied = manager.ApplyNow();
+      CHECK(applied == (p.m.files.Count("Failing Move") == 1));
+      CHECK(applied == (p.m.Errors().find("Method: FRM Startup - ApplyNow") == std::string::npos));
+      CHECK(applied == manager.failures().empty());
+      StartupManager next(p.needs);
+      next.Form_Load();
+      CHECK(next.size() == 15);
+      CHECK(next.disabled_count() == manager.disabled_count());
+    }
+  }
+
+  TEST_CASE("a registry that refuses keeps its entries enabled, the others go on") {
+    Planted p;
+    p.m.registry.Find(kMachine, kRun)->Denied();
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    ToggleAll(manager);
+    CHECK_FALSE(manager.ApplyNow());
+    CHECK(manager.failures().size() == 5);
+    CHECK(manager.disabled_count() == 10);
+    CHECK(p.m.Content(kSaveProf).find("(Machine Run)") == std::string::npos);
+    // And one that refuses to take an entry back.
+    p.m.registry.Find(kMachine, kRun)->denied = false;
+    p.m.registry.Find(kUser, kRun)->Denied();
+    manager.cmdDisable_Click(p.RowOf(manager, "User"));
+    CHECK_FALSE(manager.ApplyNow());
+    CHECK(manager.status(p.RowOf(manager, "User")) == EntryStatus::Disabled);
+    CHECK(p.m.Content(kSaveProf).find("User\r\n") != std::string::npos);
+  }
+
+  TEST_CASE("removal is final") {
+    Planted p;
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    manager.cmdDisable_Click(p.RowOf(manager, "Tray"));
+    manager.cmdDisable_Click(p.RowOf(manager, "two"));
+    REQUIRE(manager.ApplyNow());
+    for (const char* name : {"Tray", "Machine", "C:\\one.exe"}) {
+      manager.cmdRemove_Click(p.RowOf(manager, name));
+    }
+    CHECK(manager.Cell(0, StartupManager::kStatus) == "<424>");
+    CHECK(manager.ApplyNow());
+    CHECK(manager.size() == 12);
+    manager.Form_Load();
+    CHECK(manager.size() == 12);
+    CHECK_FALSE(p.m.Has(std::string(kKept) + "Tray.lnk"));
+    CHECK(p.m.registry.Text(kMachine, kRun, "Machine") == "(none)");
+    // What is left of the line takes the other program back in its place.
+    manager.cmdDisable_Click(p.RowOf(manager, "two"));
+    CHECK(manager.ApplyNow());
+    CHECK(p.m.Content(kWinIni).find("\r\nrun=two  \"C:\\a b.exe\"\r\n") != std::string::npos);
+    CHECK_FALSE(p.m.Has(kSaveProf));
+  }
+
+  TEST_CASE("an entry of the same name that came up meanwhile is not written over") {
+    Planted p;
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    for (const char* name : {"Machine", "Tray"}) manager.cmdDisable_Click(p.RowOf(manager, name));
+    REQUIRE(manager.ApplyNow());
+    p.m.registry.Make(kMachine, kRun).Value("Machine", Z("C:\\newer.exe"));
+    p.m.File(std::string(kUserStartup) + "\\Tray.lnk",
+             FakeShell::MakeShortcut("C:\\newer.exe", ""));
+    manager.Form_Load();
+    CHECK(manager.size() == 17);  // the new ones beside the old ones
+    manager.ResetAll();
+    CHECK_FALSE(manager.ApplyNow());
+    CHECK(manager.failures().size() == 2);
+    CHECK(manager.disabled_count() == 2);
+    CHECK(p.m.registry.Text(kMachine, kRun, "Machine") == Z("C:\\newer.exe"));
+    // The newer shortcut cannot be kept under the name of the older one.
+    ToggleAll(manager);
+    CHECK_FALSE(manager.ApplyNow());
+    CHECK(p.m.Has(std::string(kUserStartup) + "\\Tray.lnk"));
+    CHECK(p.m.Content(std::string(kKept) + "Tray.lnk").find("t.exe") != std::string::npos);
+  }
+
+  TEST_CASE("a shortcut whose file has gone is made from its command") {
+    Planted p;
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    for (const char* name : {"Tray", "Broken"}) manager.cmdDisable_Click(p.RowOf(manager, name));
+    REQUIRE(manager.ApplyNow());
+    for (const char* name : {"Tray.lnk", "Broken.lnk"}) p.m.files.Remove(std::string(kKept) + name);
+    manager.ResetAll();
+    CHECK_FALSE(manager.ApplyNow());  // nothing is known of the broken one
+    CHECK(p.m.Content(std::string(kUserStartup) + "\\Tray.lnk") ==
+          FakeShell::MakeShortcut("C:\\My Files\\t.exe", "/q"));
+    CHECK(manager.disabled_count() == 1);
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,208 @@
+// What the startup manager reads from others: profiles, win.ini, tasks of the user.
+#include "tests/startup_support.h"
+#include "tools/startup_manager.h"
+
+namespace scourwell::test {
+namespace {
+
+// Profile calls cut what is long.
+struct CutProfiles : FakeProfiles {
+  using FakeProfiles::FakeProfiles;
+  std::string ReadProfile(const std::string& section, const std::string& key,
+                          const std::string& file) override {
+    return FakeProfiles::ReadProfile(section, key, file).substr(0, 1999);
+  }
+};
+
+constexpr char kMappedKey[] = "Software\\Microsoft\\Windows NT\\CurrentVersion\\Windows";
+
+// Profile calls of the NT family, for the section that lies in the registry there.
+struct MappedProfiles : Profiles {
+  explicit MappedProfiles(FakeRegistry& r) : registry(r) {}
+  FakeRegistry& registry;
+
+  std::string ReadProfile(const std::string&, const std::string& key, const std::string&) override {
+    const std::string text = registry.Text(kUser, kMappedKey, key);
+    const bool quoted = text.size() > 1 && text.front() == '"' && text.back() == '"';
+    return text == "(none)" ? "" : quoted ? text.substr(1, text.size() - 2) : text;
+  }
+  Outcome WriteProfile(const std::string&, const std::string& key,
+                       const std::optional<std::string>& value, const std::string&) override {
+    registry.SetValue(kUser, kMappedKey, key, {kRegText, value.value_or("")});
+    return {};
+  }
+};
+
+}  // namespace
+
+TEST_SUITE("startup_profile") {
+  TEST_CASE("records that lead elsewhere are shown, kept and never carried out") {
+    Planted p;
+    const auto record = [](const std::string& name, const std::string& place) {
+      return name + "\r\nDisabled\r\n" + place + "\r\nx\r\ny\r\nC:\\evil.exe b\r\n";
+    };
+    const std::string profile = record("..\\..\\evil", "StartUp (Current User)") +
+                                record("C:\\evil", "StartUp (All Users)") +
+                                record("con", "StartUp (All Users)") + record("x", "Win.ini Run") +
+                                record("new place", "Registry(Machine Nowhere)") +
+                                record("{helper}", "Browser Helper Objects");
+    p.m.File(kSaveProf, profile);
+    const std::string before = p.State();
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    CHECK(manager.disabled_count() == 6);
+    CHECK(manager.Cell(p.RowOf(manager, "new place"), StartupManager::kLocation) ==
+          "Registry(Machine Nowhere)");
+    manager.ResetAll();
+    CHECK_FALSE(manager.ApplyNow());
+    CHECK(manager.failures().size() == 6);
+    CHECK(p.State() == before);
+    CHECK_FALSE(p.m.Has("C:\\evil.lnk"));
+    StartupManager next(p.needs);
+    next.Form_Load();
+    CHECK(next.disabled_count() == 6);
+  }
+
+  TEST_CASE("a damaged profile is put aside, an unreadable one is not written over") {
+    Planted p;
+    const std::string damaged = "a\r\nDisabled\r\nWin.ini Run\r\nx\r\ny\r\na\r\nhalf\r\n";
+    p.m.File(kSaveProf, damaged);
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    CHECK(manager.disabled_count() == 1);
+    REQUIRE(manager.failures().size() == 1);
+    CHECK(p.m.Errors().find("FRM Startup - Form_Load") != std::string::npos);
+    CHECK(manager.ApplyNow());
+    CHECK(p.m.Content("C:\\App\\SaveProf.pro.bad") == damaged);
+    p.m.files.Find(kSaveProf)->Denied();
+    manager.Form_Load();
+    ToggleAll(manager);
+    const std::string before = p.State();
+    CHECK_FALSE(manager.ApplyNow());
+    CHECK(p.State() == before);
+  }
+
+  TEST_CASE("profiles of the user's choice") {
+    Planted p;
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    for (const char* name : {"Machine", "two"}) manager.cmdDisable_Click(p.RowOf(manager, name));
+    CHECK(manager.SaveProfile("C:\\mine.pro"));
+    CHECK_FALSE(p.m.Has(kSaveProf));
+    manager.ResetAll();
+    CHECK(manager.disabled_count() == 0);
+    p.m.registry.Find(kMachine, kRun)
+        ->values.erase(p.m.registry.Find(kMachine, kRun)->values.begin());
+    manager.Form_Load();
+    CHECK(manager.LoadProfile("C:\\mine.pro"));  // marks one row, brings another as it was saved
+    CHECK(manager.disabled_count() == 2);
+    CHECK(manager.ApplyNow());
+    CHECK(p.m.Content(kSaveProf) == p.m.Content("C:\\mine.pro").substr(0, 0) +
+                                        "two\r\nDisabled\r\nWin.ini Run\r\nAll Users\r\n"
+                                        "Any User Logs On\r\ntwo\r\nMachine\r\nDisabled\r\n"
+                                        "Registry(Machine Run)\r\nAll Users\r\nAny User Logs On\r\n"
+                                        "C:\\a.exe\r\n");
+    CHECK_FALSE(manager.LoadProfile("C:\\none\\x.pro"));
+    CHECK_FALSE(manager.SaveProfile("C:\\none\\x.pro"));
+    CHECK(p.m.Errors().find("FRM Startup - SaveDisabledItems") != std::string::npos);
+  }
+
+  TEST_CASE("win.ini: no section, read-only, quotes, several lines, too long for a profile call") {
+    struct Row {
+      const char* content;
+      const char* names;
+      const char* without_first;
+    };
+    for (const Row& row :
+         {Row{"", "", ""},
+          {"[x]\r\nLoad=a\r\n", "", "[x]\r\nLoad=a\r\n"},
+          {"[Windows]\r\nLoad=a b\r\nLoad=c\r\n", "a b ", "[Windows]\r\nLoad=b\r\nLoad=c\r\n"},
+          {"[Windows]\r\nLoad=\"C:\\a b.exe\"\r\n", "C:\\a b.exe ", "[Windows]\r\nLoad=\r\n"},
+          {"[Windows]\r\nLoad=\"a b\" \"c d\"\r\n", "a b c d ", "[Windows]\r\nLoad=\"c d\"\r\n"},
+          {"[Windows]\r\nLoad= a , b\r\n", "a b ", "[Windows]\r\nLoad=b\r\n"}}) {
+      CAPTURE(row.content);
+      ToolBench b;
+      b.m.File(kWinIni, row.content);
+      StartupManager manager(b.needs);
+      manager.Form_Load();
+      std::string names;
+      for (std::size_t i = 0; i < manager.size(); ++i) names += manager.entry(i).name + " ";
+      CHECK(names == row.names);
+      if (manager.size() == 0) continue;
+      manager.cmdDisable_Click(0);
+      b.m.files.Find(kWinIni)->ReadOnly();
+      CHECK_FALSE(manager.ApplyNow());
+      CHECK(manager.disabled_count() == 0);
+      b.m.files.Find(kWinIni)->attributes = kArchive;
+      manager.cmdDisable_Click(0);
+      CHECK(manager.ApplyNow());
+      CHECK(b.m.Content(kWinIni) == row.without_first);
+    }
+    // The profile call would have cut the line at 1999 characters.
+    ToolBench b;
+    CutProfiles cut(b.m.files);
+    const std::string line = "first " + std::string(3000, 'x') + " last";
+    b.m.File(kWinIni, "[windows]\r\nrun=" + line + "\r\n");
+    const StartupLocations places(
+        {b.m.files, b.m.registry, nullptr, cut, b.m.shell, b.m.system, b.folders});
+    std::string last;
+    const StartupLocation& run = *FindPlace("win.ini run");
+    REQUIRE(places.List(run, [&](const PlaceEntry& entry) { last = entry.name; }).ok());
+    CHECK(last == "last");
+    CHECK(places.DeleteEntry(run, {"first", "first"}).ok());
+    CHECK(b.m.Content(kWinIni).ends_with("x last\r\n"));
+  }
+
+  TEST_CASE("on the NT family the lines lie in the registry") {
+    ToolBench b;
+    b.m.File(kWinIni, "[windows]\r\nrun=ignored by the system\r\n");
+    MappedProfiles mapped(b.m.registry);
+    b.m.registry.Make(kUser, kMappedKey).Value("Run", "\"C:\\a b.exe\"");
+    const StartupLocations places(
+        {b.m.files, b.m.registry, nullptr, mapped, b.m.shell, b.m.system, b.folders});
+    std::string found;
+    const auto list = [&](const PlaceEntry& entry) { found += entry.command + ";"; };
+    REQUIRE(places.List(*FindPlace("Win.ini Run"), list).ok());
+    CHECK(found == "\"C:\\a b.exe\";");
+  }
+
+  TEST_CASE("tasks are added and edited at once") {
+    Planted p;
+    p.m.File("C:\\My Files\\b.exe");
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    const auto places = StartupPlaces();
+    CHECK(manager.AddTask(places[0], "New", "C:\\My Files\\b.exe"));
+    CHECK(p.m.registry.Text(kMachine, kRun, "New") == Z("\"C:\\My Files\\b.exe\""));
+    CHECK(manager.AddTask(places[5], "any", "C:\\My Files\\b.exe"));
+    CHECK(p.m.Content(kWinIni).find("load=\"C:\\My Files\\b.exe\"") != std::string::npos);
+    CHECK(manager.AddTask(places[7], "Link", "C:\\My Files\\b.exe /x"));
+    CHECK(p.m.Content(std::string(kUserStartup) + "\\Link.lnk") ==
+          FakeShell::MakeShortcut("C:\\My Files\\b.exe", "/x"));
+    const std::size_t rows = manager.size();
+    CHECK_FALSE(manager.AddTask(places[0], "new", "C:\\x.exe"));
+    CHECK_FALSE(manager.AddTask(places[0], " ", "C:\\x.exe"));
+    CHECK_FALSE(manager.AddTask(places[0], "y", " "));
+    CHECK_FALSE(manager.AddTask(places[7], "..\\y", "C:\\x.exe"));
+    CHECK(manager.size() == rows);
+
+    CHECK_FALSE(manager.MayEdit(p.RowOf(manager, "Tray")));
+    CHECK_FALSE(manager.MayEdit(p.RowOf(manager, "Ex")));
+    CHECK(manager.Edit(p.RowOf(manager, "User"), "User2", "%WinDir%\\v.exe"));
+    CHECK(p.m.registry.Text(kUser, kRun, "User") == "(none)");
+    RegValue value;
+    REQUIRE(p.m.registry.QueryValue(kUser, kRun, "User2", &value) == kRegOk);
+    CHECK(value.type == kRegExpandText);
+    CHECK(value.data == Z("%WinDir%\\v.exe"));
+    CHECK(manager.Edit(p.RowOf(manager, "two"), "", "three.exe"));
+    CHECK(p.m.Content(kWinIni).find("one.exe, three.exe  \"") != std::string::npos);
+    CHECK_FALSE(manager.Edit(0, "Long", "C:\\x.exe"));  // taken
+    manager.cmdDisable_Click(0);
+    REQUIRE(manager.ApplyNow());
+    CHECK(manager.Edit(0, "Machine", "C:\\edited.exe"));
+    CHECK(p.m.Content(kSaveProf).find("C:\\edited.exe\r\n") != std::string::npos);
+    CHECK(manager.EditedCommand(0) == "C:\\edited.exe");
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,300 @@
+// The small parts of the tools: profiles, stored values, lines, commands, views.
+#include "tests/support.h"
+#include "tools/profile_file.h"
+#include "tools/program_of.h"
+#include "tools/stored_value.h"
+#include "tools/table_view.h"
+#include "tools/win_ini_line.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr char kProfile[] = "C:\\App\\SaveProf.pro";
+
+ProfileRecord Record(const std::string& name) {
+  return {{name, "Disabled", "Registry(User Run)", "Current User", "when", "C:\\x.exe"}};
+}
+
+std::string Names(const std::vector<ProfileRecord>& records) {
+  std::string text;
+  for (const ProfileRecord& record : records) {
+    text +=
+        record.fields[ProfileRecord::kName] + "/" + record.fields[ProfileRecord::kCommand] + " ";
+  }
+  return text;
+}
+
+RegValue Value(std::uint32_t type, std::string data) { return {type, std::move(data)}; }
+
+}  // namespace
+
+TEST_SUITE("profile_file") {
+  TEST_CASE("six lines a record, and every field comes back") {
+    const ProfileRecord odd{
+        {"", "a\r\nb", "hex:41", std::string("nul\0", 4), " blanks ", "\xE4,%x%"}};
+    CHECK(ProfileText({Record("one")}) ==
+          "one\r\nDisabled\r\nRegistry(User Run)\r\nCurrent User\r\nwhen\r\nC:\\x.exe\r\n");
+    const ProfileReading back = ReadProfileText(ProfileText({Record("one"), odd}));
+    REQUIRE(back.records.size() == 2);
+    CHECK(back.left_over == 0);
+    CHECK(back.records[1].fields == odd.fields);
+  }
+
+  TEST_CASE("a profile cut at any line or byte loses only the record that it cuts") {
+    const std::string text = ProfileText({Record("one"), Record("two")});
+    const std::size_t record = text.size() / 2;
+    for (std::size_t size = 0; size <= text.size(); ++size) {
+      CAPTURE(size);
+      Bench b;
+      b.m.File(kProfile, text.substr(0, size));
+      std::vector<ProfileRecord> records;
+      const Outcome loaded = LoadProfile(b.m.files, kProfile, &records);
+      CHECK(records.size() == size / record);
+      CHECK(loaded.number() == (size % record == 0 ? 0 : kPastEndOfFile));
+    }
+  }
+
+  TEST_CASE("files that are missing, of other hands, or cannot be read") {
+    Bench b;
+    std::vector<ProfileRecord> records;
+    CHECK(LoadProfile(b.m.files, kProfile, &records).ok());
+    b.m.File(kProfile, "a\nb\nc\nd\ne\nf\nhex:4\nb\nc\nd\ne\nhex:zz\n");
+    CHECK(LoadProfile(b.m.files, kProfile, &records).ok());
+    CHECK(Names(records) == "a/f hex:4/hex:zz ");
+    b.m.files.Find(kProfile)->Denied();
+    CHECK(LoadProfile(b.m.files, kProfile, &records).number() == kPermissionDenied);
+    CHECK(records.size() == 2);
+    CHECK_FALSE(SaveProfile(b.m.files, kProfile, {}).ok());
+  }
+
+  TEST_CASE("without records there is no file") {
+    Bench b;
+    CHECK(SaveProfile(b.m.files, kProfile, {Record("x")}).ok());
+    CHECK(b.m.Has(kProfile));
+    CHECK(SaveProfile(b.m.files, kProfile, {}).ok());
+    CHECK_FALSE(b.m.Has(kProfile));
+    CHECK(SaveProfile(b.m.files, kProfile, {}).ok());
+  }
+}
+
+TEST_SUITE("stored_value") {
+  TEST_CASE("values come back with type and bytes; plain texts stay readable") {
+    struct Row {
+      RegValue value;
+      const char* text;
+    };
+    const std::string nul(1, '\0');
+    for (const Row& row : {Row{Value(kRegText, "C:\\x.exe /a" + nul), "C:\\x.exe /a"},
+                           {Value(kRegText, nul), ""},
+                           {Value(kRegText, ""), "hex(1):"},
+                           {Value(kRegText, "ab"), "hex(1):6162"},
+                           {Value(kRegText, "a" + nul + nul), "hex(1):610000"},
+                           {Value(kRegText, "hex(1):" + nul), "hex(1):6865782831293A00"},
+                           {Value(kRegExpandText, "%x%" + nul), "hex(2):25782500"},
+                           {Value(kRegBinary, "\x01\xFF"), "hex(3):01FF"},
+                           {Value(0xFFFFFFFF, ""), "hex(FFFFFFFF):"}}) {
+      CAPTURE(row.text);
+      CHECK(TextOfValue(row.value) == row.text);
+      const RegValue back = ValueOfText(row.text);
+      CHECK(back.type == row.value.type);
+      CHECK(back.data == row.value.data);
+    }
+  }
+
+  TEST_CASE("damaged texts are taken as the text that they are") {
+    for (const char* text : {"hex(", "hex(2)", "hex(2):0", "hex(2):0g", "hex(x):00", "hex():00",
+                             "hex(100000000):00", "hex(-1):"}) {
+      CAPTURE(text);
+      const RegValue value = ValueOfText(text);
+      CHECK(value.type == kRegText);
+      CHECK(TrimNull(value.data) == text);
+    }
+  }
+
+  TEST_CASE("a key comes back with all its values and keys") {
+    Bench b;
+    const auto root = RootKey::LocalMachine;
+    b.m.registry.Make(root, "A\\top")
+        .Value("", "x")
+        .Value("|;=", std::string("\0\1", 2), kRegBinary);
+    b.m.registry.Make(root, "A\\top\\sub;|\\deep").Value("v", "", kRegDword);
+    StoredTree tree;
+    REQUIRE(ReadTree(b.m.registry, root, "A\\top", &tree) == kRegOk);
+    const std::string text = TextOfTree(tree);
+    REQUIRE(DeleteStoredTree(b.m.registry, root, "A\\top", tree) == kRegOk);
+    CHECK(b.m.registry.Find(root, "A\\top") == nullptr);
+    REQUIRE(WriteTree(b.m.registry, root, "A\\top", TreeOfText(text)) == kRegOk);
+    REQUIRE(ReadTree(b.m.registry, root, "A\\top", &tree) == kRegOk);
+    CHECK(TextOfTree(tree) == text);
+    CHECK(tree.size() == 3);
+    CHECK(ReadTree(b.m.registry, root, "A\\none", &tree) == kRegNotFound);
+    for (const std::string& bad : {text.substr(0, text.size() - 1), text + ";x", "|" + text,
+                                   std::string("key:0"), std::string("key:|x")}) {
+      CHECK(TreeOfText(bad).empty());
+    }
+  }
+
+  TEST_CASE("a key of endless depth is refused") {
+    Bench b;
+    std::string path = "A";
+    for (unsigned i = 0; i < kDeepestStoredKey + 2; ++i) path += "\\k";
+    b.m.registry.Make(RootKey::LocalMachine, path);
+    StoredTree tree;
+    CHECK(ReadTree(b.m.registry, RootKey::LocalMachine, "A", &tree) == kRegInvalidParameter);
+  }
+}
+
+TEST_SUITE("win_ini_line") {
+  TEST_CASE("programs are parted by blanks and commas outside quotes") {
+    struct Row {
+      const char* line;
+      std::vector<std::string> programs;
+    };
+    for (const Row& row :
+         {Row{"", {}},
+          {" , \t", {}},
+          {"a.exe", {"a.exe"}},
+          {"a,b c\td", {"a", "b", "c", "d"}},
+          {"\"C:\\My Files\\a.exe\" /x,\"b,c\"", {"\"C:\\My Files\\a.exe\"", "/x", "\"b,c\""}},
+          {"x\"y z\"w v", {"x\"y z\"w", "v"}},
+          {"a \"open b", {"a", "\"open b"}}}) {
+      CAPTURE(row.line);
+      CHECK(WinIniLine(row.line).programs() == row.programs);
+      CHECK(WinIniLine(row.line).text() == row.line);
+    }
+  }
+
+  TEST_CASE("a program that is taken out leaves the others as they stand") {
+    const std::string line = " a.exe , \"b c\"  d,e ";
+    CHECK(WithoutProgram(line, "a.exe") == " \"b c\"  d,e ");
+    CHECK(WithoutProgram(line, "\"b c\"") == " a.exe  d,e ");
+    CHECK(WithoutProgram(line, "e") == " a.exe , \"b c\"  d ");
+    CHECK(WithoutProgram(line, "A.EXE") == line);
+    CHECK(WithoutProgram("a", "a") == "");
+    CHECK(WithOther(line, "d", "\"x y\"") == " a.exe , \"b c\"  \"x y\",e ");
+  }
+
+  TEST_CASE("programs return to their places in any order, else to the end") {
+    const std::string original = "a, b  a,\"c d\"";
+    std::vector<std::string> order = {"\"c d\"", "a", "a", "b"};
+    std::string line = original;
+    for (const std::string& program : order) line = WithoutProgram(line, program);
+    CHECK(line == "");
+    for (const char* program : {"a", "\"c d\"", "b", "a"}) {
+      line = WithProgram(line, program, original);
+    }
+    CHECK(line == original);
+    CHECK(WithProgram("a new", "b", original) == "a new b");  // changed by others meanwhile
+    CHECK(WithProgram("", "b", "") == "b");
+    CHECK(WithProgram(original, "b", original) == original + " b");
+  }
+}
+
+TEST_SUITE("program_of") {
+  TEST_CASE("the program of a command line is found as the system finds it") {
+    Bench b;
+    SystemFolders folders;
+    folders.windows = "C:\\WINDOWS";
+    folders.system = "C:\\WINDOWS\\system32";
+    b.m.system.environment["Root"] = "C:\\My Files";
+    for (const char* path : {"C:\\My Files\\a b.exe", "C:\\plain.exe", "C:\\WINDOWS\\tray.exe",
+                             "C:\\WINDOWS\\system32\\rundll32.exe", "C:\\bar.dll"}) {
+      b.m.File(path);
+    }
+    b.m.Folder("C:\\folder.exe");
+    struct Row {
+      std::string command;
+      std::string path;
+      std::string arguments;
+      bool exists;
+    };
+    for (const Row& row : {
+             Row{"C:\\plain.exe", "C:\\plain.exe", "", true},
+             {"  C:\\plain /x y ", "C:\\plain.exe", "/x y", true},
+             {"\"C:\\My Files\\a b.exe\" \"q\"", "C:\\My Files\\a b.exe", "\"q\"", true},
+             {"C:\\My Files\\a b.exe -z", "C:\\My Files\\a b.exe", "-z", true},
+             {"\"%Root%\\a b\"", "C:\\My Files\\a b.exe", "", true},
+             {"tray.exe /t", "C:\\WINDOWS\\tray.exe", "/t", true},
+             {"RUNDLL32 C:\\bar.dll,Start now", "C:\\bar.dll", ",Start now", true},
+             {"rundll32.exe \"C:\\no.dll\",x", "C:\\no.dll", ",x", false},
+             {"C:\\Gone Away\\x.exe /a", "C:\\Gone Away\\x.exe", "/a", false},
+             {"gone /a", "gone", "/a", false},
+             {"\"open quote", "open quote", "", false},
+             {"", "", "", false},
+             {"C:\\folder.exe", "C:\\folder.exe", "", false},
+             {"C:\\*.exe", "C:\\*.exe", "", false},
+             {"..\\x.exe", "..\\x.exe", "", false},
+             {"%Unknown%%Root%\\a b.exe", "%Unknown%C:\\My Files\\a b.exe", "", false},
+         }) {
+      CAPTURE(row.command);
+      const ProgramOf program = FindProgram(row.command, b.m.files, folders, b.m.system);
+      CHECK(program.path == row.path);
+      CHECK(program.arguments == row.arguments);
+      CHECK(program.exists == row.exists);
+    }
+    const auto safe = [&](const std::string& command) {
+      return SafeCommand(command, b.m.files, folders, b.m.system);
+    };
+    CHECK(safe("C:\\My Files\\a b.exe -z") == "\"C:\\My Files\\a b.exe\" -z");
+    for (const char* same :
+         {"C:\\plain.exe /x", "\"C:\\My Files\\a b.exe\" -z", "C:\\No File\\x", ""}) {
+      CHECK(safe(same) == same);
+    }
+    CHECK(safe("C:\\My Files\\a b") == "\"C:\\My Files\\a b.exe\"");
+    CHECK(safe("rundll32 C:\\bar.dll,Start") == "rundll32 C:\\bar.dll,Start");
+  }
+
+  TEST_CASE("a huge command line is dealt with at once") {
+    Bench b;
+    SystemFolders folders;
+    for (const char* part : {"x ", "% ", "\" ", "C:\\a "}) {
+      std::string command;
+      while (command.size() < 10'000) command += part;
+      CHECK_FALSE(FindProgram(command, b.m.files, folders, b.m.system).exists);
+      CHECK(b.m.files.journal.size() < 2000);
+    }
+  }
+}
+
+TEST_SUITE("table_view") {
+  struct Texts : TableModel {
+    std::vector<std::vector<std::string>> rows = {
+        {"beta", "x"}, {"Alpha", "y z"}, {"gamma\t", "X"}};
+    std::size_t size() const override { return rows.size(); }
+    int columns() const override { return 2; }
+    const std::string& Cell(std::size_t row, int column) const override {
+      return rows[row][static_cast<std::size_t>(column)];
+    }
+  };
+
+  TEST_CASE("filtered by words, sorted by a column, the other way at the next click") {
+    Texts texts;
+    TableView view(texts);
+    const auto shown = [&] {
+      std::string names;
+      for (std::size_t i = 0; i < view.size(); ++i)
+        names += texts.rows[view.Row(i)][0].substr(0, 1);
+      return names;
+    };
+    CHECK(shown() == "bAg");
+    view.SortBy(0);
+    CHECK(shown() == "Abg");
+    view.SortBy(0);
+    CHECK(shown() == "gbA");
+    view.SortBy(1);
+    CHECK(shown() == "bgA");
+    view.SetFilter("  A  z ");
+    CHECK(shown() == "A");
+    CHECK(view.Line(0) == "Alpha\ty z");
+    CHECK(view.Find(1) == 0);
+    CHECK(view.Find(0) == -1);
+    view.SetFilter("none");
+    CHECK(shown() == "");
+    view.SetFilter("");
+    texts.rows.pop_back();
+    view.Update();
+    CHECK(shown() == "bA");
+  }
+}
+
+}  // namespace scourwell::test

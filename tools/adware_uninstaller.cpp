@@ -1,0 +1,128 @@
+#include "tools/adware_uninstaller.h"
+
+#include <algorithm>
+
+#include "definitions/list_loader.h"
+#include "platform/registry_access.h"
+#include "platform/text.h"
+#include "tools/startup_locations.h"
+
+namespace scourwell {
+namespace {
+
+constexpr char kUninstall[] = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
+constexpr int kColumnCaptions[] = {16002, 17271, 17272, 17273};
+constexpr RootKey kMachine = RootKey::LocalMachine;
+
+std::string PathOf(const std::string& key) { return std::string(kUninstall) + "\\" + key; }
+
+}  // namespace
+
+std::span<const int> AdwareUninstaller::ColumnCaptions() { return kColumnCaptions; }
+
+std::vector<std::string> AdwareUninstaller::ReadNames(const char* suffix) const {
+  std::vector<std::string> names;
+  for (int n = 0; n < kMostNames; ++n) {
+    std::string name = needs_.reference.updateListfromINI("ADRE", std::to_string(n) + suffix);
+    if (name.empty()) break;
+    names.push_back(std::move(name));
+  }
+  return names;
+}
+
+bool AdwareUninstaller::UpdateWildcardList(const std::string& display_name) const {
+  return std::any_of(part_names_.begin(), part_names_.end(), [&](const std::string& part) {
+    return FindNoCase(display_name, part) != std::string::npos;
+  });
+}
+
+bool AdwareUninstaller::UpdateExactSearchList(const std::string& display_name) const {
+  return std::any_of(exact_names_.begin(), exact_names_.end(),
+                     [&](const std::string& name) { return EqualsNoCase(display_name, name); });
+}
+
+bool AdwareUninstaller::LoadSpyList(const Progress& progress) {
+  return Load("ar LoadSpyList", false, progress);
+}
+
+bool AdwareUninstaller::LoadList(const Progress& progress) {
+  return Load("ar LoadList", true, progress);
+}
+
+// Only a text counts as one; a text that the system expands is expanded.
+std::string AdwareUninstaller::Read(const std::string& key, const char* name) const {
+  RegValue value;
+  if (needs_.registry.QueryValue(kMachine, PathOf(key), name, &value) != kRegOk) return {};
+  std::string text(TrimNull(value.data));
+  if (value.type == kRegExpandText) return ExpandEnvironment(text, needs_.system);
+  return value.type == kRegText ? text : std::string();
+}
+
+bool AdwareUninstaller::Load(const char* procedure, bool all, const Progress& progress) {
+  rows_.clear();
+  shows_all_ = all;
+  return needs_.log
+      .Trap(procedure,
+            [&]() -> Outcome {
+              part_names_ = ReadNames("WCL");
+              exact_names_ = ReadNames("ESL");
+              std::vector<std::string> keys;
+              const RegStatus status =
+                  needs_.registry.EnumKeys(kMachine, kUninstall, [&](const std::string& name) {
+                    keys.push_back(name);
+                    return true;
+                  });
+              for (std::size_t i = 0; i + 1 < keys.size(); ++i) {
+                std::string name = Read(keys[i], "DisplayName");
+                const bool adware = UpdateWildcardList(name) || UpdateExactSearchList(name);
+                if (!name.empty() && (all || adware)) {
+                  rows_.push_back(
+                      {keys[i],
+                       {std::move(name), Read(keys[i], "Publisher"),
+                        Read(keys[i], "DisplayVersion"), Read(keys[i], "UninstallString")},
+                       adware});
+                }
+                progress(i + 1, keys.size());
+              }
+              return status == kRegNotFound ? Outcome() : FromRegistry(status);
+            })
+      .ok();
+}
+
+std::string AdwareUninstaller::StatusText() const {
+  return needs_.captions.Text(shows_all_ ? 16006 : 16000) + " " + std::to_string(rows_.size());
+}
+
+bool AdwareUninstaller::Uninstall(std::size_t row) {
+  return needs_.log
+      .Trap("ar cmdRemove_Click",
+            [&] {
+              const std::string command = Read(rows_[row].key, "UninstallString");
+              return needs_.shell.StartCommand(
+                  SafeCommand(command, needs_.files, needs_.folders, needs_.system));
+            })
+      .ok();
+}
+
+std::string AdwareUninstaller::Info(std::size_t row) const {
+  std::string text = needs_.captions.Text(16009) + "\r\n\r\n" + Cell(row, kProgram) + "\r\n";
+  static_cast<void>(needs_.log.Trap("ar cmdViewInfo_Click", [&] {
+    for (const auto& [caption, name] : {std::pair(17271, "Publisher"), {17272, "DisplayVersion"}}) {
+      const std::string value = Read(rows_[row].key, name);
+      text += needs_.captions.Text(caption) + ": " +
+              (value.empty() ? needs_.captions.Text(8629) : value) + "\r\n";
+    }
+  }));
+  return text;
+}
+
+std::string AdwareUninstaller::FileOf(std::size_t row) const {
+  ProgramOf program = FindProgram(Cell(row, kCommand), needs_.files, needs_.folders, needs_.system);
+  return program.exists ? std::move(program.path) : std::string();
+}
+
+std::string AdwareUninstaller::KeyOf(std::size_t row) const {
+  return std::string(NameFromRoot(kMachine)) + "\\" + PathOf(rows_[row].key);
+}
+
+}  // namespace scourwell

@@ -1,0 +1,83 @@
+#include "tools/bho_manager.h"
+
+#include "platform/file_utils.h"
+#include "platform/registry_access.h"
+#include "platform/text.h"
+#include "tools/stored_value.h"
+
+namespace scourwell {
+namespace {
+
+using Fields = ProfileRecord;
+
+constexpr int kColumnCaptions[] = {17225, 17226, 17261, 17262, 17231, 17232, 17233, 17227};
+
+ProfileRecord DescribeEntry(const Entry& entry) {
+  return {
+      {entry.name, "Disabled", entry.place->label, "All Users", "Browser starts", entry.command}};
+}
+
+}  // namespace
+
+BhoManager::BhoManager(const Needs& needs)
+    : EntryManager(needs, HelperPlaces(),
+                   AddPathToFileName(needs.locations.needs().folders.application, "BHOProf.pro"),
+                   DescribeEntry, "BHO ") {}
+
+std::span<const int> BhoManager::ColumnCaptions() { return kColumnCaptions; }
+
+// A helper's class may be missing: then it has neither name nor file.
+BhoManager::Class BhoManager::ClassOf(const Entry& entry) const {
+  const StartupLocations::Needs& machine = needs_.locations.needs();
+  if (!entry.place || entry.name.find('\\') != std::string::npos) return {};
+  if (entry.place->view64 && !machine.registry64) return {};
+  Registry& registry = entry.place->view64 ? *machine.registry64 : machine.registry;
+  CRegister access(registry);
+  const std::string key = "CLSID\\" + entry.name;
+  return {access.QueryString(RootKey::ClassesRoot, key, ""),
+          access.QueryString(RootKey::ClassesRoot, key + "\\InprocServer32", "")};
+}
+
+FileFacts BhoManager::FactsOf(const Entry& entry) const {
+  FileFacts facts = needs_.facts.OfCommand(ClassOf(entry).file);
+  if (!entry.place) return facts;
+  const std::string helper =
+      std::string(NameFromRoot(entry.place->root)) + "\\" + entry.place->path + "\\" + entry.name;
+  for (const std::string& key : {helper, "HKEY_CLASSES_ROOT\\CLSID\\" + entry.name}) {
+    std::string spy = needs_.spies.OfKey(key);
+    if (!spy.empty()) facts.spy = std::move(spy);
+  }
+  return facts;
+}
+
+std::vector<std::string> BhoManager::CellsOf(const Entry& entry, const FileFacts& facts) const {
+  const Class named = ClassOf(entry);
+  std::vector<std::string> cells(kColumns);
+  cells[kName] = named.name.empty() ? Text(17263) : named.name;
+  cells[kStatus] = StatusText(entry.status);
+  cells[kClass] = entry.name;
+  cells[kFile] = facts.path;
+  cells[kFound] = Text(facts.exists ? 17234 : 17235);
+  cells[kCompany] = facts.company;
+  cells[kSpy] = facts.spy;
+  cells[kLocation] = entry.place ? Text(entry.place->view64 ? 17265 : 17264)
+                                 : entry.record.fields[Fields::kLocation];
+  return cells;
+}
+
+std::string BhoManager::Details(std::size_t row) const {
+  std::string text;
+  for (int column = 0; column < kColumns; ++column) {
+    text += Text(kColumnCaptions[column]) + ": " + Cell(row, column) + "\r\n";
+  }
+  text += "\r\n" + KeyOf(row) + "\r\n";
+  for (const StoredKey& key : TreeOfText(entry(row).command)) {
+    for (const auto& [name, value] : key.values) {
+      text += key.path + (key.path.empty() ? "" : "\\") + (name.empty() ? Text(17236) : name) +
+              " = " + ValueToText(value) + "\r\n";
+    }
+  }
+  return text;
+}
+
+}  // namespace scourwell

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "tools/entry_manager.h"
+
+namespace scourwell {
+
+// The browser helper objects of Internet Explorer. Disabled ones are kept in "BHOProf.pro" of the
+// program folder, with all their values.
+class BhoManager : public EntryManager {
+ public:
+  enum Column { kName, kStatus, kClass, kFile, kFound, kCompany, kSpy, kLocation, kColumns };
+
+  explicit BhoManager(const Needs& needs);
+
+  static std::span<const int> ColumnCaptions();
+  int columns() const override { return kColumns; }
+
+  // Everything there is to tell of a row, one line each.
+  std::string Details(std::size_t row) const;
+
+ private:
+  struct Class {
+    std::string name;
+    std::string file;
+  };
+  Class ClassOf(const Entry& entry) const;
+  FileFacts FactsOf(const Entry& entry) const override;
+  std::vector<std::string> CellsOf(const Entry& entry, const FileFacts& facts) const override;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,102 @@
+#include "tools/entry_manager.h"
+
+#include <algorithm>
+
+#include "platform/registry_access.h"
+
+namespace scourwell {
+
+void EntryManager::Form_Load() {
+  Trap("Form_Load", [&](std::vector<Outcome>* failures) {
+    needs_.spies.Refresh();
+    table_.Fill(failures);
+    Tell(true);
+  });
+}
+
+void EntryManager::cmdDisable_Click(std::size_t row) {
+  Trap("cmdDisable_Click", [&](auto*) {
+    table_.ToggleDisabled(row);
+    Tell(false);
+  });
+}
+
+void EntryManager::cmdRemove_Click(std::size_t row) {
+  Trap("cmdRemove_Click", [&](auto*) {
+    table_.MarkRemove(row);
+    Tell(false);
+  });
+}
+
+bool EntryManager::ApplyNow() {
+  return Trap("ApplyNow", [&](std::vector<Outcome>* failures) {
+    table_.Apply(failures);
+    Tell(true);
+  });
+}
+
+void EntryManager::ResetAll() {
+  Trap("keyResetAll", [&](auto*) {
+    table_.ResetAll();
+    Tell(false);
+  });
+}
+
+bool EntryManager::SaveProfile(const std::string& path) {
+  return Trap("SaveDisabledItems", [&](std::vector<Outcome>* failures) {
+    Outcome saved = table_.SaveTo(path);
+    if (!saved.ok()) failures->push_back(std::move(saved).With("File: ", path));
+  });
+}
+
+bool EntryManager::LoadProfile(const std::string& path) {
+  return Trap("LoadDisabledItems", [&](std::vector<Outcome>* failures) {
+    Outcome loaded = table_.LoadFrom(path);
+    if (!loaded.ok()) failures->push_back(std::move(loaded));
+    Tell(true);
+  });
+}
+
+std::size_t EntryManager::disabled_count() const {
+  std::size_t count = 0;
+  for (std::size_t row = 0; row < table_.size(); ++row) {
+    if (table_[row].status == EntryStatus::Disabled) ++count;
+  }
+  return count;
+}
+
+std::string EntryManager::KeyOf(std::size_t row) const {
+  const Entry& entry = table_[row];
+  if (!entry.place) return {};
+  const std::string key = std::string(NameFromRoot(entry.place->root)) + "\\" + entry.place->path;
+  switch (entry.place->kind) {
+    case LocationKind::Value:
+      return key;
+    case LocationKind::Key:
+      return entry.present ? key + "\\" + entry.name : key;
+    default:
+      return {};
+  }
+}
+
+std::string EntryManager::StatusText(EntryStatus status) const {
+  switch (status) {
+    case EntryStatus::Enabled:
+      return Text(413);
+    case EntryStatus::Disabled:
+      return Text(423);
+    case EntryStatus::Remove:
+      return Text(424);
+  }
+  return {};
+}
+
+void EntryManager::Tell(bool facts) {
+  rows_.resize(table_.size());
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (facts) rows_[i].facts = FactsOf(table_[i]);
+    rows_[i].cells = CellsOf(table_[i], rows_[i].facts);
+  }
+}
+
+}  // namespace scourwell

@@ -1,0 +1,229 @@
+#include "tools/entry_table.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+
+namespace scourwell {
+namespace {
+
+using Fields = ProfileRecord;
+
+PlaceEntry PlaceOf(const Entry& entry) { return {entry.name, entry.command}; }
+
+bool IsSame(const Entry& entry, const StartupLocation* place, const std::string& name,
+            const std::string& command) {
+  return entry.place == place && entry.command == command && EqualsNoCase(entry.name, name);
+}
+
+void Note(Outcome outcome, const Entry& entry, std::vector<Outcome>* failures) {
+  if (!outcome.ok()) failures->push_back(std::move(outcome).With("Entry: ", entry.name));
+}
+
+}  // namespace
+
+void EntryTable::Fill(std::vector<Outcome>* failures) {
+  entries_.clear();
+  for (const StartupLocation& place : places_) {
+    Outcome listed = locations_.List(place, [&](const PlaceEntry& found) {
+      Entry entry;
+      entry.name = found.name;
+      entry.command = found.command;
+      entry.place = &place;
+      entry.present = true;
+      entries_.push_back(std::move(entry));
+    });
+    if (!listed.ok()) failures->push_back(std::move(listed).With("Location: ", place.label));
+  }
+  Outcome loaded = LoadDisabledItems();
+  if (!loaded.ok()) failures->push_back(std::move(loaded));
+}
+
+// What cannot be read as records must not be lost when the file is written anew.
+Outcome EntryTable::LoadDisabledItems() {
+  std::vector<ProfileRecord> records;
+  Files& files = locations_.needs().files;
+  Outcome loaded = LoadProfile(files, profile_path_, &records);
+  unreadable_ = {};
+  if (loaded.number() == kPastEndOfFile) {
+    std::string content;
+    Outcome copied = files.Read(profile_path_, kLargestProfile, &content);
+    if (copied.ok()) copied = files.Replace(profile_path_ + ".bad", content);
+    if (!copied.ok()) unreadable_ = loaded;
+  } else if (!loaded.ok()) {
+    unreadable_ = loaded;
+  }
+  for (const ProfileRecord& record : records) AddRecord(record, true);
+  return loaded;
+}
+
+// An entry that is both in its place and in the profile was left so by a run that ended in
+// between: its place counts.
+void EntryTable::AddRecord(const ProfileRecord& record, bool held) {
+  const StartupLocation* place = FindPlace(record.fields[Fields::kLocation]);
+  const bool ours = place && std::any_of(places_.begin(), places_.end(),
+                                         [&](const StartupLocation& p) { return &p == place; });
+  if (!ours) place = nullptr;
+  const std::string& name = record.fields[Fields::kName];
+  const std::string& command = record.fields[Fields::kCommand];
+  for (Entry& entry : entries_) {
+    if (!place || entry.place != place || (held && entry.held)) continue;
+    const bool rest = held && entry.present && EqualsNoCase(entry.name, name) &&
+                      locations_.IsRestOf(*place, PlaceOf(entry), command);
+    if (rest) {
+      entry.command = command;
+      entry.partial = true;
+    }
+    if (!IsSame(entry, place, name, command)) continue;
+    if (held) entry.held = true;
+    if (!held) entry.status = EntryStatus::Disabled;
+    return;
+  }
+  Entry entry;
+  entry.name = name;
+  entry.command = command;
+  entry.status = EntryStatus::Disabled;
+  entry.place = place;
+  entry.held = held;
+  entry.record = record;
+  entries_.push_back(std::move(entry));
+}
+
+void EntryTable::ToggleDisabled(std::size_t row) {
+  EntryStatus& status = entries_[row].status;
+  status = status == EntryStatus::Enabled ? EntryStatus::Disabled : EntryStatus::Enabled;
+}
+
+void EntryTable::ResetAll() {
+  for (Entry& entry : entries_) entry.status = EntryStatus::Enabled;
+}
+
+bool EntryTable::IsChanged() const {
+  return std::any_of(entries_.begin(), entries_.end(), [](const Entry& entry) {
+    const bool enabled = entry.status == EntryStatus::Enabled;
+    return entry.status == EntryStatus::Remove || enabled != entry.present || enabled == entry.held;
+  });
+}
+
+Outcome EntryTable::SaveDisabledItems(bool with_pending) {
+  std::vector<ProfileRecord> records;
+  for (const Entry& entry : entries_) {
+    const bool pending = with_pending && entry.held && (!entry.present || entry.partial);
+    if (entry.status != EntryStatus::Disabled && !pending) continue;
+    records.push_back(entry.place ? describe_(entry) : entry.record);
+  }
+  return SaveProfile(locations_.needs().files, profile_path_, records);
+}
+
+bool EntryTable::Prepare(Entry& entry, std::vector<Outcome>* failures) {
+  PlaceEntry kept = PlaceOf(entry);
+  Outcome outcome = locations_.Keep(*entry.place, &kept);
+  if (outcome.ok()) {
+    entry.command = kept.command;
+    return true;
+  }
+  entry.status = EntryStatus::Enabled;
+  Note(std::move(outcome), entry, failures);
+  return false;
+}
+
+void EntryTable::Carry(Entry& entry, std::vector<Outcome>* failures) {
+  Outcome outcome;
+  if (entry.status == EntryStatus::Enabled && (!entry.present || entry.partial)) {
+    outcome = entry.place ? locations_.PutBack(*entry.place, PlaceOf(entry)) : NoSuchEntry();
+    entry.present = outcome.ok();
+    if (outcome.ok()) entry.partial = false;
+  } else if (entry.status != EntryStatus::Enabled && entry.present) {
+    outcome = entry.status == EntryStatus::Remove
+                  ? locations_.DeleteEntry(*entry.place, PlaceOf(entry))
+                  : locations_.TakeOut(*entry.place, PlaceOf(entry));
+    entry.present = !outcome.ok();
+    entry.partial = entry.partial && entry.present;
+  }
+  if (outcome.ok()) return;
+  entry.status = entry.present ? EntryStatus::Enabled : EntryStatus::Disabled;
+  Note(std::move(outcome), entry, failures);
+}
+
+void EntryTable::Apply(std::vector<Outcome>* failures) {
+  if (!unreadable_.ok()) return failures->push_back(unreadable_);
+  std::vector<Entry*> kept;
+  for (Entry& entry : entries_) {
+    const bool disabling = entry.status == EntryStatus::Disabled && entry.present;
+    if (disabling && Prepare(entry, failures)) kept.push_back(&entry);
+  }
+  if (Outcome saved = SaveDisabledItems(true); !saved.ok()) {
+    for (Entry* entry : kept) entry->status = EntryStatus::Enabled;
+    return failures->push_back(std::move(saved).With("File: ", profile_path_));
+  }
+  for (Entry* entry : kept) entry->held = true;
+  for (Entry& entry : entries_) Carry(entry, failures);
+  if (Outcome saved = SaveDisabledItems(false); !saved.ok()) {
+    // The old records are still there.
+    for (Entry& entry : entries_) {
+      if (entry.status == EntryStatus::Remove && entry.held) entry.status = EntryStatus::Disabled;
+    }
+    failures->push_back(std::move(saved).With("File: ", profile_path_));
+  } else {
+    Settle(failures);
+  }
+  std::erase_if(entries_, [](const Entry& entry) { return entry.status == EntryStatus::Remove; });
+}
+
+// The profile is as it should be: what was kept beside it for others can go.
+void EntryTable::Settle(std::vector<Outcome>* failures) {
+  for (Entry& entry : entries_) {
+    const bool removed = entry.status == EntryStatus::Remove;
+    const bool in_line = entry.place && entry.place->kind == LocationKind::WinIni;
+    if (entry.status == EntryStatus::Disabled) {
+      entry.held = true;
+    } else if (entry.place && (entry.held || (removed && in_line))) {
+      Note(locations_.Forget(*entry.place, PlaceOf(entry), removed), entry, failures);
+      entry.held = false;
+    }
+  }
+}
+
+Outcome EntryTable::Add(const StartupLocation& place, const PlaceEntry& added) {
+  for (const Entry& entry : entries_) {
+    const bool same_name = entry.place == &place && EqualsNoCase(entry.name, added.name);
+    if (same_name && entry.present && place.kind != LocationKind::WinIni) return EntryTaken();
+  }
+  if (Outcome written = locations_.PutBack(place, added); !written.ok()) return written;
+  Entry entry;
+  entry.name = added.name;
+  entry.command = added.command;
+  entry.place = &place;
+  entry.present = true;
+  entries_.push_back(std::move(entry));
+  return {};
+}
+
+Outcome EntryTable::Edit(std::size_t row, const PlaceEntry& changed) {
+  Entry& entry = entries_[row];
+  if (!entry.place) return NoSuchEntry();
+  Outcome done;
+  if (entry.present) done = locations_.Change(*entry.place, PlaceOf(entry), changed);
+  if (!done.ok()) return done;
+  entry.name = changed.name;
+  entry.command = changed.command;
+  return entry.held && unreadable_.ok() ? SaveDisabledItems(true) : Outcome();
+}
+
+Outcome EntryTable::SaveTo(const std::string& path) const {
+  std::vector<ProfileRecord> records;
+  for (const Entry& entry : entries_) {
+    if (entry.status != EntryStatus::Disabled) continue;
+    records.push_back(entry.place ? describe_(entry) : entry.record);
+  }
+  return locations_.needs().files.Replace(path, ProfileText(records));
+}
+
+Outcome EntryTable::LoadFrom(const std::string& path) {
+  std::vector<ProfileRecord> records;
+  Outcome loaded = LoadProfile(locations_.needs().files, path, &records);
+  for (const ProfileRecord& record : records) AddRecord(record, false);
+  return loaded;
+}
+
+}  // namespace scourwell

@@ -1,0 +1,19 @@
+#include "tools/file_facts.h"
+
+#include "platform/version_resource.h"
+
+namespace scourwell {
+
+FileFacts FactFinder::OfCommand(std::string_view command) const {
+  FileFacts facts;
+  ProgramOf program = FindProgram(command, files_, folders_, system_);
+  facts.path = std::move(program.path);
+  facts.exists = program.exists;
+  facts.spy = spies_.OfFile(facts.path);
+  std::string block;
+  if (!facts.exists || !versions_.ReadBlock(facts.path, &block).ok()) return facts;
+  facts.company = VersionResource(block, versions_).Text(kCompanyName).value_or("");
+  return facts;
+}
+
+}  // namespace scourwell

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "platform/files.h"
+#include "platform/system_folders.h"
+#include "platform/versions.h"
+#include "tools/known_spies.h"
+#include "tools/program_of.h"
+
+namespace scourwell {
+
+// What can be told at a glance of the file behind an entry.
+struct FileFacts {
+  std::string path;  // as far as it is known
+  bool exists = false;
+  std::string company;  // from its version information; may be empty
+  std::string spy;      // empty: no definition names it
+};
+
+class FactFinder {
+ public:
+  FactFinder(Files& files, Versions& versions, System& system, const SystemFolders& folders,
+             const KnownSpies& spies)
+      : files_(files), versions_(versions), system_(system), folders_(folders), spies_(spies) {}
+
+  // Of what a command line starts.
+  FileFacts OfCommand(std::string_view command) const;
+
+ private:
+  Files& files_;
+  Versions& versions_;
+  System& system_;
+  const SystemFolders& folders_;
+  const KnownSpies& spies_;
+};
+
+}  // namespace scourwell

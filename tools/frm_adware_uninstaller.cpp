@@ -1,0 +1,103 @@
+#include "tools/frm_adware_uninstaller.h"
+
+#include "platform/text.h"
+#include "widgets/busy_pointer.h"
+#include "widgets/layout.h"
+#include "widgets/message_box.h"
+#include "widgets/resource.h"
+
+namespace scourwell {
+
+frmAdwareUninstaller::frmAdwareUninstaller(const WindowEnv& env, ToolBox& tools)
+    : frmTool(env, "frmAdwareUninstaller", "ar ", tools, {16001, 17270, 17274}),
+      uninstaller_(tools.uninstaller_needs()) {}
+
+std::span<const frmTool::Column> frmAdwareUninstaller::Columns() const {
+  static constexpr Column kColumns[] = {{230, false}, {140, false}, {80, false}, {330, true}};
+  return kColumns;
+}
+
+std::span<const frmTool::Command> frmAdwareUninstaller::Commands() const {
+  static constexpr Command kCommands[] = {{IDC_cmdToolRemove, 17275},
+                                          {IDC_cmdViewInfo, 17267},
+                                          {IDC_cmdShowAll, 17276},
+                                          {IDC_cmdShowSpies, 17277}};
+  return kCommands;
+}
+
+void frmAdwareUninstaller::OnCreate() {
+  frmTool::OnCreate();
+  prgList_.Create(env_, hwnd(), IDC_prgTool);
+  prgList_.Show(false);
+}
+
+// Over the figures, which come when the bar goes.
+void frmAdwareUninstaller::OnSize(Area area) {
+  frmTool::OnSize(area);
+  RECT place = {};
+  GetWindowRect(GetDlgItem(hwnd(), IDC_lblToolStatus), &place);
+  MapWindowPoints(nullptr, hwnd(), reinterpret_cast<POINT*>(&place), 2);
+  Layout layout;
+  layout.Place(prgList_, Area(place));
+}
+
+void frmAdwareUninstaller::Load(bool all) {
+  {
+    const BusyPointer busy;
+    prgList_.Show(true);
+    const auto progress = [&](std::size_t done, std::size_t of) {
+      prgList_.SetRange(static_cast<int>(of));
+      prgList_.SetPosition(static_cast<int>(done));
+    };
+    if (all) {
+      uninstaller_.LoadList(progress);
+    } else {
+      uninstaller_.LoadSpyList(progress);
+    }
+    prgList_.Show(false);
+    ShowRows();
+  }
+  if (!all && uninstaller_.size() == 0)
+    ShowMessage(ReplaceAll(Text(16011), "#", "\r\n"), Text(16010));
+}
+
+void frmAdwareUninstaller::EnableCommands() {
+  std::size_t row = 0;
+  const bool any = Selected(&row);
+  ButtonOf(IDC_cmdToolRemove).Enable(any);
+  ButtonOf(IDC_cmdViewInfo).Enable(any);
+}
+
+bool frmAdwareUninstaller::OnToolCommand(int id) {
+  std::size_t row = 0;
+  const auto trapped = [&](const char* method, auto&& body) {
+    static_cast<void>(env_.log.Trap(method, body));
+    return true;
+  };
+  switch (id) {
+    case IDC_cmdToolRemove:
+      return trapped("ar cmdRemove_Click", [&] { cmdRemove_Click(); });
+    case IDC_cmdViewInfo:
+      return trapped("ar cmdViewInfo_Click", [&] {
+        if (Selected(&row)) ShowMessage(uninstaller_.Info(row), Title());
+      });
+    case IDC_cmdShowAll:
+      return trapped("ar cmdShowAll_Click", [&] { Load(true); });
+    case IDC_cmdShowSpies:
+      return trapped("ar cmdShowSpies_Click", [&] { Load(false); });
+    default:
+      return false;
+  }
+}
+
+// The list stays as it is: nobody knows when the uninstaller is through.
+void frmAdwareUninstaller::cmdRemove_Click() {
+  std::size_t row = 0;
+  if (!Selected(&row)) return;
+  const std::string& program = uninstaller_.Cell(row, AdwareUninstaller::kProgram);
+  if (!AskYesNo(Text(16007) + "\r\n\r\n" + program, Text(16008), MB_ICONINFORMATION)) return;
+  const BusyPointer busy;
+  uninstaller_.Uninstall(row);
+}
+
+}  // namespace scourwell

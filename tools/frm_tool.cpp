@@ -1,0 +1,288 @@
+#include "tools/frm_tool.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+
+#include "widgets/file_dialog.h"
+#include "widgets/layout.h"
+#include "widgets/message_box.h"
+#include "widgets/path_cell.h"
+#include "widgets/resource.h"
+
+namespace scourwell {
+namespace {
+
+constexpr int kWidth = 820;  // of the client area, pixels at 96 dots per inch
+constexpr int kHeight = 500;
+constexpr int kSmallestWidth = 560;
+constexpr int kSmallestHeight = 320;
+constexpr COLORREF kSpyColour = RGB(192, 0, 0);
+constexpr std::size_t kMostFailures = 8;
+constexpr std::size_t kLongestFailure = 200;
+
+}  // namespace
+
+frmTool::frmTool(const WindowEnv& env, const char* name, const char* prefix, ToolBox& tools,
+                 const Texts& texts)
+    : ModalWindow(env, name),
+      tools_(tools),
+      prefix_(prefix),
+      texts_(texts),
+      header_(env, HeaderPane::Size::Small, {IDC_lblToolHeading, IDC_lblToolText, 0}) {}
+
+SIZE frmTool::FirstSize() const { return {metrics().Scale(kWidth), metrics().Scale(kHeight)}; }
+
+void frmTool::OnCreate() {
+  view_.emplace(Table());
+  header_.Create(hwnd(), IDC_ToolHeader);
+  header_.SetHeading(Text(texts_.title));
+  header_.SetText(Text(texts_.explanation));
+  lblFilter_.CreateWithKey(env_, hwnd(), IDC_lblFilter, Text(17204));
+  txtFilter_.Create(env_, hwnd(), IDC_txtFilter);
+  // Made before the list, so that it lies above it.
+  lblEmpty_.Create(env_, hwnd(), IDC_lblToolEmpty, {}, SS_CENTER);
+  lblEmpty_.Show(false);
+  list_.Create(env_, hwnd(), IDC_lstTool);
+  const auto captions = ColumnCaptions();
+  const auto columns = Columns();
+  for (std::size_t i = 0; i < captions.size(); ++i) {
+    list_.AddColumn(static_cast<int>(i), Text(captions[i]), metrics().Scale(columns[i].width));
+  }
+  if (!ColumnOrder().empty()) list_.SetColumnOrder(ColumnOrder());
+  lblStatus_.Create(env_, hwnd(), IDC_lblToolStatus);
+  const auto commands = Commands();
+  for (std::size_t i = 0; i < commands.size(); ++i) {
+    buttons_[i].Create(env_, hwnd(), commands[i].id, Text(commands[i].caption));
+  }
+  cmdClose_.Create(env_, hwnd(), IDC_cmdToolClose, Text(17255));
+}
+
+void frmTool::OnSize(Area area) {
+  Layout layout;
+  layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
+  Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
+  Area filter = inner.CutTop(metrics().LineHeight() + metrics().Scale(8));
+  const int label = metrics().TextWidth(Text(17204)) + metrics().Gap();
+  Area caption = filter.CutLeft(label);
+  caption.CutTop(metrics().Scale(4));
+  layout.Place(lblFilter_, caption);
+  layout.Place(txtFilter_, filter.CutLeft(metrics().Scale(260)));
+  filter.CutLeft(metrics().Margin());
+  filter.CutTop(metrics().Scale(4));
+  layout.Place(lblStatus_, filter);
+  inner.CutTop(metrics().Gap());
+  Area buttons = inner.CutBottom(metrics().ButtonHeight());
+  inner.CutBottom(metrics().Margin());
+  layout.Place(list_, inner);
+  const int line = metrics().LineHeight();
+  const Area empty = inner.Shrunk(metrics().Scale(4), std::max(0, inner.height() / 2 - line));
+  layout.Place(lblEmpty_, {empty.left, empty.top, empty.right, empty.top + 2 * line});
+  for (std::size_t i = 0; i < Commands().size(); ++i) {
+    layout.Place(buttons_[i], buttons.CutLeft(buttons_[i].width()));
+    buttons.CutLeft(metrics().Gap());
+  }
+  layout.Place(cmdClose_, buttons.CutRight(cmdClose_.width()));
+}
+
+void frmTool::ShowRows() {
+  std::size_t selected = 0;
+  const bool had = Selected(&selected);
+  view_->Update();
+  list_.Select(-1, false);
+  list_.SetItemCount(view_->size());
+  list_.ShowSortArrow(view_->sort_column(), view_->ascending());
+  const int shown = had ? view_->Find(selected) : -1;
+  const int row = shown < 0 && view_->size() > 0 ? 0 : shown;
+  if (row >= 0) {
+    list_.Select(row, true);
+    list_.FocusRow(row);
+  }
+  lblEmpty_.SetText(Text(Table().size() == 0 ? texts_.empty : 17238));
+  lblEmpty_.Show(view_->size() == 0);
+  list_.Redraw();
+  ShowFigures();
+  Enable();
+}
+
+// A button that can no longer be pressed must not keep the keyboard to itself.
+void frmTool::Enable() {
+  HWND focus = GetFocus();
+  EnableCommands();
+  if (focus && IsChild(hwnd(), focus) && !IsWindowEnabled(focus)) SetFocus(list_.hwnd());
+}
+
+void frmTool::ShowFigures() {
+  std::string text = Figures();
+  if (view_->size() != Table().size()) {
+    text += ", " + std::to_string(view_->size()) + " " + Text(17241);
+  }
+  lblStatus_.SetText(text);
+}
+
+bool frmTool::Selected(std::size_t* row) const {
+  const int shown = list_.Selected();
+  if (shown < 0 || static_cast<std::size_t>(shown) >= view_->size()) return false;
+  *row = view_->Row(static_cast<std::size_t>(shown));
+  return *row < Table().size();
+}
+
+Button& frmTool::ButtonOf(int id) {
+  const auto commands = Commands();
+  std::size_t i = 0;
+  while (i + 1 < commands.size() && commands[i].id != id) ++i;
+  return buttons_[i];
+}
+
+void frmTool::ShowFailures(const std::vector<std::string>& failures) const {
+  if (failures.empty()) return;
+  std::string text = Text(17242) + "\r\n";
+  for (std::size_t i = 0; i < failures.size() && i < kMostFailures; ++i) {
+    text += "\r\n" + failures[i].substr(0, kLongestFailure);
+  }
+  if (failures.size() > kMostFailures) text += "\r\n...";
+  ShowMessage(text, Text(17001), MB_ICONWARNING);
+}
+
+bool frmTool::OnKey(WPARAM key) {
+  const bool control = GetKeyState(VK_CONTROL) < 0;
+  if (key == VK_F5) return OnRowCommand(IDM_mnuRefresh);
+  if (key == 'F' && control) return SetFocus(txtFilter_.hwnd()), true;
+  if (GetFocus() != list_.hwnd()) return false;
+  if ((key == 'C' || key == VK_INSERT) && control) return OnRowCommand(IDM_mnuCopyRow);
+  if (key == VK_DELETE) return OnToolCommand(IDC_cmdToolRemove);
+  if (key == VK_SPACE) return OnToolCommand(IDC_cmdDisable);
+  return false;
+}
+
+LRESULT frmTool::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_COMMAND:
+      if (LOWORD(wparam) == IDC_txtFilter && HIWORD(wparam) == EN_CHANGE) return Filter(), 0;
+      break;
+    case WM_CONTEXTMENU:
+      if (reinterpret_cast<HWND>(wparam) != list_.hwnd()) break;
+      ShowMenu({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
+      return 0;
+    case WM_GETMINMAXINFO:
+      reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {metrics().Scale(kSmallestWidth),
+                                                               metrics().Scale(kSmallestHeight)};
+      return 0;
+    case WM_CTLCOLORSTATIC:
+      if (reinterpret_cast<HWND>(lparam) != lblEmpty_.hwnd()) break;
+      SetBkColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOW));
+      SetTextColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOWTEXT));
+      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+    default:
+      break;
+  }
+  return ModalWindow::OnMessage(message, wparam, lparam);
+}
+
+void frmTool::Filter() {
+  view_->SetFilter(txtFilter_.Text());
+  ShowRows();
+}
+
+void frmTool::Sort(int column) {
+  std::size_t selected = 0;
+  const bool had = Selected(&selected);
+  view_->SortBy(column);
+  list_.Select(-1, false);
+  if (const int shown = had ? view_->Find(selected) : -1; shown >= 0) {
+    list_.Select(shown, true);
+    list_.FocusRow(shown);
+  }
+  ShowRows();
+}
+
+bool frmTool::OnCommand(int id) {
+  if (id == IDC_cmdToolClose) return PostMessageA(hwnd(), WM_CLOSE, 0, 0), true;
+  return OnRowCommand(id) || OnToolCommand(id);
+}
+
+bool frmTool::OnRowCommand(int id) {
+  if (id == IDM_mnuRefresh) return Reload(), true;
+  if (id != IDM_mnuCopyRow && id != IDM_mnuFileProperties && id != IDM_mnuOpenKey) return false;
+  std::size_t row = 0;
+  if (!Selected(&row)) return true;
+  const std::string name = std::string(prefix_) + "Menu_Click";
+  static_cast<void>(env_.log.Trap(name.c_str(), [&]() -> Outcome {
+    if (id == IDM_mnuFileProperties) return tools_.shell().ShowProperties(FileOf(row));
+    if (id == IDM_mnuOpenKey) return tools_.OpenRegistry(KeyOf(row));
+    const auto shown = static_cast<std::size_t>(list_.Selected());
+    return CopyText(hwnd(), view_->Line(shown)) ? Outcome() : Outcome::Failed(kPermissionDenied);
+  }));
+  return true;
+}
+
+LRESULT frmTool::OnNotify(NMHDR* header) {
+  if (header->hwndFrom != list_.hwnd()) return 0;
+  switch (header->code) {
+    case LVN_GETDISPINFOA:
+      return FillItem(reinterpret_cast<NMLVDISPINFOA*>(header));
+    case LVN_COLUMNCLICK:
+      Sort(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem);
+      return 0;
+    case LVN_ITEMCHANGED:
+      Enable();
+      return 0;
+    case NM_CUSTOMDRAW:
+      return Draw(reinterpret_cast<NMLVCUSTOMDRAW*>(header));
+    case LVN_ODFINDITEMA:
+      return -1;  // typing letters does not search: the filter does
+    default:
+      return 0;
+  }
+}
+
+LRESULT frmTool::FillItem(NMLVDISPINFOA* info) const {
+  LVITEMA& item = info->item;
+  const auto index = static_cast<std::size_t>(item.iItem);
+  if (index >= view_->size() || view_->Row(index) >= Table().size()) return 0;
+  if (!(item.mask & LVIF_TEXT)) return 0;
+  lstrcpynA(item.pszText, Table().Cell(view_->Row(index), item.iSubItem).c_str(), item.cchTextMax);
+  return 0;
+}
+
+LRESULT frmTool::Draw(NMLVCUSTOMDRAW* draw) const {
+  const auto index = static_cast<std::size_t>(draw->nmcd.dwItemSpec);
+  switch (draw->nmcd.dwDrawStage) {
+    case CDDS_PREPAINT:
+      return CDRF_NOTIFYITEMDRAW;
+    case CDDS_ITEMPREPAINT:
+      return CDRF_NOTIFYSUBITEMDRAW;
+    case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
+      break;
+    default:
+      return CDRF_DODEFAULT;
+  }
+  if (index >= view_->size() || view_->Row(index) >= Table().size()) return CDRF_DODEFAULT;
+  const std::size_t row = view_->Row(index);
+  const COLORREF colour = IsMarked(row) ? kSpyColour : GetSysColor(COLOR_WINDOWTEXT);
+  draw->clrText = colour;
+  const auto column = static_cast<std::size_t>(draw->iSubItem);
+  if (column == 0 || !Columns()[column].path) return CDRF_NEWFONT;
+  DrawPathCell(list_, *draw, Table().Cell(row, draw->iSubItem), colour);
+  return CDRF_SKIPDEFAULT;
+}
+
+void frmTool::ShowMenu(POINT at) {
+  if (at.x == -1 && at.y == -1) {  // from the keyboard
+    at = {metrics().Scale(40), metrics().Scale(40)};
+    ClientToScreen(list_.hwnd(), &at);
+  }
+  std::size_t row = 0;
+  const bool any = Selected(&row);
+  const auto offered = [](bool yes) -> UINT { return MF_STRING | (yes ? MF_ENABLED : MF_GRAYED); };
+  const MenuHandle menu(CreatePopupMenu());
+  AppendMenuA(menu.get(), offered(any), IDM_mnuCopyRow, (Text(17217) + "\tCtrl+C").c_str());
+  AppendMenuA(menu.get(), offered(any && !FileOf(row).empty()), IDM_mnuFileProperties,
+              Text(17218).c_str());
+  AppendMenuA(menu.get(), offered(any && !KeyOf(row).empty()), IDM_mnuOpenKey, Text(17219).c_str());
+  AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
+  AppendMenuA(menu.get(), MF_STRING, IDM_mnuRefresh, (Text(17220) + "\tF5").c_str());
+  TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr);
+}
+
+}  // namespace scourwell

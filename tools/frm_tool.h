@@ -1,0 +1,108 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "tools/table_view.h"
+#include "tools/tool_box.h"
+#include "widgets/button.h"
+#include "widgets/edit.h"
+#include "widgets/header_pane.h"
+#include "widgets/label.h"
+#include "widgets/live_label.h"
+#include "widgets/modal_window.h"
+#include "widgets/report_list_view.h"
+
+namespace scourwell {
+
+// What the windows of the tools have in common: heading, filter, a sorted list that mirrors a
+// table, its popup menu, a line of figures and a row of buttons.
+class frmTool : public ModalWindow {
+ protected:
+  struct Column {
+    int width;  // pixels at 96 dots per inch
+    bool path;
+  };
+  struct Command {
+    int id;
+    int caption;
+  };
+  struct Texts {
+    int title;
+    int explanation;
+    int empty;
+  };
+
+  frmTool(const WindowEnv& env, const char* name, const char* prefix, ToolBox& tools,
+          const Texts& texts);
+
+  // What a window says of itself, constant as long as it lives.
+  virtual const TableModel& Table() const = 0;
+  virtual std::span<const int> ColumnCaptions() const = 0;
+  virtual std::span<const Column> Columns() const = 0;
+  // As they are shown from left to right; empty: as they are numbered.
+  virtual std::span<const int> ColumnOrder() const { return {}; }
+  virtual std::span<const Command> Commands() const = 0;
+
+  // What it says of its rows.
+  virtual std::string FileOf(std::size_t row) const = 0;
+  virtual std::string KeyOf(std::size_t row) const = 0;
+  virtual bool IsMarked(std::size_t row) const = 0;
+  virtual std::string Figures() const = 0;
+  virtual void Reload() = 0;
+  virtual void EnableCommands() = 0;
+  // A command of its own.
+  virtual bool OnToolCommand(int id) = 0;
+
+  // The table has changed; the row stays selected if it is still shown.
+  void ShowRows();
+  // Of the table; no value when no row is selected.
+  bool Selected(std::size_t* row) const;
+  Button& ButtonOf(int id);
+  // Messages of failures, cut to what fits the screen.
+  void ShowFailures(const std::vector<std::string>& failures) const;
+
+  std::string Title() const override { return Text(texts_.title); }
+  HWND DefaultButton() const override { return nullptr; }
+  HWND FirstFocus() const override { return list_.hwnd(); }
+  void OnShown() override { Reload(); }
+  bool OnCommand(int id) override;
+  void OnCreate() override;
+  void OnSize(Area area) override;
+
+  ToolBox& tools_;
+
+ private:
+  static constexpr std::size_t kMostButtons = 5;
+
+  SIZE FirstSize() const override;
+  bool MayResize() const override { return true; }
+  bool OnKey(WPARAM key) override;
+  LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+  LRESULT OnNotify(NMHDR* header) override;
+  LRESULT FillItem(NMLVDISPINFOA* info) const;
+  LRESULT Draw(NMLVCUSTOMDRAW* draw) const;
+  void Filter();
+  void Sort(int column);
+  void ShowMenu(POINT at);
+  void ShowFigures();
+  void Enable();
+  bool OnRowCommand(int id);
+
+  const char* prefix_;
+  std::optional<TableView> view_;  // of Table, which is made after us
+  Texts texts_;
+  HeaderPane header_;
+  Label lblFilter_;
+  Edit txtFilter_;
+  Label lblEmpty_;
+  ReportListView list_;
+  LiveLabel lblStatus_;
+  std::array<Button, kMostButtons> buttons_;
+  Button cmdClose_;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace scourwell {
+
+// One disabled entry: its name and the five columns that follow.
+struct ProfileRecord {
+  enum Field { kName, kStatus, kLocation, kScope, kWhen, kCommand, kFields };
+  std::array<std::string, kFields> fields;
+};
+
+// Six lines a record, no header, no count. A field that cannot stand on a line of its own (line
+// breaks, other control characters) is written as "hex:" and its bytes.
+std::string ProfileText(const std::vector<ProfileRecord>& records);
+
+struct ProfileReading {
+  std::vector<ProfileRecord> records;  // the whole ones
+  std::size_t left_over = 0;           // lines behind them that are no whole record
+};
+ProfileReading ReadProfileText(std::string_view text);
+
+// The most that is read of a profile, in bytes.
+inline constexpr std::uint64_t kLargestProfile = 16u << 20;
+
+// Appends the whole records. A missing file holds none. kPastEndOfFile: the file ends within a
+// record; *records still gets those before it. Any other failure leaves *records alone.
+Outcome LoadProfile(Files& files, const std::string& path, std::vector<ProfileRecord>* records);
+
+// Replaces the file as a whole; without records it is deleted.
+Outcome SaveProfile(Files& files, const std::string& path,
+                    const std::vector<ProfileRecord>& records);
+
+}  // namespace scourwell

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+#include "platform/system.h"
+#include "platform/system_folders.h"
+
+namespace scourwell {
+
+// What a command line starts.
+struct ProgramOf {
+  std::string path;       // absolute where it was found, else as the command names it
+  std::string arguments;  // without the blanks before them
+  bool exists = false;
+};
+
+// Finds the program as the system does: quotes, or the first part that leads to a file where
+// blanks stand unquoted; ".exe" may be missing; names without a folder are looked for in the
+// Windows and system folders. For "rundll32" it is the library that it is given.
+ProgramOf FindProgram(std::string_view command, Files& files, const SystemFolders& folders,
+                      System& system);
+
+// The same command with its program in quotes, if it has one that exists and needs them: what
+// stands unquoted could start another program.
+std::string SafeCommand(const std::string& command, Files& files, const SystemFolders& folders,
+                        System& system);
+
+// "%NAME%" replaced by what the environment says; unknown names stay.
+std::string ExpandEnvironment(std::string_view text, System& system);
+
+}  // namespace scourwell

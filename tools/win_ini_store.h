@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+
+#include "platform/files.h"
+#include "platform/profiles.h"
+#include "platform/registry.h"
+#include "platform/system_folders.h"
+
+namespace scourwell {
+
+// The two lines of section "Windows" of "win.ini", and how they stood before programs were taken
+// out of them.
+class WinIniStore {
+ public:
+  WinIniStore(Files& files, Registry& registry, Profiles& profiles, const SystemFolders& folders)
+      : files_(files), registry_(registry), profiles_(profiles), folders_(folders) {}
+
+  // The value with its quotes, whole; `key` is "Load" or "Run".
+  std::string Read(const std::string& key) const;
+  // An empty line keeps its key, so that it stays where it is.
+  Outcome Write(const std::string& key, const std::string& line) const;
+
+  // The line as it was before the first program that is still out of it.
+  std::string Original(const std::string& key) const;
+  // An empty one is dropped.
+  Outcome KeepOriginal(const std::string& key, const std::string& line) const;
+
+ private:
+  std::string IniPath() const;
+  std::string OriginalPath(const std::string& key) const;
+
+  Files& files_;
+  Registry& registry_;
+  Profiles& profiles_;
+  const SystemFolders& folders_;
+};
+
+// The folder for what profiles cannot hold.
+std::string SideFolder(const SystemFolders& folders);
+// Makes it, and a folder in it.
+Outcome MakeSideFolder(Files& files, const SystemFolders& folders, const char* part);
+
+}  // namespace scourwell
