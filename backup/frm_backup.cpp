@@ -24,9 +24,7 @@ frmBackup::frmBackup(const WindowEnv& env, Backups& backups, Clock& clock, std::
       folder_(std::move(folder)),
       help_(std::move(help)) {}
 
-Dialog::Shape frmBackup::WantedShape() const {
-  return {metrics().Scale(520), metrics().Scale(330), true};
-}
+SIZE frmBackup::FirstSize() const { return {metrics().Scale(520), metrics().Scale(330)}; }
 
 void frmBackup::OnCreate() {
   CreateHeader(Text(1403), Text(17130));
@@ -68,11 +66,6 @@ void frmBackup::OnSize(Area area) {
   GetClientRect(BackupList_.hwnd(), &client);
   const int left = client.right - BackupList_.ColumnWidth(kDate) - BackupList_.ColumnWidth(kSize);
   BackupList_.SetColumnWidth(kName, std::max(left, metrics().Scale(120)));
-}
-
-LRESULT frmBackup::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
-  if (message == WM_CLOSE && busy_) return 0;
-  return ListDialog::OnMessage(message, wparam, lparam);
 }
 
 LRESULT frmBackup::OnNotify(NMHDR* header) {

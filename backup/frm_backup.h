@@ -18,16 +18,15 @@ class frmBackup : public ListDialog {
  private:
   enum Column { kDate, kName, kSize };
 
-  Shape WantedShape() const override;
+  SIZE FirstSize() const override;
   std::string Title() const override { return Text(1403); }
-  HWND EnterButton() const override { return cmdRestore_.hwnd(); }
-  HWND EscapeButton() const override { return cmdOk_.hwnd(); }
+  HWND DefaultButton() const override { return cmdRestore_.hwnd(); }
   HWND FirstFocus() const override { return BackupList_.hwnd(); }
   void OnCreate() override;
   void OnSize(Area area) override;
   bool OnCommand(int id) override;
   LRESULT OnNotify(NMHDR* header) override;
-  LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+  bool MayClose() override { return !busy_; }
 
   void Load();
   int Selected() const { return BackupList_.NextSelected(-1); }

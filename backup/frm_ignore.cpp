@@ -16,9 +16,7 @@ frmIgnore::frmIgnore(const WindowEnv& env, IgnoreList& ignore, std::function<voi
       ignore_(ignore),
       help_(std::move(help)) {}
 
-Dialog::Shape frmIgnore::WantedShape() const {
-  return {metrics().Scale(580), metrics().Scale(360), true};
-}
+SIZE frmIgnore::FirstSize() const { return {metrics().Scale(580), metrics().Scale(360)}; }
 
 void frmIgnore::OnCreate() {
   CreateHeader(Text(1513), Text(17120));

@@ -17,10 +17,9 @@ class frmIgnore : public ListDialog {
  private:
   enum Column { kType, kSystem, kDetails };
 
-  Shape WantedShape() const override;
+  SIZE FirstSize() const override;
   std::string Title() const override { return Text(1513); }
-  HWND EnterButton() const override { return nullptr; }
-  HWND EscapeButton() const override { return cmdCancel_.hwnd(); }
+  HWND DefaultButton() const override { return nullptr; }
   HWND FirstFocus() const override { return IgnoreListView_.hwnd(); }
   void OnCreate() override;
   void OnSize(Area area) override;

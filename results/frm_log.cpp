@@ -5,25 +5,21 @@
 #include "platform/file_utils.h"
 #include "platform/text.h"
 #include "widgets/access_keys.h"
+#include "widgets/file_dialog.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
 #include "widgets/resource.h"
-#include "widgets/save_dialog.h"
 
 namespace scourwell {
 
 frmLog::frmLog(const WindowEnv& env, Files& files, std::string path)
-    : Dialog(env, "frmLog"), files_(files), path_(std::move(path)) {}
+    : ModalWindow(env, "frmLog"), files_(files), path_(std::move(path)) {}
 
-Dialog::Shape frmLog::WantedShape() const {
-  return {metrics().Scale(600), metrics().Scale(400), true};
-}
+SIZE frmLog::FirstSize() const { return {metrics().Scale(600), metrics().Scale(400)}; }
 
 void frmLog::OnCreate() {
   txtFile_.Create(env_, hwnd(), IDC_txtFile);
-  lblFind_.Create(env_, hwnd(), IDC_lblFind, Text(17110), SS_LEFT);
-  SetWindowLongA(lblFind_.hwnd(), GWL_STYLE,
-                 GetWindowLongA(lblFind_.hwnd(), GWL_STYLE) & ~SS_NOPREFIX);
+  lblFind_.CreateWithKey(env_, hwnd(), IDC_lblFind, Text(17110));
   txtFind_.Create(env_, hwnd(), IDC_txtFind);
   AccessKeys keys({Text(17110)});
   cmdFind_.Create(env_, hwnd(), IDC_cmdFind, keys.Add(Text(17111)));
@@ -63,13 +59,13 @@ void frmLog::OnSize(Area area) {
 }
 
 // In the search field Enter searches.
-HWND frmLog::EnterButton() const {
+HWND frmLog::DefaultButton() const {
   return GetFocus() == txtFind_.hwnd() ? cmdFind_.hwnd() : cmdCancel_.hwnd();
 }
 
-bool frmLog::OnKey(const MSG& message) {
-  if (message.wParam == VK_F3) return FindNext(), true;
-  if (message.wParam == 'F' && GetKeyState(VK_CONTROL) < 0) {
+bool frmLog::OnKey(WPARAM key) {
+  if (key == VK_F3) return FindNext(), true;
+  if (key == 'F' && GetKeyState(VK_CONTROL) < 0) {
     SetFocus(txtFind_.hwnd());
     txtFind_.SelectAll();
     return true;
@@ -107,8 +103,8 @@ void frmLog::FindNext() {
 }
 
 void frmLog::Save() {
-  const std::string path = AskForFileToSave(hwnd(), Text(1603), Text(17113), "*.txt", "txt",
-                                            std::string(FileNamePart(path_)));
+  const std::string path = AskForFile(hwnd(), FileDialog::Save, Text(17113), "txt", Text(1603),
+                                      std::string(FileNamePart(path_)));
   if (path.empty()) return;
   const Outcome saved = env_.log.Trap("cmdSave_Click", [&]() -> Outcome {
     Outcome written = files_.Replace(path, text_);

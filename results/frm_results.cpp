@@ -21,17 +21,17 @@ constexpr int kObjectLines = 7;
 }  // namespace
 
 frmResults::frmResults(const WindowEnv& env, const Removal& removal)
-    : Dialog(env, "frmResults"),
+    : ModalWindow(env, "frmResults"),
       removal_(removal),
       header_(env, HeaderPane::Size::Small, {IDC_lblRemovalHeading, IDC_lblRemovalSummary, 0}) {}
 
-Dialog::Shape frmResults::WantedShape() const {
+SIZE frmResults::FirstSize() const {
   const int line = metrics().LineHeight() + metrics().Scale(4);
   const int height = header_.Height() + 2 * metrics().Margin() + kLines * line +
                      2 * metrics().Gap() + metrics().LineHeight() +
                      kObjectLines * metrics().LineHeight() + metrics().Margin() +
                      metrics().ButtonHeight();
-  return {metrics().Scale(560), height, true};
+  return {metrics().Scale(560), height};
 }
 
 void frmResults::OnCreate() {

@@ -4,26 +4,26 @@
 
 #include "results/removal.h"
 #include "widgets/button.h"
-#include "widgets/dialog.h"
 #include "widgets/header_pane.h"
 #include "widgets/label.h"
+#include "widgets/modal_window.h"
 #include "widgets/text_view.h"
 
 namespace scourwell {
 
 // frmResults: what the last removal did. The six numbers count attempts; the list below them tells
 // what really came of each object.
-class frmResults : public Dialog {
+class frmResults : public ModalWindow {
  public:
   frmResults(const WindowEnv& env, const Removal& removal);
 
  private:
   static constexpr int kLines = 6;
 
-  Shape WantedShape() const override;
+  SIZE FirstSize() const override;
+  bool MayResize() const override { return true; }
   std::string Title() const override { return Text(4007); }
-  HWND EnterButton() const override { return cmdOk_.hwnd(); }
-  HWND EscapeButton() const override { return cmdOk_.hwnd(); }
+  HWND DefaultButton() const override { return cmdOk_.hwnd(); }
   HWND FirstFocus() const override { return cmdOk_.hwnd(); }
   void OnCreate() override;
   void OnSize(Area area) override;

@@ -235,7 +235,7 @@ const Caption kCaptions[] = {
     {17110, "&Find:"},
     {17111, "Find Next"},
     {17112, "The text was not found:"},
-    {17113, "Log files (*.txt)"},
+    {17113, "Log files (*.txt)|*.txt|"},
     {17120, "Nothing is excluded: scans report everything they find."},
     {17121, "Excluded components:"},
     {17122, "The ignore list could not be changed."},

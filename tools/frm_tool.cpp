@@ -33,6 +33,10 @@ frmTool::frmTool(const WindowEnv& env, const char* name, const char* prefix, Too
 
 SIZE frmTool::FirstSize() const { return {metrics().Scale(kWidth), metrics().Scale(kHeight)}; }
 
+SIZE frmTool::SmallestSize() const {
+  return {metrics().Scale(kSmallestWidth), metrics().Scale(kSmallestHeight)};
+}
+
 void frmTool::OnCreate() {
   view_.emplace(Table());
   header_.Create(hwnd(), IDC_ToolHeader);
@@ -163,10 +167,6 @@ LRESULT frmTool::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_CONTEXTMENU:
       if (reinterpret_cast<HWND>(wparam) != list_.hwnd()) break;
       ShowMenu({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
-      return 0;
-    case WM_GETMINMAXINFO:
-      reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {metrics().Scale(kSmallestWidth),
-                                                               metrics().Scale(kSmallestHeight)};
       return 0;
     case WM_CTLCOLORSTATIC:
       if (reinterpret_cast<HWND>(lparam) != lblEmpty_.hwnd()) break;

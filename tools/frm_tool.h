@@ -79,6 +79,7 @@ class frmTool : public ModalWindow {
   static constexpr std::size_t kMostButtons = 5;
 
   SIZE FirstSize() const override;
+  SIZE SmallestSize() const override;
   bool MayResize() const override { return true; }
   bool OnKey(WPARAM key) override;
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;

@@ -7,16 +7,18 @@
 namespace scourwell {
 
 std::string AskForFile(HWND owner, FileDialog kind, const std::string& filter,
-                       const char* extension) {
+                       const char* extension, const std::string& title, const std::string& name) {
   std::string patterns = filter + "||";
   std::replace(patterns.begin(), patterns.end(), '|', '\0');
   char path[MAX_PATH] = "";
+  lstrcpynA(path, name.c_str(), sizeof path);
   OPENFILENAMEA dialog = {};
   dialog.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
   dialog.hwndOwner = owner;
   dialog.lpstrFilter = patterns.c_str();
   dialog.lpstrFile = path;
   dialog.nMaxFile = MAX_PATH;
+  dialog.lpstrTitle = title.empty() ? nullptr : title.c_str();
   dialog.lpstrDefExt = extension;
   dialog.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
   if (kind == FileDialog::Open) {

@@ -6,7 +6,7 @@
 namespace scourwell {
 
 InputBox::InputBox(const WindowEnv& env, std::string prompt, std::string title, std::string answer)
-    : Dialog(env, "InputBox"),
+    : ModalWindow(env, "InputBox"),
       prompt_(std::move(prompt)),
       title_(std::move(title)),
       answer_(std::move(answer)) {}
@@ -17,10 +17,10 @@ bool InputBox::Ask(HWND owner, std::string* answer) {
   return accepted_;
 }
 
-Dialog::Shape InputBox::WantedShape() const {
+SIZE InputBox::FirstSize() const {
   const int height = 2 * metrics().Margin() + metrics().LineHeight() + metrics().Gap() +
                      metrics().FieldHeight() + metrics().Margin() + metrics().ButtonHeight();
-  return {metrics().Scale(360), height, false};
+  return {metrics().Scale(360), height};
 }
 
 void InputBox::OnCreate() {

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "widgets/button.h"
-#include "widgets/dialog.h"
 #include "widgets/label.h"
+#include "widgets/modal_window.h"
 #include "widgets/text_field.h"
 
 namespace scourwell {
 
 // Asks for one line of text.
-class InputBox : public Dialog {
+class InputBox : public ModalWindow {
  public:
   InputBox(const WindowEnv& env, std::string prompt, std::string title, std::string answer);
 
@@ -16,10 +16,9 @@ class InputBox : public Dialog {
   bool Ask(HWND owner, std::string* answer);
 
  private:
-  Shape WantedShape() const override;
+  SIZE FirstSize() const override;
   std::string Title() const override { return title_; }
-  HWND EnterButton() const override { return cmdOk_.hwnd(); }
-  HWND EscapeButton() const override { return cmdCancel_.hwnd(); }
+  HWND DefaultButton() const override { return cmdOk_.hwnd(); }
   HWND FirstFocus() const override { return txtAnswer_.hwnd(); }
   void OnCreate() override;
   void OnSize(Area area) override;

@@ -37,7 +37,7 @@ LRESULT ListDialog::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     SetTextColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_WINDOWTEXT));
     return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
   }
-  return Dialog::OnMessage(message, wparam, lparam);
+  return ModalWindow::OnMessage(message, wparam, lparam);
 }
 
 }  // namespace scourwell

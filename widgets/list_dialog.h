@@ -3,15 +3,15 @@
 #include <initializer_list>
 
 #include "widgets/button.h"
-#include "widgets/dialog.h"
 #include "widgets/header_pane.h"
 #include "widgets/label.h"
+#include "widgets/modal_window.h"
 
 namespace scourwell {
 
 // A dialog with a header, one list and a row of buttons below it. While the list is empty a text in
 // its middle says so.
-class ListDialog : public Dialog {
+class ListDialog : public ModalWindow {
  protected:
   struct Ids {
     int header;
@@ -21,7 +21,7 @@ class ListDialog : public Dialog {
   };
 
   ListDialog(const WindowEnv& env, const char* name, Ids ids)
-      : Dialog(env, name),
+      : ModalWindow(env, name),
         ids_(ids),
         header_(env, HeaderPane::Size::Small, {ids.heading, ids.text, 0}) {}
 
@@ -31,6 +31,7 @@ class ListDialog : public Dialog {
   void Arrange(Area area, const Control& list, std::initializer_list<const Button*> left,
                std::initializer_list<const Button*> right);
   void SetHeaderText(const std::string& text) { header_.SetText(text); }
+  bool MayResize() const override { return true; }
   void ShowEmpty(bool empty) { lblEmpty_.Show(empty); }
 
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;

@@ -10,18 +10,22 @@ constexpr DWORD kResizable = kFixed | WS_THICKFRAME | WS_MAXIMIZEBOX;
 
 }  // namespace
 
+SIZE ModalWindow::WholeSize(SIZE client, bool menu) const {
+  RECT frame = {0, 0, client.cx, client.cy};
+  AdjustWindowRectEx(&frame, MayResize() ? kResizable : kFixed, menu, WS_EX_DLGMODALFRAME);
+  return {frame.right - frame.left, frame.bottom - frame.top};
+}
+
 // In the middle of its owner, within the screen.
 Area ModalWindow::Place(HWND owner, bool menu) const {
-  const SIZE size = FirstSize();
-  RECT frame = {0, 0, size.cx, size.cy};
-  AdjustWindowRectEx(&frame, MayResize() ? kResizable : kFixed, menu, WS_EX_DLGMODALFRAME);
+  const SIZE size = WholeSize(FirstSize(), menu);
   RECT around = {};
   GetWindowRect(owner, &around);
   RECT desktop = {};
   SystemParametersInfoA(SPI_GETWORKAREA, 0, &desktop, 0);
   const Area work(desktop);
-  const int width = std::min<int>(frame.right - frame.left, work.width());
-  const int height = std::min<int>(frame.bottom - frame.top, work.height());
+  const int width = std::min<int>(size.cx, work.width());
+  const int height = std::min<int>(size.cy, work.height());
   const int left =
       std::clamp<int>((around.left + around.right - width) / 2, work.left, work.right - width);
   const int top =
@@ -84,6 +88,13 @@ LRESULT ModalWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       // A message box of ours is asking something.
       if (IsWindowEnabled(hwnd()) && MayClose()) Close();
       return 0;
+    case WM_GETMINMAXINFO: {
+      const SIZE smallest = WholeSize(SmallestSize(), GetMenu(hwnd()) != nullptr);
+      reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {
+          std::min<LONG>(smallest.cx, GetSystemMetrics(SM_CXSCREEN)),
+          std::min<LONG>(smallest.cy, GetSystemMetrics(SM_CYSCREEN))};
+      return 0;
+    }
     case WM_NEXTDLGCTL: {
       // How an access key of a label reaches the control behind it.
       HWND next = LOWORD(lparam) ? reinterpret_cast<HWND>(wparam)

@@ -18,6 +18,8 @@ class ModalWindow : public Window {
   // Of the client area, in pixels.
   virtual SIZE FirstSize() const = 0;
   virtual bool MayResize() const { return false; }
+  // The client area that is always left.
+  virtual SIZE SmallestSize() const { return FirstSize(); }
   virtual std::string Title() const = 0;
   virtual HMENU Menu() { return nullptr; }
   virtual HWND DefaultButton() const = 0;
@@ -34,6 +36,7 @@ class ModalWindow : public Window {
 
  private:
   bool Translate(MSG* message);
+  SIZE WholeSize(SIZE client, bool menu) const;
   Area Place(HWND owner, bool menu) const;
 
   HWND owner_ = nullptr;

@@ -18,7 +18,7 @@
 #define IDM_mnuBackups 40006
 #define IDM_mnuIgnoreList 40007
 #define IDM_mnuChangeReport 40008  // no entry: posted when a scan has ended
-#define IDM_mnuHome 40005  // no entry: pages post it to leave for the start page
+#define IDM_mnuHome 40005          // no entry: pages post it to leave for the start page
 // Popup menu of SpyListView
 #define IDM_mnuCheckAll 40011
 #define IDM_mnuUncheckAll 40012
