@@ -2,9 +2,9 @@
 
 #include "platform/files.h"
 #include "widgets/button.h"
+#include "widgets/edit.h"
 #include "widgets/label.h"
 #include "widgets/modal_window.h"
-#include "widgets/text_field.h"
 #include "widgets/text_view.h"
 
 namespace scourwell {
@@ -36,7 +36,7 @@ class frmLog : public ModalWindow {
   std::string text_;
   TextView txtFile_;
   Label lblFind_;
-  TextField txtFind_;
+  Edit txtFind_;
   Button cmdFind_;
   Button cmdSave_;
   Button cmdCancel_;

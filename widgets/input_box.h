@@ -1,9 +1,9 @@
 #pragma once
 
 #include "widgets/button.h"
+#include "widgets/edit.h"
 #include "widgets/label.h"
 #include "widgets/modal_window.h"
-#include "widgets/text_field.h"
 
 namespace scourwell {
 
@@ -29,7 +29,7 @@ class InputBox : public ModalWindow {
   std::string answer_;
   bool accepted_ = false;
   Label lblPrompt_;
-  TextField txtAnswer_;
+  Edit txtAnswer_;
   Button cmdOk_;
   Button cmdCancel_;
 };

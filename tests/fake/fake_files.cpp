@@ -55,7 +55,8 @@ Node* Node::Child(std::string_view part) const {
 }
 
 DirEntry Node::Entry() const {
-  return {name, short_name, attributes, IsFolder() ? 0 : content.size(), modified, accessed, created};
+  return {name,     short_name, attributes, IsFolder() ? 0 : content.size(),
+          modified, accessed,   created};
 }
 
 void FakeFiles::AddDrive(char letter, DriveKind kind, bool ready) {
