@@ -43,10 +43,10 @@ void ResultsPane::OnCreate() {
   };
   make(cmdCheckAll_, IDC_cmdCheckAll, 1803);
   make(cmdUnCheckAll_, IDC_cmdUnCheckAll, 1804);
-  make(cmdDelete_, IDC_cmdDelete, 1401);
   make(cmdExclude_, IDC_cmdExclude, 1845);
   make(cmdBackup_, IDC_cmdBackup, 17135);
   make(cmdViewLog_, IDC_cmdViewLog, 1842);
+  make(cmdDelete_, IDC_cmdDelete, 1401);
   make(cmdContinue_, IDC_cmdContinue, 17017);
   make(cmdClose_, IDC_cmdCloseResults, 1402);
 }
@@ -77,12 +77,12 @@ void ResultsPane::OnSize(Area area) {
       layout.Place(*button, actions.CutLeft(button->width()));
       actions.CutLeft(gap);
     }
-    for (const Button* button : {&cmdBackup_, &cmdExclude_, &cmdDelete_}) {
+    for (const Button* button : {&cmdBackup_, &cmdExclude_}) {
       layout.Place(*button, actions.CutRight(button->width()));
       actions.CutRight(gap);
     }
     layout.Place(cmdViewLog_, buttons.CutLeft(cmdViewLog_.width()));
-    for (const Button* button : {&cmdClose_, &cmdContinue_}) {
+    for (const Button* button : {&cmdClose_, &cmdContinue_, &cmdDelete_}) {
       layout.Place(*button, buttons.CutRight(button->width()));
       buttons.CutRight(gap);
     }
