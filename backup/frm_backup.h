@@ -5,7 +5,7 @@
 #include "backup/backups.h"
 #include "widgets/button.h"
 #include "widgets/list_dialog.h"
-#include "widgets/row_list_view.h"
+#include "widgets/report_list_view.h"
 
 namespace scourwell {
 
@@ -29,7 +29,7 @@ class frmBackup : public ListDialog {
   bool MayClose() override { return !busy_; }
 
   void Load();
-  int Selected() const { return BackupList_.NextSelected(-1); }
+  int Selected() const { return BackupList_.Selected(); }
   void SelectionChanged();
   LRESULT FillItem(NMLVDISPINFOA* info);
   void cmdRestore_Click();
@@ -45,7 +45,7 @@ class frmBackup : public ListDialog {
   std::vector<BackupRow> rows_;
   std::string cell_;
   bool busy_ = false;
-  RowListView BackupList_;
+  ReportListView BackupList_;
   Button cmdRestore_;
   Button cmdClean_;
   Button cmdHelp_;

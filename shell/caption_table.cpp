@@ -212,7 +212,6 @@ const Caption kCaptions[] = {
     {17017, "C&ontinue"},
     {17019, "&Check All"},
     {17020, "&Uncheck All"},
-    {17021, "Ca&ncel"},
     {17022, "&Select a directory:"},
     {17023, "Ready"},
     {17024, "Scanning..."},

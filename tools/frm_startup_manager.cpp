@@ -1,7 +1,6 @@
 #include "tools/frm_startup_manager.h"
 
 #include "tools/frm_add_task.h"
-#include "widgets/busy_pointer.h"
 #include "widgets/file_dialog.h"
 #include "widgets/message_box.h"
 #include "widgets/resource.h"
@@ -26,7 +25,7 @@ constexpr MenuEntry kMenu[] = {
 }  // namespace
 
 frmStartupManager::frmStartupManager(const WindowEnv& env, ToolBox& tools)
-    : frmTool(env, "frmStartupManager", "FRM Startup - ", tools, {1744, 17244, 17237}),
+    : frmEntries(env, "frmStartupManager", "FRM Startup - ", tools, {1744, 17244, 17237}),
       manager_(tools.entry_needs()) {}
 
 std::span<const int> frmStartupManager::ColumnCaptions() const {
@@ -67,56 +66,20 @@ HMENU frmStartupManager::Menu() {
   return bar;
 }
 
-// A shortcut has properties of its own, which are what there is to edit.
-std::string frmStartupManager::FileOf(std::size_t row) const {
-  const FileFacts& facts = manager_.facts(row);
-  return facts.exists ? facts.path : std::string();
-}
-
-std::string frmStartupManager::Figures() const {
-  return std::to_string(manager_.size()) + " " + Text(17239) + ", " +
-         std::to_string(manager_.disabled_count()) + " " + Text(17240);
-}
-
-void frmStartupManager::Reload() {
-  {
-    const BusyPointer busy;
-    manager_.Form_Load();
-  }
-  ShowResult();
-}
-
-void frmStartupManager::ShowResult() {
-  ShowRows();
-  ShowFailures(manager_.failures());
-}
-
 void frmStartupManager::EnableCommands() {
+  frmEntries::EnableCommands();
   std::size_t row = 0;
   const bool any = Selected(&row);
-  const bool enabled = any && manager_.status(row) == EntryStatus::Enabled;
-  ButtonOf(IDC_cmdDisable).SetText(Text(enabled || !any ? 17221 : 17222));
-  ButtonOf(IDC_cmdDisable).Enable(any);
   ButtonOf(IDC_cmdToolRemove).Enable(any);
-  ButtonOf(IDC_cmdApply).Enable(manager_.IsChanged());
   const UINT edit = any && (manager_.MayEdit(row) || !manager_.ShortcutOf(row).empty());
   EnableMenuItem(GetMenu(hwnd()), IDM_keyEdit, edit ? MF_ENABLED : MF_GRAYED);
 }
 
 bool frmStartupManager::OnToolCommand(int id) {
+  if (id != IDC_cmdToolRemove) return frmEntries::OnToolCommand(id) || OnMenu(id);
   std::size_t row = 0;
-  switch (id) {
-    case IDC_cmdDisable:
-      if (Selected(&row)) manager_.cmdDisable_Click(row);
-      return ShowResult(), true;
-    case IDC_cmdToolRemove:
-      if (Selected(&row)) manager_.cmdRemove_Click(row);
-      return ShowResult(), true;
-    case IDC_cmdApply:
-      return ApplyNow(), true;
-    default:
-      return OnMenu(id);
-  }
+  if (Selected(&row)) manager_.cmdRemove_Click(row);
+  return ShowResult(), true;
 }
 
 bool frmStartupManager::OnMenu(int id) {
@@ -147,14 +110,7 @@ bool frmStartupManager::OnMenu(int id) {
   }
 }
 
-void frmStartupManager::ApplyNow() {
-  {
-    const BusyPointer busy;
-    manager_.ApplyNow();
-  }
-  ShowResult();
-}
-
+// A shortcut has properties of its own, which are what there is to edit.
 void frmStartupManager::Edit() {
   std::size_t row = 0;
   if (!Selected(&row)) return;
@@ -194,17 +150,6 @@ void frmStartupManager::LoadProfile() {
   if (path.empty()) return;
   manager_.LoadProfile(path);
   ShowResult();
-}
-
-bool frmStartupManager::MayClose() {
-  if (!manager_.IsChanged()) return true;
-  const int answer =
-      MessageBoxA(hwnd(), Text(17243).c_str(), Title().c_str(), MB_YESNOCANCEL | MB_ICONQUESTION);
-  if (answer == IDYES) {
-    ApplyNow();
-    return manager_.failures().empty();
-  }
-  return answer == IDNO;
 }
 
 }  // namespace scourwell

@@ -103,9 +103,15 @@ Outcome ShellWin::CallExport(const std::string& library, const std::string& name
   return Outcome::Failed(result, "The component failed or crashed").With("Library: ", library);
 }
 
+// WinExec returns only once the new program waits for input, and names no reason.
 Outcome ShellWin::Launch(const std::string& command_line) {
-  const UINT result = WinExec(command_line.c_str(), SW_SHOWNOACTIVATE);
-  return result > 31 ? Outcome() : FailedWith(result);
+  Process program;
+  return Create(command_line, SW_SHOWNOACTIVATE, &program);
+}
+
+Outcome ShellWin::StartCommand(const std::string& command_line) {
+  Process program;
+  return Create(command_line, SW_SHOWNORMAL, &program);
 }
 
 Outcome ShellWin::Run(const std::string& command_line, std::uint32_t limit) {

@@ -101,23 +101,6 @@ Outcome ShellWin::Start(const std::string& program, const std::string& arguments
   return Execute("open", program, arguments);
 }
 
-// WinExec returns only once the new program waits for input, and names no reason.
-Outcome ShellWin::StartCommand(const std::string& command_line) {
-  std::string line = command_line;
-  STARTUPINFOA startup = {};
-  startup.cb = sizeof startup;
-  startup.dwFlags = STARTF_USESHOWWINDOW;
-  startup.wShowWindow = SW_SHOWNORMAL;
-  PROCESS_INFORMATION started = {};
-  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                      &started)) {
-    return FailedWith(GetLastError());
-  }
-  CloseHandle(started.hThread);
-  CloseHandle(started.hProcess);
-  return {};
-}
-
 void ShellWin::Message(const std::string& text, const std::string& title) {
   MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(), MB_OK | MB_ICONINFORMATION);
 }

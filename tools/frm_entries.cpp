@@ -1,0 +1,72 @@
+#include "tools/frm_entries.h"
+
+#include "widgets/busy_pointer.h"
+#include "widgets/resource.h"
+
+namespace scourwell {
+
+std::string frmEntries::FileOf(std::size_t row) const {
+  const FileFacts& facts = manager().facts(row);
+  return facts.exists ? facts.path : std::string();
+}
+
+std::string frmEntries::Figures() const {
+  return std::to_string(manager().size()) + " " + Text(17239) + ", " +
+         std::to_string(manager().disabled_count()) + " " + Text(17240);
+}
+
+void frmEntries::Reload() {
+  {
+    const BusyPointer busy;
+    manager().Form_Load();
+  }
+  ShowResult();
+}
+
+void frmEntries::ShowResult() {
+  ShowRows();
+  ShowFailures(manager().failures());
+}
+
+void frmEntries::EnableCommands() {
+  std::size_t row = 0;
+  const bool any = Selected(&row);
+  const bool enabled = any && manager().status(row) == EntryStatus::Enabled;
+  ButtonOf(IDC_cmdDisable).SetText(Text(enabled || !any ? 17221 : 17222));
+  ButtonOf(IDC_cmdDisable).Enable(any);
+  ButtonOf(IDC_cmdApply).Enable(manager().IsChanged());
+}
+
+bool frmEntries::OnToolCommand(int id) {
+  std::size_t row = 0;
+  switch (id) {
+    case IDC_cmdDisable:
+      if (Selected(&row)) manager().cmdDisable_Click(row);
+      return ShowResult(), true;
+    case IDC_cmdApply:
+      return ApplyNow(), true;
+    default:
+      return false;
+  }
+}
+
+void frmEntries::ApplyNow() {
+  {
+    const BusyPointer busy;
+    manager().ApplyNow();
+  }
+  ShowResult();
+}
+
+bool frmEntries::MayClose() {
+  if (!manager().IsChanged()) return true;
+  const int answer =
+      MessageBoxA(hwnd(), Text(17243).c_str(), Title().c_str(), MB_YESNOCANCEL | MB_ICONQUESTION);
+  if (answer == IDYES) {
+    ApplyNow();
+    return manager().failures().empty();
+  }
+  return answer == IDNO;
+}
+
+}  // namespace scourwell
