@@ -26,23 +26,6 @@
 #define IDB_Banner 103
 #define IDB_Banner32 104
 #define IDA_Main 110
-// The pictures of commands
-#define IDI_CommandScan 20
-#define IDI_CommandScanFolder 21
-#define IDI_CommandBackup 22
-#define IDI_CommandIgnore 23
-#define IDI_CommandStartup 24
-#define IDI_CommandUninstaller 25
-#define IDI_CommandHelpers 26
-#define IDI_CommandPopup 27
-#define IDI_CommandWatcher 28
-#define IDI_CommandNetwork 29
-#define IDI_CommandHijack 30
-#define IDI_CommandFirewall 31
-#define IDI_CommandOptions 32
-#define IDI_CommandUpdate 33
-#define IDI_CommandHelp 34
-#define IDI_CommandWeb 35
 
 // Menu entries of frmMain
 #define IDM_mnuStartScan 40001
