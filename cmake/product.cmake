@@ -41,12 +41,15 @@ add_custom_command(
   DEPENDS ${definition_sources} ${host_refc}
   COMMENT "Judging and compiling the definitions"
   VERBATIM)
+include(cmake/help.cmake)
 add_custom_target(program_folder ALL
   COMMAND ${CMAKE_COMMAND} -E make_directory ${program_folder}/Lang ${program_folder}/Ini
+          ${program_folder}/Help
   COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:Scourwell> ${program_folder}
   COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_SOURCE_DIR}/lang/English.ini
           ${program_folder}/Lang
   COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_BINARY_DIR}/update.ref
           ${program_folder}/Ini
-  DEPENDS Scourwell ${PROJECT_BINARY_DIR}/update.ref
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different ${help_files} ${program_folder}/Help
+  DEPENDS Scourwell ${PROJECT_BINARY_DIR}/update.ref ${help_files}
   VERBATIM)
