@@ -10,6 +10,7 @@
 #include "shell/frm_host.h"
 #include "shell/frm_main_menu.h"
 #include "shell/frm_scan_spy.h"
+#include "shell/help.h"
 #include "widgets/focus_keeper.h"
 #include "widgets/page_keys.h"
 #include "widgets/status_bar.h"
@@ -53,6 +54,7 @@ class frmMain : public Window, public FormHost {
   void ShowBackups();
   void ShowIgnoreList();
   void ShowHelp();
+  void ShowContextHelp();
   Outcome CheckForUpdate();
   void ShowChangeReport();
 
@@ -68,6 +70,7 @@ class frmMain : public Window, public FormHost {
   WindowEnv shared_;
   Application& app_;
   PumpWin& pump_;
+  Help help_;
   frmMainMenu menu_;
   HWND client_ = nullptr;
   StatusBar sbrMain_;

@@ -72,7 +72,7 @@ void frmMain::ShowBackups() {
   if (app_.busy()) return;
   pump_.set_closing(false);
   frmBackup(shared_, app_.backups(), app_.ports().clock, app_.settings().BackupFolder, [this] {
-    ShowHelp();
+    help_.ShowPage("frmBackup", "FB_cmdHelp_Click");
   }).ShowModal(hwnd());
 }
 
@@ -81,11 +81,12 @@ void frmMain::ShowIgnoreList() {
   frmIgnore(shared_, app_.ignore(), [this] { ShowHelp(); }).ShowModal(hwnd());
 }
 
-void frmMain::ShowHelp() {
-  const std::string file = AddPathToFileName(app_.folders().application, "Help\\help.chm");
-  const Outcome opened =
-      app_.log().Trap("cmdHelp_Click", [&] { return app_.ports().shell.Open(file); });
-  if (!opened.ok()) ShowMessage(Text(17157) + "\r\n" + file, Text(17000));
+void frmMain::ShowHelp() { help_.OpenFile("cmdHelp_Click"); }
+
+// The page in front, or the tree when the keyboard is there.
+void frmMain::ShowContextHelp() {
+  const char* front = page() ? page()->HelpTopic() : "";
+  help_.ShowPage(IsChild(tree_.hwnd(), GetFocus()) ? tree_.HelpTopic() : front);
 }
 
 }  // namespace scourwell

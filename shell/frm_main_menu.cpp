@@ -29,6 +29,7 @@ void frmMainMenu::Create(HWND window, const Captions& captions) {
   Append(tools, IDM_mnuBackups, captions.Text(17149));
   Append(tools, IDM_mnuIgnoreList, captions.Text(17150));
   HMENU help = CreatePopupMenu();
+  Append(help, IDM_mnuHelpContents, captions.Text(17302) + "\tF1");
   Append(help, IDM_mnuAbout, captions.Text(17015));
   MenuHandle old(menu_);
   menu_ = CreateMenu();
