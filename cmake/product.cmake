@@ -41,10 +41,11 @@ add_custom_command(
   DEPENDS ${definition_sources} ${host_refc}
   COMMENT "Judging and compiling the definitions"
   VERBATIM)
+file(GLOB language_packs CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/lang/*.ini)
 add_custom_target(program_folder ALL
   COMMAND ${CMAKE_COMMAND} -E make_directory ${program_folder}/Lang ${program_folder}/Ini
   COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:Scourwell> ${program_folder}
-  COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_SOURCE_DIR}/lang/English.ini
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different ${language_packs}
           ${program_folder}/Lang
   COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_BINARY_DIR}/update.ref
           ${program_folder}/Ini
