@@ -228,7 +228,7 @@ class PackCheck {
   void CheckRow(const PackRow& row) {
     std::size_t width = 0;
     for (const int number : row.buttons) {
-      width += std::max<std::size_t>(790, 55 * Text(number).size() + 220) + 70;
+      width += std::max<std::size_t>(790, 60 * Text(number).size() + 220) + 70;
     }
     const auto room = static_cast<std::size_t>(row.width) * 10;
     if (width - 70 > room) {

@@ -9,7 +9,6 @@ namespace {
 constexpr std::size_t kBarTitle = 14;
 constexpr std::size_t kMenuEntry = 34;
 constexpr std::size_t kButton = 24;
-constexpr std::size_t kTreeNode = 28;
 constexpr std::size_t kColumn = 22;
 constexpr std::size_t kLineOfWindow = 130;
 
@@ -45,7 +44,8 @@ constexpr PackBudget kBudgets[] = {
     {1884, 1884, kMenuEntry},
     {1885, 1885, kButton},
     {1900, 1900, 24},
-    {1901, 1907, kTreeNode},
+    {1905, 1906, 18},
+    {1901, 1907, 22},
     {1908, 1910, 18},
     {4000, 4005, 60},
     {4006, 4006, 12},
@@ -132,7 +132,7 @@ constexpr int kHelperRow[] = {17221, 17224, 17267, 17255};
 constexpr int kUninstallerRow[] = {17275, 17267, 17276, 17277, 17255};
 
 constexpr PackRow kRows[] = {
-    {"results, upper buttons", kResultsUpper, 425}, {"results, lower buttons", kResultsLower, 425},
+    {"results, upper buttons", kResultsUpper, 430}, {"results, lower buttons", kResultsLower, 430},
     {"startup manager", kStartupRow, 540},          {"browser helpers", kHelperRow, 540},
     {"adware uninstaller", kUninstallerRow, 540},
 };
