@@ -13,7 +13,7 @@ Application::Application(const Ports& ports, const std::string& application_fold
       log_(ports.files, ports.clock, FullPath_With_Filename(application_folder, "errorlog.txt")),
       os_(ports.system),
       folders_(ComputeSystemFolders(ports.system, ports.registry, os_, log_, application_folder)),
-      language_(ports.files, ports.clock, log_, settings_, application_folder),
+      language_(ports.files, ports.clock, ports.code_pages, log_, settings_, application_folder),
       store_(ports.registry),
       settings_store_({store_, ports.registry, ports.profiles, ports.files, ports.clock, log_,
                        folders_, version},

@@ -6,6 +6,7 @@
 #include "backup/ignore_list.h"
 #include "definitions/change_report.h"
 #include "definitions/list_loader.h"
+#include "platform/code_pages.h"
 #include "platform/profiles.h"
 #include "platform/shell.h"
 #include "platform/versions.h"
@@ -34,6 +35,7 @@ struct Ports {
   Versions& versions;
   Processes& processes;
   Pump& pump;
+  CodePages& code_pages;
 };
 
 // The program without its windows: everything that lives as long as the process, wired together.

@@ -154,7 +154,7 @@ const Caption kCaptions[] = {
     {1882, "Scanning for Folders"},
     {1883, "Scanning for Files"},
     {1884, "&Show Properties"},
-    {1885, "&Stop"},
+    {1885, "St&op"},
     {1900, "Scan Sections..."},
     {1901, "My Computer"},
     {1902, "Scan Memory"},
