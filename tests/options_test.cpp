@@ -30,7 +30,7 @@ std::string Bitmap() {
 struct Dialog {
   Dialog() {
     m.File(std::string(kLang) + "English.ini", "[Adware Language Pack]\r\n");
-    m.File("C:\\App\\Ini\\update.ref", Definitions().Text());
+    m.File("C:\\App\\Ini\\update.ref", Definitions().Value("NTOT", "SAFITNUM", "0").Text());
     app.Start();
   }
   FakeMachine m;

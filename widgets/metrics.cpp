@@ -67,6 +67,12 @@ int Metrics::TextWidth(HFONT font, const std::string& text) const {
   return size.cx;
 }
 
+int Metrics::TextHeight(const std::string& text, int width) const {
+  RECT area = {0, 0, width, 0};
+  DrawTextA(MeasuringDc(font()).get(), text.c_str(), -1, &area, DT_CALCRECT | DT_WORDBREAK);
+  return std::max<int>(line_, area.bottom);
+}
+
 int Metrics::ButtonWidth(const std::string& caption) const {
   return std::max(Scale(79), TextWidth(caption) + Scale(22));
 }

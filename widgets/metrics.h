@@ -29,6 +29,9 @@ class Metrics {
   int TextWidth(HFONT font, const std::string& text) const;
   int TextWidth(const std::string& text) const { return TextWidth(font(), text); }
 
+  // Of a caption that is broken into lines of this width.
+  int TextHeight(const std::string& text, int width) const;
+
   int Margin() const { return Scale(11); }
   int WideMargin() const { return Scale(20); }
   int Gap() const { return Scale(7); }
