@@ -144,7 +144,7 @@ int frmOptions::ArrangeTab(int tab, Area area, Layout* layout) const {
   std::size_t line = 0;  // sections were made in this order
   int section = 0;
   const auto begin_section = [&](int caption) {
-    if (section != 0) column.Skip(6);
+    if (section != 0) column.Skip(9);
     const Area place = column.Take(metrics().LineHeight());
     if (layout) sections_[static_cast<std::size_t>(tab)][line++]->Place(layout, place);
     column.Skip(4);

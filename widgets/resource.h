@@ -30,6 +30,7 @@
 #define IDM_mnuStartupManager 40100
 #define IDM_mnuAdwareUninstaller 40101
 #define IDM_mnuBrowserHelpers 40102
+#define IDM_mnuOptions 40103
 // frmStartupManager; the names are those of the program's menu keys
 #define IDM_keyEdit 40110
 #define IDM_keyAutoexec 40111

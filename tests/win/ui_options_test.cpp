@@ -1,4 +1,5 @@
 // The options dialog, driven through its window.
+#include <windows.h>
 #include <commctrl.h>
 
 #include "platform/registry_access.h"
@@ -79,10 +80,12 @@ struct Options {
   std::string Languages() {
     const HWND combo = At(IDC_CmbLang);
     std::string names;
-    for (LRESULT i = 0; i < SendMessageA(combo, CB_GETCOUNT, 0, 0); ++i) {
-      char name[200] = "";
-      SendMessageA(combo, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(name));
-      names += std::string(name) + " ";
+    // Wide: Wine does not turn this text back for another process.
+    for (LRESULT i = 0; i < SendMessageW(combo, CB_GETCOUNT, 0, 0); ++i) {
+      wchar_t name[200] = L"";
+      SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(name));
+      for (const wchar_t* c = name; *c; ++c) names += static_cast<char>(*c);
+      names += ' ';
     }
     return names;
   }
