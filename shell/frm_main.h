@@ -65,6 +65,7 @@ class frmMain : public Window, public FormHost {
   Outcome ShowStartupManager();
   Outcome ShowAdwareUninstaller();
   Outcome ShowBrowserHelpers();
+  Outcome ShowOptions();
   Outcome ShowHelp();
   Outcome OpenOnlineHelp();
   Outcome VisitUsOnline();

@@ -4,6 +4,7 @@
 #include "platform/file_utils.h"
 #include "shell/command_table.h"
 #include "shell/frm_main.h"
+#include "shell/frm_options.h"
 #include "tools/frm_adware_uninstaller.h"
 #include "tools/frm_bho.h"
 #include "tools/frm_startup_manager.h"
@@ -31,6 +32,7 @@ const frmMain::Command frmMain::kCommands[] = {
     {IDM_mnuStartupManager, &frmMain::ShowStartupManager, true},
     {IDM_mnuAdwareUninstaller, &frmMain::ShowAdwareUninstaller, true},
     {IDM_mnuBrowserHelpers, &frmMain::ShowBrowserHelpers, true},
+    {IDM_mnuOptions, &frmMain::ShowOptions, true},
     {IDM_mnuHome, &frmMain::ShowHome, false},
     {IDM_mnuChangeReport, &frmMain::ShowChangeReport, false},
     {IDM_mnuHelpContents, &frmMain::ShowContextHelp, false},
@@ -175,6 +177,14 @@ Outcome frmMain::ShowAdwareUninstaller() {
 
 Outcome frmMain::ShowBrowserHelpers() {
   frmBHO(shared_, app_.tools()).ShowModal(hwnd());
+  return {};
+}
+
+Outcome frmMain::ShowOptions() {
+  frmOptions options(shared_, app_);
+  options.ShowModal(hwnd());
+  if (options.language_changed()) LanguageChanged();
+  PostCommand(IDM_mnuChangeReport);  // the definitions may be others now
   return {};
 }
 
