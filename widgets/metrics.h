@@ -38,7 +38,6 @@ class Metrics {
   // In lines that are broken at that width.
   int TextHeight(HFONT font, const std::string& text, int width) const;
 
-  // Of a caption that is broken into lines of this width.
   int TextHeight(const std::string& text, int width) const {
     return TextHeight(font(), text, width);
   }
