@@ -58,6 +58,7 @@ class frmMain : public Window, public FormHost {
 
   Page* page() const;
   void FitPage();
+  void ShowTitle();
   void ShowTree(bool shown);
   HWND PageFocus() const;
 
@@ -76,6 +77,7 @@ class frmMain : public Window, public FormHost {
   std::unique_ptr<frmScanSpy> scan_;
   PageKeys keys_;
   FocusKeeper focus_;
+  std::string title_;
   bool close_wanted_ = false;
 };
 
