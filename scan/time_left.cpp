@@ -11,7 +11,7 @@ namespace {
 constexpr std::uint32_t kInterval = 250;
 constexpr std::uint32_t kLongestGap = 10000;  // beyond it the machine slept or a menu was open
 constexpr std::uint32_t kGroundTime = 4000;
-constexpr double kMemory = 120000;
+constexpr double kMemory = 60000;
 constexpr double kInertia = 8000;
 constexpr double kNoSense = 24 * 3600 * 1000.0;
 

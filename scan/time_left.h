@@ -11,7 +11,7 @@ namespace scourwell {
 // Foretells the rest of the current phase, not of the whole scan: nobody knows how long a phase
 // takes that has not begun. The pass over the files comes last, so its rest is the scan's.
 //
-// The ground is the speed of the last minutes. It says nothing before there is some, and is
+// The ground is the speed of the last minute. It says nothing before there is some, and is
 // smoothed: between two looks it counts down like a clock and bends slowly to what it learns.
 class TimeLeft {
  public:

@@ -70,15 +70,15 @@ TEST_SUITE("time_left") {
     CHECK(last >= 55);
     CHECK(last <= 70);
     const auto steady = [&](double) {
-      CHECK(std::abs(w.Shown() - last) <= 10);
+      CHECK(std::abs(w.Shown() - last) <= 20);
       last = w.Shown();
     };
     w.Run(1, 0, steady);  // one large folder
     w.Run(60, 10, steady);
     CHECK(last > 80);  // 2,400 left, 240 seconds at the new speed
     w.Run(120, 10, steady);
-    CHECK(last > 100);
-    CHECK(last < 140);  // 120 seconds
+    CHECK(last > 95);
+    CHECK(last <= 125);  // 120 seconds
   }
 
   TEST_CASE("a standstill never shows less than nothing and a pause is no work") {
