@@ -72,13 +72,13 @@ TEST_SUITE("scan_progress") {
     CHECK(Watched::Stages(s.Counted("<1806>")) >= 40);  // the named keys
     CHECK(Watched::Stages(s.Counted("<1807>")) >= 40);  // the classes, whatever lies below them
     CHECK(s.Counted("<1807>")->total == 40);
-    CHECK(Watched::Stages(s.Counted("<1907>")) == 40);
+    CHECK(Watched::Stages(s.Counted("<1907>")) >= 40);
     CHECK(s.Counted("<1907>")->total == 40);
     CHECK(s.Counted("<1902>") == nullptr);
     // The walk of the folders has no known end, that of the files walks the same folders.
     std::size_t walks = 0;
     for (const Watched::Phase& phase : s.phases) {
-      if (phase.total == 0 || !phase.option.starts_with("<1883>")) continue;
+      if (phase.total == 0 || !phase.option.starts_with("<1841>")) continue;
       ++walks;
       CHECK(phase.total == s.progress.lblSFolders);
       CHECK(Watched::Stages(&phase) >= 90);
@@ -117,9 +117,9 @@ TEST_SUITE("scan_progress") {
     }
     s.session.StartScan(s.scope);
     CHECK(s.session.finished());
-    REQUIRE(s.Counted("<1883>"));
+    REQUIRE(s.Counted("<1841>"));
     // The drive that stayed as it was has its own share, whatever happened to the one before it.
-    const Watched::Phase& walk = *s.Counted("<1883>");
+    const Watched::Phase& walk = *s.Counted("<1841>");
     CHECK(walk.done.back() == walk.total);
     for (std::uint32_t step = 1; step <= 42; ++step) {
       CHECK(std::count(walk.done.begin(), walk.done.end(), walk.total - step) > 0);
@@ -129,7 +129,7 @@ TEST_SUITE("scan_progress") {
   TEST_CASE("a stopped phase does not claim to be through") {
     Watched whole;
     whole.session.StartScan(whole.scope);
-    for (std::size_t n = 1; n <= whole.m.pump.yields; n += 7) {
+    for (std::size_t n = 1; n <= whole.m.pump.yields; n += 23) {
       Watched s;
       s.m.pump.close_at = n;
       s.session.StartScan(s.scope);
