@@ -50,6 +50,12 @@ struct RegValue {
   std::string data;  // raw bytes, as stored: a text may come with or without its NULs
 };
 
+// What lies right below a key.
+struct RegCounts {
+  std::uint32_t keys = 0;
+  std::uint32_t values = 0;
+};
+
 // The registry as the system offers it, one call a method and no policy. Key paths carry no
 // leading "\"; the empty path is the root itself. Names compare without regard to case.
 class Registry {
@@ -62,6 +68,8 @@ class Registry {
 
   // kRegOk when the key opens with these rights; it is closed again at once.
   virtual RegStatus TryOpen(RootKey root, const std::string& path, std::uint32_t rights) = 0;
+  // What an enumeration will visit, about: the system also counts names too long to be read.
+  virtual RegStatus Count(RootKey root, const std::string& path, RegCounts* counts) = 0;
   // kRegNotFound leaves *value as it was. An empty name is the key's unnamed value.
   virtual RegStatus QueryValue(RootKey root, const std::string& path, const std::string& name,
                                RegValue* value) = 0;

@@ -4,6 +4,15 @@
 #include "platform/text.h"
 
 namespace scourwell {
+namespace {
+
+bool IsCookieName(std::string_view name) {
+  constexpr std::string_view kExtension = ".txt";
+  return name.size() >= kExtension.size() &&
+         EqualsNoCase(name.substr(name.size() - kExtension.size()), kExtension);
+}
+
+}  // namespace
 
 CookieScan::CookieScan(Files& files, Pump& pump, ErrorLog& log, DetectionSink& sink,
                        ScanProgress& progress, const SignatureList& list)
@@ -15,27 +24,37 @@ CookieScan::CookieScan(Files& files, Pump& pump, ErrorLog& log, DetectionSink& s
       list_(list),
       index_(list, &SignatureRow::sub2, kRowSpyCookie) {}
 
+// All names first: then it is known how many there are to compare.
 void CookieScan::ScanCookie(const std::string& folder, bool all) {
   static_cast<void>(log_.Trap("ScanCookie", [&]() -> Outcome {
     if (!IsAbsolutePath(folder)) return {};  // the system names no cookie folder
-    Outcome listed = files_.List(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
-      if (!pump_.Next()) return false;
-      if ((entry.attributes & (kHidden | kSystem | kFolder)) == 0) {
-        Check(AddPathToFileName(folder, entry.name), entry.name, all);
-      }
-      return true;
-    });
+    std::vector<std::string> names;
+    Outcome listed = ListNames(folder, &names);
+    const auto count = static_cast<std::uint32_t>(names.size());
+    progress_.phase.Begin(count);
+    progress_.phase.BeginPortion(count);
+    for (const std::string& name : names) {
+      if (!pump_.Next()) return {};
+      Check(AddPathToFileName(folder, name), name, all);
+      progress_.phase.Step();
+    }
+    progress_.phase.EndPortion();
     if (listed.ok() || listed.number() == kPathNotFound) return {};
     return std::move(listed).With("Folder: ", folder);
   }));
 }
 
+Outcome CookieScan::ListNames(const std::string& folder, std::vector<std::string>* names) {
+  return files_.List(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
+    if (!pump_.Next()) return false;
+    if ((entry.attributes & (kHidden | kSystem | kFolder)) == 0 && IsCookieName(entry.name)) {
+      names->push_back(entry.name);
+    }
+    return true;
+  });
+}
+
 void CookieScan::Check(const std::string& path, const std::string& name, bool all) {
-  constexpr std::string_view kExtension = ".txt";
-  if (name.size() < kExtension.size() ||
-      !EqualsNoCase(std::string_view(name).substr(name.size() - kExtension.size()), kExtension)) {
-    return;
-  }
   progress_.lblScan = path;
   ++progress_.scanned_files;
   if (const auto row = index_.FirstRowIn(name)) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "definitions/signature_list.h"
 #include "platform/error_log.h"
@@ -25,6 +26,7 @@ class CookieScan {
   void ScanCookie(const std::string& folder, bool all);
 
  private:
+  Outcome ListNames(const std::string& folder, std::vector<std::string>* names);
   void Check(const std::string& path, const std::string& name, bool all);
 
   Files& files_;

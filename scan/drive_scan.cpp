@@ -70,6 +70,7 @@ void DriveScan::ScanPath(const std::string& path) {
 }
 
 void DriveScan::subShowFolderList(const std::string& root) {
+  if (goal_) goal_->Enter(root);
   std::vector<Level> levels;
   Enter(root, root, {}, &levels);
   while (!levels.empty() && !pump_.closing()) {
@@ -79,6 +80,7 @@ void DriveScan::subShowFolderList(const std::string& root) {
       EnterSubfolder(&levels);
     }
   }
+  if (goal_ && !pump_.closing()) goal_->Leave();
 }
 
 // Lists one folder, compares its entries and puts it on the way down. `fallback` is another path
@@ -106,6 +108,7 @@ void DriveScan::Enter(std::string path, std::string reachable, const std::string
   }));
   if (pump_.closing()) return;
   subFileSearch(level, &matches);
+  if (goal_ && !pump_.closing()) goal_->FolderDone();
   levels->push_back(std::move(level));
 }
 

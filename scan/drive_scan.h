@@ -13,6 +13,7 @@
 #include "scan/scan_progress.h"
 #include "scan/scan_scope.h"
 #include "scan/signature_index.h"
+#include "scan/walk_goal.h"
 
 namespace scourwell {
 
@@ -25,6 +26,9 @@ class DriveScan {
 
   // Files of every folder are examined as well, before its rows are searched.
   void Examine(AdvancedScan* advanced) { advanced_ = advanced; }
+
+  // The first of two passes counts for it, the second is measured by it.
+  void MeasureBy(WalkGoal* goal) { goal_ = goal; }
 
   // Walks the ticked drives that are ready, in tree order.
   void ScanDrives(const ScanScope& scope);
@@ -76,6 +80,7 @@ class DriveScan {
   ScanProgress& progress_;
   SignatureIndex index_;
   AdvancedScan* advanced_ = nullptr;
+  WalkGoal* goal_ = nullptr;
 };
 
 }  // namespace scourwell

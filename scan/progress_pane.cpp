@@ -31,6 +31,9 @@ constexpr SummaryKind kSummary[] = {
      &ScanProgress::scanned_processes, &HitCounters::processes},
 };
 constexpr int kPicture = 16;
+constexpr char kWidestTime[] = " 00:00:00";
+
+std::string PercentText(int percent) { return percent < 0 ? "" : std::to_string(percent) + " %"; }
 
 }  // namespace
 
@@ -41,16 +44,18 @@ ProgressPane::ProgressPane(const WindowEnv& env, const ScanProgress& progress,
       found_(found),
       clock_(clock),
       header_(env, HeaderPane::Size::Small,
-              {IDC_lblScanHeading, IDC_lblScanStatus, IDC_lblElapsed}),
+              {IDC_lblScanHeading, IDC_lblScanStatus, IDC_lblElapsed, IDC_lblRemaining}),
       activity_(env) {}
 
 void ProgressPane::OnCreate() {
   header_.Create(hwnd(), IDC_ScanHeader);
   header_.SetHeading(Text(1856));
+  header_.ReserveRight(Text(17029) + kWidestTime, Text(17320) + kWidestTime);
   lblScanOption_.Create(env_, hwnd(), IDC_lblScanOption);
   prgLoading_.Create(env_, hwnd(), IDC_prgLoading);
   prgLoading_.Show(false);
   activity_.Create(hwnd(), IDC_ActivityBar);
+  lblPercent_.Create(env_, hwnd(), IDC_lblPercent, DT_RIGHT | DT_VCENTER);
   lblCurrentItem_.Create(env_, hwnd(), IDC_lblCurrentItem, Text(1855));
   lblScan_.Create(env_, hwnd(), IDC_lblScan, DT_PATH_ELLIPSIS);
   lblSFoldersCaption_.Create(env_, hwnd(), IDC_lblSFoldersCaption, Text(17040));
@@ -100,7 +105,8 @@ void ProgressPane::LayOutProgress(Layout& layout, Area* area) {
   const int gap = metrics().Scale(5);
   layout.Place(lblScanOption_, area->CutTop(line));
   area->CutTop(gap);
-  const Area bar = area->CutTop(metrics().Scale(15));
+  Area bar = area->CutTop(std::max(metrics().Scale(15), line));
+  layout.Place(lblPercent_, bar.CutRight(metrics().TextWidth(PercentText(100)) + metrics().Gap()));
   layout.Place(prgLoading_, bar);
   layout.Place(activity_.hwnd(), bar);
   area->CutTop(gap + metrics().Scale(2));
@@ -178,6 +184,7 @@ void ProgressPane::OnPaint(HDC dc) {
 
 void ProgressPane::ScanBegan() {
   began_ = clock_.Ticks();
+  time_left_.Restart();
   cmdAbort_.Enable(true);
   cmdNext_.Enable(false);
   activity_.SetState(ActivityBar::State::Moving);
@@ -188,6 +195,8 @@ void ProgressPane::ScanEnded(bool finished) {
   cmdAbort_.Enable(false);
   cmdNext_.Enable(true);
   activity_.SetState(finished ? ActivityBar::State::Done : ActivityBar::State::Idle);
+  lblPercent_.SetText(finished ? PercentText(100) : "");
+  header_.SetRightBelow("");
   if (finished) return;
   header_.SetText(Text(17002));
   lblScanOption_.SetText(Text(17002));
@@ -201,7 +210,7 @@ void ProgressPane::ShowMissing(const std::string& path) {
 
 void ProgressPane::Refresh() {
   header_.SetText(progress_.lblScanStatus);
-  header_.SetRight(Text(17029) + " " + Elapsed());
+  RefreshTimes();
   lblScanOption_.SetText(progress_.loading ? Text(1767) : progress_.lblScanOption);
   lblScan_.SetText(progress_.lblScan);
   lblSFolders_.SetText(std::to_string(progress_.lblSFolders));
@@ -219,7 +228,16 @@ void ProgressPane::RefreshBars() {
     prgLoading_.Show(progress_.loading);
     activity_.Show(!progress_.loading);
   }
-  activity_.Step();
+  lblPercent_.SetText(PercentText(progress_.Percentage()));
+  activity_.Step(progress_.Percentage());
+}
+
+void ProgressPane::RefreshTimes() {
+  const std::uint32_t now = clock_.Ticks();
+  header_.SetRight(Text(17029) + " " + ClockText((now - began_) / 1000));
+  time_left_.Update(now, progress_.phase);
+  const auto left = time_left_.Seconds();
+  header_.SetRightBelow(left ? Text(17320) + " " + ClockText(*left) : "");
 }
 
 void ProgressPane::RefreshSummary() {
@@ -228,12 +246,6 @@ void ProgressPane::RefreshSummary() {
     rows_[i].infected.SetText(std::to_string(found_.*kSummary[i].infected));
   }
   lblDetected_.SetText(std::to_string(found_.Total()));
-}
-
-std::string ProgressPane::Elapsed() const {
-  const std::uint32_t seconds = (clock_.Ticks() - began_) / 1000;
-  const std::string short_form = Padded(seconds / 60 % 60, 2) + ":" + Padded(seconds % 60, 2);
-  return seconds < 3600 ? short_form : std::to_string(seconds / 3600) + ":" + short_form;
 }
 
 HWND ProgressPane::FirstFocus() const {

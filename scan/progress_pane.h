@@ -5,6 +5,7 @@
 #include "platform/clock.h"
 #include "scan/hit_counters.h"
 #include "scan/scan_progress.h"
+#include "scan/time_left.h"
 #include "widgets/activity_bar.h"
 #include "widgets/button.h"
 #include "widgets/header_pane.h"
@@ -49,8 +50,8 @@ class ProgressPane : public Pane {
   void LayOutSummary(Layout& layout, Area* area);
   void LayOutButtons(Layout& layout, Area area);
   void RefreshBars();
+  void RefreshTimes();
   void RefreshSummary();
-  std::string Elapsed() const;
   int NumberWidth() const;
 
   const ScanProgress& progress_;
@@ -61,6 +62,7 @@ class ProgressPane : public Pane {
   LiveLabel lblScanOption_;
   ProgressBar prgLoading_;
   ActivityBar activity_;
+  LiveLabel lblPercent_;
   Label lblCurrentItem_;
   LiveLabel lblScan_;
   Label lblSFoldersCaption_;
@@ -78,6 +80,7 @@ class ProgressPane : public Pane {
   Button cmdCancel_;
   ImageListHandle images_;
 
+  TimeLeft time_left_;
   std::uint32_t began_ = 0;
   Area summary_;       // the table below its heading
   int icon_rows_ = 0;  // y of the first row

@@ -6,17 +6,18 @@
 #include "platform/text.h"
 
 namespace scourwell {
-namespace {
 
 enum class Walker { Values, Subkeys };
 
-struct Walk {
+struct RegistryWalk {
   RootKey root;
   const char* key;
   Walker walker;
 };
 
-constexpr Walk kQuickWalks[] = {
+namespace {
+
+constexpr RegistryWalk kQuickWalks[] = {
     {RootKey::CurrentUser, "Software\\Microsoft\\Windows\\CurrentVersion\\run", Walker::Values},
     {RootKey::LocalMachine, "Software\\Microsoft\\Internet Explorer\\Main", Walker::Values},
     {RootKey::CurrentUser, "Software\\Microsoft\\Internet Explorer\\Main", Walker::Values},
@@ -40,7 +41,7 @@ constexpr char kProviders[] =
     "SYSTEM\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\"
     "Catalog_Entries";
 
-constexpr Walk kDeepWalks[] = {
+constexpr RegistryWalk kDeepWalks[] = {
     {RootKey::LocalMachine, "Software\\Microsoft\\Windows\\CurrentVersion\\moduleusage",
      Walker::Subkeys},
     {RootKey::ClassesRoot, "CLSID", Walker::Subkeys},
@@ -133,44 +134,68 @@ void RegistryScan::Report(Detection item, std::string_view spy) {
 
 void RegistryScan::QuickPass() {
   static_cast<void>(log_.Trap("QuickRegistryScan", [&] {
+    LoadNamedKeys();
+    Measure(kQuickWalks, lists_.lstRegKSearch.size() + lists_.lstRegistry.size());
     CheckNamedKeys();
-    for (const Walk& walk : kQuickWalks) {
-      if (!pump_.Next()) return;
-      if (!IsSeen(walk.root, walk.key)) continue;
-      progress_.lblScan = FullPath(walk.root, walk.key);
-      if (walk.walker == Walker::Values) {
-        WalkValues(walk.root, walk.key);
-      } else {
-        WalkKeys(walk.root, walk.key, 0);
-      }
-    }
+    WalkAll(kQuickWalks);
     CheckNamedValues();
   }));
 }
 
 void RegistryScan::DeepPass() {
   static_cast<void>(log_.Trap("DeepRegistryScan", [&] {
-    for (const Walk& walk : kDeepWalks) {
-      if (!pump_.Next()) return;
-      if (!IsSeen(walk.root, walk.key)) continue;
-      if (walk.walker == Walker::Values) {
-        WalkValues(walk.root, walk.key);
-      } else {
-        WalkKeys(walk.root, walk.key, 0);
-      }
-    }
+    Measure(kDeepWalks, 0);
+    WalkAll(kDeepWalks);
   }));
+}
+
+// The steps of a pass: its rows and, of each walk, what lies right below its key. The system knows
+// that number; what lies deeper belongs to its step.
+void RegistryScan::Measure(std::span<const RegistryWalk> walks, std::size_t rows) {
+  std::uint32_t total = static_cast<std::uint32_t>(rows);
+  sizes_.clear();
+  for (const RegistryWalk& walk : walks) {
+    RegCounts counts;
+    if (IsSeen(walk.root, walk.key)) registry_.Count(walk.root, walk.key, &counts);
+    sizes_.push_back(walk.walker == Walker::Values ? counts.values : counts.keys);
+    total += sizes_.back();
+  }
+  progress_.phase.Begin(total);
+}
+
+void RegistryScan::WalkAll(std::span<const RegistryWalk> walks) {
+  for (std::size_t i = 0; i < walks.size(); ++i) {
+    if (!pump_.Next()) return;
+    progress_.phase.BeginPortion(sizes_[i]);
+    if (IsSeen(walks[i].root, walks[i].key)) Walk(walks[i]);
+    if (!pump_.closing()) progress_.phase.EndPortion();
+  }
+}
+
+void RegistryScan::Walk(const RegistryWalk& walk) {
+  progress_.lblScan = FullPath(walk.root, walk.key);
+  if (walk.walker == Walker::Values) {
+    WalkValues(walk.root, walk.key);
+  } else {
+    WalkKeys(walk.root, walk.key, 0);
+  }
+}
+
+void RegistryScan::LoadNamedKeys() {
+  lists_.lstRegKSearch.Clear();
+  loader_.Load(kUpdateRegistryKList);
+  loader_.Load(kUpdateRegistryKOList);
 }
 
 void RegistryScan::CheckNamedKeys() {
   SignatureList& keys = lists_.lstRegKSearch;
-  keys.Clear();
-  loader_.Load(kUpdateRegistryKList);
-  loader_.Load(kUpdateRegistryKOList);
+  progress_.phase.BeginPortion(static_cast<std::uint32_t>(keys.size()));
   for (std::size_t i = 0; i < keys.size() && pump_.Next(); ++i) {
     CheckRegistryKType(std::string(keys[i].sub2), keys[i].sub1);
+    progress_.phase.Step();
   }
   keys.Clear();
+  if (!pump_.closing()) progress_.phase.EndPortion();
 }
 
 void RegistryScan::CheckRegistryKType(const std::string& full_path, std::string_view spy) {
@@ -189,22 +214,29 @@ void RegistryScan::CheckRegistryKType(const std::string& full_path, std::string_
 
 void RegistryScan::CheckNamedValues() {
   const SignatureList& values = lists_.lstRegistry;
-  for (std::size_t i = 0; i < values.size() && pump_.Next(); ++i) {
-    const SignatureRow row = values[i];
-    const std::size_t slash = row.text.find('\\');
-    if (slash == std::string_view::npos) continue;
-    const auto root = HiveIn(row.text.substr(0, slash));
-    if (!root) continue;
-    progress_.lblScan = row.text;
-    RegValue value;
-    const std::string path = CRegister::SplitKeyPath(row.text.substr(slash));
-    const std::string name(row.sub1);
-    if (!IsSeen(*root, path)) continue;
-    if (registry_.QueryValue(*root, path, name, &value) != kRegOk) continue;
-    Detection item = ValueItem(std::string(row.text), name, value);
-    item.tool_tip = FullPath(*root, path);
-    Report(std::move(item), row.sub2);
+  progress_.phase.BeginPortion(static_cast<std::uint32_t>(values.size()));
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (!pump_.Next()) return;
+    CheckNamedValue(values[i]);
+    progress_.phase.Step();
   }
+  progress_.phase.EndPortion();
+}
+
+void RegistryScan::CheckNamedValue(const SignatureRow& row) {
+  const std::size_t slash = row.text.find('\\');
+  if (slash == std::string_view::npos) return;
+  const auto root = HiveIn(row.text.substr(0, slash));
+  if (!root) return;
+  progress_.lblScan = row.text;
+  RegValue value;
+  const std::string path = CRegister::SplitKeyPath(row.text.substr(slash));
+  const std::string name(row.sub1);
+  if (!IsSeen(*root, path)) return;
+  if (registry_.QueryValue(*root, path, name, &value) != kRegOk) return;
+  Detection item = ValueItem(std::string(row.text), name, value);
+  item.tool_tip = FullPath(*root, path);
+  Report(std::move(item), row.sub2);
 }
 
 void RegistryScan::WalkValues(RootKey root, const std::string& path) {
@@ -213,6 +245,7 @@ void RegistryScan::WalkValues(RootKey root, const std::string& path) {
     registry_.EnumValues(root, path, [&](const std::string& name, const RegValue& value) {
       if (!pump_.Next()) return false;
       CheckValue(root, path, name, value);
+      progress_.phase.Step();
       return true;
     });
   }));
@@ -240,6 +273,7 @@ void RegistryScan::WalkKeys(RootKey root, const std::string& path, unsigned dept
     CheckMatching(FullPath(root, below), KeyItem(FullPath(root, below)));
     WalkKeys(root, below, depth + 1);
     ++progress_.scanned_keys;
+    if (depth == 0) progress_.phase.Step();
     return !pump_.closing();
   });
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <span>
 #include <string>
+#include <vector>
 
 #include "definitions/list_loader.h"
 #include "platform/error_log.h"
@@ -15,6 +17,8 @@ namespace scourwell {
 // Value data as it is compared with signatures: texts with every "\" doubled, "hex:" and the
 // bytes, "dword:" and the hexadecimal digits.
 std::string ComparableData(const RegValue& value);
+
+struct RegistryWalk;
 
 // The quick and the deep pass over fixed parts of the registry. The key rows of lstSearch and
 // the value rows of lstRegistry must stay unchanged as long as the scan lives.
@@ -32,9 +36,14 @@ class RegistryScan {
   void DeepPass();
 
  private:
+  void LoadNamedKeys();
+  void Measure(std::span<const RegistryWalk> walks, std::size_t rows);
   void CheckNamedKeys();
   void CheckRegistryKType(const std::string& full_path, std::string_view spy);
   void CheckNamedValues();
+  void CheckNamedValue(const SignatureRow& row);
+  void WalkAll(std::span<const RegistryWalk> walks);
+  void Walk(const RegistryWalk& walk);
   void WalkValues(RootKey root, const std::string& path);
   void CheckValue(RootKey root, const std::string& path, const std::string& name,
                   const RegValue& value);
@@ -53,6 +62,7 @@ class RegistryScan {
   ListLoader& loader_;
   ContainmentIndex index_;
   bool view64_;
+  std::vector<std::uint32_t> sizes_;  // of the walks of the pass
 };
 
 }  // namespace scourwell

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
+
+#include "scan/phase_meter.h"
 
 namespace scourwell {
 
@@ -17,6 +20,15 @@ struct ScanProgress {
   bool loading = false;
   int load_maximum = 0;
   int load_done = 0;
+
+  PhaseMeter phase;  // of the scan itself; loading has the numbers above
+
+  // What is done of what the bar shows; -1 where nobody can tell.
+  int Percentage() const {
+    if (!loading) return Percent(phase.done(), phase.total());
+    return Percent(static_cast<std::uint32_t>(std::max(0, load_done)),
+                   static_cast<std::uint32_t>(std::max(0, load_maximum)));
+  }
 
   // What this scan has looked at so far.
   std::uint32_t scanned_files = 0;

@@ -93,7 +93,7 @@ void ScanSession::ScanNode(const ScanScope& scope, std::size_t number) {
 
 void ScanSession::ScanMemory() {
   static_cast<void>(parts_.log.Trap("ScanMemory", [&] {
-    parts_.progress.lblScanOption = parts_.captions.Text(1902);
+    StartPhase(1902);
     parts_.memory.ListProcesses();
     parts_.built_in.AddBuiltIn(kBuiltInMemoryStage);
     parts_.loader.Load(kUpdateMemoryList);
@@ -122,18 +122,18 @@ void ScanSession::ScanRegistryView(Registry& registry, bool view64, bool quick, 
   RegistryScan scan(registry, parts_.pump, parts_.log, parts_.sink, parts_.progress, parts_.lists,
                     parts_.loader, view64);
   if (quick && !parts_.pump.closing()) {
-    parts_.progress.lblScanOption = parts_.captions.Text(1806);
+    StartPhase(1806);
     scan.QuickPass();
   }
   if (deep && !parts_.pump.closing()) {
-    parts_.progress.lblScanOption = parts_.captions.Text(1807);
+    StartPhase(1807);
     scan.DeepPass();
   }
 }
 
 void ScanSession::ScanCookies() {
   static_cast<void>(parts_.log.Trap("ScanCookies", [&] {
-    parts_.progress.lblScanOption = parts_.captions.Text(1907);
+    StartPhase(1907);
     parts_.built_in.AddBuiltIn(kBuiltInCookieStage);
     parts_.loader.Load(kUpdateCookieList);
     CookieScan(parts_.files, parts_.pump, parts_.log, parts_.sink, parts_.progress,
@@ -173,12 +173,14 @@ void ScanSession::ScanFolder(const std::string& path) {
 // Folders first, then files; the second pass is skipped when the first was stopped.
 template <class Walk>
 void ScanSession::BothPasses(Walk&& walk) {
+  WalkGoal goal(parts_.progress.phase);
   StartPass(1882);
   ScanDrivesForAllFolders();
   if (parts_.pump.closing()) return;
   {
     DriveScan folders(parts_.files, parts_.pump, parts_.log, parts_.captions, parts_.sink,
                       parts_.progress, parts_.lists.lstSearch);
+    folders.MeasureBy(&goal);
     walk(folders);
   }
   if (parts_.pump.closing()) return;
@@ -189,11 +191,18 @@ void ScanSession::BothPasses(Walk&& walk) {
                   parts_.progress, parts_.lists.lstSearch);
   AdvancedScan advanced = MakeAdvancedScan();
   if (parts_.settings.AdvancedScanning) files.Examine(&advanced);
+  files.MeasureBy(&goal);
+  goal.Measure();
   walk(files);
 }
 
-void ScanSession::StartPass(int caption) {
+void ScanSession::StartPhase(int caption) {
   parts_.progress.lblScanOption = parts_.captions.Text(caption);
+  parts_.progress.phase.Begin(0);  // until it has counted
+}
+
+void ScanSession::StartPass(int caption) {
+  StartPhase(caption);
   parts_.progress.lblSFolders = parts_.progress.lblFScan = 0;
   parts_.progress.scanned_files = parts_.progress.scanned_folders = 0;
   parts_.lists.lstSearch.Clear();
@@ -230,6 +239,7 @@ void ScanSession::ClearLists() {
 
 void ScanSession::Finish() {
   ClearLists();
+  parts_.progress.phase.Begin(0);
   parts_.report.FinishScan();
   const std::string finished = parts_.captions.Text(1808);
   parts_.progress.lblScanStatus = finished;

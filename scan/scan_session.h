@@ -60,6 +60,7 @@ class ScanSession {
   AdvancedScan MakeAdvancedScan() const;
   template <class Walk>
   void BothPasses(Walk&& walk);
+  void StartPhase(int caption);
   void StartPass(int caption);
   void ClearLists();
   void Finish();

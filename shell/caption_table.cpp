@@ -357,7 +357,6 @@ const Caption kCaptions[] = {
     {17308, "Opens the help"},
     {17309, "The web page could not be opened:"},
     {17320, "Remaining time:"},
-    {17321, "Done:"},
     {17340, "Edit..."},
     {17341, "Scan with Scourwell"},
     {17342, "Show \"Scan with Scourwell\" on folders and drives"},

@@ -62,7 +62,7 @@ void frmMain::Load(const CommandLine& command, int show) {
   pump_.translate = [this](MSG* message) { return keys_.Translate(hwnd(), page(), message); };
   OpenFirstPage(command);
   SetTimer(hwnd(), kTimer1, kUpdateDelay, nullptr);
-  SetWindowTextA(hwnd(), app_.Title().c_str());
+  ShowTitle();
 }
 
 void frmMain::OpenFirstPage(const CommandLine& command) {
@@ -187,6 +187,18 @@ void frmMain::ShowProgress() {
   sbrMain_.SetPart(StatusBar::kFound,
                    std::to_string(app_.hits().counters().Total()) + " " + Text(17027));
   sbrMain_.SetPart(StatusBar::kLanguage, app_.language().StatusText());
+  ShowTitle();
+}
+
+// The percentage stands first: the button of a minimized window has room for little more.
+void frmMain::ShowTitle() {
+  const PhaseMeter& phase = app_.progress().phase;
+  const int percent = app_.scanning() ? Percent(phase.done(), phase.total()) : -1;
+  std::string title = app_.Title();
+  if (percent >= 0) title = std::to_string(percent) + " % - " + title;
+  if (title == title_) return;
+  title_ = std::move(title);
+  SetWindowTextA(hwnd(), title_.c_str());
 }
 
 Page* frmMain::page() const {

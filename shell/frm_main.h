@@ -81,6 +81,7 @@ class frmMain : public Window, public FormHost {
 
   Page* page() const;
   void FitPage();
+  void ShowTitle();
   void ShowTree(bool shown);
   HWND PageFocus() const;
 
@@ -102,6 +103,7 @@ class frmMain : public Window, public FormHost {
   PageKeys keys_;
   FocusKeeper focus_;
   const char* method_ = nullptr;  // of the command that a page has posted
+  std::string title_;
   bool close_wanted_ = false;
 };
 

@@ -1,83 +1,8 @@
-#include "scan/scan_session.h"
+#include "tests/session_support.h"
 
-#include "scan/matching.h"
 #include "tests/fake/version_block.h"
-#include "tests/support.h"
 
 namespace scourwell::test {
-namespace {
-
-// A machine on which every category of the definitions has one folder and one file to find.
-struct Session : Bench, private ScanReport, private LoadProgress {
-  Session() {
-    m.AddDrive('D');
-    for (const std::string letter : {"T", "D", "H", "K", "S"}) {
-      m.File("D:\\" + letter + "file.exe");
-      m.Folder("D:\\" + letter + "folder");
-      definitions.Entry(letter + "AFI", {letter + "AFIT", letter + "AFIS"},
-                        {letter, letter + "file.exe"});
-      definitions.Entry(letter + "AFO", {letter + "AFOT", letter + "AFOS"},
-                        {letter, letter + "folder"});
-    }
-    WriteDefinitions();
-    settings.Trojans = settings.Dialers = settings.BHO = settings.KeyLoggers =
-        settings.SpywareAdware = true;
-    scope.FillTree(captions, {{'D', DriveKind::Fixed}});
-    m.pump.on_yield = [this] {
-      Note(progress.lblScanStatus + " " + progress.lblScanOption);
-      folder_rows = 0;
-      for (std::size_t i = 0; i < lists.lstSearch.size(); ++i) {
-        folder_rows += lists.lstSearch[i].text == kRowSpyFolder;
-      }
-    };
-  }
-
-  void WriteDefinitions() { m.File("C:\\App\\Ini\\update.ref", definitions.Text()); }
-
-  Definitions definitions;
-  SystemFolders folders;
-  SignatureLists lists;
-  ScanScope scope;
-  ScanProgress progress;
-  ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
-  COpSysInfo os{m.system};
-  MemoryScan memory{{m.processes, m.system, m.pump, log, os, folders, sink, progress}};
-  Matching matching{m.files, log, folders, sink, memory};
-  ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
-  BuiltInLists built_in{lists, matching, folders, m.pump, log};
-  ScanSession session{{m.files, m.registry, nullptr, m.pump, log, m.shell, captions, settings,
-                       lists, built_in, loader, memory, m.versions, folders, sink, *this,
-                       progress}};
-  std::vector<std::string> events;
-  std::size_t folder_rows = 0;  // in the last pass
-
-  bool Noted(std::string_view event) const {
-    return std::find(events.begin(), events.end(), event) != events.end();
-  }
-  std::string Spies() const {
-    std::string spies;
-    for (const Detection& detection : sink.found) {
-      spies += detection.system + (detection.kind == kSpyFolder ? "/" : " ");
-    }
-    return spies;
-  }
-
- private:
-  void Note(const std::string& event) {
-    if (events.empty() || events.back() != event) events.push_back(event);
-  }
-  void CreateMemoryLogFile(const std::vector<ProcessEntry>&) override { Note("memory log"); }
-  void CreateRegistryScanLogFile() override { Note("registry log"); }
-  void CreateCookieScanLogFile() override { Note("cookie log"); }
-  void CreateDriveScanLogFile() override { Note("log"); }
-  void FinishScan() override { Note("finish"); }
-  void Begin(int) override {}
-  void Advance() override {}
-  void End() override {}
-};
-
-}  // namespace
-
 TEST_SUITE("scan_scope") {
   TEST_CASE("the tree has seven fixed nodes and the drives that are scanned") {
     ScanScope scope;

@@ -15,11 +15,13 @@ void ActivityBar::SetState(State state) {
   if (state == state_) return;
   state_ = state;
   step_ = 0;
+  percent_ = -1;
   InvalidateRect(hwnd(), nullptr, FALSE);
 }
 
-void ActivityBar::Step() {
-  if (state_ != State::Moving) return;
+void ActivityBar::Step(int percent) {
+  if (state_ != State::Moving || (percent >= 0 && percent == percent_)) return;
+  percent_ = percent;
   ++step_;
   InvalidateRect(hwnd(), nullptr, FALSE);
 }
@@ -49,6 +51,7 @@ void ActivityBar::OnPaint(HDC dc) {
 
 bool ActivityBar::Filled(int block, int blocks) const {
   if (state_ != State::Moving) return state_ == State::Done;
+  if (percent_ >= 0) return block < blocks * percent_ / 100;
   const int behind = step_ % (blocks + kGroup) - block;
   return behind >= 0 && behind < kGroup;
 }

@@ -4,8 +4,8 @@
 
 namespace scourwell {
 
-// Shows that work goes on whose end cannot be foretold: a group of blocks that wanders along. The
-// system's own bar learnt this only with Windows XP.
+// Shows that work goes on: as a growing row of blocks where its end is known, else as a group of
+// blocks that wanders along. The system's own bar learnt the latter only with Windows XP.
 class ActivityBar : public Pane {
  public:
   enum class State { Idle, Moving, Done };
@@ -13,8 +13,8 @@ class ActivityBar : public Pane {
   explicit ActivityBar(const WindowEnv& env) : Pane(env, "ScourwellActivityBar") {}
 
   void SetState(State state);
-  // One step further while moving.
-  void Step();
+  // While moving: how much is done, or -1 for one step further on an unknown way.
+  void Step(int percent);
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
@@ -25,6 +25,7 @@ class ActivityBar : public Pane {
 
   State state_ = State::Idle;
   int step_ = 0;
+  int percent_ = -1;
 };
 
 }  // namespace scourwell

@@ -32,6 +32,12 @@ void HeaderPane::OnCreate() {
   heading_.SetFont(large() ? metrics().title() : metrics().heading());
   text_.Create(env_, hwnd(), ids_.text, large() ? DT_WORDBREAK : DT_END_ELLIPSIS);
   if (ids_.right != 0) right_.Create(env_, hwnd(), ids_.right, DT_RIGHT);
+  if (ids_.right_below != 0) right_below_.Create(env_, hwnd(), ids_.right_below, DT_RIGHT);
+}
+
+void HeaderPane::ReserveRight(const std::string& text, const std::string& below) {
+  right_width_ = metrics().TextWidth(text) + metrics().Gap();
+  right_below_width_ = metrics().TextWidth(below) + metrics().Gap();
 }
 
 void HeaderPane::OnSize(Area area) {
@@ -42,13 +48,15 @@ void HeaderPane::OnSize(Area area) {
   inner.CutTop(std::max(0, (inner.height() - texts) / 2));
   Area heading = inner.CutTop(HeadingHeight());
   if (ids_.right != 0) {
-    Area right = heading.CutRight(metrics().Scale(150));
+    Area right = heading.CutRight(right_width_);
     right.CutTop((right.height() - metrics().LineHeight()) / 2);
     layout.Place(right_, right);
   }
   layout.Place(heading_, heading);
   inner.CutTop(metrics().Scale(3));
-  layout.Place(text_, inner.CutTop(TextHeight()));
+  Area text = inner.CutTop(TextHeight());
+  if (ids_.right_below != 0) layout.Place(right_below_, text.CutRight(right_below_width_));
+  layout.Place(text_, text);
 }
 
 void HeaderPane::OnPaint(HDC dc) {

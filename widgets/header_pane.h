@@ -8,13 +8,14 @@
 namespace scourwell {
 
 // The light band at the top of a page: the symbol, a heading, a text below it and, if the page
-// wants one, a short text at the right.
+// wants them, short texts at the right.
 class HeaderPane : public Pane {
  public:
   struct Ids {
     int heading;
     int text;
-    int right;  // 0: none
+    int right;  // beside the heading; 0: none
+    int right_below = 0;
   };
   enum class Size { Small, Large };
 
@@ -24,6 +25,9 @@ class HeaderPane : public Pane {
   void SetHeading(const std::string& text) { heading_.SetText(text); }
   void SetText(const std::string& text) { text_.SetText(text); }
   void SetRight(const std::string& text) { right_.SetText(text); }
+  void SetRightBelow(const std::string& text) { right_below_.SetText(text); }
+  // The widest texts that will come at the right.
+  void ReserveRight(const std::string& text, const std::string& below);
 
  protected:
   void OnCreate() override;
@@ -43,6 +47,9 @@ class HeaderPane : public Pane {
   Label heading_;
   LiveLabel text_;
   LiveLabel right_;
+  LiveLabel right_below_;
+  int right_width_ = 0;
+  int right_below_width_ = 0;
 };
 
 }  // namespace scourwell

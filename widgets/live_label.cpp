@@ -5,7 +5,7 @@
 namespace scourwell {
 namespace {
 
-constexpr int kOverhang = 2;  // pixels by which a last letter may exceed its measured width
+constexpr int kOverhang = 4;  // pixels by which a last letter may exceed its measured width
 
 }  // namespace
 
@@ -26,14 +26,17 @@ void LiveLabel::Draw(const DRAWITEMSTRUCT& item, int back_colour, int text_colou
   char text[1024];
   const int size = GetWindowTextA(item.hwndItem, text, sizeof text);
   const auto font = SendMessageA(item.hwndItem, WM_GETFONT, 0, 0);
-  const auto format = static_cast<UINT>(GetWindowLongA(item.hwndItem, GWL_USERDATA));
+  auto format = static_cast<UINT>(GetWindowLongA(item.hwndItem, GWL_USERDATA));
   RECT area = item.rcItem;
   if (IsRectEmpty(&area)) return;
   const BackBuffer buffer(item.hDC, area);
   FillRect(buffer.dc(), &area, GetSysColorBrush(back_colour));
   const HGDIOBJ old = SelectObject(buffer.dc(), reinterpret_cast<HFONT>(font));
   SetBkMode(buffer.dc(), TRANSPARENT);
-  if (format & DT_RIGHT) area.right -= kOverhang;
+  if (format & DT_RIGHT) {
+    area.right -= MulDiv(kOverhang, GetDeviceCaps(buffer.dc(), LOGPIXELSX), 96);
+    format |= DT_NOCLIP;
+  }
   SetTextColor(buffer.dc(), GetSysColor(text_colour));
   DrawTextA(buffer.dc(), text, size, &area, format);
   SelectObject(buffer.dc(), old);

@@ -154,6 +154,8 @@
 #define IDC_cmdAbort 1340
 #define IDC_cmdNext 1341
 #define IDC_cmdCancel 1342
+#define IDC_lblRemaining 1343
+#define IDC_lblPercent 1344
 
 // frmScanSpy: SpyFrame, the results pane
 #define IDC_SpyFrame 1400

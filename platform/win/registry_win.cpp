@@ -79,6 +79,17 @@ RegStatus RegistryWin::TryOpen(RootKey root, const std::string& path, std::uint3
   return Open(root, path, rights | view_, &key);
 }
 
+RegStatus RegistryWin::Count(RootKey root, const std::string& path, RegCounts* counts) {
+  KeyHandle key;
+  if (const RegStatus status = Open(root, path, KEY_QUERY_VALUE | view_, &key)) return status;
+  DWORD keys = 0;
+  DWORD values = 0;
+  const LONG status = RegQueryInfoKeyA(key.get(), nullptr, nullptr, nullptr, &keys, nullptr,
+                                       nullptr, &values, nullptr, nullptr, nullptr, nullptr);
+  if (status == ERROR_SUCCESS) *counts = {keys, values};
+  return status;
+}
+
 RegStatus RegistryWin::QueryValue(RootKey root, const std::string& path, const std::string& name,
                                   RegValue* value) {
   KeyHandle key;

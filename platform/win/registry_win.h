@@ -18,6 +18,7 @@ class RegistryWin : public Registry {
   static HKEY Handle(RootKey root);
 
   RegStatus TryOpen(RootKey root, const std::string& path, std::uint32_t rights) override;
+  RegStatus Count(RootKey root, const std::string& path, RegCounts* counts) override;
   RegStatus QueryValue(RootKey root, const std::string& path, const std::string& name,
                        RegValue* value) override;
   RegStatus CreateKey(RootKey root, const std::string& path) override;

@@ -106,6 +106,16 @@ TEST_SUITE("contract_registry") {
     CHECK(r.Keys("\\c") == "");
     CHECK(r.Keys("\\none") == "!2");
     CHECK(r.Values("\\none") == "!2");
+    r.Set("\\b", "w", "2");
+    RegCounts counts;
+    CHECK(r.registry.Count(kUser, r.root, &counts) == kRegOk);
+    CHECK(counts.keys == 3);
+    CHECK(counts.values == 0);
+    CHECK(r.registry.Count(kUser, r.root + "\\none", &counts) == kRegNotFound);
+    CHECK(counts.keys == 3);  // as it was
+    CHECK(r.registry.Count(kUser, r.root + "\\B", &counts) == kRegOk);
+    CHECK(counts.keys == 1);
+    CHECK(counts.values == 2);
     int visits = 0;
     CHECK(r.registry.EnumKeys(kUser, r.root, [&](const std::string&) { return ++visits < 2; }) ==
           kRegOk);

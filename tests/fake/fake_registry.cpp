@@ -134,6 +134,14 @@ RegStatus FakeRegistry::DeleteKeyCall(RootKey root, const std::string& path) {
   return kRegOk;
 }
 
+RegStatus FakeRegistry::Count(RootKey root, const std::string& path, RegCounts* counts) {
+  if (const RegStatus opened = TryOpen(root, path, kKeyRead)) return opened;
+  const Key* key = Find(root, path);
+  *counts = {static_cast<std::uint32_t>(key->children.size()),
+             static_cast<std::uint32_t>(key->values.size())};
+  return kRegOk;
+}
+
 RegStatus FakeRegistry::EnumKeys(RootKey root, const std::string& path, const VisitKey& visit) {
   if (const RegStatus opened = TryOpen(root, path, kKeyRead)) return opened;
   for (const auto& child : Find(root, path)->children) {

@@ -125,7 +125,10 @@ TEST_CASE("a folder below what the definitions name gives a clean result") {
   REQUIRE(top);
   REQUIRE(WaitFor(LogIsComplete, 60000));
   CHECK(LogText().find("Components found: 0\r\n") != std::string::npos);
-  Click(ReadyControl(top, IDC_cmdNext));
+  const HWND next = ReadyControl(top, IDC_cmdNext);
+  CHECK(Text(Control(top, IDC_lblPercent)) == "100 %");
+  CHECK(Text(top) == "Scourwell 1.0 Rev.0");  // without the percentage of the scan
+  Click(next);
   const HWND box = program.Window("Information");
   REQUIRE(box);
   PostMessageA(box, WM_COMMAND, IDOK, 0);
@@ -205,6 +208,7 @@ TEST_CASE("Stop ends a scan without log and finish") {
   Click(stop);
   REQUIRE(ReadyControl(top, IDC_cmdNext));
   CHECK(Text(Control(top, IDC_lblScanStatus)) == "Scan stopped");
+  CHECK(Text(Control(top, IDC_lblPercent)).empty());
   CHECK(LogText().find("Components found:") == std::string::npos);
   CHECK(Setting("Statistics", "NUMBER OF SCANS").empty());
   CHECK(program.Close());
