@@ -239,6 +239,17 @@ TEST_CASE("packs are listed and chosen, the verb follows the language, a lost pa
   CHECK(errors.find("The picture of a language is damaged") != std::string::npos);
 }
 
+TEST_CASE("the program takes a drive as the verb hands it over") {
+  Plant();
+  Program program("\"C:\\\"");
+  const HWND top = program.MainWindow();
+  REQUIRE(top);
+  REQUIRE(ReadyControl(top, IDC_cmdNext, 60000));
+  CHECK(Text(Control(top, IDC_lblFilesScanned)).size() >= 5);  // all of the drive
+  CHECK(program.Close());
+  CHECK(Errors() == "");
+}
+
 TEST_CASE("where Explorer does not look for the verb, its box is grey and says why") {
   Plant();
   SetWindowsVersion("win98");
