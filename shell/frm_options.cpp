@@ -76,7 +76,13 @@ void frmOptions::SwitchTab(int step) {
   const bool inside = GetFocus() != tabs_.hwnd();
   tabs_.Select(tab);
   ShowTab(tab);
-  if (inside) SetFocus(FirstFocus());
+  if (!inside) return;
+  const HWND first = FirstFocus();
+  SetFocus(first);
+  // As Tab does with a line to type in.
+  if (SendMessageA(first, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) {
+    SendMessageA(first, EM_SETSEL, 0, -1);
+  }
 }
 
 void frmOptions::ShowTab(int tab) {
