@@ -3,6 +3,7 @@
 #include "backup/frm_ignore.h"
 #include "platform/file_utils.h"
 #include "shell/frm_main.h"
+#include "shell/frm_options.h"
 #include "tools/frm_adware_uninstaller.h"
 #include "tools/frm_bho.h"
 #include "tools/frm_startup_manager.h"
@@ -23,6 +24,10 @@ bool frmMain::ShowTool(int id) {
       return true;
     case IDM_mnuBrowserHelpers:
       frmBHO(shared_, app_.tools()).ShowModal(hwnd());
+      return true;
+    case IDM_mnuOptions:
+      frmOptions(shared_, app_).ShowModal(hwnd());
+      PageChanged();
       return true;
     default:
       return false;

@@ -28,6 +28,8 @@ void frmMainMenu::Create(HWND window, const Captions& captions) {
   AppendMenuA(tools, MF_SEPARATOR, 0, nullptr);
   Append(tools, IDM_mnuBackups, captions.Text(17149));
   Append(tools, IDM_mnuIgnoreList, captions.Text(17150));
+  AppendMenuA(tools, MF_SEPARATOR, 0, nullptr);
+  Append(tools, IDM_mnuOptions, captions.Text(17300));
   HMENU help = CreatePopupMenu();
   Append(help, IDM_mnuAbout, captions.Text(17015));
   MenuHandle old(menu_);
@@ -39,8 +41,9 @@ void frmMainMenu::Create(HWND window, const Captions& captions) {
 }
 
 void frmMainMenu::EnableScan(bool enabled) const {
-  for (const UINT id : {IDM_mnuStartScan, IDM_mnuScanFolder, IDM_mnuBackups, IDM_mnuIgnoreList,
-                        IDM_mnuStartupManager, IDM_mnuAdwareUninstaller, IDM_mnuBrowserHelpers}) {
+  for (const UINT id :
+       {IDM_mnuStartScan, IDM_mnuScanFolder, IDM_mnuBackups, IDM_mnuIgnoreList,
+        IDM_mnuStartupManager, IDM_mnuAdwareUninstaller, IDM_mnuBrowserHelpers, IDM_mnuOptions}) {
     EnableMenuItem(menu_, id, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
   }
 }
