@@ -23,11 +23,8 @@ LRESULT frmOptions::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       CmbLang_.Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lparam));
       return TRUE;
     case WM_COMMAND:
-      // Not while it is typed: a drive that is slow to answer would hold every letter up.
       for (std::size_t i = 0; i < kPaths; ++i) {
-        if (LOWORD(wparam) != kPathRows[i].text) continue;
-        if (HIWORD(wparam) == EN_KILLFOCUS) CheckFolder(i);
-        if (HIWORD(wparam) == EN_CHANGE) paths_[i].hint.Show(false);
+        if (LOWORD(wparam) == kPathRows[i].text) PathNotified(i, HIWORD(wparam));
       }
       break;
     default:
@@ -79,7 +76,13 @@ void frmOptions::SwitchTab(int step) {
   const bool inside = GetFocus() != tabs_.hwnd();
   tabs_.Select(tab);
   ShowTab(tab);
-  if (inside) SetFocus(FirstFocus());
+  if (!inside) return;
+  const HWND first = FirstFocus();
+  SetFocus(first);
+  // As Tab does with a line to type in.
+  if (SendMessageA(first, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) {
+    SendMessageA(first, EM_SETSEL, 0, -1);
+  }
 }
 
 void frmOptions::ShowTab(int tab) {
@@ -110,7 +113,9 @@ void frmOptions::EditLanguage() {
 bool frmOptions::Browse(int id) {
   for (std::size_t i = 0; i < kPaths; ++i) {
     if (kPathRows[i].browse != id) continue;
-    const std::string folder = AskForFolder(hwnd(), Text(17022));
+    const std::string typed = paths_[i].text.Text();
+    const std::string folder =
+        AskForFolder(hwnd(), Text(17022), form_.IsMissing(typed) ? std::string() : typed);
     if (folder.empty()) return true;
     paths_[i].text.SetText(folder);
     CheckFolder(i);
@@ -119,8 +124,21 @@ bool frmOptions::Browse(int id) {
   return false;
 }
 
+// The folder is not looked for while it is typed: a drive that is slow to answer would hold every
+// letter up.
+void frmOptions::PathNotified(std::size_t index, UINT code) {
+  PathControls& path = paths_[index];
+  if (code == EN_CHANGE) {
+    path.changed = true;
+    path.hint.Show(false);
+  }
+  if (code == EN_KILLFOCUS && path.changed) CheckFolder(index);
+}
+
 void frmOptions::CheckFolder(std::size_t index) {
-  paths_[index].hint.Show(form_.IsMissing(paths_[index].text.Text()));
+  PathControls& path = paths_[index];
+  path.hint.Show(form_.IsMissing(path.text.Text()));
+  path.changed = false;
 }
 
 void frmOptions::ReadControls() {

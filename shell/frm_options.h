@@ -34,6 +34,7 @@ class frmOptions : public ModalWindow {
     Edit text;
     Button browse;
     Label hint;
+    bool changed = true;  // since the folder was looked for
   };
 
   SIZE FirstSize() const override;
@@ -63,6 +64,7 @@ class frmOptions : public ModalWindow {
   void LanguageChosen();
   void EditLanguage();
   bool Browse(int id);
+  void PathNotified(std::size_t index, UINT code);
   void CheckFolder(std::size_t index);
   void ReadControls();
   void Proceed();

@@ -163,7 +163,9 @@ int frmOptions::ArrangeTab(int tab, Area area, Layout* layout) const {
     if (layout) layout->Place(boxes_[i], place);
   }
   if (tab == kGeneralTab && !form_.explorer_available()) {
-    Area place = column.Take(metrics().TextHeight(Text(17355), column.width()));
+    const int indent = metrics().Scale(CheckBox::kBox);  // below the caption
+    Area place = column.Take(metrics().TextHeight(Text(17355), column.width() - indent));
+    place.CutLeft(indent);
     if (layout) layout->Place(lblExplorerNote_, place);
   }
   if (tab == kPathsTab) {

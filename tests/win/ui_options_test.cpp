@@ -12,6 +12,7 @@ constexpr RootKey kUser = RootKey::CurrentUser;
 constexpr char kRun[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 constexpr char kFolderVerb[] = "Software\\Classes\\Directory\\shell\\Scourwell";
 constexpr char kDriveVerb[] = "Software\\Classes\\Drive\\shell\\Scourwell";
+constexpr char kLang[] = "C:\\Scourwell\\Lang\\";
 constexpr int kTabs = 4;
 
 FilesWin files;
@@ -106,6 +107,13 @@ void Plant() {
   PlantMachine();
   CRegister(registry).SetString(kUser, kRun, "ZURANTISPY", "x");
   registry.DeleteValue(kUser, kRun, "ZURANTISPY");
+  // Other tests leave packs of their own.
+  std::vector<std::string> packs;
+  static_cast<void>(files.List(kLang + std::string("*.ini"), [&](const DirEntry& entry) {
+    if (entry.name != "English.ini") packs.push_back(entry.name);
+    return true;
+  }));
+  for (const std::string& pack : packs) Erase(kLang + pack);
 }
 
 }  // namespace
@@ -192,7 +200,7 @@ TEST_CASE("advanced scanning cannot be switched on; scanning at the start acts a
 
 TEST_CASE("packs are listed and chosen, the verb follows the language, a lost pack does no harm") {
   Plant();
-  const std::string lang = std::string(kProgramFolder) + "Lang\\";
+  const std::string lang = kLang;
   PlantContent(lang + "Deutsch.ini",
                "[Adware Language Pack]\r\n17341=Mit Scourwell pr\xFC"
                "fen\r\n");
@@ -237,6 +245,17 @@ TEST_CASE("packs are listed and chosen, the verb follows the language, a lost pa
   CHECK(program.Close());
   const std::string errors = Errors();
   CHECK(errors.find("The picture of a language is damaged") != std::string::npos);
+}
+
+TEST_CASE("the program takes a drive as the verb hands it over") {
+  Plant();
+  Program program("\"C:\\\"");
+  const HWND top = program.MainWindow();
+  REQUIRE(top);
+  REQUIRE(ReadyControl(top, IDC_cmdNext, 60000));
+  CHECK(Text(Control(top, IDC_lblFilesScanned)).size() >= 5);  // all of the drive
+  CHECK(program.Close());
+  CHECK(Errors() == "");
 }
 
 TEST_CASE("where Explorer does not look for the verb, its box is grey and says why") {
