@@ -43,12 +43,15 @@ add_custom_command(
   VERBATIM)
 # The texts and the pictures of the languages.
 file(GLOB language_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/lang/*.ini ${PROJECT_SOURCE_DIR}/lang/*.bmp)
+include(cmake/help.cmake)
 add_custom_target(program_folder ALL
   COMMAND ${CMAKE_COMMAND} -E make_directory ${program_folder}/Lang ${program_folder}/Ini
+          ${program_folder}/Help
   COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:Scourwell> ${program_folder}
   COMMAND ${CMAKE_COMMAND} -E copy_if_different ${language_files}
           ${program_folder}/Lang
   COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_BINARY_DIR}/update.ref
           ${program_folder}/Ini
-  DEPENDS Scourwell ${PROJECT_BINARY_DIR}/update.ref
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different ${help_files} ${program_folder}/Help
+  DEPENDS Scourwell ${PROJECT_BINARY_DIR}/update.ref ${help_files}
   VERBATIM)

@@ -40,6 +40,11 @@ class Shell {
   // Starts a whole command line in a normal window, the program found as the system finds it, and
   // does not wait for it. kFileNotFound: there is no such program.
   virtual Outcome StartCommand(const std::string& command_line) = 0;
+  // Shows a page of a compiled help file in the system's viewer, in a window that blocks none of
+  // ours and goes with the program. kFileNotFound: no such file; kDeviceError: the system has no
+  // viewer; kPathFileAccess: the viewer refuses. The caller makes sure that the file is whole: with
+  // a damaged one some viewers complain to the user and claim success.
+  virtual Outcome ShowHelp(const std::string& file, const std::string& page) = 0;
   // A plain message box with OK.
   virtual void Message(const std::string& text, const std::string& title) = 0;
 };

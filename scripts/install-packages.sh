@@ -9,6 +9,7 @@ everything=(
     cmake ninja-build
     g++ zlib1g-dev doctest-dev                      # native build and tests
     g++-mingw-w64-i686-win32 libz-mingw-w64-dev     # Windows build
+    fp-utils python3                                # compiles the help; judges it
     clang-format
     xvfb xauth patchelf                             # private Wine and its display
     imagemagick attr                                # screenshots, DOS file attributes

@@ -61,6 +61,11 @@ void Application::SaveSettings() {
   CheckRelease();
 }
 
+OptionsForm Application::Options() {
+  return OptionsForm({ports_.files, ports_.registry, registry_access_, ports_.shell, log_,
+                      language_, os_, folders_, settings_});
+}
+
 void Application::CheckRelease() {
   // The release that came with the program is no update.
   const bool first = store_.Get("REFFILE", "Number").empty();

@@ -17,6 +17,7 @@
 #include "scan/scan_session.h"
 #include "shell/companions.h"
 #include "shell/language.h"
+#include "shell/options.h"
 #include "shell/settings.h"
 #include "shell/statistics.h"
 #include "tools/tool_box.h"
@@ -48,6 +49,8 @@ class Application : private ScanReport, private LoadProgress {
   void Start();
   // When the user has changed settings: the definitions may be others now.
   void SaveSettings();
+  // The options dialog, filled from the settings.
+  OptionsForm Options();
   // What a new release of the definitions changed, once after each was noticed; else empty, also
   // for the release of the first start.
   // Releases are noticed at start-up, after the settings were saved, and when a scan begins.

@@ -370,6 +370,10 @@ const Caption kCaptions[] = {
     {17350, "Backups before removal"},
     {17351, "General"},
     {17352, "Removal"},
+    {17353, "Look for"},
+    {17354, "Removing components"},
+    {17355, "Explorer offers this on Windows 2000 and later only."},
+    {17356, "Language pack:"},
 };
 // clang-format on
 

@@ -30,7 +30,11 @@ frmMain::frmMain(Application& app, PumpWin& pump, HINSTANCE instance)
       shared_{instance, metrics_, app.log(), app.language()},
       app_(app),
       pump_(pump),
-      tree_(shared_, app.scope()) {}
+      help_(app.ports().files, app.ports().shell, app.log(), app.language(),
+            app.folders().application),
+      tree_(shared_, app.scope()) {
+  shared_.help = [this](const char* window) { help_.ShowPage(window); };
+}
 
 int frmMain::Run(const CommandLine& command, int show) {
   const Outcome loaded = app_.log().Trap("MDIForm_Load", [&] { Load(command, show); });

@@ -10,6 +10,7 @@
 #include "shell/frm_host.h"
 #include "shell/frm_main_menu.h"
 #include "shell/frm_scan_spy.h"
+#include "shell/help.h"
 #include "widgets/focus_keeper.h"
 #include "widgets/page_keys.h"
 #include "widgets/side_menu.h"
@@ -64,6 +65,7 @@ class frmMain : public Window, public FormHost {
   Outcome ShowStartupManager();
   Outcome ShowAdwareUninstaller();
   Outcome ShowBrowserHelpers();
+  Outcome ShowOptions();
   Outcome ShowHelp();
   Outcome OpenOnlineHelp();
   Outcome VisitUsOnline();
@@ -71,6 +73,7 @@ class frmMain : public Window, public FormHost {
 
   Outcome OpenWebPage(const char* address);
   void OpenScan(const std::string& path);
+  Outcome ShowContextHelp();
   void EnableCommands();
   void FillSideMenu();
   void LanguageChanged();
@@ -88,6 +91,7 @@ class frmMain : public Window, public FormHost {
   WindowEnv shared_;
   Application& app_;
   PumpWin& pump_;
+  Help help_;
   frmMainMenu menu_;
   SideMenu MenuXP1_;
   HWND client_ = nullptr;

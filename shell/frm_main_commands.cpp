@@ -4,6 +4,7 @@
 #include "platform/file_utils.h"
 #include "shell/command_table.h"
 #include "shell/frm_main.h"
+#include "shell/frm_options.h"
 #include "tools/frm_adware_uninstaller.h"
 #include "tools/frm_bho.h"
 #include "tools/frm_startup_manager.h"
@@ -31,9 +32,10 @@ const frmMain::Command frmMain::kCommands[] = {
     {IDM_mnuStartupManager, &frmMain::ShowStartupManager, true},
     {IDM_mnuAdwareUninstaller, &frmMain::ShowAdwareUninstaller, true},
     {IDM_mnuBrowserHelpers, &frmMain::ShowBrowserHelpers, true},
+    {IDM_mnuOptions, &frmMain::ShowOptions, true},
     {IDM_mnuHome, &frmMain::ShowHome, false},
     {IDM_mnuChangeReport, &frmMain::ShowChangeReport, false},
-    {IDM_mnuHelpContents, &frmMain::ShowHelp, false},
+    {IDM_mnuHelpContents, &frmMain::ShowContextHelp, false},
     {IDM_mnuHelpFile, &frmMain::ShowHelp, false},
     {IDM_mnuOnlineHelp, &frmMain::OpenOnlineHelp, false},
     {IDM_mnuVisitUsOnline, &frmMain::VisitUsOnline, false},
@@ -151,14 +153,14 @@ Outcome frmMain::ShowAbout() {
 Outcome frmMain::ShowBackups() {
   pump_.set_closing(false);
   frmBackup(shared_, app_.backups(), app_.ports().clock, app_.settings().BackupFolder, [this] {
-    static_cast<void>(app_.log().Trap("cmdHelp_Click", [this] { return ShowHelp(); }));
+    help_.ShowPage("frmBackup", "FB_cmdHelp_Click");
   }).ShowModal(hwnd());
   return {};
 }
 
 Outcome frmMain::ShowIgnoreList() {
   frmIgnore(shared_, app_.ignore(), [this] {
-    static_cast<void>(app_.log().Trap("cmdHelp_Click", [this] { return ShowHelp(); }));
+    help_.ShowPage("frmIgnore", "cmdHelp_Click");
   }).ShowModal(hwnd());
   return {};
 }
@@ -178,11 +180,25 @@ Outcome frmMain::ShowBrowserHelpers() {
   return {};
 }
 
+Outcome frmMain::ShowOptions() {
+  frmOptions options(shared_, app_);
+  options.ShowModal(hwnd());
+  if (options.language_changed()) LanguageChanged();
+  PostCommand(IDM_mnuChangeReport);  // the definitions may be others now
+  return {};
+}
+
+// It keeps its own records.
 Outcome frmMain::ShowHelp() {
-  const std::string file = AddPathToFileName(app_.folders().application, "Help\\help.chm");
-  Outcome opened = app_.ports().shell.Open(file);
-  if (!opened.ok()) ShowMessage(Text(17157) + "\r\n" + file, Text(17000));
-  return opened;
+  help_.OpenFile("imgHelp_Click");
+  return {};
+}
+
+// The page in front, or the tree when the keyboard is there.
+Outcome frmMain::ShowContextHelp() {
+  const char* front = page() ? page()->HelpTopic() : "";
+  help_.ShowPage(IsChild(tree_.hwnd(), GetFocus()) ? tree_.HelpTopic() : front);
+  return {};
 }
 
 Outcome frmMain::OpenOnlineHelp() { return OpenWebPage(kSupportPage); }

@@ -17,6 +17,7 @@ class frmScanSpy : public Page {
   HWND DefaultButton() const override;
   HWND EscapeButton() const override;
   HWND FirstFocus() const override;
+  const char* HelpTopic() const override { return SpyFrame_.Shown() ? "SpyFrame" : "frmScanSpy"; }
 
  private:
   void OnCreate() override;

@@ -38,6 +38,10 @@ class Metrics {
   // In lines that are broken at that width.
   int TextHeight(HFONT font, const std::string& text, int width) const;
 
+  int TextHeight(const std::string& text, int width) const {
+    return TextHeight(font(), text, width);
+  }
+
   int Margin() const { return Scale(11); }
   int WideMargin() const { return Scale(20); }
   int Gap() const { return Scale(7); }

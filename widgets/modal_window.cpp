@@ -77,6 +77,10 @@ bool ModalWindow::Translate(MSG* message) {
       if (!repeated) PostMessageA(hwnd(), WM_CLOSE, 0, 0);
       return true;
     }
+    if (message->wParam == VK_F1 && env_.help) {
+      if (!repeated) env_.help(HelpTopic());
+      return true;
+    }
     if (OnKey(message->wParam)) return true;
   }
   return IsDialogMessageA(hwnd(), message) != FALSE;

@@ -17,6 +17,8 @@ class Window {
   void Show(bool shown) const { ShowWindow(hwnd_, shown ? SW_SHOWNA : SW_HIDE); }
   bool Shown() const { return (GetWindowLongA(hwnd_, GWL_STYLE) & WS_VISIBLE) != 0; }
   Area ClientArea() const;
+  // What F1 asks about: the name of the window, or of what it shows.
+  virtual const char* HelpTopic() const { return name_; }
   // The window of the desktop that this one lies in.
   HWND Root() const;
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/captions.h"
 #include "platform/error_log.h"
 #include "widgets/metrics.h"
@@ -12,6 +14,8 @@ struct WindowEnv {
   const Metrics& metrics;
   ErrorLog& log;
   const Captions& captions;
+  // Shows the help about the window of that name.
+  std::function<void(const char* window)> help = nullptr;
 
   std::string Text(int number) const { return captions.Text(number); }
 };

@@ -41,11 +41,14 @@ class ShellWin : public Shell {
   Outcome CreateShortcut(const std::string& link, const std::string& target,
                          const std::string& arguments) override;
   Outcome StartCommand(const std::string& command_line) override;
+  Outcome ShowHelp(const std::string& file, const std::string& page) override;
   void Message(const std::string& text, const std::string& title) override;
 
  private:
   void StartCom();
+  void CloseHelp();
 
+  bool help_shown_ = false;
   bool com_tried_ = false;  // asked for when the first shortcut is read
   bool com_ready_ = false;
 };

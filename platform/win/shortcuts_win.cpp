@@ -59,6 +59,7 @@ struct Shortcut {
 }  // namespace
 
 ShellWin::~ShellWin() {
+  CloseHelp();
   if (com_ready_) CoUninitialize();
 }
 

@@ -35,6 +35,12 @@ TEST_SUITE("contract_shell") {
     CHECK(text == "(unchanged)");
   }
 
+  TEST_CASE("a help file that is not there is refused") {
+    const auto machine = NewContractMachine();
+    CHECK(machine->shell().ShowHelp(machine->folder() + "\\none.chm", "index.html").number() ==
+          kFileNotFound);
+  }
+
   TEST_CASE("a command line that names no program fails") {
     const auto machine = NewContractMachine();
     Shell& shell = machine->shell();

@@ -255,8 +255,13 @@ class FakeShell : public Shell {
   std::map<std::string, std::string, NoCaseLess> shortcuts;  // targets; others are damaged
   std::function<void(const std::string& command)> on_run;
   int call_error = 0;  // what calling an export ends with
+  int open_error = 0;  // what opening a document ends with
+  int help_error = 0;  // what showing a page of a help file ends with
 
-  Outcome Open(const std::string& path) override { return Note("Open " + path); }
+  Outcome Open(const std::string& path) override {
+    static_cast<void>(Note("Open " + path));
+    return open_error ? Outcome::Failed(open_error) : Outcome();
+  }
   Outcome ShowProperties(const std::string& path) override { return Note("Properties " + path); }
   Outcome Start(const std::string& program, const std::string& arguments) override {
     return Note("Start " + program + " " + arguments);
@@ -279,6 +284,7 @@ class FakeShell : public Shell {
     return "LNK " + target + "|" + arguments;
   }
   Outcome StartCommand(const std::string& command_line) override;
+  Outcome ShowHelp(const std::string& file, const std::string& page) override;
   void Message(const std::string& text, const std::string& title) override {
     static_cast<void>(Note("Message " + text + "/" + title));
   }

@@ -149,6 +149,13 @@ Outcome FakeShell::StartCommand(const std::string& command_line) {
   return files_.Stat(program, &entry).ok() ? Outcome() : Outcome::Failed(kFileNotFound);
 }
 
+Outcome FakeShell::ShowHelp(const std::string& file, const std::string& page) {
+  journal.push_back("Help " + file + "::/" + page);
+  DirEntry entry;
+  if (!files_.Stat(file, &entry).ok()) return Outcome::Failed(kFileNotFound);
+  return help_error ? Outcome::Failed(help_error) : Outcome();
+}
+
 Outcome FakeVersions::ReadBlock(const std::string& path, std::string* block) {
   journal.push_back(path);
   if (const auto resource = resources.find(path); resource != resources.end()) {
