@@ -111,7 +111,7 @@ TEST_SUITE("language_packs") {
           "X.ini: 1842: no letter is left for a key in: results\n");
     CHECK(FaultsOfPack("X.ini", ReplaceAll(With(1803, "Check all the components"), "Exclude\r",
                                            "Exclude them all\r")) ==
-          "X.ini: the buttons have no room in: results, upper buttons, 452 pixels\n");
+          "X.ini: the buttons have no room in: results, upper buttons, 478 pixels\n");
   }
 
   TEST_CASE("a wrong file is named") {

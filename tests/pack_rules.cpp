@@ -10,29 +10,35 @@ constexpr std::size_t kBarTitle = 14;
 constexpr std::size_t kMenuEntry = 34;
 constexpr std::size_t kButton = 24;
 constexpr std::size_t kColumn = 22;
+constexpr std::size_t kSideMenu = 27;
+constexpr std::size_t kPicture = 26;
 constexpr std::size_t kLineOfWindow = 130;
 
 constexpr PackBudget kBudgets[] = {
     // The startup manager's cells and the columns that they lie in.
     {413, 413, 13},
     {423, 424, 13},
-    {415, 416, 16},
-    {418, 418, 26},
-    {420, 420, 26},
+    {415, 416, 24},
+    {418, 418, 32},
+    {420, 420, 32},
     {419, 419, 14},
     {426, 433, 32},
     {17226, 17226, 10},
     {17228, 17228, 12},
     {17231, 17231, 9},
     {17232, 17233, 14},
-    {17234, 17235, 10},
+    {17234, 17235, 8},
     {1400, 1402, kButton},
     {1404, 1406, kColumn},
     {1500, 1502, kColumn},
     {1514, 1514, kButton},
+    {1513, 1513, kSideMenu},
     {1601, 1602, kButton},
-    {1702, 1702, kButton},
-    {1719, 1719, kButton},
+    {1701, 1702, kSideMenu},
+    {1704, 1735, kSideMenu},
+    {1740, 1740, kSideMenu},
+    {1744, 1752, kSideMenu},
+    {1768, 1769, kSideMenu},
     {1800, 1802, kColumn},
     {1803, 1804, kButton},
     {1842, 1842, kButton},
@@ -43,13 +49,16 @@ constexpr PackBudget kBudgets[] = {
     {1865, 1865, 38},
     {1884, 1884, kMenuEntry},
     {1885, 1885, kButton},
-    {1900, 1900, 24},
+    {1900, 1900, 26},
     {1905, 1906, 18},
     {1901, 1907, 22},
     {1908, 1910, 18},
     {4000, 4005, 60},
     {4006, 4006, 12},
     {16002, 16002, kColumn},
+    {16200, 16207, kPicture},
+    {16214, 16214, kSideMenu},
+    {16215, 16215, kPicture},
     {17010, 17010, kBarTitle},
     {17011, 17013, kMenuEntry},
     {17014, 17014, kBarTitle},
@@ -78,7 +87,8 @@ constexpr PackBudget kBudgets[] = {
     {17261, 17262, kColumn},
     {17267, 17267, kButton},
     {17270, 17270, kLineOfWindow},
-    {17271, 17273, kColumn},
+    {17271, 17272, kColumn},
+    {17273, 17273, 28},
     {17275, 17277, kButton},
     {17300, 17305, kMenuEntry},
     {17340, 17340, kButton},
@@ -88,7 +98,10 @@ constexpr PackBudget kBudgets[] = {
 constexpr int kMainBar[] = {17010, 17158, 17014};
 constexpr int kScanMenu[] = {17011, 17012, 17013};
 constexpr int kToolsMenu[] = {17201, 17202, 17203, 17149, 17150, 17300, 17301, 17305};
-constexpr int kHelpMenu[] = {17301, 17302, 17303, 17304, 17015};
+constexpr int kHelpMenu[] = {17302, 17303, 17304, 17015};
+constexpr int kCompanions[] = {16204, 16205, 16206, 16207, 16215};
+constexpr int kStartPage[] = {17010, 17158, 17014, 16200, 16201, 16202, 16203, 16209,
+                              16210, 16211, 16204, 16205, 16206, 16207, 16215};
 constexpr int kProgress[] = {17010, 17158, 17014, 1885, 17016};
 constexpr int kResults[] = {17010, 17158, 17014, 1803, 1804, 1845, 17135, 1842, 1401, 17017, 1402};
 constexpr int kResultsPopup[] = {17019, 17020, 1884};
@@ -109,6 +122,8 @@ constexpr PackGroup kGroups[] = {
     {"Scan menu", kScanMenu},
     {"Tools menu", kToolsMenu},
     {"Help menu", kHelpMenu},
+    {"companion programs", kCompanions},
+    {"start page", kStartPage},
     {"scan window", kProgress},
     {"results", kResults},
     {"popup of the results", kResultsPopup},
@@ -127,14 +142,18 @@ constexpr PackGroup kGroups[] = {
 
 constexpr int kResultsUpper[] = {1803, 1804, 17135, 1845};
 constexpr int kResultsLower[] = {1842, 1401, 17017, 1402};
+constexpr int kIgnoreRow[] = {1803, 1804, 1514, 1402, 1710};
 constexpr int kStartupRow[] = {17221, 17223, 17224, 17255};
 constexpr int kHelperRow[] = {17221, 17224, 17267, 17255};
 constexpr int kUninstallerRow[] = {17275, 17267, 17276, 17277, 17255};
 
 constexpr PackRow kRows[] = {
-    {"results, upper buttons", kResultsUpper, 430}, {"results, lower buttons", kResultsLower, 430},
-    {"startup manager", kStartupRow, 540},          {"browser helpers", kHelperRow, 540},
-    {"adware uninstaller", kUninstallerRow, 540},
+    {"results, upper buttons", kResultsUpper, 430},
+    {"results, lower buttons", kResultsLower, 430},
+    {"ignore list", kIgnoreRow, 555},
+    {"startup manager", kStartupRow, 540},
+    {"browser helpers", kHelperRow, 540},
+    {"adware uninstaller", kUninstallerRow, 555},
 };
 
 }  // namespace

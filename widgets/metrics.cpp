@@ -22,11 +22,22 @@ class MeasuringDc {
   HGDIOBJ old_;
 };
 
+// What a program draws itself is read in the code page of the font, what controls draw in that of
+// the system. The font of messages need not be of the system's.
+LOGFONTA InSystemLetters(LOGFONTA font) {
+  CHARSETINFO letters = {};
+  const auto page = static_cast<DWORD_PTR>(GetACP());
+  if (TranslateCharsetInfo(reinterpret_cast<DWORD*>(page), &letters, TCI_SRCCODEPAGE)) {
+    font.lfCharSet = static_cast<BYTE>(letters.ciCharset);
+  }
+  return font;
+}
+
 LOGFONTA MessageFont() {
   NONCLIENTMETRICSA metrics = {};
   metrics.cbSize = sizeof metrics;
   if (SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) {
-    return metrics.lfMessageFont;
+    return InSystemLetters(metrics.lfMessageFont);
   }
   LOGFONTA font = {};
   GetObjectA(GetStockObject(DEFAULT_GUI_FONT), sizeof font, &font);
