@@ -57,6 +57,7 @@ void ResultsPane::CreateColumns() {
   system_width_ = metrics().Scale(160);
   const int widths[] = {type, system_width_, metrics().Scale(200)};
   for (int i = 0; i < 3; ++i) SpyListView_.AddColumn(i, Text(kColumnCaptions[i]), widths[i]);
+  system_width_ = SpyListView_.ColumnWidth(HitList::kSystem);
 }
 
 void ResultsPane::OnSize(Area area) {
@@ -108,7 +109,8 @@ void ResultsPane::Refresh() {
   SpyListView_.SetItemCount(hits_.size());
   SpyListView_.ShowSortArrow(hits_.sorted() ? hits_.sort_column() : -1, hits_.ascending());
   if (!hits_.empty()) SpyListView_.FocusRow(0);
-  lblEmpty_.Show(hits_.empty());
+  // A list that was emptied says nothing about the computer.
+  lblEmpty_.Show(hits_.empty() && hits_.counters().Total() == 0);
   FitColumns();
   ShowCount();
 }

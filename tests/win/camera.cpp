@@ -5,7 +5,7 @@
 namespace scourwell::ui {
 namespace {
 
-constexpr DWORD kPaintTime = 400;  // milliseconds until a window surely stands on the screen
+constexpr DWORD kPaintTime = 1000;  // milliseconds until a window surely stands on the screen
 constexpr wchar_t kImport[] = L"\\\\?\\unix\\usr\\bin\\import";
 
 }  // namespace

@@ -90,6 +90,7 @@ void PlantPrograms() {
   set("Uninstall\\planted bar", "DisplayName", "The Planted Bar");
   set("Uninstall\\planted bar", "UninstallString",
       "\"C:\\Program Files\\Planted Bar\\uninstall.exe\" /quiet");
+  set("Uninstall\\zzz last", "DisplayName", "The last one is not listed");
   for (const char* name : {"Planted", "Planted Update Checker"}) {
     set("Run", name, "\"C:\\Program Files\\Planted\\planted.exe\" /start");
   }
@@ -113,8 +114,8 @@ std::span<const LooksWindow> LooksWindows() {
       {"add-task", "frmAddTask", AddTask, true, {}},
       {"adware-uninstaller", "frmAdwareUninstaller", Choose<IDM_mnuAdwareUninstaller>, false, {}},
       {"browser-helpers", "frmBHO", Choose<IDM_mnuBrowserHelpers>, false, {}},
-      {"ignore-list", "frmIgnore", Choose<IDM_mnuIgnoreList>, true, {}},
-      {"ignore-list-empty", "frmIgnore", EmptyIgnoreList, true, {}},
+      {"ignore-list", "frmIgnore", Choose<IDM_mnuIgnoreList>, false, {}},
+      {"ignore-list-empty", "frmIgnore", EmptyIgnoreList, false, {}},
       {"backups-empty", "frmBackup", Choose<IDM_mnuBackups>, true, {}},
       {"scan", nullptr, Scan, true, kMenuBar},
       {"results", nullptr, ShowResults, true, kMenuBar},
@@ -128,10 +129,9 @@ std::span<const LooksWindow> LooksWindows() {
 }
 
 void PlantForLooks(bool demonstration) {
-  if (!demonstration) {
-    PlantMachine();
-    PlantContent(kReference, PlantedDefinitions().Entry("ADRE", {"WCL"}, {"planted bar"}).Text());
-  }
+  if (!demonstration) PlantMachine();
+  const std::string names = test::Definitions().Entry("ADRE", {"WCL"}, {"planted bar"}).Text();
+  PlantContent(kReference, Content(kReference) + names);
   PlantPrograms();
   PlantContent(kIgnored,
                "\"Spy File\",\"C:\\planted\\deep\\excluded.dll\",\"Adware.One\"\r\n"
