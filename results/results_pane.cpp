@@ -34,7 +34,7 @@ void ResultsPane::OnCreate() {
     return hits_.row(static_cast<std::size_t>(row)).checked;
   };
   SpyListView_.Create(env_, hwnd(), IDC_SpyListView);
-  images_ = LoadImageList(env_.instance, IDB_Kinds16, kPicture);
+  images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
   SpyListView_.SetSmallImages(images_.get());
   CreateColumns();
   AccessKeys keys({Text(17010), Text(17158), Text(17014)});
@@ -52,7 +52,7 @@ void ResultsPane::OnCreate() {
 }
 
 void ResultsPane::CreateColumns() {
-  const int boxes = metrics().Scale(16) + 2 * kPicture;
+  const int boxes = metrics().Scale(16) + 2 * kPicture * metrics().PictureFactor();
   const int type = metrics().TextWidth(std::string(kSpyRegistryValue)) + boxes;
   system_width_ = metrics().Scale(160);
   const int widths[] = {type, system_width_, metrics().Scale(200)};

@@ -160,6 +160,7 @@ TEST_CASE("every window looks right in every language") {
   const Camera camera(Environment(kPictures));
   const std::vector<std::string> languages = Languages();
   REQUIRE_FALSE(languages.empty());
+  MESSAGE("dots per inch: " << Metrics().Scale(96));
   for (const std::string& language : languages) {
     CAPTURE(language);
     PlantForLooks(camera.ready());
