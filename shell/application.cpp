@@ -46,7 +46,8 @@ Application::Application(const Ports& ports, const std::string& application_fold
                 hits_}),
       tools_({ports.files, ports.registry, ports.registry64, ports.profiles, ports.shell,
               ports.system, folders_},
-             ports.versions, reference_, log_, language_) {}
+             ports.versions, reference_, log_, language_),
+      companions_(ports.files, ports.shell, application_folder) {}
 
 void Application::Start() {
   log_.deleteLogFile();

@@ -14,6 +14,7 @@
 #include "results/scan_log.h"
 #include "scan/matching.h"
 #include "scan/scan_session.h"
+#include "shell/companions.h"
 #include "shell/language.h"
 #include "shell/settings.h"
 #include "shell/statistics.h"
@@ -95,6 +96,7 @@ class Application : private ScanReport, private LoadProgress {
   // A scan, a backup or a removal is under way.
   bool busy() const { return scanning_ || working_; }
   ToolBox& tools() { return tools_; }
+  const Companions& companions() const { return companions_; }
 
  private:
   void CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) override;
@@ -140,6 +142,7 @@ class Application : private ScanReport, private LoadProgress {
   RegistryAccess registry_access_;
   Removal removal_;
   ToolBox tools_;
+  Companions companions_;
   bool scanning_ = false;
   bool working_ = false;
 };
