@@ -29,10 +29,16 @@ std::string Size(const SIZE& size) {
   return std::to_string(size.cx) + " x " + std::to_string(size.cy);
 }
 
+// By the program: such a button breaks its text into lines.
+bool IsDrawn(const ShownControl& control) {
+  return control.kind == ControlKind::PushButton && (control.style & BS_TYPEMASK) == BS_OWNERDRAW;
+}
+
 // Space that a control needs around its text.
 SIZE Frame(const ShownControl& control, const Metrics& metrics) {
   switch (control.kind) {
     case ControlKind::PushButton:
+      if (IsDrawn(control)) return {metrics.Scale(4), 0};
       return {metrics.Scale(8), metrics.Scale(4)};
     case ControlKind::CheckBox:
       return {metrics.Scale(13) + 6, 0};
@@ -52,7 +58,8 @@ UINT Format(const ShownControl& control) {
   if (control.kind == ControlKind::Label) {
     return prefix | ((control.style & SS_TYPEMASK) <= SS_RIGHT ? DT_WORDBREAK : 0);
   }
-  return prefix | (control.style & BS_MULTILINE ? DT_WORDBREAK : DT_SINGLELINE);
+  return prefix |
+         (IsDrawn(control) || (control.style & BS_MULTILINE) ? DT_WORDBREAK : DT_SINGLELINE);
 }
 
 void CheckText(const ShownControl& control, const Measure& measure, Faults* faults) {
@@ -92,6 +99,11 @@ void CheckInside(const ShownControl& control, Faults* faults) {
   GetClientRect(control.parent, &client);
   MapWindowPoints(control.parent, nullptr, reinterpret_cast<POINT*>(&client), 2);
   const RECT& place = control.place;
+  // What scrolls may lie above or below.
+  if (GetWindowLongA(control.parent, GWL_STYLE) & WS_VSCROLL) {
+    client.top = std::min(client.top, place.top);
+    client.bottom = std::max(client.bottom, place.bottom);
+  }
   if (place.left < client.left || place.top < client.top || place.right > client.right ||
       place.bottom > client.bottom) {
     faults->push_back(Name(control) + " leaves its parent");
@@ -210,7 +222,10 @@ Faults AccessKeyFaults(const std::vector<ShownControl>& controls,
 
 Faults DefaultButtonFaults(const std::vector<ShownControl>& controls, bool has_one) {
   const auto count = std::count_if(controls.begin(), controls.end(), [](const ShownControl& each) {
-    return each.kind == ControlKind::PushButton && (each.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+    DWORD_PTR code = 0;
+    if (each.kind != ControlKind::PushButton) return false;
+    SendMessageTimeoutA(each.window, WM_GETDLGCODE, 0, 0, SMTO_NORMAL, 5000, &code);
+    return (code & DLGC_DEFPUSHBUTTON) != 0;
   });
   if (count == (has_one ? 1 : 0)) return {};
   return {std::to_string(count) + " default buttons"};

@@ -30,11 +30,11 @@ void Answer(Tour& tour, int button) {
 
 template <int id>
 void Choose(Tour& tour) {
-  REQUIRE(ReadyControl(tour.top, IDC_cmdStartScan, kScanTime));
+  REQUIRE(ReadyControl(tour.top, IDC_imgSearch, kScanTime));
   Command(tour.top, id);
 }
 
-void ShowHome(Tour& tour) { REQUIRE(ReadyControl(tour.top, IDC_cmdStartScan)); }
+void ShowHome(Tour& tour) { REQUIRE(ReadyControl(tour.top, IDC_imgSearch)); }
 
 void AddTask(Tour& tour) {
   Choose<IDM_mnuStartupManager>(tour);
@@ -53,7 +53,7 @@ void EmptyIgnoreList(Tour& tour) {
 }
 
 void Scan(Tour& tour) {
-  Press(tour, IDC_cmdStartScan);
+  Press(tour, IDC_imgSearch);
   REQUIRE(ReadyControl(tour.top, IDC_cmdNext, kScanTime));
 }
 
