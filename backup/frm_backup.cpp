@@ -35,8 +35,8 @@ void frmBackup::OnCreate() {
   AccessKeys keys;
   cmdRestore_.Create(env_, hwnd(), IDC_cmdRestore, keys.Add(Text(1400)));
   cmdClean_.Create(env_, hwnd(), IDC_cmdClean, keys.Add(Text(1401)));
-  cmdHelp_.Create(env_, hwnd(), IDC_cmdHelp, keys.Add(Text(1710)));
   cmdOk_.Create(env_, hwnd(), IDCANCEL, Text(1402));
+  cmdHelp_.Create(env_, hwnd(), IDC_cmdHelp, keys.Add(Text(1710)));
   Load();
 }
 

@@ -31,8 +31,8 @@ void frmIgnore::OnCreate() {
   cmdCheckAll_.Create(env_, hwnd(), IDC_cmdCheckAll, keys.Add(Text(1803)));
   cmdUnCheckAll_.Create(env_, hwnd(), IDC_cmdUnCheckAll, keys.Add(Text(1804)));
   CmdRemove_.Create(env_, hwnd(), IDC_CmdRemove, keys.Add(Text(1514)));
-  cmdHelp_.Create(env_, hwnd(), IDC_cmdHelp, keys.Add(Text(1710)));
   cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(1402));
+  cmdHelp_.Create(env_, hwnd(), IDC_cmdHelp, keys.Add(Text(1710)));
   Load();
 }
 
@@ -49,8 +49,8 @@ void frmIgnore::Load() {
 
 void frmIgnore::ShowCount() {
   const auto checked = std::count(checked_.begin(), checked_.end(), true);
-  SetHeaderText(Text(17121) + " " + std::to_string(records_.size()) + ", " +
-                std::to_string(checked) + " " + Text(17028));
+  SetHeaderText(Text(17121) + " " + std::to_string(records_.size()) +
+                (checked > 0 ? ", " + std::to_string(checked) + " " + Text(17028) : ""));
   CmdRemove_.Enable(checked > 0);
 }
 

@@ -34,7 +34,7 @@ void ResultsPane::OnCreate() {
     return hits_.row(static_cast<std::size_t>(row)).checked;
   };
   SpyListView_.Create(env_, hwnd(), IDC_SpyListView);
-  images_ = LoadImageList(env_.instance, IDB_Kinds16, kPicture);
+  images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
   SpyListView_.SetSmallImages(images_.get());
   CreateColumns();
   AccessKeys keys({Text(17010), Text(17158), Text(17014)});
@@ -52,11 +52,12 @@ void ResultsPane::OnCreate() {
 }
 
 void ResultsPane::CreateColumns() {
-  const int boxes = metrics().Scale(16) + 2 * kPicture;
+  const int boxes = metrics().Scale(16) + 2 * kPicture * metrics().PictureFactor();
   const int type = metrics().TextWidth(std::string(kSpyRegistryValue)) + boxes;
   system_width_ = metrics().Scale(160);
   const int widths[] = {type, system_width_, metrics().Scale(200)};
   for (int i = 0; i < 3; ++i) SpyListView_.AddColumn(i, Text(kColumnCaptions[i]), widths[i]);
+  system_width_ = SpyListView_.ColumnWidth(HitList::kSystem);
 }
 
 void ResultsPane::OnSize(Area area) {
@@ -108,7 +109,8 @@ void ResultsPane::Refresh() {
   SpyListView_.SetItemCount(hits_.size());
   SpyListView_.ShowSortArrow(hits_.sorted() ? hits_.sort_column() : -1, hits_.ascending());
   if (!hits_.empty()) SpyListView_.FocusRow(0);
-  lblEmpty_.Show(hits_.empty());
+  // A list that was emptied says nothing about the computer.
+  lblEmpty_.Show(hits_.empty() && hits_.counters().Total() == 0);
   FitColumns();
   ShowCount();
 }

@@ -28,7 +28,7 @@ void frmTree::OnCreate() {
   lblSection_.Create(env_, hwnd(), IDC_lblSection);
   lblSection_.SetFont(metrics().bold());
   TreeView1_.Create(env_, hwnd(), IDC_TreeView1);
-  images_ = LoadImageList(env_.instance, IDB_Scope16, 16);
+  images_ = LoadScaledImageList(env_, IDB_Scope16, 16);
   TreeView1_.SetImages(images_.get());
   TreeView1_.on_check = [this](std::size_t number, bool ticked) {
     scope_.SetTicked(number, ticked);

@@ -18,8 +18,16 @@ constexpr int kHeight = 500;
 constexpr int kSmallestWidth = 560;
 constexpr int kSmallestHeight = 320;
 constexpr COLORREF kSpyColour = RGB(192, 0, 0);
+constexpr COLORREF kSpyColourOnDark = RGB(255, 128, 128);
 constexpr std::size_t kMostFailures = 8;
 constexpr std::size_t kLongestFailure = 200;
+
+// Red that can be read on the background of lists, whatever colours the user has chosen.
+COLORREF SpyColour() {
+  const COLORREF back = GetSysColor(COLOR_WINDOW);
+  const bool dark = GetRValue(back) + GetGValue(back) + GetBValue(back) < 3 * 128;
+  return dark ? kSpyColourOnDark : kSpyColour;
+}
 
 }  // namespace
 
@@ -34,7 +42,16 @@ frmTool::frmTool(const WindowEnv& env, const char* name, const char* prefix, Too
 SIZE frmTool::FirstSize() const { return {metrics().Scale(kWidth), metrics().Scale(kHeight)}; }
 
 SIZE frmTool::SmallestSize() const {
-  return {metrics().Scale(kSmallestWidth), metrics().Scale(kSmallestHeight)};
+  return {std::max(metrics().Scale(kSmallestWidth), ButtonsWidth()),
+          metrics().Scale(kSmallestHeight)};
+}
+
+// Of the row of buttons with its margins.
+int frmTool::ButtonsWidth() const {
+  int width = 2 * metrics().Margin() + cmdClose_.width();
+  for (std::size_t i = 0; i < Commands().size(); ++i)
+    width += buttons_[i].width() + metrics().Gap();
+  return width;
 }
 
 void frmTool::OnCreate() {
@@ -259,7 +276,7 @@ LRESULT frmTool::Draw(NMLVCUSTOMDRAW* draw) const {
   }
   if (index >= view_->size() || view_->Row(index) >= Table().size()) return CDRF_DODEFAULT;
   const std::size_t row = view_->Row(index);
-  const COLORREF colour = IsMarked(row) ? kSpyColour : GetSysColor(COLOR_WINDOWTEXT);
+  const COLORREF colour = IsMarked(row) ? SpyColour() : GetSysColor(COLOR_WINDOWTEXT);
   draw->clrText = colour;
   const auto column = static_cast<std::size_t>(draw->iSubItem);
   if (column == 0 || !Columns()[column].path) return CDRF_NEWFONT;

@@ -80,6 +80,7 @@ class frmTool : public ModalWindow {
 
   SIZE FirstSize() const override;
   SIZE SmallestSize() const override;
+  int ButtonsWidth() const;
   bool MayResize() const override { return true; }
   bool OnKey(WPARAM key) override;
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;

@@ -20,7 +20,20 @@ int HeaderPane::HeadingHeight() const {
   return metrics().LineHeight(large() ? metrics().title() : metrics().heading());
 }
 
-int HeaderPane::TextHeight() const { return metrics().LineHeight() * (large() ? 3 : 1); }
+// What the parent's width leaves beside the symbol.
+int HeaderPane::TextWidth() const {
+  RECT parent = {};
+  if (hwnd()) GetClientRect(GetParent(hwnd()), &parent);
+  return parent.right - 2 * Margin() - symbol_.size() - metrics().Margin() - right_below_width_;
+}
+
+bool HeaderPane::Wraps() const {
+  return large() || (hwnd() && metrics().TextWidth(text_.Text()) > TextWidth());
+}
+
+int HeaderPane::TextHeight() const {
+  return metrics().LineHeight() * (large() ? 3 : Wraps() ? 2 : 1);
+}
 
 int HeaderPane::Height() const {
   const int texts = HeadingHeight() + metrics().Scale(3) + TextHeight();
@@ -54,6 +67,7 @@ void HeaderPane::OnSize(Area area) {
   }
   layout.Place(heading_, heading);
   inner.CutTop(metrics().Scale(3));
+  text_.SetFormat(Wraps() ? DT_WORDBREAK | DT_END_ELLIPSIS : DT_END_ELLIPSIS);
   Area text = inner.CutTop(TextHeight());
   if (ids_.right_below != 0) layout.Place(right_below_, text.CutRight(right_below_width_));
   layout.Place(text_, text);

@@ -21,6 +21,7 @@ class HeaderPane : public Pane {
 
   HeaderPane(const WindowEnv& env, Size size, Ids ids);
 
+  // For the width that its parent has now: a text that is too long for a line takes two.
   int Height() const;
   void SetHeading(const std::string& text) { heading_.SetText(text); }
   void SetText(const std::string& text) { text_.SetText(text); }
@@ -39,6 +40,8 @@ class HeaderPane : public Pane {
   bool large() const { return size_ == Size::Large; }
   int Margin() const;
   int HeadingHeight() const;
+  int TextWidth() const;
+  bool Wraps() const;
   int TextHeight() const;
 
   Size size_;

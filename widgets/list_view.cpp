@@ -1,5 +1,7 @@
 #include "widgets/list_view.h"
 
+#include <algorithm>
+
 namespace scourwell {
 namespace {
 
@@ -13,7 +15,7 @@ void ListView::AddColumn(int index, const std::string& text, int width) const {
   LVCOLUMNA column = {};
   column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
   column.pszText = const_cast<char*>(text.c_str());
-  column.cx = width;
+  column.cx = std::max(width, TextWidth(text) + 4 * CellPadding());
   column.iSubItem = index;
   Send(LVM_INSERTCOLUMNA, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column));
 }

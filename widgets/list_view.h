@@ -9,12 +9,16 @@ namespace scourwell {
 // Calls on a list view in report style.
 class ListView : public SubclassedControl {
  public:
+  // At least as wide as its caption asks for.
   void AddColumn(int index, const std::string& text, int width) const;
   void SetColumnWidth(int column, int width) const {
     Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(width, 0));
   }
   int ColumnWidth(int column) const {
     return static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
+  }
+  int TextWidth(const std::string& text) const {
+    return static_cast<int>(Send(LVM_GETSTRINGWIDTHA, 0, reinterpret_cast<LPARAM>(text.c_str())));
   }
   // The numbers of all columns, as they are shown from left to right.
   void SetColumnOrder(std::span<const int> columns) const {

@@ -11,6 +11,10 @@ constexpr int kOverhang = 4;  // pixels by which a last letter may exceed its me
 
 void LiveLabel::Create(const WindowEnv& env, HWND parent, int id, UINT format) {
   CreateHandle(env, parent, "STATIC", SS_OWNERDRAW, 0, id);
+  SetFormat(format);
+}
+
+void LiveLabel::SetFormat(UINT format) const {
   const UINT lines = (format & DT_WORDBREAK) ? 0 : DT_SINGLELINE;
   SetWindowLongA(hwnd(), GWL_USERDATA, static_cast<LONG>(format | lines | DT_NOPREFIX));
 }

@@ -11,6 +11,8 @@ class LiveLabel : public Control {
   // `format`: how DrawText shortens and aligns the text.
   void Create(const WindowEnv& env, HWND parent, int id, UINT format = DT_END_ELLIPSIS);
 
+  void SetFormat(UINT format) const;
+
   // Redraws only when the text is another one.
   void SetText(const std::string& text);
 

@@ -8,10 +8,14 @@ namespace scourwell {
 // Me, so the rich one is used where it is installed.
 class TextView : public Control {
  public:
+  // In letters of one width.
   void Create(const WindowEnv& env, HWND parent, int id);
   void Select(std::size_t start, std::size_t end) const;
   // Where the selection ends, in characters.
   std::size_t SelectionEnd() const;
+
+ private:
+  FontHandle font_;
 };
 
 }  // namespace scourwell

@@ -50,6 +50,7 @@ struct Search {
   DWORD process = 0;
   int id = -1;
   const char* title = nullptr;
+  const char* name = nullptr;  // of the class
   HWND found = nullptr;
 };
 
@@ -59,8 +60,19 @@ BOOL CALLBACK MatchTop(HWND window, LPARAM parameter) {
   GetWindowThreadProcessId(window, &process);
   if (process != search.process || !IsWindowVisible(window)) return TRUE;
   if (search.title && Text(window).find(search.title) == std::string::npos) return TRUE;
+  if (search.name && ClassName(window) != search.name) return TRUE;
   search.found = window;
   return FALSE;
+}
+
+HWND WaitForTop(Search search, DWORD milliseconds) {
+  WaitFor(
+      [&] {
+        EnumWindows(MatchTop, reinterpret_cast<LPARAM>(&search));
+        return search.found != nullptr;
+      },
+      milliseconds);
+  return search.found;
 }
 
 BOOL CALLBACK MatchChild(HWND window, LPARAM parameter) {
@@ -121,16 +133,17 @@ HWND Program::Window(const std::string& title, DWORD milliseconds) {
   Search search;
   search.process = id_;
   search.title = title.c_str();
-  WaitFor(
-      [&] {
-        EnumWindows(MatchTop, reinterpret_cast<LPARAM>(&search));
-        return search.found != nullptr;
-      },
-      milliseconds);
-  return search.found;
+  return WaitForTop(search, milliseconds);
 }
 
-HWND Program::MainWindow() { return Window("Scourwell 1.0 Rev.0", 10000); }
+HWND Program::WindowOfClass(const std::string& name, DWORD milliseconds) {
+  Search search;
+  search.process = id_;
+  search.name = name.c_str();
+  return WaitForTop(search, milliseconds);
+}
+
+HWND Program::MainWindow() { return WindowOfClass("frmMain", 10000); }
 
 bool Program::Close() {
   PostMessageA(MainWindow(), WM_CLOSE, 0, 0);
@@ -153,6 +166,12 @@ HWND ReadyControl(HWND top, int id, DWORD milliseconds) {
       },
       milliseconds);
   return found && IsWindowEnabled(found) ? found : nullptr;
+}
+
+std::string ClassName(HWND window) {
+  char name[100] = "";
+  GetClassNameA(window, name, sizeof name);
+  return name;
 }
 
 std::string Text(HWND window) {
@@ -215,6 +234,57 @@ std::string StatusText(HWND status, int part) {
   Remote remote(status);
   Send(status, SB_GETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(remote.at()));
   return remote.GetText(0);
+}
+
+std::vector<TextPart> ColumnHeads(HWND list) {
+  Remote remote(list);
+  std::vector<TextPart> heads;
+  const auto header = reinterpret_cast<HWND>(Send(list, LVM_GETHEADER, 0, 0));
+  const LRESULT count = Send(header, HDM_GETITEMCOUNT, 0, 0);
+  for (LRESULT i = 0; i < count; ++i) {
+    HDITEMA item = {};
+    item.mask = HDI_TEXT | HDI_WIDTH;
+    item.pszText = remote.at(sizeof item);
+    item.cchTextMax = 1000;
+    remote.Put(&item, sizeof item);
+    Send(header, HDM_GETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(remote.at()));
+    remote.Get(&item, sizeof item);
+    heads.push_back({item.cxy, remote.GetText(sizeof item)});
+  }
+  return heads;
+}
+
+std::vector<TextPart> Tabs(HWND tab_control) {
+  Remote remote(tab_control);
+  std::vector<TextPart> tabs;
+  const LRESULT count = Send(tab_control, TCM_GETITEMCOUNT, 0, 0);
+  for (LRESULT i = 0; i < count; ++i) {
+    RECT place = {};
+    Send(tab_control, TCM_GETITEMRECT, static_cast<WPARAM>(i),
+         reinterpret_cast<LPARAM>(remote.at()));
+    remote.Get(&place, sizeof place);
+    TCITEMA item = {};
+    item.mask = TCIF_TEXT;
+    item.pszText = remote.at(sizeof item);
+    item.cchTextMax = 1000;
+    remote.Put(&item, sizeof item);
+    Send(tab_control, TCM_GETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(remote.at()));
+    tabs.push_back({static_cast<int>(place.right - place.left), remote.GetText(sizeof item)});
+  }
+  return tabs;
+}
+
+std::vector<TextPart> StatusParts(HWND status) {
+  std::vector<TextPart> parts;
+  const LRESULT count = Send(status, SB_GETPARTS, 0, 0);
+  for (int i = 0; i < count; ++i) {
+    Remote remote(status);
+    RECT place = {};
+    Send(status, SB_GETRECT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(remote.at()));
+    remote.Get(&place, sizeof place);
+    parts.push_back({static_cast<int>(place.right - place.left), StatusText(status, i)});
+  }
+  return parts;
 }
 
 }  // namespace scourwell::ui

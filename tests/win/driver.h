@@ -28,6 +28,8 @@ class Program {
   HWND MainWindow();
   // A visible top-level window of the program with this title.
   HWND Window(const std::string& title, DWORD milliseconds = 5000);
+  // The same by the name of its class, which is the same in every language.
+  HWND WindowOfClass(const std::string& name, DWORD milliseconds = 5000);
   // Posts WM_CLOSE and waits for the end.
   bool Close();
 
@@ -41,6 +43,7 @@ HWND Control(HWND top, int id);
 // Waits until the control is visible and enabled.
 HWND ReadyControl(HWND top, int id, DWORD milliseconds = 20000);
 std::string Text(HWND window);
+std::string ClassName(HWND window);
 void SetText(HWND window, const std::string& text);
 void Click(HWND button);
 void Command(HWND top, int id);
@@ -62,6 +65,15 @@ struct TreeRow {
 std::vector<TreeRow> TreeRows(HWND tree);
 
 std::string StatusText(HWND status, int part);
+
+// A part of a control that shows a text of its own: a column head, a tab, a part of a status bar.
+struct TextPart {
+  int width;
+  std::string text;
+};
+std::vector<TextPart> ColumnHeads(HWND list);
+std::vector<TextPart> Tabs(HWND tab_control);
+std::vector<TextPart> StatusParts(HWND status);
 
 // Polls until the condition holds; false when it does not within the time.
 template <class Condition>

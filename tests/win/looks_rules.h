@@ -1,0 +1,24 @@
+#pragma once
+
+// The rules that every window of the program keeps, whatever the language and the resolution.
+
+#include <string>
+#include <vector>
+
+#include "tests/win/looks_controls.h"
+
+namespace scourwell::ui {
+
+// Each finds faults and returns one line for each, empty when there is none.
+using Faults = std::vector<std::string>;
+
+// Texts are wholly there, nothing overlaps, nothing lies outside its parent.
+Faults PlacementFaults(const std::vector<ShownControl>& controls, const Measure& measure);
+// Tab reaches whatever is enabled, from left to right and from top to bottom.
+Faults TabFaults(HWND top, const std::vector<ShownControl>& controls);
+// `others`: texts whose access keys belong to the same window, such as those of its menu bar.
+Faults AccessKeyFaults(const std::vector<ShownControl>& controls,
+                       const std::vector<std::string>& others);
+Faults DefaultButtonFaults(const std::vector<ShownControl>& controls, bool has_one);
+
+}  // namespace scourwell::ui
