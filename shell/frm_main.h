@@ -73,6 +73,7 @@ class frmMain : public Window, public FormHost {
 
   Outcome OpenWebPage(const char* address);
   void OpenScan(const std::string& path);
+  void OpenScanPage(frmScanSpy::First first, const std::string& path);
   Outcome ShowContextHelp();
   void EnableCommands();
   void FillSideMenu();

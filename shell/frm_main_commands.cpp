@@ -96,6 +96,7 @@ void frmMain::LanguageChanged() {
   FillSideMenu();
   if (home_) home_->Refresh();
   SetWindowTextA(hwnd(), app_.Title().c_str());
+  if (scan_ && scan_->ShowsResults()) OpenScanPage(frmScanSpy::First::Results, {});
   OnSize(ClientArea());
   PageChanged();
 }
@@ -130,8 +131,10 @@ Outcome frmMain::ScanFolder() {
   return {};
 }
 
-void frmMain::OpenScan(const std::string& path) {
-  scan_ = std::make_unique<frmScanSpy>(shared_, app_, *this, path);
+void frmMain::OpenScan(const std::string& path) { OpenScanPage(frmScanSpy::First::Scan, path); }
+
+void frmMain::OpenScanPage(frmScanSpy::First first, const std::string& path) {
+  scan_ = std::make_unique<frmScanSpy>(shared_, app_, *this, first, path);
   scan_->CreateIn(client_);
   if (home_) home_->Show(false);
   OnSize(ClientArea());

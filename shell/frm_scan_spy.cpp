@@ -16,19 +16,22 @@ constexpr UINT kRefreshInterval = 60;
 
 }  // namespace
 
-frmScanSpy::frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, std::string path)
+frmScanSpy::frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, First first,
+                       std::string path)
     : Page(env, "frmScanSpy"),
       app_(app),
       host_(host),
+      first_(first),
       path_(std::move(path)),
       SpyStatusFrame_(env, app.progress(), app.hits().counters(), app.ports().clock),
       SpyFrame_(env, app.hits(), app.ports().shell) {}
 
 void frmScanSpy::OnCreate() {
-  app_.PrepareScan();
+  if (first_ == First::Scan) app_.PrepareScan();
   SpyStatusFrame_.Create(hwnd(), IDC_SpyStatusFrame);
   SpyFrame_.Create(hwnd(), IDC_SpyFrame);
   SpyFrame_.Show(false);
+  if (first_ == First::Results) return ShowResults();
   SetTimer(hwnd(), kStartTimer, kStartDelay, nullptr);
 }
 

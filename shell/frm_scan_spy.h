@@ -11,13 +11,18 @@ namespace scourwell {
 // The scan page: starts its scan by itself, shows its progress, then its results.
 class frmScanSpy : public Page {
  public:
+  // What the page does when it comes up: a scan, or nothing but show what the last one found.
+  enum class First { Scan, Results };
+
   // `path`: a folder or file to scan; empty: what is ticked in the tree.
-  frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, std::string path);
+  frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, First first, std::string path);
+
+  bool ShowsResults() const { return SpyFrame_.Shown(); }
 
   HWND DefaultButton() const override;
   HWND EscapeButton() const override;
   HWND FirstFocus() const override;
-  const char* HelpTopic() const override { return SpyFrame_.Shown() ? "SpyFrame" : "frmScanSpy"; }
+  const char* HelpTopic() const override { return ShowsResults() ? "SpyFrame" : "frmScanSpy"; }
 
  private:
   void OnCreate() override;
@@ -47,6 +52,7 @@ class frmScanSpy : public Page {
 
   Application& app_;
   FormHost& host_;
+  First first_;
   std::string path_;
   ProgressPane SpyStatusFrame_;
   ResultsPane SpyFrame_;
