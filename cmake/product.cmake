@@ -3,7 +3,7 @@ add_executable(Scourwell WIN32 shell/main.cpp shell/app.rc)
 target_include_directories(Scourwell PRIVATE ${PROJECT_BINARY_DIR}/generated)
 target_link_libraries(Scourwell PRIVATE
   scourwell_windows scourwell_win scourwell_core comctl32 comdlg32 gdi32)
-file(GLOB resources CONFIGURE_DEPENDS art/*.ico art/*.bmp)
+file(GLOB resources CONFIGURE_DEPENDS art/*.ico art/*.bmp art/commands/*.ico)
 list(APPEND resources ${PROJECT_SOURCE_DIR}/shell/app.manifest ${PROJECT_SOURCE_DIR}/widgets/resource.h)
 set_source_files_properties(shell/app.rc PROPERTIES
   COMPILE_DEFINITIONS
@@ -41,12 +41,14 @@ add_custom_command(
   DEPENDS ${definition_sources} ${host_refc}
   COMMENT "Judging and compiling the definitions"
   VERBATIM)
+# The texts and the pictures of the languages.
+file(GLOB language_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/lang/*.ini ${PROJECT_SOURCE_DIR}/lang/*.bmp)
 include(cmake/help.cmake)
 add_custom_target(program_folder ALL
   COMMAND ${CMAKE_COMMAND} -E make_directory ${program_folder}/Lang ${program_folder}/Ini
           ${program_folder}/Help
   COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:Scourwell> ${program_folder}
-  COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_SOURCE_DIR}/lang/English.ini
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different ${language_files}
           ${program_folder}/Lang
   COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_BINARY_DIR}/update.ref
           ${program_folder}/Ini

@@ -13,7 +13,7 @@ Application::Application(const Ports& ports, const std::string& application_fold
       log_(ports.files, ports.clock, FullPath_With_Filename(application_folder, "errorlog.txt")),
       os_(ports.system),
       folders_(ComputeSystemFolders(ports.system, ports.registry, os_, log_, application_folder)),
-      language_(ports.files, ports.clock, log_, settings_, application_folder),
+      language_(ports.files, ports.clock, ports.code_pages, log_, settings_, application_folder),
       store_(ports.registry),
       settings_store_({store_, ports.registry, ports.profiles, ports.files, ports.clock, log_,
                        folders_, version},
@@ -46,7 +46,8 @@ Application::Application(const Ports& ports, const std::string& application_fold
                 hits_}),
       tools_({ports.files, ports.registry, ports.registry64, ports.profiles, ports.shell,
               ports.system, folders_},
-             ports.versions, reference_, log_, language_) {}
+             ports.versions, reference_, log_, language_),
+      companions_(ports.files, ports.shell, application_folder) {}
 
 void Application::Start() {
   log_.deleteLogFile();
@@ -58,6 +59,11 @@ void Application::Start() {
 void Application::SaveSettings() {
   settings_store_.SaveSettings();
   CheckRelease();
+}
+
+OptionsForm Application::Options() {
+  return OptionsForm({ports_.files, ports_.registry, registry_access_, ports_.shell, log_,
+                      language_, os_, folders_, settings_});
 }
 
 void Application::CheckRelease() {

@@ -6,6 +6,7 @@
 #include "backup/ignore_list.h"
 #include "definitions/change_report.h"
 #include "definitions/list_loader.h"
+#include "platform/code_pages.h"
 #include "platform/profiles.h"
 #include "platform/shell.h"
 #include "platform/versions.h"
@@ -14,7 +15,9 @@
 #include "results/scan_log.h"
 #include "scan/matching.h"
 #include "scan/scan_session.h"
+#include "shell/companions.h"
 #include "shell/language.h"
+#include "shell/options.h"
 #include "shell/settings.h"
 #include "shell/statistics.h"
 #include "tools/tool_box.h"
@@ -33,6 +36,7 @@ struct Ports {
   Versions& versions;
   Processes& processes;
   Pump& pump;
+  CodePages& code_pages;
 };
 
 // The program without its windows: everything that lives as long as the process, wired together.
@@ -45,6 +49,8 @@ class Application : private ScanReport, private LoadProgress {
   void Start();
   // When the user has changed settings: the definitions may be others now.
   void SaveSettings();
+  // The options dialog, filled from the settings.
+  OptionsForm Options();
   // What a new release of the definitions changed, once after each was noticed; else empty, also
   // for the release of the first start.
   // Releases are noticed at start-up, after the settings were saved, and when a scan begins.
@@ -95,6 +101,7 @@ class Application : private ScanReport, private LoadProgress {
   // A scan, a backup or a removal is under way.
   bool busy() const { return scanning_ || working_; }
   ToolBox& tools() { return tools_; }
+  const Companions& companions() const { return companions_; }
 
  private:
   void CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) override;
@@ -140,6 +147,7 @@ class Application : private ScanReport, private LoadProgress {
   RegistryAccess registry_access_;
   Removal removal_;
   ToolBox tools_;
+  Companions companions_;
   bool scanning_ = false;
   bool working_ = false;
 };

@@ -154,7 +154,7 @@ const Caption kCaptions[] = {
     {1882, "Scanning for Folders"},
     {1883, "Scanning for Files"},
     {1884, "&Show Properties"},
-    {1885, "&Stop"},
+    {1885, "St&op"},
     {1900, "Scan Sections..."},
     {1901, "My Computer"},
     {1902, "Scan Memory"},
@@ -370,6 +370,10 @@ const Caption kCaptions[] = {
     {17350, "Backups before removal"},
     {17351, "General"},
     {17352, "Removal"},
+    {17353, "Look for"},
+    {17354, "Removing components"},
+    {17355, "Explorer offers this on Windows 2000 and later only."},
+    {17356, "Language pack:"},
 };
 // clang-format on
 

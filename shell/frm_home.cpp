@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "widgets/layout.h"
+#include "widgets/access_keys.h"
 #include "widgets/resource.h"
 
 namespace scourwell {
@@ -20,7 +20,9 @@ constexpr FactRow kRows[] = {
     {IDC_lblLanguageCaption, IDC_lblLanguage, 1759},
     {IDC_lblDefinitionsCaption, IDC_lblDefinitions, 1760},
 };
-constexpr int kStatistics = 3;  // the first rows; a gap follows them
+constexpr int kStatistics = 3;  // the first rows
+constexpr int kTaskPicture = 48;
+constexpr int kCompanionPicture = 32;
 
 }  // namespace
 
@@ -32,23 +34,62 @@ frmHome::frmHome(const WindowEnv& env, Application& app, FormHost& host)
 
 void frmHome::OnCreate() {
   header_.Create(hwnd(), IDC_HomeHeader);
-  cmdStartScan_.Create(env_, hwnd(), IDC_cmdStartScan, Text(1702));
-  cmdStartScan_.SetFont(metrics().bold());
-  cmdScanFolder_.Create(env_, hwnd(), IDC_cmdScanFolder, Text(1719));
+  tip_.Create(env_, hwnd());
+  for (int i = 0; i < kTasks; ++i) {
+    const StartPageButton& row = kTaskPictures[i];
+    tasks_[i].Create(env_, hwnd(), row.control, {}, row.icon, kTaskPicture);
+  }
+  tasks_[0].SetFont(metrics().bold());
+  lblResults_.Create(env_, hwnd(), IDC_lblResultsHeading);
+  lblComputer_.Create(env_, hwnd(), IDC_lblComputerHeading);
   for (int i = 0; i < kFacts; ++i) {
-    facts_[i].caption.Create(env_, hwnd(), kRows[i].caption_id, Text(kRows[i].caption));
+    facts_[i].caption.Create(env_, hwnd(), kRows[i].caption_id);
     facts_[i].value.Create(env_, hwnd(), kRows[i].value_id);
   }
-  header_.SetHeading(Text(1754));
-  header_.SetText(Text(1755));
+  for (int i = 0; i < kLinkCount; ++i) links_[i].Create(env_, hwnd(), kLinks[i].control, {});
+  lblCompanions_.Create(env_, hwnd(), IDC_lblCompanionsHeading);
+  for (int i = 0; i < kCompanions; ++i) {
+    const StartPageButton& row = kCompanionPictures[i];
+    companions_[i].Create(env_, hwnd(), row.control, {}, row.icon, kCompanionPicture);
+  }
+  for (const Label* heading : {&lblResults_, &lblComputer_, &lblCompanions_}) {
+    heading->SetFont(metrics().bold());
+  }
 }
 
 void frmHome::Refresh() {
+  header_.SetHeading(Text(1754));
+  header_.SetText(Text(1755));
+  lblResults_.SetText(Text(1762));
+  lblComputer_.SetText(Text(1761));
+  lblCompanions_.SetText(Text(16208));
+  RefreshButtons();
+  RefreshFacts();
+  Arrange();
+}
+
+void frmHome::RefreshButtons() {
+  AccessKeys keys({Text(17010), Text(17158), Text(17014)});
+  const auto refresh = [&](DrawnButton& button, const StartPageButton& row) {
+    const std::string hindrance = host_.Hindrance(row.command);
+    button.SetText(keys.Add(Text(row.caption)));
+    button.SetFaded(!hindrance.empty());
+    tip_.Set(button.hwnd(), hindrance.empty() && row.tip != 0 ? Text(row.tip) : hindrance);
+  };
+  for (int i = 0; i < kTasks; ++i) refresh(tasks_[i], kTaskPictures[i]);
+  for (int i = 0; i < kLinkCount; ++i) refresh(links_[i], kLinks[i]);
+  for (int i = 0; i < kCompanions; ++i) refresh(companions_[i], kCompanionPictures[i]);
+}
+
+void frmHome::RefreshFacts() {
   Statistics& statistics = app_.statistics();
   const std::string values[kFacts] = {
       statistics.getNumberOfScans(), statistics.getLastSystemScanDate(),
       statistics.getNumberOfObjectsRemoved(), LanguageName(), DefinitionsNumber()};
-  for (int i = 0; i < kFacts; ++i) facts_[i].value.SetText(values[i]);
+  for (int i = 0; i < kFacts; ++i) {
+    facts_[i].caption.SetText(Text(kRows[i].caption));
+    facts_[i].value.SetText(values[i]);
+  }
 }
 
 std::string frmHome::DefinitionsNumber() {
@@ -64,43 +105,128 @@ std::string frmHome::LanguageName() const {
 
 int frmHome::CaptionWidth() const {
   int width = 0;
-  for (const FactRow& row : kRows) width = std::max(width, metrics().TextWidth(Text(row.caption)));
+  for (const Fact& fact : facts_) width = std::max(width, metrics().TextWidth(fact.caption.Text()));
   return width + metrics().Scale(16);
 }
 
-void frmHome::OnSize(Area area) {
+void frmHome::OnSize(Area) { Arrange(); }
+
+// A page that is too low does without its header first, then it scrolls.
+void frmHome::Arrange() {
+  if (!tip_.hwnd()) return;
+  const Area view = ClientArea();
+  bool header = true;
+  int needed = 0;
+  {
+    Layout trial(Layout::kMeasure);
+    needed = LayOut(trial, view, true);
+    if (needed > view.height()) {
+      header = false;
+      needed = LayOut(trial, view, false);
+    }
+  }
+  scroll_.Fit(hwnd(), needed, view.height());
+  Area area = ClientArea();
+  area.top = -scroll_.position();
+  header_.Show(header);
   Layout layout;
-  layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
-  Area inner = area.Shrunk(metrics().WideMargin(), metrics().WideMargin());
-  Area buttons = inner.CutTop(metrics().LineHeight() + metrics().Scale(20));
-  const int width = std::max(
-      {metrics().Scale(140), cmdStartScan_.width() + metrics().Scale(30), cmdScanFolder_.width()});
-  layout.Place(cmdStartScan_, buttons.CutLeft(width));
-  buttons.CutLeft(metrics().Margin());
-  layout.Place(cmdScanFolder_, buttons.CutLeft(width));
-  inner.CutTop(metrics().WideMargin());
-  line_y_ = inner.top;
-  inner.CutTop(metrics().Scale(16));
-  const int caption_width = CaptionWidth();
-  for (int i = 0; i < kFacts; ++i) {
-    if (i == kStatistics) inner.CutTop(metrics().Margin());
-    Area row = inner.CutTop(metrics().LineHeight() + metrics().Scale(5));
-    layout.Place(facts_[i].caption, row.CutLeft(caption_width));
+  LayOut(layout, area, header);
+  InvalidateRect(hwnd(), nullptr, TRUE);
+}
+
+int frmHome::LayOut(Layout& layout, Area area, bool header) {
+  const int margin = metrics().Margin();
+  const int start = area.top;
+  rule_ = 0;
+  if (header) layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
+  Area inner = area.Shrunk(margin, 0);
+  inner.top += margin;
+  LayOutPictures(layout, &inner, tasks_.data(), kTasks);
+  inner.CutTop(margin);
+  LayOutHeading(layout, &inner, lblResults_);
+  LayOutFacts(layout, &inner, 0, kStatistics);
+  inner.CutTop(margin);
+  LayOutHeading(layout, &inner, lblComputer_);
+  LayOutFacts(layout, &inner, kStatistics, kFacts);
+  inner.CutTop(metrics().Scale(4));
+  LayOutLinks(layout, &inner);
+  inner.CutTop(margin);
+  LayOutHeading(layout, &inner, lblCompanions_);
+  LayOutPictures(layout, &inner, companions_.data(), kCompanions);
+  return inner.top + metrics().Gap() - start;
+}
+
+void frmHome::LayOutPictures(Layout& layout, Area* area, PictureButton* pictures, int count) {
+  const int width = std::min(metrics().Scale(112), area->width() / count);
+  int height = 0;
+  for (int i = 0; i < count; ++i) height = std::max(height, pictures[i].HeightFor(width));
+  Area row = area->CutTop(height);
+  for (int i = 0; i < count; ++i) layout.Place(pictures[i], row.CutLeft(width));
+}
+
+// The heading with a rule to its right.
+void frmHome::LayOutHeading(Layout& layout, Area* area, const Label& heading) {
+  Area row = area->CutTop(metrics().LineHeight(metrics().bold()));
+  const int width = metrics().TextWidth(metrics().bold(), heading.Text()) + metrics().Scale(2);
+  layout.Place(heading, row.CutLeft(std::min(width, row.width())));
+  row.CutLeft(metrics().Gap());
+  row.CutTop(row.height() / 2);
+  rules_[rule_++] = row;
+  area->CutTop(metrics().Scale(4));
+}
+
+void frmHome::LayOutFacts(Layout& layout, Area* area, int first, int end) {
+  const int width = CaptionWidth();
+  for (int i = first; i < end; ++i) {
+    Area row = area->CutTop(metrics().LineHeight() + metrics().Scale(3));
+    row.CutLeft(metrics().Gap());
+    layout.Place(facts_[i].caption, row.CutLeft(width));
     layout.Place(facts_[i].value, row);
   }
 }
 
+// Side by side while they fit.
+void frmHome::LayOutLinks(Layout& layout, Area* area) {
+  Area row = area->CutTop(links_[0].height());
+  row.CutLeft(metrics().Scale(4));
+  for (const LinkLabel& link : links_) {
+    if (link.width() > row.width() && row.left > area->left + metrics().Gap()) {
+      row = area->CutTop(link.height());
+      row.CutLeft(metrics().Scale(4));
+    }
+    layout.Place(link, row.CutLeft(std::min(link.width(), row.width())));
+    row.CutLeft(metrics().Margin());
+  }
+}
+
 void frmHome::OnPaint(HDC dc) {
-  RECT line = ClientArea().Shrunk(metrics().WideMargin(), 0).rect();
-  line.top = line_y_;
-  line.bottom = line_y_ + 2;
-  DrawEdge(dc, &line, EDGE_ETCHED, BF_TOP);
+  for (const Area& rule : rules_) {
+    RECT line = rule.rect();
+    line.bottom = line.top + 2;
+    if (line.right > line.left) DrawEdge(dc, &line, EDGE_ETCHED, BF_TOP);
+  }
+}
+
+LRESULT frmHome::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (scroll_.OnMessage(hwnd(), message, wparam, metrics().LineHeight())) {
+    Arrange();
+    return 0;
+  }
+  if (message == WM_COMMAND && HIWORD(wparam) == BN_SETFOCUS &&
+      scroll_.Reveal(hwnd(), reinterpret_cast<HWND>(lparam))) {
+    Arrange();
+  }
+  return Page::OnMessage(message, wparam, lparam);
 }
 
 bool frmHome::OnCommand(int id) {
-  if (id == IDC_cmdStartScan) return host_.PostCommand(IDM_mnuStartScan), true;
-  if (id == IDC_cmdScanFolder) return host_.PostCommand(IDM_mnuScanFolder), true;
-  return false;
+  const auto carry = [&](const auto& rows) {
+    for (const StartPageButton& row : rows) {
+      if (row.control == id) return host_.PostCommand(row.command, row.method), true;
+    }
+    return false;
+  };
+  return carry(kTaskPictures) || carry(kLinks) || carry(kCompanionPictures);
 }
 
 }  // namespace scourwell

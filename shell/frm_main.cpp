@@ -15,7 +15,7 @@ constexpr UINT_PTR kTimer1 = 1;
 constexpr UINT kUpdateDelay = 1500;    // milliseconds
 constexpr int kSmallestWidth = 10840;  // 1/1440 inch
 constexpr int kSmallestHeight = 6100;
-constexpr char kUpdater[] = "ScourwellUpdate.exe";
+constexpr int kLeastPage = 290;  // pixels that the side menu leaves to a page
 
 // Only top-level windows hear of new colours, but the common controls keep copies of them.
 BOOL CALLBACK ForwardColours(HWND window, LPARAM) {
@@ -58,6 +58,7 @@ void frmMain::Load(const CommandLine& command, int show) {
   app_.FillTree();
   tree_.FillTree();
   menu_.Create(hwnd(), app_.language());
+  FillSideMenu();
   pump_.translate = [this](MSG* message) { return keys_.Translate(hwnd(), page(), message); };
   OpenFirstPage(command);
   SetTimer(hwnd(), kTimer1, kUpdateDelay, nullptr);
@@ -69,8 +70,8 @@ void frmMain::OpenFirstPage(const CommandLine& command) {
     OpenScan(command.path);
     return ShowTree(false);
   }
-  ShowHome();
-  if (command.kind == CommandLine::Kind::StartScan) StartScan();
+  static_cast<void>(ShowHome());
+  if (command.kind == CommandLine::Kind::StartScan) static_cast<void>(StartScan());
 }
 
 // In the middle of the screen, large enough for the list of results.
@@ -93,6 +94,8 @@ SIZE frmMain::SmallestSize() const {
 
 void frmMain::OnCreate() {
   sbrMain_.Create(shared_, hwnd(), IDC_StatusBar);
+  MenuXP1_.Create(shared_, hwnd(), IDC_MenuXP1);
+  MenuXP1_.on_command = [this](int id) { PostCommand(id, "MenuXP1_Click"); };
   tree_.Create(hwnd(), IDC_frmTree);
   CLIENTCREATESTRUCT create = {nullptr, IDC_FirstPage};
   client_ =
@@ -150,71 +153,28 @@ void frmMain::OnSize(Area area) {
   area.CutBottom(sbrMain_.Fit());
   {
     Layout layout;
+    const bool side_menu = SideMenuFits(area.width());
+    if (side_menu) layout.Place(MenuXP1_, area.CutLeft(MenuXP1_.Width()));
+    MenuXP1_.Show(side_menu);
     if (tree_.Shown()) layout.Place(tree_.hwnd(), area.CutLeft(tree_.Width()));
     layout.Place(client_, area);
   }
   FitPage();
 }
 
-bool frmMain::OnCommand(int id) {
-  switch (id) {
-    case IDM_mnuStartScan:
-      StartScan();
-      return true;
-    case IDM_mnuScanFolder:
-      ScanFolder();
-      return true;
-    case IDM_mnuExit:
-      PostMessageA(hwnd(), WM_CLOSE, 0, 0);
-      return true;
-    case IDM_mnuAbout:
-      ShowAbout();
-      return true;
-    case IDM_mnuHelpContents:
-      ShowContextHelp();
-      return true;
-    case IDM_mnuHome:
-      ShowHome();
-      return true;
-    case IDM_mnuChangeReport:
-      ShowChangeReport();
-      return true;
-    case IDM_mnuBackups:
-      ShowBackups();
-      return true;
-    case IDM_mnuIgnoreList:
-      ShowIgnoreList();
-      return true;
-    default:
-      return ShowTool(id);
-  }
-}
-
 void frmMain::OnTimer(UINT_PTR id) {
   if (id != kTimer1) return;
   KillTimer(hwnd(), kTimer1);
-  static_cast<void>(app_.log().Trap("Timer1_Timer", [&] { return CheckForUpdate(); }));
-  ShowChangeReport();
+  static_cast<void>(app_.log().Trap("Timer1_Timer", [&]() -> Outcome {
+    if (!app_.settings().AutoCheckForUpdate) return {};
+    return app_.companions().Start(Companion::Updater);
+  }));
+  static_cast<void>(ShowChangeReport());
 }
-
-// Not in the middle of anything: a scan that runs shows it when it is done.
-void frmMain::ShowChangeReport() {
-  if (app_.busy() || close_wanted_ || !IsWindowEnabled(hwnd())) return;
-  const std::string report = app_.TakeChangeReport();
-  if (!report.empty()) ShowMessage(report, Text(17000));
-}
-
-Outcome frmMain::CheckForUpdate() {
-  if (!app_.settings().AutoCheckForUpdate) return {};
-  return app_.ports().shell.Start(AddPathToFileName(app_.folders().application, kUpdater),
-                                  "/S:244");
-}
-
-void frmMain::PostCommand(int id) { PostMessageA(hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
 
 void frmMain::PageChanged() {
   const bool scanning = app_.busy();
-  menu_.EnableScan(!scanning);
+  EnableCommands();
   tree_.Enable(!scanning);
   ShowProgress();
   focus_.Move(hwnd(), PageFocus());
@@ -240,6 +200,12 @@ void frmMain::FitPage() {
   for (Page* each : {static_cast<Page*>(home_.get()), static_cast<Page*>(scan_.get())}) {
     if (each) MoveWindow(each->hwnd(), 0, 0, area.right, area.bottom, TRUE);
   }
+}
+
+// Its commands are in the menu bar, too.
+bool frmMain::SideMenuFits(int width) const {
+  return home_ && home_->Shown() && tree_.Shown() &&
+         width >= MenuXP1_.Width() + tree_.Width() + metrics().Scale(kLeastPage);
 }
 
 void frmMain::ShowTree(bool shown) {

@@ -13,6 +13,7 @@
 #include "shell/help.h"
 #include "widgets/focus_keeper.h"
 #include "widgets/page_keys.h"
+#include "widgets/side_menu.h"
 #include "widgets/status_bar.h"
 #include "widgets/window.h"
 
@@ -41,22 +42,42 @@ class frmMain : public Window, public FormHost {
   void OnTimer(UINT_PTR id) override;
 
   // FormHost
-  void PostCommand(int id) override;
+  void PostCommand(int id, const char* method = nullptr) override;
+  std::string Hindrance(int id) const override;
   void PageChanged() override;
   void ShowProgress() override;
 
-  void ShowHome();
-  void StartScan();
-  void ScanFolder();
+  // What a menu entry, a key or a page asks for. `needs_quiet`: not while a scan, a removal or
+  // another window is at work.
+  struct Command {
+    int id;
+    Outcome (frmMain::*carry)();
+    bool needs_quiet;
+  };
+  static const Command kCommands[];
+  Outcome ShowHome();
+  Outcome StartScan();
+  Outcome ScanFolder();
+  Outcome Exit();
+  Outcome ShowAbout();
+  Outcome ShowBackups();
+  Outcome ShowIgnoreList();
+  Outcome ShowStartupManager();
+  Outcome ShowAdwareUninstaller();
+  Outcome ShowBrowserHelpers();
+  Outcome ShowOptions();
+  Outcome ShowHelp();
+  Outcome OpenOnlineHelp();
+  Outcome VisitUsOnline();
+  Outcome ShowChangeReport();
+
+  Outcome OpenWebPage(const char* address);
   void OpenScan(const std::string& path);
-  bool ShowTool(int id);
-  void ShowAbout();
-  void ShowBackups();
-  void ShowIgnoreList();
-  void ShowHelp();
-  void ShowContextHelp();
-  Outcome CheckForUpdate();
-  void ShowChangeReport();
+  Outcome ShowContextHelp();
+  void EnableCommands();
+  void FillSideMenu();
+  void LanguageChanged();
+  bool SideMenuFits(int width) const;
 
   Page* page() const;
   void FitPage();
@@ -72,6 +93,7 @@ class frmMain : public Window, public FormHost {
   PumpWin& pump_;
   Help help_;
   frmMainMenu menu_;
+  SideMenu MenuXP1_;
   HWND client_ = nullptr;
   StatusBar sbrMain_;
   frmTree tree_;
@@ -79,6 +101,7 @@ class frmMain : public Window, public FormHost {
   std::unique_ptr<frmScanSpy> scan_;
   PageKeys keys_;
   FocusKeeper focus_;
+  const char* method_ = nullptr;  // of the command that a page has posted
   bool close_wanted_ = false;
 };
 

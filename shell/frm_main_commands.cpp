@@ -1,36 +1,107 @@
-// What the menu of the main window opens.
+// What the menus, the keys and the pages of the main window open.
 #include "backup/frm_backup.h"
 #include "backup/frm_ignore.h"
 #include "platform/file_utils.h"
+#include "shell/command_table.h"
 #include "shell/frm_main.h"
+#include "shell/frm_options.h"
 #include "tools/frm_adware_uninstaller.h"
 #include "tools/frm_bho.h"
 #include "tools/frm_startup_manager.h"
 #include "widgets/folder_dialog.h"
 #include "widgets/message_box.h"
-#include "widgets/resource.h"
 
 namespace scourwell {
+namespace {
 
-bool frmMain::ShowTool(int id) {
-  if (app_.scanning()) return false;
-  switch (id) {
-    case IDM_mnuStartupManager:
-      frmStartupManager(shared_, app_.tools()).ShowModal(hwnd());
-      return true;
-    case IDM_mnuAdwareUninstaller:
-      frmAdwareUninstaller(shared_, app_.tools()).ShowModal(hwnd());
-      return true;
-    case IDM_mnuBrowserHelpers:
-      frmBHO(shared_, app_.tools()).ShowModal(hwnd());
-      return true;
-    default:
-      return false;
+constexpr char kSupportPage[] = "http://www.scourwell.example/support/";
+constexpr char kHomePage[] = "http://www.scourwell.example/";
+constexpr char kMenuMethod[] = "MenuXP1_Click";
+
+bool IsCompanion(int id) { return id >= IDM_FirstCompanion && id <= IDM_LastCompanion; }
+
+Companion CompanionOf(int id) { return static_cast<Companion>(id - IDM_FirstCompanion); }
+
+}  // namespace
+
+const frmMain::Command frmMain::kCommands[] = {
+    {IDM_mnuStartScan, &frmMain::StartScan, true},
+    {IDM_mnuScanFolder, &frmMain::ScanFolder, true},
+    {IDM_mnuBackups, &frmMain::ShowBackups, true},
+    {IDM_mnuIgnoreList, &frmMain::ShowIgnoreList, true},
+    {IDM_mnuStartupManager, &frmMain::ShowStartupManager, true},
+    {IDM_mnuAdwareUninstaller, &frmMain::ShowAdwareUninstaller, true},
+    {IDM_mnuBrowserHelpers, &frmMain::ShowBrowserHelpers, true},
+    {IDM_mnuOptions, &frmMain::ShowOptions, true},
+    {IDM_mnuHome, &frmMain::ShowHome, false},
+    {IDM_mnuChangeReport, &frmMain::ShowChangeReport, false},
+    {IDM_mnuHelpContents, &frmMain::ShowContextHelp, false},
+    {IDM_mnuHelpFile, &frmMain::ShowHelp, false},
+    {IDM_mnuOnlineHelp, &frmMain::OpenOnlineHelp, false},
+    {IDM_mnuVisitUsOnline, &frmMain::VisitUsOnline, false},
+    {IDM_mnuAbout, &frmMain::ShowAbout, false},
+    {IDM_mnuExit, &frmMain::Exit, false},
+};
+
+bool frmMain::OnCommand(int id) {
+  const char* posted = std::exchange(method_, nullptr);
+  const char* method = posted ? posted : kMenuMethod;
+  if (IsCompanion(id)) {
+    static_cast<void>(
+        app_.log().Trap(method, [&] { return app_.companions().Start(CompanionOf(id)); }));
+    return true;
+  }
+  for (const Command& command : kCommands) {
+    if (command.id != id) continue;
+    if (command.needs_quiet && (app_.busy() || !IsWindowEnabled(hwnd()))) return true;
+    static_cast<void>(app_.log().Trap(method, [&] { return (this->*command.carry)(); }));
+    return true;
+  }
+  return false;
+}
+
+void frmMain::PostCommand(int id, const char* method) {
+  method_ = method;
+  PostMessageA(hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0);
+}
+
+std::string frmMain::Hindrance(int id) const {
+  if (!IsCompanion(id) || !app_.companions().Find(CompanionOf(id)).empty()) return {};
+  return Text(16212) + "\r\n" + app_.companions().ExpectedPath(CompanionOf(id));
+}
+
+void frmMain::EnableCommands() {
+  for (const Command& command : kCommands) {
+    menu_.Enable(command.id, !command.needs_quiet || !app_.busy());
+  }
+  for (int id = IDM_FirstCompanion; id <= IDM_LastCompanion; ++id) {
+    menu_.Enable(id, Hindrance(id).empty());
   }
 }
 
-void frmMain::ShowHome() {
-  if (app_.busy()) return;
+void frmMain::FillSideMenu() {
+  std::vector<SideMenu::Item> items;
+  for (const SideMenuEntry& entry : kSideMenu) {
+    const std::string hindrance = Hindrance(entry.command);
+    items.push_back(
+        {entry.command, Text(entry.caption), entry.icon, !hindrance.empty(), hindrance});
+  }
+  MenuXP1_.Fill(std::move(items));
+}
+
+void frmMain::LanguageChanged() {
+  app_.scope().Rename(app_.language());
+  tree_.FillTree();
+  menu_.Create(hwnd(), app_.language());
+  FillSideMenu();
+  if (home_) home_->Refresh();
+  SetWindowTextA(hwnd(), app_.Title().c_str());
+  OnSize(ClientArea());
+  PageChanged();
+}
+
+Outcome frmMain::ShowHome() {
+  if (app_.busy()) return {};
   if (!home_) {
     home_ = std::make_unique<frmHome>(shared_, app_, *this);
     home_->CreateIn(client_);
@@ -40,53 +111,112 @@ void frmMain::ShowHome() {
   scan_.reset();
   ShowTree(true);
   PageChanged();
+  return {};
 }
 
-void frmMain::StartScan() {
-  if (app_.busy()) return;
-  if (!app_.scope().AnythingTicked()) return ShowMessage(Text(1700), Text(17000));
-  OpenScan({});
+Outcome frmMain::StartScan() {
+  if (app_.busy()) return {};
+  if (app_.scope().AnythingTicked()) {
+    OpenScan({});
+  } else {
+    ShowMessage(Text(1700), Text(17000));
+  }
+  return {};
 }
 
-void frmMain::ScanFolder() {
-  if (app_.busy()) return;
+Outcome frmMain::ScanFolder() {
   const std::string folder = AskForFolder(hwnd(), Text(17022));
   if (!folder.empty()) OpenScan(folder);
+  return {};
 }
 
 void frmMain::OpenScan(const std::string& path) {
   scan_ = std::make_unique<frmScanSpy>(shared_, app_, *this, path);
   scan_->CreateIn(client_);
-  FitPage();
-  scan_->Show(true);
   if (home_) home_->Show(false);
+  OnSize(ClientArea());
+  scan_->Show(true);
   PageChanged();
 }
 
-void frmMain::ShowAbout() {
-  ShowMessageWithIcon(shared_.instance, IDI_Scourwell, app_.Title() + "\r\n\r\n" + Text(17030),
-                      Text(1753));
+Outcome frmMain::Exit() {
+  PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+  return {};
 }
 
-void frmMain::ShowBackups() {
-  if (app_.busy()) return;
+Outcome frmMain::ShowAbout() {
+  ShowMessageWithIcon(shared_.instance, IDI_Scourwell, app_.Title() + "\r\n\r\n" + Text(17030),
+                      Text(1753));
+  return {};
+}
+
+Outcome frmMain::ShowBackups() {
   pump_.set_closing(false);
   frmBackup(shared_, app_.backups(), app_.ports().clock, app_.settings().BackupFolder, [this] {
     help_.ShowPage("frmBackup", "FB_cmdHelp_Click");
   }).ShowModal(hwnd());
+  return {};
 }
 
-void frmMain::ShowIgnoreList() {
-  if (app_.busy()) return;
-  frmIgnore(shared_, app_.ignore(), [this] { ShowHelp(); }).ShowModal(hwnd());
+Outcome frmMain::ShowIgnoreList() {
+  frmIgnore(shared_, app_.ignore(), [this] {
+    help_.ShowPage("frmIgnore", "cmdHelp_Click");
+  }).ShowModal(hwnd());
+  return {};
 }
 
-void frmMain::ShowHelp() { help_.OpenFile("cmdHelp_Click"); }
+Outcome frmMain::ShowStartupManager() {
+  frmStartupManager(shared_, app_.tools()).ShowModal(hwnd());
+  return {};
+}
+
+Outcome frmMain::ShowAdwareUninstaller() {
+  frmAdwareUninstaller(shared_, app_.tools()).ShowModal(hwnd());
+  return {};
+}
+
+Outcome frmMain::ShowBrowserHelpers() {
+  frmBHO(shared_, app_.tools()).ShowModal(hwnd());
+  return {};
+}
+
+Outcome frmMain::ShowOptions() {
+  frmOptions options(shared_, app_);
+  options.ShowModal(hwnd());
+  if (options.language_changed()) LanguageChanged();
+  PostCommand(IDM_mnuChangeReport);  // the definitions may be others now
+  return {};
+}
+
+// It keeps its own records.
+Outcome frmMain::ShowHelp() {
+  help_.OpenFile("imgHelp_Click");
+  return {};
+}
 
 // The page in front, or the tree when the keyboard is there.
-void frmMain::ShowContextHelp() {
+Outcome frmMain::ShowContextHelp() {
   const char* front = page() ? page()->HelpTopic() : "";
   help_.ShowPage(IsChild(tree_.hwnd(), GetFocus()) ? tree_.HelpTopic() : front);
+  return {};
+}
+
+Outcome frmMain::OpenOnlineHelp() { return OpenWebPage(kSupportPage); }
+
+Outcome frmMain::VisitUsOnline() { return OpenWebPage(kHomePage); }
+
+Outcome frmMain::OpenWebPage(const char* address) {
+  Outcome opened = app_.ports().shell.Open(address);
+  if (!opened.ok()) ShowMessage(Text(17309) + "\r\n" + address, Text(17000));
+  return std::move(opened).With("Address: ", address);
+}
+
+// Not in the middle of anything: a scan that runs shows it when it is done.
+Outcome frmMain::ShowChangeReport() {
+  if (app_.busy() || close_wanted_ || !IsWindowEnabled(hwnd())) return {};
+  const std::string report = app_.TakeChangeReport();
+  if (!report.empty()) ShowMessage(report, Text(17000));
+  return {};
 }
 
 }  // namespace scourwell

@@ -1,6 +1,7 @@
 #include "shell/frm_main_menu.h"
 
-#include "widgets/resource.h"
+#include "shell/command_table.h"
+#include "widgets/access_keys.h"
 
 namespace scourwell {
 namespace {
@@ -13,37 +14,67 @@ void AppendPopup(HMENU menu, HMENU popup, const std::string& text) {
   AppendMenuA(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), text.c_str());
 }
 
+void AppendRule(HMENU menu) { AppendMenuA(menu, MF_SEPARATOR, 0, nullptr); }
+
+HMENU ScanMenu(const Captions& captions) {
+  HMENU menu = CreatePopupMenu();
+  Append(menu, IDM_mnuStartScan, captions.Text(17011) + "\tF5");
+  Append(menu, IDM_mnuScanFolder, captions.Text(17012));
+  AppendRule(menu);
+  Append(menu, IDM_mnuExit, captions.Text(17013));
+  return menu;
+}
+
+HMENU CompanionMenu(const Captions& captions) {
+  HMENU menu = CreatePopupMenu();
+  AccessKeys keys;
+  for (const StartPageButton& row : kCompanionPictures) {
+    Append(menu, row.command, keys.Add(captions.Text(row.caption)));
+  }
+  return menu;
+}
+
+HMENU ToolsMenu(const Captions& captions) {
+  HMENU menu = CreatePopupMenu();
+  Append(menu, IDM_mnuStartupManager, captions.Text(17201));
+  Append(menu, IDM_mnuAdwareUninstaller, captions.Text(17202));
+  Append(menu, IDM_mnuBrowserHelpers, captions.Text(17203));
+  AppendRule(menu);
+  Append(menu, IDM_mnuBackups, captions.Text(17149));
+  Append(menu, IDM_mnuIgnoreList, captions.Text(17150));
+  AppendRule(menu);
+  AppendPopup(menu, CompanionMenu(captions), captions.Text(17305));
+  Append(menu, IDM_mnuLiveUpdate, captions.Text(17301));
+  AppendRule(menu);
+  Append(menu, IDM_mnuOptions, captions.Text(17300));
+  return menu;
+}
+
+HMENU HelpMenu(const Captions& captions) {
+  HMENU menu = CreatePopupMenu();
+  Append(menu, IDM_mnuHelpContents, captions.Text(17302) + "\tF1");
+  AppendRule(menu);
+  Append(menu, IDM_mnuOnlineHelp, captions.Text(17303));
+  Append(menu, IDM_mnuVisitUsOnline, captions.Text(17304));
+  AppendRule(menu);
+  Append(menu, IDM_mnuAbout, captions.Text(17015));
+  return menu;
+}
+
 }  // namespace
 
 void frmMainMenu::Create(HWND window, const Captions& captions) {
-  HMENU scan = CreatePopupMenu();
-  Append(scan, IDM_mnuStartScan, captions.Text(17011) + "\tF5");
-  Append(scan, IDM_mnuScanFolder, captions.Text(17012));
-  AppendMenuA(scan, MF_SEPARATOR, 0, nullptr);
-  Append(scan, IDM_mnuExit, captions.Text(17013));
-  HMENU tools = CreatePopupMenu();
-  Append(tools, IDM_mnuStartupManager, captions.Text(17201));
-  Append(tools, IDM_mnuAdwareUninstaller, captions.Text(17202));
-  Append(tools, IDM_mnuBrowserHelpers, captions.Text(17203));
-  AppendMenuA(tools, MF_SEPARATOR, 0, nullptr);
-  Append(tools, IDM_mnuBackups, captions.Text(17149));
-  Append(tools, IDM_mnuIgnoreList, captions.Text(17150));
-  HMENU help = CreatePopupMenu();
-  Append(help, IDM_mnuHelpContents, captions.Text(17302) + "\tF1");
-  Append(help, IDM_mnuAbout, captions.Text(17015));
   MenuHandle old(menu_);
   menu_ = CreateMenu();
-  AppendPopup(menu_, scan, captions.Text(17010));
-  AppendPopup(menu_, tools, captions.Text(17158));
-  AppendPopup(menu_, help, captions.Text(17014));
+  AppendPopup(menu_, ScanMenu(captions), captions.Text(17010));
+  AppendPopup(menu_, ToolsMenu(captions), captions.Text(17158));
+  AppendPopup(menu_, HelpMenu(captions), captions.Text(17014));
   SetMenu(window, menu_);
 }
 
-void frmMainMenu::EnableScan(bool enabled) const {
-  for (const UINT id : {IDM_mnuStartScan, IDM_mnuScanFolder, IDM_mnuBackups, IDM_mnuIgnoreList,
-                        IDM_mnuStartupManager, IDM_mnuAdwareUninstaller, IDM_mnuBrowserHelpers}) {
-    EnableMenuItem(menu_, id, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
-  }
+void frmMainMenu::Enable(int id, bool enabled) const {
+  EnableMenuItem(menu_, static_cast<UINT>(id),
+                 MF_BYCOMMAND | static_cast<UINT>(enabled ? MF_ENABLED : MF_GRAYED));
 }
 
 }  // namespace scourwell

@@ -10,8 +10,7 @@ class frmMainMenu {
  public:
   // Gives the window its menu, which then belongs to the window.
   void Create(HWND window, const Captions& captions);
-  // Starting a scan is offered or not.
-  void EnableScan(bool enabled) const;
+  void Enable(int id, bool enabled) const;
 
  private:
   HMENU menu_ = nullptr;

@@ -8,7 +8,19 @@ namespace scourwell {
 namespace {
 
 constexpr char kSection[] = "Adware Language Pack";
+constexpr char kAbout[] = "Language Pack";
 constexpr std::size_t kExtension = 4;  // ".ini"
+constexpr std::size_t kLongestNumber = 5;
+constexpr std::int32_t kFirstCodePage = 437;  // smaller numbers mean "the system's own" in calls
+
+// 0 when the pack states none, or nonsense.
+unsigned StatedCodePage(const IniText& pack) {
+  const std::string_view text = pack.Find(kAbout, "CodePage").value_or("");
+  const bool digits = text.find_first_not_of("0123456789") == text.npos;
+  if (!digits || text.size() > kLongestNumber) return 0;
+  const std::int32_t number = LeadingNumber(text);
+  return number < kFirstCodePage ? 0 : static_cast<unsigned>(number);
+}
 
 }  // namespace
 
@@ -33,14 +45,28 @@ Outcome Language::Refresh() const {
       AddPathToFileName(AddPathToFileName(application_folder_, "Lang"), settings_.LanguageFile);
   Outcome useless;
   Outcome read = watched_.Refresh(path, {}, [&](std::optional<std::string> content) {
-    pack_ = content ? IniText(std::move(*content)) : IniText();
-    if (content && pack_.section_count() == 0) {
-      useless = Outcome::Failed(kPastEndOfFile, "The language pack holds no section")
-                    .With("File: ", path);
-    }
+    pack_ = IniText();
+    if (content) useless = Load(std::move(*content)).With("File: ", path);
   });
   if (read.number() == kFileNotFound) return {};  // the defaults serve
   return read.ok() ? std::move(useless) : std::move(read);
+}
+
+// Texts that cannot be turned into the system's code page are shown as they are.
+Outcome Language::Load(std::string content) const {
+  pack_ = IniText(content);
+  if (pack_.section_count() == 0) {
+    return Outcome::Failed(kPastEndOfFile, "The language pack holds no section");
+  }
+  const unsigned code_page = StatedCodePage(pack_);
+  if (code_page == 0 || code_page == code_pages_.System()) return {};
+  Outcome turned = code_pages_.ToSystem(code_page, &content);
+  if (!turned.ok()) {
+    return Outcome::Failed(turned.number(), "The code page of the language pack is not installed")
+        .With("Code page: ", std::to_string(code_page));
+  }
+  pack_ = IniText(std::move(content));
+  return {};
 }
 
 std::string WithLineBreaks(std::string_view message) { return ReplaceAll(message, "#", "\r\n"); }

@@ -5,6 +5,7 @@
 
 #include "platform/app_settings.h"
 #include "platform/captions.h"
+#include "platform/code_pages.h"
 #include "platform/error_log.h"
 #include "platform/ini_text.h"
 #include "platform/watched_file.h"
@@ -14,14 +15,19 @@ namespace scourwell {
 inline constexpr std::size_t kLongestCaption = 499;  // bytes
 
 // The active language pack: "Lang\<LanguageFile>" below the application folder, an INI file with
-// the one section "Adware Language Pack" and decimal numbers as keys.
+// the section "Adware Language Pack" with decimal numbers as keys. A second section may state the
+// code page that the file was written in:
+//   [Language Pack]
+//   CodePage=1250
+// Texts of another code page than the system's are turned into it when the pack is loaded.
 class Language : public Captions {
  public:
   static constexpr std::uint64_t kLargest = 16u << 20;
 
-  Language(Files& files, Clock& clock, ErrorLog& log, const AppSettings& settings,
-           std::string application_folder)
-      : log_(log),
+  Language(Files& files, Clock& clock, CodePages& code_pages, ErrorLog& log,
+           const AppSettings& settings, std::string application_folder)
+      : code_pages_(code_pages),
+        log_(log),
         settings_(settings),
         application_folder_(std::move(application_folder)),
         watched_(files, clock, kLargest) {}
@@ -38,7 +44,9 @@ class Language : public Captions {
 
  private:
   Outcome Refresh() const;
+  Outcome Load(std::string content) const;
 
+  CodePages& code_pages_;
   ErrorLog& log_;
   const AppSettings& settings_;
   std::string application_folder_;

@@ -2,6 +2,7 @@
 
 #include "platform/file_utils.h"
 #include "platform/win/child_process.h"
+#include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 #include "platform/win/processes_win.h"
@@ -51,8 +52,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR command_line, int show) 
   VersionsWin versions;
   ProcessesWin processes;
   PumpWin pump;
+  CodePagesWin code_pages;
   Application app({files, registry, RegistryWin::HasTwoViews() ? &registry64 : nullptr, profiles,
-                   clock, system, shell, versions, processes, pump},
+                   clock, system, shell, versions, processes, pump, code_pages},
                   ApplicationFolder(), kProgramVersion);
   frmMain main_window(app, pump, instance);
   CommandLine command = ParseCommandLine(command_line ? command_line : "");

@@ -25,7 +25,7 @@ struct Program {
   }
   FakeMachine m;
   Application app{{m.files, m.registry, nullptr, m.profiles, m.clock, m.system, m.shell, m.versions,
-                   m.processes, m.pump},
+                   m.processes, m.pump, m.code_pages},
                   kAppFolder,
                   {1, 0, 7}};
 
@@ -141,7 +141,7 @@ TEST_SUITE("application") {
     p.app.Shutdown();
     CHECK(p.app.TakeChangeReport() == "");
     Application again({p.m.files, p.m.registry, nullptr, p.m.profiles, p.m.clock, p.m.system,
-                       p.m.shell, p.m.versions, p.m.processes, p.m.pump},
+                       p.m.shell, p.m.versions, p.m.processes, p.m.pump, p.m.code_pages},
                       kAppFolder, {1, 0, 7});
     again.Start();
     CHECK(again.TakeChangeReport().starts_with("Update File: 10\r\n"));

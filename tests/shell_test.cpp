@@ -17,7 +17,7 @@ constexpr char kSection[] = "[Adware Language Pack]\r\n";
 
 struct Speaking : Bench {
   Speaking() { settings.LanguageFile = "English.ini"; }
-  Language language{m.files, m.clock, log, settings, kAppFolder};
+  Language language{m.files, m.clock, m.code_pages, log, settings, kAppFolder};
 };
 
 struct Stored : Bench {
@@ -94,6 +94,33 @@ TEST_SUITE("language") {
     CHECK(WithLineBreaks("a##b#") == "a\r\n\r\nb\r\n");
   }
 
+  TEST_CASE("a pack of another code page becomes one of the system's") {
+    const std::string polish = "\xBF\xF3\xB3w";
+    const auto shown = [&](const std::string& head, unsigned system) {
+      Speaking s;
+      s.m.code_pages.system = system;
+      s.m.File(kPack, head + kSection + "1808=" + polish + "\r\n");
+      const std::string text = s.language.Text(1808);
+      CHECK(s.language.Text(1808) == text);
+      CHECK(s.m.code_pages.asked <= 1);  // once a load, not once a text
+      return text + "\n" + s.m.Errors();
+    };
+    const auto stated = [](const std::string& number) {
+      return "[Language Pack]\r\nCodePage=" + number + "\r\n";
+    };
+    CHECK(shown(stated("1250"), 1252) == "z\xF3lw\n");
+    CHECK(shown(stated("1250"), 1250) == polish + "\n");
+    CHECK(shown("", 1252) == polish + "\n");
+    for (const char* nonsense : {"", "polish", "-1250", "1250x", "1", "0", "999999", "+437"}) {
+      CHECK(shown(stated(nonsense), 1252) == polish + "\n");
+    }
+    CHECK(shown(stated("1361"), 1252) ==
+          polish +
+              "\nError Description: The code page of the language pack is not installed, "
+              "Error Number: 5, Method: SetCaptionfromINI, Code page: 1361, "
+              "File: C:\\App\\Lang\\English.ini\n");
+  }
+
   // The source folder is out of reach where the tests run for Windows.
   TEST_CASE("the English pack holds the table's texts") {
     std::FILE* file = std::fopen(SCOURWELL_SOURCE_DIR "/lang/English.ini", "rb");
@@ -112,7 +139,7 @@ TEST_SUITE("language") {
       CHECK(s.language.SetCaptionfromINI(std::to_string(caption.number), "(none)") ==
             TrimBlanks(caption.text));
     }
-    const std::size_t first = content.find("]");
+    const std::size_t first = content.find("[Adware Language Pack]");
     for (const char c : content.substr(content.find_first_of("0123456789", first))) {
       if (c != '\r') shown += c;
     }

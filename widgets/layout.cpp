@@ -3,6 +3,7 @@
 namespace scourwell {
 
 void Layout::Place(HWND window, const Area& area, UINT flags) {
+  if (mode_ == kMeasure) return;
   flags |= SWP_NOZORDER | SWP_NOACTIVATE;
   if (batch_) {
     batch_ = DeferWindowPos(batch_, window, nullptr, area.left, area.top, area.width(),

@@ -9,7 +9,10 @@ namespace scourwell {
 // when it goes out of scope.
 class Layout {
  public:
-  Layout() : batch_(BeginDeferWindowPos(24)) {}
+  enum Mode { kMove, kMeasure };  // kMeasure: no window moves
+
+  explicit Layout(Mode mode = kMove)
+      : mode_(mode), batch_(mode == kMove ? BeginDeferWindowPos(24) : nullptr) {}
   Layout(const Layout&) = delete;
   Layout& operator=(const Layout&) = delete;
   ~Layout() {
@@ -24,6 +27,7 @@ class Layout {
   }
 
  private:
+  Mode mode_;
   HDWP batch_;
 };
 

@@ -33,6 +33,16 @@ LOGFONTA MessageFont() {
   return font;
 }
 
+LOGFONTA Named(LOGFONTA font, const char* name) {
+  lstrcpynA(font.lfFaceName, name, sizeof font.lfFaceName);
+  return font;
+}
+
+HFONT Underlined(LOGFONTA font) {
+  font.lfUnderline = TRUE;
+  return CreateFontIndirectA(&font);
+}
+
 HFONT Bold(LOGFONTA font, int percent) {
   font.lfWeight = FW_BOLD;
   font.lfHeight = MulDiv(font.lfHeight, percent, 100);
@@ -51,6 +61,11 @@ Metrics::Metrics() {
   bold_.Reset(Bold(message, 100));
   heading_.Reset(Bold(message, 110));
   title_.Reset(Bold(message, 170));
+  underlined_.Reset(Underlined(message));
+  const LOGFONTA menu = Named(message, "Ms Sans Serif");
+  menu_.Reset(CreateFontIndirectA(&menu));
+  menu_bold_.Reset(Bold(menu, 100));
+  menu_underlined_.Reset(Underlined(menu));
   line_ = LineHeight(font());
 }
 
@@ -65,6 +80,21 @@ int Metrics::TextWidth(HFONT font, const std::string& text) const {
   GetTextExtentPoint32A(MeasuringDc(font).get(), text.c_str(), static_cast<int>(text.size()),
                         &size);
   return size.cx;
+}
+
+int Metrics::TextHeight(HFONT font, const std::string& text, int width) const {
+  RECT area = {0, 0, std::max(1, width), 0};
+  DrawTextA(MeasuringDc(font).get(), text.c_str(), static_cast<int>(text.size()), &area,
+            DT_CALCRECT | DT_WORDBREAK);
+  return area.bottom;
+}
+
+int Metrics::IconSize(int pixels) const {
+  int best = 16;
+  for (const int size : {24, 32, 48, 64, 96}) {
+    if (size <= Scale(pixels)) best = size;
+  }
+  return best;
 }
 
 int Metrics::ButtonWidth(const std::string& caption) const {

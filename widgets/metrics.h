@@ -18,16 +18,29 @@ class Metrics {
   int FromTwips(int units) const { return MulDiv(units, dpi_, 1440); }
   // How often a picture drawn for 96 dots per inch is repeated: whole times only.
   int PictureFactor() const { return dpi_ < 192 ? 1 : dpi_ / 96; }
+  // The largest size that icons are drawn in, or twice such a size, that is not larger than so many
+  // pixels at 96 dots per inch.
+  int IconSize(int pixels) const;
 
   HFONT font() const { return font_.get(); }
   HFONT bold() const { return bold_.get(); }
   HFONT heading() const { return heading_.get(); }  // bold, larger
   HFONT title() const { return title_.get(); }      // bold, largest
+  HFONT underlined() const { return underlined_.get(); }
+  HFONT menu() const { return menu_.get(); }  // of the side menu
+  HFONT menu_bold() const { return menu_bold_.get(); }
+  HFONT menu_underlined() const { return menu_underlined_.get(); }
 
   int LineHeight(HFONT font) const;
   int LineHeight() const { return line_; }
   int TextWidth(HFONT font, const std::string& text) const;
   int TextWidth(const std::string& text) const { return TextWidth(font(), text); }
+  // In lines that are broken at that width.
+  int TextHeight(HFONT font, const std::string& text, int width) const;
+
+  int TextHeight(const std::string& text, int width) const {
+    return TextHeight(font(), text, width);
+  }
 
   int Margin() const { return Scale(11); }
   int WideMargin() const { return Scale(20); }
@@ -44,6 +57,10 @@ class Metrics {
   FontHandle bold_;
   FontHandle heading_;
   FontHandle title_;
+  FontHandle underlined_;
+  FontHandle menu_;
+  FontHandle menu_bold_;
+  FontHandle menu_underlined_;
 };
 
 }  // namespace scourwell

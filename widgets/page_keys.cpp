@@ -19,6 +19,10 @@ bool PageKeys::Translate(HWND frame, Page* page, MSG* message) {
 bool PageKeys::Press(const Page& page, const MSG& message) {
   const bool enter = message.wParam == VK_RETURN;
   if (!enter && message.wParam != VK_ESCAPE) return false;
+  // Some controls take Enter themselves.
+  const LRESULT wants =
+      SendMessageA(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
+  if (wants & DLGC_WANTMESSAGE) return false;
   HWND button = enter ? default_button_.hwnd() : page.EscapeButton();
   const bool repeated = (message.lParam & (1 << 30)) != 0;
   if (button && IsWindowEnabled(button) && !repeated) PostMessageA(button, BM_CLICK, 0, 0);

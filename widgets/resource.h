@@ -4,6 +4,23 @@
 
 // Resources
 #define IDI_Scourwell 1
+// The icons of the commands, in the order in which the windows offer them
+#define IDI_CommandScan 20
+#define IDI_CommandScanFolder 21
+#define IDI_CommandBackup 22
+#define IDI_CommandIgnore 23
+#define IDI_CommandStartup 24
+#define IDI_CommandUninstaller 25
+#define IDI_CommandHelpers 26
+#define IDI_CommandPopup 27
+#define IDI_CommandWatcher 28
+#define IDI_CommandNetwork 29
+#define IDI_CommandHijack 30
+#define IDI_CommandFirewall 31
+#define IDI_CommandOptions 32
+#define IDI_CommandUpdate 33
+#define IDI_CommandHelp 34
+#define IDI_CommandWeb 35
 #define IDB_Kinds16 101
 #define IDB_Scope16 102
 #define IDB_Banner 103
@@ -30,7 +47,7 @@
 #define IDM_mnuStartupManager 40100
 #define IDM_mnuAdwareUninstaller 40101
 #define IDM_mnuBrowserHelpers 40102
-#define IDM_mnuHelpContents 40130
+#define IDM_mnuOptions 40103
 // frmStartupManager; the names are those of the program's menu keys
 #define IDM_keyEdit 40110
 #define IDM_keyAutoexec 40111
@@ -46,10 +63,26 @@
 #define IDM_mnuOpenKey 40122
 #define IDM_mnuRefresh 40123
 
+// Help and the web: entries of frmMain
+#define IDM_mnuHelpContents 40130
+#define IDM_mnuOnlineHelp 40131
+#define IDM_mnuVisitUsOnline 40132
+#define IDM_mnuHelpFile 40133  // no entry: the help picture posts it
+// The companion programs, in the order of enum Companion: entries of frmMain
+#define IDM_FirstCompanion 40140
+#define IDM_mnuPopupBlocker 40140
+#define IDM_mnuResidentWatcher 40141
+#define IDM_mnuNetworkRepair 40142
+#define IDM_mnuHijackScanner 40143
+#define IDM_mnuFirewall 40144
+#define IDM_mnuLiveUpdate 40145
+#define IDM_LastCompanion 40145
+
 // frmMain; its pages get numbers from IDC_FirstPage on
 #define IDC_StatusBar 1001
 #define IDC_MdiClient 1002
 #define IDC_frmTree 1003
+#define IDC_MenuXP1 1004
 #define IDC_FirstPage 50000
 
 // frmTree
@@ -60,8 +93,8 @@
 #define IDC_HomeHeader 1200
 #define IDC_lblWelcome 1201
 #define IDC_lblWelcomeText 1202
-#define IDC_cmdStartScan 1203
-#define IDC_cmdScanFolder 1204
+#define IDC_imgSearch 1203
+#define IDC_imgSettings 1204
 #define IDC_lblScansCaption 1205
 #define IDC_lblScans 1206
 #define IDC_lblLastScanCaption 1207
@@ -72,6 +105,19 @@
 #define IDC_lblLanguage 1212
 #define IDC_lblDefinitionsCaption 1213
 #define IDC_lblDefinitions 1214
+#define IDC_imgQuarantine 1215
+#define IDC_imgHelp 1216
+#define IDC_imgPopupBlocker 1217
+#define IDC_imgResidentWatcher 1218
+#define IDC_imgNetworkRepair 1219
+#define IDC_imgHijackScanner 1220
+#define IDC_imgFirewall 1221
+#define IDC_lblOpenBackupList 1222
+#define IDC_lblOpenIgnoreList 1223
+#define IDC_lblCheckForupdates 1224
+#define IDC_lblResultsHeading 1225
+#define IDC_lblComputerHeading 1226
+#define IDC_lblCompanionsHeading 1227
 
 // frmScanSpy: SpyStatusFrame, the progress pane
 #define IDC_SpyStatusFrame 1300
@@ -196,3 +242,41 @@
 #define IDC_cmdTaskBrowse 2056
 #define IDC_cmdTaskOk 2057
 #define IDC_cmdTaskCancel 2058
+
+// frmOptions
+#define IDC_OptionsTabs 2100
+#define IDC_CmdProceed 2101
+#define IDC_cmdCancelOptions 2102
+#define IDC_CmbLang 2103
+#define IDC_cmdEditLanguagePackFile 2104
+#define IDC_lblLang 2105
+#define IDC_lblExplorerNote 2106
+#define IDC_chkScanStartup 2107
+#define IDC_chkAutoCheckForUpdate 2108
+#define IDC_chkAutosaveLog 2109
+#define IDC_chkExtraLogInfo 2110
+#define IDC_chkExplorer 2111
+#define IDC_chkSpywareAdware 2112
+#define IDC_chkDialers 2113
+#define IDC_chkKeyLoggers 2114
+#define IDC_chkTrojans 2115
+#define IDC_chkBHO 2116
+#define IDC_chkAllCookies 2117
+#define IDC_chkAdvancedScanning 2118
+#define IDC_chkMarkChecked 2119
+#define IDC_chkUseRegEdit 2120
+#define IDC_ChkRemoveFile 2121
+#define IDC_ChkAutoRemove 2122
+#define IDC_chkBackupBeforeRemoval 2123
+#define IDC_lblRefFileLocation 2124
+#define IDC_txtRefFileLocation 2125
+#define IDC_cmdBrowseRefFileLocation 2126
+#define IDC_lblRefFileLocationHint 2127
+#define IDC_lblLogfiles 2128
+#define IDC_txtLogfiles 2129
+#define IDC_cmdBrowseLogfiles 2130
+#define IDC_lblLogfilesHint 2131
+#define IDC_lblBackup 2132
+#define IDC_txtBackup 2133
+#define IDC_cmdBrowseBackup 2134
+#define IDC_lblBackupHint 2135

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "widgets/live_label.h"
+#include "widgets/reflected.h"
 #include "widgets/resource.h"
 
 namespace scourwell {
@@ -86,8 +87,7 @@ LRESULT Window::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       Paint();
       return 0;
     case WM_DRAWITEM:
-      LiveLabel::Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lparam), BackColour(),
-                      TextColour(BackColour()));
+      DrawItem(wparam, lparam);
       return TRUE;
     case WM_CTLCOLORSTATIC:
       return ColourLabel(reinterpret_cast<HDC>(wparam));
@@ -99,6 +99,15 @@ LRESULT Window::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
 
 LRESULT Window::Default(UINT message, WPARAM wparam, LPARAM lparam) {
   return DefWindowProcA(hwnd_, message, wparam, lparam);
+}
+
+void Window::DrawItem(WPARAM wparam, LPARAM lparam) {
+  const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lparam);
+  if (item.CtlType == ODT_STATIC) {
+    LiveLabel::Draw(item, BackColour(), TextColour(BackColour()));
+  } else {
+    SendMessageA(item.hwndItem, kReflectedDraw, wparam, lparam);
+  }
 }
 
 void Window::Paint() {

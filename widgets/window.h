@@ -59,6 +59,7 @@ class Window {
   static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam);
   void Register() const;
   void Paint();
+  void DrawItem(WPARAM wparam, LPARAM lparam);
   LRESULT ColourLabel(HDC dc) const;
 
   const char* name_;

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "platform/win/code_pages_win.h"
+
 namespace scourwell {
 namespace {
 
@@ -22,16 +24,7 @@ Outcome VersionsWin::ReadBlock(const std::string& path, std::string* block) {
 }
 
 std::string VersionsWin::Narrow(std::u16string_view text) const {
-  const std::wstring wide(text.begin(), text.end());
-  const int size = static_cast<int>(wide.size());
-  const int needed =
-      WideCharToMultiByte(CP_ACP, 0, wide.data(), size, nullptr, 0, nullptr, nullptr);
-  if (needed <= 0) return {};
-  std::string result(static_cast<std::size_t>(needed), '\0');
-  const int written =
-      WideCharToMultiByte(CP_ACP, 0, wide.data(), size, result.data(), needed, nullptr, nullptr);
-  result.resize(written > 0 ? static_cast<std::size_t>(written) : 0);
-  return result;
+  return scourwell::Narrow(std::wstring(text.begin(), text.end()));
 }
 
 }  // namespace scourwell

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/clock.h"
+#include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/profiles.h"
 #include "platform/registry.h"
@@ -23,6 +24,7 @@ class ContractMachine {
   virtual Profiles& profiles() = 0;
   virtual Clock& clock() = 0;
   virtual Shell& shell() = 0;
+  virtual CodePages& code_pages() = 0;
 
   // E.g. "C:\contract": an absolute path of at most 40 characters that does not end in "\".
   virtual std::string folder() = 0;

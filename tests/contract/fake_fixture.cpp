@@ -15,6 +15,7 @@ class FakeContractMachine : public ContractMachine {
   Profiles& profiles() override { return m_.profiles; }
   Clock& clock() override { return m_.clock; }
   Shell& shell() override { return m_.shell; }
+  CodePages& code_pages() override { return m_.code_pages; }
   std::string folder() override { return "C:\\contract"; }
   std::string key() override { return "Software\\Contract"; }
   void MakeFolder(const std::string& path) override { m_.Folder(path); }

@@ -166,6 +166,37 @@ TEST_SUITE("contract_profiles") {
   }
 }
 
+TEST_SUITE("contract_code_pages") {
+  TEST_CASE("letters become those of the system, or the nearest") {
+    const auto machine = NewContractMachine();
+    CodePages& pages = machine->code_pages();
+    const unsigned system = pages.System();
+    CHECK(system >= 437);
+    const std::string polish = "\xBF\xF3\xB3w, \xC6ma";  // of 1250
+    std::string text = polish;
+    REQUIRE(pages.ToSystem(1250, &text).ok());
+    if (system == 1250) CHECK(text == polish);
+    if (system == 1252) CHECK(text == "z\xF3lw, Cma");
+    const std::string plain("A=1\r\n\0;", 7);
+    text = plain;
+    CHECK(pages.ToSystem(1250, &text).ok());
+    CHECK(text == plain);
+    text = polish;
+    CHECK(pages.ToSystem(system, &text).ok());
+    CHECK(text == polish);
+    text.clear();
+    CHECK(pages.ToSystem(1250, &text).ok());
+    CHECK(text.empty());
+  }
+
+  TEST_CASE("a code page that is not installed leaves the text alone") {
+    const auto machine = NewContractMachine();
+    std::string text = "\xBF\xF3";
+    CHECK_FALSE(machine->code_pages().ToSystem(12345, &text).ok());
+    CHECK(text == "\xBF\xF3");
+  }
+}
+
 TEST_SUITE("contract_clock") {
   TEST_CASE("times are plausible") {
     const auto machine = NewContractMachine();

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/clock.h"
+#include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/processes.h"
 #include "platform/profiles.h"
@@ -319,6 +320,16 @@ class FakeProcesses : public Processes {
   }
 };
 
+// Knows the Polish letters of 1250, and 1252.
+class FakeCodePages : public CodePages {
+ public:
+  unsigned system = 1252;
+  int asked = 0;
+
+  unsigned System() override { return system; }
+  Outcome ToSystem(unsigned code_page, std::string* text) override;
+};
+
 class FakePump : public Pump {
  public:
   std::size_t yields = 0;
@@ -346,6 +357,7 @@ class FakeMachine {
   FakeVersions versions;
   FakeProcesses processes;
   FakePump pump;
+  FakeCodePages code_pages;
 
   void AddDrive(char letter, DriveKind kind = DriveKind::Fixed, bool ready = true) {
     files.AddDrive(letter, kind, ready);

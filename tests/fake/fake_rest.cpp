@@ -207,4 +207,20 @@ std::string FakeMachine::Errors() {
   return messages;
 }
 
+// A letter that 1252 has too keeps its byte: in these two, O with acute only.
+Outcome FakeCodePages::ToSystem(unsigned code_page, std::string* text) {
+  ++asked;
+  if (code_page != 1250 && code_page != 1252) return Outcome::Failed(kInvalidCall);
+  if (code_page == system) return {};
+  constexpr std::string_view kPolish =
+      "\xA5\xC6\xCA\xA3\xD1\x8C\x8F\xAF"
+      "\xB9\xE6\xEA\xB3\xF1\x9C\x9F\xBF";
+  constexpr std::string_view kNearest = "ACELNSZZacelnszz";
+  for (char& c : *text) {
+    const std::size_t at = kPolish.find(c);
+    if (code_page == 1250 && at != kPolish.npos) c = kNearest[at];
+  }
+  return {};
+}
+
 }  // namespace scourwell::test

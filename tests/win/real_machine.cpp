@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include "platform/registry_access.h"
+#include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 #include "platform/win/registry_win.h"
@@ -50,6 +51,7 @@ class RealContractMachine : public ContractMachine {
   Profiles& profiles() override { return profiles_; }
   Clock& clock() override { return clock_; }
   Shell& shell() override { return shell_; }
+  CodePages& code_pages() override { return code_pages_; }
   std::string folder() override { return kFolder; }
   std::string key() override { return kKey; }
   void MakeFolder(const std::string& path) override { CreateDirectoryA(path.c_str(), nullptr); }
@@ -78,6 +80,7 @@ class RealContractMachine : public ContractMachine {
   ProfilesWin profiles_;
   ClockWin clock_;
   ShellWin shell_;
+  CodePagesWin code_pages_;
 };
 
 }  // namespace

@@ -174,7 +174,7 @@ TEST_CASE("a log folder that refuses or has gone: the log lands in the program f
   }
   SUBCASE("has gone") {}
   Program program("");
-  const HWND start = ReadyControl(program.MainWindow(), IDC_cmdStartScan);
+  const HWND start = ReadyControl(program.MainWindow(), IDC_imgSearch);
   REQUIRE(start);
   if (obstacles.empty()) REQUIRE(RemoveDirectoryA("C:\\logs"));
   Click(start);

@@ -53,7 +53,7 @@ TEST_CASE("F1 asks for the page of the window in front") {
   const Browser browser("C:\\windows\\system32\\cmd.exe /c echo %1>" + std::string(kAsked));
   Program program("");
   const HWND top = program.MainWindow();
-  CheckPage(ReadyControl(top, IDC_cmdStartScan), "start.html");
+  CheckPage(ReadyControl(top, IDC_imgSearch), "start.html");
   {
     Tool tool(program, IDM_mnuStartupManager, "Startup Manager");
     CheckPage(tool.list, "startup.html");
@@ -69,7 +69,7 @@ TEST_CASE("F1 asks for the page of the window in front") {
     PostMessageA(backups, WM_CLOSE, 0, 0);
     CHECK(WaitFor([&] { return !IsWindow(backups); }));
   }
-  Click(ReadyControl(top, IDC_cmdStartScan));
+  Click(ReadyControl(top, IDC_imgSearch));
   const HWND next = ReadyControl(top, IDC_cmdNext);
   CheckPage(next, "scan.html");
   Click(next);
@@ -94,7 +94,7 @@ TEST_CASE("help that nothing can open is named in a message") {
   const Browser browser("C:\\no such program.exe %1");
   Program program("");
   const HWND top = program.MainWindow();
-  PressF1(ReadyControl(top, IDC_cmdStartScan));
+  PressF1(ReadyControl(top, IDC_imgSearch));
   const HWND box = program.Window("Information");
   REQUIRE(box);
   CHECK(Text(GetDlgItem(box, 0xFFFF)).find("C:\\Scourwell\\Help\\start.html") != std::string::npos);

@@ -129,7 +129,7 @@ TEST_CASE("a folder below what the definitions name gives a clean result") {
   const HWND box = program.Window("Information");
   REQUIRE(box);
   PostMessageA(box, WM_COMMAND, IDOK, 0);
-  CHECK(WaitFor([&] { return Control(top, IDC_cmdStartScan) != nullptr; }));
+  CHECK(WaitFor([&] { return Control(top, IDC_imgSearch) != nullptr; }));
 }
 
 TEST_CASE("a second scan of a run finds the same and goes on in the same log") {
@@ -148,7 +148,7 @@ TEST_CASE("a second scan of a run finds the same and goes on in the same log") {
   CheckResults(top);
 
   Command(top, IDM_mnuHome);
-  REQUIRE(ReadyControl(top, IDC_cmdStartScan));
+  REQUIRE(ReadyControl(top, IDC_imgSearch));
   Command(top, IDM_mnuStartScan);
   REQUIRE(LogHasClosed(3));
   CHECK(LogText().starts_with(second));
@@ -169,7 +169,7 @@ TEST_CASE("definitions that are replaced while the program runs count in the nex
   Program program("");
   const HWND top = program.MainWindow();
   REQUIRE(top);
-  REQUIRE(ReadyControl(top, IDC_cmdStartScan));
+  REQUIRE(ReadyControl(top, IDC_imgSearch));
   PlantContent(kReference, test::Definitions()
                                .Value("SETTINGS", "UPDATE-FILE-NUMBER", "2")
                                .Value("SPYWARE DEFINITIONS ADDED", "SDA0", "Innocents")
@@ -197,7 +197,7 @@ TEST_CASE("Stop ends a scan without log and finish") {
   Program program("");
   const HWND top = program.MainWindow();
   REQUIRE(top);
-  const HWND start = ReadyControl(top, IDC_cmdStartScan);
+  const HWND start = ReadyControl(top, IDC_imgSearch);
   REQUIRE(start);
   Click(start);
   HWND stop = nullptr;

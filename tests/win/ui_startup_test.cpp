@@ -214,7 +214,7 @@ TEST_CASE("damaged profiles are told of, and recorded under the tools' names") {
     PlantMachine();
     PlantContent(std::string(kProgramFolder) + row.file, "half a record\r\n");
     Program program("");
-    REQUIRE(ReadyControl(program.MainWindow(), IDC_cmdStartScan));
+    REQUIRE(ReadyControl(program.MainWindow(), IDC_imgSearch));
     Command(program.MainWindow(), row.command);
     Answer(program.Window("Error"), IDOK);
     CHECK(Errors().find(std::string("Method: ") + row.method) != std::string::npos);

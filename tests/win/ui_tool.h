@@ -22,7 +22,7 @@ struct Tool {
   Tool(Program& program, int command, const char* title) {
     const HWND top = program.MainWindow();
     REQUIRE(top);
-    REQUIRE(ReadyControl(top, IDC_cmdStartScan));
+    REQUIRE(ReadyControl(top, IDC_imgSearch));
     Command(top, command);
     window = program.Window(title);
     REQUIRE(window);

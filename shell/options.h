@@ -1,0 +1,88 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/app_settings.h"
+#include "platform/shell.h"
+#include "platform/system_folders.h"
+#include "shell/explorer_verb.h"
+#include "shell/language_list.h"
+
+namespace scourwell {
+
+// What the controls of the options dialog show, by their names.
+struct OptionControls {
+  std::string CmbLang;  // name of the chosen pack; empty: none is chosen
+  bool chkMarkChecked = false;
+  bool chkAutosaveLog = false;
+  bool chkUseRegEdit = false;
+  bool chkAutoCheckForUpdate = false;
+  bool chkSpywareAdware = false;
+  bool chkDialers = false;
+  bool chkKeyLoggers = false;
+  bool chkAdvancedScanning = false;
+  bool chkExtraLogInfo = false;
+  bool chkAllCookies = false;
+  bool chkTrojans = false;
+  bool chkBHO = false;
+  bool chkScanStartup = false;
+  bool ChkRemoveFile = false;
+  bool ChkAutoRemove = false;
+  bool chkBackupBeforeRemoval = false;
+  bool chkExplorer = false;
+  std::string txtLogfiles;
+  std::string txtBackup;
+  std::string txtRefFileLocation;
+};
+
+// The options dialog without its window.
+class OptionsForm {
+ public:
+  struct Parts {
+    Files& files;
+    Registry& registry;
+    RegistryAccess& access;
+    Shell& shell;
+    ErrorLog& log;
+    const Captions& captions;
+    const COpSysInfo& os;
+    const SystemFolders& folders;
+    AppSettings& settings;
+  };
+  // What the window has to tell the user or the program.
+  struct Confirmed {
+    bool language = false;           // another one: every caption has to be read again
+    bool advanced_scanning = false;  // was asked for, in vain
+    bool explorer_failed = false;
+  };
+
+  // Fills the controls.
+  explicit OptionsForm(const Parts& parts);
+
+  OptionControls& controls() { return controls_; }
+  const std::vector<LanguageEntry>& languages() const { return languages_; }
+  // The place of the chosen pack in the list, -1 when none is chosen.
+  int language_index() const;
+  bool explorer_available() const { return explorer_.Available(); }
+  // What is typed there will not be used at the next start.
+  bool IsMissing(const std::string& folder) const;
+
+  // The box "Scan on windows startup", which acts at once. On failure nothing has changed.
+  Outcome SetScanStartup(bool ticked);
+  // The editor with the chosen pack.
+  Outcome EditLanguagePackFile();
+  // OK: the controls become the settings. The caller saves them.
+  Confirmed Confirm();
+
+ private:
+  void ConfirmLanguage(Confirmed* confirmed);
+  void ConfirmExplorer(Confirmed* confirmed);
+
+  Parts parts_;
+  ExplorerVerb explorer_;
+  OptionControls controls_;
+  std::vector<LanguageEntry> languages_;
+};
+
+}  // namespace scourwell

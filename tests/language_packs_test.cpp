@@ -1,0 +1,153 @@
+// Every pack in lang/ is checked, and the checker is checked with packs that are wrong.
+#include <doctest/doctest.h>
+
+#include <cstdio>
+#include <filesystem>
+
+#include "platform/text.h"
+#include "shell/caption_table.h"
+#include "tests/pack_check.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr char kPacks[] = SCOURWELL_SOURCE_DIR "/lang";
+
+std::string ContentOf(const std::string& path) {
+  std::string content(1 << 20, '\0');
+  std::FILE* file = std::fopen(path.c_str(), "rb");
+  if (!file) return {};
+  content.resize(std::fread(content.data(), 1, content.size(), file));
+  std::fclose(file);
+  return content;
+}
+
+// A good pack with the English texts.
+std::string GoodPack() {
+  std::string text =
+      "; Scourwell language pack: X (ANSI code page 1252).\r\n"
+      "; \"#\" inside a message stands for a line break.\r\n"
+      "[Language Pack]\r\nCodePage=1252\r\n[Adware Language Pack]\r\n";
+  for (std::size_t i = 0; i < kCaptionCount; ++i) {
+    text += std::to_string(kCaptions[i].number) + "=" + std::string(TrimBlanks(kCaptions[i].text)) +
+            "\r\n";
+  }
+  return text;
+}
+
+// With the text of one number replaced.
+std::string With(int number, const std::string& text) {
+  std::string pack = GoodPack();
+  const std::size_t at = pack.find("\n" + std::to_string(number) + "=") + 1;
+  const std::size_t value = pack.find('=', at) + 1;
+  return pack.replace(value, pack.find('\r', value) - value, text);
+}
+
+}  // namespace
+
+TEST_SUITE("language_packs") {
+  // The source folder is out of reach where the tests run for Windows.
+  TEST_CASE("the packs are good") {
+    int count = 0;
+    std::error_code unreachable;
+    for (const auto& entry : std::filesystem::directory_iterator(kPacks, unreachable)) {
+      if (entry.path().extension() != ".ini") continue;
+      ++count;
+      CHECK(FaultsOfPack(entry.path().filename().string(), ContentOf(entry.path().string())) == "");
+    }
+    CHECK((unreachable || count >= 4));
+  }
+
+  TEST_CASE("a wrong text is named") {
+    struct Wrong {
+      int number;
+      std::string text;
+      const char* fault;  // behind the number; the only one
+    };
+    const Wrong kWrong[] = {
+        {1502, "", "empty"},
+        {1502, "  ", "empty"},
+        {1502, "Details ", "blanks or quotes at its ends would be lost"},
+        {1502, "\"Details\"", "blanks or quotes at its ends would be lost"},
+        {1502, "50 %", "other place holders"},
+        {1502, "a|b", "a \"|\" too many"},
+        {1502, std::string(23, 'x'), "longer than the 22 characters that have room"},
+        {1847, std::string(69, 'x'), "longer than the 68 characters that have room"},
+        {1534, "one#two", "other line breaks"},
+        {1847, "one#two", "other line breaks"},
+        {1756, "Scans", "\":\" at the end differs"},
+        {1767, "Loading", "\"...\" at the end differs"},
+        {17003, "It could not start:", "the program's name is lost"},
+        {1700, "R&D", "an access key that nothing shows"},
+        {17022, "Folder:", "no usable access key"},
+        {17022, "Folder&:", "no usable access key"},
+        {17022,
+         "&\xDC"
+         "ber:",
+         "no usable access key"},
+        {17022, "&Fol&der:", "no usable access key"},
+        {17113, "Log files|*.txt|", "other file patterns"},
+        {17113, "Log files (*.txt)", "other file patterns"},
+        {17246, "P (*.exe)|*.exe|All (*.txt)|*.txt", "other file patterns"},
+    };
+    for (const Wrong& wrong : kWrong) {
+      CHECK(FaultsOfPack("X.ini", With(wrong.number, wrong.text)) ==
+            "X.ini: " + std::to_string(wrong.number) + ": " + wrong.fault + "\n");
+    }
+  }
+
+  TEST_CASE("what the program would cut is named") {
+    CHECK(FaultsOfPack("X.ini", With(1847, std::string(500, 'x')))
+              .starts_with("X.ini: 1847: longer than 499 bytes\n"));
+  }
+
+  TEST_CASE("captions that stand together need keys and room of their own") {
+    CHECK(FaultsOfPack("X.ini", With(17013, "&Finish")) ==
+          "X.ini: 17013: its key is that of 17012 in: Scan menu\n");
+    // The keys that a window gives by itself count as well.
+    CHECK(FaultsOfPack("X.ini", With(17017, "&Continue")) ==
+          "X.ini: 17017: its key is that of 1803 in: results\n");
+    CHECK(FaultsOfPack("X.ini", With(1842, "\xC4")) ==
+          "X.ini: 1842: no letter is left for a key in: results\n");
+    CHECK(FaultsOfPack("X.ini", ReplaceAll(With(1803, "Check all the components"), "Exclude\r",
+                                           "Exclude them all\r")) ==
+          "X.ini: the buttons have no room in: results, upper buttons, 452 pixels\n");
+  }
+
+  TEST_CASE("a wrong file is named") {
+    const std::string good = GoodPack();
+    CHECK(FaultsOfPack("X.ini", good) == "");
+    struct Wrong {
+      std::string from, to;
+      const char* fault;
+    };
+    const Wrong kWrong[] = {
+        {"1404=Creation Date\r\n", "", "1404: missing"},
+        {"1404=Creation Date\r\n", "1404=Date\r\n1404=Date\r\n", "1404: there twice"},
+        {"1400=", "1399=x\r\n1400=", "1399: no such caption"},
+        {"1404=Creation Date\r\n1405=Name\r\n", "1405=Name\r\n1404=Date\r\n", "1404: out of order"},
+        {"413=", "; remark\r\n413=", "line 6: no caption"},
+        {"Enabled\r\n", "Enabled\n", "line 6: wrong line end"},
+        {"Enabled\r\n", "Enabled\r\r\n", "line 6: wrong line end"},
+        {"Enabled\r\n", "Da\x81te\r\n", "line 6: a byte that code page 1252 lacks"},
+        {"Enabled\r\n", "D\xC3\xA4te\r\n", "line 6: looks like UTF-8"},
+        {"Enabled\r\n", "Enabled\t.\r\n", "line 6: a control character"},
+        {"page 1252", "page 1250",
+         "line 1: not \"; Scourwell language pack: X (ANSI code page 1252).\""},
+        {"pack: X", "pack: Y",
+         "line 1: not \"; Scourwell language pack: X (ANSI code page 1252).\""},
+        {"[Language Pack]", "[Language]", "line 3: not \"[Language Pack]\""},
+    };
+    for (const Wrong& wrong : kWrong) {
+      std::string pack = good;
+      REQUIRE(pack.find(wrong.from) != pack.npos);
+      pack.replace(pack.find(wrong.from), wrong.from.size(), wrong.to);
+      CHECK(FaultsOfPack("X.ini", pack) == std::string("X.ini: ") + wrong.fault + "\n");
+    }
+    CHECK(FaultsOfPack("X.ini", ReplaceAll(good, "1252", "1299")) ==
+          "X.ini: unknown code page 1299\n");
+    CHECK(FaultsOfPack("X.ini", "").starts_with("X.ini: line 1: not \""));
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,313 @@
+#include "shell/options.h"
+
+#include "shell/application.h"
+#include "shell/command_line.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+namespace {
+
+constexpr RootKey kUser = RootKey::CurrentUser;
+constexpr char kRun[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+constexpr char kFolderVerb[] = "Software\\Classes\\Directory\\shell\\Scourwell";
+constexpr char kDriveVerb[] = "Software\\Classes\\Drive\\shell\\Scourwell";
+constexpr char kLang[] = "C:\\App\\Lang\\";
+
+// A picture of one red pixel.
+std::string Bitmap() {
+  std::string bytes(58, '\0');
+  bytes[0] = 'B';
+  bytes[1] = 'M';
+  bytes[10] = 54;
+  bytes[14] = 40;
+  bytes[18] = bytes[22] = bytes[26] = 1;
+  bytes[28] = 24;
+  bytes[56] = '\xFF';
+  return bytes;
+}
+
+// The program behind its options dialog.
+struct Dialog {
+  Dialog() {
+    m.File(std::string(kLang) + "English.ini", "[Adware Language Pack]\r\n");
+    m.File("C:\\App\\Ini\\update.ref", Definitions().Value("NTOT", "SAFITNUM", "0").Text());
+    app.Start();
+  }
+  FakeMachine m;
+  Application app{{m.files, m.registry, nullptr, m.profiles, m.clock, m.system, m.shell, m.versions,
+                   m.processes, m.pump},
+                  kAppFolder,
+                  {1, 0, 7}};
+
+  std::string Stored(const std::string& section, const std::string& key) {
+    return m.registry.Text(kUser, "Software\\Scourwell\\" + section, key);
+  }
+  // Opens the dialog, changes what `change` says and presses OK.
+  template <class Change>
+  OptionsForm::Confirmed Ok(Change&& change) {
+    OptionsForm form = app.Options();
+    change(form);
+    const OptionsForm::Confirmed confirmed = form.Confirm();
+    app.SaveSettings();
+    return confirmed;
+  }
+  std::string Verb(const char* key) { return m.registry.Text(kUser, key, ""); }
+};
+
+}  // namespace
+
+TEST_SUITE("options") {
+  TEST_CASE("every box changes its own setting and no other") {
+    struct Row {
+      bool OptionControls::*box;
+      const char* section;
+      const char* key;
+      const char* first;
+    };
+    constexpr Row kRows[] = {
+        {&OptionControls::chkAutosaveLog, "AutoSave", "AutoSave", "True"},
+        {&OptionControls::chkUseRegEdit, "UseRegEdit", "UseRegEdit", "True"},
+        {&OptionControls::chkAutoCheckForUpdate, "AutoCheckForUpdate", "AutoCheckForUpdate",
+         "False"},
+        {&OptionControls::chkSpywareAdware, "ScanSections", "SpywareAdware", "True"},
+        {&OptionControls::chkDialers, "ScanSections", "Dialers", "True"},
+        {&OptionControls::chkKeyLoggers, "ScanSections", "KeyLoggers", "True"},
+        {&OptionControls::chkExtraLogInfo, "ScanSections", "ExtraLogInfo", "False"},
+        {&OptionControls::chkAllCookies, "ScanSections", "AllCookies", "True"},
+        {&OptionControls::chkTrojans, "ScanSections", "Trojans", "True"},
+        {&OptionControls::chkBHO, "ScanSections", "BHO", "True"},
+        {&OptionControls::ChkRemoveFile, "DeleteAfterReboot", "DeleteAfterReboot", "True"},
+        {&OptionControls::ChkAutoRemove, "AutoRemove", "AutoRemove", "False"},
+        {&OptionControls::chkBackupBeforeRemoval, "Backup", "BackupBeforeRemoval", "True"},
+        {&OptionControls::chkMarkChecked, "Mark", "Checked", "y"},
+    };
+    Dialog d;
+    const auto store = [&] {
+      std::string all;
+      for (const Row& row : kRows) all += d.Stored(row.section, row.key) + " ";
+      return all;
+    };
+    std::string expected;
+    for (const Row& row : kRows) expected += std::string(row.first) + " ";
+    CHECK(store() == expected);
+    for (const Row& row : kRows) {
+      const std::string key = row.key;
+      CAPTURE(key);
+      const std::string before = store();
+      const std::string old = d.Stored(row.section, row.key);
+      d.Ok([&](OptionsForm& form) {
+        CHECK(form.controls().*row.box == (old == "True" || old == "y"));
+        form.controls().*row.box ^= true;
+      });
+      const std::string changed = old == "y" ? "n" : old == "True" ? "False" : "True";
+      CHECK(d.Stored(row.section, row.key) == changed);
+      d.Ok([&](OptionsForm& form) { form.controls().*row.box ^= true; });
+      CHECK(store() == before);
+    }
+    CHECK(d.m.Errors() == "");
+  }
+
+  TEST_CASE("advanced scanning is refused and told of each time") {
+    Dialog d;
+    CHECK_FALSE(d.Ok([](OptionsForm&) {}).advanced_scanning);
+    for (int i = 0; i < 2; ++i) {
+      CHECK(d.Ok([](OptionsForm& form) {
+               CHECK_FALSE(form.controls().chkAdvancedScanning);
+               form.controls().chkAdvancedScanning = true;
+             }).advanced_scanning);
+      CHECK(d.Stored("ScanSections", "AdvancedScanning") == "False");
+    }
+  }
+
+  TEST_CASE("scanning at the start of Windows acts at once, even without OK") {
+    Dialog d;
+    OptionsForm form = d.app.Options();
+    CHECK(form.SetScanStartup(true).ok());
+    CHECK(d.m.registry.Text(kUser, kRun, "ZURANTISPY") == "C:\\App\\Scourwell.exe /STARTUP");
+    CHECK(d.app.settings().RunStartup);
+    CHECK(d.app.Options().controls().chkScanStartup);
+    d.Ok([](OptionsForm&) {});
+    CHECK(d.Stored("RunStartup", "RunStartup") == "True");
+    CHECK(form.SetScanStartup(false).ok());
+    CHECK(d.m.registry.Text(kUser, kRun, "ZURANTISPY") == "(none)");
+    CHECK(form.SetScanStartup(false).ok());  // somebody else deleted it
+    CHECK_FALSE(d.app.settings().RunStartup);
+    CHECK(d.m.Errors() == "");
+    d.m.registry.Make(kUser, kRun).Denied();
+    CHECK_FALSE(form.SetScanStartup(true).ok());
+    CHECK_FALSE(d.app.settings().RunStartup);
+    CHECK_FALSE(form.controls().chkScanStartup);
+    CHECK(d.m.Errors().find("Error Number: 70, Method: chkScanStartup") != std::string::npos);
+  }
+
+  TEST_CASE("folders are taken as typed, the log keeps its name") {
+    struct Row {
+      const char* typed;
+      const char* log;
+    };
+    Dialog d;
+    for (const Row& row : {Row{"C:\\Logs", "C:\\Logs\\ScanLog05-03-04-50000.txt"},
+                           {"C:\\", "C:\\ScanLog05-03-04-50000.txt"},
+                           {"Z:\\gone\\", "Z:\\gone\\ScanLog05-03-04-50000.txt"},
+                           {"", "C:\\App\\ScanLog05-03-04-50000.txt"}}) {
+      d.Ok([&](OptionsForm& form) { form.controls().txtLogfiles = row.typed; });
+      CHECK(d.app.settings().LogFilePath == row.log);
+    }
+    d.Ok([&](OptionsForm& form) { form.controls().txtLogfiles = "C:\\"; });
+    CHECK(d.app.Options().controls().txtLogfiles == "C:\\");
+    const std::string lengthy = "D:\\" + std::string(5000, 'x');
+    d.Ok([&](OptionsForm& form) {
+      CHECK(form.controls().txtBackup == "C:\\App");
+      CHECK(form.controls().txtRefFileLocation == "C:\\App\\Ini");
+      form.controls().txtBackup = lengthy;
+      form.controls().txtRefFileLocation = "\\\\nobody\\there";
+    });
+    CHECK(d.Stored("Path", "BackupPath") == lengthy);
+    CHECK(d.Stored("Path", "DefinitionsPath") == "\\\\nobody\\there");
+    CHECK(d.m.Content("C:\\App\\Setting.ini").find("\\\\nobody\\there") != std::string::npos);
+    const OptionsForm form = d.app.Options();
+    for (const std::string& missing :
+         {lengthy, std::string(), std::string("App"), std::string("\\\\nobody\\there"),
+          std::string("Z:\\"), std::string("C:\\App\\*")}) {
+      CHECK(form.IsMissing(missing));
+    }
+    for (const char* there : {"C:\\", "C:", "C:\\App", "c:\\app\\ini\\"}) {
+      CHECK_FALSE(form.IsMissing(there));
+    }
+  }
+
+  TEST_CASE("the packs are listed, the chosen one speaks at once") {
+    Dialog d;
+    const std::string lang = kLang;
+    d.m.File(lang + "svenska.INI", "[Adware Language Pack]\r\n1503=Alternativ\r\n");
+    d.m.File(lang + "Deutsch.ini", "[Adware Language Pack]\r\n1503=Optionen\r\n");
+    d.m.File(lang + "Deutsch.bmp", Bitmap());
+    d.m.File(lang + "English.bmp", "BM, but no picture at all, whatever its name may be claiming");
+    d.m.File(lang + "Old.ini.bak");
+    d.m.Folder(lang + "Folder.ini");
+    OptionsForm form = d.app.Options();
+    std::string shown;
+    for (const LanguageEntry& entry : form.languages()) {
+      shown += entry.name + "|" + entry.picture + "\n";
+    }
+    CHECK(shown == "Deutsch|C:\\App\\Lang\\Deutsch.bmp\nEnglish|\nsvenska|\n");
+    CHECK(form.language_index() == 1);
+    CHECK(d.m.Errors().find("damaged, Error Number: 13, Method: CmbLang") != std::string::npos);
+    CHECK_FALSE(form.Confirm().language);
+    CHECK(d.Ok([](OptionsForm& other) { other.controls().CmbLang = "Deutsch"; }).language);
+    CHECK(d.Stored("Language", "Name") == "Deutsch.ini");
+    CHECK(d.app.language().Text(1503) == "Optionen");
+    static_cast<void>(form.EditLanguagePackFile());
+    CHECK(d.m.shell.journal.back() == "Run notepad.exe lang\\English.ini");
+    CHECK(d.m.Errors().find("Method: cmdEditLanguagePackFile") != std::string::npos);
+    // Its pack goes: nothing is chosen, and the setting stays.
+    d.m.files.Remove(lang + "Deutsch.ini");
+    CHECK_FALSE(d.Ok([](OptionsForm& other) { CHECK(other.language_index() == -1); }).language);
+    CHECK(d.Stored("Language", "Name") == "Deutsch.ini");
+    d.m.files.Remove("C:\\App\\Lang");
+    CHECK(d.app.Options().languages().empty());
+  }
+
+  TEST_CASE("only small and whole bitmaps are let through") {
+    const std::string good = Bitmap();
+    CHECK(IsSmallBitmap(good));
+    for (std::size_t size = 0; size < good.size(); ++size) {
+      CHECK_FALSE(IsSmallBitmap(good.substr(0, size)));
+    }
+    struct Row {
+      std::size_t at;
+      char byte;
+    };
+    for (const Row& row : {Row{0, 'X'},
+                           {10, 0},
+                           {13, '\x7F'},
+                           {14, 12},
+                           {18, 0},
+                           {19, 2},
+                           {22, 2},
+                           {25, '\xFF'},
+                           {28, 3},
+                           {30, 1}}) {
+      CAPTURE(row.at);
+      std::string bad = good;
+      bad[row.at] = row.byte;
+      CHECK_FALSE(IsSmallBitmap(bad));
+    }
+  }
+}
+
+TEST_SUITE("explorer_verb") {
+  TEST_CASE("it comes and goes with the box, and nothing beside it is touched") {
+    Dialog d;
+    d.m.registry.Make(kUser, "Software\\Classes\\Directory\\shell\\Other\\command")
+        .Value("", "other.exe");
+    const auto tick = [&](bool wanted) {
+      return d.Ok([&](OptionsForm& form) { form.controls().chkExplorer = wanted; });
+    };
+    tick(false);
+    CHECK_FALSE(d.m.registry.Find(kUser, "Software\\Classes\\Drive"));
+    tick(true);
+    for (const std::string& verb : {std::string(kFolderVerb), std::string(kDriveVerb)}) {
+      CHECK(TrimNull(d.Verb(verb.c_str())) == "Scan with Scourwell");
+      CHECK(TrimNull(d.Verb((verb + "\\command").c_str())) == "\"C:\\App\\Scourwell.exe\" \"%1\"");
+    }
+    CHECK(d.app.Options().controls().chkExplorer);
+    // Another language, another caption.
+    d.m.File(std::string(kLang) + "Deutsch.ini",
+             "[Adware Language Pack]\r\n17341=Mit Scourwell scannen\r\n");
+    d.Ok([](OptionsForm& form) { form.controls().CmbLang = "Deutsch"; });
+    CHECK(TrimNull(d.Verb(kDriveVerb)) == "Mit Scourwell scannen");
+    d.m.registry.deletes_trees = false;
+    tick(false);
+    CHECK_FALSE(d.m.registry.Find(kUser, kFolderVerb));
+    CHECK_FALSE(d.m.registry.Find(kUser, kDriveVerb));
+    CHECK(d.m.registry.Find(kUser, "Software\\Classes\\Directory\\shell\\Other\\command"));
+    CHECK_FALSE(d.app.Options().controls().chkExplorer);
+    CHECK(d.m.Errors() == "");
+  }
+
+  TEST_CASE("half of it can be taken away, a refusal is told") {
+    Dialog d;
+    d.m.registry.Make(kUser, std::string(kDriveVerb) + "\\command").Value("", "old");
+    d.Ok([](OptionsForm& form) {
+      CHECK(form.controls().chkExplorer);
+      form.controls().chkExplorer = false;
+    });
+    CHECK_FALSE(d.m.registry.Find(kUser, kDriveVerb));
+    CHECK(d.m.Errors() == "");
+    d.m.registry.Make(kUser, "Software\\Classes\\Directory").Denied();
+    d.m.registry.Make(kUser, kFolderVerb).Denied();
+    CHECK(d.Ok([](OptionsForm& form) { form.controls().chkExplorer = true; }).explorer_failed);
+    CHECK(TrimNull(d.Verb(kDriveVerb)) == "Scan with Scourwell");
+    CHECK(d.m.Errors().find("Error Number: 70, Method: chkExplorer") != std::string::npos);
+  }
+
+  TEST_CASE("systems whose Explorer does not look there are left alone") {
+    for (const VersionRecord& old : {VersionRecord{4, 10, 2222, 1, "", 0, 0, 0, 0},
+                                     VersionRecord{4, 0, 1381, 2, "", 0, 0, 0, 0}}) {
+      Dialog d;
+      d.m.system.record = old;
+      Application app({d.m.files, d.m.registry, nullptr, d.m.profiles, d.m.clock, d.m.system,
+                       d.m.shell, d.m.versions, d.m.processes, d.m.pump},
+                      kAppFolder, {1, 0, 7});
+      app.Start();
+      OptionsForm form = app.Options();
+      CHECK_FALSE(form.explorer_available());
+      form.controls().chkExplorer = true;
+      form.Confirm();
+      CHECK_FALSE(d.m.registry.Find(kUser, kFolderVerb));
+    }
+  }
+
+  TEST_CASE("the program gets the path that Explorer puts into the command") {
+    for (const char* path : {"C:\\", "C:\\Program Files", "C:\\a \\b  c", "D:\\-x /y%1",
+                             "\\\\server\\share\\a b", "C:\\it's, (1) & = ;+"}) {
+      CAPTURE(std::string(path));
+      const CommandLine line = ParseCommandLine("\"" + std::string(path) + "\"");
+      CHECK(line.kind == CommandLine::Kind::ScanPath);
+      CHECK(line.path == path);
+    }
+  }
+}
+
+}  // namespace scourwell::test

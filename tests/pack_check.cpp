@@ -1,0 +1,253 @@
+#include "tests/pack_check.h"
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+#include "platform/text.h"
+#include "shell/caption_table.h"
+#include "shell/language.h"
+#include "tests/pack_rules.h"
+#include "widgets/access_keys.h"
+
+namespace scourwell::test {
+namespace {
+
+// Bytes that a code page has no letter for.
+struct KnownPage {
+  std::string_view number;
+  std::string_view undefined;
+};
+constexpr KnownPage kPages[] = {
+    {"1250", "\x81\x83\x88\x90\x98"},
+    {"1252", "\x81\x8D\x8F\x90\x9D"},
+};
+constexpr std::size_t kCodePageLine = 3;
+constexpr std::size_t kHeadLines = 5;
+constexpr int kExclaimed = 1820;  // ends with "!..." in English only
+
+std::string HeadOf(const std::string& name, const std::string& page) {
+  return "; Scourwell language pack: " + name + " (ANSI code page " + page +
+         ").\r\n; \"#\" inside a message stands for a line break.\r\n[Language Pack]\r\nCodePage=" +
+         page + "\r\n[Adware Language Pack]\r\n";
+}
+
+std::vector<std::string> Split(std::string_view text, char separator) {
+  std::vector<std::string> parts(1);
+  for (const char c : text) {
+    if (c == separator) {
+      parts.emplace_back();
+    } else {
+      parts.back() += c;
+    }
+  }
+  return parts;
+}
+
+// The lines of a text that ends with a line end, each with its CR.
+std::vector<std::string> LinesOf(std::string_view text) {
+  std::vector<std::string> lines = Split(text, '\n');
+  if (lines.back().empty()) lines.pop_back();
+  return lines;
+}
+
+// The key that a caption names; 0 when there is none.
+char KeyOf(std::string_view text) {
+  const std::size_t at = text.find('&');
+  return at == text.npos || at + 1 == text.size() ? '\0' : Fold(text[at + 1]);
+}
+
+bool IsKey(char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); }
+
+// Letters of two bytes, as an editor leaves them that knows no code pages.
+bool LooksLikeUtf8(std::string_view line) {
+  for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+    const auto first = static_cast<unsigned char>(line[i]);
+    const auto second = static_cast<unsigned char>(line[i + 1]);
+    if (first >= 0xC2 && first <= 0xC5 && second >= 0x80 && second <= 0xBF) return true;
+  }
+  return line.starts_with("\xEF\xBB\xBF");
+}
+
+class PackCheck {
+ public:
+  PackCheck(const std::string& file, std::string_view content)
+      : file_(file), lines_(LinesOf(content)) {
+    CheckHead();
+    for (std::size_t i = 0; i < lines_.size(); ++i) CheckBytes(i);
+    for (std::size_t i = kHeadLines; i < lines_.size(); ++i) TakeCaption(i);
+    CheckCaptions();
+    for (const PackGroup& group : kPackGroups) CheckGroup(group);
+    for (const PackRow& row : kPackRows) CheckRow(row);
+  }
+  const std::string& faults() const { return faults_; }
+
+ private:
+  void Complain(const std::string& fault) { faults_ += file_ + ": " + fault + "\n"; }
+  void Complain(int number, const std::string& fault) {
+    Complain(std::to_string(number) + ": " + fault);
+  }
+  void ComplainOfLine(std::size_t index, const std::string& fault) {
+    Complain("line " + std::to_string(index + 1) + ": " + fault);
+  }
+
+  void CheckHead() {
+    const std::string stated = lines_.size() > kCodePageLine ? lines_[kCodePageLine] : "";
+    const std::string page(
+        TrimBlanks(stated.substr(std::min(stated.size(), stated.find('=') + 1)).substr(0, 4)));
+    const std::vector<std::string> head = LinesOf(HeadOf(file_.substr(0, file_.find('.')), page));
+    for (std::size_t i = 0; i < kHeadLines; ++i) {
+      if (i >= lines_.size() || lines_[i] != head[i]) {
+        ComplainOfLine(i, "not \"" + head[i].substr(0, head[i].size() - 1) + "\"");
+      }
+    }
+    for (const KnownPage& known : kPages) {
+      if (known.number == page) page_ = &known;
+    }
+    if (!page_) Complain("unknown code page " + page);
+  }
+
+  void CheckBytes(std::size_t index) {
+    const std::string& line = lines_[index];
+    if (!line.ends_with('\r') || line.find('\r') + 1 != line.size()) {
+      ComplainOfLine(index, "wrong line end");
+    }
+    const auto control = [](char c) { return c >= 0 && c < ' ' && c != '\r'; };
+    if (page_ && line.find_first_of(page_->undefined) != line.npos) {
+      ComplainOfLine(index, "a byte that code page " + std::string(page_->number) + " lacks");
+    } else if (LooksLikeUtf8(line)) {
+      ComplainOfLine(index, "looks like UTF-8");
+    }
+    if (std::any_of(line.begin(), line.end(), control)) {
+      ComplainOfLine(index, "a control character");
+    }
+  }
+
+  void TakeCaption(std::size_t index) {
+    std::string line = lines_[index];
+    if (line.ends_with('\r')) line.pop_back();
+    const std::size_t equals = line.find('=');
+    const int number = LeadingNumber(line);
+    if (equals == line.npos || std::to_string(number) != line.substr(0, equals)) {
+      return ComplainOfLine(index, "no caption");
+    }
+    if (!texts_.empty() && number < texts_.rbegin()->first) Complain(number, "out of order");
+    if (!texts_.emplace(number, line.substr(equals + 1)).second) Complain(number, "there twice");
+  }
+
+  void CheckCaptions() {
+    for (std::size_t i = 0; i < kCaptionCount; ++i) {
+      const auto found = texts_.find(kCaptions[i].number);
+      if (found == texts_.end()) {
+        Complain(kCaptions[i].number, "missing");
+      } else if (TrimBlanks(found->second).empty()) {
+        Complain(kCaptions[i].number, "empty");
+      } else {
+        CheckText(found->first, found->second, TrimBlanks(kCaptions[i].text));
+      }
+    }
+    for (const auto& [number, text] : texts_) {
+      if (DefaultCaption(number).empty()) Complain(number, "no such caption");
+    }
+  }
+
+  void CheckText(int number, const std::string& text, std::string_view english) {
+    const auto count = [](std::string_view in, char c) {
+      return std::count(in.begin(), in.end(), c);
+    };
+    if (TrimBlanks(text) != text || (text.front() == '"' && text.back() == '"')) {
+      Complain(number, "blanks or quotes at its ends would be lost");
+    }
+    if (text.size() > kLongestCaption) Complain(number, "longer than 499 bytes");
+    if (count(text, '#') != count(english, '#')) Complain(number, "other line breaks");
+    if (count(text, '%') != count(english, '%')) Complain(number, "other place holders");
+    const bool key = count(text, '&') == 1 && IsKey(KeyOf(text));
+    if (count(text, '&') != count(english, '&') || (count(english, '&') == 1 && !key)) {
+      Complain(number, english.find('&') == english.npos ? "an access key that nothing shows"
+                                                         : "no usable access key");
+    }
+    for (const char* end : {"...", ":", ">"}) {
+      if (english.ends_with(end) != text.ends_with(end) && number != kExclaimed) {
+        Complain(number, std::string("\"") + end + "\" at the end differs");
+      }
+    }
+    if (english.find("Scourwell") != english.npos && text.find("Scourwell") == text.npos) {
+      Complain(number, "the program's name is lost");
+    }
+    CheckPatterns(number, text, english);
+    CheckLength(number, text, english);
+  }
+
+  // "Text (*.txt)|*.txt|": every second part stays as it is.
+  void CheckPatterns(int number, const std::string& text, std::string_view english) {
+    const std::vector<std::string> is = Split(text, '|');
+    const std::vector<std::string> must = Split(english, '|');
+    bool same = is.size() == must.size();
+    for (std::size_t i = 0; same && i < is.size(); ++i) {
+      same = i % 2 ? is[i] == must[i] : is[i].empty() == must[i].empty();
+      if (same && i % 2) same = is[i - 1].find("(" + is[i] + ")") != std::string::npos;
+    }
+    if (!same && must.size() > 1) Complain(number, "other file patterns");
+    if (!same && must.size() == 1) Complain(number, "a \"|\" too many");
+  }
+
+  void CheckLength(int number, const std::string& text, std::string_view english) {
+    std::size_t most = 2 * english.size() + 12;
+    for (const PackBudget& budget : kPackBudgets) {
+      if (number < budget.first || number > budget.last) continue;
+      most = budget.most;
+      break;
+    }
+    if (text.size() > most) {
+      Complain(number, "longer than the " + std::to_string(most) + " characters that have room");
+    }
+  }
+
+  // As a window shows it.
+  std::string Text(int number) const {
+    const auto found = texts_.find(number);
+    return found == texts_.end() ? std::string(DefaultCaption(number)) : found->second;
+  }
+
+  void CheckGroup(const PackGroup& group) {
+    AccessKeys keys;
+    std::map<char, int> owners;
+    for (const int number : group.captions) {
+      const char key = KeyOf(keys.Add(Text(number)));
+      const auto [owner, is_new] = owners.emplace(key, number);
+      if (key == '\0') {
+        Complain(number, std::string("no letter is left for a key in: ") + group.name);
+      } else if (!is_new) {
+        Complain(number, std::string("its key is that of ") + std::to_string(owner->second) +
+                             " in: " + group.name);
+      }
+    }
+  }
+
+  // What Metrics::ButtonWidth gives with the usual font, in tenths of a pixel.
+  void CheckRow(const PackRow& row) {
+    std::size_t width = 0;
+    for (const int number : row.buttons) {
+      width += std::max<std::size_t>(790, 60 * Text(number).size() + 220) + 70;
+    }
+    const auto room = static_cast<std::size_t>(row.width) * 10;
+    if (width - 70 > room) {
+      Complain(std::string("the buttons have no room in: ") + row.name + ", " +
+               std::to_string((width - 70) / 10) + " pixels");
+    }
+  }
+
+  std::string file_;
+  std::vector<std::string> lines_;
+  const KnownPage* page_ = nullptr;
+  std::map<int, std::string> texts_;
+  std::string faults_;
+};
+
+}  // namespace
+
+std::string FaultsOfPack(const std::string& file, std::string_view content) {
+  return PackCheck(file, content).faults();
+}
+
+}  // namespace scourwell::test

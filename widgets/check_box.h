@@ -1,0 +1,24 @@
+#pragma once
+
+#include "widgets/control.h"
+
+namespace scourwell {
+
+// A box to tick. Its caption may take several lines.
+class CheckBox : public Control {
+ public:
+  void Create(const WindowEnv& env, HWND parent, int id, const std::string& text) {
+    CreateHandle(env, parent, "BUTTON", WS_TABSTOP | BS_AUTOCHECKBOX | BS_MULTILINE, 0, id, text);
+  }
+  bool Checked() const { return Send(BM_GETCHECK) == BST_CHECKED; }
+  void Check(bool checked) const { Send(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED); }
+  // Of a box with this caption in so narrow a place.
+  static int Height(const Metrics& metrics, const std::string& caption, int width) {
+    return metrics.TextHeight(caption, width - metrics.Scale(kBox)) + metrics.Scale(4);
+  }
+
+ private:
+  static constexpr int kBox = 20;  // the box and its distance from the caption
+};
+
+}  // namespace scourwell

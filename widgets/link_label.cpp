@@ -1,0 +1,56 @@
+#include "widgets/link_label.h"
+
+#include <cstdlib>
+
+namespace scourwell {
+namespace {
+
+constexpr int kHotLight = 26;  // COLOR_HOTLIGHT, which Windows 95 and NT do not have
+constexpr int kReadable = 90;  // of 255 steps of brightness
+
+int Luminance(COLORREF colour) {
+  return (3 * GetRValue(colour) + 6 * GetGValue(colour) + GetBValue(colour)) / 10;
+}
+
+// The system's colour for links where it has one that can be read on our background.
+COLORREF LinkColour() {
+  const int face = Luminance(GetSysColor(COLOR_BTNFACE));
+  for (const int colour : {kHotLight, COLOR_HIGHLIGHT}) {
+    if (!GetSysColorBrush(colour)) continue;
+    if (std::abs(Luminance(GetSysColor(colour)) - face) >= kReadable) return GetSysColor(colour);
+  }
+  return GetSysColor(COLOR_BTNTEXT);
+}
+
+// The hand of newer systems.
+HCURSOR LinkCursor() {
+  HCURSOR hand = LoadCursorA(nullptr, MAKEINTRESOURCEA(32649));
+  return hand ? hand : LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+}
+
+}  // namespace
+
+int LinkLabel::width() const { return metrics().TextWidth(Text()) + metrics().Scale(6); }
+
+LRESULT LinkLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_SETCURSOR) {
+    SetCursor(LinkCursor());
+    return TRUE;
+  }
+  return DrawnButton::OnMessage(message, wparam, lparam);
+}
+
+void LinkLabel::Draw(HDC dc, RECT area, const State& state) const {
+  const std::string text = Text();
+  SetTextColor(dc, faded() ? GetSysColor(COLOR_GRAYTEXT) : LinkColour());
+  RECT inner = area;
+  InflateRect(&inner, -metrics().Scale(3), 0);
+  const HGDIOBJ old = SelectObject(dc, metrics().underlined());
+  DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &inner,
+            DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | state.prefix);
+  SelectObject(dc, old);
+  SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
+  if (state.focused) DrawFocusRect(dc, &area);
+}
+
+}  // namespace scourwell

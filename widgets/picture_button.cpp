@@ -1,0 +1,52 @@
+#include "widgets/picture_button.h"
+
+namespace scourwell {
+
+void PictureButton::Create(const WindowEnv& env, HWND parent, int id, const std::string& text,
+                           int icon, int size) {
+  size_ = env.metrics.IconSize(size);
+  icon_.Reset(static_cast<HICON>(
+      LoadImageA(env.instance, MAKEINTRESOURCEA(icon), IMAGE_ICON, size_, size_, 0)));
+  DrawnButton::Create(env, parent, id, text);
+}
+
+int PictureButton::HeightFor(int width) const {
+  const int text = metrics().TextHeight(font(), Text(), width - 2 * Inset());
+  return size_ + text + 3 * Inset();
+}
+
+void PictureButton::Draw(HDC dc, RECT area, const State& state) const {
+  RECT edge = area;
+  if (state.pressed) {
+    DrawEdge(dc, &edge, BDR_SUNKENOUTER, BF_RECT);
+    OffsetRect(&area, 1, 1);
+  } else if (state.hot && !faded()) {
+    DrawEdge(dc, &edge, BDR_RAISEDINNER, BF_RECT);
+  } else if (state.preset) {
+    FrameRect(dc, &edge, GetSysColorBrush(COLOR_BTNSHADOW));
+  }
+  const int x = (area.left + area.right - size_) / 2;
+  const int y = area.top + Inset();
+  if (icon_ && faded()) {
+    DrawStateA(dc, nullptr, nullptr, reinterpret_cast<LPARAM>(icon_.get()), 0, x, y, size_, size_,
+               DST_ICON | DSS_DISABLED);
+  } else if (icon_) {
+    DrawIconEx(dc, x, y, icon_.get(), size_, size_, 0, nullptr, DI_NORMAL);
+  }
+  area.top = y + size_ + Inset();
+  InflateRect(&area, -Inset(), 0);
+  DrawCaption(dc, area, state.prefix);
+  if (!state.focused) return;
+  InflateRect(&edge, -metrics().Scale(2), -metrics().Scale(2));
+  SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
+  DrawFocusRect(dc, &edge);
+}
+
+void PictureButton::DrawCaption(HDC dc, RECT area, UINT prefix) const {
+  const std::string text = Text();
+  SetTextColor(dc, GetSysColor(faded() ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
+  DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &area,
+            DT_CENTER | DT_WORDBREAK | prefix);
+}
+
+}  // namespace scourwell
