@@ -33,8 +33,12 @@ Outcome ShellWin::ShowHelp(const std::string& file, const std::string& page) {
   const HtmlHelpFunction viewer = Viewer();
   if (!viewer) return Outcome::Failed(kDeviceError, "The system has no help viewer");
   help_shown_ = true;
-  if (viewer(GetDesktopWindow(), (file + "::/" + page).c_str(), kDisplayTopic, 0)) return {};
-  return Outcome::Failed(kPathFileAccess, "The help viewer cannot show the page");
+  const HWND window = viewer(GetDesktopWindow(), (file + "::/" + page).c_str(), kDisplayTopic, 0);
+  if (!window) return Outcome::Failed(kPathFileAccess, "The help viewer cannot show the page");
+  // One that was there already may lie behind ours.
+  if (IsIconic(window)) ShowWindow(window, SW_RESTORE);
+  SetForegroundWindow(window);
+  return {};
 }
 
 // While its library is still loaded: its windows live in a thread of our process.

@@ -1,7 +1,5 @@
 // F1 in the windows of the built program. A stand-in for the browser notes which page it is to
 // show.
-#include <commctrl.h>
-
 #include "platform/registry_access.h"
 #include "tests/win/ui_tool.h"
 
@@ -78,6 +76,17 @@ TEST_CASE("F1 asks for the page of the window in front") {
   CheckPage(ReadyControl(top, IDC_SpyListView), "results.html");
   CHECK(program.Close());
   CHECK(Errors().find("Method: ShowHelp, File: " + std::string(kHelp)) != std::string::npos);
+}
+
+TEST_CASE("the help viewer blocks no dialog and ends with the program") {
+  PlantMachine();
+  Program program("");
+  Tool tool(program, IDM_mnuStartupManager, "Startup Manager");
+  PressF1(tool.list);
+  REQUIRE(program.Window("Scourwell Help"));
+  tool.Close();
+  CHECK(program.Close());
+  CHECK(Errors() == "");
 }
 
 TEST_CASE("help that nothing can open is named in a message") {
