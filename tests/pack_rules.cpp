@@ -11,6 +11,7 @@ constexpr std::size_t kMenuEntry = 34;
 constexpr std::size_t kButton = 24;
 constexpr std::size_t kColumn = 22;
 constexpr std::size_t kSideMenu = 27;
+constexpr std::size_t kTab = 16;
 constexpr std::size_t kPicture = 26;
 constexpr std::size_t kLineOfWindow = 130;
 
@@ -32,6 +33,8 @@ constexpr PackBudget kBudgets[] = {
     {1404, 1406, kColumn},
     {1500, 1502, kColumn},
     {1514, 1514, kButton},
+    {1515, 1515, kTab},
+    {1532, 1532, kTab},
     {1513, 1513, kSideMenu},
     {1601, 1602, kButton},
     {1701, 1702, kSideMenu},
@@ -93,6 +96,7 @@ constexpr PackBudget kBudgets[] = {
     {17300, 17305, kMenuEntry},
     {17340, 17340, kButton},
     {17345, 17345, kButton},
+    {17351, 17352, kTab},
 };
 
 constexpr int kMainBar[] = {17010, 17158, 17014};
@@ -116,6 +120,10 @@ constexpr int kHelpers[] = {17204, 17221, 17222, 17224, 17267, 17255};
 constexpr int kUninstaller[] = {17204, 17275, 17267, 17276, 17277, 17255};
 constexpr int kRowPopup[] = {17217, 17218, 17219, 17220};
 constexpr int kAddTask[] = {417, 414, 17250, 17251};
+constexpr int kOptionsGeneral[] = {1511, 1521, 1512, 1531, 17356, 17340, 17342};
+constexpr int kOptionsScanning[] = {1522, 1523, 1524, 1525, 1526, 1529, 1530, 1508};
+constexpr int kOptionsRemoval[] = {1510, 1520, 1509, 17343};
+constexpr int kOptionsPaths[] = {1528, 17345, 1518, 17345, 1519, 17345};
 
 constexpr PackGroup kGroups[] = {
     {"main menu bar", kMainBar},
@@ -138,6 +146,10 @@ constexpr PackGroup kGroups[] = {
     {"adware uninstaller", kUninstaller},
     {"popup of the tools", kRowPopup},
     {"add task", kAddTask},
+    {"options, general", kOptionsGeneral},
+    {"options, scanning", kOptionsScanning},
+    {"options, removal", kOptionsRemoval},
+    {"options, paths", kOptionsPaths},
 };
 
 constexpr int kResultsUpper[] = {1803, 1804, 17135, 1845};
