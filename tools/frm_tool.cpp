@@ -9,6 +9,7 @@
 #include "widgets/message_box.h"
 #include "widgets/path_cell.h"
 #include "widgets/resource.h"
+#include "widgets/spy_colour.h"
 
 namespace scourwell {
 namespace {
@@ -17,17 +18,8 @@ constexpr int kWidth = 820;  // of the client area, pixels at 96 dots per inch
 constexpr int kHeight = 500;
 constexpr int kSmallestWidth = 560;
 constexpr int kSmallestHeight = 320;
-constexpr COLORREF kSpyColour = RGB(192, 0, 0);
-constexpr COLORREF kSpyColourOnDark = RGB(255, 128, 128);
 constexpr std::size_t kMostFailures = 8;
 constexpr std::size_t kLongestFailure = 200;
-
-// Red that can be read on the background of lists, whatever colours the user has chosen.
-COLORREF SpyColour() {
-  const COLORREF back = GetSysColor(COLOR_WINDOW);
-  const bool dark = GetRValue(back) + GetGValue(back) + GetBValue(back) < 3 * 128;
-  return dark ? kSpyColourOnDark : kSpyColour;
-}
 
 }  // namespace
 
