@@ -156,12 +156,19 @@ int frmHome::LayOut(Layout& layout, Area area, bool header) {
   return inner.top + metrics().Gap() - start;
 }
 
+// In as many rows as their longest words ask for.
 void frmHome::LayOutPictures(Layout& layout, Area* area, PictureButton* pictures, int count) {
-  const int width = std::min(metrics().Scale(112), area->width() / count);
+  int least = 0;
+  for (int i = 0; i < count; ++i) least = std::max(least, pictures[i].LeastWidth());
+  const int columns = std::clamp(area->width() / least, 1, count);
+  const int width = std::min(std::max(metrics().Scale(112), least), area->width() / columns);
   int height = 0;
   for (int i = 0; i < count; ++i) height = std::max(height, pictures[i].HeightFor(width));
-  Area row = area->CutTop(height);
-  for (int i = 0; i < count; ++i) layout.Place(pictures[i], row.CutLeft(width));
+  Area row;
+  for (int i = 0; i < count; ++i) {
+    if (i % columns == 0) row = area->CutTop(height);
+    layout.Place(pictures[i], row.CutLeft(width));
+  }
 }
 
 // The heading with a rule to its right.

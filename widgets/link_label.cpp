@@ -30,7 +30,14 @@ HCURSOR LinkCursor() {
 
 }  // namespace
 
-int LinkLabel::width() const { return metrics().TextWidth(Text()) + metrics().Scale(6); }
+int LinkLabel::width() const { return metrics().TextWidth(Shown()) + metrics().Scale(6); }
+
+// The whole text is underlined, so its access key cannot show.
+std::string LinkLabel::Shown() const {
+  std::string text = Text();
+  if (const std::size_t at = text.find('&'); at != text.npos) text.erase(at, 1);
+  return text;
+}
 
 LRESULT LinkLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_SETCURSOR) {
@@ -41,13 +48,13 @@ LRESULT LinkLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
 }
 
 void LinkLabel::Draw(HDC dc, RECT area, const State& state) const {
-  const std::string text = Text();
+  const std::string text = Shown();
   SetTextColor(dc, faded() ? GetSysColor(COLOR_GRAYTEXT) : LinkColour());
   RECT inner = area;
   InflateRect(&inner, -metrics().Scale(3), 0);
   const HGDIOBJ old = SelectObject(dc, metrics().underlined());
   DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &inner,
-            DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | state.prefix);
+            DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
   SelectObject(dc, old);
   SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
   if (state.focused) DrawFocusRect(dc, &area);

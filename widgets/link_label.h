@@ -11,6 +11,7 @@ class LinkLabel : public DrawnButton {
   int height() const { return metrics().LineHeight() + metrics().Scale(4); }
 
  private:
+  std::string Shown() const;
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
   void Draw(HDC dc, RECT area, const State& state) const override;
 };

@@ -1,5 +1,9 @@
 #include "widgets/picture_button.h"
 
+#include <algorithm>
+
+#include "widgets/faded_icon.h"
+
 namespace scourwell {
 
 void PictureButton::Create(const WindowEnv& env, HWND parent, int id, const std::string& text,
@@ -15,6 +19,17 @@ int PictureButton::HeightFor(int width) const {
   return size_ + text + 3 * Inset();
 }
 
+int PictureButton::LeastWidth() const {
+  const std::string text = Text();
+  int widest = size_;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find(' ', at), text.size());
+    widest = std::max(widest, metrics().TextWidth(font(), text.substr(at, end - at)));
+    at = end + 1;
+  }
+  return widest + 2 * Inset();
+}
+
 void PictureButton::Draw(HDC dc, RECT area, const State& state) const {
   RECT edge = area;
   if (state.pressed) {
@@ -28,8 +43,7 @@ void PictureButton::Draw(HDC dc, RECT area, const State& state) const {
   const int x = (area.left + area.right - size_) / 2;
   const int y = area.top + Inset();
   if (icon_ && faded()) {
-    DrawStateA(dc, nullptr, nullptr, reinterpret_cast<LPARAM>(icon_.get()), 0, x, y, size_, size_,
-               DST_ICON | DSS_DISABLED);
+    DrawFadedIcon(dc, x, y, icon_.get(), size_);
   } else if (icon_) {
     DrawIconEx(dc, x, y, icon_.get(), size_, size_, 0, nullptr, DI_NORMAL);
   }

@@ -10,6 +10,8 @@ class PictureButton : public DrawnButton {
   // `icon`: a resource; `size`: of the picture in pixels at 96 dots per inch.
   void Create(const WindowEnv& env, HWND parent, int id, const std::string& text, int icon,
               int size);
+  // What the picture and the longest word need.
+  int LeastWidth() const;
   // What a button of that width needs.
   int HeightFor(int width) const;
 

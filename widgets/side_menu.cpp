@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "widgets/back_buffer.h"
+#include "widgets/faded_icon.h"
 #include "widgets/reflected.h"
 
 namespace scourwell {
@@ -219,8 +220,7 @@ void SideMenu::DrawCommand(HDC dc, RECT area, const Row& row, bool selected, boo
   const int x = area.left + metrics.Scale(8);
   const int y = (area.top + area.bottom - icon_size_) / 2;
   if (row.item.faded) {
-    DrawStateA(dc, nullptr, nullptr, reinterpret_cast<LPARAM>(row.icon.get()), 0, x, y, icon_size_,
-               icon_size_, DST_ICON | DSS_DISABLED);
+    DrawFadedIcon(dc, x, y, row.icon.get(), icon_size_);
   } else {
     DrawIconEx(dc, x, y, row.icon.get(), icon_size_, icon_size_, 0, nullptr, DI_NORMAL);
   }

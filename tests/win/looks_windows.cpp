@@ -1,5 +1,7 @@
 #include "tests/win/looks_windows.h"
 
+#include <commctrl.h>
+
 #include "platform/win/files_win.h"
 #include "platform/win/registry_win.h"
 
@@ -35,6 +37,13 @@ void Choose(Tour& tour) {
 }
 
 void ShowHome(Tour& tour) { REQUIRE(ReadyControl(tour.top, IDC_imgSearch)); }
+
+template <int tab>
+void ShowOptions(Tour& tour) {
+  Choose<IDM_mnuOptions>(tour);
+  const HWND options = tour.program.WindowOfClass("frmOptions");
+  SendMessageA(ReadyControl(options, IDC_OptionsTabs), TCM_SETCURFOCUS, tab, 0);
+}
 
 void AddTask(Tour& tour) {
   Choose<IDM_mnuStartupManager>(tour);
@@ -114,6 +123,10 @@ std::span<const LooksWindow> LooksWindows() {
       {"add-task", "frmAddTask", AddTask, true, {}},
       {"adware-uninstaller", "frmAdwareUninstaller", Choose<IDM_mnuAdwareUninstaller>, false, {}},
       {"browser-helpers", "frmBHO", Choose<IDM_mnuBrowserHelpers>, false, {}},
+      {"options-general", "frmOptions", ShowOptions<0>, true, {}},
+      {"options-scanning", "frmOptions", ShowOptions<1>, true, {}},
+      {"options-removal", "frmOptions", ShowOptions<2>, true, {}},
+      {"options-paths", "frmOptions", ShowOptions<3>, true, {}},
       {"ignore-list", "frmIgnore", Choose<IDM_mnuIgnoreList>, false, {}},
       {"ignore-list-empty", "frmIgnore", EmptyIgnoreList, false, {}},
       {"backups-empty", "frmBackup", Choose<IDM_mnuBackups>, true, {}},
