@@ -1,6 +1,6 @@
 #include "shell/application.h"
 
-#include "tests/support.h"
+#include "tests/app_support.h"
 
 namespace scourwell::test {
 namespace {
@@ -24,10 +24,7 @@ struct Program {
     m.Folder("C:\\WINDOWS\\direct");
   }
   FakeMachine m;
-  Application app{{m.files, m.registry, nullptr, m.profiles, m.clock, m.system, m.shell, m.versions,
-                   m.processes, m.pump, m.code_pages},
-                  kAppFolder,
-                  {1, 0, 7}};
+  Application app{PortsOf(m), kAppFolder, {1, 0, 7}};
 
   std::string Hits() {
     std::string text;
@@ -140,9 +137,7 @@ TEST_SUITE("application") {
     release("10", "direct");
     p.app.Shutdown();
     CHECK(p.app.TakeChangeReport() == "");
-    Application again({p.m.files, p.m.registry, nullptr, p.m.profiles, p.m.clock, p.m.system,
-                       p.m.shell, p.m.versions, p.m.processes, p.m.pump, p.m.code_pages},
-                      kAppFolder, {1, 0, 7});
+    Application again(PortsOf(p.m), kAppFolder, {1, 0, 7});
     again.Start();
     CHECK(again.TakeChangeReport().starts_with("Update File: 10\r\n"));
     CHECK(p.m.Errors() == "");

@@ -1,8 +1,7 @@
 #include "shell/options.h"
 
-#include "shell/application.h"
 #include "shell/command_line.h"
-#include "tests/support.h"
+#include "tests/app_support.h"
 
 namespace scourwell::test {
 namespace {
@@ -34,10 +33,7 @@ struct Dialog {
     app.Start();
   }
   FakeMachine m;
-  Application app{{m.files, m.registry, nullptr, m.profiles, m.clock, m.system, m.shell, m.versions,
-                   m.processes, m.pump},
-                  kAppFolder,
-                  {1, 0, 7}};
+  Application app{PortsOf(m), kAppFolder, {1, 0, 7}};
 
   std::string Stored(const std::string& section, const std::string& key) {
     return m.registry.Text(kUser, "Software\\Scourwell\\" + section, key);
@@ -287,9 +283,7 @@ TEST_SUITE("explorer_verb") {
                                      VersionRecord{4, 0, 1381, 2, "", 0, 0, 0, 0}}) {
       Dialog d;
       d.m.system.record = old;
-      Application app({d.m.files, d.m.registry, nullptr, d.m.profiles, d.m.clock, d.m.system,
-                       d.m.shell, d.m.versions, d.m.processes, d.m.pump},
-                      kAppFolder, {1, 0, 7});
+      Application app(PortsOf(d.m), kAppFolder, {1, 0, 7});
       app.Start();
       OptionsForm form = app.Options();
       CHECK_FALSE(form.explorer_available());

@@ -1,5 +1,11 @@
 // The start page: every entry of its side menu, every picture, link and entry of the menu bar does
 // its work.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "platform/file_utils.h"
 #include "tests/win/ui_tool.h"
 
 namespace scourwell::ui {
