@@ -103,7 +103,9 @@ class frmMain : public Window, public FormHost {
   std::unique_ptr<frmScanSpy> scan_;
   PageKeys keys_;
   FocusKeeper focus_;
-  const char* method_ = nullptr;  // of the command that a page has posted
+  // The command that a page has posted last, and its name in error records.
+  int posted_ = 0;
+  const char* posted_method_ = nullptr;
   std::string title_;
   bool close_wanted_ = false;
 };

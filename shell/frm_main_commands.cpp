@@ -44,8 +44,9 @@ const frmMain::Command frmMain::kCommands[] = {
 };
 
 bool frmMain::OnCommand(int id) {
-  const char* posted = std::exchange(method_, nullptr);
-  const char* method = posted ? posted : kMenuMethod;
+  const bool posted = id == posted_;
+  if (posted) posted_ = 0;
+  const char* method = posted ? posted_method_ : kMenuMethod;
   if (IsCompanion(id)) {
     static_cast<void>(
         app_.log().Trap(method, [&] { return app_.companions().Start(CompanionOf(id)); }));
@@ -61,7 +62,10 @@ bool frmMain::OnCommand(int id) {
 }
 
 void frmMain::PostCommand(int id, const char* method) {
-  method_ = method;
+  if (method) {
+    posted_ = id;
+    posted_method_ = method;
+  }
   PostMessageA(hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0);
 }
 

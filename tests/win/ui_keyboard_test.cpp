@@ -49,7 +49,7 @@ TEST_CASE("a scan, a stop, a removal, a restore, another language and the end by
   REQUIRE(InFront(top));
 
   Press(VK_RETURN);  // the start page's preset picture
-  REQUIRE(WaitFor([&] { return Control(top, IDC_cmdAbort) != nullptr; }));
+  REQUIRE(ReadyControl(top, IDC_cmdAbort));
   Press(VK_ESCAPE);
   REQUIRE(ReadyControl(top, IDC_cmdNext));
   CHECK(Text(Control(top, IDC_lblScanStatus)) == "Scan stopped");
