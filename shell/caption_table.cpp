@@ -70,7 +70,7 @@ const Caption kCaptions[] = {
     {1702, "Start Scan"},
     {1704, "Backup Manager"},
     {1707, "Options"},
-    {1710, "Online Help"},
+    {1710, "Help"},
     {1719, "Scan Folder..."},
     {1721, "Live Update"},
     {1724, "Adware Uninstaller"},

@@ -167,7 +167,7 @@ Outcome frmMain::ShowBackups() {
 
 Outcome frmMain::ShowIgnoreList() {
   frmIgnore(shared_, app_.ignore(), [this] {
-    help_.ShowPage("frmIgnore", "cmdHelp_Click");
+    help_.OpenFile("cmdHelp_Click");
   }).ShowModal(hwnd());
   return {};
 }

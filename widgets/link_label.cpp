@@ -1,5 +1,6 @@
 #include "widgets/link_label.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace scourwell {
@@ -47,15 +48,26 @@ LRESULT LinkLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
   return DrawnButton::OnMessage(message, wparam, lparam);
 }
 
+// In the colour of the text; an underlined font may draw the line longer than the text.
+void LinkLabel::Underline(HDC dc, const RECT& area, int width) const {
+  TEXTMETRICA font = {};
+  GetTextMetricsA(dc, &font);
+  const int top = (area.top + area.bottom - font.tmHeight) / 2 + font.tmAscent + 1;
+  const RECT line = {area.left, top, std::min<LONG>(area.right, area.left + width),
+                     top + std::max(1, metrics().Scale(1))};
+  SetBkColor(dc, GetTextColor(dc));
+  ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &line, nullptr, 0, nullptr);
+  SetBkMode(dc, TRANSPARENT);
+}
+
 void LinkLabel::Draw(HDC dc, RECT area, const State& state) const {
   const std::string text = Shown();
   SetTextColor(dc, faded() ? GetSysColor(COLOR_GRAYTEXT) : LinkColour());
   RECT inner = area;
   InflateRect(&inner, -metrics().Scale(3), 0);
-  const HGDIOBJ old = SelectObject(dc, metrics().underlined());
   DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &inner,
             DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
-  SelectObject(dc, old);
+  Underline(dc, inner, metrics().TextWidth(text));
   SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
   if (state.focused) DrawFocusRect(dc, &area);
 }

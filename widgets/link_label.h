@@ -12,6 +12,7 @@ class LinkLabel : public DrawnButton {
 
  private:
   std::string Shown() const;
+  void Underline(HDC dc, const RECT& area, int width) const;
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
   void Draw(HDC dc, RECT area, const State& state) const override;
 };

@@ -72,7 +72,6 @@ Metrics::Metrics() {
   bold_.Reset(Bold(message, 100));
   heading_.Reset(Bold(message, 110));
   title_.Reset(Bold(message, 170));
-  underlined_.Reset(Underlined(message));
   const LOGFONTA menu = Named(message, "Ms Sans Serif");
   menu_.Reset(CreateFontIndirectA(&menu));
   menu_bold_.Reset(Bold(menu, 100));

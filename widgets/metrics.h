@@ -26,7 +26,6 @@ class Metrics {
   HFONT bold() const { return bold_.get(); }
   HFONT heading() const { return heading_.get(); }  // bold, larger
   HFONT title() const { return title_.get(); }      // bold, largest
-  HFONT underlined() const { return underlined_.get(); }
   HFONT menu() const { return menu_.get(); }  // of the side menu
   HFONT menu_bold() const { return menu_bold_.get(); }
   HFONT menu_underlined() const { return menu_underlined_.get(); }
@@ -57,7 +56,6 @@ class Metrics {
   FontHandle bold_;
   FontHandle heading_;
   FontHandle title_;
-  FontHandle underlined_;
   FontHandle menu_;
   FontHandle menu_bold_;
   FontHandle menu_underlined_;

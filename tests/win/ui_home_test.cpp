@@ -35,9 +35,11 @@ void Choose(HWND top, const std::string& text) {
   const HWND menu = ReadyControl(top, IDC_MenuXP1);
   REQUIRE(menu);
   const std::vector<std::string> texts = SideMenuTexts(menu);
-  const auto found = std::find(texts.begin(), texts.end(), text);
-  REQUIRE_MESSAGE(found != texts.end(), text);
-  SendMessageA(menu, LB_SETCURSEL, static_cast<WPARAM>(found - texts.begin()), 0);
+  // The last of them: a group may be called like its entry.
+  std::size_t row = texts.size();
+  while (row > 0 && texts[row - 1] != text) --row;
+  REQUIRE_MESSAGE(row > 0, text);
+  SendMessageA(menu, LB_SETCURSEL, row - 1, 0);
   PostMessageA(menu, WM_KEYDOWN, VK_RETURN, 1);
 }
 
@@ -112,7 +114,7 @@ TEST_CASE("a first start: the side menu, the statistics and what the program wor
   CHECK(entries ==
         "Scan|Start Scan|Scan Folder...|Tools|Backup Manager|Ignore List|Startup Manager|Adware "
         "Uninstaller|Browser Helper Manager|Pop-up Blocker|Resident Watcher|Network Repair|Hijack "
-        "Scanner|Configuration|Options|Live Update|Help|Online Help|Visit Us Online|");
+        "Scanner|Configuration|Options|Live Update|Help|Help|Visit Us Online|");
   CHECK(Text(Control(top, IDC_lblScans)) == "0");
   CHECK(Text(Control(top, IDC_lblLastScan)) == "Never");
   CHECK(Text(Control(top, IDC_lblRemoved)) == "0");
@@ -256,7 +258,7 @@ TEST_CASE("web pages and the help file open with the programs that are registere
   Program program("");
   const HWND top = program.MainWindow();
   REQUIRE(top);
-  Choose(top, "Online Help");
+  Choose(top, "Help");
   CHECK(Count(Witnessed(1), "http://www.scourwell.example/support/") == 1);
   Command(top, IDM_mnuOnlineHelp);
   CHECK(Count(Witnessed(1), "http://www.scourwell.example/support/") == 1);
