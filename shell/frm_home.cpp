@@ -160,7 +160,9 @@ int frmHome::LayOut(Layout& layout, Area area, bool header) {
 void frmHome::LayOutPictures(Layout& layout, Area* area, PictureButton* pictures, int count) {
   int least = 0;
   for (int i = 0; i < count; ++i) least = std::max(least, pictures[i].LeastWidth());
-  const int columns = std::clamp(area->width() / least, 1, count);
+  const int most = std::clamp(area->width() / least, 1, count);
+  const int rows = (count + most - 1) / most;
+  const int columns = (count + rows - 1) / rows;
   const int width = std::min(std::max(metrics().Scale(112), least), area->width() / columns);
   int height = 0;
   for (int i = 0; i < count; ++i) height = std::max(height, pictures[i].HeightFor(width));

@@ -15,7 +15,9 @@ constexpr UINT_PTR kTimer1 = 1;
 constexpr UINT kUpdateDelay = 1500;    // milliseconds
 constexpr int kSmallestWidth = 10840;  // 1/1440 inch
 constexpr int kSmallestHeight = 6100;
-constexpr int kLeastPage = 290;  // pixels that the side menu leaves to a page
+// Pixels that a page keeps, whatever else would like to stand beside it.
+constexpr int kLeastHome = 290;
+constexpr int kLeastScan = 440;
 
 // Only top-level windows hear of new colours, but the common controls keep copies of them.
 BOOL CALLBACK ForwardColours(HWND window, LPARAM) {
@@ -153,10 +155,12 @@ void frmMain::OnSize(Area area) {
   area.CutBottom(sbrMain_.Fit());
   {
     Layout layout;
-    const bool side_menu = SideMenuFits(area.width());
+    const bool tree = TreeFits(area.width());
+    const bool side_menu = tree && SideMenuFits(area.width());
     if (side_menu) layout.Place(MenuXP1_, area.CutLeft(MenuXP1_.Width()));
     MenuXP1_.Show(side_menu);
-    if (tree_.Shown()) layout.Place(tree_.hwnd(), area.CutLeft(tree_.Width()));
+    if (tree) layout.Place(tree_.hwnd(), area.CutLeft(tree_.Width()));
+    tree_.Show(tree);
     layout.Place(client_, area);
   }
   FitPage();
@@ -214,14 +218,19 @@ void frmMain::FitPage() {
   }
 }
 
+// It waits while a scan is in front, and leaves a small screen to that.
+bool frmMain::TreeFits(int width) const {
+  return tree_wanted_ && (!scan_ || width >= tree_.Width() + metrics().Scale(kLeastScan));
+}
+
 // Its commands are in the menu bar, too.
 bool frmMain::SideMenuFits(int width) const {
-  return home_ && home_->Shown() && tree_.Shown() &&
-         width >= MenuXP1_.Width() + tree_.Width() + metrics().Scale(kLeastPage);
+  return home_ && home_->Shown() &&
+         width >= MenuXP1_.Width() + tree_.Width() + metrics().Scale(kLeastHome);
 }
 
 void frmMain::ShowTree(bool shown) {
-  tree_.Show(shown);
+  tree_wanted_ = shown;
   OnSize(ClientArea());
 }
 

@@ -78,6 +78,7 @@ class frmMain : public Window, public FormHost {
   void EnableCommands();
   void FillSideMenu();
   void LanguageChanged();
+  bool TreeFits(int width) const;
   bool SideMenuFits(int width) const;
 
   Page* page() const;
@@ -99,6 +100,7 @@ class frmMain : public Window, public FormHost {
   HWND client_ = nullptr;
   StatusBar sbrMain_;
   frmTree tree_;
+  bool tree_wanted_ = true;
   std::unique_ptr<frmHome> home_;
   std::unique_ptr<frmScanSpy> scan_;
   PageKeys keys_;

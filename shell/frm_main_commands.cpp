@@ -166,9 +166,7 @@ Outcome frmMain::ShowBackups() {
 }
 
 Outcome frmMain::ShowIgnoreList() {
-  frmIgnore(shared_, app_.ignore(), [this] {
-    help_.OpenFile("cmdHelp_Click");
-  }).ShowModal(hwnd());
+  frmIgnore(shared_, app_.ignore(), [this] { help_.OpenFile("cmdHelp_Click"); }).ShowModal(hwnd());
   return {};
 }
 

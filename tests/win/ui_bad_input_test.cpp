@@ -204,6 +204,61 @@ TEST_CASE("a broken language pack and a log folder that was never there") {
   CHECK(Setting("Path", "LogPath") == "C:\\Scourwell");
 }
 
+TEST_CASE("a store full of odd values: the start page and the options come up all the same") {
+  PlantMachine();
+  const std::string endless(3000, 'x');
+  SetSetting("Language", "Name", "..\\..\\" + endless + "*?.ini");
+  SetSetting("Mark", "Checked", "perhaps");
+  SetSetting("AutoSave", "AutoSave", "true");
+  SetSetting("ScanSections", "Trojans", endless);
+  SetSetting("Path", "LogPath", "C:\\windows\\notepad.exe");
+  SetSetting("Path", "BackupPath", "\\\\?\\" + endless);
+  SetSetting("Path", "DefinitionsPath", "con");
+  SetSetting("Statistics", "NUMBER OF SCANS", "many");
+  SetSetting("Statistics", "LAST SCAN DATE", endless);
+  SetSetting("Statistics", "NUMBER OF OBJECTS", "99999999999999999999");
+  Program program("");
+  const HWND top = program.MainWindow();
+  REQUIRE(top);
+  REQUIRE(ReadyControl(top, IDC_imgSearch));
+  Command(top, IDM_mnuOptions);
+  const HWND options = program.Window("Options");
+  REQUIRE(options);
+  Click(ReadyControl(options, IDC_CmdProceed));
+  REQUIRE(WaitFor([&] { return !IsWindow(options); }));
+  CHECK(program.Close());
+  CHECK(program.ExitCode() == 0);
+  CHECK(Setting("AutoSave", "AutoSave") == "False");
+  CHECK(Setting("ScanSections", "Trojans") == "False");
+  CHECK(Setting("Path", "LogPath") == "C:\\Scourwell");
+  CHECK(Setting("Path", "BackupPath") == "C:\\Scourwell");
+  CHECK(Setting("Path", "DefinitionsPath") == "C:\\Scourwell\\Ini");
+}
+
+TEST_CASE("a pack that changes and goes while a scan runs does not disturb it") {
+  PlantMachine();
+  const std::string pack = std::string(kProgramFolder) + "Lang\\Passing.ini";
+  const std::string head = "[Adware Language Pack]\r\n";
+  PlantContent(pack, head + "1808=First\r\n");
+  SetSetting("Language", "Name", "Passing.ini");
+  {
+    Program program("/STARTUP");
+    const HWND top = program.MainWindow();
+    REQUIRE(top);
+    REQUIRE(ReadyControl(top, IDC_cmdAbort));
+    PlantContent(pack, std::string(100000, '\xFF'));
+    Sleep(300);
+    PlantContent(pack, head + "1808=Second\r\n");
+    Sleep(300);
+    Erase(pack);
+    REQUIRE(WaitFor(LogIsComplete, 60000));
+    CHECK(LogText().find("Components found: 3\r\n") != std::string::npos);
+    CHECK(WaitFor([&] { return Text(Control(top, IDC_lblScanStatus)) == "Scan finished"; }));
+    CHECK(program.Close());
+    CHECK(program.ExitCode() == 0);
+  }
+}
+
 TEST_SUITE_END();
 
 }  // namespace scourwell::ui

@@ -162,6 +162,19 @@ TEST_CASE("a first start shows the defaults, and what is changed is stored with 
   CHECK(Setting("Path", "LogPath") == "C:\\planted\\logs");
   CHECK(Setting("Path", "BackupPath") == "Q:\\no such folder");
   CHECK(program.Close());
+  Program again("");
+  Options options(again);
+  for (const Box& box : kBoxes) {
+    options.Tab(box.tab);
+    const std::string key = box.key;
+    CAPTURE(key);
+    CHECK(options.Checked(box.id) == (std::string(box.changed) == "True"));
+  }
+  options.Tab(3);
+  CHECK(Text(options.At(IDC_txtLogfiles)) == "C:\\planted\\logs");
+  CHECK(Text(options.At(IDC_txtBackup)) == "C:\\Scourwell");  // what was typed does not exist
+  options.Press(IDC_cmdCancelOptions);
+  CHECK(again.Close());
   CHECK(Errors() == "");
 }
 
