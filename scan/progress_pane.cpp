@@ -68,7 +68,7 @@ void ProgressPane::OnCreate() {
   cmdCancel_.Create(env_, hwnd(), IDC_cmdCancel, Text(1402));
   cmdAbort_.Enable(false);
   cmdNext_.Enable(false);
-  images_ = LoadImageList(env_.instance, IDB_Kinds16, kPicture);
+  images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
 }
 
 void ProgressPane::CreateSummary() {
@@ -125,6 +125,8 @@ void ProgressPane::LayOutProgress(Layout& layout, Area* area) {
   layout.Place(lblFScan_, right);
 }
 
+int ProgressPane::PictureSize() const { return kPicture * metrics().PictureFactor(); }
+
 int ProgressPane::NumberWidth() const {
   return std::max({metrics().TextWidth(lblScanned_.Text()),
                    metrics().TextWidth(lblInfected_.Text()), metrics().Scale(70)}) +
@@ -134,7 +136,7 @@ int ProgressPane::NumberWidth() const {
 void ProgressPane::LayOutSummary(Layout& layout, Area* area) {
   const int heading = metrics().LineHeight(metrics().bold());
   const int inset = metrics().Gap();
-  row_height_ = std::max(metrics().LineHeight(), kPicture) + metrics().Scale(3);
+  row_height_ = std::max(metrics().LineHeight(), PictureSize()) + metrics().Scale(3);
   const int number = NumberWidth();
   Area table = area->CutTop(heading + (kRows + 1) * row_height_ + 3 * metrics().Scale(4));
   table.right = std::min(table.right, table.left + metrics().Scale(520));
@@ -150,7 +152,7 @@ void ProgressPane::LayOutSummary(Layout& layout, Area* area) {
     Area row = table.CutTop(row_height_);
     layout.Place(each.infected, row.CutRight(number));
     layout.Place(each.scanned, row.CutRight(number));
-    row.CutLeft(kPicture + 2 * inset);
+    row.CutLeft(PictureSize() + 2 * inset);
     row.CutTop(lower);
     layout.Place(each.caption, row);
   }
@@ -177,7 +179,7 @@ void ProgressPane::OnPaint(HDC dc) {
     DrawEdge(dc, &rule, EDGE_ETCHED, BF_TOP);
   }
   for (int i = 0; i < kRows; ++i) {
-    const int y = icon_rows_ + i * row_height_ + (row_height_ - kPicture) / 2;
+    const int y = icon_rows_ + i * row_height_ + (row_height_ - PictureSize()) / 2;
     ImageList_Draw(images_.get(), kSummary[i].picture, dc, summary_.left + inset, y, ILD_NORMAL);
   }
 }

@@ -52,6 +52,7 @@ class ProgressPane : public Pane {
   void RefreshBars();
   void RefreshTimes();
   void RefreshSummary();
+  int PictureSize() const;
   int NumberWidth() const;
 
   const ScanProgress& progress_;
