@@ -19,14 +19,14 @@ add_custom_command(TARGET Scourwell POST_BUILD
 set(program_folder ${PROJECT_SOURCE_DIR}/out/Scourwell)
 
 # The default definitions. The tool that makes them must run here, so it is built once more, for
-# this machine.
+# this machine; it runs for a moment, which no optimising repays.
 include(ExternalProject)
 set(host_refc ${PROJECT_BINARY_DIR}/host/refc/refc)
 ExternalProject_Add(host_tools
   SOURCE_DIR ${PROJECT_SOURCE_DIR}
   BINARY_DIR ${PROJECT_BINARY_DIR}/host
   PREFIX ${PROJECT_BINARY_DIR}/host-tools
-  CMAKE_ARGS -DSCOURWELL_HOST_TOOLS=ON -DCMAKE_BUILD_TYPE=Release
+  CMAKE_ARGS -DSCOURWELL_HOST_TOOLS=ON -DCMAKE_BUILD_TYPE=None
   BUILD_COMMAND ${CMAKE_COMMAND} --build <BINARY_DIR> --target refc
   BUILD_ALWAYS TRUE
   BUILD_BYPRODUCTS ${host_refc}
