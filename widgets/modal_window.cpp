@@ -48,6 +48,7 @@ void ModalWindow::ShowModal(HWND owner) {
   ShowWindow(hwnd(), SW_SHOW);
   SetFocus(FirstFocus());
   OnShown();
+  default_button_.Follow(DefaultButton());
   MSG message;
   while (hwnd()) {
     const BOOL got = GetMessageA(&message, nullptr, 0, 0);

@@ -96,7 +96,14 @@ class Judge {
     PostMessageA(FocusOf(window_), WM_NULL, 0, 0);
     Report(AccessKeyFaults(controls, pack.Texts(row_.menu)), "");
     Report(Placement(), "");
-    Report(DefaultButtonFaults(ShownControls(window_), row_.has_default), "");
+    Faults buttons;
+    WaitFor(
+        [&] {
+          buttons = DefaultButtonFaults(ShownControls(window_), row_.has_default);
+          return buttons.empty();
+        },
+        5000);
+    Report(buttons, "");
     if (GetWindowLongA(window_, GWL_STYLE) & WS_THICKFRAME) RunSizes();
   }
 
