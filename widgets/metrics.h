@@ -26,7 +26,7 @@ class Metrics {
   HFONT bold() const { return bold_.get(); }
   HFONT heading() const { return heading_.get(); }  // bold, larger
   HFONT title() const { return title_.get(); }      // bold, largest
-  HFONT menu() const { return menu_.get(); }  // of the side menu
+  HFONT menu() const { return menu_.get(); }        // of the side menu
   HFONT menu_bold() const { return menu_bold_.get(); }
   HFONT menu_underlined() const { return menu_underlined_.get(); }
 
