@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
+#include "widgets/button_rows.h"
 #include "widgets/file_dialog.h"
-#include "widgets/layout.h"
 #include "widgets/message_box.h"
 #include "widgets/path_cell.h"
 #include "widgets/resource.h"
@@ -85,17 +85,15 @@ void frmTool::OnSize(Area area) {
   filter.CutTop(metrics().Scale(4));
   layout.Place(lblStatus_, filter);
   inner.CutTop(metrics().Gap());
-  Area buttons = inner.CutBottom(metrics().ButtonHeight());
+  std::vector<const Button*> commands;
+  for (std::size_t i = 0; i < Commands().size(); ++i) commands.push_back(&buttons_[i]);
+  const Button* close = &cmdClose_;
+  PlaceButtons(layout, metrics(), &inner, commands, std::span(&close, 1));
   inner.CutBottom(metrics().Margin());
   layout.Place(list_, inner);
   const int line = metrics().LineHeight();
   const Area empty = inner.Shrunk(metrics().Scale(4), std::max(0, inner.height() / 2 - line));
   layout.Place(lblEmpty_, {empty.left, empty.top, empty.right, empty.top + 2 * line});
-  for (std::size_t i = 0; i < Commands().size(); ++i) {
-    layout.Place(buttons_[i], buttons.CutLeft(buttons_[i].width()));
-    buttons.CutLeft(metrics().Gap());
-  }
-  layout.Place(cmdClose_, buttons.CutRight(cmdClose_.width()));
 }
 
 void frmTool::ShowRows() {

@@ -1,6 +1,6 @@
 #include "widgets/list_dialog.h"
 
-#include "widgets/layout.h"
+#include "widgets/button_rows.h"
 
 namespace scourwell {
 
@@ -15,20 +15,13 @@ void ListDialog::Arrange(Area area, const Control& list, std::initializer_list<c
   Layout layout;
   layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
   Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
-  Area buttons = inner.CutBottom(metrics().ButtonHeight());
+  PlaceButtons(layout, metrics(), &inner, std::span(left.begin(), left.size()),
+               std::span(right.begin(), right.size()));
   inner.CutBottom(metrics().Margin());
   layout.Place(list, inner);
   const int line = metrics().LineHeight();
   const Area empty = inner.Shrunk(metrics().Scale(4), inner.height() / 2 - line);
   layout.Place(lblEmpty_, {empty.left, empty.top, empty.right, empty.top + 2 * line});
-  for (const Button* button : left) {
-    layout.Place(*button, buttons.CutLeft(button->width()));
-    buttons.CutLeft(metrics().Gap());
-  }
-  for (const Button* button : right) {
-    layout.Place(*button, buttons.CutRight(button->width()));
-    buttons.CutRight(metrics().Gap());
-  }
 }
 
 LRESULT ListDialog::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
