@@ -85,7 +85,7 @@ void frmHome::RefreshFacts() {
   Statistics& statistics = app_.statistics();
   const std::string values[kFacts] = {
       statistics.getNumberOfScans(), statistics.getLastSystemScanDate(),
-      statistics.getNumberOfObjectsRemoved(), LanguageName(), DefinitionsNumber()};
+      statistics.getNumberOfObjectsRemoved(), app_.language().Name(), DefinitionsNumber()};
   for (int i = 0; i < kFacts; ++i) {
     facts_[i].caption.SetText(Text(kRows[i].caption));
     facts_[i].value.SetText(values[i]);
@@ -95,12 +95,6 @@ void frmHome::RefreshFacts() {
 std::string frmHome::DefinitionsNumber() {
   const std::string number = app_.reference().updateListfromINI("SETTINGS", "UPDATE-FILE-NUMBER");
   return number.empty() ? "0-0-0-0" : number;
-}
-
-// The pack's file name without ".ini".
-std::string frmHome::LanguageName() const {
-  const std::string& file = app_.settings().LanguageFile;
-  return file.substr(0, file.size() - std::min<std::size_t>(file.size(), 4));
 }
 
 int frmHome::CaptionWidth() const {

@@ -56,7 +56,6 @@ class frmHome : public Page {
   void LayOutLinks(Layout& layout, Area* area);
   void Arrange();
   std::string DefinitionsNumber();
-  std::string LanguageName() const;
   int CaptionWidth() const;
 
   Application& app_;

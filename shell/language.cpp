@@ -34,10 +34,13 @@ std::string Language::Text(int number) const {
   return SetCaptionfromINI(std::to_string(number), DefaultCaption(number));
 }
 
-std::string Language::StatusText() const {
+std::string Language::Name() const {
   const std::string& file = settings_.LanguageFile;
-  const std::string name = file.substr(0, file.size() - std::min(file.size(), kExtension));
-  return SetCaptionfromINI("1743", "Language:") + " " + name;
+  return file.substr(0, file.size() - std::min(file.size(), kExtension));
+}
+
+std::string Language::StatusText() const {
+  return SetCaptionfromINI("1743", "Language:") + " " + Name();
 }
 
 Outcome Language::Refresh() const {

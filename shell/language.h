@@ -39,6 +39,8 @@ class Language : public Captions {
   // The same with the English default of the caption table.
   std::string Text(int number) const override;
 
+  // The pack's file name without ".ini".
+  std::string Name() const;
   // "Language: English", as the status bar shows it.
   std::string StatusText() const;
 
