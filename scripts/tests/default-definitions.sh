@@ -29,9 +29,10 @@ machine() {
 
 # Scans unattended and leaves the log in $prefix/log.
 scan() {
-    local tries log
-    xvfb-run -a -s "-screen 0 1024x768x24" "$project/scripts/wine" 'C:\Scourwell\Scourwell.exe' /STARTUP \
+    local tries log scanner
+    "$project/scripts/wine" 'C:\Scourwell\Scourwell.exe' /STARTUP \
         > "$prefix/output" 2>&1 &
+    scanner=$!
     for ((tries = 0; tries < 600; tries++)); do
         sleep 0.2
         log=$(find "$drive/Scourwell" -maxdepth 1 -name 'ScanLog*.txt')
@@ -40,7 +41,7 @@ scan() {
     sleep 1
     [ -z "$spy" ] || ! kill -0 "$spy" 2>/dev/null || complain "the running spy was not ended"
     wine --kill
-    wait
+    wait "$scanner" $spy || true
     [ -n "$log" ] || { complain "no scan log"; return 1; }
     tr -d '\r' < "$log" > "$prefix/log"
     # The planted shortcuts are texts.
@@ -53,6 +54,9 @@ found() { sed -n 's/^Components found: //p' "$prefix/log" | tail -n 1; }
 
 export WINEPREFIX
 mkdir -p "$work"
+. "$project/scripts/display.sh"
+trap stop_display EXIT
+start_display
 "$refc" dump "$project/out/Scourwell/Ini/update.ref" > "$work/dump.txt"
 
 # --- something for every row -----------------------------------------------------------------
