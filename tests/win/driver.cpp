@@ -40,12 +40,6 @@ class Remote {
   char* memory_ = nullptr;
 };
 
-LRESULT Send(HWND window, UINT message, WPARAM w, LPARAM l) {
-  DWORD_PTR result = 0;
-  SendMessageTimeoutA(window, message, w, l, SMTO_NORMAL, kAnswerTime, &result);
-  return static_cast<LRESULT>(result);
-}
-
 struct Search {
   DWORD process = 0;
   int id = -1;
@@ -101,6 +95,22 @@ void AddTreeRows(HWND tree, LRESULT node, int depth, std::vector<TreeRow>* rows)
 
 }  // namespace
 
+LRESULT Send(HWND window, UINT message, WPARAM w, LPARAM l) {
+  DWORD_PTR result = 0;
+  SendMessageTimeoutA(window, message, w, l, SMTO_NORMAL, kAnswerTime, &result);
+  return static_cast<LRESULT>(result);
+}
+
+std::string ItemText(HWND list, UINT message, int row) {
+  wchar_t wide[200] = L"";
+  DWORD_PTR result = 0;
+  SendMessageTimeoutW(list, message, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(wide),
+                      SMTO_NORMAL, kAnswerTime, &result);
+  std::string text;
+  for (const wchar_t* c = wide; *c; ++c) text += static_cast<char>(*c);
+  return text;
+}
+
 Program::Program(const std::string& arguments) {
   std::string line = std::string(kProgram) + " " + arguments;
   STARTUPINFOA startup = {};
@@ -116,7 +126,10 @@ Program::Program(const std::string& arguments) {
 }
 
 Program::~Program() {
-  if (process_ && !Ended(0)) TerminateProcess(process_.get(), 1);
+  if (!process_ || Ended(0)) return;
+  TerminateProcess(process_.get(), 1);
+  // The next one would find it still running and leave at once.
+  Ended(10000);
 }
 
 bool Program::Ended(DWORD milliseconds) {

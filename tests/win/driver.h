@@ -11,6 +11,12 @@
 
 namespace scourwell::ui {
 
+// Sends a message; a window that does not answer within seconds counts as one that answers 0.
+LRESULT Send(HWND window, UINT message, WPARAM w, LPARAM l);
+// A text that a list box or combo box holds. Read as a wide one: Wine does not turn it back for
+// another process.
+std::string ItemText(HWND list, UINT message, int row);
+
 // One started program; ended by force if it still runs at the end.
 class Program {
  public:

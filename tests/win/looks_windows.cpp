@@ -42,7 +42,7 @@ template <int tab>
 void ShowOptions(Tour& tour) {
   Choose<IDM_mnuOptions>(tour);
   const HWND options = tour.program.WindowOfClass("frmOptions");
-  SendMessageA(ReadyControl(options, IDC_OptionsTabs), TCM_SETCURFOCUS, tab, 0);
+  Send(ReadyControl(options, IDC_OptionsTabs), TCM_SETCURFOCUS, tab, 0);
 }
 
 void AddTask(Tour& tour) {

@@ -18,15 +18,8 @@ RegistryWin registry;
 // The texts of the side menu, from top to bottom.
 std::vector<std::string> SideMenuTexts(HWND menu) {
   std::vector<std::string> texts;
-  const auto count = static_cast<int>(SendMessageA(menu, LB_GETCOUNT, 0, 0));
-  for (int i = 0; i < count; ++i) {
-    // Wide: Wine does not turn this text back for another process.
-    wchar_t wide[200] = L"";
-    SendMessageW(menu, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(wide));
-    std::string text;
-    for (const wchar_t* c = wide; *c; ++c) text += static_cast<char>(*c);
-    texts.push_back(text);
-  }
+  const auto count = static_cast<int>(Send(menu, LB_GETCOUNT, 0, 0));
+  for (int i = 0; i < count; ++i) texts.push_back(ItemText(menu, LB_GETTEXT, i));
   return texts;
 }
 
@@ -39,7 +32,7 @@ void Choose(HWND top, const std::string& text) {
   std::size_t row = texts.size();
   while (row > 0 && texts[row - 1] != text) --row;
   REQUIRE_MESSAGE(row > 0, text);
-  SendMessageA(menu, LB_SETCURSEL, row - 1, 0);
+  Send(menu, LB_SETCURSEL, row - 1, 0);
   PostMessageA(menu, WM_KEYDOWN, VK_RETURN, 1);
 }
 
@@ -193,7 +186,7 @@ TEST_CASE("the scan picture and the side menu scan; with nothing ticked both say
   CHECK(Text(Control(top, IDC_lblScans)) == "2");
   CHECK(Text(Control(top, IDC_lblLastScan)).find(" @ ") == 8);
   const HWND tree = Control(top, IDC_TreeView1);
-  SendMessageA(tree, TVM_SELECTITEM, TVGN_CARET, SendMessageA(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0));
+  Send(tree, TVM_SELECTITEM, TVGN_CARET, Send(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0));
   PostMessageA(tree, WM_KEYDOWN, VK_SPACE, 0);
   REQUIRE(WaitFor([&] { return !TreeRows(tree)[0].checked; }));
   for (const int command : {0, IDM_mnuStartScan}) {

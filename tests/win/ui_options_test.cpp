@@ -58,8 +58,8 @@ struct Options {
     REQUIRE(tabs);
   }
   void Tab(int tab) {
-    SendMessageA(tabs, TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
-    CHECK(SendMessageA(tabs, TCM_GETCURSEL, 0, 0) == tab);
+    Send(tabs, TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
+    CHECK(Send(tabs, TCM_GETCURSEL, 0, 0) == tab);
   }
   // A control of the tab in front.
   HWND At(int id) {
@@ -68,7 +68,7 @@ struct Options {
     REQUIRE(control);
     return control;
   }
-  bool Checked(int id) { return SendMessageA(At(id), BM_GETCHECK, 0, 0) == BST_CHECKED; }
+  bool Checked(int id) { return Send(At(id), BM_GETCHECK, 0, 0) == BST_CHECKED; }
   void Toggle(int id) {
     const bool before = Checked(id);
     Click(At(id));
@@ -81,21 +81,16 @@ struct Options {
   std::string Languages() {
     const HWND combo = At(IDC_CmbLang);
     std::string names;
-    // Wide: Wine does not turn this text back for another process.
-    for (LRESULT i = 0; i < SendMessageW(combo, CB_GETCOUNT, 0, 0); ++i) {
-      wchar_t name[200] = L"";
-      SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(name));
-      for (const wchar_t* c = name; *c; ++c) names += static_cast<char>(*c);
-      names += ' ';
-    }
+    const auto count = static_cast<int>(Send(combo, CB_GETCOUNT, 0, 0));
+    for (int i = 0; i < count; ++i) names += ItemText(combo, CB_GETLBTEXT, i) + ' ';
     return names;
   }
-  int Language() { return static_cast<int>(SendMessageA(At(IDC_CmbLang), CB_GETCURSEL, 0, 0)); }
+  int Language() { return static_cast<int>(Send(At(IDC_CmbLang), CB_GETCURSEL, 0, 0)); }
   // As the user does: the dialog hears of it.
   void ChooseLanguage(int index) {
-    SendMessageA(At(IDC_CmbLang), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-    SendMessageA(GetParent(At(IDC_CmbLang)), WM_COMMAND, MAKEWPARAM(IDC_CmbLang, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(At(IDC_CmbLang)));
+    Send(At(IDC_CmbLang), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    Send(GetParent(At(IDC_CmbLang)), WM_COMMAND, MAKEWPARAM(IDC_CmbLang, CBN_SELCHANGE),
+         reinterpret_cast<LPARAM>(At(IDC_CmbLang)));
   }
 
   Program& program;
@@ -152,8 +147,8 @@ TEST_CASE("a first start shows the defaults, and what is changed is stored with 
     CHECK_FALSE(Control(options.window, IDC_lblBackupHint));
     SetText(options.At(IDC_txtLogfiles), "C:\\planted\\logs");
     SetText(options.At(IDC_txtBackup), "Q:\\no such folder");
-    SendMessageA(GetParent(options.At(IDC_txtBackup)), WM_COMMAND,
-                 MAKEWPARAM(IDC_txtBackup, EN_KILLFOCUS), 0);
+    Send(GetParent(options.At(IDC_txtBackup)), WM_COMMAND, MAKEWPARAM(IDC_txtBackup, EN_KILLFOCUS),
+         0);
     CHECK(Control(options.window, IDC_lblBackupHint));
     CHECK_FALSE(Control(options.window, IDC_lblLogfilesHint));
     options.Press(IDC_CmdProceed);

@@ -137,7 +137,7 @@ TEST_CASE("what was backed up and removed comes back byte for byte") {
   const HWND ask = program.Window("Backup File Name");
   REQUIRE(ask);
   SetWindowTextA(Control(ask, IDC_txtAnswer), "test one");
-  SendMessageA(Control(ask, IDC_txtAnswer), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("test one"));
+  SetText(Control(ask, IDC_txtAnswer), "test one");
   Click(Control(ask, IDOK));
   Answer(&program, "Information", IDOK);
   CHECK(files.ShortPath("C:\\Scourwell\\test one.qzp") != "");
