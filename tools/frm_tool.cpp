@@ -253,17 +253,8 @@ LRESULT frmTool::FillItem(NMLVDISPINFOA* info) const {
 }
 
 LRESULT frmTool::Draw(NMLVCUSTOMDRAW* draw) const {
+  if (const auto answer = BeforeCells(*draw)) return *answer;
   const auto index = static_cast<std::size_t>(draw->nmcd.dwItemSpec);
-  switch (draw->nmcd.dwDrawStage) {
-    case CDDS_PREPAINT:
-      return CDRF_NOTIFYITEMDRAW;
-    case CDDS_ITEMPREPAINT:
-      return CDRF_NOTIFYSUBITEMDRAW;
-    case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
-      break;
-    default:
-      return CDRF_DODEFAULT;
-  }
   if (index >= view_->size() || view_->Row(index) >= Table().size()) return CDRF_DODEFAULT;
   const std::size_t row = view_->Row(index);
   const COLORREF colour = IsMarked(row) ? SpyColour() : GetSysColor(COLOR_WINDOWTEXT);

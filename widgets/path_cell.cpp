@@ -17,6 +17,19 @@ RowColours ColoursOf(const ListView& list, int row) {
 
 }  // namespace
 
+std::optional<LRESULT> BeforeCells(const NMLVCUSTOMDRAW& draw) {
+  switch (draw.nmcd.dwDrawStage) {
+    case CDDS_PREPAINT:
+      return CDRF_NOTIFYITEMDRAW;
+    case CDDS_ITEMPREPAINT:
+      return CDRF_NOTIFYSUBITEMDRAW;
+    case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
+      return {};
+    default:
+      return CDRF_DODEFAULT;
+  }
+}
+
 void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::string& path,
                   std::optional<COLORREF> text) {
   const auto row = static_cast<int>(draw.nmcd.dwItemSpec);
@@ -34,16 +47,7 @@ void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::s
 LRESULT DrawPathColumn(const ListView& list, const NMLVCUSTOMDRAW& draw, int column,
                        std::size_t rows,
                        const std::function<const std::string&(std::size_t row)>& path) {
-  switch (draw.nmcd.dwDrawStage) {
-    case CDDS_PREPAINT:
-      return CDRF_NOTIFYITEMDRAW;
-    case CDDS_ITEMPREPAINT:
-      return CDRF_NOTIFYSUBITEMDRAW;
-    case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
-      break;
-    default:
-      return CDRF_DODEFAULT;
-  }
+  if (const auto answer = BeforeCells(draw)) return *answer;
   const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
   if (draw.iSubItem != column || row >= rows) return CDRF_DODEFAULT;
   DrawPathCell(list, draw, path(row));

@@ -7,6 +7,10 @@
 
 namespace scourwell {
 
+// A list draws itself in stages, each of which asks what comes next; the cells are the last.
+// Returns the answer to a stage before them, none when `draw` is about a cell.
+std::optional<LRESULT> BeforeCells(const NMLVCUSTOMDRAW& draw);
+
 // Draws a cell that holds a path too long for its column: the list itself would cut off the end,
 // which is the part that tells most. For the custom draw of a list view in report style. `text` is
 // the colour of the text where the row is not selected.
