@@ -16,6 +16,7 @@ void CheckListView::Create(const WindowEnv& env, HWND parent, int id) {
                WS_EX_CLIENTEDGE, id);
   SetExtendedStyle(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_INFOTIP | kLabelTip);
   Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
+  SetRowHeight(env.metrics.RowHeight());
   Subclass(env, "SpyListView");
 }
 

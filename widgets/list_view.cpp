@@ -33,6 +33,12 @@ void ListView::ShowSortArrow(int column, bool ascending) const {
   }
 }
 
+void ListView::SetRowHeight(int height) {
+  ImageListHandle blank(ImageList_Create(1, height, ILC_COLOR, 0, 1));
+  SetSmallImages(blank.get());
+  blank_ = std::move(blank);
+}
+
 RECT ListView::CellArea(int row, int column) const {
   RECT area = {};
   area.top = column;

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "widgets/gdi_handles.h"
 #include "widgets/subclassed_control.h"
 
 namespace scourwell {
@@ -31,6 +32,9 @@ class ListView : public SubclassedControl {
   void SetSmallImages(HIMAGELIST images) const {
     Send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images));
   }
+  // For a list without pictures: its own rows leave no room around the text. A list made with
+  // LVS_SHAREIMAGELISTS.
+  void SetRowHeight(int height);
   void SetExtendedStyle(DWORD style) const {
     Send(LVM_SETEXTENDEDLISTVIEWSTYLE, style, static_cast<LPARAM>(style));
   }
@@ -52,6 +56,8 @@ class ListView : public SubclassedControl {
   int Next(int row, UINT flags) const {
     return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), MAKELPARAM(flags, 0)));
   }
+
+  ImageListHandle blank_;  // no picture, but its height is the rows'
 };
 
 }  // namespace scourwell

@@ -46,6 +46,7 @@ class Metrics {
   int Gap() const { return Scale(7); }
   int ButtonHeight() const { return line_ + Scale(10); }
   int FieldHeight() const { return line_ + Scale(8); }
+  int RowHeight() const { return line_ + Scale(4); }  // of a list
   // Wide enough for the caption and never narrower than its neighbours usually are.
   int ButtonWidth(const std::string& caption) const;
 

@@ -10,9 +10,10 @@ class ReportListView : public ListView {
   void Create(const WindowEnv& env, HWND parent, int id) {
     CreateHandle(env, parent, WC_LISTVIEWA,
                  WS_TABSTOP | WS_CLIPSIBLINGS | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS |
-                     LVS_SINGLESEL,
+                     LVS_SINGLESEL | LVS_SHAREIMAGELISTS,
                  WS_EX_CLIENTEDGE, id);
     SetExtendedStyle(LVS_EX_FULLROWSELECT);
+    SetRowHeight(env.metrics.RowHeight());
     Subclass(env, "ReportListView");
   }
   // -1: none.
