@@ -55,7 +55,8 @@ void frmMain::Load(const CommandLine& command, int show) {
   frame.place = FirstPlace();
   frame.title = app_.Title();
   CreateHandle(frame);
-  frmSplash(shared_, app_).ShowModal(hwnd(), show);
+  frmSplash splash(shared_, app_);
+  splash.ShowModal(hwnd());
   app_.Start();
   app_.FillTree();
   tree_.FillTree();
@@ -63,17 +64,26 @@ void frmMain::Load(const CommandLine& command, int show) {
   FillSideMenu();
   pump_.translate = [this](MSG* message) { return keys_.Translate(hwnd(), page(), message); };
   OpenFirstPage(command);
-  SetTimer(hwnd(), kTimer1, kUpdateDelay, nullptr);
   ShowTitle();
+  ShowComplete(show);
+  splash.Close();
+  if (command.kind == CommandLine::Kind::StartScan) static_cast<void>(StartScan());
+  SetTimer(hwnd(), kTimer1, kUpdateDelay, nullptr);
 }
 
 void frmMain::OpenFirstPage(const CommandLine& command) {
-  if (command.kind == CommandLine::Kind::ScanPath) {
-    OpenScan(command.path);
-    return ShowTree(false);
+  if (command.kind != CommandLine::Kind::ScanPath) {
+    static_cast<void>(ShowHome());
+    return;
   }
-  static_cast<void>(ShowHome());
-  if (command.kind == CommandLine::Kind::StartScan) static_cast<void>(StartScan());
+  OpenScan(command.path);
+  ShowTree(false);
+}
+
+// All of it at once, not piece by piece.
+void frmMain::ShowComplete(int show) {
+  ShowWindow(hwnd(), show);
+  RedrawWindow(hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 // In the middle of the screen, large enough for the list of results.

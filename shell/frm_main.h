@@ -31,6 +31,7 @@ class frmMain : public Window, public FormHost {
  private:
   void Load(const CommandLine& command, int show);
   void OpenFirstPage(const CommandLine& command);
+  void ShowComplete(int show);
   Area FirstPlace() const;
   SIZE SmallestSize() const;
 

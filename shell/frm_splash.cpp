@@ -14,9 +14,7 @@ constexpr UINT kDuration = 1200;  // milliseconds
 frmSplash::frmSplash(const WindowEnv& env, const Application& app)
     : Window(env, "frmSplash"), app_(app), symbol_(env, IDB_Banner, 64) {}
 
-void frmSplash::ShowModal(HWND owner, int show) {
-  owner_ = owner;
-  show_ = show;
+void frmSplash::ShowModal(HWND owner) {
   const int width = metrics().Scale(400);
   const int height = metrics().Scale(150);
   const int left = (GetSystemMetrics(SM_CXSCREEN) - width) / 2;
@@ -33,10 +31,16 @@ void frmSplash::ShowModal(HWND owner, int show) {
   SetWindowPos(hwnd(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
   SetTimer(hwnd(), kTimer, kDuration, nullptr);
   MSG message;
-  while (hwnd() && GetMessageA(&message, nullptr, 0, 0) > 0) {
+  while (!over_ && GetMessageA(&message, nullptr, 0, 0) > 0) {
     TranslateMessage(&message);
     DispatchMessageA(&message);
   }
+  KillTimer(hwnd(), kTimer);
+  EnableWindow(owner, TRUE);
+}
+
+void frmSplash::Close() {
+  if (hwnd()) DestroyWindow(hwnd());
 }
 
 void frmSplash::OnCreate() {
@@ -65,26 +69,19 @@ void frmSplash::OnSize(Area area) {
 
 LRESULT frmSplash::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_LBUTTONDOWN || message == WM_KEYDOWN || message == WM_CLOSE) {
-    Close();
+    over_ = true;
     return 0;
   }
   return Window::OnMessage(message, wparam, lparam);
 }
 
-void frmSplash::OnTimer(UINT_PTR) { Close(); }
+void frmSplash::OnTimer(UINT_PTR) { over_ = true; }
 
 void frmSplash::OnPaint(HDC dc) {
   Area area = ClientArea();
   symbol_.Draw(dc, metrics().Scale(24), (area.height() - symbol_.size()) / 2);
   RECT stripe = area.CutBottom(metrics().Scale(4)).rect();
   FillRect(dc, &stripe, GetSysColorBrush(COLOR_HIGHLIGHT));
-}
-
-void frmSplash::Close() {
-  KillTimer(hwnd(), kTimer);
-  EnableWindow(owner_, TRUE);
-  ShowWindow(owner_, show_);
-  DestroyWindow(hwnd());
 }
 
 }  // namespace scourwell

@@ -12,9 +12,12 @@ class frmSplash : public Window {
  public:
   frmSplash(const WindowEnv& env, const Application& app);
 
-  // Returns when its timer has closed it. The owner is shown as `show` says just before that, so
-  // that the program keeps its place in front.
-  void ShowModal(HWND owner, int show);
+  ~frmSplash() override { Close(); }
+
+  // Returns when its moment has passed or a click or key has ended it. It stays until it is closed:
+  // the program would lose its place in front while it had no window.
+  void ShowModal(HWND owner);
+  void Close();
 
  private:
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
@@ -23,15 +26,13 @@ class frmSplash : public Window {
   void OnTimer(UINT_PTR id) override;
   void OnPaint(HDC dc) override;
   int BackColour() const override { return COLOR_WINDOW; }
-  void Close();
 
   const Application& app_;
   Picture symbol_;
   Label lblName_;
   Label lblVersion_;
   Label lblText_;
-  HWND owner_ = nullptr;
-  int show_ = SW_SHOWNORMAL;
+  bool over_ = false;
 };
 
 }  // namespace scourwell
