@@ -140,7 +140,7 @@ TEST_SUITE("tool_box") {
     CHECK(tools.OpenText("c:\\autoexec.bat").ok());
     CHECK(Lines(b.m.shell.journal) ==
           "Start C:\\WINDOWS\\regedit.exe \nStart C:\\WINDOWS\\regedit.exe \n"
-          "Start notepad.exe c:\\autoexec.bat\n");
+          "Start C:\\WINDOWS\\notepad.exe c:\\autoexec.bat\n");
   }
 }
 

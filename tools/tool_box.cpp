@@ -20,7 +20,7 @@ Outcome ToolBox::OpenRegistry(const std::string& key) {
 }
 
 Outcome ToolBox::OpenText(const std::string& path) {
-  return machine_.shell.Start("notepad.exe", path);
+  return machine_.shell.Start(AddPathToFileName(machine_.folders.windows, "notepad.exe"), path);
 }
 
 }  // namespace scourwell

@@ -2,6 +2,8 @@
 
 #include <richedit.h>
 
+#include "platform/win/late_bind.h"
+
 namespace scourwell {
 namespace {
 
@@ -24,7 +26,7 @@ HFONT FixedFont(const Metrics& metrics) {
 void TextView::Create(const WindowEnv& env, HWND parent, int id) {
   constexpr DWORD kStyle = WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE | ES_READONLY |
                            ES_NOHIDESEL | ES_AUTOVSCROLL | ES_AUTOHSCROLL;
-  const bool rich = LoadLibraryA("riched32.dll") != nullptr;
+  const bool rich = LoadSystemLibrary("riched32.dll") != nullptr;
   CreateHandle(env, parent, rich ? RICHEDIT_CLASS10A : "EDIT", kStyle, WS_EX_CLIENTEDGE, id);
   Send(rich ? UINT{EM_EXLIMITTEXT} : UINT{EM_LIMITTEXT}, 0, rich ? 0x7FFFFFFE : 0);
   const bool large = env.metrics.Scale(100) > 100;
