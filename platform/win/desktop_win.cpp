@@ -28,12 +28,32 @@ LocalTime FromSystemTime(const SYSTEMTIME& time) {
           time.wMinute, time.wSecond, time.wMilliseconds};
 }
 
+// What ShellExecute answers up to 32: codes of the system's oldest kind, some of them its own.
+DWORD ShellError(INT_PTR result) {
+  switch (result) {
+    case 0:
+      return ERROR_OUTOFMEMORY;
+    case SE_ERR_SHARE:
+      return ERROR_SHARING_VIOLATION;
+    case SE_ERR_ASSOCINCOMPLETE:
+    case SE_ERR_NOASSOC:
+      return ERROR_NO_ASSOCIATION;
+    case SE_ERR_DDETIMEOUT:
+    case SE_ERR_DDEFAIL:
+    case SE_ERR_DDEBUSY:
+      return ERROR_DDE_FAIL;
+    case SE_ERR_DLLNOTFOUND:
+      return ERROR_DLL_NOT_FOUND;
+    default:
+      return static_cast<DWORD>(result);
+  }
+}
+
 Outcome Execute(const char* verb, const std::string& file, const std::string& arguments) {
   const auto result = reinterpret_cast<INT_PTR>(
       ShellExecuteA(GetActiveWindow(), verb, file.c_str(),
                     arguments.empty() ? nullptr : arguments.c_str(), nullptr, SW_SHOWNORMAL));
-  // Up to 32 it is an error code of the system's oldest kind.
-  return result > 32 ? Outcome() : FailedWith(static_cast<DWORD>(result));
+  return result > 32 ? Outcome() : FailedWith(ShellError(result));
 }
 
 }  // namespace

@@ -42,6 +42,7 @@ std::string SystemMessage(DWORD code) {
 }
 
 Outcome FailedWith(DWORD code) {
+  if (code == 0) return Outcome::Failed(kDeviceError);  // it failed without saying why
   const int number = ClassicNumber(code);
   if (number != static_cast<int>(code)) return Outcome::Failed(number);
   const std::string message = SystemMessage(code);
