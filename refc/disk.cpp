@@ -37,15 +37,28 @@ class RealNewFile : public Disk::NewFile {
   bool Commit() override {
     if (!good_ || std::fflush(file_.get()) != 0) return false;
     if (std::fclose(file_.release()) != 0) good_ = false;
-#ifdef _WIN32
-    if (good_) std::remove(path_.c_str());  // a rename does not replace there
-#endif
-    if (good_ && std::rename(beside_.c_str(), path_.c_str()) == 0) return true;
+    if (good_ && Replace()) return true;
     std::remove(beside_.c_str());
     return false;
   }
 
  private:
+#ifdef _WIN32
+  // A rename does not replace there: the old file steps aside, and back if need be.
+  bool Replace() {
+    const std::string aside = path_ + ".old";
+    const bool stepped = std::rename(path_.c_str(), aside.c_str()) == 0;
+    if (std::rename(beside_.c_str(), path_.c_str()) == 0) {
+      if (stepped) std::remove(aside.c_str());
+      return true;
+    }
+    if (stepped) std::rename(aside.c_str(), path_.c_str());
+    return false;
+  }
+#else
+  bool Replace() { return std::rename(beside_.c_str(), path_.c_str()) == 0; }
+#endif
+
   std::string path_;
   std::string beside_;
   File file_;
