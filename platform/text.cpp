@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 
 namespace scourwell {
 namespace {
@@ -108,8 +109,11 @@ std::string Kilobytes(std::uint64_t bytes) {
   return digits;
 }
 
+// FNV-1a from a start of this run's own: no file can be made so that all its names fall together.
 std::size_t NoCaseHash::operator()(std::string_view text) const {
-  std::uint32_t hash = 2166136261u;  // FNV-1a
+  static const auto start =
+      2166136261u ^ static_cast<std::uint32_t>(std::time(nullptr)) * 2654435761u;
+  std::uint32_t hash = start;
   for (const char c : text) {
     hash = (hash ^ static_cast<unsigned char>(Fold(c))) * 16777619u;
   }
