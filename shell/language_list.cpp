@@ -43,14 +43,18 @@ bool IsSmallBitmap(std::string_view content) {
   const std::uint32_t width = number(18, 4);
   const std::uint32_t height = number(22, 4);
   const std::uint32_t depth = number(28, 2);
-  if (number(14, 4) < kInfoHeader || number(30, 4) != 0) return false;  // packed ones are refused
+  // Packed ones and longer headers are refused.
+  if (number(14, 4) != kInfoHeader || number(30, 4) != 0) return false;
   if (width < 1 || width > kLongestSide || height < 1 || height > kLongestSide) return false;
   if (depth != 1 && depth != 4 && depth != 8 && depth != 16 && depth != 24 && depth != 32) {
     return false;
   }
   const std::uint32_t line = (width * depth + 31) / 32 * 4;
-  return pixels >= kFileHeader + kInfoHeader && pixels <= content.size() &&
-         content.size() - pixels >= line * height;
+  const std::uint32_t most = depth <= 8 ? 1u << depth : 0;
+  const std::uint32_t used = number(46, 4);
+  const std::uint32_t colours = used == 0 ? most : used;
+  return colours <= most && pixels >= kFileHeader + kInfoHeader + 4 * colours &&
+         pixels <= content.size() && content.size() - pixels >= line * height;
 }
 
 std::vector<LanguageEntry> ListLanguages(Files& files, ErrorLog& log, const std::string& folder) {

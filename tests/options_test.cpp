@@ -218,11 +218,13 @@ TEST_SUITE("options") {
                            {10, 0},
                            {13, '\x7F'},
                            {14, 12},
+                           {14, 41},
                            {18, 0},
                            {19, 2},
                            {22, 2},
                            {25, '\xFF'},
                            {28, 3},
+                           {28, 8},  // its colours are missing
                            {30, 1}}) {
       CAPTURE(row.at);
       std::string bad = good;
