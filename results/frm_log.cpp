@@ -25,11 +25,13 @@ void frmLog::OnCreate() {
   cmdFind_.Create(env_, hwnd(), IDC_cmdFind, keys.Add(Text(17111)));
   cmdSave_.Create(env_, hwnd(), IDC_cmdSave, keys.Add(Text(1601)));
   cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(1602));
-  static_cast<void>(env_.log.Trap("frmLog_Load", [&]() -> Outcome {
+  const Outcome loaded = env_.log.Trap("frmLog_Load", [&]() -> Outcome {
     Outcome read = files_.Read(path_, kLargest, &text_);
     Load();
     return read.ok() ? Outcome() : std::move(read).With("LogFile: ", path_);
-  }));
+  });
+  cmdSave_.Enable(loaded.ok());
+  if (!loaded.ok()) ShowMessage(path_ + "\r\n" + loaded.description(), Text(17001), MB_ICONERROR);
 }
 
 // A text box ends at the first NUL.
