@@ -363,7 +363,7 @@ const Caption kCaptions[] = {
     {17343, "Back up components before they are removed"},
     {17344, "Explorer"},
     {17345, "Browse..."},
-    {17346, "This folder does not exist. From the next start on the program's own folder is used instead."},
+    {17346, "This folder does not exist. From the next start on the default folder is used instead."},
     {17347, "The setting could not be written to the registry."},
     {17348, "The language pack could not be opened:"},
     {17350, "Backups before removal"},
