@@ -20,7 +20,7 @@ SIZE frmIgnore::FirstSize() const { return {metrics().Scale(580), metrics().Scal
 
 void frmIgnore::OnCreate() {
   CreateHeader(Text(1513), Text(17120));
-  IgnoreListView_.on_check = [this](int row, bool checked) { Check(row, checked); };
+  IgnoreListView_.on_check = [this](const auto& rows, bool checked) { Check(rows, checked); };
   IgnoreListView_.is_checked = [this](int row) { return checked_[static_cast<std::size_t>(row)]; };
   IgnoreListView_.Create(env_, hwnd(), IDC_IgnoreListView);
   const int type = metrics().TextWidth(std::string(kSpyRegistryValue)) + metrics().Scale(40);
@@ -67,10 +67,10 @@ void frmIgnore::OnSize(Area area) {
 bool frmIgnore::OnCommand(int id) {
   switch (id) {
     case IDC_cmdCheckAll:
-      Check(-1, true);
+      CheckAll(true);
       return true;
     case IDC_cmdUnCheckAll:
-      Check(-1, false);
+      CheckAll(false);
       return true;
     case IDC_CmdRemove:
       CmdRemove_Click();
@@ -97,12 +97,16 @@ void frmIgnore::CmdRemove_Click() {
     ShowMessage(Text(17122) + "\r\n" + removed.description(), Text(17001), MB_ICONERROR);
 }
 
-void frmIgnore::Check(int row, bool checked) {
-  if (row < 0) {
-    checked_.assign(checked_.size(), checked);
-  } else if (static_cast<std::size_t>(row) < checked_.size()) {
-    checked_[static_cast<std::size_t>(row)] = checked;
+void frmIgnore::Check(const std::vector<std::size_t>& rows, bool checked) {
+  for (const std::size_t row : rows) {
+    if (row < checked_.size()) checked_[row] = checked;
   }
+  IgnoreListView_.Redraw();
+  ShowCount();
+}
+
+void frmIgnore::CheckAll(bool checked) {
+  checked_.assign(checked_.size(), checked);
   IgnoreListView_.Redraw();
   ShowCount();
 }

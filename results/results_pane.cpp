@@ -29,7 +29,7 @@ void ResultsPane::OnCreate() {
   header_.SetHeading(Text(1865));
   // Made before the list, so that it lies above it.
   lblEmpty_.Create(env_, hwnd(), IDC_lblEmpty, Text(17026), SS_CENTER);
-  SpyListView_.on_check = [this](int row, bool checked) { Check(row, checked); };
+  SpyListView_.on_check = [this](const auto& rows, bool checked) { Check(rows, checked); };
   SpyListView_.is_checked = [this](int row) {
     return hits_.row(static_cast<std::size_t>(row)).checked;
   };
@@ -58,6 +58,7 @@ void ResultsPane::CreateColumns() {
   const int widths[] = {type, system_width_, metrics().Scale(200)};
   for (int i = 0; i < 3; ++i) SpyListView_.AddColumn(i, Text(kColumnCaptions[i]), widths[i]);
   system_width_ = SpyListView_.ColumnWidth(HitList::kSystem);
+  details_width_ = SpyListView_.ColumnWidth(HitList::kDetails);
 }
 
 void ResultsPane::OnSize(Area area) {
@@ -91,8 +92,8 @@ void ResultsPane::OnSize(Area area) {
   FitColumns();
 }
 
-// The last column takes what the others leave; the middle one narrows with the list, unless the
-// user has set its width.
+// The last column takes what the others leave, and the middle one narrows with the list: each of
+// them until the user sets its width.
 void ResultsPane::FitColumns() {
   RECT client = {};
   GetClientRect(SpyListView_.hwnd(), &client);
@@ -102,12 +103,15 @@ void ResultsPane::FitColumns() {
     system = system_width_ = std::clamp(left / 3, metrics().Scale(90), metrics().Scale(160));
     SpyListView_.SetColumnWidth(HitList::kSystem, system);
   }
-  SpyListView_.SetColumnWidth(HitList::kDetails, std::max(left - system, metrics().Scale(120)));
+  if (SpyListView_.ColumnWidth(HitList::kDetails) != details_width_) return;
+  details_width_ = std::max(left - system, metrics().Scale(120));
+  SpyListView_.SetColumnWidth(HitList::kDetails, details_width_);
 }
 
 void ResultsPane::Refresh() {
   SpyListView_.SetItemCount(hits_.size());
   SpyListView_.ShowSortArrow(hits_.sorted() ? hits_.sort_column() : -1, hits_.ascending());
+  SpyListView_.Select(-1, false);  // its row numbers may name other rows now
   if (!hits_.empty()) SpyListView_.FocusRow(0);
   // A list that was emptied says nothing about the computer.
   lblEmpty_.Show(hits_.empty() && hits_.counters().Total() == 0);
@@ -216,11 +220,11 @@ LRESULT ResultsPane::Draw(const NMLVCUSTOMDRAW& draw) const {
       [&](std::size_t row) -> const std::string& { return hits_.Text(row, HitList::kDetails); });
 }
 
-void ResultsPane::Check(int row, bool checked) {
-  if (row < 0) return CheckAll(checked);
-  if (static_cast<std::size_t>(row) >= hits_.size()) return;
-  hits_.SetChecked(static_cast<std::size_t>(row), checked);
-  SendMessageA(SpyListView_.hwnd(), LVM_REDRAWITEMS, static_cast<WPARAM>(row), row);
+void ResultsPane::Check(const std::vector<std::size_t>& rows, bool checked) {
+  for (const std::size_t row : rows) {
+    if (row < hits_.size()) hits_.SetChecked(row, checked);
+  }
+  SpyListView_.Redraw();
   ShowCount();
 }
 

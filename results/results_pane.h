@@ -38,7 +38,7 @@ class ResultsPane : public Pane {
   LRESULT FillItem(NMLVDISPINFOA* info) const;
   LRESULT FillTip(NMLVGETINFOTIPA* tip) const;
   LRESULT Draw(const NMLVCUSTOMDRAW& draw) const;
-  void Check(int row, bool checked);
+  void Check(const std::vector<std::size_t>& rows, bool checked);
   void CheckAll(bool checked);
   void Sort(int column);
   void ShowMenu(POINT at);
@@ -64,6 +64,7 @@ class ResultsPane : public Pane {
   bool has_log_ = true;
   bool busy_ = false;
   int system_width_ = 0;  // as last fitted
+  int details_width_ = 0;
 };
 
 }  // namespace scourwell

@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
+
 namespace scourwell {
 namespace {
 
@@ -52,7 +54,7 @@ bool CheckListView::ClickBox(POINT at) {
     return false;
   }
   SetFocus(hwnd());
-  on_check(row, !is_checked(row));
+  on_check({static_cast<std::size_t>(row)}, !is_checked(row));
   return true;
 }
 
@@ -60,15 +62,22 @@ bool CheckListView::ClickBox(POINT at) {
 void CheckListView::PressSpace() {
   const int focused = Focused();
   if (focused < 0) return;
-  const bool checked = !is_checked(focused);
-  if (NextSelected(-1) < 0) on_check(focused, checked);
-  for (int row = -1; (row = NextSelected(row)) >= 0;) on_check(row, checked);
+  std::vector<std::size_t> rows;
+  for (int row = -1; (row = NextSelected(row)) >= 0;) rows.push_back(static_cast<std::size_t>(row));
+  if (rows.empty()) rows.push_back(static_cast<std::size_t>(focused));
+  on_check(rows, !is_checked(focused));
 }
 
-// A mark that another program sets, such as a screen reader.
+// A mark that another program sets, such as a screen reader; with row -1 that of all.
 bool CheckListView::SetState(int row, const LVITEMA& item) {
   if (!(item.stateMask & LVIS_STATEIMAGEMASK)) return false;
-  on_check(row, (item.state & LVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2));
+  const auto end = row < 0 ? static_cast<std::size_t>(Send(LVM_GETITEMCOUNT))
+                           : static_cast<std::size_t>(row) + 1;
+  std::vector<std::size_t> rows;
+  for (auto each = static_cast<std::size_t>(std::max(row, 0)); each < end; ++each) {
+    rows.push_back(each);
+  }
+  on_check(rows, (item.state & LVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2));
   return true;
 }
 

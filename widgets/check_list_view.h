@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "widgets/list_view.h"
 
@@ -11,8 +12,7 @@ namespace scourwell {
 // and the owner answers with the marks when the list asks for them.
 class CheckListView : public ListView {
  public:
-  // Row -1: all rows.
-  std::function<void(int row, bool checked)> on_check;
+  std::function<void(const std::vector<std::size_t>& rows, bool checked)> on_check;
   std::function<bool(int row)> is_checked;
 
   void Create(const WindowEnv& env, HWND parent, int id);
