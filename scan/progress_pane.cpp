@@ -49,45 +49,64 @@ ProgressPane::ProgressPane(const WindowEnv& env, const ScanProgress& progress,
 
 void ProgressPane::OnCreate() {
   header_.Create(hwnd(), IDC_ScanHeader);
-  header_.SetHeading(Text(1856));
-  header_.ReserveRight(Text(17029) + kWidestTime, Text(17320) + kWidestTime);
   lblScanOption_.Create(env_, hwnd(), IDC_lblScanOption);
   prgLoading_.Create(env_, hwnd(), IDC_prgLoading);
   prgLoading_.Show(false);
   activity_.Create(hwnd(), IDC_ActivityBar);
   lblPercent_.Create(env_, hwnd(), IDC_lblPercent, DT_RIGHT | DT_VCENTER);
-  lblCurrentItem_.Create(env_, hwnd(), IDC_lblCurrentItem, Text(1855));
+  lblCurrentItem_.Create(env_, hwnd(), IDC_lblCurrentItem);
   lblScan_.Create(env_, hwnd(), IDC_lblScan, DT_PATH_ELLIPSIS);
-  lblSFoldersCaption_.Create(env_, hwnd(), IDC_lblSFoldersCaption, Text(17040));
+  lblSFoldersCaption_.Create(env_, hwnd(), IDC_lblSFoldersCaption);
   lblSFolders_.Create(env_, hwnd(), IDC_lblSFolders);
-  lblFScanCaption_.Create(env_, hwnd(), IDC_lblFScanCaption, Text(17041));
+  lblFScanCaption_.Create(env_, hwnd(), IDC_lblFScanCaption);
   lblFScan_.Create(env_, hwnd(), IDC_lblFScan);
   CreateSummary();
-  cmdAbort_.Create(env_, hwnd(), IDC_cmdAbort, Text(1885));
-  cmdNext_.Create(env_, hwnd(), IDC_cmdNext, Text(17016));
-  cmdCancel_.Create(env_, hwnd(), IDC_cmdCancel, Text(1402));
+  cmdAbort_.Create(env_, hwnd(), IDC_cmdAbort, "");
+  cmdNext_.Create(env_, hwnd(), IDC_cmdNext, "");
+  cmdCancel_.Create(env_, hwnd(), IDC_cmdCancel, "");
   cmdAbort_.Enable(false);
   cmdNext_.Enable(false);
   images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
+  SetCaptions();
 }
 
 void ProgressPane::CreateSummary() {
-  lblScanSummary_.Create(env_, hwnd(), IDC_lblScanSummary, Text(1864));
+  lblScanSummary_.Create(env_, hwnd(), IDC_lblScanSummary);
   lblScanSummary_.SetFont(metrics().bold());
   lblScanned_.Create(env_, hwnd(), IDC_lblScanned, DT_RIGHT);
-  lblScanned_.SetText(Text(1862));
   lblInfected_.Create(env_, hwnd(), IDC_lblInfected, DT_RIGHT);
-  lblInfected_.SetText(Text(1863));
   for (int i = 0; i < kRows; ++i) {
     const SummaryKind& kind = kSummary[i];
-    rows_[i].caption.Create(env_, hwnd(), kind.caption_id, Text(kind.caption));
+    rows_[i].caption.Create(env_, hwnd(), kind.caption_id);
     rows_[i].scanned.Create(env_, hwnd(), kind.scanned_id, DT_RIGHT | DT_VCENTER);
     rows_[i].infected.Create(env_, hwnd(), kind.infected_id, DT_RIGHT | DT_VCENTER);
   }
-  lblDetectedCaption_.Create(env_, hwnd(), IDC_lblDetectedCaption, Text(1865));
+  lblDetectedCaption_.Create(env_, hwnd(), IDC_lblDetectedCaption);
   lblDetectedCaption_.SetFont(metrics().bold());
   lblDetected_.Create(env_, hwnd(), IDC_lblDetected, DT_RIGHT | DT_VCENTER);
   lblDetected_.SetFont(metrics().bold());
+}
+
+void ProgressPane::SetCaptions() {
+  header_.SetHeading(Text(1856));
+  header_.ReserveRight(Text(17029) + kWidestTime, Text(17320) + kWidestTime);
+  lblCurrentItem_.SetText(Text(1855));
+  lblSFoldersCaption_.SetText(Text(17040));
+  lblFScanCaption_.SetText(Text(17041));
+  lblScanSummary_.SetText(Text(1864));
+  lblScanned_.SetText(Text(1862));
+  lblInfected_.SetText(Text(1863));
+  for (int i = 0; i < kRows; ++i) rows_[i].caption.SetText(Text(kSummary[i].caption));
+  lblDetectedCaption_.SetText(Text(1865));
+  cmdAbort_.SetCaption(metrics(), Text(1885));
+  cmdNext_.SetCaption(metrics(), Text(17016));
+  cmdCancel_.SetCaption(metrics(), Text(1402));
+}
+
+void ProgressPane::LanguageChanged() {
+  SetCaptions();
+  if (ended_) ShowEnd();
+  OnSize(ClientArea());
 }
 
 void ProgressPane::OnSize(Area area) {
@@ -199,9 +218,17 @@ void ProgressPane::ScanEnded(bool finished) {
   activity_.SetState(finished ? ActivityBar::State::Done : ActivityBar::State::Idle);
   lblPercent_.SetText(finished ? PercentText(100) : "");
   header_.SetRightBelow("");
-  if (finished) return;
-  header_.SetText(Text(17002));
-  lblScanOption_.SetText(Text(17002));
+  ended_ = true;
+  finished_ = finished;
+  ShowEnd();
+}
+
+void ProgressPane::ShowEnd() {
+  const std::string state = Text(finished_ ? 1808 : 17002);
+  header_.SetText(state);
+  lblScanOption_.SetText(state);
+  if (finished_) lblScan_.SetText(state);
+  ShowElapsed();
 }
 
 void ProgressPane::ShowMissing(const std::string& path) {
@@ -236,10 +263,15 @@ void ProgressPane::RefreshBars() {
 
 void ProgressPane::RefreshTimes() {
   const std::uint32_t now = clock_.Ticks();
-  header_.SetRight(Text(17029) + " " + ClockText((now - began_) / 1000));
+  elapsed_ = now - began_;
+  ShowElapsed();
   time_left_.Update(now, progress_.phase);
   const auto left = time_left_.Seconds();
   header_.SetRightBelow(left ? Text(17320) + " " + ClockText(*left) : "");
+}
+
+void ProgressPane::ShowElapsed() {
+  header_.SetRight(Text(17029) + " " + ClockText(elapsed_ / 1000));
 }
 
 void ProgressPane::RefreshSummary() {

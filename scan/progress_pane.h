@@ -28,6 +28,8 @@ class ProgressPane : public Pane {
   // There is nothing at the path to scan, so no scan begins.
   void ShowMissing(const std::string& path);
   void Refresh();
+  // Everything anew in the language of now. Not while a scan runs.
+  void LanguageChanged();
 
   HWND DefaultButton() const { return cmdNext_.enabled() ? cmdNext_.hwnd() : nullptr; }
   HWND EscapeButton() const { return cmdAbort_.enabled() ? cmdAbort_.hwnd() : cmdCancel_.hwnd(); }
@@ -46,11 +48,14 @@ class ProgressPane : public Pane {
   void OnPaint(HDC dc) override;
 
   void CreateSummary();
+  void SetCaptions();
+  void ShowEnd();
   void LayOutProgress(Layout& layout, Area* area);
   void LayOutSummary(Layout& layout, Area* area);
   void LayOutButtons(Layout& layout, Area area);
   void RefreshBars();
   void RefreshTimes();
+  void ShowElapsed();
   void RefreshSummary();
   int PictureSize() const;
   int NumberWidth() const;
@@ -83,6 +88,9 @@ class ProgressPane : public Pane {
 
   TimeLeft time_left_;
   std::uint32_t began_ = 0;
+  std::uint32_t elapsed_ = 0;  // milliseconds
+  bool ended_ = false;
+  bool finished_ = false;
   Area summary_;       // the table below its heading
   int icon_rows_ = 0;  // y of the first row
   int row_height_ = 0;

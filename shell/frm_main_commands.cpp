@@ -100,7 +100,9 @@ void frmMain::LanguageChanged() {
   FillSideMenu();
   if (home_) home_->Refresh();
   SetWindowTextA(hwnd(), app_.Title().c_str());
-  if (scan_ && scan_->ShowsResults()) OpenScanPage(frmScanSpy::First::Results, {});
+  if (scan_) {
+    scan_->ShowsResults() ? OpenScanPage(frmScanSpy::First::Results, {}) : scan_->LanguageChanged();
+  }
   OnSize(ClientArea());
   PageChanged();
 }
@@ -189,6 +191,7 @@ Outcome frmMain::ShowOptions() {
   frmOptions options(shared_, app_);
   options.ShowModal(hwnd());
   if (options.language_changed()) LanguageChanged();
+  if (home_) home_->Refresh();       // the definitions may have another number
   PostCommand(IDM_mnuChangeReport);  // the definitions may be others now
   return {};
 }

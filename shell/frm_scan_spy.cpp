@@ -29,8 +29,6 @@ frmScanSpy::frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, F
 void frmScanSpy::OnCreate() {
   if (first_ == First::Scan) app_.PrepareScan();
   SpyStatusFrame_.Create(hwnd(), IDC_SpyStatusFrame);
-  SpyFrame_.Create(hwnd(), IDC_SpyFrame);
-  SpyFrame_.Show(false);
   if (first_ == First::Results) return ShowResults();
   SetTimer(hwnd(), kStartTimer, kStartDelay, nullptr);
 }
@@ -38,7 +36,7 @@ void frmScanSpy::OnCreate() {
 void frmScanSpy::OnSize(Area area) {
   Layout layout;
   layout.Place(SpyStatusFrame_.hwnd(), area);
-  layout.Place(SpyFrame_.hwnd(), area);
+  if (SpyFrame_.hwnd()) layout.Place(SpyFrame_.hwnd(), area);
 }
 
 void frmScanSpy::OnTimer(UINT_PTR id) {
@@ -123,11 +121,13 @@ Outcome frmScanSpy::cmdNext_Click() {
   return app_.ports().files.EraseFile(stale);
 }
 
+// Made when it is needed: in the language of then.
 void frmScanSpy::ShowResults() {
+  SpyFrame_.Create(hwnd(), IDC_SpyFrame);
   SpyFrame_.Refresh();
   SpyFrame_.EnableLog(FileExists(app_.ports().files, app_.settings().LogFilePath));
   SpyStatusFrame_.Show(false);
-  SpyFrame_.Show(true);
+  OnSize(ClientArea());
   host_.PageChanged();
 }
 

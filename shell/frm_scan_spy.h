@@ -18,6 +18,8 @@ class frmScanSpy : public Page {
   frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, First first, std::string path);
 
   bool ShowsResults() const { return SpyFrame_.Shown(); }
+  // The page of a scan that has ended. A list of results is opened anew instead.
+  void LanguageChanged() { SpyStatusFrame_.LanguageChanged(); }
 
   HWND DefaultButton() const override;
   HWND EscapeButton() const override;

@@ -17,7 +17,7 @@ constexpr std::size_t kMostNamed = 10;  // in a message
 
 void frmScanSpy::SetBusy(bool busy, int status) {
   busy ? app_.BeginWork(status) : app_.EndWork();
-  SpyFrame_.SetBusy(busy, busy ? Text(status) : std::string());
+  if (SpyFrame_.hwnd()) SpyFrame_.SetBusy(busy, busy ? Text(status) : std::string());
   host_.PageChanged();
 }
 

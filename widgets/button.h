@@ -10,6 +10,10 @@ class Button : public Control {
     CreateHandle(env, parent, "BUTTON", WS_TABSTOP | BS_PUSHBUTTON, 0, id, text);
     width_ = env.metrics.ButtonWidth(text);
   }
+  void SetCaption(const Metrics& metrics, const std::string& text) {
+    SetText(text);
+    width_ = metrics.ButtonWidth(text);
+  }
   // The width that the caption asks for.
   int width() const { return width_; }
 
