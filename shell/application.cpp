@@ -1,10 +1,16 @@
 #include "shell/application.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/file_utils.h"
 
 namespace scourwell {
+namespace {
+
+constexpr std::size_t kLongestLine = 400;  // of the change report: a message box cannot scroll
+
+}  // namespace
 
 Application::Application(const Ports& ports, const std::string& application_folder,
                          ProgramVersion version)
@@ -52,6 +58,7 @@ Application::Application(const Ports& ports, const std::string& application_fold
 void Application::Start() {
   log_.deleteLogFile();
   settings_store_.LoadSettings();
+  started_ = true;
   CheckRelease();
   settings_store_.SaveSettings();
 }
@@ -73,11 +80,23 @@ void Application::CheckRelease() {
   if (!report.empty() && !first) change_report_ = std::move(report);
 }
 
-std::string Application::TakeChangeReport() { return std::exchange(change_report_, {}); }
+std::string Application::TakeChangeReport() {
+  const std::string whole = std::exchange(change_report_, {});
+  std::string report;
+  for (std::size_t begin = 0; begin < whole.size();) {
+    const std::size_t end = std::min(whole.find("\r\n", begin), whole.size());
+    const std::string line = whole.substr(begin, end - begin);
+    report += line.size() > kLongestLine ? line.substr(0, kLongestLine) + "..." : line;
+    if (end < whole.size()) report += "\r\n";
+    begin = end + 2;
+  }
+  return report;
+}
 
 void Application::FillTree() { scope_.FillTree(language_, ports_.files.Drives()); }
 
 void Application::Shutdown() {
+  if (!started_) return;
   static_cast<void>(log_.Trap("MDIForm_Unload", [&]() -> Outcome {
     if (settings_.AutoSave || !FileExists(ports_.files, settings_.LogFilePath)) return {};
     return ports_.files.EraseFile(settings_.LogFilePath);

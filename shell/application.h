@@ -45,6 +45,8 @@ class Application : private ScanReport, private LoadProgress {
  public:
   Application(const Ports& ports, const std::string& application_folder, ProgramVersion version);
 
+  // The language alone, for what is shown before the settings are read.
+  void ReadLanguage() { settings_store_.ReadLanguage(); }
   // Start-up behind the splash: trims the error log, reads the settings and saves them back.
   void Start();
   // When the user has changed settings: the definitions may be others now.
@@ -57,7 +59,8 @@ class Application : private ScanReport, private LoadProgress {
   std::string TakeChangeReport();
   // Rebuilds the scan scope from the drives of the machine.
   void FillTree();
-  // The end of the run: an unsaved scan log goes, the settings are saved.
+  // The end of the run: an unsaved scan log goes, the settings are saved. Nothing before Start():
+  // there are no settings yet.
   void Shutdown();
 
   // When the scan window opens: no results, the closing flag cleared. A Stop from here on counts,
@@ -137,6 +140,7 @@ class Application : private ScanReport, private LoadProgress {
   ReferenceFile reference_;
   ChangeReport changes_;
   std::string change_report_;
+  bool started_ = false;
   SignatureLists lists_;
   MemoryScan memory_;
   Matching matching_;

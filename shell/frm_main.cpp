@@ -55,6 +55,7 @@ void frmMain::Load(const CommandLine& command, int show) {
   frame.place = FirstPlace();
   frame.title = app_.Title();
   CreateHandle(frame);
+  app_.ReadLanguage();
   frmSplash splash(shared_, app_);
   splash.ShowModal(hwnd());
   app_.Start();
@@ -145,7 +146,11 @@ LRESULT frmMain::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       Close();
       return 0;
     case WM_ENDSESSION:
-      if (wparam) Unload();
+      // The system ends the process next; pages may have procedures under way.
+      if (wparam) {
+        pump_.set_closing(true);
+        app_.Shutdown();
+      }
       return 0;
     case WM_DESTROY:
       PostQuitMessage(0);
@@ -253,7 +258,9 @@ void frmMain::Close() {
   if (app_.busy()) pump_.set_closing(true);
   if (!IsWindowEnabled(hwnd())) {
     HWND popup = GetLastActivePopup(hwnd());
-    if (popup != hwnd()) PostMessageA(popup, WM_CLOSE, 0, 0);
+    if (popup != hwnd()) SendMessageA(popup, WM_CLOSE, 0, 0);
+    // It stays when the user wants to: then so does the program.
+    if (!IsWindowEnabled(hwnd()) && !app_.busy()) close_wanted_ = false;
     return;
   }
   if (app_.busy()) return;

@@ -32,10 +32,14 @@ Outcome SettingsStore::Set(const std::string& section, const std::string& key,
       .With("Key: ", key);
 }
 
+void Settings::ReadLanguage() {
+  settings_.LanguageFile = parts_.store.Get("Language", "Name");
+  if (settings_.LanguageFile.empty()) settings_.LanguageFile = "English.ini";
+}
+
 void Settings::LoadSettings() {
   static_cast<void>(parts_.log.Trap("LoadSettings", [&] {
-    settings_.LanguageFile = parts_.store.Get("Language", "Name");
-    if (settings_.LanguageFile.empty()) settings_.LanguageFile = "English.ini";
+    ReadLanguage();
     settings_.MarkChecked = parts_.store.Get("Mark", "Checked");
     if (settings_.MarkChecked.empty()) settings_.MarkChecked = "y";
     LoadBooleans();

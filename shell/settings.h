@@ -40,6 +40,7 @@ class Settings {
 
   Settings(const Parts& parts, AppSettings& settings) : parts_(parts), settings_(settings) {}
 
+  void ReadLanguage();
   // Reads every setting, repairing missing and invalid values with their defaults. The caller
   // saves afterwards, so that repaired defaults are stored at once.
   void LoadSettings();

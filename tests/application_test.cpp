@@ -47,6 +47,16 @@ struct Program {
 }  // namespace
 
 TEST_SUITE("application") {
+  TEST_CASE("a session that ends under the splash window leaves the settings alone") {
+    Program p;
+    CHECK(p.m.registry.SetValue(RootKey::CurrentUser, "Software\\Scourwell\\AutoSave", "AutoSave",
+                                {kRegText, std::string("True\0", 5)}) == kRegOk);
+    p.app.ReadLanguage();
+    p.app.Shutdown();
+    CHECK(p.m.registry.Text(RootKey::CurrentUser, "Software\\Scourwell\\AutoSave", "AutoSave") ==
+          std::string("True\0", 5));
+  }
+
   TEST_CASE("a whole scan, from start to shutdown") {
     Program p;
     p.m.File(kErrorLog, std::string(1'000'001, 'x'));
@@ -134,12 +144,22 @@ TEST_SUITE("application") {
     release("9", "direct");
     p.app.SaveSettings();
     CHECK(p.app.TakeChangeReport().starts_with("Update File: 9\r\n"));  // the last one tells
-    release("10", "direct");
+    // It fits a message box, whatever the definitions say.
+    p.m.File("C:\\App\\Ini\\update.ref",
+             Definitions()
+                 .Value("SETTINGS", "UPDATE-FILE-NUMBER", "10")
+                 .Value("SPYWARE DEFINITIONS ADDED", "SDA0", std::string(1500, 'x'))
+                 .Text());
+    p.app.SaveSettings();
+    const std::string long_report = p.app.TakeChangeReport();
+    CHECK(long_report.find("xxx...\r\nComponents Removed: None\r\n") != std::string::npos);
+    CHECK(long_report.size() < 600);
+    release("11", "direct");
     p.app.Shutdown();
     CHECK(p.app.TakeChangeReport() == "");
     Application again(PortsOf(p.m), kAppFolder, {1, 0, 7});
     again.Start();
-    CHECK(again.TakeChangeReport().starts_with("Update File: 10\r\n"));
+    CHECK(again.TakeChangeReport().starts_with("Update File: 11\r\n"));
     CHECK(p.m.Errors() == "");
   }
 
