@@ -47,7 +47,7 @@ class Program {
 // A visible control of that id, however deep; null when there is none.
 HWND Control(HWND top, int id);
 // Waits until the control is visible and enabled.
-HWND ReadyControl(HWND top, int id, DWORD milliseconds = 20000);
+HWND ReadyControl(HWND top, int id, DWORD milliseconds = 60000);
 std::string Text(HWND window);
 std::string ClassName(HWND window);
 void SetText(HWND window, const std::string& text);
@@ -83,7 +83,7 @@ std::vector<TextPart> StatusParts(HWND status);
 
 // Polls until the condition holds; false when it does not within the time.
 template <class Condition>
-bool WaitFor(Condition&& condition, DWORD milliseconds = 20000) {
+bool WaitFor(Condition&& condition, DWORD milliseconds = 60000) {
   const DWORD start = GetTickCount();
   while (!condition()) {
     if (GetTickCount() - start > milliseconds) return false;
