@@ -4,7 +4,6 @@
 #include <set>
 #include <stdexcept>
 
-#include "scan/matching.h"
 #include "tests/builtin_sources.h"
 #include "tests/support.h"
 
@@ -21,16 +20,7 @@ const BuiltInStage kStages[] = {
 
 // Everything that the lists hand out, as one "target|..." a line.
 struct Delivery : Bench, private DirectChecks {
-  Delivery() {
-    folders.windows = "C:\\WIN";
-    folders.system = "C:\\SYS";
-    folders.app_data = "C:\\AD";
-    folders.temporary = "C:\\TMP";
-    folders.program_files = "C:\\PF";
-    folders.common_files = "C:\\CF";
-  }
-
-  SystemFolders folders;
+  SystemFolders folders{"", "C:\\WIN", "C:\\SYS", "C:\\AD", "C:\\TMP", "C:\\PF", "C:\\CF", {}};
   SignatureLists lists;
   std::string direct;
   std::string refuses;  // a direct path whose check fails
@@ -111,52 +101,11 @@ TEST_SUITE("builtin_lists") {
     }
   }
 
-  TEST_CASE("the counts are those of the table") {
-    const auto lines = SourceLines("definitions/builtin/README.md");
-    if (!lines) return;
-    std::map<std::string, std::vector<std::string>> rows;
-    for (const std::string& line : *lines) {
-      const std::vector<std::string> cells = Split(line, '|');
-      if (cells.size() == 6) rows[std::string(TrimBlanks(cells[1]))] = cells;
-    }
-    CHECK(rows.size() == std::size(kSources) + 2);  // with the heads
-    for (const Source& source : kSources) {
-      CAPTURE(std::string(source.file));
-      REQUIRE(rows.count(source.file) == 1);
-      const auto& cells = rows[source.file];
-      const int wanted = LeadingNumber(cells[2]);
-      const int have = LeadingNumber(cells[3]);
-      CHECK(have == static_cast<int>(source.list->rows.size()));
-      CHECK(have <= wanted);
-      if (have < wanted) CHECK(TrimBlanks(cells[4]) != "");
-    }
-  }
-
   TEST_CASE("every list belongs to one stage, once") {
     std::multiset<const BuiltInList*> listed;
     for (const BuiltInStage stage : kStages) listed.insert(stage.begin(), stage.end());
     CHECK(listed.size() == std::size(kSources));
     for (const Source& source : kSources) CHECK(listed.count(source.list) == 1);
-  }
-
-  TEST_CASE("rows that show what the lists must hold") {
-    Delivery d;
-    for (const Source& source : kSources) d.Add(*source.list);
-    const std::string all = "\n" + d.All();
-    for (const char* row :
-         {"SPY FILE|Altnet|KaZaA\\topsearch.dll", "SPY FILE|Aureate|radiate*.url",
-          "SPY FOLDER|Cydoor|Ads\\AdCache", "SPY FOLDER|PrecisionTime|Programs\\precisiontime",
-          "SPY COOKIE|Other|brilliantdigital", "folder|Trojan.Benjamin KaZaA|C:\\TMP\\Sys32",
-          "folder|Aureate|C:\\WIN\\amcdl", "folder|WildTangent|C:\\WIN\\wt",
-          "file|WildTangent|C:\\WIN\\wt\\backup\\1.5.3.015\\stopwcmdr.bat",
-          "file|DownloadPlus|C:\\WIN\\DownloadPlus.exe", "process|CometCursor|COMET.EXE",
-          "HKEY_LOCAL_MACHINE\\SOFTWARE\\MICROSOFT\\WINDOWS\\CURRENTVERSION\\RUN\\|"
-          "FlyswatDesktop|Flyswat",
-          "HKEY_LOCAL_MACHINE\\SOFTWARE\\MICROSOFT\\WINDOWS\\CURRENTVERSION\\APP PATHS\\|"
-          "Keycorder.Exe|Keylogger.Keycorder"}) {
-      CAPTURE(std::string(row));
-      CHECK(all.find(std::string("\n") + row + "\n") != std::string::npos);
-    }
   }
 
   TEST_CASE("a direct row is skipped where its folder is unknown, the others stay") {
@@ -177,27 +126,6 @@ TEST_SUITE("builtin_lists") {
       CHECK(without == expected);
       CHECK(without != all);
     }
-  }
-
-  TEST_CASE("a direct row finds what lies on the disk") {
-    Bench b;
-    SystemFolders folders;
-    folders.windows = "C:\\WINDOWS";
-    folders.temporary = "C:\\Temp";
-    SignatureLists lists;
-    ScanProgress progress;
-    const COpSysInfo os(b.m.system);
-    MemoryScan memory({b.m.processes, b.m.system, b.m.pump, b.log, os, folders, b.sink, progress});
-    Matching matching(b.m.files, b.log, folders, b.sink, memory);
-    BuiltInLists built_in(lists, matching, folders, b.m.pump, b.log);
-    b.m.Folder("C:\\WINDOWS\\wt");
-    b.m.File("C:\\WINDOWS\\DownloadPlus.exe");
-    b.m.Folder("C:\\Temp\\se.dll");  // a folder is no file
-    for (const BuiltInStage stage : kStages) built_in.AddBuiltIn(stage);
-    CHECK(b.sink.lines() ==
-          "Spy Folder|WildTangent|C:\\WINDOWS\\wt\n"
-          "Spy File|DownloadPlus|C:\\WINDOWS\\DownloadPlus.exe\n");
-    CHECK(b.m.Errors() == "");
   }
 
   TEST_CASE("the closing flag ends a stage at once") {
