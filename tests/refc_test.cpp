@@ -2,7 +2,8 @@
 
 #include "refc/commands.h"
 
-#include "definitions/reference_file.h"
+#include <sstream>
+
 #include "refc/catalogue.h"
 #include "refc/help.h"
 #include "tests/refc_support.h"
@@ -18,6 +19,14 @@ struct Mistake {
 // A row of the file that the tests build.
 std::string Row(const char* kind, const std::string& what) {
   return std::string("Spy\t") + kind + "\t" + what + "\tsource\n";
+}
+
+// '' is an empty one.
+std::vector<std::string> Words(const std::string& line) {
+  std::istringstream stream(line);
+  std::vector<std::string> words;
+  for (std::string word; stream >> word;) words.push_back(word == "''" ? "" : word);
+  return words;
 }
 
 }  // namespace
@@ -74,7 +83,6 @@ TEST_SUITE("refc") {
         {"[cookies]\nSpy\tfile\tx.exe\ts\n", "spyware.tsv:2: form: rows of this kind do not"},
         {"Spy\tfile\t\xD0\x96.exe\ts\n", "spyware.tsv:1: characters: the line holds \"\xD0\x96\""},
         {"Spy\tfile\t\xFF.exe\ts\n", "spyware.tsv:1: characters: the line holds the byte 0xFF"},
-        {"Spy\tfile\t\xC3\xB4.exe\ts\n", "spyware.tsv:1: characters: a character that no"},
         {"Spy\tfile\ta\x01.exe\ts\n", "spyware.tsv:1: characters: a character that no"},
         {"[release]\nnumber\n", "spyware.tsv:2: form: an empty column"},
         {"[release]\nadded\tx\nadded\ty\n", "spyware.tsv:3: duplicate: it was said before"},
@@ -86,9 +94,7 @@ TEST_SUITE("refc") {
         {"[SAFI]\n0TAFIT=A\n", "spyware.tsv:2: unread: the program reads no key \"0TAFIT\""},
         {"[SAFI]\n00SAFIT=A\n", "spyware.tsv:2: unread: the program reads no key \"00SAFIT\""},
         {"[SAFI]\n10001SAFIT=A\n", "spyware.tsv:2: unread: the program reads 10001 entries"},
-        {"[ADRE]\n1001WCL=A\n", "spyware.tsv:2: unread: the program reads 1001 entries"},
         {"[SAFI]\n0SAFIT=A\n0SAFIS={raw05}\n", "spyware.tsv:3: characters: a byte below 12"},
-        {"[SAFI]\n0SAFIT=A\n0SAFIS={x1F}\n", "spyware.tsv:3: characters: a character that no"},
         {"[SAFI]\n[safi]\n", "spyware.tsv:2: duplicate: the section stands a second time"},
         {"[NTOT]\nSAFITNUM=1\n", "spyware.tsv:2: count: it announces \"1\" entries, 0 are"},
         {"[NTOT]\nSAFOOTNUM=1\n", "spyware.tsv:2: unread: the program reads no key"},
@@ -166,63 +172,18 @@ TEST_SUITE("refc") {
     CHECK(made.find(Scramble("{x41}")) != std::string::npos);
   }
 
-  TEST_CASE("the program reads what was built, and all of it") {
-    Tool tool;
-    tool.disk.files = ShippedSources();
-    if (tool.disk.files.empty()) return;
-    REQUIRE(tool.Run({"build", "ref", "-o", "made.ref"}) == 0);
-    Bench b;
-    b.m.File("C:\\App\\Ini\\update.ref", tool.disk.files["made.ref"]);
-    ReferenceFile reference(b.m.files, b.m.clock, b.log, b.settings, kAppFolder);
-    int rows = 0;
-    for (const refc::Listed& listed : refc::Catalogue()) {
-      int n = 0;
-      for (bool all = true; all; ++n) {
-        for (const char* key : listed.keys) {
-          if (key)
-            all &= reference.updateListfromINI(listed.section, std::to_string(n) + key) != "";
-        }
-        if (!all) break;
-      }
-      if (listed.count_key && n > 0) {
-        CHECK(reference.updateListfromINI("NTOT", listed.count_key) == std::to_string(n));
-      }
-      rows += n;
-    }
-    CHECK(rows >= 500);
-    tool.Run({"lint", "made.ref"});
-    CHECK(tool.out == std::to_string(rows) + " rows, 0 findings\n");
-    CHECK(reference.updateListfromINI("SETTINGS", "UPDATE-FILE-NUMBER") != "");
-    CHECK(b.m.Errors() == "");
-  }
-
   TEST_CASE("wrong usage and what cannot be read or written end with 2") {
     Tool tool;
     tool.disk.files["a.tsv"] = "[spyware]\n" + Row("file", "x.exe");
     tool.disk.files["folder/readme.txt"] = "";
-    const std::vector<std::vector<std::string>> wrong = {
-        {},
-        {"compile"},
-        {"build", "a.tsv"},
-        {"build", "-o", "b.ref"},
-        {"build", "a.tsv", "-o"},
-        {"build", "a.tsv", "-o", ""},
-        {"build", "a.tsv", "-x", "b.ref"},
-        {"build", "absent.tsv", "-o", "b.ref"},
-        {"build", "folder", "-o", "b.ref"},
-        {"dump"},
-        {"dump", "a.tsv", "a.tsv"},
-        {"dump", "absent.ref"},
-        {"lint", "a.tsv", "absent.ref"},
-        {"match", "a.tsv"},
-        {"match", "a.tsv", "\xD0\x96"},
-        {"diff", "a.tsv"},
-        {"diff", "a.tsv", "a.tsv", "--number", "1"},
-        {"diff", "a.tsv", "absent.tsv"},
-    };
-    for (const auto& words : wrong) {
-      CAPTURE(Lines(words));
-      CHECK(tool.Run(words) == 2);
+    for (const char* line :
+         {"", "compile", "build a.tsv", "build -o b.ref", "build a.tsv -o", "build a.tsv -o ''",
+          "build a.tsv -x b.ref", "build absent.tsv -o b.ref", "build folder -o b.ref", "dump",
+          "dump a.tsv a.tsv", "dump absent.ref", "lint a.tsv absent.ref", "match a.tsv",
+          "match a.tsv \xD0\x96", "diff a.tsv", "diff a.tsv a.tsv --number 1",
+          "diff a.tsv absent.tsv"}) {
+      CAPTURE(line);
+      CHECK(tool.Run(Words(line)) == 2);
       CHECK(tool.err.starts_with("refc: "));
       CHECK(tool.out == "");
     }

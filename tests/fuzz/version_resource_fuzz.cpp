@@ -6,6 +6,7 @@
 
 #include "platform/file_version.h"
 #include "tests/fake/version_block.h"
+#include "tests/fuzz/mutate.h"
 #include "tests/support.h"
 
 namespace scourwell::test {
@@ -32,26 +33,8 @@ void PutLength(Dice& dice, std::string* block) {
   block->replace(at, 2, VersionBlock::Word(length));
 }
 
-void Mutate(Dice& dice, std::string* block) {
-  if (block->empty()) return;
-  const std::size_t at = dice.Below(block->size());
-  const std::size_t size = dice.Below(block->size() - at + 1);
-  switch (dice.Below(6)) {
-    case 0:
-      block->resize(at);
-      return;
-    case 1:
-      (*block)[at] = static_cast<char>(dice.Below(256));
-      return;
-    case 2:
-      block->erase(at, dice.Below(9));
-      return;
-    case 3:
-      block->insert(dice.Below(block->size()), block->substr(at, size));
-      return;
-    default:
-      PutLength(dice, block);
-  }
+void Damage(Dice& dice, std::string* block) {
+  dice.Chance(3) ? PutLength(dice, block) : Mutate(dice, block);
 }
 
 }  // namespace
@@ -65,7 +48,7 @@ TEST_SUITE("fuzz_version_resource") {
     int with_fixed = 0;
     for (int round = 0; round < kMutations; ++round) {
       std::string mutated = Valid(dice);
-      for (std::size_t left = 1 + dice.Below(4); left > 0; --left) Mutate(dice, &mutated);
+      for (std::size_t left = 1 + dice.Below(4); left > 0; --left) Damage(dice, &mutated);
       // A copy of exactly this size, so that the sanitizer sees the first byte too many.
       const auto exact = std::make_unique<char[]>(mutated.size());
       std::memcpy(exact.get(), mutated.data(), mutated.size());
@@ -94,7 +77,7 @@ TEST_SUITE("fuzz_version_resource") {
     int found = 0;
     for (int round = 0; round < kMutations / 10; ++round) {
       file.content = Valid(dice);
-      Mutate(dice, &file.content);
+      Damage(dice, &file.content);
       const std::string text = version.GetFileDescription("C:\\x.exe");
       if (text.size() > file.content.size()) FAIL("round ", round, ": longer than its file");
       found += text.empty() ? 0 : 1;
