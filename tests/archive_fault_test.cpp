@@ -31,11 +31,9 @@ TEST_SUITE("archive_faults") {
           b.m.File("C:\\spy\\text", "text");
           b.m.File("C:\\Backup\\other.qzp", "other");
           const std::string before = b.Tree("C:\\spy");
-          ArchiveOptions options;
-          options.volume_size = volume_size;
           b.m.files.failing_change = failing;
           b.m.files.change_error = error;
-          done = b.Store({"C:\\spy"}, options).ok();
+          done = b.Store({"C:\\spy"}, {volume_size, {}}).ok();
           CHECK(done == (b.m.files.changes < failing));
           CHECK(b.m.Has(kArchivePath) == done);
           if (!done) CHECK(b.Names("C:\\Backup") == "other.qzp\n");

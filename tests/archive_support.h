@@ -47,6 +47,23 @@ struct ArchiveBench {
     });
     return read.ok() ? text : "(" + std::to_string(read.number()) + ")";
   }
+  // All items of the archive, one a line: path, kind, attributes, times and content.
+  std::string Items() {
+    ArchiveReader reader = Reader();
+    REQUIRE(reader.Open(kArchivePath).ok());
+    std::string text;
+    for (std::size_t i = 0; i < reader.items().size(); ++i) {
+      const ArchiveItem& item = reader.items()[i];
+      text += item.path;
+      for (const std::uint64_t number :
+           {static_cast<std::uint64_t>(item.kind), std::uint64_t{item.attributes},
+            item.times.created, item.times.modified, item.times.accessed}) {
+        text += " " + std::to_string(number);
+      }
+      text += " " + ItemText(reader, i) + "\n";
+    }
+    return text;
+  }
   // The names below a folder, one a line.
   std::string Names(const std::string& folder) {
     std::string names;

@@ -4,35 +4,30 @@
 #include <vector>
 
 #include "backup/extractor.h"
+#include "platform/path_guard.h"
 #include "tests/archive_support.h"
 
 namespace scourwell::test {
 
-// Holds the folders on the way and refuses what lies below one of its paths.
+// The guard of the product, which also refuses what lies below one of its paths.
 class TestGuard : public RestoreGuard {
  public:
-  explicit TestGuard(Files& files) : files_(files) {}
+  explicit TestGuard(Files& files) : guard_(files, folders_) {}
 
   std::vector<std::string> refused;
   int calls = 0;
 
-  Outcome Allow(const std::string& path, std::vector<std::unique_ptr<FolderHold>>* holds) override {
+  Outcome Allow(const std::string& path, HeldWay* way) override {
     ++calls;
     for (const std::string& beginning : refused) {
       if (path.starts_with(beginning)) return Outcome::Failed(kPathFileAccess, "protected");
     }
-    for (std::size_t end = path.find('\\', 3); end != path.npos; end = path.find('\\', end + 1)) {
-      std::unique_ptr<FolderHold> hold;
-      const Outcome held = files_.HoldFolder(path.substr(0, end), &hold);
-      if (held.number() == kFileNotFound) break;
-      if (!held.ok()) return held;
-      holds->push_back(std::move(hold));
-    }
-    return {};
+    return guard_.Allow(path, way);
   }
 
  private:
-  Files& files_;
+  SystemFolders folders_;
+  PathGuard guard_;
 };
 
 struct RestoreBench : ArchiveBench {

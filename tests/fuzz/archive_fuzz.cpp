@@ -1,7 +1,6 @@
-// Archives, whole and in pieces, damaged at random, with checksums made right again or not: what
-// is read must be bounded, what comes out must be right, and nothing else may be touched.
-#include <algorithm>
-
+// Archives that lie at random, with checksums that are right or not: what is read must be bounded,
+// what comes out must be right, and nothing else may be touched.
+#include "tests/fuzz/mutate.h"
 #include "tests/hand_archive.h"
 #include "tests/restore_support.h"
 
@@ -12,13 +11,9 @@ constexpr std::uint32_t kSeed = 20040306;
 constexpr int kRounds = 6000;
 
 std::string AnyPath(Dice& dice) {
-  static const std::string kPaths[] = {"C:\\spy\\a",   "C:\\spy\\sub\\b",
-                                       "C:\\spy\\a",   "C:\\spy\\sub\\b",
-                                       "C:\\spy",      "C:\\keep\\a",
-                                       "C:\\link\\x",  "C:\\spy\\..\\keep\\a",
-                                       "D:\\x",        "x",
-                                       "C:\\spy\\nul", "C:\\spy\\a\\below",
-                                       "one.reg"};
+  static const std::string kPaths[] = {
+      "C:\\spy\\a",   "C:\\spy\\sub\\b",   "C:\\spy", "C:\\keep\\a", "C:\\link\\x",
+      "C:\\spy\\nul", "C:\\spy\\a\\below", "D:\\x",   "x",           "C:\\spy\\..\\keep\\a"};
   return dice.Pick(kPaths);
 }
 
@@ -40,36 +35,17 @@ HandArchive Lying(Dice& dice) {
     if (item.kind != 2) item.content = std::string(dice.Below(30), 'c');
     item.attributes = static_cast<std::uint32_t>(AnyNumber(dice));
     item.modified = AnyNumber(dice);
-    if (dice.Chance(60)) item.size = AnyNumber(dice);
-    if (dice.Chance(60)) item.offset = AnyNumber(dice);
-    if (dice.Chance(60)) item.stored = AnyNumber(dice);
-    if (dice.Chance(60)) item.block_header = AnyNumber(dice);
+    for (auto* field : {&item.size, &item.offset, &item.stored, &item.block_header}) {
+      if (dice.Chance(60)) *field = AnyNumber(dice);
+    }
     if (dice.Chance(20)) item.path_size = AnyNumber(dice);
     archive.items.push_back(std::move(item));
   }
-  if (dice.Chance(20)) archive.count = AnyNumber(dice);
-  if (dice.Chance(20)) archive.index_size = AnyNumber(dice);
-  if (dice.Chance(20)) archive.data_size = AnyNumber(dice);
+  for (auto* field : {&archive.count, &archive.index_size, &archive.data_size}) {
+    if (dice.Chance(20)) *field = AnyNumber(dice);
+  }
   if (dice.Chance(20)) archive.volumes = {AnyNumber(dice)}, archive.number = 2;
   return archive;
-}
-
-void Mutate(Dice& dice, std::string* bytes) {
-  if (bytes->empty()) return;
-  const std::size_t at = dice.Below(bytes->size());
-  switch (dice.Below(4)) {
-    case 0:
-      bytes->resize(at);
-      return;
-    case 1:
-      bytes->erase(at, dice.Below(9));
-      return;
-    case 2:
-      bytes->insert(at, bytes->substr(dice.Below(bytes->size()), dice.Below(40)));
-      return;
-    default:
-      (*bytes)[at] = static_cast<char>(dice.Below(256));
-  }
 }
 
 }  // namespace
@@ -100,43 +76,8 @@ TEST_SUITE("fuzz_archive") {
         if (content.find_first_not_of('c') != content.npos) FAIL("round ", round, ": ", content);
       }
     }
-    CHECK(restored > kRounds / 4);
+    CHECK(restored > kRounds / 5);
     CHECK(refused > kRounds / 10);
-  }
-
-  TEST_CASE("damaged pieces never give wrong content") {
-    Dice dice(kSeed);
-    ArchiveBench b;
-    const std::string contents[] = {"", std::string(700, 't'), Noise(1800)};
-    b.m.File("C:\\spy\\0", contents[0]);
-    b.m.File("C:\\spy\\1", contents[1]);
-    b.m.File("C:\\spy\\2", contents[2]);
-    ArchiveOptions options;
-    options.volume_size = 600;
-    REQUIRE(b.Store({"C:\\spy"}, options).ok());
-    std::vector<std::pair<std::string, std::string>> pieces;
-    for (const auto& child : b.m.files.Find("C:\\Backup")->children) {
-      pieces.emplace_back("C:\\Backup\\" + child->name, child->content);
-    }
-    REQUIRE(pieces.size() >= 4);
-    int right = 0;
-    int wrong = 0;
-    for (int round = 0; round < kRounds; ++round) {
-      for (const auto& [path, content] : pieces) b.m.files.Find(path)->content = content;
-      for (std::size_t left = 1 + dice.Below(3); left > 0; --left) {
-        Mutate(dice, &b.m.files.Find(dice.Pick(pieces).first)->content);
-      }
-      ArchiveReader reader = b.Reader();
-      if (!reader.Open(kArchivePath).ok()) continue;
-      for (std::size_t i = 1; i < reader.items().size(); ++i) {
-        const std::string text = ArchiveBench::ItemText(reader, i);
-        const bool same = text == contents[i - 1];
-        if (!same && !text.starts_with("(")) FAIL("round ", round, ": wrong content");
-        ++(same ? right : wrong);
-      }
-    }
-    CHECK(right > kRounds / 10);
-    CHECK(wrong > kRounds / 10);
   }
 }
 
