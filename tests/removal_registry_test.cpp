@@ -1,0 +1,74 @@
+// What a removal does to the registry and to processes.
+#include "tests/removal_support.h"
+
+namespace scourwell::test {
+
+TEST_SUITE("removal") {
+  TEST_CASE("registry rows go in their own view, and Windows' own keys stay") {
+    const std::string run_path = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+    const std::string run = "HKEY_CURRENT_USER\\" + run_path;
+    Remover r;
+    FakeRegistry other;
+    r.registry64 = &other;
+    for (FakeRegistry* registry : {&r.m.registry, &other}) {
+      registry->Make(RootKey::LocalMachine, "SOFTWARE\\Evil\\a\\b").Value("v", "x");
+      registry->Make(RootKey::CurrentUser, run_path)
+          .Value("Evil", "C:\\x.exe")
+          .Value("back\\slash \"q\"", "x")
+          .Value("", "default");
+    }
+    r.Add(kSpyRegistryKey, "HKEY_LOCAL_MACHINE\\SOFTWARE\\EVIL");
+    r.Add(kSpyRegistryValue, run + "\\EVIL", run);
+    r.Add(kSpyRegistryValue, run + "\\back\\slash \"q\"", run);
+    r.Add(kSpyRegistryKey, "HKEY_LOCAL_MACHINE\\SOFTWARE\\None");
+    for (const char* key :
+         {"HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run",
+          "HKEY_LOCAL_MACHINE\\SOFTWARE", "HKEY_CLASSES_ROOT\\CLSID",
+          "HKEY_USERS\\S-1-5\\Software\\Microsoft", "HKEY_LOCAL_MACHINE", "HKEY_DYN_DATA\\x"}) {
+      r.Add(kSpyRegistryKey, key);
+    }
+    r.Add(kSpyRegistryValue, run + "\\a\r\n[-HKEY_LOCAL_MACHINE\\SOFTWARE]", run);
+    r.hits.AddSpyToListView({std::string(kSpyRegistryValue), run + "\\Evil (64-bit)", "spy", 0, run,
+                             "C:\\x.exe", true});
+    r.Run();
+    CHECK(r.States() == "rrrgRRRRRRgr");
+    CHECK(r.m.registry.Find(RootKey::LocalMachine, "SOFTWARE\\Evil") == nullptr);
+    CHECK(other.Find(RootKey::LocalMachine, "SOFTWARE\\Evil\\a\\b") != nullptr);
+    CHECK(r.m.registry.Find(RootKey::CurrentUser, run_path)->values.size() == 1);
+    CHECK(other.Find(RootKey::CurrentUser, run_path)->values.size() == 2);
+    CHECK(r.removal->counters().registry == 12);
+    CHECK(r.m.Content("C:\\App\\Remove.reg") ==
+          "REGEDIT4\r\n\r\n[-HKEY_LOCAL_MACHINE\\SOFTWARE\\EVIL]\r\n\r\n[" + run +
+              "]\r\n\"EVIL\"=-\r\n[" + run +
+              "]\r\n\"back\\\\slash \\\"q\\\"\"=-\r\n"
+              "\r\n[-HKEY_LOCAL_MACHINE\\SOFTWARE\\None]\r\n\r\n[" +
+              run + "]\r\n\"Evil\"=-\r\n");
+  }
+
+  TEST_CASE("a process is ended when it is still the one that was found") {
+    Remover r;
+    r.m.processes.running = {
+        {"C:\\evil.exe", 7}, {"C:\\other.exe", 8}, {"C:\\WINDOWS\\system32\\lsass.exe", 9}};
+    r.Add(kMemoryProcess, "C:\\EVIL.exe", "C:\\evil.exe", "7");
+    r.Add(kMemoryProcess, "C:\\evil.exe", "C:\\evil.exe", "8");
+    r.Add(kMemoryProcess, "C:\\evil.exe", "C:\\evil.exe", "");
+    r.Add(kMemoryProcess, "C:\\WINDOWS\\system32\\lsass.exe", "", "9");
+    r.Run();
+    CHECK(r.States() == "rggR");
+    CHECK(Lines(r.m.system.journal) == "Terminate 7\n");
+    CHECK(r.removal->counters().processes == 4);
+  }
+
+  TEST_CASE("the registry editor gets the script in the form of its family") {
+    for (const bool nt : {true, false}) {
+      Remover r(nt);
+      r.Run();
+      r.removal->launchRegEditDelete();
+      CHECK(Lines(r.m.shell.journal) ==
+            (nt ? "Launch C:\\WINDOWS\\system32\\RegEdt32.exe /S \"C:\\App\\Remove.reg\"\n"
+                : "Launch C:\\WINDOWS\\Regedit.exe /S \"C:\\App\\Remove.reg\"\n"));
+    }
+  }
+}
+
+}  // namespace scourwell::test

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <string>
+
+#include "backup/ignore_list.h"
+#include "results/removal.h"
+#include "tests/support.h"
+
+namespace scourwell::test {
+
+struct Remover : Bench {
+  IgnoreList ignore{m.files, m.clock, log, "C:\\App\\ignorespylist.txt"};
+  HitList hits{ignore, settings, log};
+  SystemFolders folders{kAppFolder,
+                        "C:\\WINDOWS",
+                        "C:\\WINDOWS\\system32",
+                        "",
+                        "C:\\Temp",
+                        "C:\\Program Files",
+                        "C:\\Program Files\\Common Files",
+                        {"C:\\Users\\me\\Desktop"}};
+  COpSysInfo os;
+  RegistryAccess access{m.registry, log, captions, m.shell};
+  std::unique_ptr<Removal> removal;
+  Registry* registry64 = nullptr;
+
+  explicit Remover(bool nt = true) : os(Family(nt)) {
+    settings.MarkChecked = "y";
+    settings.DeleteAfterReboot = true;
+    for (const auto& folder : {folders.system, folders.common_files, folders.special[0]}) {
+      m.Folder(folder);
+    }
+  }
+  System& Family(bool nt) {
+    if (!nt) m.system.record = {4, 10, 2222, 1, " A ", 0, 0, 0, 0};
+    return m.system;
+  }
+  void Add(std::string_view kind, const std::string& details, const std::string& tool_tip = {},
+           const std::string& tag = {}) {
+    hits.AddSpyToListView(
+        {std::string(kind), details, "spy", 0, tool_tip.empty() ? details : tool_tip, tag});
+  }
+  void Run(const std::unordered_set<std::size_t>& kept = {}) {
+    removal = std::make_unique<Removal>(
+        Removal::Parts{{m.files, m.system, m.shell, m.pump, log, os, folders, settings, access},
+                       m.processes,
+                       m.registry,
+                       registry64,
+                       captions,
+                       hits});
+    removal->RemoveSelectedSpy(kept);
+  }
+  // One letter an object: removed, gone, pending, Refused, Failed.
+  std::string States() const {
+    std::string text;
+    for (const RemovedObject& object : removal->report().objects) {
+      text += "rgpRF"[static_cast<int>(object.result.state)];
+    }
+    return text;
+  }
+  std::string RemoveOne(std::string_view kind, const std::string& path) {
+    hits.Clear();
+    Add(kind, path);
+    Run();
+    return States();
+  }
+  bool Recorded(std::string_view text) { return m.Errors().find(text) != std::string::npos; }
+};
+
+// Everything below a folder, one path a line, with sizes.
+inline std::string TreeOf(FakeMachine& m, const std::string& folder) {
+  std::string text;
+  for (const auto& child : m.files.Find(folder)->children) {
+    const std::string path = folder + "\\" + child->name;
+    text += path + " " + std::to_string(child->content.size()) + "\n";
+    if (child->IsFolder() && !child->IsLink()) text += TreeOf(m, path);
+  }
+  return text;
+}
+
+}  // namespace scourwell::test
