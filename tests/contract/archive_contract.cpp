@@ -2,10 +2,11 @@
 // and attributes and times must come back as the machine reports them.
 #include <doctest/doctest.h>
 
-#include <map>
+#include <algorithm>
+#include <vector>
 
 #include "backup/extractor.h"
-#include "platform/file_utils.h"
+#include "platform/path_guard.h"
 #include "platform/text.h"
 #include "tests/contract/contract.h"
 
@@ -15,27 +16,15 @@ namespace {
 constexpr FileTime kSomeTime = 125'000'000'000'000'000;
 constexpr std::uint32_t kCompared = kReadOnly | kHidden | kSystem | kFolder;
 
-class QuietPump : public Pump {
- protected:
-  void YieldNow() override {}
-};
-
+// The guard of the product, to which no folder is the system's.
 class HoldingGuard : public RestoreGuard {
  public:
-  explicit HoldingGuard(Files& files) : files_(files) {}
-  Outcome Allow(const std::string& path, std::vector<std::unique_ptr<FolderHold>>* holds) override {
-    for (std::size_t end = path.find('\\', 3); end != path.npos; end = path.find('\\', end + 1)) {
-      std::unique_ptr<FolderHold> hold;
-      const Outcome held = files_.HoldFolder(path.substr(0, end), &hold);
-      if (held.number() == kFileNotFound) break;
-      if (!held.ok()) return held;
-      holds->push_back(std::move(hold));
-    }
-    return {};
-  }
+  explicit HoldingGuard(Files& files) : guard_(files, none_) {}
+  Outcome Allow(const std::string& path, HeldWay* way) override { return guard_.Allow(path, way); }
 
  private:
-  Files& files_;
+  SystemFolders none_;
+  PathGuard guard_;
 };
 
 struct Planted {
@@ -61,18 +50,21 @@ struct Planted {
     }
   }
 
+  std::vector<DirEntry> Entries(const std::string& folder) {
+    std::vector<DirEntry> entries;
+    const auto keep = [&](const DirEntry& entry) {
+      entries.push_back(entry);
+      return true;
+    };
+    CHECK(files.List(folder + "\\*", keep).ok());
+    std::sort(entries.begin(), entries.end(),
+              [](const auto& a, const auto& b) { return CompareNoCase(a.name, b.name) < 0; });
+    return entries;
+  }
   // Name, attributes, times of files and folders and the content, in the order of the names.
   std::string Tree(const std::string& folder) {
-    std::map<std::string, DirEntry> entries;
-    CHECK(files
-              .List(folder + "\\*",
-                    [&](const DirEntry& entry) {
-                      entries[Upper(entry.name)] = entry;
-                      return true;
-                    })
-              .ok());
     std::string text;
-    for (const auto& [name, entry] : entries) {
+    for (const DirEntry& entry : Entries(folder)) {
       const std::string path = folder + "\\" + entry.name;
       text += path + " " + std::to_string(entry.attributes & kCompared) + " " +
               std::to_string(entry.modified) + " " + std::to_string(entry.size) + "\n";
@@ -86,15 +78,7 @@ struct Planted {
     return text;
   }
   void Remove(const std::string& folder) {
-    std::vector<DirEntry> entries;
-    CHECK(files
-              .List(folder + "\\*",
-                    [&](const DirEntry& entry) {
-                      entries.push_back(entry);
-                      return true;
-                    })
-              .ok());
-    for (const DirEntry& entry : entries) {
+    for (const DirEntry& entry : Entries(folder)) {
       const std::string path = folder + "\\" + entry.name;
       CHECK(files.SetAttributes(path, 0).ok());
       if (entry.IsFolder()) {
@@ -105,12 +89,24 @@ struct Planted {
     }
     CHECK(files.RemoveFolder(folder).ok());
   }
+  // An archive of one item and a script.
+  void Store(const std::string& path, std::uint64_t volume_size = 0) {
+    ArchiveWriter writer(files, machine->clock(), pump);
+    REQUIRE(writer.Create(archive, {volume_size, {}}).ok());
+    REQUIRE(writer.AddFile(path).ok());
+    REQUIRE(writer.AddScript("one.reg", "REGEDIT4\r\n").ok());
+    REQUIRE(writer.Finish().ok());
+    CHECK(writer.result().failed.empty());
+  }
   RestoreResult Restore() {
     HoldingGuard guard(files);
     ArchiveReader reader(files, pump);
     REQUIRE(reader.Open(archive).ok());
     Extractor extractor(files, pump, guard);
     CHECK(extractor.ExtractAll(reader, machine->folder()).ok());
+    for (const std::string& script : extractor.result().scripts) {
+      CHECK(files.EraseFile(script).ok());
+    }
     for (const ItemReport& report : extractor.result().failed) {
       FAIL_CHECK(report.path, ": ", report.why.description());
     }
@@ -125,32 +121,21 @@ TEST_SUITE("contract_archive") {
     for (const std::uint64_t volume_size : {0, 600}) {
       CAPTURE(volume_size);
       Planted p;
-      ArchiveWriter writer(p.files, p.machine->clock(), p.pump);
-      ArchiveOptions options;
-      options.volume_size = volume_size;
-      REQUIRE(writer.Create(p.archive, options).ok());
-      REQUIRE(writer.AddFile(p.spy).ok());
-      REQUIRE(writer.AddScript("one.reg", "REGEDIT4\r\n").ok());
-      REQUIRE(writer.Finish().ok());
-      CHECK(writer.result().failed.empty());
+      p.Store(p.spy, volume_size);
       const std::string before = p.Tree(p.machine->folder());
       p.Remove(p.spy);
       const RestoreResult restored = p.Restore();
       CHECK(restored.notes.empty());
       CHECK(restored.restored == 6);
-      REQUIRE(restored.scripts.size() == 1);
-      CHECK(p.files.EraseFile(restored.scripts[0]).ok());
+      CHECK(restored.scripts.size() == 1);
       CHECK((p.Tree(p.machine->folder()) == before));
     }
   }
 
   TEST_CASE("what is not older is kept aside, a read-only older file is replaced") {
     Planted p;
-    ArchiveWriter writer(p.files, p.machine->clock(), p.pump);
-    REQUIRE(writer.Create(p.archive).ok());
-    REQUIRE(writer.AddFile(p.spy + "\\sub\\text.dat").ok());
-    REQUIRE(writer.Finish().ok());
     const std::string path = p.spy + "\\sub\\text.dat";
+    p.Store(path);
     p.machine->SetAttributes(path, 0);
     REQUIRE(p.files.Replace(path, "newer").ok());
     CHECK(p.Restore().kept.size() == 1);

@@ -8,6 +8,7 @@
 #include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/profiles.h"
+#include "platform/pump.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
 
@@ -36,6 +37,11 @@ class ContractMachine {
   virtual void MakeFile(const std::string& path, const std::string& content) = 0;
   // Some of kReadOnly, kHidden and kSystem, and no others of these.
   virtual void SetAttributes(const std::string& path, std::uint32_t attributes) = 0;
+};
+
+class QuietPump : public Pump {
+ protected:
+  void YieldNow() override {}
 };
 
 // Defined once per program: tests/contract/fake_fixture.cpp or the real machine's own.

@@ -1,52 +1,6 @@
-#include <doctest/doctest.h>
-
-#include <algorithm>
-#include <vector>
-
-#include "tests/contract/contract.h"
+#include "tests/contract/on_disk.h"
 
 namespace scourwell::test {
-namespace {
-
-struct OnDisk {
-  std::unique_ptr<ContractMachine> machine = NewContractMachine();
-  Files& files = machine->files();
-  std::string root = machine->folder() + "\\";
-
-  void Make(const std::string& name, const std::string& content = {}) {
-    machine->MakeFile(root + name, content);
-  }
-  int List(const std::string& pattern, std::vector<DirEntry>* entries) {
-    return files
-        .List(root + pattern,
-              [&](const DirEntry& entry) {
-                entries->push_back(entry);
-                return true;
-              })
-        .number();
-  }
-  // The names found, in alphabetical order; "!" and the number of a failure.
-  std::string Names(const std::string& pattern) {
-    std::vector<DirEntry> entries;
-    const int number = List(pattern, &entries);
-    std::vector<std::string> names;
-    for (const DirEntry& entry : entries) names.push_back(entry.name);
-    std::sort(names.begin(), names.end());
-    std::string text = number ? "!" + std::to_string(number) + " " : "";
-    for (const std::string& name : names) text += name + " ";
-    return text;
-  }
-  int Stat(const std::string& name, DirEntry* entry) {
-    return files.Stat(root + name, entry).number();
-  }
-  std::string Content(const std::string& name) {
-    std::string content = "(none)";
-    static_cast<void>(files.Read(root + name, 1000, &content));
-    return content;
-  }
-};
-
-}  // namespace
 
 TEST_SUITE("contract_files") {
   TEST_CASE("a listing finds names by wildcards and without case") {
@@ -55,36 +9,26 @@ TEST_SUITE("contract_files") {
       disk.Make(name);
     }
     disk.machine->MakeFolder(disk.root + "folder.txt");
-    struct Row {
-      const char* pattern;
-      const char* names;
-    };
     const std::string everything = "Beta.TXT a.b.c alpha.txt folder.txt noext x1.exe x12.exe ";
     CHECK(disk.Names("*.*") == everything);
     CHECK(disk.Names("*") == everything);
-    for (const Row& row : {Row{"*.txt", "Beta.TXT alpha.txt folder.txt "},
-                           {"ALPHA.TXT", "alpha.txt "},
-                           {"x?.exe", "x1.exe "},
-                           {"x??.exe", "x12.exe "},
-                           {"x*.exe", "x1.exe x12.exe "},
-                           {"*l*", "alpha.txt folder.txt "},
-                           {"a*c", "a.b.c "},
-                           {"folder*", "folder.txt "},
-                           {"none", ""},
-                           {"*.none", ""},
-                           {"alpha", ""},
-                           {"a.b", ""},
-                           {"", ""},
-                           {"folder.txt\\", ""},
-                           {"folder.txt\\*.*", ""},
-                           {"alpha.txt.", "alpha.txt "},
-                           {"none\\*.*", "!76 "},
-                           {"none\\x", "!76 "},
-                           {"alpha.txt\\*.*", "!76 "},
-                           {"f*\\*.*", "!76 "},
-                           {"f?lder.txt\\x", "!76 "}}) {
-      CAPTURE(std::string(row.pattern));
-      CHECK(disk.Names(row.pattern) == row.names);
+    for (const auto& [pattern, names] : {std::pair{"*.txt", "Beta.TXT alpha.txt folder.txt "},
+                                         {"x?.exe", "x1.exe "},
+                                         {"x??.exe", "x12.exe "},
+                                         {"x*.exe", "x1.exe x12.exe "},
+                                         {"*l*", "alpha.txt folder.txt "},
+                                         {"none", ""},
+                                         {"a.b", ""},
+                                         {"", ""},
+                                         {"folder.txt\\", ""},
+                                         {"folder.txt\\*.*", ""},
+                                         {"alpha.txt.", "alpha.txt "},
+                                         {"none\\*.*", "!76 "},
+                                         {"alpha.txt\\*.*", "!76 "},
+                                         {"f*\\*.*", "!76 "},
+                                         {"f?lder.txt\\x", "!76 "}}) {
+      CAPTURE(std::string(pattern));
+      CHECK(disk.Names(pattern) == names);
     }
     CHECK(disk.Names("folder.txt\\..\\\\x1.*") == "x1.exe ");
     CHECK(disk.Names(std::string(260 - disk.root.size(), 'x')) == "!76 ");
@@ -192,35 +136,28 @@ TEST_SUITE("contract_files") {
     while (bytes.size() < 2 * Files::kBlockSize + 5) {
       bytes += static_cast<char>(bytes.size() * 7 + bytes.size() / 251);
     }
-    struct Row {
-      std::size_t size;
-      std::size_t enough;
-      const char* blocks;
-    };
-    for (const Row& row : {Row{0, 9, ""},
-                           {1, 9, "1 "},
-                           {65535, 9, "65535 "},
-                           {65536, 9, "65536 "},
-                           {65537, 9, "65536 1 "},
-                           {131077, 9, "65536 65536 5 "},
-                           {131077, 2, "65536 65536 "},
-                           {131077, 1, "65536 "}}) {
-      CAPTURE(row.size);
-      disk.Make("file", bytes.substr(0, row.size));
+    // The sizes of the blocks that a visitor is shown until it has so many.
+    const auto blocks = [&](std::size_t size, std::size_t enough) {
+      CAPTURE(size);
+      disk.Make("file", bytes.substr(0, size));
       std::string sizes;
       std::string content;
       std::size_t visits = 0;
-      CHECK(disk.files
-                .ReadBlocks(disk.root + "FILE",
-                            [&](std::string_view block) {
-                              sizes += std::to_string(block.size()) + " ";
-                              content += block;
-                              return ++visits < row.enough;
-                            })
-                .ok());
-      CHECK(sizes == row.blocks);
+      const auto visit = [&](std::string_view block) {
+        sizes += std::to_string(block.size()) + " ";
+        content += block;
+        return ++visits < enough;
+      };
+      CHECK(disk.files.ReadBlocks(disk.root + "FILE", visit).ok());
       CHECK((content == bytes.substr(0, content.size())));
-    }
+      return sizes;
+    };
+    CHECK(blocks(0, 9) == "");
+    CHECK(blocks(65535, 9) == "65535 ");
+    CHECK(blocks(65536, 9) == "65536 ");
+    CHECK(blocks(65537, 9) == "65536 1 ");
+    CHECK(blocks(131077, 9) == "65536 65536 5 ");
+    CHECK(blocks(131077, 1) == "65536 ");
     disk.machine->MakeFolder(disk.root + "folder");
     const auto fail = [](std::string_view) {
       FAIL_CHECK("visited");

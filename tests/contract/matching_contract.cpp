@@ -8,15 +8,6 @@
 #include "tests/contract/plain_loop.h"
 
 namespace scourwell::test {
-namespace {
-
-class NoPump : public Pump {
- protected:
-  void YieldNow() override {}
-};
-
-}  // namespace
-
 TEST_SUITE("contract_matching") {
   TEST_CASE("a scan finds what one listing per row and folder finds, in the same order") {
     std::size_t hits = 0;
@@ -35,7 +26,7 @@ TEST_SUITE("contract_matching") {
       CAPTURE(seed);
       CAPTURE(Lines(signatures));
       const std::string expected = PlainLoop(files, list, root);
-      NoPump pump;
+      QuietPump pump;
       ErrorLog log(files, machine->clock(), machine->folder() + "\\errorlog.txt");
       CollectingSink sink;
       ScanProgress progress;
