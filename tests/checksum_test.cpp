@@ -14,14 +14,8 @@ TEST_SUITE("checksum") {
     std::string large(2 * Files::kBlockSize + 3, '\0');
     large[Files::kBlockSize] = '\x50';
     large.back() = '\x05';
-    for (const Row& row : std::vector<Row>{{"", 0},
-                                           {"\x01", 1},
-                                           {"\x01\x02", 3},
-                                           {"\xFF\x0F\xF0", 0},
-                                           {"\x01\x02\x04\x08", 15},
-                                           {"\x01\x02\x04\x08\x10\x80\xFF", 0x60},
-                                           {"aabbccdde", 'e'},
-                                           {large, 0x55}}) {
+    for (const Row& row :
+         {Row{"", 0}, {"\xFF\x0F\xF0", 0}, {"\x01\x02\x04\x08\x10\x80\xFF", 0x60}, {large, 0x55}}) {
       b.m.File("C:\\x", row.content);
       std::optional<std::uint8_t> sum;
       CHECK(GetFileCheckSum(b.m.files, b.m.pump, "C:\\x", &sum).ok());

@@ -132,8 +132,7 @@ TEST_SUITE("list_loader") {
       int advanced;
       bool recorded;
     };
-    for (const Row& row : {Row{"3", 3, 3, false},
-                           {"1", 1, 1, true},
+    for (const Row& row : {Row{"1", 1, 1, true},
                            {"7", 7, 3, true},
                            {"3 of them", 3, 3, false},
                            {"none", 0, 0, true},
@@ -171,8 +170,8 @@ TEST_SUITE("list_loader") {
     l.Load(kUpdateSpyFileList);
     CHECK(l.sink.lines() == "Spy File|spy|C:\\WINDOWS\\EVIL.exe\n");
     l.Load(kUpdateSpyFolderList);
-    CHECK(l.sink.found.size() == 2);
-    CHECK(l.sink.found.back().details == "C:\\WINDOWS\\spydir");
+    CHECK(l.sink.lines() ==
+          "Spy File|spy|C:\\WINDOWS\\EVIL.exe\nSpy Folder|spy|C:\\WINDOWS\\spydir\n");
     CHECK(l.sink.found.back().icon == kCodeFolder);
     const std::string refused =
         "Error Description: The definition does not name one absolute path, Error Number: 52, "
@@ -231,11 +230,8 @@ TEST_SUITE("signature_list") {
     FillListBoxRegistryVType(list, " key\\Path ", "spy", "value");
     FillListBox(list, "x", "", std::string(70'000, 'v'));
     CHECK(list.size() == 4);
-    CHECK(list[0].text == "SPY FILE");
-    CHECK(list[1].sub2 == "1");
-    CHECK(list[2].text == "KEY\\PATH");
-    CHECK(list[2].sub1 == "value");
-    CHECK(list[2].sub2 == "spy");
+    CHECK((list[0].text == "SPY FILE" && list[1].sub2 == "1"));
+    CHECK((list[2].text == "KEY\\PATH" && list[2].sub1 == "value" && list[2].sub2 == "spy"));
     CHECK(list[3].sub2.size() == 65'535);
     list.Retain([](const SignatureRow& row) { return row.text != "SPY FILE"; });
     CHECK(list.size() == 2);

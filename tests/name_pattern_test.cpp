@@ -54,14 +54,13 @@ TEST_SUITE("name_pattern") {
   }
 
   TEST_CASE("the systems' own readings of ? and of dots are admitted too") {
-    for (const auto& [pattern, name] :
-         std::vector<std::pair<const char*, const char*>>{{"ABC??", "ABC"},
-                                                          {"ABC?.EXE", "ABC.EXE"},
-                                                          {"ABC.*", "ABC"},
-                                                          {"*.", "A.B"},
-                                                          {"*.*", "ABC"},
-                                                          {"A*.?", "AB"},
-                                                          {"ABC.", "ABC"}}) {
+    for (const auto& [pattern, name] : {std::pair{"ABC??", "ABC"},
+                                        {"ABC?.EXE", "ABC.EXE"},
+                                        {"ABC.*", "ABC"},
+                                        {"*.", "A.B"},
+                                        {"*.*", "ABC"},
+                                        {"A*.?", "AB"},
+                                        {"ABC.", "ABC"}}) {
       CAPTURE(std::string(pattern));
       CHECK(MayMatch(pattern, name));
     }
