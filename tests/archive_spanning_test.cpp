@@ -83,10 +83,7 @@ TEST_SUITE("archive_spanning") {
         {"foreign", kTypeMismatch,
          [](Spanned& b) {
            const std::string old = b.Piece("q02");
-           ArchiveWriter writer(b.m.files, b.m.clock, b.m.pump);
-           REQUIRE(writer.Create("C:\\Backup\\other.qzp", {1000, {}}).ok());
-           REQUIRE(writer.AddFile("C:\\spy").ok());
-           REQUIRE(writer.Finish().ok());
+           REQUIRE(b.Store({"C:\\spy"}, {1000, {}}, nullptr, "C:\\Backup\\other.qzp").ok());
            b.Piece("q02") = b.m.Content("C:\\Backup\\other.q02");
            REQUIRE((b.Piece("q02").substr(32) == old.substr(32)));
          }},

@@ -28,9 +28,9 @@ struct ArchiveBench {
   ArchiveReader Reader() { return ArchiveReader(m.files, m.pump); }
   // Makes an archive of these paths.
   Outcome Store(const std::vector<std::string>& paths, ArchiveOptions options = {},
-                ArchiveResult* result = nullptr) {
+                ArchiveResult* result = nullptr, const char* archive = kArchivePath) {
     ArchiveWriter writer(m.files, m.clock, m.pump);
-    Outcome done = writer.Create(kArchivePath, std::move(options));
+    Outcome done = writer.Create(archive, std::move(options));
     for (const std::string& path : paths) {
       if (done.ok()) done = writer.AddFile(path);
     }

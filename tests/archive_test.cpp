@@ -19,15 +19,14 @@ TEST_SUITE("archive") {
   TEST_CASE("content of every size comes out as it went in") {
     ArchiveBench b;
     std::vector<std::string> paths;
-    std::map<std::string, std::string> contents;
+    std::vector<std::string> contents;
     const std::size_t block = kArchiveBlock;
     for (const std::size_t size :
          {std::size_t{0}, std::size_t{1}, block - 1, block, block + 1, 3 * block, 3 * block + 77}) {
-      for (const bool noise : {false, true}) {
-        const std::string path = "C:\\f" + std::to_string(size) + (noise ? "n" : "t");
-        paths.push_back(path);
-        contents[path] = noise ? Noise(size) : std::string(size, 'x');
-        b.m.File(path, contents[path]);
+      for (const std::string& content : {Noise(size), std::string(size, 'x')}) {
+        paths.push_back("C:\\f" + std::to_string(paths.size()));
+        contents.push_back(content);
+        b.m.File(paths.back(), content);
       }
     }
     REQUIRE(b.Store(paths).ok());
@@ -40,8 +39,8 @@ TEST_SUITE("archive") {
       CAPTURE(paths[i]);
       const ArchiveItem& item = reader.items()[i];
       CHECK(item.path == paths[i]);
-      CHECK(item.size == contents[paths[i]].size());
-      CHECK((ArchiveBench::ItemText(reader, i) == contents[paths[i]]));
+      CHECK(item.size == contents[i].size());
+      CHECK((ArchiveBench::ItemText(reader, i) == contents[i]));
       stored += item.stored;
     }
     CHECK(Paths(reader.Verify()) == "");

@@ -131,13 +131,6 @@ TEST_SUITE("signature_index") {
     CHECK(rows(kFolder | kLink) == "4!\n5!\n6?\n");
     CHECK(index.unusable() == 0);
   }
-
-  TEST_CASE("an empty list nominates nothing") {
-    const SignatureList list;
-    std::vector<SignatureIndex::Nomination> nominations;
-    SignatureIndex(list).Nominate({"a", "", kFolder, 0, 0, 0}, &nominations);
-    CHECK(nominations.empty());
-  }
 }
 
 }  // namespace scourwell::test

@@ -3,6 +3,7 @@
 #include "refc/lint.h"
 
 #include <set>
+#include <sstream>
 
 #include "tests/refc_support.h"
 
@@ -104,12 +105,10 @@ const Judged kRows[] = {
 
 std::set<std::string> RulesIn(const std::string& findings) {
   std::set<std::string> rules;
-  for (std::size_t at = 0; at < findings.size();) {
-    const std::size_t end = findings.find('\n', at);
-    const std::string line = findings.substr(at, end - at);
+  std::istringstream lines(findings);
+  for (std::string line; std::getline(lines, line);) {
     const std::size_t begin = line.find(": ") + 2;
     rules.insert(line.substr(begin, line.find(':', begin) - begin));
-    at = end + 1;
   }
   return rules;
 }

@@ -1,14 +1,9 @@
 // A backup and its restore on a machine: what holds folders must not keep files from being written,
 // and attributes and times must come back as the machine reports them.
-#include <doctest/doctest.h>
-
-#include <algorithm>
-#include <vector>
-
 #include "backup/extractor.h"
 #include "platform/path_guard.h"
 #include "platform/text.h"
-#include "tests/contract/contract.h"
+#include "tests/contract/on_disk.h"
 
 namespace scourwell::test {
 namespace {
@@ -27,20 +22,16 @@ class HoldingGuard : public RestoreGuard {
   PathGuard guard_;
 };
 
-struct Planted {
-  std::unique_ptr<ContractMachine> machine = NewContractMachine();
-  Files& files = machine->files();
+struct Planted : OnDisk {
   QuietPump pump;
   std::string spy = machine->folder() + "\\Spy Ware";
   std::string archive = machine->folder() + "\\one.qzp";
 
   Planted() {
-    machine->MakeFolder(spy);
-    machine->MakeFolder(spy + "\\empty");
-    machine->MakeFolder(spy + "\\sub");
-    machine->MakeFile(spy + "\\Evil.exe", std::string(600'000, 'e'));
-    machine->MakeFile(spy + "\\sub\\none", "");
-    machine->MakeFile(spy + "\\sub\\text.dat", "text");
+    for (const char* folder : {"", "\\empty", "\\sub"}) machine->MakeFolder(spy + folder);
+    Make("Spy Ware\\Evil.exe", std::string(600'000, 'e'));
+    Make("Spy Ware\\sub\\none");
+    Make("Spy Ware\\sub\\text.dat", "text");
     machine->SetAttributes(spy + "\\Evil.exe", kReadOnly | kHidden);
     machine->SetAttributes(spy + "\\sub\\text.dat", kSystem);
     FileTime time = kSomeTime;
@@ -139,18 +130,15 @@ TEST_SUITE("contract_archive") {
     p.machine->SetAttributes(path, 0);
     REQUIRE(p.files.Replace(path, "newer").ok());
     CHECK(p.Restore().kept.size() == 1);
-    std::string content;
-    CHECK(p.files.Read(path + ".kept", 100, &content).ok());
-    CHECK(content == "newer");
+    CHECK(p.Content("Spy Ware\\sub\\text.dat.kept") == "newer");
     p.machine->SetAttributes(path, 0);
     REQUIRE(p.files.Replace(path, "older").ok());
     CHECK(p.files.SetTimes(path, {0, 0, kSomeTime}).ok());
     p.machine->SetAttributes(path, kReadOnly | kHidden | kSystem);
     CHECK(p.Restore().kept.empty());
-    CHECK(p.files.Read(path, 100, &content).ok());
-    CHECK(content == "text");
+    CHECK(p.Content("Spy Ware\\sub\\text.dat") == "text");
     DirEntry entry;
-    CHECK(p.files.Stat(path, &entry).ok());
+    CHECK(p.Stat("Spy Ware\\sub\\text.dat", &entry) == 0);
     CHECK((entry.attributes & kCompared) == kSystem);
   }
 }

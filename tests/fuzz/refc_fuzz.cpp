@@ -141,21 +141,6 @@ TEST_SUITE("fuzz_refc") {
     CHECK(survived > kMutations / 10);
     CHECK(survived < kMutations * 9 / 10);
   }
-
-  TEST_CASE("a damaged source is read and judged") {
-    Dice dice(kSeed + 1);
-    int built = 0;
-    for (int round = 0; round < kMutations; ++round) {
-      Tool tool;
-      std::string source = ValidSource(dice);
-      for (std::size_t left = 1 + dice.Below(4); left > 0; --left) Damage(dice, &source);
-      built += tool.Build("a.tsv", source).empty() ? 0 : 1;
-      const int code = tool.Run({"lint", "a.tsv"});
-      if (code != 0 && code != 1) FAIL("round ", round, ": exit code ", code);
-    }
-    CHECK(built > kMutations / 20);
-    CHECK(built < kMutations * 9 / 10);
-  }
 }
 
 }  // namespace scourwell::test
