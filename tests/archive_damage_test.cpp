@@ -138,6 +138,14 @@ TEST_SUITE("archive_damage") {
         {"an empty block", [](HandArchive& a) { a.items[0].block_header = 0x80000000u; }},
         {"a block of 2 GB", [](HandArchive& a) { a.items[0].block_header = 0xFFFFFFFFu; }},
         {"a compressed block that is none", [](HandArchive& a) { a.items[0].block_header = 5; }},
+        {"a compressed block of less",
+         [](HandArchive& a) {
+           // As zlib writes it, with the right checksums.
+           a.items[0].content = std::string("\x78\x9C\x4B\xCB\x2F\x2D\x02\0\x04\x45\x01\xBD", 12);
+           a.items[0].block_header = a.items[0].content.size();
+           a.items[0].size = 5;
+           a.items[0].crc = HandArchive::Crc("four");
+         }},
         {"a block that ends early", [](HandArchive& a) { a.items[0].block_header = 0x80000004u; }},
     };
     for (const Row& row : rows) {
@@ -178,7 +186,8 @@ TEST_SUITE("archive_damage") {
         {"another way to write a path",
          {"C:\\a\\..\\b", "C:\\a\\.", "C:\\WINDOWS.\\x", "C:\\WINDOWS \\x", "C:\\a/b"}},
         {"a device or a stream", {"C:\\a\\con", "C:\\aux.txt\\a", "C:\\a:stream"}},
-        {"characters of no name", {"C:\\a*", "C:\\lost?", "C:\\a\r\nb"}}};
+        {"characters of no name",
+         {"C:\\a*", "C:\\lost?", "C:\\a\r\nb", "C:\\\"", "C:\\<", "C:\\>", "C:\\|"}}};
     for (const auto& [why, paths] : refused) {
       for (const char* path : paths) {
         CAPTURE(path);

@@ -86,6 +86,9 @@ TEST_SUITE("file_version") {
     for (const Row& row : std::vector<Row>{
              {"", ""},
              {"no such section FileDescription_x_FileVersion", ""},
+             {"StringFileInfo without the field, FileVersion", ""},
+             {nuls("StringFileInfo_FileDescription_a FileDescription_FileVersion"),
+              "a FileDescription"},
              {nuls("StringFileInfo_FileDescription__ plain text_\t_FileVersion"), "plain text"},
              {"StringFileInfoFileDescriptionFileVersion", ""},
              {VersionBlock::Wide(nuls("StringFileInfo__FileDescription_\r\n text\t _FileVersion")),

@@ -36,7 +36,7 @@ const Judged kRows[] = {
      {"file\t%SYS%\\kernel32.dll", "folder\t%PF%\\Internet Explorer",
       "folder\t%PF%\\Common Files"}},
     {"token",
-     {"file\t%Windows%\\evilbar.exe", "file\t%win%\\evilbar.exe",
+     {"file\t%Windows%\\evilbar.exe", "file\t%win%\\evilbar.exe", "file\t%WIN2%\\evilbar.exe",
       "file\t%common_startmenu%\\evilbar.exe", "file\t%PF%\\%SYS%\\evilbar.exe",
       "file\tC:\\%PF%\\evilbar.exe", "file\t%PF%evilbar.exe",
       "[SAFI]\n0SAFITD=Spy\n0SAFISD=C:\\evilbar.exe\n",
@@ -70,7 +70,8 @@ const Judged kRows[] = {
     {"form",
      {"key\tHKEY_LOCAL_MACHINE\\Software\\\\Evilbar", "key\tHKLM\\Software\\Evilbar",
       "value\tSoftware\\Run\\\\Evilbar",
-      "[REGV]\n0REGVT=Spy\n0REGVK=HKEY_USERS\\a\n0REGVV=Evilbar\n"}},
+      "[REGV]\n0REGVT=Spy\n0REGVK=HKEY_USERS\\a\n0REGVV=Evilbar\n",
+      "[REGV]\n0REGVT=Spy\n0REGVK=HKEY_USERS\\\\a\\\n0REGVV=Evilbar\n"}},
     // Cookies.
     {"", {"cookie\tevilads", "cookie\tevi["}},
     {"broad", {"cookie\tevil", "cookie\tad-x[", "cookie\t[1].txt"}},

@@ -83,6 +83,7 @@ TEST_SUITE("refc") {
         {"[cookies]\nSpy\tfile\tx.exe\ts\n", "spyware.tsv:2: form: rows of this kind do not"},
         {"Spy\tfile\t\xD0\x96.exe\ts\n", "spyware.tsv:1: characters: the line holds \"\xD0\x96\""},
         {"Spy\tfile\t\xFF.exe\ts\n", "spyware.tsv:1: characters: the line holds the byte 0xFF"},
+        {"Spy\tfile\t\xC3\xB4.exe\ts\n", "spyware.tsv:1: characters: a character that no"},
         {"Spy\tfile\ta\x01.exe\ts\n", "spyware.tsv:1: characters: a character that no"},
         {"[release]\nnumber\n", "spyware.tsv:2: form: an empty column"},
         {"[release]\nadded\tx\nadded\ty\n", "spyware.tsv:3: duplicate: it was said before"},

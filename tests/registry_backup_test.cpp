@@ -27,6 +27,7 @@ TEST_SUITE("registry_backup") {
              {"n", {kRegBinary, ""}, "\"n\"=hex:"},
              {"n", {kRegBinary, "\xFF\x01"}, "\"n\"=hex:ff,01"},
              {"n", {kRegExpandText, std::string("%a%\0", 4)}, "\"n\"=hex(2):25,61,25,00"},
+             {"n", {kRegNone, "a"}, "\"n\"=hex(0):61"},
              {"n", {0x10001, "a"}, "\"n\"=hex(10001):61"},
          }) {
       CAPTURE(std::string(row.line));
