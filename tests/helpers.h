@@ -6,6 +6,7 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "platform/captions.h"
@@ -92,6 +93,11 @@ class Dice {
  private:
   std::mt19937 engine_;
 };
+
+// A table of cases: `for (const auto& [text, number] : Rows<std::string, int>{{"1", 1}, {"x",
+// 0}})`.
+template <class... Columns>
+using Rows = std::vector<std::tuple<Columns...>>;
 
 // Comparable by CHECK, one item a line.
 inline std::string Lines(const std::vector<std::string>& items) {

@@ -1,6 +1,5 @@
 #include "shell/options.h"
 
-#include "shell/command_line.h"
 #include "tests/app_support.h"
 
 namespace scourwell::test {
@@ -35,6 +34,10 @@ struct Dialog {
   FakeMachine m;
   Application app{PortsOf(m), kAppFolder, {1, 0, 7}};
 
+  std::string Stored(const std::string& section_and_key) {
+    const std::size_t slash = section_and_key.find('/');
+    return Stored(section_and_key.substr(0, slash), section_and_key.substr(slash + 1));
+  }
   std::string Stored(const std::string& section, const std::string& key) {
     return m.registry.Text(kUser, "Software\\Scourwell\\" + section, key);
   }
@@ -54,50 +57,39 @@ struct Dialog {
 
 TEST_SUITE("options") {
   TEST_CASE("every box changes its own setting and no other") {
-    struct Row {
-      bool OptionControls::*box;
-      const char* section;
-      const char* key;
-      const char* first;
-    };
-    constexpr Row kRows[] = {
-        {&OptionControls::chkAutosaveLog, "AutoSave", "AutoSave", "True"},
-        {&OptionControls::chkUseRegEdit, "UseRegEdit", "UseRegEdit", "True"},
-        {&OptionControls::chkAutoCheckForUpdate, "AutoCheckForUpdate", "AutoCheckForUpdate",
-         "False"},
-        {&OptionControls::chkSpywareAdware, "ScanSections", "SpywareAdware", "True"},
-        {&OptionControls::chkDialers, "ScanSections", "Dialers", "True"},
-        {&OptionControls::chkKeyLoggers, "ScanSections", "KeyLoggers", "True"},
-        {&OptionControls::chkExtraLogInfo, "ScanSections", "ExtraLogInfo", "False"},
-        {&OptionControls::chkAllCookies, "ScanSections", "AllCookies", "True"},
-        {&OptionControls::chkTrojans, "ScanSections", "Trojans", "True"},
-        {&OptionControls::chkBHO, "ScanSections", "BHO", "True"},
-        {&OptionControls::ChkRemoveFile, "DeleteAfterReboot", "DeleteAfterReboot", "True"},
-        {&OptionControls::ChkAutoRemove, "AutoRemove", "AutoRemove", "False"},
-        {&OptionControls::chkBackupBeforeRemoval, "Backup", "BackupBeforeRemoval", "True"},
-        {&OptionControls::chkMarkChecked, "Mark", "Checked", "y"},
+    const Rows<bool OptionControls::*, std::string> kBoxes{
+        {&OptionControls::chkAutosaveLog, "AutoSave/AutoSave"},
+        {&OptionControls::chkUseRegEdit, "UseRegEdit/UseRegEdit"},
+        {&OptionControls::chkAutoCheckForUpdate, "AutoCheckForUpdate/AutoCheckForUpdate"},
+        {&OptionControls::chkSpywareAdware, "ScanSections/SpywareAdware"},
+        {&OptionControls::chkDialers, "ScanSections/Dialers"},
+        {&OptionControls::chkKeyLoggers, "ScanSections/KeyLoggers"},
+        {&OptionControls::chkExtraLogInfo, "ScanSections/ExtraLogInfo"},
+        {&OptionControls::chkAllCookies, "ScanSections/AllCookies"},
+        {&OptionControls::chkTrojans, "ScanSections/Trojans"},
+        {&OptionControls::chkBHO, "ScanSections/BHO"},
+        {&OptionControls::ChkRemoveFile, "DeleteAfterReboot/DeleteAfterReboot"},
+        {&OptionControls::ChkAutoRemove, "AutoRemove/AutoRemove"},
+        {&OptionControls::chkBackupBeforeRemoval, "Backup/BackupBeforeRemoval"},
+        {&OptionControls::chkMarkChecked, "Mark/Checked"},
     };
     Dialog d;
     const auto store = [&] {
       std::string all;
-      for (const Row& row : kRows) all += d.Stored(row.section, row.key) + " ";
+      for (const auto& [box, key] : kBoxes) all += d.Stored(key) + " ";
       return all;
     };
-    std::string expected;
-    for (const Row& row : kRows) expected += std::string(row.first) + " ";
-    CHECK(store() == expected);
-    for (const Row& row : kRows) {
-      const std::string key = row.key;
+    for (const auto& [box, key] : kBoxes) {
       CAPTURE(key);
       const std::string before = store();
-      const std::string old = d.Stored(row.section, row.key);
-      d.Ok([&](OptionsForm& form) {
-        CHECK(form.controls().*row.box == (old == "True" || old == "y"));
-        form.controls().*row.box ^= true;
-      });
-      const std::string changed = old == "y" ? "n" : old == "True" ? "False" : "True";
-      CHECK(d.Stored(row.section, row.key) == changed);
-      d.Ok([&](OptionsForm& form) { form.controls().*row.box ^= true; });
+      const std::string old = d.Stored(key);
+      const auto toggle = [&, box = box](OptionsForm& form) {
+        CHECK(form.controls().*box == (d.Stored(key) == "True" || d.Stored(key) == "y"));
+        form.controls().*box ^= true;
+      };
+      d.Ok(toggle);
+      CHECK(d.Stored(key) == (old == "y" ? "n" : old == "True" ? "False" : "True"));
+      d.Ok(toggle);
       CHECK(store() == before);
     }
     CHECK(d.m.Errors() == "");
@@ -137,17 +129,14 @@ TEST_SUITE("options") {
   }
 
   TEST_CASE("folders are taken as typed, the log keeps its name") {
-    struct Row {
-      const char* typed;
-      const char* log;
-    };
     Dialog d;
-    for (const Row& row : {Row{"C:\\Logs", "C:\\Logs\\ScanLog05-03-04-50000.txt"},
-                           {"C:\\", "C:\\ScanLog05-03-04-50000.txt"},
-                           {"Z:\\gone\\", "Z:\\gone\\ScanLog05-03-04-50000.txt"},
-                           {"", "C:\\App\\ScanLog05-03-04-50000.txt"}}) {
-      d.Ok([&](OptionsForm& form) { form.controls().txtLogfiles = row.typed; });
-      CHECK(d.app.settings().LogFilePath == row.log);
+    for (const auto& [typed, log] :
+         Rows<const char*, const char*>{{"C:\\Logs", "C:\\Logs\\ScanLog05-03-04-50000.txt"},
+                                        {"C:\\", "C:\\ScanLog05-03-04-50000.txt"},
+                                        {"Z:\\gone\\", "Z:\\gone\\ScanLog05-03-04-50000.txt"},
+                                        {"", "C:\\App\\ScanLog05-03-04-50000.txt"}}) {
+      d.Ok([&, typed = typed](OptionsForm& form) { form.controls().txtLogfiles = typed; });
+      CHECK(d.app.settings().LogFilePath == log);
     }
     d.Ok([&](OptionsForm& form) { form.controls().txtLogfiles = "C:\\"; });
     CHECK(d.app.Options().controls().txtLogfiles == "C:\\");
@@ -162,9 +151,8 @@ TEST_SUITE("options") {
     CHECK(d.Stored("Path", "DefinitionsPath") == "\\\\nobody\\there");
     CHECK(d.m.Content("C:\\App\\Setting.ini").find("\\\\nobody\\there") != std::string::npos);
     const OptionsForm form = d.app.Options();
-    for (const std::string& missing :
-         {lengthy, std::string(), std::string("App"), std::string("\\\\nobody\\there"),
-          std::string("Z:\\"), std::string("C:\\App\\*")}) {
+    for (const char* missing :
+         {lengthy.c_str(), "", "App", "\\\\nobody\\there", "Z:\\", "C:\\App\\*"}) {
       CHECK(form.IsMissing(missing));
     }
     for (const char* there : {"C:\\", "C:", "C:\\App", "c:\\app\\ini\\"}) {
@@ -210,25 +198,21 @@ TEST_SUITE("options") {
     for (std::size_t size = 0; size < good.size(); ++size) {
       CHECK_FALSE(IsSmallBitmap(good.substr(0, size)));
     }
-    struct Row {
-      std::size_t at;
-      char byte;
-    };
-    for (const Row& row : {Row{0, 'X'},
-                           {10, 0},
-                           {13, '\x7F'},
-                           {14, 12},
-                           {14, 41},
-                           {18, 0},
-                           {19, 2},
-                           {22, 2},
-                           {25, '\xFF'},
-                           {28, 3},
-                           {28, 8},  // its colours are missing
-                           {30, 1}}) {
-      CAPTURE(row.at);
+    for (const auto& [at, byte] : Rows<std::size_t, char>{{0, 'X'},
+                                                          {10, '\0'},
+                                                          {13, '\x7F'},
+                                                          {14, '\x0C'},
+                                                          {14, '\x29'},
+                                                          {18, '\0'},
+                                                          {19, '\2'},
+                                                          {22, '\2'},
+                                                          {25, '\xFF'},
+                                                          {28, '\3'},
+                                                          {28, '\x08'},  // its colours are missing
+                                                          {30, '\1'}}) {
+      CAPTURE(at);
       std::string bad = good;
-      bad[row.at] = row.byte;
+      bad[at] = byte;
       CHECK_FALSE(IsSmallBitmap(bad));
     }
   }
@@ -292,16 +276,6 @@ TEST_SUITE("explorer_verb") {
       form.controls().chkExplorer = true;
       form.Confirm();
       CHECK_FALSE(d.m.registry.Find(kUser, kFolderVerb));
-    }
-  }
-
-  TEST_CASE("the program gets the path that Explorer puts into the command") {
-    for (const char* path : {"C:\\", "C:\\Program Files", "C:\\a \\b  c", "D:\\-x /y%1",
-                             "\\\\server\\share\\a b", "C:\\it's, (1) & = ;+"}) {
-      CAPTURE(std::string(path));
-      const CommandLine line = ParseCommandLine("\"" + std::string(path) + "\"");
-      CHECK(line.kind == CommandLine::Kind::ScanPath);
-      CHECK(line.path == path);
     }
   }
 }

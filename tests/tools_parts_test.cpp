@@ -79,25 +79,22 @@ TEST_SUITE("profile_file") {
 
 TEST_SUITE("stored_value") {
   TEST_CASE("values come back with type and bytes; plain texts stay readable") {
-    struct Row {
-      RegValue value;
-      const char* text;
-    };
     const std::string nul(1, '\0');
-    for (const Row& row : {Row{Value(kRegText, "C:\\x.exe /a" + nul), "C:\\x.exe /a"},
-                           {Value(kRegText, nul), ""},
-                           {Value(kRegText, ""), "hex(1):"},
-                           {Value(kRegText, "ab"), "hex(1):6162"},
-                           {Value(kRegText, "a" + nul + nul), "hex(1):610000"},
-                           {Value(kRegText, "hex(1):" + nul), "hex(1):6865782831293A00"},
-                           {Value(kRegExpandText, "%x%" + nul), "hex(2):25782500"},
-                           {Value(kRegBinary, "\x01\xFF"), "hex(3):01FF"},
-                           {Value(0xFFFFFFFF, ""), "hex(FFFFFFFF):"}}) {
-      CAPTURE(row.text);
-      CHECK(TextOfValue(row.value) == row.text);
-      const RegValue back = ValueOfText(row.text);
-      CHECK(back.type == row.value.type);
-      CHECK(back.data == row.value.data);
+    for (const auto& [value, text] :
+         Rows<RegValue, std::string>{{Value(kRegText, "C:\\x.exe /a" + nul), "C:\\x.exe /a"},
+                                     {Value(kRegText, nul), ""},
+                                     {Value(kRegText, ""), "hex(1):"},
+                                     {Value(kRegText, "ab"), "hex(1):6162"},
+                                     {Value(kRegText, "a" + nul + nul), "hex(1):610000"},
+                                     {Value(kRegText, "hex(1):" + nul), "hex(1):6865782831293A00"},
+                                     {Value(kRegExpandText, "%x%" + nul), "hex(2):25782500"},
+                                     {Value(kRegBinary, "\x01\xFF"), "hex(3):01FF"},
+                                     {Value(0xFFFFFFFF, ""), "hex(FFFFFFFF):"}}) {
+      CAPTURE(text);
+      CHECK(TextOfValue(value) == text);
+      const RegValue back = ValueOfText(text);
+      CHECK(back.type == value.type);
+      CHECK(back.data == value.data);
     }
   }
 
@@ -146,21 +143,17 @@ TEST_SUITE("stored_value") {
 
 TEST_SUITE("win_ini_line") {
   TEST_CASE("programs are parted by blanks and commas outside quotes") {
-    struct Row {
-      const char* line;
-      std::vector<std::string> programs;
-    };
-    for (const Row& row :
-         {Row{"", {}},
-          {" , \t", {}},
-          {"a.exe", {"a.exe"}},
-          {"a,b c\td", {"a", "b", "c", "d"}},
-          {"\"C:\\My Files\\a.exe\" /x,\"b,c\"", {"\"C:\\My Files\\a.exe\"", "/x", "\"b,c\""}},
-          {"x\"y z\"w v", {"x\"y z\"w", "v"}},
-          {"a \"open b", {"a", "\"open b"}}}) {
-      CAPTURE(row.line);
-      CHECK(WinIniLine(row.line).programs() == row.programs);
-      CHECK(WinIniLine(row.line).text() == row.line);
+    for (const auto& [line, programs] : Rows<std::string, std::vector<std::string>>{
+             {"", {}},
+             {" , \t", {}},
+             {"a.exe", {"a.exe"}},
+             {"a,b c\td", {"a", "b", "c", "d"}},
+             {"\"C:\\My Files\\a.exe\" /x,\"b,c\"", {"\"C:\\My Files\\a.exe\"", "/x", "\"b,c\""}},
+             {"x\"y z\"w v", {"x\"y z\"w", "v"}},
+             {"a \"open b", {"a", "\"open b"}}}) {
+      CAPTURE(line);
+      CHECK(WinIniLine(line).programs() == programs);
+      CHECK(WinIniLine(line).text() == line);
     }
   }
 
@@ -202,14 +195,9 @@ TEST_SUITE("program_of") {
       b.m.File(path);
     }
     b.m.Folder("C:\\folder.exe");
-    struct Row {
-      std::string command;
-      std::string path;
-      std::string arguments;
-      bool exists;
-    };
-    for (const Row& row : {
-             Row{"C:\\plain.exe", "C:\\plain.exe", "", true},
+    for (const auto& [command, path, arguments, exists] :
+         Rows<std::string, std::string, std::string, bool>{
+             {"C:\\plain.exe", "C:\\plain.exe", "", true},
              {"  C:\\plain /x y ", "C:\\plain.exe", "/x y", true},
              {"\"C:\\My Files\\a b.exe\" \"q\"", "C:\\My Files\\a b.exe", "\"q\"", true},
              {"C:\\My Files\\a b.exe -z", "C:\\My Files\\a b.exe", "-z", true},
@@ -226,22 +214,20 @@ TEST_SUITE("program_of") {
              {"..\\x.exe", "..\\x.exe", "", false},
              {"%Unknown%%Root%\\a b.exe", "%Unknown%C:\\My Files\\a b.exe", "", false},
          }) {
-      CAPTURE(row.command);
-      const ProgramOf program = FindProgram(row.command, b.m.files, folders, b.m.system);
-      CHECK(program.path == row.path);
-      CHECK(program.arguments == row.arguments);
-      CHECK(program.exists == row.exists);
+      CAPTURE(command);
+      const ProgramOf program = FindProgram(command, b.m.files, folders, b.m.system);
+      CHECK(program.path == path);
+      CHECK(program.arguments == arguments);
+      CHECK(program.exists == exists);
     }
-    const auto safe = [&](const std::string& command) {
-      return SafeCommand(command, b.m.files, folders, b.m.system);
-    };
-    CHECK(safe("C:\\My Files\\a b.exe -z") == "\"C:\\My Files\\a b.exe\" -z");
-    for (const char* same :
-         {"C:\\plain.exe /x", "\"C:\\My Files\\a b.exe\" -z", "C:\\No File\\x", ""}) {
-      CHECK(safe(same) == same);
+    for (const std::string same : {"C:\\plain.exe /x", "\"C:\\My Files\\a b.exe\" -z",
+                                   "C:\\No File\\x", "rundll32 C:\\bar.dll,Start", ""}) {
+      CHECK(SafeCommand(same, b.m.files, folders, b.m.system) == same);
     }
-    CHECK(safe("C:\\My Files\\a b") == "\"C:\\My Files\\a b.exe\"");
-    CHECK(safe("rundll32 C:\\bar.dll,Start") == "rundll32 C:\\bar.dll,Start");
+    for (const std::string name : {"C:\\My Files\\a b.exe", "C:\\My Files\\a b"}) {
+      CHECK(SafeCommand(name + " -z", b.m.files, folders, b.m.system) ==
+            "\"C:\\My Files\\a b.exe\" -z");
+    }
   }
 
   TEST_CASE("a huge command line is dealt with at once") {
@@ -272,8 +258,7 @@ TEST_SUITE("table_view") {
     TableView view(texts);
     const auto shown = [&] {
       std::string names;
-      for (std::size_t i = 0; i < view.size(); ++i)
-        names += texts.rows[view.Row(i)][0].substr(0, 1);
+      for (std::size_t i = 0; i < view.size(); ++i) names += texts.Cell(view.Row(i), 0)[0];
       return names;
     };
     CHECK(shown() == "bAg");

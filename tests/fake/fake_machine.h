@@ -371,6 +371,8 @@ class FakeMachine {
   bool Has(const std::string& path) { return files.Find(path) != nullptr; }
   // The third fields of the error log's records, one a line.
   std::string Errors();
+  // The same, as "53 ScanFolder, sPath: D:\\absent": number, method, what was at hand.
+  std::string Failures();
 };
 
 }  // namespace scourwell::test

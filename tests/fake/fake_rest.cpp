@@ -207,6 +207,15 @@ std::string FakeMachine::Errors() {
   return messages;
 }
 
+std::string FakeMachine::Failures() {
+  constexpr std::string_view kNumber = "Error Number: ";
+  std::string text = ReplaceAll(Errors(), ", Method: ", " ");
+  for (std::size_t at; (at = text.find("Error Description: ")) != text.npos;) {
+    text.erase(at, text.find(kNumber, at) + kNumber.size() - at);
+  }
+  return text;
+}
+
 // A letter that 1252 has too keeps its byte: in these two, O with acute only.
 Outcome FakeCodePages::ToSystem(unsigned code_page, std::string* text) {
   ++asked;
