@@ -194,9 +194,8 @@ class PackCheck {
   void CheckLength(int number, const std::string& text, std::string_view english) {
     std::size_t most = 2 * english.size() + 12;
     for (const PackBudget& budget : kPackBudgets) {
-      if (number < budget.first || number > budget.last) continue;
-      most = budget.most;
-      break;
+      const std::vector<int>& all = budget.captions;
+      if (std::find(all.begin(), all.end(), number) != all.end()) most = budget.most;
     }
     if (text.size() > most) {
       Complain(number, "longer than the " + std::to_string(most) + " characters that have room");

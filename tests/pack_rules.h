@@ -1,31 +1,31 @@
 #pragma once
 
-#include <span>
+#include <cstddef>
+#include <vector>
 
 namespace scourwell::test {
 
-// How many characters a caption may have where it stands. The first row that holds its number
-// counts; other captions have room for twice the English.
+// How many characters captions may have where they stand; others have room for twice the English.
 struct PackBudget {
-  int first, last;
   std::size_t most;
+  std::vector<int> captions;
 };
-extern const std::span<const PackBudget> kPackBudgets;
+extern const std::vector<PackBudget> kPackBudgets;
 
 // Captions that stand together in a menu or window, so that their access keys must differ. Those
 // without "&" are given keys in this order, as AccessKeys does it.
 struct PackGroup {
   const char* name;
-  std::span<const int> captions;
+  std::vector<int> captions;
 };
-extern const std::span<const PackGroup> kPackGroups;
+extern const std::vector<PackGroup> kPackGroups;
 
 // Buttons side by side, and the room for them in the smallest window, at 96 dots per inch.
 struct PackRow {
   const char* name;
-  std::span<const int> buttons;
+  std::vector<int> buttons;
   int width;
 };
-extern const std::span<const PackRow> kPackRows;
+extern const std::vector<PackRow> kPackRows;
 
 }  // namespace scourwell::test
