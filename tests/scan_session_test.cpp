@@ -1,57 +1,84 @@
 #include "tests/session_support.h"
 
+#include <set>
+
 #include "tests/fake/version_block.h"
 
 namespace scourwell::test {
+namespace {
+
+// Something to pass over in every phase.
+struct Planted : Session {
+  Planted() {
+    for (const char* key : {"CLSID\\a\\b\\c", "CLSID\\d", "CLSID\\e\\f"}) {
+      m.registry.Make(RootKey::ClassesRoot, key);
+    }
+    settings.CookiesFolder = "C:\\Cookies";
+    m.processes.running = {{"C:\\a.exe", 7, 0}, {"C:\\b.exe", 8, 0}};
+    for (const char* path : {"C:\\Cookies\\1.txt", "C:\\Cookies\\2.txt", "D:\\Sfolder\\1.txt",
+                             "D:\\Sfolder\\2.txt", "D:\\sub\\deep\\evil.exe"}) {
+      m.File(path);
+    }
+    for (const char* name : {"ev*.exe", "sub\\deep\\evil.exe"}) {
+      definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"S", name});
+    }
+    WriteDefinitions();
+  }
+  std::string DriveCalls() const {
+    std::string calls;
+    for (const std::string& call : m.files.journal) {
+      if (call.starts_with("List D:")) calls += call + "\n";
+    }
+    return calls;
+  }
+};
+
+}  // namespace
+
 TEST_SUITE("scan_scope") {
   TEST_CASE("the tree has seven fixed nodes and the drives that are scanned") {
     ScanScope scope;
-    const NumberCaptions captions;
-    scope.FillTree(captions, {{'A', DriveKind::Removable},
-                              {'C', DriveKind::Fixed},
-                              {'D', DriveKind::Optical},
-                              {'E', DriveKind::RamDisk},
-                              {'F', DriveKind::Network},
-                              {'G', DriveKind::Unknown},
-                              {'H', DriveKind::NoRoot}});
-    std::vector<std::string> nodes;
+    scope.FillTree(NumberCaptions(), {{'A', DriveKind::Removable},
+                                      {'C', DriveKind::Fixed},
+                                      {'D', DriveKind::Optical},
+                                      {'E', DriveKind::RamDisk},
+                                      {'F', DriveKind::Network},
+                                      {'G', DriveKind::Unknown},
+                                      {'H', DriveKind::NoRoot}});
+    std::string nodes;
     for (std::size_t i = 1; i <= scope.count(); ++i) {
       const ScanScope::Node& node = scope.node(i);
-      nodes.push_back(node.text + " " + node.key + " " + std::to_string(node.parent));
+      nodes += node.text + " " + node.key + " " + std::to_string(node.parent) + "\n";
       CHECK(node.ticked);
     }
-    CHECK(Lines(nodes) ==
+    CHECK(nodes ==
           "<1901> MyComputer 0\n<1902> ScanMemory 1\n<1903> ScanRegistry 1\n"
           "<1907> ScanCookie 1\n<1904> ScanDrives 1\n<1905> QuickScan 3\n<1906> DeepScan 3\n"
           "A: <1908> A:\\ 5\nC: <1909> C:\\ 5\nF: <1910> F:\\ 5\n");
   }
 
   TEST_CASE("ticks spread to children and parents") {
-    struct Row {
-      std::vector<int> clicks;  // negative: clears
-      const char* ticked;
-    };
-    for (const Row& row : {Row{{}, "123456789"},
-                           {{-6}, "12345789"},
-                           {{-6, -7}, "124589"},
-                           {{-3}, "124589"},
-                           {{-1}, ""},
-                           {{-1, 8}, "158"},
-                           {{-1, 7}, "137"},
-                           {{-1, 3}, "1367"},
-                           {{-5, 9}, "12345679"},
-                           {{-8, -9}, "123467"},
-                           {{-2, -4, -5, -7, -6}, ""}}) {
+    using Clicks = std::vector<int>;  // negative: clears
+    for (const auto& [clicks, expected] : Rows<Clicks, const char*>{{Clicks{}, "123456789"},
+                                                                    {Clicks{-6}, "12345789"},
+                                                                    {Clicks{-6, -7}, "124589"},
+                                                                    {Clicks{-3}, "124589"},
+                                                                    {Clicks{-1}, ""},
+                                                                    {Clicks{-1, 8}, "158"},
+                                                                    {Clicks{-1, 7}, "137"},
+                                                                    {Clicks{-1, 3}, "1367"},
+                                                                    {Clicks{-5, 9}, "12345679"},
+                                                                    {Clicks{-8, -9}, "123467"}}) {
       ScanScope scope;
       scope.FillTree(NumberCaptions(), {{'C', DriveKind::Fixed}, {'D', DriveKind::Fixed}});
-      for (const int click : row.clicks) {
+      for (const int click : clicks) {
         scope.SetTicked(static_cast<std::size_t>(std::abs(click)), click > 0);
       }
       std::string ticked;
       for (std::size_t i = 1; i <= scope.count(); ++i) {
         if (scope.ticked(i)) ticked += std::to_string(i);
       }
-      CHECK(ticked == row.ticked);
+      CHECK(ticked == expected);
       CHECK(scope.AnythingTicked() == (ticked.size() > 1));
     }
   }
@@ -93,40 +120,35 @@ TEST_SUITE("scan_session") {
   }
 
   TEST_CASE("each category setting switches its own lists") {
-    struct Row {
-      bool AppSettings::*setting;
-      const char* spies;
-    };
-    for (const Row& row : {Row{&AppSettings::Trojans, "T T/"},
-                           {&AppSettings::Dialers, "D/D "},
-                           {&AppSettings::BHO, "H/H "},
-                           {&AppSettings::KeyLoggers, "K/K "},
-                           {&AppSettings::SpywareAdware, "S/S "}}) {
+    for (const auto& [setting, spies] :
+         Rows<bool AppSettings::*, const char*>{{&AppSettings::Trojans, "T T/"},
+                                                {&AppSettings::Dialers, "D/D "},
+                                                {&AppSettings::BHO, "H/H "},
+                                                {&AppSettings::KeyLoggers, "K/K "},
+                                                {&AppSettings::SpywareAdware, "S/S "},
+                                                {nullptr, ""}}) {
       Session s;
       s.settings = {};
-      s.settings.*row.setting = true;
+      if (setting) s.settings.*setting = true;
       s.session.StartScan(s.scope);
-      CHECK(s.Spies() == row.spies);
+      CHECK(s.Spies() == spies);
+      CHECK(s.session.finished());
     }
-    Session s;
-    s.settings = {};
-    s.session.StartScan(s.scope);
-    CHECK(s.sink.found.empty());
-    CHECK(s.session.finished());
   }
 
-  TEST_CASE("a stop at any item ends the scan without its finish") {
-    Session whole;
+  TEST_CASE("a stop at any item ends the scan without its finish, and leaves the rest undone") {
+    Planted whole;
     whole.session.StartScan(whole.scope);
     std::size_t in_folder_pass = 0;
     for (std::size_t n = 1; n <= whole.m.pump.yields; ++n) {
       CAPTURE(n);
-      Session s;
+      Planted s;
       s.m.pump.close_at = n;
       s.session.StartScan(s.scope);
       CHECK_FALSE(s.session.finished());
       CHECK_FALSE(s.Noted("finish"));
-      CHECK(whole.Spies().starts_with(s.Spies()));
+      CHECK(whole.sink.lines().starts_with(s.sink.lines()));
+      CHECK(whole.DriveCalls().starts_with(s.DriveCalls()));
       CHECK(s.m.pump.yields == n);
       if (s.Noted("<1805> <1883>") || s.Noted("log")) continue;
       ++in_folder_pass;
@@ -147,52 +169,46 @@ TEST_SUITE("scan_session") {
 
   TEST_CASE("a withdrawn row is not searched by later categories") {
     Session s;
-    s.m.File("C:\\App\\Ini\\update.ref", s.m.Content("C:\\App\\Ini\\update.ref") +
-                                             "[REMO]\r\n0REMENT=" + Scramble("TFILE.exe") +
-                                             "\r\n1REMENT=" + Scramble("Sfolder") + "\r\n");
+    s.definitions.Value("REMO", "0REMENT", "TFILE.exe").Value("REMO", "1REMENT", "Sfolder");
+    s.WriteDefinitions();
     s.session.StartScan(s.scope);
     CHECK(s.Spies() == "T/D/H/K/S/D H K S ");
   }
 
   TEST_CASE("a withdrawn compiled-in row is not searched, the file's own row of the name is") {
-    for (const bool own : {false, true}) {
-      for (const bool withdrawn : {false, true}) {
-        CAPTURE(own);
-        CAPTURE(withdrawn);
-        Session s;
-        s.m.Folder("D:\\sub");
-        s.m.File("D:\\sub\\anadsc.ocx");
-        s.m.Folder("D:\\sub\\Gator.com");
-        if (own) {
-          s.definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"Own", "ANADSC.OCX"})
-              .Entry("SAFO", {"SAFOT", "SAFOS"}, {"Own", "gator.com"});
-        }
-        if (withdrawn) {
-          s.definitions.Value("REMO", "0REMENT", "AnAdsc.ocx")
-              .Value("REMO", "1REMENT", "GATOR.COM");
-        }
-        s.WriteDefinitions();
-        s.session.ScanFolder("D:\\sub");
-        CHECK(s.Spies() == (!withdrawn ? "Gator/Aureate " : own ? "Own/Own " : ""));
-        CHECK(s.m.Errors() == "");
+    for (const auto& [own, withdrawn, spies] :
+         Rows<bool, bool, const char*>{{false, false, "Gator/Aureate "},
+                                       {true, false, "Gator/Aureate "},
+                                       {false, true, ""},
+                                       {true, true, "Own/Own "}}) {
+      CAPTURE(own);
+      CAPTURE(withdrawn);
+      Session s;
+      s.m.File("D:\\sub\\anadsc.ocx");
+      s.m.Folder("D:\\sub\\Gator.com");
+      if (own) {
+        s.definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"Own", "ANADSC.OCX"})
+            .Entry("SAFO", {"SAFOT", "SAFOS"}, {"Own", "gator.com"});
       }
+      if (withdrawn) {
+        s.definitions.Value("REMO", "0REMENT", "AnAdsc.ocx").Value("REMO", "1REMENT", "GATOR.COM");
+      }
+      s.WriteDefinitions();
+      s.session.ScanFolder("D:\\sub");
+      CHECK(s.Spies() == spies);
+      CHECK(s.m.Errors() == "");
     }
   }
 
   TEST_CASE("a category that is off is not looked for, neither compiled in nor from the file") {
-    struct Row {
-      bool AppSettings::*setting;
-      std::vector<std::string> spies;  // those of the category
-    };
-    const Row kRows[] = {
+    const Rows<bool AppSettings::*, std::vector<std::string>> kCategories{
         {&AppSettings::Trojans, {"T", "Trojan.SubSeven"}},
         {&AppSettings::Dialers, {"D", "Dialer.Other", "Dialer.Carpediem"}},
         {&AppSettings::BHO, {"H", "Hijacker.CnsMin", "Hijacker.HuntBar"}},
         {&AppSettings::KeyLoggers,
          {"K", "Keylogger.Perfect Keylogger", "Keylogger.Family Keylogger"}},
-        {&AppSettings::SpywareAdware, {"S", "Aureate", "Gator"}},
-    };
-    for (const Row& off : kRows) {
+        {&AppSettings::SpywareAdware, {"S", "Aureate", "Gator"}}};
+    for (const auto& [off, unused] : kCategories) {
       Session s;
       for (const char* file :
            {"MSREXE.EXE", "RINGRING1.EXE", "cnsmin.dll", "bpkhk.dll", "anadsc.ocx"}) {
@@ -201,15 +217,13 @@ TEST_SUITE("scan_session") {
       for (const char* folder : {"HOT Dialer", "HuntBar", "Family Keylogger", "Gator.com"}) {
         s.m.Folder(std::string("D:\\") + folder);
       }
-      s.settings.*off.setting = false;
+      s.settings.*off = false;
       s.session.StartScan(s.scope);
-      CAPTURE(s.Spies());
-      for (const Row& row : kRows) {
-        for (const std::string& spy : row.spies) {
-          const bool found =
-              std::any_of(s.sink.found.begin(), s.sink.found.end(),
-                          [&](const Detection& detection) { return detection.system == spy; });
-          CHECK_MESSAGE(found == (row.setting != off.setting), spy);
+      std::set<std::string> found;
+      for (const Detection& detection : s.sink.found) found.insert(detection.system);
+      for (const auto& [setting, spies] : kCategories) {
+        for (const std::string& spy : spies) {
+          CHECK_MESSAGE(found.contains(spy) == (setting != off), spy);
         }
       }
     }
