@@ -19,12 +19,11 @@ struct Installed : ToolBench {
     return made;
   }
   void Names() {
-    m.File("C:\\App\\Ini\\update.ref", Definitions()
-                                           .Entry("ADRE", {"WCL"}, {"toolbar"})
-                                           .Entry("ADRE", {"WCL"}, {"Gator"})
-                                           .Entry("ADRE", {"ESL"}, {"Save Now"})
-                                           .Value("ADRE", "2ESL", "behind the gap")
-                                           .Text());
+    Define(Definitions()
+               .Entry("ADRE", {"WCL"}, {"toolbar"})
+               .Entry("ADRE", {"WCL"}, {"Gator"})
+               .Entry("ADRE", {"ESL"}, {"Save Now"})
+               .Value("ADRE", "2ESL", "behind the gap"));
   }
   std::string Shown(bool all) {
     progress.clear();
@@ -87,29 +86,25 @@ TEST_SUITE("adware_uninstaller") {
   }
 
   TEST_CASE("the registered command is started as it stands, quoted where it needs to be") {
-    struct Row {
-      const char* command;
-      const char* started;
-      bool ok;
-    };
-    for (const Row& row : {Row{"\"C:\\Program Files\\Bar\\un.exe\" /x",
-                               "\"C:\\Program Files\\Bar\\un.exe\" /x", true},
-                           {"C:\\Program Files\\Bar\\un.exe /x \"y\"",
-                            "\"C:\\Program Files\\Bar\\un.exe\" /x \"y\"", true},
-                           {"C:\\un.exe", "C:\\un.exe", true},
-                           {"C:\\none here\\un.exe", "C:\\none here\\un.exe", false},
-                           {"", "", false}}) {
-      CAPTURE(row.command);
+    for (const auto& [command, started, ok] : Rows<std::string, std::string, bool>{
+             {"\"C:\\Program Files\\Bar\\un.exe\" /x", "\"C:\\Program Files\\Bar\\un.exe\" /x",
+              true},
+             {"C:\\Program Files\\Bar\\un.exe /x \"y\"",
+              "\"C:\\Program Files\\Bar\\un.exe\" /x \"y\"", true},
+             {"C:\\un.exe", "C:\\un.exe", true},
+             {"C:\\none here\\un.exe", "C:\\none here\\un.exe", false},
+             {"", "", false}}) {
+      CAPTURE(command);
       Installed p;
       p.m.File("C:\\Program Files\\Bar\\un.exe");
       p.m.File("C:\\un.exe");
       Key& key = p.Program("a", "Bar");
-      if (*row.command) key.Value("UninstallString", Z(row.command));
+      if (!command.empty()) key.Value("UninstallString", Z(command));
       p.Program("last", "x");
       p.Shown(true);
-      CHECK(p.tool.Uninstall(0) == row.ok);
-      CHECK(p.m.shell.journal.back() == "Run " + std::string(row.started));
-      CHECK((p.m.Errors().find("Method: ar cmdRemove_Click") == std::string::npos) == row.ok);
+      CHECK(p.tool.Uninstall(0) == ok);
+      CHECK(p.m.shell.journal.back() == "Run " + started);
+      CHECK((p.m.Errors().find("Method: ar cmdRemove_Click") == std::string::npos) == ok);
     }
   }
 
@@ -148,8 +143,7 @@ TEST_SUITE("known_spies") {
   TEST_CASE("files by name, folder, path and pattern; values; keys") {
     ToolBench b;
     b.folders.program_files = "C:\\Program Files";
-    b.m.File("C:\\App\\Ini\\update.ref",
-             Definitions()
+    b.Define(Definitions()
                  .Entry("SAFI", {"SAFIT", "SAFIS"}, {"Exact", "evil.dll"})
                  .Entry("SAFI", {"SAFIT", "SAFIS"}, {"Wild", "pop*.exe"})
                  .Entry("SAFI", {"SAFIT", "SAFIS"}, {"Relative", "bad bar\\bar.dll"})
@@ -160,28 +154,23 @@ TEST_SUITE("known_spies") {
                  .Entry("REGV", {"REGVT", "REGVK", "REGVV"},
                         {"Value", "HKEY_CURRENT_USER\\Software\\Run\\", "Spy"})
                  .Entry("REGS", {"REGST", "REGSK"}, {"Part", "{12345678-ABCD}"})
-                 .Entry("REGK", {"REGKT", "REGKK"}, {"Key", "HKEY_LOCAL_MACHINE\\Software\\Bad"})
-                 .Text());
+                 .Entry("REGK", {"REGKT", "REGKK"}, {"Key", "HKEY_LOCAL_MACHINE\\Software\\Bad"}));
     b.spies.Refresh();
-    struct Row {
-      const char* path;
-      const char* spy;
-    };
-    for (const Row& row : {Row{"C:\\x\\EVIL.dll", "Exact"},
-                           {"C:\\popup.exe", "Wild"},
-                           {"C:\\x\\Bad Bar\\BAR.DLL", "Relative"},
-                           {"C:\\bar.dll", ""},
-                           {"C:\\windows\\Direct.exe", "Direct"},
-                           {"C:\\direct.exe", ""},
-                           {"C:\\x\\spyhome\\good.exe", "Folder"},
-                           {"C:\\spyhome", ""},
-                           {"C:\\Program Files\\toolbar\\deep\\x.exe", "DirectFolder"},
-                           {"D:\\toolbar\\x.exe", ""},
-                           {"C:\\SpyProc.exe", "Process"},
-                           {"C:\\WINDOWS\\explorer.exe", ""},
-                           {"", ""}}) {
-      CAPTURE(row.path);
-      CHECK(b.spies.OfFile(row.path) == row.spy);
+    for (const auto& [path, spy] :
+         Rows<std::string, const char*>{{"C:\\x\\EVIL.dll", "Exact"},
+                                        {"C:\\popup.exe", "Wild"},
+                                        {"C:\\x\\Bad Bar\\BAR.DLL", "Relative"},
+                                        {"C:\\bar.dll", ""},
+                                        {"C:\\windows\\Direct.exe", "Direct"},
+                                        {"C:\\direct.exe", ""},
+                                        {"C:\\x\\spyhome\\good.exe", "Folder"},
+                                        {"C:\\spyhome", ""},
+                                        {"C:\\Program Files\\toolbar\\deep\\x.exe", "DirectFolder"},
+                                        {"D:\\toolbar\\x.exe", ""},
+                                        {"C:\\SpyProc.exe", "Process"},
+                                        {"", ""}}) {
+      CAPTURE(path);
+      CHECK(b.spies.OfFile(path) == spy);
     }
     CHECK(b.spies.OfValue("HKEY_CURRENT_USER\\software\\RUN", "SPY") == "Value");
     CHECK(b.spies.OfValue("HKEY_LOCAL_MACHINE\\Software\\Run", "Spy") == "");
@@ -192,21 +181,17 @@ TEST_SUITE("known_spies") {
 
   TEST_CASE("compiled-in definitions count, withdrawn ones do not; a new file is noticed") {
     ToolBench b;
-    const BuiltInRow* row = nullptr;
-    for (const BuiltInRow& each : kBuiltInSpyFiles.rows) {
-      if (each.kind == BuiltInKind::SearchedFile &&
-          std::string_view(each.text).find_first_of("*?\\") == std::string_view::npos) {
-        row = &each;
-        break;
-      }
-    }
-    REQUIRE(row);
+    const auto& rows = kBuiltInSpyFiles.rows;
+    const auto row = std::find_if(std::begin(rows), std::end(rows), [](const BuiltInRow& each) {
+      return each.kind == BuiltInKind::SearchedFile &&
+             std::string_view(each.text).find_first_of("*?\\") == std::string_view::npos;
+    });
+    REQUIRE(row != std::end(rows));
     const std::string path = std::string("C:\\") + row->text;
     CHECK(b.spies.OfFile(path) == "");  // nothing is known before it is read
     b.spies.Refresh();
     CHECK(b.spies.OfFile(path) == row->spy);
-    b.m.File("C:\\App\\Ini\\update.ref",
-             Definitions().Entry("REMO", {"REMENT"}, {row->text}).Text());
+    b.Define(Definitions().Entry("REMO", {"REMENT"}, {row->text}));
     b.spies.Refresh();
     CHECK(b.spies.OfFile(path) == "");
   }

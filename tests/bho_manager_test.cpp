@@ -34,10 +34,6 @@ struct Helpers : ToolBench {
     registry.Make(RootKey::ClassesRoot, "CLSID\\" + id).Value("", Z(name));
     registry.Make(RootKey::ClassesRoot, "CLSID\\" + id + "\\InprocServer32").Value("", Z(file));
   }
-  std::string Both() {
-    return KeyState(*m.registry.Find(kMachine, ""), "") +
-           KeyState(*registry64.Find(kMachine, ""), "64");
-  }
 };
 
 }  // namespace
@@ -49,7 +45,7 @@ TEST_SUITE("bho_manager") {
              Definitions().Entry("REGS", {"REGST", "REGSK"}, {"Hijacker.Lost", kLost}).Text());
     BhoManager manager(h.needs);
     manager.Form_Load();
-    CHECK(h.Rows(manager, {0, 1, 2, 3, 4, 5, 6, 7}) ==
+    CHECK(h.Cells(manager, {0, 1, 2, 3, 4, 5, 6, 7}) ==
           "The Bar|<413>|" + std::string(kBar) +
               "|C:\\Program Files\\Bar\\bar.dll|<17234>|Bar Inc||<17264>|\n"
               "<17263>|<413>|" +
@@ -69,10 +65,10 @@ TEST_SUITE("bho_manager") {
 
   TEST_CASE("a disabled helper leaves the browser's list and comes back with all its values") {
     Helpers h;
-    const std::string before = h.Both();
+    const std::string before = h.State();
     BhoManager manager(h.needs);
     manager.Form_Load();
-    for (std::size_t row = 0; row < 3; ++row) manager.cmdDisable_Click(row);
+    ToggleAll(manager);
     REQUIRE(manager.ApplyNow());
     CHECK(h.m.registry.Find(kMachine, kHelpers)->children.empty());
     CHECK(h.registry64.Find(kMachine, kHelpers)->children.empty());
@@ -83,46 +79,11 @@ TEST_SUITE("bho_manager") {
     CHECK(next.Cell(0, BhoManager::kName) == "The Bar");  // the class is still registered
     next.ResetAll();
     CHECK(next.ApplyNow());
-    CHECK(h.Both() == before);
+    CHECK(h.State() == before);
     CHECK_FALSE(h.m.Has(kProfile));
   }
 
-  TEST_CASE("no crash loses a helper") {
-    struct Crash {};
-    for (const bool enabling : {false, true}) {
-      for (int stop = 1;; ++stop) {
-        CAPTURE(enabling);
-        CAPTURE(stop);
-        Helpers h;
-        const std::string before = h.Both();
-        BhoManager manager(h.needs);
-        manager.Form_Load();
-        for (std::size_t row = 0; row < 3; ++row) manager.cmdDisable_Click(row);
-        if (enabling) {
-          REQUIRE(manager.ApplyNow());
-          manager.ResetAll();
-        }
-        int changes = 0;
-        const auto crash = [&] {
-          if (++changes == stop) throw Crash();
-        };
-        h.m.files.before_change = h.m.registry.before_change = h.registry64.before_change = crash;
-        bool crashed = false;
-        try {
-          manager.ApplyNow();
-        } catch (const Crash&) {
-          crashed = true;
-        }
-        h.m.files.before_change = h.m.registry.before_change = h.registry64.before_change = nullptr;
-        BhoManager next(h.needs);
-        next.Form_Load();
-        next.ResetAll();
-        CHECK(next.ApplyNow());
-        CHECK(h.Both() == before);
-        if (!crashed) break;
-      }
-    }
-  }
+  TEST_CASE("no crash loses a helper") { CheckThatNoCrashLosesAnEntry<BhoManager, Helpers>(); }
 
   TEST_CASE("refusals, intruders and records that are no helpers") {
     Helpers h;
@@ -145,12 +106,12 @@ TEST_SUITE("bho_manager") {
     const std::string rest = "\r\nDisabled\r\nBrowser Helper Objects\r\nx\r\ny\r\n";
     h.m.File(kProfile,
              "..\\Run" + rest + "key:\r\n{x}" + rest + "no tree\r\n" + "\\" + rest + "key:\r\n");
-    const std::string before = h.Both();
+    const std::string before = h.State();
     manager.Form_Load();
     manager.ResetAll();
     CHECK_FALSE(manager.ApplyNow());
     CHECK(manager.failures().size() == 3);
-    CHECK(h.Both() == before);
+    CHECK(h.State() == before);
     CHECK(manager.disabled_count() == 3);
   }
 

@@ -16,7 +16,7 @@ TEST_SUITE("startup_manager") {
     p.m.versions.blocks["C:\\a.exe"] = VersionBlock().Text("CompanyName", "Acme").Make();
     StartupManager manager(p.needs);
     manager.Form_Load();
-    CHECK(p.Rows(manager, {0, 1, 2, 3, 4, 6, 7, 8}) ==
+    CHECK(p.Cells(manager, {0, 1, 2, 3, 4, 6, 7, 8}) ==
           "Machine|<413>|<419>(Machine Run)|<416>|<420>|<17234>|Acme|Adware.V|\n"
           "<17236>|<413>|<419>(Machine Run)|<416>|<420>|<17235>|||\n"
           "Bad, name|<413>|<419>(Machine Run)|<416>|<420>|<17235>|||\n"
@@ -32,10 +32,12 @@ TEST_SUITE("startup_manager") {
           "Tray|<413>|<430>|<415>|<418>|<17235>|||\n"
           "Broken|<413>|<430>|<415>|<418>|<17235>|||\n"
           "Office|<413>|<431>|<416>|<420>|<17235>||Adware.O|\n");
-    CHECK(manager.Cell(p.RowOf(manager, "Tray"), StartupManager::kCommand) ==
-          "\"C:\\My Files\\t.exe\" /q");
-    CHECK(manager.Cell(p.RowOf(manager, "User"), StartupManager::kCommand) == "%WinDir%\\u.exe");
-    CHECK(manager.Cell(p.RowOf(manager, "Ex"), StartupManager::kCommand) == "01 02");
+    for (const auto& [name, command] :
+         Rows<const char*, const char*>{{"Tray", "\"C:\\My Files\\t.exe\" /q"},
+                                        {"User", "%WinDir%\\u.exe"},
+                                        {"Ex", "01 02"}}) {
+      CHECK(manager.Cell(p.RowOf(manager, name), StartupManager::kCommand) == command);
+    }
     CHECK(manager.KeyOf(0) == "HKEY_LOCAL_MACHINE\\" + std::string(kRun));
     CHECK(manager.KeyOf(p.RowOf(manager, "Tray")) == "");
     CHECK_FALSE(manager.IsChanged());
@@ -80,47 +82,7 @@ TEST_SUITE("startup_manager") {
     CHECK(p.m.Errors() == "");
   }
 
-  // A machine that stops before any one of its changes: at the next start every entry is in its
-  // place or in the profile, and enabling all brings everything back.
-  TEST_CASE("no crash loses an entry") {
-    struct Crash {};
-    for (const bool enabling : {false, true}) {
-      for (int stop = 1;; ++stop) {
-        CAPTURE(enabling);
-        CAPTURE(stop);
-        Planted p;
-        const std::string before = p.State();
-        StartupManager manager(p.needs);
-        manager.Form_Load();
-        ToggleAll(manager);
-        if (enabling) {
-          REQUIRE(manager.ApplyNow());
-          ToggleAll(manager);
-        }
-        int changes = 0;
-        p.m.files.before_change = p.m.registry.before_change = [&] {
-          if (++changes == stop) throw Crash();
-        };
-        bool crashed = false;
-        try {
-          manager.ApplyNow();
-        } catch (const Crash&) {
-          crashed = true;
-        }
-        p.m.files.before_change = p.m.registry.before_change = nullptr;
-        StartupManager next(p.needs);
-        next.Form_Load();
-        CHECK(next.size() == 15);
-        for (std::size_t row = 0; row < next.size(); ++row) {
-          if (next.status(row) == EntryStatus::Disabled) next.cmdDisable_Click(row);
-        }
-        CHECK(next.ApplyNow());
-        CHECK((p.State() == before));
-        CHECK_FALSE(p.m.Has(kSaveProf));
-        if (!crashed) break;
-      }
-    }
-  }
+  TEST_CASE("no crash loses an entry") { CheckThatNoCrashLosesAnEntry<StartupManager, Planted>(); }
 
   TEST_CASE("a disk that refuses any one change leaves every entry in one place") {
     for (std::size_t failing = 1; failing < 12; ++failing) {

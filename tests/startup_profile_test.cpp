@@ -91,43 +91,38 @@ TEST_SUITE("startup_profile") {
     CHECK_FALSE(p.m.Has(kSaveProf));
     manager.ResetAll();
     CHECK(manager.disabled_count() == 0);
-    p.m.registry.Find(kMachine, kRun)
-        ->values.erase(p.m.registry.Find(kMachine, kRun)->values.begin());
+    REQUIRE(p.m.registry.DeleteValue(kMachine, kRun, "Machine") == kRegOk);
     manager.Form_Load();
     CHECK(manager.LoadProfile("C:\\mine.pro"));  // marks one row, brings another as it was saved
     CHECK(manager.disabled_count() == 2);
     CHECK(manager.ApplyNow());
-    CHECK(p.m.Content(kSaveProf) == p.m.Content("C:\\mine.pro").substr(0, 0) +
-                                        "two\r\nDisabled\r\nWin.ini Run\r\nAll Users\r\n"
-                                        "Any User Logs On\r\ntwo\r\nMachine\r\nDisabled\r\n"
-                                        "Registry(Machine Run)\r\nAll Users\r\nAny User Logs On\r\n"
-                                        "C:\\a.exe\r\n");
+    CHECK(p.m.Content(kSaveProf) ==
+          "two\r\nDisabled\r\nWin.ini Run\r\nAll Users\r\n"
+          "Any User Logs On\r\ntwo\r\nMachine\r\nDisabled\r\n"
+          "Registry(Machine Run)\r\nAll Users\r\nAny User Logs On\r\n"
+          "C:\\a.exe\r\n");
     CHECK_FALSE(manager.LoadProfile("C:\\none\\x.pro"));
     CHECK_FALSE(manager.SaveProfile("C:\\none\\x.pro"));
     CHECK(p.m.Errors().find("FRM Startup - SaveDisabledItems") != std::string::npos);
   }
 
   TEST_CASE("win.ini: no section, read-only, quotes, several lines, too long for a profile call") {
-    struct Row {
-      const char* content;
-      const char* names;
-      const char* without_first;
-    };
-    for (const Row& row :
-         {Row{"", "", ""},
-          {"[x]\r\nLoad=a\r\n", "", "[x]\r\nLoad=a\r\n"},
-          {"[Windows]\r\nLoad=a b\r\nLoad=c\r\n", "a b ", "[Windows]\r\nLoad=b\r\nLoad=c\r\n"},
-          {"[Windows]\r\nLoad=\"C:\\a b.exe\"\r\n", "C:\\a b.exe ", "[Windows]\r\nLoad=\r\n"},
-          {"[Windows]\r\nLoad=\"a b\" \"c d\"\r\n", "a b c d ", "[Windows]\r\nLoad=\"c d\"\r\n"},
-          {"[Windows]\r\nLoad= a , b\r\n", "a b ", "[Windows]\r\nLoad=b\r\n"}}) {
-      CAPTURE(row.content);
+    for (const auto& [content, expected, without_first] :
+         Rows<const char*, const char*, const char*>{
+             {"", "", ""},
+             {"[x]\r\nLoad=a\r\n", "", "[x]\r\nLoad=a\r\n"},
+             {"[Windows]\r\nLoad=a b\r\nLoad=c\r\n", "a b ", "[Windows]\r\nLoad=b\r\nLoad=c\r\n"},
+             {"[Windows]\r\nLoad=\"C:\\a b.exe\"\r\n", "C:\\a b.exe ", "[Windows]\r\nLoad=\r\n"},
+             {"[Windows]\r\nLoad=\"a b\" \"c d\"\r\n", "a b c d ", "[Windows]\r\nLoad=\"c d\"\r\n"},
+             {"[Windows]\r\nLoad= a , b\r\n", "a b ", "[Windows]\r\nLoad=b\r\n"}}) {
+      CAPTURE(std::string(content));
       ToolBench b;
-      b.m.File(kWinIni, row.content);
+      b.m.File(kWinIni, content);
       StartupManager manager(b.needs);
       manager.Form_Load();
       std::string names;
       for (std::size_t i = 0; i < manager.size(); ++i) names += manager.entry(i).name + " ";
-      CHECK(names == row.names);
+      CHECK(names == expected);
       if (manager.size() == 0) continue;
       manager.cmdDisable_Click(0);
       b.m.files.Find(kWinIni)->ReadOnly();
@@ -136,7 +131,7 @@ TEST_SUITE("startup_profile") {
       b.m.files.Find(kWinIni)->attributes = kArchive;
       manager.cmdDisable_Click(0);
       CHECK(manager.ApplyNow());
-      CHECK(b.m.Content(kWinIni) == row.without_first);
+      CHECK(b.m.Content(kWinIni) == without_first);
     }
     // The profile call would have cut the line at 1999 characters.
     ToolBench b;

@@ -18,24 +18,28 @@ inline constexpr char kKept[] = "C:\\App\\Disabled Startup\\Current User\\";
 // A machine with entries in their places, on which the tools are opened and closed.
 struct ToolBench : Bench {
   ToolBench() {
-    m.File("C:\\App\\Ini\\update.ref", Definitions().Value("SAFI", "0SAFIT", "").Text());
+    Define(Definitions().Value("SAFI", "0SAFIT", ""));
     folders.application = kAppFolder;
     folders.windows = "C:\\WINDOWS";
     folders.system = "C:\\WINDOWS\\system32";
     folders.special[static_cast<std::size_t>(SpecialFolder::StartUp)] = kUserStartup;
     folders.special[static_cast<std::size_t>(SpecialFolder::CommonStartUp)] = kCommonStartup;
   }
-  // All that a tool may change: the whole registry, the folders and "win.ini".
+  void Define(const Definitions& definitions) {
+    m.File("C:\\App\\Ini\\update.ref", definitions.Text());
+  }
+  // All that a tool may change: both views of the registry, the folders and "win.ini".
   std::string State() {
     std::string text;
     for (const RootKey root : {RootKey::CurrentUser, RootKey::LocalMachine}) {
-      text += KeyState(*m.registry.Find(root, ""), "");
+      text += KeyState(*m.registry.Find(root, ""), "") + KeyState(*registry64.Find(root, ""), "64");
     }
     std::map<std::string, const Node*> shortcuts;
     for (const std::string folder : {kUserStartup, kCommonStartup}) {
-      const Node* node = m.files.Find(folder);
-      if (!node) continue;
-      for (const auto& child : node->children) shortcuts[folder + child->name] = child.get();
+      if (!m.Has(folder)) continue;
+      for (const auto& child : m.files.Find(folder)->children) {
+        shortcuts[folder + child->name] = child.get();
+      }
     }
     for (const auto& [path, node] : shortcuts) {
       text += path + " " + std::to_string(node->attributes) + " " + std::to_string(node->modified) +
@@ -57,9 +61,16 @@ struct ToolBench : Bench {
     for (const auto& [name, child] : children) text += KeyState(*child, path + "\\" + name);
     return text;
   }
-  static std::string HexOf(const std::string& bytes);
+  static std::string HexOf(const std::string& bytes) {
+    std::string text;
+    for (const char c : bytes) text += Hex(static_cast<unsigned char>(c), 2);
+    return text;
+  }
 
-  std::string Rows(const EntryManager& manager, std::initializer_list<int> columns) {
+  void BeforeChange(const std::function<void()>& act) {
+    m.files.before_change = m.registry.before_change = registry64.before_change = act;
+  }
+  std::string Cells(const EntryManager& manager, std::initializer_list<int> columns) {
     std::string text;
     for (std::size_t row = 0; row < manager.size(); ++row) {
       for (const int column : columns) text += manager.Cell(row, column) + "|";
@@ -84,12 +95,6 @@ struct ToolBench : Bench {
       {m.files, m.registry, &registry64, m.profiles, m.shell, m.system, folders}};
   EntryManager::Needs needs{locations, spies, facts, log, captions};
 };
-
-inline std::string ToolBench::HexOf(const std::string& bytes) {
-  std::string text;
-  for (const char c : bytes) text += Hex(static_cast<unsigned char>(c), 2);
-  return text;
-}
 
 inline std::string Z(const std::string& text) { return text + '\0'; }
 
@@ -124,8 +129,50 @@ struct Planted : ToolBench {
 };
 
 // Every row disabled, or enabled again.
-inline void ToggleAll(StartupManager& manager) {
+inline void ToggleAll(EntryManager& manager) {
   for (std::size_t row = 0; row < manager.size(); ++row) manager.cmdDisable_Click(row);
+}
+
+// A machine that stops before any one of its changes: at the next start every entry is in its
+// place or in the profile, and enabling all brings everything back.
+template <class Manager, class Machine>
+void CheckThatNoCrashLosesAnEntry() {
+  struct Crash {};
+  for (const bool enabling : {false, true}) {
+    bool crashed = true;
+    for (int stop = 1; crashed; ++stop) {
+      CAPTURE(enabling);
+      CAPTURE(stop);
+      Machine b;
+      const std::string before = b.State();
+      Manager manager(b.needs);
+      manager.Form_Load();
+      const std::size_t entries = manager.size();
+      ToggleAll(manager);
+      if (enabling) {
+        REQUIRE(manager.ApplyNow());
+        ToggleAll(manager);
+      }
+      int changes = 0;
+      b.BeforeChange([&] {
+        if (++changes == stop) throw Crash();
+      });
+      crashed = false;
+      try {
+        manager.ApplyNow();
+      } catch (const Crash&) {
+        crashed = true;
+      }
+      b.BeforeChange(nullptr);
+      Manager next(b.needs);
+      next.Form_Load();
+      CHECK(next.size() == entries);
+      next.ResetAll();
+      CHECK(next.ApplyNow());
+      CHECK((b.State() == before));
+      CHECK(next.disabled_count() == 0);
+    }
+  }
 }
 
 }  // namespace scourwell::test
