@@ -35,8 +35,7 @@ struct Advanced : Bench {
     m.versions.blocks[path] = VersionBlock().Text("CompanyName", "Evil Inc.").Make();
   }
   void Shortcut(const std::string& path, const std::string& target) {
-    m.File(path);
-    m.shell.shortcuts[path] = target;
+    m.File(path, FakeShell::MakeShortcut(target, ""));
   }
   std::string Scan(const std::string& folder = "C:\\Evil", const std::string& reachable = {}) {
     sink.found.clear();

@@ -35,13 +35,6 @@ std::vector<std::string> SplitPath(std::string_view path) {
   return parts;
 }
 
-bool IsShortForm(const std::string& name) {
-  const std::size_t dot = name.find('.');
-  const std::size_t extension = dot == name.npos ? 0 : name.size() - dot - 1;
-  return dot != 0 && std::min(dot, name.size()) <= 8 && extension <= 3 && dot == name.rfind('.') &&
-         name.find_first_of(" ?+,;=[]") == name.npos;
-}
-
 }  // namespace
 
 Node* Node::Child(std::string_view part) const {
@@ -64,26 +57,6 @@ void FakeFiles::AddDrive(char letter, DriveKind kind, bool ready) {
   volume.drive = {letter, kind};
   volume.ready = ready;
   volume.root.attributes = kFolder;
-}
-
-std::string FakeFiles::NewShortName(const Node& folder, const std::string& name) const {
-  if (!short_names || IsShortForm(name)) return {};
-  const std::size_t dot = name.rfind('.');
-  const auto squeeze = [](std::string_view text, std::size_t most) {
-    std::string result;
-    for (const char c : text) {
-      if (std::string_view(" .?").find(c) == std::string_view::npos) result += Fold(c);
-    }
-    return result.substr(0, most);
-  };
-  const std::string stem = squeeze(dot == 0 ? name : name.substr(0, dot), 6);
-  std::string extension = dot == name.npos || dot == 0 ? "" : squeeze(name.substr(dot + 1), 3);
-  if (!extension.empty()) extension.insert(0, ".");
-  for (int number = 1;; ++number) {
-    const std::string tail = "~" + std::to_string(number);
-    std::string candidate = stem.substr(0, 8 - tail.size()) + tail + extension;
-    if (!folder.Child(candidate)) return candidate;
-  }
 }
 
 Node& FakeFiles::Put(const std::string& path, std::uint32_t attributes) {

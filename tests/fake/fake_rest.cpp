@@ -1,7 +1,6 @@
 #include <chrono>
 
 #include "tests/fake/fake_machine.h"
-#include "tests/fake/version_block.h"
 
 namespace scourwell::test {
 
@@ -120,11 +119,8 @@ Outcome FakeShell::ReadShortcut(const std::string& link, std::string* target,
 
 Outcome FakeShell::ShortcutTarget(const std::string& link, std::string* target) {
   journal.push_back("Shortcut " + link);
-  const auto shortcut = shortcuts.find(link);
   std::string unused;
-  if (shortcut == shortcuts.end()) return ReadShortcut(link, target, &unused);
-  *target = shortcut->second;
-  return {};
+  return ReadShortcut(link, target, &unused);
 }
 
 Outcome FakeShell::ShortcutArguments(const std::string& link, std::string* arguments) {
@@ -158,12 +154,6 @@ Outcome FakeShell::ShowHelp(const std::string& file, const std::string& page) {
 
 Outcome FakeVersions::ReadBlock(const std::string& path, std::string* block) {
   journal.push_back(path);
-  if (const auto resource = resources.find(path); resource != resources.end()) {
-    VersionBlock made;
-    made.fixed = resource->second;
-    *block = made.Make();
-    return {};
-  }
   const auto found = blocks.find(path);
   if (found == blocks.end()) return Outcome::Failed(kFileNotFound);
   *block = found->second;

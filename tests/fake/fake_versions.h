@@ -11,7 +11,6 @@ namespace scourwell::test {
 
 class FakeVersions : public Versions {
  public:
-  std::map<std::string, FixedFileInfo, NoCaseLess> resources;  // without texts
   std::map<std::string, std::string, NoCaseLess> blocks;
   std::vector<std::string> journal;  // the paths asked for
   Outcome ReadBlock(const std::string& path, std::string* block) override;
