@@ -38,36 +38,35 @@ TEST_SUITE("file_utils") {
     m.File("C:\\d\\f.txt").Hidden().System();
     m.Folder("C:\\empty");
     m.Folder("C:\\denied").Denied();
-    CHECK(FileExists(m.files, "C:\\d\\F.TXT"));
-    CHECK(FileExists(m.files, "C:\\d\\*.txt"));
-    CHECK_FALSE(FileExists(m.files, "C:\\d"));
-    CHECK_FALSE(FileExists(m.files, "C:\\none\\f"));
-    CHECK_FALSE(FileExists(m.files, ""));
-    CHECK(FolderExists(m.files, "C:\\empty"));
-    CHECK(FolderExists(m.files, "C:\\"));
-    CHECK_FALSE(FolderExists(m.files, "C:\\d\\f.txt"));
-    CHECK_FALSE(FolderExists(m.files, "C:\\denied"));
-    CHECK_FALSE(FolderExists(m.files, ""));
+    for (const auto& [path, file, folder] :
+         Rows<std::string, bool, bool>{{"C:\\d\\F.TXT", true, false},
+                                       {"C:\\d\\*.txt", true, false},
+                                       {"C:\\d", false, true},
+                                       {"C:\\empty", false, true},
+                                       {"C:\\", false, true},
+                                       {"C:\\denied", false, false},
+                                       {"C:\\none\\f", false, false},
+                                       {"", false, false}}) {
+      CAPTURE(path);
+      CHECK(FileExists(m.files, path) == file);
+      CHECK(FolderExists(m.files, path) == folder);
+    }
   }
 
   TEST_CASE("WinInit.ini gets its entry right below the header") {
-    struct Row {
-      const char* before;
-      const char* after;
-    };
-    constexpr Row kRows[] = {
+    const Rows<std::string, const char*> kFiles{
         {"", "[Rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\n"},
         {"[rename]\r\nNUL=C:\\a\r\n", "[rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\nNUL=C:\\a\r\n"},
         {"[x]\r\n[Rename]", "[x]\r\n[Rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\n"},
         {";[Rename]\r\n[x]\r\n", "[Rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\n;[Rename]\r\n[x]\r\n"},
     };
-    for (const Row& row : kRows) {
+    for (const auto& [before, after] : kFiles) {
       Bench b;
       b.m.File("C:\\Spyware Folder\\evil.exe");
-      if (*row.before) b.m.File("C:\\WINDOWS\\WinInit.ini", row.before);
+      if (!before.empty()) b.m.File("C:\\WINDOWS\\WinInit.ini", before);
       b.m.Folder("C:\\WINDOWS");
       CHECK(DestroyOnReboot("C:\\Spyware Folder\\evil.exe", b.m.files, b.m.system).ok());
-      CHECK(b.m.Content("C:\\WINDOWS\\WinInit.ini") == row.after);
+      CHECK(b.m.Content("C:\\WINDOWS\\WinInit.ini") == after);
     }
   }
 
@@ -117,16 +116,6 @@ TEST_SUITE("file_utils") {
     CHECK(skipped("Documents", kFolder | kLink));
     CHECK_FALSE(skipped("Documents"));
     CHECK_FALSE(skipped("Recycler2"));
-  }
-
-  TEST_CASE("processes, errors and the setting file") {
-    Bench b;
-    CHECK(KillProcessById(4711, b.m.system).number() == kPermissionDenied);
-    CHECK(KillProcessById(7, b.m.system).ok());
-    CHECK(Lines(b.m.system.journal) == "Terminate 7\n");
-    CHECK(RetrieveError(b.m.system) == "error 5");
-    CHECK(WriteINIString(b.m.profiles, kAppFolder, "KEY", "value").ok());
-    CHECK(b.m.Content("C:\\App\\Setting.ini") == "[Setting]\r\nKEY=value\r\n");
   }
 }
 

@@ -1,9 +1,7 @@
 // The memory, registry and cookie phases on the fake machine.
 #include "scan/cookie_scan.h"
-#include "scan/matching.h"
-#include "scan/memory_scan.h"
 #include "scan/registry_scan.h"
-#include "tests/support.h"
+#include "tests/session_support.h"
 
 namespace scourwell::test {
 namespace {
@@ -12,18 +10,7 @@ constexpr auto kCurrentUser = RootKey::CurrentUser;
 constexpr auto kLocalMachine = RootKey::LocalMachine;
 constexpr char kRun[] = "Software\\Microsoft\\Windows\\CurrentVersion\\run";
 
-struct Phases : Bench, private LoadProgress {
-  SystemFolders folders;
-  SignatureLists lists;
-  ScanProgress progress;
-  COpSysInfo os{m.system};
-  MemoryScan memory{{m.processes, m.system, m.pump, log, os, folders, sink, progress}};
-  Matching matching{m.files, log, folders, sink, memory};
-  ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
-  ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
-  Definitions definitions;
-
-  void Define() { m.File("C:\\App\\Ini\\update.ref", definitions.Text()); }
+struct Phases : ScanBench {
   RegistryScan Registry() {
     return RegistryScan(m.registry, m.pump, log, sink, progress, lists, loader);
   }
@@ -33,11 +20,6 @@ struct Phases : Bench, private LoadProgress {
         .ScanCookie("C:\\Cookies\\", all);
     return sink.lines();
   }
-
- private:
-  void Begin(int) override {}
-  void Advance() override {}
-  void End() override {}
 };
 
 }  // namespace
@@ -81,7 +63,7 @@ TEST_SUITE("memory_scan") {
     p.definitions.Entry("MEMA", {"MEMAT", "MEMAF"}, {"Bad", "SPY.exe"})
         .Entry("MEMA", {"MEMAT", "MEMAF"}, {"Host", "svchost.exe"})
         .Entry("MEMA", {"MEMAT", "MEMAF"}, {"Us", "scourwell.exe"});
-    p.Define();
+    p.WriteDefinitions();
     p.memory.ListProcesses();
     CHECK(p.m.processes.asked == "status");
     p.loader.Load(kUpdateMemoryList);
@@ -194,7 +176,7 @@ TEST_SUITE("registry_scan") {
       p.definitions.Entry("REGV", {"REGVT", "REGVK", "REGVV"},
                           {"Val", "HKEY_LOCAL_MACHINE\\Software\\Spy\\", name});
     }
-    p.Define();
+    p.WriteDefinitions();
     p.loader.Load(kUpdateRegistrySVList);
     p.Registry().QuickPass();
     CHECK(p.sink.lines() ==
@@ -216,7 +198,7 @@ TEST_SUITE("registry_scan") {
     p.definitions.Entry("REGK", {"REGKT", "REGKK"}, {"Key", "HKEY_LOCAL_MACHINE\\Software\\Only64"})
         .Entry("REGV", {"REGVT", "REGVK", "REGVV"},
                {"Val", "HKEY_LOCAL_MACHINE\\Software\\Only64\\", "Name"});
-    p.Define();
+    p.WriteDefinitions();
     FillListBoxRegistrySType(p.lists.lstSearch, "{bad}", "Class");
     p.loader.Load(kUpdateRegistrySVList);
     p.Registry().QuickPass();

@@ -76,9 +76,8 @@ VersionBlock EvilBlock() {
 TEST_SUITE("scan_log") {
   TEST_CASE("the drive section") {
     Logging l;
-    l.m.File("C:\\Evil\\x.exe", std::string(1536, 'x')).Times(0, 127'229'183'980'000'000);
+    l.Program("C:\\Evil\\x.exe", EvilBlock());
     l.m.File("C:\\Evil\\y.txt").Times(0, 0);
-    l.m.versions.resources["C:\\Evil\\x.exe"] = {0x00010002, 0x00030004, 0x40004};
     l.Add(kSpyFile, "C:\\Evil\\x.exe", "One");
     l.Add(kSpyFolder, "C:\\Evil", "Two");
     l.Add(kSpyCookie, "C:\\Evil\\y.txt", "Three");

@@ -9,8 +9,28 @@
 
 namespace scourwell::test {
 
+// The parts of a scan, without the session that drives them.
+struct ScanBench : Bench, private LoadProgress {
+  SystemFolders folders;
+  SignatureLists lists;
+  ScanProgress progress;
+  COpSysInfo os{m.system};
+  MemoryScan memory{{m.processes, m.system, m.pump, log, os, folders, sink, progress}};
+  Matching matching{m.files, log, folders, sink, memory};
+  ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
+  ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
+  Definitions definitions;
+
+  void WriteDefinitions() { m.File("C:\\App\\Ini\\update.ref", definitions.Text()); }
+
+ private:
+  void Begin(int) override {}
+  void Advance() override {}
+  void End() override {}
+};
+
 // A machine on which every category of the definitions has one folder and one file to find.
-struct Session : Bench, private ScanReport, private LoadProgress {
+struct Session : ScanBench, private ScanReport {
   Session() {
     m.AddDrive('D');
     for (const std::string letter : {"T", "D", "H", "K", "S"}) {
@@ -35,18 +55,7 @@ struct Session : Bench, private ScanReport, private LoadProgress {
     };
   }
 
-  void WriteDefinitions() { m.File("C:\\App\\Ini\\update.ref", definitions.Text()); }
-
-  Definitions definitions;
-  SystemFolders folders;
-  SignatureLists lists;
   ScanScope scope;
-  ScanProgress progress;
-  ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
-  COpSysInfo os{m.system};
-  MemoryScan memory{{m.processes, m.system, m.pump, log, os, folders, sink, progress}};
-  Matching matching{m.files, log, folders, sink, memory};
-  ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
   BuiltInLists built_in{lists, matching, folders, m.pump, log};
   ScanSession session{{m.files, m.registry, nullptr, m.pump, log, m.shell, captions, settings,
                        lists, built_in, loader, memory, m.versions, folders, sink, *this,
@@ -75,9 +84,6 @@ struct Session : Bench, private ScanReport, private LoadProgress {
   void CreateCookieScanLogFile() override { Note("cookie log"); }
   void CreateDriveScanLogFile() override { Note("log"); }
   void FinishScan() override { Note("finish"); }
-  void Begin(int) override {}
-  void Advance() override {}
-  void End() override {}
 };
 
 }  // namespace scourwell::test
