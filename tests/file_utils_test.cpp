@@ -117,6 +117,16 @@ TEST_SUITE("file_utils") {
     CHECK_FALSE(skipped("Documents"));
     CHECK_FALSE(skipped("Recycler2"));
   }
+
+  TEST_CASE("processes, errors and the setting file") {
+    Bench b;
+    CHECK(KillProcessById(4711, b.m.system).number() == kPermissionDenied);
+    CHECK(KillProcessById(7, b.m.system).ok());
+    CHECK(Lines(b.m.system.journal) == "Terminate 7\n");
+    CHECK(RetrieveError(b.m.system) == "error 5");
+    CHECK(WriteINIString(b.m.profiles, kAppFolder, "KEY", "value").ok());
+    CHECK(b.m.Content("C:\\App\\Setting.ini") == "[Setting]\r\nKEY=value\r\n");
+  }
 }
 
 }  // namespace scourwell::test
