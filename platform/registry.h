@@ -57,7 +57,8 @@ struct RegCounts {
 };
 
 // The registry as the system offers it, one call a method and no policy. Key paths carry no
-// leading "\"; the empty path is the root itself. Names compare without regard to case.
+// leading "\"; the empty path is the root itself. Names compare without regard to case. A value
+// whose name holds a NUL can be listed only: by its name it gives kRegInvalidParameter.
 class Registry {
  public:
   // Return false to end the enumeration.
@@ -84,6 +85,9 @@ class Registry {
   virtual RegStatus DeleteKeyCall(RootKey root, const std::string& path) = 0;
   // In the system's order. The key must not be changed during a visit.
   virtual RegStatus EnumKeys(RootKey root, const std::string& path, const VisitKey& visit) = 0;
+  // Every value with its own data, also those that no name of the code page leads to: "?" or a
+  // similar letter stands for what it lacks. Data beyond reason is left out and makes the result a
+  // failure.
   virtual RegStatus EnumValues(RootKey root, const std::string& path, const VisitValue& visit) = 0;
 };
 

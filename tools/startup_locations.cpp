@@ -80,6 +80,8 @@ Outcome FromRegistry(RegStatus status) {
       return Outcome::Failed(kFileNotFound, "There is no such registry entry");
     case kRegAccessDenied:
       return Outcome::Failed(kPermissionDenied, "The registry refuses the change");
+    case kRegInvalidParameter:
+      return Outcome::Failed(kInvalidCall, "The registry entry could not be put back as it is");
     default:
       return Outcome::Failed(kInvalidCall, "Registry error " + std::to_string(status));
   }
@@ -106,15 +108,6 @@ Outcome StartupLocations::List(const StartupLocation& place, const Visit& visit)
   return {};
 }
 
-Outcome StartupLocations::ListValues(const StartupLocation& place, const Visit& visit) const {
-  const RegStatus status = RegistryOf(place).EnumValues(
-      place.root, place.path, [&](const std::string& name, const RegValue& value) {
-        visit({name, TextOfValue(value)});
-        return true;
-      });
-  return status == kRegNotFound ? Outcome() : FromRegistry(status);
-}
-
 Outcome StartupLocations::ListKeys(const StartupLocation& place, const Visit& visit) const {
   std::vector<std::string> names;
   const RegStatus status =
@@ -133,19 +126,14 @@ Outcome StartupLocations::ListKeys(const StartupLocation& place, const Visit& vi
 
 bool StartupLocations::IsRestOf(const StartupLocation& place, const PlaceEntry& found,
                                 const std::string& recorded) const {
-  return place.kind == LocationKind::Key && found.command != recorded &&
+  return place.kind == LocationKind::Key && !found.command.empty() && found.command != recorded &&
          IsPartOf(TreeOfText(found.command), TreeOfText(recorded));
 }
 
 Outcome StartupLocations::Keep(const StartupLocation& place, PlaceEntry* entry) const {
   switch (place.kind) {
-    case LocationKind::Value: {
-      RegValue value;
-      const RegStatus status =
-          RegistryOf(place).QueryValue(place.root, place.path, entry->name, &value);
-      if (status == kRegOk) entry->command = TextOfValue(value);
-      return status == kRegNotFound ? Outcome() : FromRegistry(status);
-    }
+    case LocationKind::Value:
+      return KeepValue(place, entry);
     case LocationKind::Key: {
       StoredTree tree;
       const RegStatus status =
@@ -169,10 +157,8 @@ Outcome StartupLocations::TakeOut(const StartupLocation& place, const PlaceEntry
 
 Outcome StartupLocations::DeleteEntry(const StartupLocation& place, const PlaceEntry& entry) const {
   switch (place.kind) {
-    case LocationKind::Value: {
-      const RegStatus status = RegistryOf(place).DeleteValue(place.root, place.path, entry.name);
-      return status == kRegNotFound ? Outcome() : FromRegistry(status);
-    }
+    case LocationKind::Value:
+      return DeleteValue(place, entry);
     case LocationKind::Key:
       if (!IsKeyName(entry.name)) return NoSuchEntry();
       return FromRegistry(DeleteStoredTree(RegistryOf(place), place.root,
@@ -204,7 +190,6 @@ Outcome StartupLocations::PutBack(const StartupLocation& place, const PlaceEntry
   return {};
 }
 
-// The new entry is there before the old one goes.
 Outcome StartupLocations::Change(const StartupLocation& place, const PlaceEntry& old,
                                  const PlaceEntry& entry) const {
   if (place.kind == LocationKind::WinIni) {
@@ -214,13 +199,7 @@ Outcome StartupLocations::Change(const StartupLocation& place, const PlaceEntry&
     const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.folders);
     return store.Write(place.path, WithOther(store.Read(place.path), old.command, entry.command));
   }
-  if (place.kind != LocationKind::Value) return NoSuchEntry();
-  if (EqualsNoCase(old.name, entry.name)) {
-    return FromRegistry(
-        RegistryOf(place).SetValue(place.root, place.path, entry.name, ValueOfText(entry.command)));
-  }
-  Outcome done = PutBackValue(place, entry);
-  return done.ok() ? DeleteEntry(place, old) : done;
+  return place.kind == LocationKind::Value ? ChangeValue(place, old, entry) : NoSuchEntry();
 }
 
 // The order of a line matters only as long as a program is out of it.
@@ -261,24 +240,15 @@ Outcome StartupLocations::Forget(const StartupLocation& place, const PlaceEntry&
   return {};
 }
 
-Outcome StartupLocations::PutBackValue(const StartupLocation& place,
-                                       const PlaceEntry& entry) const {
-  Registry& registry = RegistryOf(place);
-  RegValue there;
-  if (registry.QueryValue(place.root, place.path, entry.name, &there) == kRegOk) {
-    return TextOfValue(there) == entry.command ? Outcome() : EntryTaken();
-  }
-  return FromRegistry(
-      registry.SetValue(place.root, place.path, entry.name, ValueOfText(entry.command)));
-}
-
 Outcome StartupLocations::PutBackKey(const StartupLocation& place, const PlaceEntry& entry) const {
   const StoredTree tree = TreeOfText(entry.command);
   if (tree.empty() || !IsKeyName(entry.name)) return NoSuchEntry();
   Registry& registry = RegistryOf(place);
   const std::string path = KeyPath(place, entry.name);
   StoredTree there;
-  const bool exists = ReadTree(registry, place.root, path, &there) == kRegOk;
+  const RegStatus read = ReadTree(registry, place.root, path, &there);
+  if (read != kRegOk && read != kRegNotFound) return FromRegistry(read);
+  const bool exists = read == kRegOk;
   if (exists && !IsPartOf(there, tree)) return EntryTaken();
   const RegStatus written = WriteTree(registry, place.root, path, tree);
   // Half an entry must not look like one.

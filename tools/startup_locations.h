@@ -101,7 +101,12 @@ class StartupLocations {
   Outcome ListKeys(const StartupLocation& place, const Visit& visit) const;
   Outcome ListShortcuts(const StartupLocation& place, const Visit& visit) const;
   Outcome KeepShortcut(const StartupLocation& place, const PlaceEntry& entry) const;
+  Outcome CheckAddress(const StartupLocation& place, const PlaceEntry& entry) const;
+  Outcome KeepValue(const StartupLocation& place, PlaceEntry* entry) const;
+  Outcome DeleteValue(const StartupLocation& place, const PlaceEntry& entry) const;
   Outcome PutBackValue(const StartupLocation& place, const PlaceEntry& entry) const;
+  Outcome ChangeValue(const StartupLocation& place, const PlaceEntry& old,
+                      const PlaceEntry& entry) const;
   Outcome PutBackKey(const StartupLocation& place, const PlaceEntry& entry) const;
   Outcome TakeOutShortcut(const StartupLocation& place, const PlaceEntry& entry) const;
   Outcome DeleteShortcut(const StartupLocation& place, const PlaceEntry& entry) const;

@@ -25,6 +25,11 @@ std::string ShownCommand(const Entry& entry) {
   return value ? ShownValue(entry.command) : entry.command;
 }
 
+// A list would end the name at its NUL.
+std::string ShownName(const std::string& name) {
+  return ReplaceAll(name, std::string_view("\0", 1), "\\0");
+}
+
 bool IsText(std::uint32_t type) { return type == kRegText || type == kRegExpandText; }
 
 }  // namespace
@@ -59,7 +64,7 @@ FileFacts StartupManager::FactsOf(const Entry& entry) const {
 
 std::vector<std::string> StartupManager::CellsOf(const Entry& entry, const FileFacts& facts) const {
   std::vector<std::string> cells(kColumns);
-  cells[kName] = entry.name.empty() ? Text(17236) : entry.name;
+  cells[kName] = entry.name.empty() ? Text(17236) : ShownName(entry.name);
   cells[kStatus] = StatusText(entry.status);
   if (entry.place) {
     const bool all = entry.place->all_users;

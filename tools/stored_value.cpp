@@ -48,7 +48,16 @@ RegStatus ReadLevel(Registry& registry, RootKey root, const std::string& path,
                                            key.values.emplace_back(name, value);
                                            return true;
                                          });
+  // Below the key, what no name leads to is not gone.
+  if (status == kRegNotFound && depth > 0) status = kRegInvalidParameter;
   if (status != kRegOk) return status;
+  for (const auto& [name, value] : key.values) {
+    RegValue there;
+    if (registry.QueryValue(root, Below(path, part), name, &there) != kRegOk ||
+        there.type != value.type || there.data != value.data) {
+      return kRegInvalidParameter;
+    }
+  }
   tree->push_back(std::move(key));
   std::vector<std::string> names;
   status = registry.EnumKeys(root, Below(path, part), [&](const std::string& name) {

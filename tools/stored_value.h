@@ -37,7 +37,8 @@ bool IsPartOf(const StoredTree& part, const StoredTree& whole);
 // Keys deeper than this are refused: no tool of ours handles such.
 inline constexpr unsigned kDeepestStoredKey = 8;
 
-// kRegNotFound: no such key. kRegInvalidParameter: too deep. *tree is then of no use.
+// kRegNotFound: no such key. kRegInvalidParameter: too deep, or it holds what could not be put back
+// because no name leads to it. *tree is then of no use.
 RegStatus ReadTree(Registry& registry, RootKey root, const std::string& path, StoredTree* tree);
 // Makes the keys and writes the values; what is there already stays.
 RegStatus WriteTree(Registry& registry, RootKey root, const std::string& path,

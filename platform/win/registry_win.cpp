@@ -10,7 +10,7 @@ namespace scourwell {
 namespace {
 
 constexpr DWORD kLongestKeyName = 256;      // with its NUL; key names have at most 255 characters
-constexpr DWORD kLongestValueName = 16384;  // with its NUL
+constexpr DWORD kLongestValueName = 32768;  // with its NUL; 16383 characters of two bytes
 constexpr DWORD kLargestData = 64u << 20;   // bytes; more is a damaged value
 constexpr int kGrowthTries = 8;             // a value that grows while it is read
 
@@ -30,6 +30,9 @@ RegStatus Create(RootKey root, const std::string& path, REGSAM view, KeyHandle* 
   return status;
 }
 
+// A call would take what stands before the NUL, which may be another value's name.
+bool HasNul(const std::string& name) { return name.find('\0') != name.npos; }
+
 const BYTE* Bytes(const std::string& text) { return reinterpret_cast<const BYTE*>(text.data()); }
 BYTE* Bytes(std::string& text) { return reinterpret_cast<BYTE*>(text.data()); }
 
@@ -42,6 +45,30 @@ RegStatus ReadData(HKEY key, const char* name, RegValue* value) {
     const LONG status = RegQueryValueExA(key, name, nullptr, &type, Bytes(data), &size);
     if (status == ERROR_SUCCESS) {
       data.resize(std::min<std::size_t>(size, data.size()));
+      *value = {type, std::move(data)};
+      return kRegOk;
+    }
+    if (status != ERROR_MORE_DATA) return status;
+    if (size > kLargestData) return ERROR_MORE_DATA;
+    data.resize(std::max<std::size_t>(size, data.size() * 2));
+  }
+  return ERROR_MORE_DATA;
+}
+
+// Name and data in one call: asked for by its name, a value that the code page cannot spell is not
+// found, and one with a NUL in its name is taken for another.
+RegStatus ReadValueAt(HKEY key, DWORD index, std::vector<char>& spelt, std::string* name,
+                      RegValue* value) {
+  std::string data(1024, '\0');
+  for (int i = 0; i < kGrowthTries; ++i) {
+    DWORD type = 0;
+    DWORD length = static_cast<DWORD>(spelt.size());
+    DWORD size = static_cast<DWORD>(data.size());
+    const LONG status =
+        RegEnumValueA(key, index, spelt.data(), &length, nullptr, &type, Bytes(data), &size);
+    if (status == ERROR_SUCCESS) {
+      data.resize(std::min<std::size_t>(size, data.size()));
+      name->assign(spelt.data(), std::min<std::size_t>(length, spelt.size()));
       *value = {type, std::move(data)};
       return kRegOk;
     }
@@ -92,6 +119,7 @@ RegStatus RegistryWin::Count(RootKey root, const std::string& path, RegCounts* c
 
 RegStatus RegistryWin::QueryValue(RootKey root, const std::string& path, const std::string& name,
                                   RegValue* value) {
+  if (HasNul(name)) return kRegInvalidParameter;
   KeyHandle key;
   const RegStatus status = Open(root, path, KEY_QUERY_VALUE | view_, &key);
   return status == kRegOk ? ReadData(key.get(), name.c_str(), value) : status;
@@ -104,6 +132,7 @@ RegStatus RegistryWin::CreateKey(RootKey root, const std::string& path) {
 
 RegStatus RegistryWin::SetValue(RootKey root, const std::string& path, const std::string& name,
                                 const RegValue& value) {
+  if (HasNul(name)) return kRegInvalidParameter;
   KeyHandle key;
   if (const RegStatus status = Create(root, path, view_, &key)) return status;
   return RegSetValueExA(key.get(), name.c_str(), 0, value.type, Bytes(value.data),
@@ -111,6 +140,7 @@ RegStatus RegistryWin::SetValue(RootKey root, const std::string& path, const std
 }
 
 RegStatus RegistryWin::DeleteValue(RootKey root, const std::string& path, const std::string& name) {
+  if (HasNul(name)) return kRegInvalidParameter;
   KeyHandle key;
   const RegStatus status = Open(root, path, KEY_SET_VALUE | view_, &key);
   return status == kRegOk ? RegDeleteValueA(key.get(), name.c_str()) : status;
@@ -149,17 +179,16 @@ RegStatus RegistryWin::EnumValues(RootKey root, const std::string& path, const V
   KeyHandle key;
   const RegStatus status = Open(root, path, KEY_QUERY_VALUE | view_, &key);
   if (status != kRegOk) return status;
-  std::vector<char> name(kLongestValueName);
+  std::vector<char> spelt(kLongestValueName);
+  RegStatus result = kRegOk;
   for (DWORD index = 0;; ++index) {
-    DWORD size = kLongestValueName;
-    const LONG next =
-        RegEnumValueA(key.get(), index, name.data(), &size, nullptr, nullptr, nullptr, nullptr);
-    if (next == ERROR_NO_MORE_ITEMS) return kRegOk;
-    if (next != ERROR_SUCCESS && next != ERROR_MORE_DATA) return next;
-    if (next == ERROR_MORE_DATA) continue;
+    std::string name;
     RegValue value;
-    if (ReadData(key.get(), name.data(), &value) != kRegOk) continue;  // gone meanwhile
-    if (!visit(std::string(name.data(), size), value)) return kRegOk;
+    const RegStatus next = ReadValueAt(key.get(), index, spelt, &name, &value);
+    if (next == ERROR_NO_MORE_ITEMS) return result;
+    if (next != kRegOk && next != ERROR_MORE_DATA) return next;
+    result = result == kRegOk ? next : result;  // what is too large does not hide the others
+    if (next == kRegOk && !visit(name, value)) return result;
   }
 }
 
