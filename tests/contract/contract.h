@@ -37,6 +37,9 @@ class ContractMachine {
   virtual void MakeFile(const std::string& path, const std::string& content) = 0;
   // Some of kReadOnly, kHidden and kSystem, and no others of these.
   virtual void SetAttributes(const std::string& path, std::uint32_t attributes) = 0;
+  // In key(): a text value whose name is one character that no code page has, and one whose name is
+  // `name` with a NUL in it. False where the system has no such names.
+  virtual bool MakeOddValues(const std::string& name, const std::string& data) = 0;
 };
 
 class QuietPump : public Pump {

@@ -27,6 +27,12 @@ class FakeContractMachine : public ContractMachine {
     node.attributes =
         (node.attributes & ~std::uint32_t{kReadOnly | kHidden | kSystem}) | attributes;
   }
+  bool MakeOddValues(const std::string& name, const std::string& data) override {
+    Key& key = m_.registry.Make(RootKey::CurrentUser, this->key());
+    key.unspellable.push_back({"?", {kRegText, data}});
+    key.Value(name, data);
+    return true;
+  }
 
  private:
   FakeMachine m_;

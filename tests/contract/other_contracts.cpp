@@ -138,6 +138,22 @@ TEST_SUITE("contract_registry") {
     }
     CHECK(r.Keys("") == "");
   }
+
+  TEST_CASE("every value is listed with its own data, whatever it is called") {
+    InRegistry r;
+    const std::string hidden("name\0hidden", 11);
+    r.Set("", "large", std::string(70'000, 'l'));
+    r.Set("", "name", std::string("good\0", 5), kRegText);
+    if (!r.machine->MakeOddValues(hidden, std::string("bad\0", 4))) return;
+    CHECK(r.Values("") == "?=1b large=3l " + hidden + "=1b name=1g ");
+    for (const std::string& name : {hidden, std::string("?")}) {
+      RegValue value;
+      CHECK(r.registry.QueryValue(kUser, r.root, name, &value) != kRegOk);
+      CHECK(r.registry.DeleteValue(kUser, r.root, name) != kRegOk);
+    }
+    CHECK(r.registry.SetValue(kUser, r.root, hidden, {kRegText, "x"}) != kRegOk);
+    CHECK(r.Get("", "name") == "good");
+  }
 }
 
 TEST_SUITE("contract_profiles") {

@@ -31,6 +31,7 @@ struct Key {
   std::string name;
   bool denied = false;  // may be read, not changed and not deleted
   std::vector<std::pair<std::string, RegValue>> values;
+  std::vector<std::pair<std::string, RegValue>> unspellable;  // listed, not found by their names
   std::vector<std::unique_ptr<Key>> children;
 
   Key* Child(std::string_view part) const;

@@ -80,6 +80,7 @@ RegStatus FakeRegistry::TryOpen(RootKey root, const std::string& path, std::uint
 
 RegStatus FakeRegistry::QueryValue(RootKey root, const std::string& path, const std::string& name,
                                    RegValue* value) {
+  if (name.find('\0') != name.npos) return kRegInvalidParameter;
   if (const RegStatus opened = TryOpen(root, path, kKeyRead)) return opened;
   for (const auto& [existing, stored] : Find(root, path)->values) {
     if (!EqualsNoCase(existing, name)) continue;
@@ -104,6 +105,7 @@ RegStatus FakeRegistry::CreateKey(RootKey root, const std::string& path) {
 
 RegStatus FakeRegistry::SetValue(RootKey root, const std::string& path, const std::string& name,
                                  const RegValue& value) {
+  if (name.find('\0') != name.npos) return kRegInvalidParameter;
   if (before_change) before_change();
   const RegStatus opened = TryOpen(root, path, kKeyAllRights);
   if (opened != kRegOk && opened != kRegNotFound) return opened;
@@ -113,6 +115,7 @@ RegStatus FakeRegistry::SetValue(RootKey root, const std::string& path, const st
 
 RegStatus FakeRegistry::DeleteValue(RootKey root, const std::string& path,
                                     const std::string& name) {
+  if (name.find('\0') != name.npos) return kRegInvalidParameter;
   if (before_change) before_change();
   if (const RegStatus opened = TryOpen(root, path, kKeyAllRights)) return opened;
   const std::size_t gone = std::erase_if(
@@ -138,7 +141,7 @@ RegStatus FakeRegistry::Count(RootKey root, const std::string& path, RegCounts* 
   if (const RegStatus opened = TryOpen(root, path, kKeyRead)) return opened;
   const Key* key = Find(root, path);
   *counts = {static_cast<std::uint32_t>(key->children.size()),
-             static_cast<std::uint32_t>(key->values.size())};
+             static_cast<std::uint32_t>(key->values.size() + key->unspellable.size())};
   return kRegOk;
 }
 
@@ -152,8 +155,10 @@ RegStatus FakeRegistry::EnumKeys(RootKey root, const std::string& path, const Vi
 
 RegStatus FakeRegistry::EnumValues(RootKey root, const std::string& path, const VisitValue& visit) {
   if (const RegStatus opened = TryOpen(root, path, kKeyRead)) return opened;
-  for (const auto& [name, value] : Find(root, path)->values) {
-    if (!visit(name, value)) break;
+  for (const auto* values : {&Find(root, path)->values, &Find(root, path)->unspellable}) {
+    for (const auto& [name, value] : *values) {
+      if (!visit(name, value)) return kRegOk;
+    }
   }
   return kRegOk;
 }

@@ -65,6 +65,27 @@ class RealContractMachine : public ContractMachine {
   void SetAttributes(const std::string& path, std::uint32_t attributes) override {
     SetFileAttributesA(path.c_str(), attributes ? attributes : FILE_ATTRIBUTE_NORMAL);
   }
+  bool MakeOddValues(const std::string& name, const std::string& data) override {
+    struct CountedText {
+      USHORT length, room;
+      const wchar_t* text;
+    };
+    using SetValueKey = LONG(WINAPI*)(HANDLE, const CountedText*, ULONG, ULONG, const void*, ULONG);
+    const auto set = reinterpret_cast<SetValueKey>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtSetValueKey")));
+    HKEY key = nullptr;
+    if (!set || RegOpenKeyA(HKEY_CURRENT_USER, kKey, &key) != ERROR_SUCCESS) return false;
+    const std::wstring text(data.begin(), data.end());
+    bool made = true;
+    for (const std::wstring& each :
+         {std::wstring(L"\xF8FF"), std::wstring(name.begin(), name.end())}) {
+      const auto size = static_cast<USHORT>(each.size() * sizeof(wchar_t));
+      const CountedText counted = {size, size, each.data()};
+      made &= set(key, &counted, 0, REG_SZ, text.data(), static_cast<ULONG>(2 * text.size())) == 0;
+    }
+    RegCloseKey(key);
+    return made;
+  }
 
  private:
   void CleanUp() {
