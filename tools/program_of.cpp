@@ -115,11 +115,14 @@ std::string ExpandEnvironment(std::string_view text, System& system) {
 
 ProgramOf FindProgram(std::string_view command, Files& files, const SystemFolders& folders,
                       System& system) {
-  const Finder finder{files, folders};
-  const std::string expanded = ExpandEnvironment(TrimBlanks(command), system);
-  ProgramOf program = Locate(finder, expanded);
+  ProgramOf program = FindStarter(command, files, folders, system);
   if (!IsRundll(program.path) || program.arguments.empty()) return program;
-  return Result(finder, SplitLibrary(program.arguments));
+  return Result(Finder{files, folders}, SplitLibrary(program.arguments));
+}
+
+ProgramOf FindStarter(std::string_view command, Files& files, const SystemFolders& folders,
+                      System& system) {
+  return Locate(Finder{files, folders}, ExpandEnvironment(TrimBlanks(command), system));
 }
 
 std::string SafeCommand(const std::string& command, Files& files, const SystemFolders& folders,

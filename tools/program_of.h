@@ -22,6 +22,10 @@ struct ProgramOf {
 ProgramOf FindProgram(std::string_view command, Files& files, const SystemFolders& folders,
                       System& system);
 
+// The same, but "rundll32" itself: what a shortcut must name, or the shell be given.
+ProgramOf FindStarter(std::string_view command, Files& files, const SystemFolders& folders,
+                      System& system);
+
 // The same command with its program in quotes, if it has one that exists and needs them: what
 // stands unquoted could start another program.
 std::string SafeCommand(const std::string& command, Files& files, const SystemFolders& folders,

@@ -116,7 +116,7 @@ Outcome StartupLocations::PutBackShortcut(const StartupLocation& place,
     return whole && SameContent(needs_.files, path, kept) ? Outcome() : EntryTaken();
   }
   if (whole) return MoveExactly(needs_.files, kept, FolderPart(path));
-  const ProgramOf program = FindProgram(entry.command, needs_.files, needs_.folders, needs_.system);
+  const ProgramOf program = FindStarter(entry.command, needs_.files, needs_.folders, needs_.system);
   if (program.path.empty()) return NoSuchEntry();
   return needs_.shell.CreateShortcut(path, program.path, program.arguments);
 }
