@@ -373,6 +373,7 @@ const Caption kCaptions[] = {
     {17354, "Removing components"},
     {17355, "Explorer offers this on Windows 2000 and later only."},
     {17356, "Language pack:"},
+    {17360, "Network"},
 };
 // clang-format on
 

@@ -24,7 +24,7 @@ const std::vector<PackBudget> kPackBudgets = {
     {26, {16200, 16201, 16202, 16203, 16204, 16205, 16206, 16207, 16215}},
     {130, {17244, 17260, 17270}},
     // Cells and narrow columns of the tools, nodes of the tree, other labels.
-    {8, {17234, 17235}},
+    {8, {17234, 17235, 17360}},
     {9, {17231}},
     {10, {17226}},
     {12, {4006, 17228}},

@@ -57,7 +57,7 @@ std::vector<std::string> BhoManager::CellsOf(const Entry& entry, const FileFacts
   cells[kStatus] = StatusText(entry.status);
   cells[kClass] = entry.name;
   cells[kFile] = facts.path;
-  cells[kFound] = Text(facts.exists ? 17234 : 17235);
+  cells[kFound] = FoundText(facts);
   cells[kCompany] = facts.company;
   cells[kSpy] = facts.spy;
   cells[kLocation] = entry.place ? Text(entry.place->view64 ? 17265 : 17264)

@@ -75,6 +75,10 @@ class EntryManager : public TableModel {
   void Tell(bool facts);
   std::string Text(int number) const { return needs_.captions.Text(number); }
   std::string StatusText(EntryStatus status) const;
+  // Whether the file is there.
+  std::string FoundText(const FileFacts& facts) const {
+    return Text(facts.remote ? 17360 : facts.exists ? 17234 : 17235);
+  }
 
   const Needs needs_;
   EntryTable table_;

@@ -9,6 +9,7 @@ FileFacts FactFinder::OfCommand(std::string_view command) const {
   ProgramOf program = FindProgram(command, files_, folders_, system_);
   facts.path = std::move(program.path);
   facts.exists = program.exists;
+  facts.remote = program.remote;
   facts.spy = spies_.OfFile(facts.path);
   std::string block;
   if (!facts.exists || !versions_.ReadBlock(facts.path, &block).ok()) return facts;

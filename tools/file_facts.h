@@ -10,10 +10,11 @@
 
 namespace scourwell {
 
-// What can be told at a glance of the file behind an entry.
+// What can be told at a glance, without waiting for other machines, of the file behind an entry.
 struct FileFacts {
   std::string path;  // as far as it is known
   bool exists = false;
+  bool remote = false;  // on another machine: nobody knows whether it exists
   std::string company;  // from its version information; may be empty
   std::string spy;      // empty: no definition names it
 };

@@ -1,6 +1,8 @@
 #include "tools/program_of.h"
 
+#include <algorithm>
 #include <optional>
+#include <vector>
 
 #include "platform/file_utils.h"
 #include "platform/text.h"
@@ -13,33 +15,63 @@ struct Parts {
   std::string_view arguments;
 };
 
-struct Finder {
-  Files& files;
-  const SystemFolders& folders;
+// Each look-up can take seconds, and a hostile command line could ask for hundreds.
+constexpr int kMostLookUps = 100;
 
-  bool IsFile(const std::string& path) const {
-    DirEntry entry;
-    return IsPlainPath(path) && files.Stat(path, &entry).ok() && !entry.IsFolder();
+class Finder {
+ public:
+  Finder(Files& files, const SystemFolders& folders) : files_(files), folders_(folders) {}
+
+  // Whether the command named another machine, which is not asked: it could keep us waiting at
+  // each look-up, and would be shown who the user is.
+  bool IsRemote(std::string_view path) {
+    path = TrimBlanks(path);
+    if (!IsAbsolutePath(path)) return false;
+    if (path[1] != ':') return true;
+    if (path[0] != drive_) {
+      drive_ = path[0];
+      const std::vector<Drive> drives = files_.Drives();
+      remote_ = std::any_of(drives.begin(), drives.end(), [&](const Drive& drive) {
+        return drive.kind == DriveKind::Network && (drive.letter | 0x20) == (drive_ | 0x20);
+      });
+    }
+    return remote_;
   }
 
-  std::optional<std::string> FindAt(const std::string& path) const {
+  // Any "\" makes a name relative to a folder that nobody can know.
+  std::optional<std::string> Find(std::string_view name) {
+    const std::string text(TrimBlanks(name));
+    if (text.empty() || text.size() > kLongestPath || IsRemote(text)) return std::nullopt;
+    if (IsAbsolutePath(text)) return FindAt(text);
+    if (text.find_first_of("\\/:") != text.npos) return std::nullopt;
+    for (const std::string& folder : {folders_.system, folders_.windows}) {
+      if (auto found = FindAt(AddPathToFileName(folder, text))) return found;
+    }
+    return std::nullopt;
+  }
+
+ private:
+  bool IsFile(const std::string& path) {
+    if (!IsPlainPath(path) || left_ == 0) return false;
+    --left_;
+    DirEntry entry;
+    const Outcome found = files_.Stat(path, &entry);
+    if (found.number() == kDiskNotReady) left_ = 0;
+    return found.ok() && !entry.IsFolder();
+  }
+
+  std::optional<std::string> FindAt(const std::string& path) {
     if (path.size() > kLongestPath) return std::nullopt;
     if (IsFile(path)) return path;
     if (IsFile(path + ".exe")) return path + ".exe";
     return std::nullopt;
   }
 
-  // Any "\" makes a name relative to a folder that nobody can know.
-  std::optional<std::string> Find(std::string_view name) const {
-    const std::string text(TrimBlanks(name));
-    if (text.empty() || text.size() > kLongestPath) return std::nullopt;
-    if (IsAbsolutePath(text)) return FindAt(text);
-    if (text.find_first_of("\\/:") != text.npos) return std::nullopt;
-    for (const std::string& folder : {folders.system, folders.windows}) {
-      if (auto found = FindAt(AddPathToFileName(folder, text))) return found;
-    }
-    return std::nullopt;
-  }
+  Files& files_;
+  const SystemFolders& folders_;
+  int left_ = kMostLookUps;
+  char drive_ = 0;  // that was asked for last
+  bool remote_ = false;
 };
 
 Parts CutAt(std::string_view command, std::size_t begin, std::size_t end) {
@@ -61,14 +93,14 @@ bool IsRundll(std::string_view program) {
          EqualsNoCase(name, "rundll.exe");
 }
 
-ProgramOf Result(const Finder& finder, const Parts& parts) {
+ProgramOf Result(Finder& finder, const Parts& parts) {
   auto found = finder.Find(parts.program);
   const bool exists = found.has_value();
   return {exists ? std::move(*found) : std::string(TrimBlanks(parts.program)),
-          std::string(parts.arguments), exists};
+          std::string(parts.arguments), exists, finder.IsRemote(parts.program)};
 }
 
-ProgramOf Locate(const Finder& finder, std::string_view command) {
+ProgramOf Locate(Finder& finder, std::string_view command) {
   if (command.starts_with('"')) {
     const std::size_t end = std::min(command.find('"', 1), command.size());
     return Result(finder, CutAt(command, 1, end));
@@ -117,19 +149,22 @@ ProgramOf FindProgram(std::string_view command, Files& files, const SystemFolder
                       System& system) {
   ProgramOf program = FindStarter(command, files, folders, system);
   if (!IsRundll(program.path) || program.arguments.empty()) return program;
-  return Result(Finder{files, folders}, SplitLibrary(program.arguments));
+  Finder finder(files, folders);
+  return Result(finder, SplitLibrary(program.arguments));
 }
 
 ProgramOf FindStarter(std::string_view command, Files& files, const SystemFolders& folders,
                       System& system) {
-  return Locate(Finder{files, folders}, ExpandEnvironment(TrimBlanks(command), system));
+  Finder finder(files, folders);
+  return Locate(finder, ExpandEnvironment(TrimBlanks(command), system));
 }
 
 std::string SafeCommand(const std::string& command, Files& files, const SystemFolders& folders,
                         System& system) {
   const std::string_view trimmed = TrimBlanks(command);
   if (trimmed.empty() || trimmed.starts_with('"')) return command;
-  const ProgramOf program = Locate(Finder{files, folders}, ExpandEnvironment(trimmed, system));
+  Finder finder(files, folders);
+  const ProgramOf program = Locate(finder, ExpandEnvironment(trimmed, system));
   if (!program.exists || program.path.find(' ') == std::string::npos) return command;
   return "\"" + program.path + "\"" + (program.arguments.empty() ? "" : " ") + program.arguments;
 }

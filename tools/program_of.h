@@ -14,11 +14,13 @@ struct ProgramOf {
   std::string path;       // absolute where it was found, else as the command names it
   std::string arguments;  // without the blanks before them
   bool exists = false;
+  bool remote = false;  // on another machine: not looked for
 };
 
 // Finds the program as the system does: quotes, or the first part that leads to a file where
 // blanks stand unquoted; ".exe" may be missing; names without a folder are looked for in the
-// Windows and system folders. For "rundll32" it is the library that it is given.
+// Windows and system folders. No other machine is asked. For "rundll32" it is the library that it
+// is given.
 ProgramOf FindProgram(std::string_view command, Files& files, const SystemFolders& folders,
                       System& system);
 

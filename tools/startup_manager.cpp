@@ -77,7 +77,7 @@ std::vector<std::string> StartupManager::CellsOf(const Entry& entry, const FileF
     cells[kWhen] = entry.record.fields[Fields::kWhen];
   }
   cells[kCommand] = ShownCommand(entry);
-  cells[kFile] = Text(facts.exists ? 17234 : 17235);
+  cells[kFile] = FoundText(facts);
   cells[kCompany] = facts.company;
   cells[kSpy] = facts.spy;
   return cells;
