@@ -37,6 +37,7 @@ class EntryManager : public TableModel {
   bool LoadProfile(const std::string& path);
 
   bool IsChanged() const { return table_.IsChanged(); }
+  bool HasMarks() const { return table_.HasMarks(); }
   std::size_t disabled_count() const;
   EntryStatus status(std::size_t row) const { return table_[row].status; }
   const Entry& entry(std::size_t row) const { return table_[row]; }

@@ -105,12 +105,33 @@ bool EntryTable::IsChanged() const {
   });
 }
 
+bool EntryTable::HasMarks() const {
+  return std::any_of(entries_.begin(), entries_.end(), [](const Entry& entry) {
+    const bool enabled = entry.status == EntryStatus::Enabled;
+    const bool brought = !entry.present && !entry.held;  // by a profile of the user's choice
+    return entry.status == EntryStatus::Remove || enabled != entry.present || brought;
+  });
+}
+
+ProfileRecord EntryTable::RecordOf(const Entry& entry) const {
+  return entry.place ? describe_(entry) : entry.record;
+}
+
+// What the profile holds already, as it reads now: marks that were not applied stay out of it.
+Outcome EntryTable::SaveHeldItems() {
+  std::vector<ProfileRecord> records;
+  for (const Entry& entry : entries_) {
+    if (entry.held) records.push_back(RecordOf(entry));
+  }
+  return SaveProfile(locations_.needs().files, profile_path_, records);
+}
+
 Outcome EntryTable::SaveDisabledItems(bool with_pending) {
   std::vector<ProfileRecord> records;
   for (const Entry& entry : entries_) {
     const bool pending = with_pending && entry.held && (!entry.present || entry.partial);
     if (entry.status != EntryStatus::Disabled && !pending) continue;
-    records.push_back(entry.place ? describe_(entry) : entry.record);
+    records.push_back(RecordOf(entry));
   }
   return SaveProfile(locations_.needs().files, profile_path_, records);
 }
@@ -202,19 +223,27 @@ Outcome EntryTable::Add(const StartupLocation& place, const PlaceEntry& added) {
 Outcome EntryTable::Edit(std::size_t row, const PlaceEntry& changed) {
   Entry& entry = entries_[row];
   if (!entry.place) return NoSuchEntry();
-  Outcome done;
-  if (entry.present) done = locations_.Change(*entry.place, PlaceOf(entry), changed);
-  if (!done.ok()) return done;
+  if (entry.held && !unreadable_.ok()) return unreadable_;
+  const PlaceEntry before = PlaceOf(entry);
+  if (entry.present) {
+    if (Outcome done = locations_.Change(*entry.place, before, changed); !done.ok()) return done;
+  }
   entry.name = changed.name;
   entry.command = changed.command;
-  return entry.held && unreadable_.ok() ? SaveDisabledItems(true) : Outcome();
+  if (!entry.held) return {};
+  Outcome saved = SaveHeldItems();
+  if (!saved.ok() && !entry.present) {
+    entry.name = before.name;
+    entry.command = before.command;
+  }
+  return saved;
 }
 
 Outcome EntryTable::SaveTo(const std::string& path) const {
   std::vector<ProfileRecord> records;
   for (const Entry& entry : entries_) {
     if (entry.status != EntryStatus::Disabled) continue;
-    records.push_back(entry.place ? describe_(entry) : entry.record);
+    records.push_back(RecordOf(entry));
   }
   return locations_.needs().files.Replace(path, ProfileText(records));
 }

@@ -53,6 +53,8 @@ class EntryTable {
   void ResetAll();
   // A mark differs from what the system and the profile say.
   bool IsChanged() const;
+  // The user has set a mark, or brought a row by a profile: what an unfinished run left is neither.
+  bool HasMarks() const;
 
   // Carries out the marks, row by row. An entry that fails goes back to what it is; the others
   // go on. Rows that were removed leave the table.
@@ -60,7 +62,7 @@ class EntryTable {
 
   // A new entry, written into its place at once.
   Outcome Add(const StartupLocation& place, const PlaceEntry& entry);
-  // Another name and command for an entry that is in its place; not for shortcuts.
+  // Another name and command for an entry, in its place or in the profile; not for shortcuts.
   Outcome Edit(std::size_t row, const PlaceEntry& entry);
 
   // The disabled rows to a file, and the records of a file to disabled rows.
@@ -70,6 +72,8 @@ class EntryTable {
  private:
   void AddRecord(const ProfileRecord& record, bool held);
   Outcome LoadDisabledItems();
+  ProfileRecord RecordOf(const Entry& entry) const;
+  Outcome SaveHeldItems();
   Outcome SaveDisabledItems(bool with_pending);
   bool Prepare(Entry& entry, std::vector<Outcome>* failures);
   void Carry(Entry& entry, std::vector<Outcome>* failures);

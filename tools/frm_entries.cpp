@@ -59,7 +59,7 @@ void frmEntries::ApplyNow() {
 }
 
 bool frmEntries::MayClose() {
-  if (!manager().IsChanged()) return true;
+  if (!manager().HasMarks()) return true;
   const int answer =
       MessageBoxA(hwnd(), Text(17243).c_str(), Title().c_str(), MB_YESNOCANCEL | MB_ICONQUESTION);
   if (answer == IDYES) {
