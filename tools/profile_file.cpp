@@ -39,6 +39,8 @@ ProfileReading ReadProfileText(std::string_view text) {
   ProfileReading reading;
   ProfileRecord record;
   while (!text.empty()) {
+    reading.cut = reading.records.size() == kMostRecords;
+    if (reading.cut) break;
     const std::size_t end = std::min(text.find('\n'), text.size());
     std::string_view line = text.substr(0, end);
     // A last line without its end may have been cut off.
@@ -62,6 +64,11 @@ Outcome LoadProfile(Files& files, const std::string& path, std::vector<ProfileRe
   }
   ProfileReading reading = ReadProfileText(text);
   std::move(reading.records.begin(), reading.records.end(), std::back_inserter(*records));
+  if (reading.cut) {
+    return Outcome::Failed(kOverflow, "The profile has more than " + std::to_string(kMostRecords) +
+                                          " records; the others are left out")
+        .With("File: ", path);
+  }
   if (reading.left_over == 0) return {};
   return Outcome::Failed(kPastEndOfFile, "The profile ends within a record, after " +
                                              std::to_string(reading.left_over) + " of its 6 lines")

@@ -23,14 +23,18 @@ std::string ProfileText(const std::vector<ProfileRecord>& records);
 struct ProfileReading {
   std::vector<ProfileRecord> records;  // the whole ones
   std::size_t left_over = 0;           // lines behind them that are no whole record
+  bool cut = false;                    // there is more than is read
 };
 ProfileReading ReadProfileText(std::string_view text);
 
-// The most that is read of a profile, in bytes.
+// The most that is read of a profile, in bytes and in records: far more than anybody disables, and
+// no more than a window lists at once.
 inline constexpr std::uint64_t kLargestProfile = 16u << 20;
+inline constexpr std::size_t kMostRecords = 2000;
 
 // Appends the whole records. A missing file holds none. kPastEndOfFile: the file ends within a
-// record; *records still gets those before it. Any other failure leaves *records alone.
+// record; kOverflow: it has more than kMostRecords; *records still gets those before. Any other
+// failure leaves *records alone.
 Outcome LoadProfile(Files& files, const std::string& path, std::vector<ProfileRecord>* records);
 
 // Replaces the file as a whole; without records it is deleted.
