@@ -66,8 +66,9 @@ void EntryTable::AddRecord(const ProfileRecord& record, bool held) {
   if (!ours) place = nullptr;
   const std::string& name = record.fields[Fields::kName];
   const std::string& command = record.fields[Fields::kCommand];
+  const bool apart = held && place && IsMissing(*place, command);
   for (Entry& entry : entries_) {
-    if (!place || entry.place != place || (held && entry.held)) continue;
+    if (apart || !place || entry.place != place || (held && entry.held)) continue;
     const bool rest = held && entry.present && EqualsNoCase(entry.name, name) &&
                       locations_.IsRestOf(*place, PlaceOf(entry), command);
     if (rest) {
@@ -87,6 +88,16 @@ void EntryTable::AddRecord(const ProfileRecord& record, bool held) {
   entry.held = held;
   entry.record = record;
   entries_.push_back(std::move(entry));
+}
+
+// A line may name a program twice: one of them that is still there is not the one that was taken
+// out.
+bool EntryTable::IsMissing(const StartupLocation& place, const std::string& command) const {
+  const std::size_t missing = locations_.MissingFromLine(place, command);
+  const auto taken = std::count_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+    return entry.place == &place && entry.held && !entry.present && entry.command == command;
+  });
+  return static_cast<std::size_t>(taken) < missing;
 }
 
 void EntryTable::ToggleDisabled(std::size_t row) {

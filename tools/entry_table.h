@@ -71,6 +71,7 @@ class EntryTable {
 
  private:
   void AddRecord(const ProfileRecord& record, bool held);
+  bool IsMissing(const StartupLocation& place, const std::string& command) const;
   Outcome LoadDisabledItems();
   ProfileRecord RecordOf(const Entry& entry) const;
   Outcome SaveHeldItems();

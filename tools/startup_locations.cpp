@@ -1,5 +1,6 @@
 #include "tools/startup_locations.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "platform/file_utils.h"
@@ -209,6 +210,19 @@ Outcome StartupLocations::KeepLine(const StartupLocation& place) const {
   const std::string original = store.Original(place.path);
   if (!original.empty() && WinIniLine(original).FindKept(line)) return {};
   return store.KeepOriginal(place.path, line);
+}
+
+std::size_t StartupLocations::MissingFromLine(const StartupLocation& place,
+                                              const std::string& program) const {
+  if (place.kind != LocationKind::WinIni) return 0;
+  const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.folders);
+  const auto count = [&](const std::string& line) {
+    const std::vector<std::string> programs = WinIniLine(line).programs();
+    return static_cast<std::size_t>(std::count(programs.begin(), programs.end(), program));
+  };
+  const std::size_t before = count(store.Original(place.path));
+  const std::size_t now = count(store.Read(place.path));
+  return before > now ? before - now : 0;
 }
 
 Outcome StartupLocations::PutBackProgram(const StartupLocation& place,

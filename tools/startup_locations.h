@@ -72,6 +72,9 @@ class StartupLocations {
   bool IsRestOf(const StartupLocation& place, const PlaceEntry& found,
                 const std::string& recorded) const;
 
+  // How many times less a line names the program than it did before any were taken out.
+  std::size_t MissingFromLine(const StartupLocation& place, const std::string& program) const;
+
   // The first half of disabling: prepares a place for what the command cannot hold and brings the
   // command up to date. Nothing is taken out. kFileExists: another shortcut of that name is kept
   // already.
