@@ -132,9 +132,10 @@ void frmStartupManager::Edit() {
 
 void frmStartupManager::AddTask() {
   frmAddTask dialog(env_, 17248);
-  for (const StartupLocation& place : StartupPlaces()) dialog.AddPlace(manager_.PlaceName(place));
+  const std::vector<const StartupLocation*> places = manager_.TaskPlaces();
+  for (const StartupLocation* place : places) dialog.AddPlace(manager_.PlaceName(*place));
   if (!dialog.Ask(hwnd())) return;
-  manager_.AddTask(StartupPlaces()[dialog.place()], dialog.name(), dialog.program());
+  manager_.AddTask(*places[dialog.place()], dialog.name(), dialog.program());
   ShowResult();
 }
 

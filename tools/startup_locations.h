@@ -63,7 +63,11 @@ class StartupLocations {
 
   explicit StartupLocations(const Needs& needs) : needs_(needs) {}
 
-  bool Has(const StartupLocation& place) const { return !place.view64 || needs_.registry64; }
+  // Windows 95, 98 and Me may have no Startup folder of all users.
+  bool Has(const StartupLocation& place) const {
+    if (place.kind == LocationKind::Shortcut) return !needs_.folders.Special(place.folder).empty();
+    return !place.view64 || needs_.registry64;
+  }
   // In the system's order. A place that does not exist is empty.
   Outcome List(const StartupLocation& place, const Visit& visit) const;
 

@@ -53,6 +53,14 @@ std::string StartupManager::PlaceName(const StartupLocation& place) const {
   }
 }
 
+std::vector<const StartupLocation*> StartupManager::TaskPlaces() const {
+  std::vector<const StartupLocation*> places;
+  for (const StartupLocation& place : StartupPlaces()) {
+    if (needs_.locations.Has(place)) places.push_back(&place);
+  }
+  return places;
+}
+
 FileFacts StartupManager::FactsOf(const Entry& entry) const {
   FileFacts facts = needs_.facts.OfCommand(ShownCommand(entry));
   if (!entry.place || entry.place->kind != LocationKind::Value) return facts;

@@ -33,6 +33,8 @@ class StartupManager : public EntryManager {
   // The nine places, as they are called in this language.
   std::string PlaceName(const StartupLocation& place) const;
 
+  // Those of the nine that this Windows has.
+  std::vector<const StartupLocation*> TaskPlaces() const;
   // A new entry of the place, written at once. The program may come with arguments.
   bool AddTask(const StartupLocation& place, const std::string& name, const std::string& program);
   // Whether "keyEdit" can edit the row here; a shortcut has the system's own editor.
