@@ -7,6 +7,9 @@
 
 namespace scourwell {
 
+// A program that asks for more rights than we have: only Shell::Start can get them from the user.
+inline constexpr int kNeedsMoreRights = 740;
+
 // What the desktop does for us.
 class Shell {
  public:
@@ -38,7 +41,7 @@ class Shell {
   virtual Outcome CreateShortcut(const std::string& link, const std::string& target,
                                  const std::string& arguments) = 0;
   // Starts a whole command line in a normal window, the program found as the system finds it, and
-  // does not wait for it. kFileNotFound: there is no such program.
+  // does not wait for it. kFileNotFound: there is no such program; or kNeedsMoreRights.
   virtual Outcome StartCommand(const std::string& command_line) = 0;
   // Shows a page of a compiled help file in the system's viewer, in a window that blocks none of
   // ours and goes with the program. kFileNotFound: no such file; kDeviceError: the system has no

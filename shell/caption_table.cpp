@@ -374,6 +374,8 @@ const Caption kCaptions[] = {
     {17355, "Explorer offers this on Windows 2000 and later only."},
     {17356, "Language pack:"},
     {17360, "Network"},
+    {17361, "The list of programs could not be read:"},
+    {17362, "The uninstaller could not be started:"},
 };
 // clang-format on
 

@@ -60,47 +60,59 @@ std::string AdwareUninstaller::Read(const std::string& key, const char* name) co
 
 bool AdwareUninstaller::Load(const char* procedure, bool all, const Progress& progress) {
   rows_.clear();
+  failures_.clear();
   shows_all_ = all;
-  return needs_.log
-      .Trap(procedure,
-            [&]() -> Outcome {
-              part_names_ = ReadNames("WCL");
-              exact_names_ = ReadNames("ESL");
-              std::vector<std::string> keys;
-              const RegStatus status =
-                  needs_.registry.EnumKeys(kMachine, kUninstall, [&](const std::string& name) {
-                    keys.push_back(name);
-                    return true;
-                  });
-              for (std::size_t i = 0; i + 1 < keys.size(); ++i) {
-                std::string name = Read(keys[i], "DisplayName");
-                const bool adware = UpdateWildcardList(name) || UpdateExactSearchList(name);
-                if (!name.empty() && (all || adware)) {
-                  rows_.push_back(
-                      {keys[i],
-                       {std::move(name), Read(keys[i], "Publisher"),
-                        Read(keys[i], "DisplayVersion"), Read(keys[i], "UninstallString")},
-                       adware});
-                }
-                progress(i + 1, keys.size());
-              }
-              return status == kRegNotFound ? Outcome() : FromRegistry(status);
-            })
-      .ok();
+  const Outcome loaded = needs_.log.Trap(procedure, [&]() -> Outcome {
+    part_names_ = ReadNames("WCL");
+    exact_names_ = ReadNames("ESL");
+    std::vector<std::string> keys;
+    const RegStatus status =
+        needs_.registry.EnumKeys(kMachine, kUninstall, [&](const std::string& name) {
+          keys.push_back(name);
+          return true;
+        });
+    for (std::size_t i = 0; i + 1 < keys.size(); ++i) {
+      std::string name = Read(keys[i], "DisplayName");
+      const bool adware = UpdateWildcardList(name) || UpdateExactSearchList(name);
+      if (!name.empty() && (all || adware)) {
+        rows_.push_back({keys[i],
+                         {std::move(name), Read(keys[i], "Publisher"),
+                          Read(keys[i], "DisplayVersion"), Read(keys[i], "UninstallString")},
+                         adware});
+      }
+      progress(i + 1, keys.size());
+    }
+    return status == kRegNotFound ? Outcome() : FromRegistry(status);
+  });
+  if (!loaded.ok()) failures_.push_back(loaded.description());
+  return loaded.ok();
 }
 
 std::string AdwareUninstaller::StatusText() const {
   return needs_.captions.Text(shows_all_ ? 16006 : 16000) + " " + std::to_string(rows_.size());
 }
 
+// The desktop asks the user for the rights. It takes program and arguments apart from each other,
+// which must leave no doubt; a user who says no has had his answer.
+Outcome AdwareUninstaller::Start(const std::string& command) {
+  Outcome started =
+      needs_.shell.StartCommand(SafeCommand(command, needs_.files, needs_.folders, needs_.system));
+  if (started.number() == kNeedsMoreRights) {
+    const ProgramOf program = FindStarter(command, needs_.files, needs_.folders, needs_.system);
+    const bool plain = command.starts_with('"') || program.path.find(' ') == std::string::npos;
+    if (program.exists || (program.remote && plain)) {
+      started = needs_.shell.Start(program.path, program.arguments);
+      if (started.number() == kPermissionDenied) return started;
+    }
+  }
+  if (!started.ok() && !TrimBlanks(command).empty()) failures_.push_back(started.description());
+  return started;
+}
+
 bool AdwareUninstaller::Uninstall(std::size_t row) {
+  failures_.clear();
   return needs_.log
-      .Trap("ar cmdRemove_Click",
-            [&] {
-              const std::string command = Read(rows_[row].key, "UninstallString");
-              return needs_.shell.StartCommand(
-                  SafeCommand(command, needs_.files, needs_.folders, needs_.system));
-            })
+      .Trap("ar cmdRemove_Click", [&] { return Start(Read(rows_[row].key, "UninstallString")); })
       .ok();
 }
 

@@ -48,6 +48,9 @@ class AdwareUninstaller : public TableModel {
   std::string StatusText() const;
   // Starts the command of a row, without waiting for it. False when there was nothing to start.
   bool Uninstall(std::size_t row);
+  // What a user should hear of the last listing or start: not that a program has no command, nor
+  // that he has refused it the rights it asked for.
+  const std::vector<std::string>& failures() const { return failures_; }
   // Publisher and version of a row.
   std::string Info(std::size_t row) const;
 
@@ -74,12 +77,14 @@ class AdwareUninstaller : public TableModel {
 
   bool Load(const char* procedure, bool all, const Progress& progress);
   std::string Read(const std::string& key, const char* value) const;
+  Outcome Start(const std::string& command);
   std::vector<std::string> ReadNames(const char* suffix) const;
 
   Needs needs_;
   std::vector<std::string> part_names_;   // "WCL"
   std::vector<std::string> exact_names_;  // "ESL"
   std::vector<Row> rows_;
+  std::vector<std::string> failures_;
   bool shows_all_ = false;
 };
 

@@ -57,7 +57,8 @@ void frmAdwareUninstaller::Load(bool all) {
     prgList_.Show(false);
     ShowRows();
   }
-  if (!all && uninstaller_.size() == 0)
+  ShowFailures(uninstaller_.failures(), 17361);
+  if (!all && uninstaller_.size() == 0 && uninstaller_.failures().empty())
     ShowMessage(ReplaceAll(Text(16011), "#", "\r\n"), Text(16010));
 }
 
@@ -96,8 +97,11 @@ void frmAdwareUninstaller::cmdRemove_Click() {
   if (!Selected(&row)) return;
   const std::string& program = uninstaller_.Cell(row, AdwareUninstaller::kProgram);
   if (!AskYesNo(Text(16007) + "\r\n\r\n" + program, Text(16008), MB_ICONINFORMATION)) return;
-  const BusyPointer busy;
-  uninstaller_.Uninstall(row);
+  {
+    const BusyPointer busy;
+    uninstaller_.Uninstall(row);
+  }
+  ShowFailures(uninstaller_.failures(), 17362);
 }
 
 }  // namespace scourwell

@@ -145,9 +145,9 @@ Button& frmTool::ButtonOf(int id) {
   return buttons_[i];
 }
 
-void frmTool::ShowFailures(const std::vector<std::string>& failures) const {
+void frmTool::ShowFailures(const std::vector<std::string>& failures, int heading) const {
   if (failures.empty()) return;
-  std::string text = Text(17242) + "\r\n";
+  std::string text = Text(heading) + "\r\n";
   for (std::size_t i = 0; i < failures.size() && i < kMostFailures; ++i) {
     text += "\r\n" + failures[i].substr(0, kLongestFailure);
   }

@@ -62,8 +62,8 @@ class frmTool : public ModalWindow {
   // Of the table; no value when no row is selected.
   bool Selected(std::size_t* row) const;
   Button& ButtonOf(int id);
-  // Messages of failures, cut to what fits the screen.
-  void ShowFailures(const std::vector<std::string>& failures) const;
+  // Messages of failures under the caption of that number, cut to what fits the screen.
+  void ShowFailures(const std::vector<std::string>& failures, int heading = 17242) const;
 
   std::string Title() const override { return Text(texts_.title); }
   HWND DefaultButton() const override { return nullptr; }

@@ -33,7 +33,9 @@ Outcome Create(const std::string& command_line, WORD show, Process* created) {
   std::string writable = command_line;
   if (!CreateProcessA(nullptr, writable.data(), nullptr, nullptr, FALSE, NORMAL_PRIORITY_CLASS,
                       nullptr, nullptr, &startup, &info)) {
-    return FailedWith(GetLastError());
+    const DWORD error = GetLastError();
+    if (error != kNeedsMoreRights) return FailedWith(error);
+    return Outcome::Failed(kNeedsMoreRights, SystemMessage(error));
   }
   created->process = KernelHandle(info.hProcess);
   created->thread = KernelHandle(info.hThread);
