@@ -118,6 +118,40 @@ TEST_SUITE("adware_uninstaller") {
     CHECK(p.tool.FileOf(0) == "C:\\un.exe");
     CHECK(p.tool.KeyOf(0) == "HKEY_LOCAL_MACHINE\\" + std::string(kUninstall) + "a");
   }
+
+  TEST_CASE("what fails is told, but not what the user refused or what was never there") {
+    Installed p;
+    p.m.File("C:\\My Files\\un.exe");
+    p.Program("a", "Bar").Value("UninstallString", Z("C:\\My Files\\un.exe /x \"y z\""));
+    p.Program("b", "Empty").Value("UninstallString", Z(" "));
+    p.Program("last", "x");
+    p.Shown(true);
+    struct Row {
+      std::size_t row;
+      int start_error;
+      int open_error;
+      bool started;
+      bool told;
+    };
+    for (const Row& row : {Row{0, 0, 0, true, false},
+                           {0, kNeedsMoreRights, 0, true, false},
+                           {0, kNeedsMoreRights, kPermissionDenied, false, false},
+                           {0, kNeedsMoreRights, kFileNotFound, false, true},
+                           {0, kPermissionDenied, 0, false, true},
+                           {1, kFileNotFound, 0, false, false}}) {
+      p.m.shell.start_error = row.start_error;
+      p.m.shell.open_error = row.open_error;
+      p.m.shell.journal.clear();
+      CHECK(p.tool.Uninstall(row.row) == row.started);
+      CHECK(p.tool.failures().empty() != row.told);
+      if (row.start_error == kNeedsMoreRights) {
+        CHECK(p.m.shell.journal.back() == "Start C:\\My Files\\un.exe /x \"y z\"");
+      }
+    }
+    p.m.registry.Find(kMachine, kUninstall)->unreadable = true;
+    CHECK_FALSE(p.tool.LoadSpyList([](std::size_t, std::size_t) {}));
+    CHECK(p.tool.failures().size() == 1);
+  }
 }
 
 TEST_SUITE("tool_box") {

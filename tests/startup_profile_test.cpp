@@ -1,6 +1,7 @@
 // What the startup manager reads from others: profiles, win.ini, tasks of the user.
 #include "tests/startup_support.h"
 #include "tools/startup_manager.h"
+#include "tools/stored_value.h"
 
 namespace scourwell::test {
 namespace {
@@ -197,6 +198,106 @@ TEST_SUITE("startup_profile") {
     CHECK(manager.Edit(0, "Machine", "C:\\edited.exe"));
     CHECK(p.m.Content(kSaveProf).find("C:\\edited.exe\r\n") != std::string::npos);
     CHECK(manager.EditedCommand(0) == "C:\\edited.exe");
+  }
+
+  TEST_CASE("values that no name leads to are listed, and no other goes in their place") {
+    ToolBench b;
+    const std::string hidden("Foo\0x", 5);
+    Key& key = b.m.registry.Make(kUser, kRun);
+    key.Value("Foo", Z("good.exe")).Value(hidden, Z("hidden.exe"));
+    key.unspellable = {{"?", {kRegText, Z("odd.exe")}}, {"foo", {kRegText, Z("twin.exe")}}};
+    const auto good = [&] { return b.m.registry.Text(kUser, kRun, "Foo"); };
+    StartupManager manager(b.needs);
+    manager.Form_Load();
+    CHECK(b.Rows(manager, {0, 5}) ==
+          "Foo|good.exe|\nFoo\\0x|hidden.exe|\n?|odd.exe|\nfoo|twin.exe|\n");
+    for (std::size_t row = 1; row < 4; ++row) {
+      CHECK_FALSE(manager.Edit(row, "Bar", "x.exe"));
+      manager.cmdRemove_Click(row);
+    }
+    CHECK_FALSE(manager.ApplyNow());
+    CHECK(manager.failures().size() == 3);
+    ToggleAll(manager);
+    CHECK_FALSE(manager.ApplyNow());
+    CHECK(manager.failures().size() == 3);
+    CHECK(manager.disabled_count() == 1);
+    CHECK(good() == "(none)");
+    manager.Form_Load();
+    CHECK(manager.size() == 4);
+    manager.ResetAll();
+    CHECK(manager.ApplyNow());
+    CHECK(good() == Z("good.exe"));
+    StoredTree tree;  // nor are they dropped with their key
+    CHECK(ReadTree(b.m.registry, kUser, kRun, &tree) == kRegInvalidParameter);
+  }
+
+  TEST_CASE("an edit stores no marks, and fails where the profile does") {
+    Planted p;
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    manager.cmdDisable_Click(0);
+    REQUIRE(manager.ApplyNow());
+    manager.cmdDisable_Click(1);
+    CHECK(manager.HasMarks());
+    CHECK(manager.Edit(0, "Machine", "C:\\edited.exe"));
+    StartupManager next(p.needs);
+    next.Form_Load();
+    CHECK(next.disabled_count() == 1);
+    CHECK_FALSE(next.IsChanged());
+    p.m.files.Find(kSaveProf)->Denied();
+    CHECK_FALSE(next.Edit(p.RowOf(next, "Machine"), "Machine", "C:\\lost.exe"));
+    CHECK(next.EditedCommand(p.RowOf(next, "Machine")) == "C:\\edited.exe");
+    // In its place and in the profile: no mark of the user, but something to apply.
+    p.m.files.Find(kSaveProf)->Fails(0);
+    p.m.registry.Make(kMachine, kRun).Value("Machine", Z("C:\\edited.exe"));
+    next.Form_Load();
+    CHECK_FALSE(next.HasMarks());
+    CHECK(next.IsChanged());
+  }
+
+  TEST_CASE("a profile of endless records is cut and put aside") {
+    ToolBench b;
+    b.m.File(kSaveProf, std::string(6 * kMostRecords + 1, '\n'));
+    StartupManager manager(b.needs);
+    manager.Form_Load();
+    CHECK(manager.size() == kMostRecords);
+    CHECK(manager.failures().size() == 1);
+    CHECK(b.m.Has("C:\\App\\SaveProf.pro.bad"));
+  }
+
+  TEST_CASE("of a program that a line names twice, the disabled one outlives the run") {
+    ToolBench b;
+    const std::string both = "[windows]\r\nrun=a.exe  a.exe\r\n";
+    b.m.File(kWinIni, both);
+    for (const char* line : {"run=a.exe\r\n", "run=\r\n"}) {
+      StartupManager manager(b.needs);
+      manager.Form_Load();
+      REQUIRE(manager.size() == 2);
+      manager.cmdDisable_Click(0);
+      CHECK(manager.ApplyNow());
+      CHECK(b.m.Content(kWinIni).ends_with(line));
+    }
+    StartupManager manager(b.needs);
+    manager.Form_Load();
+    CHECK(manager.disabled_count() == 2);
+    manager.ResetAll();
+    CHECK(manager.ApplyNow());
+    CHECK(b.m.Content(kWinIni) == both);
+  }
+
+  TEST_CASE("tasks: for rundll32, and only in places that are there") {
+    ToolBench b;
+    for (const char* file : {"C:\\WINDOWS\\system32\\rundll32.exe", "C:\\bar.dll"}) b.m.File(file);
+    b.m.Folder(kUserStartup);
+    b.folders.special[static_cast<std::size_t>(SpecialFolder::CommonStartUp)].clear();
+    StartupManager manager(b.needs);
+    manager.Form_Load();
+    CHECK(manager.TaskPlaces().size() == 8);
+    CHECK(manager.AddTask(*manager.TaskPlaces().back(), "Dll", "rundll32 C:\\bar.dll,Start"));
+    CHECK(b.m.Content(std::string(kUserStartup) + "\\Dll.lnk") ==
+          FakeShell::MakeShortcut("C:\\WINDOWS\\system32\\rundll32.exe", "C:\\bar.dll,Start"));
+    CHECK(manager.facts(0).path == "C:\\bar.dll");
+    CHECK_FALSE(manager.AddTask(StartupPlaces()[8], "All", "C:\\bar.dll"));
   }
 }
 

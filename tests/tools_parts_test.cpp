@@ -240,6 +240,34 @@ TEST_SUITE("program_of") {
       CHECK(b.m.files.journal.size() < 2000);
     }
   }
+
+  TEST_CASE("other machines are not asked, and no command takes endless look-ups") {
+    Bench b;
+    b.m.AddDrive('A', DriveKind::Removable, false);
+    b.m.AddDrive('N', DriveKind::Network);
+    b.m.File("N:\\x.exe");
+    struct Row {
+      const char* beginning;
+      bool remote;
+      std::size_t look_ups;
+    };
+    for (const Row& row : {Row{"\\\\10.9.8.7\\s\\", true, 0},
+                           {"\"\\\\10.9.8.7\\s\\x.exe\" ", true, 0},
+                           {"n:\\x.exe ", true, 0},
+                           {"rundll32 N:\\x.dll,", true, 100},
+                           {"A:\\", false, 1},
+                           {"C:\\", false, 100}}) {
+      CAPTURE(row.beginning);
+      std::string command = row.beginning;
+      while (command.size() < 250) command += "a ";
+      b.m.files.journal.clear();
+      const ProgramOf program = FindProgram(command, b.m.files, {}, b.m.system);
+      CHECK_FALSE(program.exists);
+      CHECK(program.remote == row.remote);
+      CHECK(b.m.files.Count("Stat") <= row.look_ups);
+      CHECK(b.m.files.Count("Stat \\\\") + b.m.files.Count("Stat N:") == 0);
+    }
+  }
 }
 
 TEST_SUITE("table_view") {

@@ -29,7 +29,8 @@ inline constexpr char kErrorLog[] = "C:\\App\\errorlog.txt";
 // Keys below one root, in order of creation.
 struct Key {
   std::string name;
-  bool denied = false;  // may be read, not changed and not deleted
+  bool denied = false;      // may be read, not changed and not deleted
+  bool unreadable = false;  // not even that
   std::vector<std::pair<std::string, RegValue>> values;
   std::vector<std::pair<std::string, RegValue>> unspellable;  // listed, not found by their names
   std::vector<std::unique_ptr<Key>> children;
@@ -129,9 +130,10 @@ class FakeShell : public Shell {
 
   std::vector<std::string> journal;  // "Message text/title", "Open path", ...
   std::function<void(const std::string& command)> on_run;
-  int call_error = 0;  // what calling an export ends with
-  int open_error = 0;  // what opening a document ends with
-  int help_error = 0;  // what showing a page of a help file ends with
+  int call_error = 0;   // what calling an export ends with
+  int open_error = 0;   // what opening a document ends with
+  int start_error = 0;  // what starting a command line ends with
+  int help_error = 0;   // what showing a page of a help file ends with
 
   Outcome Open(const std::string& path) override {
     static_cast<void>(Note("Open " + path));
@@ -139,7 +141,8 @@ class FakeShell : public Shell {
   }
   Outcome ShowProperties(const std::string& path) override { return Note("Properties " + path); }
   Outcome Start(const std::string& program, const std::string& arguments) override {
-    return Note("Start " + program + " " + arguments);
+    static_cast<void>(Note("Start " + program + " " + arguments));
+    return open_error ? Outcome::Failed(open_error) : Outcome();
   }
   Outcome Launch(const std::string& command) override { return Note("Launch " + command); }
   Outcome Run(const std::string& command, std::uint32_t) override {

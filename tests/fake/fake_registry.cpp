@@ -75,6 +75,7 @@ RegStatus FakeRegistry::TryOpen(RootKey root, const std::string& path, std::uint
   if (path.starts_with("\\")) return kRegBadPath;
   const Key* key = Find(root, path);
   if (!key) return kRegNotFound;
+  if (key->unreadable) return kRegAccessDenied;
   return key->denied && rights != kKeyRead ? kRegAccessDenied : kRegOk;
 }
 

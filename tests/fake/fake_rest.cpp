@@ -137,6 +137,7 @@ Outcome FakeShell::CreateShortcut(const std::string& link, const std::string& ta
 
 Outcome FakeShell::StartCommand(const std::string& command_line) {
   journal.push_back("Run " + command_line);
+  if (start_error) return Outcome::Failed(start_error);
   DirEntry entry;
   const std::size_t quote = command_line.find('"', 1);
   const std::string program = command_line.starts_with("\"")
