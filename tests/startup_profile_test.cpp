@@ -209,7 +209,7 @@ TEST_SUITE("startup_profile") {
     const auto good = [&] { return b.m.registry.Text(kUser, kRun, "Foo"); };
     StartupManager manager(b.needs);
     manager.Form_Load();
-    CHECK(b.Rows(manager, {0, 5}) ==
+    CHECK(b.Cells(manager, {0, 5}) ==
           "Foo|good.exe|\nFoo\\0x|hidden.exe|\n?|odd.exe|\nfoo|twin.exe|\n");
     for (std::size_t row = 1; row < 4; ++row) {
       CHECK_FALSE(manager.Edit(row, "Bar", "x.exe"));
