@@ -16,6 +16,10 @@ bool IsComponent(std::string_view path) {
   return ending == "DLL" || ending == "OCX";
 }
 
+bool IsAbsent(const Outcome& asked) {
+  return asked.number() == kFileNotFound || asked.number() == kPathNotFound;
+}
+
 RemovalState StateOf(const Outcome& refusal) {
   const bool refused = refusal.number() == kPermissionDenied ||
                        refusal.number() == kPathFileAccess || refusal.number() == kBadFileName;
@@ -60,12 +64,16 @@ RemovalResult FileRemover::deleteSpyCFType(const std::string& path) {
 }
 
 Outcome FileRemover::DeleteFileAt(const std::string& path, RemovalResult* result) {
-  if (IsPlainPath(path) && !FileExists(parts_.files, path)) {
-    result->state = RemovalState::Gone;
-    return {};
-  }
   HeldWay way;
   DirEntry entry;
+  if (IsPlainPath(path)) {
+    // What cannot be asked is not gone: its medium or its server may be away.
+    const Outcome there = parts_.files.Stat(path, &entry);
+    if (IsAbsent(there) || (there.ok() && entry.IsFolder())) {
+      result->state = RemovalState::Gone;
+      return {};
+    }
+  }
   Outcome allowed = guard_.Allow(path, &way);
   if (allowed.ok()) allowed = parts_.files.Stat(path, &entry);
   if (!allowed.ok()) {
@@ -144,7 +152,7 @@ Outcome FileRemover::DeleteFolderAt(const std::string& path, RemovalResult* resu
   Outcome allowed = guard_.Allow(path, &way);
   if (allowed.ok()) {
     allowed = parts_.files.Stat(path, &entry);
-    if (allowed.number() == kFileNotFound || allowed.number() == kPathNotFound) {
+    if (IsAbsent(allowed)) {
       result->state = RemovalState::Gone;
       return {};
     }
