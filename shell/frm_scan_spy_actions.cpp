@@ -26,14 +26,17 @@ bool frmScanSpy::RemoveChecked(bool unattended) {
   if (!BackUpFirst(unattended, &kept)) return false;
   SetBusy(true, 16217);
   app_.RemoveSelectedSpy(kept);
+  app_.CountRemoved();
   SetBusy(false);
-  if (app_.ports().pump.closing()) return false;
+  // When the program is being closed, what was removed counts all the same; only the windows stay
+  // away.
+  const bool closing = app_.ports().pump.closing();
   const std::string warning = app_.removal().Warning();
-  if (!warning.empty() && !app_.settings().AutoRemove) {
+  if (!warning.empty() && !app_.settings().AutoRemove && !closing) {
     ShowMessage(warning, Text(17001), MB_ICONERROR);
   }
   if (app_.settings().UseRegEdit) app_.removal().launchRegEditDelete();
-  app_.CountRemoved();
+  if (closing) return false;
   frmResults(env_, app_.removal()).ShowModal(Root());
   return true;
 }
