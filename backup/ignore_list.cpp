@@ -66,7 +66,11 @@ Outcome IgnoreList::Load(std::vector<IgnoreRecord>* records) {
 Outcome IgnoreList::Append(const std::vector<IgnoreRecord>& records) {
   std::string lines;
   for (const IgnoreRecord& record : records) lines += IgnoreLine(record);
-  return lines.empty() ? Outcome() : files_.Append(path_, lines);
+  Outcome written = lines.empty() ? Outcome() : files_.Append(path_, lines);
+  if (!written.ok()) return written;
+  // Should the file not be readable now, they count all the same.
+  for (const IgnoreRecord& record : records) keys_.insert(Key(record.kind, record.details));
+  return {};
 }
 
 // The list is replaced as a whole, so that it is there at every moment.
@@ -99,13 +103,18 @@ bool IgnoreList::Matches(std::string_view kind, std::string_view details) {
 
 Outcome IgnoreList::Refresh() {
   Outcome read = watched_.Refresh(path_, {}, [&](std::optional<std::string> content) {
-    keys_.clear();
     if (!content) return;
+    std::unordered_set<std::string> keys;
     for (const IgnoreRecord& record : ParseIgnoreRecords(*content)) {
-      keys_.insert(Key(record.kind, record.details));
+      keys.insert(Key(record.kind, record.details));
     }
+    keys_ = std::move(keys);
+    known_ = true;
   });
-  return read.number() == kFileNotFound ? Outcome() : std::move(read);
+  if (read.number() != kFileNotFound) return read;
+  keys_.clear();
+  known_ = true;
+  return {};
 }
 
 }  // namespace scourwell

@@ -35,8 +35,11 @@ class IgnoreList {
       : files_(files), log_(log), path_(std::move(path)), watched_(files, clock, kLargest) {}
 
   // True when a record names this kind and these details, both compared with case. The answer is
-  // always that of the file as it stands; it is read again only when it changed.
+  // always that of the file as it stands; it is read again only when it changed. While it cannot be
+  // read, the records that were read last count.
   bool Matches(std::string_view kind, std::string_view details);
+  // False when Matches could never look: nobody knows what is excluded.
+  bool known() const { return known_; }
 
   // The records as they stand in the file; none when there is no file.
   Outcome Load(std::vector<IgnoreRecord>* records);
@@ -55,6 +58,7 @@ class IgnoreList {
   std::string path_;
   WatchedFile watched_;
   std::unordered_set<std::string> keys_;
+  bool known_ = false;
 };
 
 }  // namespace scourwell

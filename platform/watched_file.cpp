@@ -10,26 +10,38 @@ Outcome WatchedFile::Refresh(const std::string& first, const std::string& second
   first_ = first;
   second_ = second;
   bool changed = false;
-  if (!Find(first, &changed) && (second.empty() || !Find(second, &changed))) {
-    if (state_ == State::Missing) return {};
-    state_ = State::Missing;
-    take(std::nullopt);
-    return Outcome::Failed(kFileNotFound).With("File: ", second.empty() ? first : second);
+  Outcome found = Find(first, &changed);
+  if (!found.ok() && !second.empty()) {
+    // Of the two, the one that may be there tells what is wrong.
+    Outcome other = Find(second, &changed);
+    if (other.ok() || found.number() == kFileNotFound) found = std::move(other);
   }
+  if (!found.ok()) return Lose(std::move(found), take);
   if (state_ == State::Read && !changed) return {};
   const bool known_unreadable = state_ == State::Unreadable && !changed;
   Outcome loaded = Load(take);
   return known_unreadable ? Outcome() : std::move(loaded);
 }
 
-bool WatchedFile::Find(const std::string& path, bool* changed) {
+Outcome WatchedFile::Find(const std::string& path, bool* changed) {
   DirEntry entry;
-  if (!files_.Stat(path, &entry).ok() || entry.IsFolder()) return false;
+  Outcome asked = files_.Stat(path, &entry);
+  if (asked.ok() && entry.IsFolder()) asked = Outcome::Failed(kFileNotFound);
+  if (!asked.ok()) return std::move(asked).With("File: ", path);
   *changed = path != path_ || entry.size != size_ || entry.modified != modified_;
   path_ = path;
   size_ = entry.size;
   modified_ = entry.modified;
-  return true;
+  return {};
+}
+
+// There is no file, or nobody can tell.
+Outcome WatchedFile::Lose(Outcome why, const Take& take) {
+  const State state = why.number() == kFileNotFound ? State::Missing : State::Unreachable;
+  if (state_ == state) return {};
+  state_ = state;
+  take(std::nullopt);
+  return why;
 }
 
 Outcome WatchedFile::Load(const Take& take) {

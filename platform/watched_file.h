@@ -31,9 +31,10 @@ class WatchedFile {
   const std::string& path() const { return path_; }
 
  private:
-  enum class State { Unknown, Missing, Unreadable, Read };
+  enum class State { Unknown, Missing, Unreachable, Unreadable, Read };
 
-  bool Find(const std::string& path, bool* changed);
+  Outcome Find(const std::string& path, bool* changed);
+  Outcome Lose(Outcome why, const Take& take);
   Outcome Load(const Take& take);
 
   Files& files_;

@@ -39,7 +39,8 @@ bool HitList::Contains(std::string_view details) const {
 void HitList::AddSpyToListView(const Detection& detection) {
   static_cast<void>(log_.Trap("AddSpyToListView", [&]() -> Outcome {
     seen_.insert(detection.details);
-    if (ignore_.Matches(detection.kind, detection.details)) {
+    // Where nobody knows what is excluded, nothing is offered for removal.
+    if (ignore_.Matches(detection.kind, detection.details) || !ignore_.known()) {
       if (Outcome raised = Raise(&counters_.ignored); !raised.ok()) return raised;
     } else {
       const bool checked = settings_.MarkChecked == "y" || settings_.AutoRemove;

@@ -33,7 +33,8 @@ class HitList : public DetectionSink {
   void Clear();
 
   bool Contains(std::string_view details) const override;
-  // Adds a row unless the ignore list holds the detection; counts it in either case.
+  // Adds a row unless the ignore list holds the detection or cannot be read; counts it in either
+  // case.
   void AddSpyToListView(const Detection& detection) override;
 
   std::size_t size() const { return rows_.size(); }
