@@ -38,7 +38,9 @@ void RegistryBackup::Add(const Detection& row) {
   const std::string_view name = ValueName(row);
   const bool is_value = row.kind == kSpyRegistryValue;
   if (is_value && !Fits(name, key)) return;
-  if (!is_value) {
+  if (row.view64) {
+    // The texts are imported into the 32-bit view: only the export knows of the other one.
+  } else if (!is_value) {
     keys_ += KeyLine(key);
   } else if (CanStandInScript(row.tag)) {
     // The export brings data that no quoted text can hold.

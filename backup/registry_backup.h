@@ -17,9 +17,9 @@ struct RegistryPlace {
 // False for another root, or none.
 bool SplitRegistryPlace(std::string_view full_path, RegistryPlace* place);
 
-// Collects the registry scripts of a backup. Two of them hold what the rows say: the keys by name,
-// and the values as texts. The exports hold what really lies in the registry: every checked key
-// with its subkeys and every checked value, in their true types.
+// Collects the registry scripts of a backup. Two of them hold what the rows of the 32-bit view say:
+// the keys by name, and the values as texts. The exports hold what really lies in the registry:
+// every checked key with its subkeys and every checked value, in their true types.
 class RegistryBackup {
  public:
   // `registry64`: the 64-bit view; null where there is only one.
