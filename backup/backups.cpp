@@ -9,6 +9,7 @@ namespace scourwell {
 namespace {
 
 constexpr char kEnding[] = ".qzp";
+constexpr char kScriptEnding[] = ".reg";
 constexpr char kExport64[] = "export64.reg";
 constexpr std::uint32_t kImportLimit = 15'000;  // milliseconds for one script
 constexpr unsigned kMostNames = 1000;
@@ -29,20 +30,31 @@ class Guard : public RestoreGuard {
   PathGuard guard_;
 };
 
+// A listing compares 8.3 names too: its "*.reg" finds "notes.registry".
+bool HasEnding(std::string_view name, std::string_view ending) {
+  return name.size() > ending.size() &&
+         EqualsNoCase(name.substr(name.size() - ending.size()), ending);
+}
+
 bool OnDisk(const Detection& row) {
   return row.kind == kSpyFile || row.kind == kSpyFolder || row.kind == kSpyCookie;
 }
 
 std::string Stem(const std::string& key) {
-  return key.size() > 4 && EqualsNoCase(key.substr(key.size() - 4), kEnding)
-             ? key.substr(0, key.size() - 4)
-             : key;
+  return HasEnding(key, kEnding) ? key.substr(0, key.size() - 4) : key;
 }
 
 }  // namespace
 
 std::string Backups::PathOf(std::string_view file_name) const {
   return AddPathToFileName(parts_.settings.BackupFolder, file_name);
+}
+
+// Another path would lead to the root or the current folder of some drive.
+Outcome Backups::CheckFolder() const {
+  if (IsAbsolutePath(PathOf({}))) return {};
+  return Outcome::Failed(kBadFileName, "The backup folder is not a full path")
+      .With("Folder: ", parts_.settings.BackupFolder);
 }
 
 bool Backups::IsUsableName(const std::string& name) const {
@@ -71,7 +83,7 @@ std::string Backups::NameForNow() const {
 void Backups::DeleteScripts() {
   std::vector<std::string> names;
   static_cast<void>(parts_.files.List(PathOf("*.reg"), [&](const DirEntry& entry) {
-    if (!entry.IsFolder()) names.push_back(entry.name);
+    if (!entry.IsFolder() && HasEnding(entry.name, kScriptEnding)) names.push_back(entry.name);
     return true;
   }));
   for (const std::string& name : names) {
@@ -96,6 +108,7 @@ BackupReport Backups::Create(const std::string& name, const std::vector<const De
 
 Outcome Backups::Store(const std::string& name, const std::vector<const Detection*>& rows,
                        ArchiveOptions options, BackupReport* report) {
+  if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
   if (!IsUsableName(name)) return Outcome::Failed(kBadFileName);
   DeleteScripts();
   ArchiveWriter archive(parts_.files, parts_.clock, parts_.pump);
@@ -143,9 +156,12 @@ Outcome Backups::AddScripts(const std::string& name, const RegistryBackup& regis
 
 std::vector<BackupRow> Backups::List() {
   std::vector<BackupRow> rows;
-  static_cast<void>(parts_.log.Trap("frmBackup_Load", [&] {
+  static_cast<void>(parts_.log.Trap("frmBackup_Load", [&]() -> Outcome {
+    if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
     return parts_.files.List(PathOf("*.qzp"), [&](const DirEntry& entry) {
-      if (!entry.IsFolder()) rows.push_back({entry.name, entry.size, entry.modified});
+      if (!entry.IsFolder() && HasEnding(entry.name, kEnding)) {
+        rows.push_back({entry.name, entry.size, entry.modified});
+      }
       return true;
     });
   }));
@@ -154,6 +170,7 @@ std::vector<BackupRow> Backups::List() {
 
 Outcome Backups::Restore(const std::string& key, const FindVolume& find, RestoreResult* result) {
   return parts_.log.Trap("cmdRestore", [&]() -> Outcome {
+    if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
     DeleteScripts();
     ArchiveReader archive(parts_.files, parts_.pump);
     if (Outcome opened = archive.Open(PathOf(key), find); !opened.ok()) {
@@ -194,6 +211,7 @@ void Backups::Import(const std::string& script) {
 // The archive first: without its last piece the volumes are worth nothing.
 Outcome Backups::Delete(const std::string& key) {
   return parts_.log.Trap("cmdClean", [&]() -> Outcome {
+    if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
     if (key.empty() || key.find_first_of("\\/:*?") != key.npos) {
       return Outcome::Failed(kBadFileName);
     }

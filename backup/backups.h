@@ -67,6 +67,7 @@ class Backups {
 
  private:
   std::string PathOf(std::string_view file_name) const;
+  Outcome CheckFolder() const;
   void DeleteScripts();
   Outcome Store(const std::string& name, const std::vector<const Detection*>& rows,
                 ArchiveOptions options, BackupReport* report);
