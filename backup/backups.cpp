@@ -190,6 +190,14 @@ Outcome Backups::Restore(const std::string& key, const FindVolume& find, Restore
   });
 }
 
+// What writes into the 64-bit view. A 64-bit Windows gives our kind of program the 32-bit editor
+// even by the full path of the other one; what lies in its "Sysnative" is the true one.
+std::string Backups::Importer64() const {
+  const std::string native = AddPathToFileName(parts_.folders.windows, "Sysnative\\reg.exe");
+  if (FileExists(parts_.files, native)) return native + " import";
+  return AddPathToFileName(parts_.folders.windows, "regedit.exe") + " /S";
+}
+
 // Each waits for the one before, so that the last word is the last script's.
 void Backups::Import(const std::string& script) {
   static_cast<void>(parts_.log.Trap("cmdRestore", [&]() -> Outcome {
@@ -199,9 +207,8 @@ void Backups::Import(const std::string& script) {
     if (path.find(' ') != path.npos) path = parts_.files.ShortPath(script);
     if (path.empty() || path.find(' ') != path.npos) path = "\"" + script + "\"";
     std::string command = "regedit /I /S " + path;
-    // Only the editor in the Windows folder sees the 64-bit view.
     if (Upper(script).ends_with(Upper(kExport64))) {
-      command = AddPathToFileName(parts_.folders.windows, "regedit.exe") + " /S \"" + script + "\"";
+      command = Importer64() + " \"" + script + "\"";
     }
     Outcome ran = parts_.shell.Run(command, kImportLimit);
     return ran.ok() ? Outcome() : std::move(ran).With("Script: ", script);

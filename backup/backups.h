@@ -74,6 +74,7 @@ class Backups {
   Outcome AddScripts(const std::string& name, const RegistryBackup& registry,
                      ArchiveWriter* archive);
   void Import(const std::string& script);
+  std::string Importer64() const;
 
   Parts parts_;
 };
