@@ -74,12 +74,20 @@ void Removal::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept) {
   counters_ = {};
   counters_.total_found = static_cast<std::int32_t>(hits.size());
   report_ = {};
-  static_cast<void>(parts_.files.log.Trap("CreateRegistryDeleteFile",
-                                          [&] { return CreateRegistryDeleteFile(); }));
+  std::vector<std::size_t> rows;
+  for (std::size_t i = 0; i < hits.size(); ++i) {
+    if (hits.row(i).checked && !kept.count(i)) rows.push_back(i);
+  }
+  WriteScript(rows);
   for (std::size_t i = 0; i < hits.size(); ++i) {
     const HitList::Row& row = hits.row(i);
     if (!row.checked) continue;
-    if (!parts_.files.pump.Next()) break;
+    if (!parts_.files.pump.Next()) {
+      // Stopped: the editor leaves what was not reached, too.
+      std::erase_if(rows, [i](std::size_t each) { return each >= i; });
+      WriteScript(rows);
+      break;
+    }
     RemovedObject object = {row.detection.kind, row.detection.details, {}};
     if (kept.count(i)) {
       object.result = Failed(RemovalState::Failed,
@@ -152,15 +160,26 @@ std::string Removal::ScriptPath() const {
       TrimBlanks(FullPath_With_Filename(parts_.files.folders.application, "Remove.reg")));
 }
 
-// Only what the registry functions themselves would delete: the editor knows no protected keys.
-Outcome Removal::CreateRegistryDeleteFile() {
+void Removal::WriteScript(const std::vector<std::size_t>& rows) {
+  script_written_ = false;
+  static_cast<void>(parts_.files.log.Trap("CreateRegistryDeleteFile",
+                                          [&] { return CreateRegistryDeleteFile(rows); }));
+}
+
+// Only what the registry functions themselves would delete: the editor knows no protected keys,
+// and sees the 32-bit view alone.
+Outcome Removal::CreateRegistryDeleteFile(const std::vector<std::size_t>& rows) {
+  // First of all the script of an earlier removal goes: nobody shall run that by mistake.
+  Outcome erased = parts_.files.files.EraseFile(ScriptPath());
+  if (!erased.ok() && erased.number() != kFileNotFound) {
+    return std::move(erased).With("File: ", ScriptPath());
+  }
   std::string script = kRegScriptHeader;
   std::string left_out;
-  for (std::size_t i = 0; i < parts_.hits.size(); ++i) {
-    const HitList::Row& row = parts_.hits.row(i);
-    const Detection& found = row.detection;
+  for (const std::size_t i : rows) {
+    const Detection& found = parts_.hits.row(i).detection;
     RegistryPlace place;
-    if (!row.checked || !InRegistry(found)) continue;
+    if (!InRegistry(found) || found.view64) continue;
     const bool is_value = found.kind == kSpyRegistryValue;
     const std::string_view name = is_value ? ValueName(found) : std::string_view();
     if (!SplitRegistryPlace(found.tool_tip, &place) || !CanStandInScript(found.tool_tip) ||
@@ -174,6 +193,7 @@ Outcome Removal::CreateRegistryDeleteFile() {
   }
   Outcome written = parts_.files.files.Replace(ScriptPath(), script);
   if (!written.ok()) return std::move(written).With("File: ", ScriptPath());
+  script_written_ = true;
   if (left_out.empty()) return {};
   return Outcome::Failed(kBadFileName, "A registry entry does not go into the script")
       .With("Entry: ", left_out);
@@ -192,6 +212,7 @@ std::string Removal::Warning() const {
 }
 
 void Removal::launchRegEditDelete() {
+  if (!script_written_) return;
   static_cast<void>(parts_.files.log.Trap("launchRegEditDelete", [&]() -> Outcome {
     const SystemFolders& folders = parts_.files.folders;
     const std::string platform = parts_.files.os.Platform();

@@ -58,7 +58,8 @@ class Removal {
 
   // `kept`: rows (by index) that shall stay, with the reason in the report.
   void RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept = {});
-  // Runs the registry editor on "Remove.reg"; does not wait for it.
+  // Runs the registry editor on the "Remove.reg" of the last removal, if that could be written;
+  // does not wait for it.
   void launchRegEditDelete();
 
   // What to tell the user when something is still there: the request to restart, then each object
@@ -69,7 +70,8 @@ class Removal {
   const RemovalReport& report() const { return report_; }
 
  private:
-  Outcome CreateRegistryDeleteFile();
+  void WriteScript(const std::vector<std::size_t>& rows);
+  Outcome CreateRegistryDeleteFile(const std::vector<std::size_t>& rows);
   RemovalResult Remove(const Detection& row);
   RemovalResult RemoveRegistry(const Detection& row);
   RemovalResult EndProcess(const Detection& row);
@@ -81,6 +83,7 @@ class Removal {
   FileRemover remover_;
   RemovalCounters counters_;
   RemovalReport report_;
+  bool script_written_ = false;
 };
 
 }  // namespace scourwell
