@@ -79,26 +79,38 @@ void Removal::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept) {
     if (hits.row(i).checked && !kept.count(i)) rows.push_back(i);
   }
   WriteScript(rows);
-  for (std::size_t i = 0; i < hits.size(); ++i) {
-    const HitList::Row& row = hits.row(i);
-    if (!row.checked) continue;
-    if (!parts_.files.pump.Next()) {
-      // Stopped: the editor leaves what was not reached, too.
-      std::erase_if(rows, [i](std::size_t each) { return each >= i; });
-      WriteScript(rows);
-      break;
-    }
-    RemovedObject object = {row.detection.kind, row.detection.details, {}};
+  std::map<std::size_t, RemovedObject> done;
+  // What still runs could not be deleted, so the processes go first, however the list is sorted.
+  if (!RemoveRows(true, kept, &done) || !RemoveRows(false, kept, &done)) {
+    // Stopped: the editor leaves what was not reached, too.
+    std::erase_if(rows, [&](std::size_t row) { return !done.count(row); });
+    WriteScript(rows);
+  }
+  for (auto& [row, object] : done) {
+    report_.failed = report_.failed || !object.result.done();
+    report_.objects.push_back(std::move(object));
+  }
+}
+
+// False when the removal was stopped.
+bool Removal::RemoveRows(bool processes, const std::unordered_set<std::size_t>& kept,
+                         std::map<std::size_t, RemovedObject>* done) {
+  for (std::size_t i = 0; i < parts_.hits.size(); ++i) {
+    const HitList::Row& row = parts_.hits.row(i);
+    const Detection& found = row.detection;
+    if (!row.checked || (found.kind == kMemoryProcess) != processes) continue;
+    if (!parts_.files.pump.Next()) return false;
+    RemovedObject object = {found.kind, found.details, {}};
     if (kept.count(i)) {
       object.result = Failed(RemovalState::Failed,
                              Outcome::Failed(kPathFileAccess, "It could not be backed up"));
     } else {
-      object.result = Remove(row.detection);
-      CountAttempt(row.detection.kind);
+      object.result = Remove(found);
+      CountAttempt(found.kind);
     }
-    report_.failed = report_.failed || !object.result.done();
-    report_.objects.push_back(std::move(object));
+    done->emplace(i, std::move(object));
   }
+  return true;
 }
 
 void Removal::CountAttempt(std::string_view kind) {

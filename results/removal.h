@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -70,6 +71,8 @@ class Removal {
   const RemovalReport& report() const { return report_; }
 
  private:
+  bool RemoveRows(bool processes, const std::unordered_set<std::size_t>& kept,
+                  std::map<std::size_t, RemovedObject>* done);
   void WriteScript(const std::vector<std::size_t>& rows);
   Outcome CreateRegistryDeleteFile(const std::vector<std::size_t>& rows);
   RemovalResult Remove(const Detection& row);
