@@ -53,12 +53,19 @@ Outcome CreateBeside(const std::string& folder, FileHandle* file, std::string* p
   return Outcome::Failed(kFileExists);
 }
 
-// Puts `fresh` in the place of `path`. MoveFileEx replaces in one step but only works on the NT
-// family; elsewhere the old file is moved aside first, so that one of the two always exists.
+// Windows 95, 98 and Me cannot replace a file in one step.
+bool ReplacesByMoves() { return (GetVersion() & 0x80000000) != 0; }
+
+// Where the old file is between the moves: after a crash the name tells where it belongs.
+std::string AsideOf(const std::string& path) { return path + ".~scw"; }
+
+// Puts `fresh` in the place of `path`.
 Outcome SwapIn(const std::string& fresh, const std::string& path) {
-  if (MoveFileExA(fresh.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) return {};
-  const DWORD code = GetLastError();
-  if (code != ERROR_CALL_NOT_IMPLEMENTED && code != ERROR_NOT_SUPPORTED) return FailedWith(code);
+  if (!ReplacesByMoves()) {
+    return MoveFileExA(fresh.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)
+               ? Outcome()
+               : FailedWith(GetLastError());
+  }
   const DWORD attributes = GetFileAttributesA(path.c_str());
   if (attributes == kNoAttributes) {
     return MoveFileA(fresh.c_str(), path.c_str()) ? Outcome() : FailedWith(GetLastError());
@@ -66,14 +73,15 @@ Outcome SwapIn(const std::string& fresh, const std::string& path) {
   if (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) {
     return Outcome::Failed(kPermissionDenied);
   }
-  const std::string aside = fresh + ".old";
+  DropAside(path);
+  const std::string aside = AsideOf(path);
   if (!MoveFileA(path.c_str(), aside.c_str())) return FailedWith(GetLastError());
   if (!MoveFileA(fresh.c_str(), path.c_str())) {
     const DWORD failed = GetLastError();
     MoveFileA(aside.c_str(), path.c_str());
     return FailedWith(failed);
   }
-  DeleteFileA(aside.c_str());
+  DropAside(path);
   return {};
 }
 
@@ -149,7 +157,16 @@ FileHandle OpenFolder(const std::string& path, DWORD access, DWORD share) {
 
 }  // namespace
 
+bool BringBack(const std::string& path) {
+  return ReplacesByMoves() && MoveFileA(AsideOf(path).c_str(), path.c_str());
+}
+
+void DropAside(const std::string& path) {
+  if (ReplacesByMoves()) DeleteFileA(AsideOf(path).c_str());
+}
+
 Outcome OpenReaderWin(const std::string& path, std::unique_ptr<FileReader>* reader) {
+  BringBack(path);
   FileHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                               nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file) return FailedWith(GetLastError());
@@ -160,6 +177,7 @@ Outcome OpenReaderWin(const std::string& path, std::unique_ptr<FileReader>* read
 }
 
 Outcome OpenWriterWin(const std::string& path, std::unique_ptr<FileWriter>* writer) {
+  BringBack(path);
   FileHandle file;
   std::string fresh;
   if (Outcome made = CreateBeside(std::string(FolderPart(path)), &file, &fresh); !made.ok()) {

@@ -14,4 +14,10 @@ Outcome HoldFolderWin(const std::string& path, std::unique_ptr<FolderHold>* hold
 // True for "X:\" and "\\server\share\".
 bool IsRootPath(const std::string& path);
 
+// Windows 95, 98 and Me replace a file by two moves. What a crash between them left beside the path
+// takes its place again, unless there is a file: true when it did. Elsewhere nothing happens.
+bool BringBack(const std::string& path);
+// Erases what a crash after the second move left beside the path.
+void DropAside(const std::string& path);
+
 }  // namespace scourwell

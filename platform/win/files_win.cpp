@@ -133,7 +133,9 @@ Outcome FilesWin::Stat(const std::string& path, DirEntry* entry) {
   WIN32_FIND_DATAA data;
   FindHandle find(FindFirstFileA(path.c_str(), &data));
   if (!find) {
-    Outcome failed = FailedWith(GetLastError());
+    const DWORD code = GetLastError();
+    if (code == ERROR_FILE_NOT_FOUND && BringBack(path)) return Stat(path, entry);
+    Outcome failed = FailedWith(code);
     const bool absent = failed.number() == kPathNotFound || failed.number() == kBadFileName;
     return absent ? Outcome::Failed(kFileNotFound) : std::move(failed);
   }
@@ -142,6 +144,7 @@ Outcome FilesWin::Stat(const std::string& path, DirEntry* entry) {
 }
 
 Outcome FilesWin::Read(const std::string& path, std::uint64_t limit, std::string* content) {
+  BringBack(path);
   const FileHandle file = OpenToRead(path);
   if (!file) return FailedWith(GetLastError());
   DWORD high = 0;
@@ -173,6 +176,7 @@ Outcome FilesWin::ReadBlocks(const std::string& path, const VisitBlock& visit) {
 }
 
 Outcome FilesWin::Append(const std::string& path, std::string_view text) {
+  BringBack(path);
   FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
                               FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file) return FailedWith(GetLastError());
@@ -193,7 +197,9 @@ Outcome FilesWin::Replace(const std::string& path, std::string_view text) {
 }
 
 Outcome FilesWin::EraseFile(const std::string& path) {
-  return DeleteFileA(path.c_str()) ? Outcome() : FailedWith(GetLastError());
+  if (!DeleteFileA(path.c_str())) return FailedWith(GetLastError());
+  DropAside(path);
+  return {};
 }
 
 Outcome FilesWin::OpenReader(const std::string& path, std::unique_ptr<FileReader>* reader) {
