@@ -70,7 +70,8 @@ class Files {
   // kPermissionDenied: may not be listed; kDiskNotReady: no medium.
   virtual Outcome List(const std::string& pattern, const Visit& visit) = 0;
 
-  // One file or folder by its exact path (no wildcards). kFileNotFound: nothing of that name.
+  // One file or folder by its exact path (no wildcards). kFileNotFound: nothing of that name;
+  // kDiskNotReady: no medium or server that could tell.
   // A link is described itself, not what it points at.
   virtual Outcome Stat(const std::string& path, DirEntry* entry) = 0;
 

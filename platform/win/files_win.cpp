@@ -135,6 +135,10 @@ Outcome FilesWin::Stat(const std::string& path, DirEntry* entry) {
   if (!find) {
     const DWORD code = GetLastError();
     if (code == ERROR_FILE_NOT_FOUND && BringBack(path)) return Stat(path, entry);
+    // A server that does not answer tells nothing of its files.
+    if (code == ERROR_BAD_NETPATH || code == ERROR_BAD_NET_NAME) {
+      return Outcome::Failed(kDiskNotReady);
+    }
     Outcome failed = FailedWith(code);
     const bool absent = failed.number() == kPathNotFound || failed.number() == kBadFileName;
     return absent ? Outcome::Failed(kFileNotFound) : std::move(failed);
