@@ -164,6 +164,58 @@ TEST_SUITE("backups") {
       CHECK(stored == b.Restore("n.qzp").ok());
     }
   }
+
+  TEST_CASE("clearing scripts erases nothing else, and only in a full path") {
+    Manager b;
+    for (const char* name : {"notes.registry", "x.regtrans-ms", "old.qzp2", "left.reg"}) {
+      b.m.File(std::string("C:\\My backups\\") + name, "x");
+    }
+    CHECK(b.backups.List().empty());
+    CHECK(b.Create("n").archive.ok());
+    CHECK(b.Names() == "notes.registry x.regtrans-ms old.qzp2 n.qzp ");
+    for (const char* folder : {"", "backups", "\\backups", "C:backups"}) {
+      CAPTURE(std::string(folder));
+      b.settings.BackupFolder = folder;
+      b.m.files.journal.clear();
+      RestoreResult result;
+      CHECK(b.Restore("n.qzp", &result).number() == kBadFileName);
+      CHECK(b.Create("m").archive.number() == kBadFileName);
+      CHECK(b.backups.Delete("n.qzp").number() == kBadFileName);
+      CHECK(b.backups.List().empty());
+      CHECK(b.m.files.Count("List") + b.m.files.Count("Erase") == 0);
+    }
+  }
+
+  TEST_CASE("what lies in the 64-bit view comes back through the 64-bit importer alone") {
+    Manager b;
+    FakeRegistry view64;
+    view64.Make(RootKey::LocalMachine, "Software\\Evil").Value("v", "x", kRegBinary);
+    Backups backups({b.m.files, b.m.registry, &view64, b.m.clock, b.m.pump, b.m.shell, b.log,
+                     b.folders, b.settings});
+    const Detection row = {std::string(kSpyRegistryValue),
+                           "HKEY_LOCAL_MACHINE\\Software\\Evil\\v (64-bit)",
+                           "spy",
+                           0,
+                           "HKEY_LOCAL_MACHINE\\Software\\Evil",
+                           "x",
+                           true};
+    REQUIRE(backups.Create("n", {&row}).archive.ok());
+    std::string imported;
+    b.m.shell.on_run = [&](const std::string& command) { imported += command + "\n"; };
+    for (const bool native : {false, true}) {
+      if (native) b.m.File("C:\\WINDOWS\\Sysnative\\reg.exe");
+      RestoreResult result;
+      CHECK(backups.Restore("n.qzp", {}, &result).ok());
+    }
+    const std::string empty =
+        "regedit /I /S C:\\MYBACK~1\\nkey.reg\nregedit /I /S C:\\MYBACK~1\\nval.reg\n";
+    CHECK(imported == empty + "C:\\WINDOWS\\regedit.exe /S \"C:\\My backups\\nexport64.reg\"\n" +
+                          empty +
+                          "C:\\WINDOWS\\Sysnative\\reg.exe import "
+                          "\"C:\\My backups\\nexport64.reg\"\n");
+    CHECK(b.m.Content("C:\\My backups\\nkey.reg") == "REGEDIT4\r\n");
+    CHECK(b.m.Content("C:\\My backups\\nval.reg") == "REGEDIT4\r\n");
+  }
 }
 
 }  // namespace scourwell::test

@@ -218,6 +218,25 @@ TEST_SUITE("hit_list") {
     CHECK_FALSE(r.hits.ExcludeChecked().ok());
     CHECK(r.hits.size() == 1);
   }
+
+  TEST_CASE("while the ignore list cannot be read, nothing is offered that it may hold") {
+    Results r;
+    r.m.File(kIgnored, "\"Spy File\",\"C:\\x\",\"\"\r\n").Locked();
+    r.Add(kSpyFile, "C:\\x");
+    r.Add(kSpyFile, "C:\\y");
+    CHECK(r.Details() == "");
+    CHECK(r.hits.counters().ignored == 2);
+    const std::string errors = r.m.Errors();
+    CHECK(std::count(errors.begin(), errors.end(), '\n') == 1);
+    r.m.files.Find(kIgnored)->locked = false;
+    r.Add(kSpyFile, "C:\\y");
+    CHECK(r.Details() == "C:\\y ");
+    // Read once, it counts on, with what was excluded since.
+    CHECK(r.ignore.Append({{"Spy File", "C:\\z", ""}}).ok());
+    r.m.files.faults["Stat " + std::string(kIgnored)] = kDiskNotReady;
+    for (const char* path : {"C:\\x", "C:\\y", "C:\\z"}) r.Add(kSpyFile, path);
+    CHECK(r.Details() == "C:\\y C:\\y ");
+  }
 }
 
 }  // namespace scourwell::test

@@ -63,7 +63,7 @@ TEST_SUITE("registry_backup") {
     add(kSpyFile, "C:\\x");
     CHECK(backup.keys() ==
           "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Evil]\r\n"
-          "\r\n[HKEY_LOCAL_MACHINE\\Software\\Evil64]\r\n\r\n[HKEY_LOCAL_MACHINE\\None]\r\n");
+          "\r\n[HKEY_LOCAL_MACHINE\\None]\r\n");
     CHECK(backup.values() ==
           "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\Run]\r\n\"EVIL\"=\"%x%\\\\a\"\r\n");
     CHECK(backup.exported() ==

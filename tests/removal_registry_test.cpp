@@ -41,8 +41,7 @@ TEST_SUITE("removal") {
           "REGEDIT4\r\n\r\n[-HKEY_LOCAL_MACHINE\\SOFTWARE\\EVIL]\r\n\r\n[" + run +
               "]\r\n\"EVIL\"=-\r\n[" + run +
               "]\r\n\"back\\\\slash \\\"q\\\"\"=-\r\n"
-              "\r\n[-HKEY_LOCAL_MACHINE\\SOFTWARE\\None]\r\n\r\n[" +
-              run + "]\r\n\"Evil\"=-\r\n");
+              "\r\n[-HKEY_LOCAL_MACHINE\\SOFTWARE\\None]\r\n\r\n");
   }
 
   TEST_CASE("a process is ended when it is still the one that was found") {
@@ -67,6 +66,34 @@ TEST_SUITE("removal") {
       CHECK(Lines(r.m.shell.journal) ==
             (nt ? "Launch C:\\WINDOWS\\system32\\RegEdt32.exe /S \"C:\\App\\Remove.reg\"\n"
                 : "Launch C:\\WINDOWS\\Regedit.exe /S \"C:\\App\\Remove.reg\"\n"));
+    }
+  }
+
+  TEST_CASE("only a script of this removal is run, and what stays does not stand in it") {
+    const std::string kBelow = "HKEY_CURRENT_USER\\Software\\Evil\\";
+    struct Row {
+      const char* failing;  // a call
+      std::size_t close_at;
+      const char* keys;  // in the script that is run; null: none is
+    };
+    for (const Row& row : {Row{"", 0, "AC"},
+                           {"", 3, "A"},
+                           {"Replace C:\\App\\Remove.reg", 0, nullptr},
+                           {"Erase C:\\App\\Remove.reg", 0, nullptr}}) {
+      CAPTURE(std::string(row.failing));
+      Remover r;
+      r.m.File("C:\\App\\Remove.reg", "old");
+      for (const std::string key : {"A", "B", "C"}) r.Add(kSpyRegistryKey, kBelow + key);
+      if (*row.failing) r.m.files.faults[row.failing] = kDiskFull;
+      r.m.pump.close_at = row.close_at;
+      r.Run({1});
+      r.removal->launchRegEditDelete();
+      CHECK(r.m.shell.journal.size() == (row.keys ? 1 : 0));
+      std::string script = "REGEDIT4\r\n";
+      for (const char* key = row.keys; key && *key; ++key) {
+        script += "\r\n[-" + kBelow + std::string(1, *key) + "]\r\n\r\n";
+      }
+      if (row.keys) CHECK(r.m.Content("C:\\App\\Remove.reg") == script);
     }
   }
 }

@@ -200,6 +200,29 @@ TEST_SUITE("removal") {
       }
     }
   }
+
+  TEST_CASE("a file that cannot be asked for is not gone") {
+    Remover r;
+    r.m.AddDrive('D', DriveKind::Removable, false);
+    CHECK(r.RemoveOne(kSpyFile, "D:\\evil.exe") == "F");
+    CHECK(r.m.Errors().find("D:\\evil.exe") != std::string::npos);
+    CHECK(r.RemoveOne(kSpyFile, "C:\\none\\evil.exe") == "g");
+  }
+
+  TEST_CASE("processes end before their files are tried; the report keeps the list's order") {
+    Remover r;
+    r.m.File("C:\\evil.exe", "x").Locked();
+    r.m.processes.running = {{"C:\\evil.exe", 7}};
+    r.m.files.before_change = [&] {
+      r.m.files.Find("C:\\evil.exe")->locked = r.m.system.journal.empty();
+    };
+    r.settings.DeleteAfterReboot = false;
+    r.Add(kSpyFile, "C:\\evil.exe");
+    r.Add(kMemoryProcess, "C:\\evil.exe", "", "7");
+    r.Run();
+    CHECK(r.States() == "rr");
+    CHECK(r.removal->report().objects[0].kind == kSpyFile);
+  }
 }
 
 }  // namespace scourwell::test

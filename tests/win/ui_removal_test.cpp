@@ -321,6 +321,42 @@ TEST_CASE("excluded components stay away until they are taken out of the ignore 
   CHECK(again.Close());
 }
 
+TEST_CASE("what went before the program was closed counts") {
+  PlantEvil();
+  test::Definitions definitions;
+  CreateDirectoryA("C:\\components", nullptr);
+  for (const std::string name : {"behaves.dll", "hangs.dll", "crashes.dll"}) {
+    definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"Adware.Evil", Upper(name)});
+    REQUIRE(CopyFileA(("C:\\" + name).c_str(), ("C:\\components\\" + name).c_str(), FALSE));
+  }
+  PlantContent(kReference, definitions.Text());
+  SetSetting("AutoRemove", "AutoRemove", "True");
+  SetSetting("Backup", "BackupBeforeRemoval", "False");
+  Program program("\"C:\\components\"");
+  REQUIRE(program.MainWindow());
+  // The second one takes its time.
+  REQUIRE(WaitFor([] { return files.ShortPath("C:\\components\\behaves.dll").empty(); }, 60000));
+  program.Close();
+  CHECK(program.Ended(30000));
+  CHECK(files.ShortPath("C:\\components\\crashes.dll") != "");
+  CHECK(Setting("Statistics", "NUMBER OF OBJECTS") == "2");
+}
+
+TEST_CASE("what a crash in the middle of a replacement left comes back on Windows 98") {
+  PlantEvil();
+  SetWindowsVersion("win98");
+  const std::string list = "C:\\Scourwell\\ignorespylist.txt";
+  PlantContent(list + ".~scw", "\"Spy File\",\"C:\\planted\\evil.dll\",\"\"\r\n");
+  Program program("\"C:\\planted\"");
+  const HWND top = ScanToResults(&program);
+  CHECK(Details(Control(top, IDC_SpyListView)).find("evil.dll") == std::string::npos);
+  CHECK(Content(list) != "");
+  CHECK(Content(list + ".~scw") == "");
+  CHECK(program.Close());
+  Erase(list);
+  SetWindowsVersion("");
+}
+
 // Wine itself makes no links; paths are taken from C:\run.
 void MakeLink(const std::wstring& target, const std::wstring& link) {
   std::wstring command = L"ln -s " + target + L" " + link;
