@@ -21,7 +21,8 @@ constexpr int kProcesses = 300;
 
 class NoHits : public DetectionSink {
  public:
-  bool Contains(std::string_view) const override { return false; }
+  bool Contains(const Detection&) const override { return false; }
+  bool Shows(const Detection&) const override { return true; }
   void AddSpyToListView(const Detection&) override { ++hits; }
   int hits = 0;
 };

@@ -32,19 +32,25 @@ void HitList::Clear() {
   sorted_ = ascending_ = false;
 }
 
-bool HitList::Contains(std::string_view details) const {
-  return seen_.find(details) != seen_.end();
+bool HitList::Contains(const Detection& detection) const {
+  return seen_.find(IdentityOf(detection)) != seen_.end();
+}
+
+bool HitList::Shows(const Detection& detection) const {
+  const auto item = seen_.find(IdentityOf(detection));
+  return item != seen_.end() && item->second;
 }
 
 void HitList::AddSpyToListView(const Detection& detection) {
   static_cast<void>(log_.Trap("AddSpyToListView", [&]() -> Outcome {
-    seen_.insert(detection.details);
+    bool& shown = seen_[IdentityOf(detection)];
     // Where nobody knows what is excluded, nothing is offered for removal.
     if (ignore_.Matches(detection.kind, detection.details) || !ignore_.known()) {
       if (Outcome raised = Raise(&counters_.ignored); !raised.ok()) return raised;
     } else {
       const bool checked = settings_.MarkChecked == "y" || settings_.AutoRemove;
       rows_.push_back({detection, checked});
+      shown = true;
     }
     return Count(detection.kind);
   }));

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 #include "backup/ignore_list.h"
@@ -32,7 +32,8 @@ class HitList : public DetectionSink {
   // At the start of a scan: no rows, counters at 0.
   void Clear();
 
-  bool Contains(std::string_view details) const override;
+  bool Contains(const Detection& detection) const override;
+  bool Shows(const Detection& detection) const override;
   // Adds a row unless the ignore list holds the detection or cannot be read; counts it in either
   // case.
   void AddSpyToListView(const Detection& detection) override;
@@ -64,7 +65,8 @@ class HitList : public DetectionSink {
   const AppSettings& settings_;
   ErrorLog& log_;
   std::vector<Row> rows_;
-  std::unordered_set<std::string, NoCaseHash, NoCaseEqual> seen_;
+  // By identity: whether a row stands for it.
+  std::unordered_map<std::string, bool, NoCaseHash, NoCaseEqual> seen_;
   HitCounters counters_;
   Column sort_column_ = kType;
   bool sorted_ = false;

@@ -17,15 +17,23 @@ std::string_view ValueName(const Detection& value) {
   return name;
 }
 
+std::string IdentityOf(const Detection& found) {
+  const bool process = found.kind == kMemoryProcess;
+  const std::string_view kind = found.kind == kSpyCookie ? kSpyFile : std::string_view(found.kind);
+  std::string identity(kind);
+  identity.append("|").append(process ? found.tag + "|" : "").append(found.details);
+  return identity;
+}
+
 bool ReportOnce(DetectionSink& sink, std::string_view kind, std::uint8_t code, std::string details,
                 std::string_view spy) {
-  if (sink.Contains(details)) return false;
   Detection detection;
   detection.kind = kind;
   detection.system = spy;
   detection.icon = code;
   detection.tool_tip = details;
   detection.details = std::move(details);
+  if (sink.Contains(detection)) return false;
   sink.AddSpyToListView(detection);
   return true;
 }

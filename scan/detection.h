@@ -41,12 +41,18 @@ std::string_view BareDetails(const Detection& found);
 // The name of the value that a registry value row stands for: its details less the key path.
 std::string_view ValueName(const Detection& value);
 
+// What tells one item from another: a running program and its file are two, and so are two
+// processes of one image. A cookie is a file. Keys of one item may differ in case.
+std::string IdentityOf(const Detection& found);
+
 // Where the scan hands its detections.
 class DetectionSink {
  public:
   virtual ~DetectionSink() = default;
   // True when this item was handed over since the scan began; compared without case.
-  virtual bool Contains(std::string_view details) const = 0;
+  virtual bool Contains(const Detection& detection) const = 0;
+  // True when it was, and the user sees it: it is not excluded.
+  virtual bool Shows(const Detection& detection) const = 0;
   virtual void AddSpyToListView(const Detection& detection) = 0;
 };
 

@@ -84,7 +84,7 @@ void MemoryScan::CheckMType(const ProcessEntry& process, const std::string& spy)
     found.icon = kCodeProcess;
     found.tool_tip = process.path;
     found.tag = std::to_string(process.id);
-    if (!parts_.sink.Contains(found.details)) parts_.sink.AddSpyToListView(found);
+    if (!parts_.sink.Contains(found)) parts_.sink.AddSpyToListView(found);
   }));
   const std::string platform = parts_.os.Platform();
   if (platform != "Windows XP" && platform != "Windows 2000") return;

@@ -129,7 +129,7 @@ void RegistryScan::Report(Detection item, std::string_view spy) {
   item.system = spy;
   item.view64 = view64_;
   if (view64_) item.details += kView64;
-  if (!sink_.Contains(item.details)) sink_.AddSpyToListView(item);
+  if (!sink_.Contains(item)) sink_.AddSpyToListView(item);
 }
 
 void RegistryScan::QuickPass() {

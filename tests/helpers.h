@@ -26,12 +26,13 @@ class CollectingSink : public DetectionSink {
  public:
   std::vector<Detection> found;
 
-  bool Contains(std::string_view details) const override {
+  bool Contains(const Detection& wanted) const override {
     for (const Detection& detection : found) {
-      if (EqualsNoCase(detection.details, details)) return true;
+      if (EqualsNoCase(IdentityOf(detection), IdentityOf(wanted))) return true;
     }
     return false;
   }
+  bool Shows(const Detection& wanted) const override { return Contains(wanted); }
   void AddSpyToListView(const Detection& detection) override { found.push_back(detection); }
   std::string lines() const {
     std::string text;

@@ -116,11 +116,13 @@ TEST_SUITE("hit_list") {
     CHECK(counters.ignored == 1);
     CHECK(counters.Total() == 7);
     CHECK(r.hits.size() == 7);
-    CHECK(r.hits.Contains("C:\\IGNORED"));
+    const Detection ignored = {"Spy File", "C:\\IGNORED", "any", 0, {}, {}};
+    CHECK(r.hits.Contains(ignored));
+    CHECK_FALSE(r.hits.Shows(ignored));
     r.hits.Clear();
     CHECK(r.hits.empty());
     CHECK(r.hits.counters().Total() == 0);
-    CHECK_FALSE(r.hits.Contains("C:\\ignored"));
+    CHECK_FALSE(r.hits.Contains(ignored));
   }
 
   TEST_CASE("an item is reported once whatever its case") {

@@ -95,8 +95,8 @@ class Loop {
   }
 
   void Add(std::string_view kind, const SignatureRow& row, const std::string& path) {
-    if (found_.Contains(path)) return;
-    found_.AddSpyToListView({std::string(kind), path, std::string(row.sub1), 0, {}, {}});
+    const Detection found = {std::string(kind), path, std::string(row.sub1), 0, {}, {}};
+    if (!found_.Contains(found)) found_.AddSpyToListView(found);
   }
 
   Files& files_;
