@@ -51,6 +51,7 @@ bool IsGenuineSystemProcess(const std::string& path, const SystemFolders& folder
 void MemoryScan::ListProcesses() {
   tasklist_.clear();
   compared_.clear();
+  tried_.clear();
   const bool nt = parts_.os.IsWinNT();
   const auto visit = [&](const ProcessEntry& process) { return Keep(process); };
   static_cast<void>(parts_.log.Trap(nt ? "ShowRunningProcesses" : "ShowRunningProcesses9x", [&] {
@@ -63,6 +64,7 @@ bool MemoryScan::Keep(const ProcessEntry& process) {
   tasklist_.push_back(process);
   compared_.push_back(
       Upper(parts_.os.IsWinNT() ? FileNamePart(process.path) : std::string_view(process.path)));
+  tried_.push_back(false);
   parts_.progress.lblScan = process.path;
   ++parts_.progress.scanned_processes;
   return true;
@@ -71,13 +73,14 @@ bool MemoryScan::Keep(const ProcessEntry& process) {
 void MemoryScan::MatchAll(const std::string& spy, const std::string& process) {
   const std::string folded = Upper(process);
   for (std::size_t i = 0; i < tasklist_.size() && !parts_.pump.closing(); ++i) {
-    if (compared_[i] == folded) CheckMType(tasklist_[i], spy);
+    if (compared_[i] == folded) CheckMType(i, spy);
   }
 }
 
-void MemoryScan::CheckMType(const ProcessEntry& process, const std::string& spy) {
+void MemoryScan::CheckMType(std::size_t index, const std::string& spy) {
+  const ProcessEntry& process = tasklist_[index];
+  Detection found;
   static_cast<void>(parts_.log.Trap("CheckMType", [&] {
-    Detection found;
     found.kind = kMemoryProcess;
     found.details = process.path;
     found.system = spy;
@@ -88,6 +91,8 @@ void MemoryScan::CheckMType(const ProcessEntry& process, const std::string& spy)
   }));
   const std::string platform = parts_.os.Platform();
   if (platform != "Windows XP" && platform != "Windows 2000") return;
+  if (tried_[index] || !parts_.sink.Shows(found)) return;
+  tried_[index] = true;
   static_cast<void>(parts_.log.Trap("KillProcessById", [&] { return End(process); }));
 }
 
@@ -96,6 +101,13 @@ Outcome MemoryScan::End(const ProcessEntry& process) {
     return Outcome::Failed(kPermissionDenied, "A process of Windows itself is not ended")
         .With("Process: ", process.path);
   }
+  // It may have gone since it was listed, and its identifier may be another's.
+  bool running = false;
+  Outcome listed = parts_.processes.ListByStatus([&](const ProcessEntry& other) {
+    running = other.id == process.id && EqualsNoCase(other.path, process.path);
+    return !running;
+  });
+  if (!running) return listed.ok() ? Outcome() : std::move(listed).With("Process: ", process.path);
   Outcome ended = KillProcessById(process.id, parts_.system);
   return ended.ok() ? Outcome() : std::move(ended).With("Process: ", process.path);
 }

@@ -39,7 +39,8 @@ class MemoryScan {
   // Fills the list of processes in the way of the running family.
   void ListProcesses();
   // Compares one signature with every listed process: on the NT family by file name, elsewhere by
-  // the whole text, without case. A hit is reported and, on Windows XP and 2000, ended at once.
+  // the whole text, without case. A hit is reported and, on Windows XP and 2000, ended at once
+  // unless the user excludes it.
   void MatchAll(const std::string& spy, const std::string& process);
 
   const std::vector<ProcessEntry>& Tasklist() const { return tasklist_; }
@@ -47,12 +48,13 @@ class MemoryScan {
  private:
   bool Keep(const ProcessEntry& process);
   // A process whose compared text equals the signature.
-  void CheckMType(const ProcessEntry& process, const std::string& spy);
+  void CheckMType(std::size_t index, const std::string& spy);
   Outcome End(const ProcessEntry& process);
 
   Parts parts_;
   std::vector<ProcessEntry> tasklist_;
   std::vector<std::string> compared_;  // what is compared of each process, folded
+  std::vector<bool> tried_;            // to end; its identifier may be another's by now
 };
 
 }  // namespace scourwell
