@@ -91,6 +91,17 @@ bool IsPlainPath(std::string_view path) {
   return true;
 }
 
+std::string PlainImagePath(std::string_view path, std::string_view windows_folder) {
+  constexpr std::string_view kSystemRoot = "\\SystemRoot\\";
+  for (const std::string_view prefix : {"\\??\\", "\\\\?\\"}) {
+    if (path.starts_with(prefix) && IsAbsolutePath(path.substr(prefix.size()))) {
+      return std::string(path.substr(prefix.size()));
+    }
+  }
+  if (!EqualsNoCase(path.substr(0, kSystemRoot.size()), kSystemRoot)) return std::string(path);
+  return AddPathToFileName(windows_folder, path.substr(kSystemRoot.size()));
+}
+
 bool FileExists(Files& files, const std::string& path) {
   bool found = false;
   const Outcome listed = files.List(path, [&](const DirEntry& entry) {

@@ -33,6 +33,10 @@ bool IsDeviceName(std::string_view name);
 // wildcards, device names and "." and ".." parts.
 bool IsPlainPath(std::string_view path);
 
+// The path of a process's image, which the NT family names in its own way for what starts before
+// the first logon: "\SystemRoot\System32\smss.exe", "\??\C:\WINDOWS\...".
+std::string PlainImagePath(std::string_view path, std::string_view windows_folder);
+
 // A listing of the path for files yields a name. Wildcards are allowed, as in any listing.
 bool FileExists(Files& files, const std::string& path);
 // A listing of the folder's "*.*" succeeds.

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <vector>
 
+#include "platform/file_utils.h"
 #include "platform/win/late_bind.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/win_error.h"
@@ -62,7 +63,14 @@ Outcome AllIds(const StatusCalls& calls, std::vector<DWORD>* ids) {
   return Outcome::Failed(kOutOfMemory);
 }
 
-bool Describe(const StatusCalls& calls, DWORD id, ProcessEntry* entry) {
+// Not what GetWindowsDirectory says: on a terminal server that is the user's own folder.
+std::string SystemRoot() {
+  char folder[MAX_PATH + 1] = "";
+  const UINT length = GetSystemDirectoryA(folder, sizeof folder);
+  return std::string(FolderPart(length < sizeof folder ? folder : ""));
+}
+
+bool Describe(const StatusCalls& calls, DWORD id, const std::string& windows, ProcessEntry* entry) {
   const KernelHandle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id));
   if (!process) return false;
   HMODULE modules[kModuleBuffer / sizeof(HMODULE)];
@@ -75,7 +83,7 @@ bool Describe(const StatusCalls& calls, DWORD id, ProcessEntry* entry) {
   } else if (calls.module_name(process.get(), modules[0], name, kLongestModule) == 0) {
     return false;
   }
-  *entry = {name, id, GetPriorityClass(process.get())};
+  *entry = {PlainImagePath(name, windows), id, GetPriorityClass(process.get())};
   return true;
 }
 
@@ -86,9 +94,10 @@ Outcome ProcessesWin::ListByStatus(const Visit& visit) {
   if (!calls.complete()) return FailedWith(ERROR_CALL_NOT_IMPLEMENTED);
   std::vector<DWORD> ids;
   if (Outcome listed = AllIds(calls, &ids); !listed.ok()) return listed;
+  const std::string windows = SystemRoot();
   for (const DWORD id : ids) {
     ProcessEntry entry;
-    if (Describe(calls, id, &entry) && !visit(entry)) break;
+    if (Describe(calls, id, windows, &entry) && !visit(entry)) break;
   }
   return {};
 }
