@@ -116,8 +116,10 @@ bool FolderExists(Files& files, const std::string& path) {
   return files.List(AddPathToFileName(path, "*.*"), [](const DirEntry&) { return false; }).ok();
 }
 
-bool DoWeSkipThisFolder(const DirEntry& entry) {
+bool DoWeSkipThisFolder(std::string_view parent, const DirEntry& entry) {
   if (entry.IsLink() || entry.name == "." || entry.name == "..") return true;
+  // Further down such a name is anybody's, and would make a good hiding place.
+  if (parent.size() > 3 || !IsAbsolutePath(parent)) return false;
   for (const char* name : kSystemOwnFolders) {
     if (EqualsNoCase(entry.name, name)) return true;
   }

@@ -42,8 +42,9 @@ bool FileExists(Files& files, const std::string& path);
 // A listing of the folder's "*.*" succeeds.
 bool FolderExists(Files& files, const std::string& path);
 
-// True for "." and "..", links, and folders that hold the system's own recycled or restore data.
-bool DoWeSkipThisFolder(const DirEntry& entry);
+// True for "." and "..", links, and folders right below a drive's root that hold the system's own
+// recycled or restore data. `parent` is the folder that holds the entry.
+bool DoWeSkipThisFolder(std::string_view parent, const DirEntry& entry);
 
 // Schedules a file or folder for deletion at the next start, by the way that the running system
 // offers.

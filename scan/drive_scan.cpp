@@ -124,7 +124,7 @@ Outcome DriveScan::ListFolder(Level* level, std::vector<Match>* matches) {
     }
     if (!entry.IsFolder()) {
       ++progress_.scanned_files;
-    } else if (!DoWeSkipThisFolder(entry)) {
+    } else if (!DoWeSkipThisFolder(level->path, entry)) {
       level->subfolders.push_back({entry.name, entry.short_name});
     }
     return true;

@@ -107,7 +107,7 @@ TEST_SUITE("file_utils") {
 
   TEST_CASE("skipped folders") {
     const auto skipped = [](const char* name, std::uint32_t attributes = kFolder) {
-      return DoWeSkipThisFolder({name, "", attributes, 0, 0, 0});
+      return DoWeSkipThisFolder("C:\\", {name, "", attributes, 0, 0, 0});
     };
     for (const char* name :
          {".", "..", "recycler", "RECYCLED", "System volume information", "$RECYCLE.BIN"}) {
