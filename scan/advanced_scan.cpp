@@ -130,6 +130,10 @@ void AdvancedScan::searchFilesAdvanced(const std::string& folder, const std::str
 }
 
 void AdvancedScan::Search(const std::string& folder, const std::string& reachable,
+void AdvancedScan::SearchFile(const std::string& folder, const DirEntry& entry) {
+  static_cast<void>(parts_.log.Trap("searchFilesAdvanced", [&] { Search(folder, folder, entry); }));
+}
+
                           const DirEntry& entry) {
   const bool shortcut = LastFour(entry.name) == ".lnk";
   if (index_.empty() || (!shortcut && !IsProgram(entry.name))) return;

@@ -85,6 +85,8 @@ class AdvancedScan {
   // Examines the program files right inside a folder and those that its shortcuts lead to.
   // `reachable` is the same folder, with 8.3 parts where the names do not serve.
   void searchFilesAdvanced(const std::string& folder, const std::string& reachable);
+  // The same for one entry of a folder.
+  void SearchFile(const std::string& folder, const DirEntry& entry);
 
  private:
   struct Item {

@@ -264,6 +264,7 @@ void DriveScan::SearchOneFile(const std::string& path) {
   ++progress_.scanned_files;
   DirEntry entry;
   if (!files_.Stat(path, &entry).ok()) return;
+  if (advanced_) advanced_->SearchFile(level.path, entry);
   std::vector<SignatureIndex::Nomination> nominations;
   index_.Nominate(entry, &nominations);
   std::stable_sort(nominations.begin(), nominations.end(),
