@@ -17,6 +17,7 @@ void ListLoader::Load(const Loader& loader) {
         std::min<std::int64_t>(std::int64_t{bar} + std::max(0, CountOf(sequence)), INT32_MAX));
   }
   progress_.Begin(bar);
+  checks_.BeginList();
   for (const Sequence& sequence : loader.sequences) {
     if (pump_.closing()) break;
     if (!log_.Trap(loader.name, [&] { return ReadSequence(sequence, &bar); }).ok()) continue;

@@ -19,6 +19,8 @@ inline constexpr int kMostNames = 1001;
 class DirectChecks {
  public:
   virtual ~DirectChecks() = default;
+  // The entries of another list follow.
+  virtual void BeginList() {}
   virtual void CheckFile(const std::string& spy, const std::string& path) = 0;
   virtual void CheckFolder(const std::string& spy, const std::string& path) = 0;
   virtual void CheckProcess(const std::string& spy, const std::string& process) = 0;

@@ -1,5 +1,7 @@
 #include "platform/system_folders.h"
 
+#include <algorithm>
+
 #include "platform/registry_access.h"
 #include "platform/text.h"
 
@@ -68,6 +70,18 @@ constexpr Token kTokens[] = {
 };
 
 }  // namespace
+
+bool IsOwnGround(std::string_view path, const SystemFolders& folders) {
+  if (!path.starts_with("\\\\")) return true;
+  const auto holds = [&](const std::string& folder) {
+    return !folder.empty() && EqualsNoCase(path.substr(0, folder.size()), folder) &&
+           (path.size() == folder.size() || path[folder.size()] == '\\');
+  };
+  for (const Token& token : kTokens) {
+    if (token.folder && holds(folders.*token.folder)) return true;
+  }
+  return std::any_of(folders.special.begin(), folders.special.end(), holds);
+}
 
 SystemFolders ComputeSystemFolders(System& system, Registry& registry, const COpSysInfo& os,
                                    ErrorLog& log, std::string application_folder) {

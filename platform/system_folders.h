@@ -56,6 +56,10 @@ struct SystemFolders {
   }
 };
 
+// True for a path on a drive, and for one on a server when a folder of the user lies there. Asking
+// for any other opens a connection, waits for it and offers the user's logon to whoever answers.
+bool IsOwnGround(std::string_view path, const SystemFolders& folders);
+
 SystemFolders ComputeSystemFolders(System& system, Registry& registry, const COpSysInfo& os,
                                    ErrorLog& log, std::string application_folder);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "platform/file_utils.h"
 #include "scan/checksum.h"
@@ -129,11 +130,11 @@ void AdvancedScan::searchFilesAdvanced(const std::string& folder, const std::str
   }));
 }
 
-void AdvancedScan::Search(const std::string& folder, const std::string& reachable,
 void AdvancedScan::SearchFile(const std::string& folder, const DirEntry& entry) {
   static_cast<void>(parts_.log.Trap("searchFilesAdvanced", [&] { Search(folder, folder, entry); }));
 }
 
+void AdvancedScan::Search(const std::string& folder, const std::string& reachable,
                           const DirEntry& entry) {
   const bool shortcut = LastFour(entry.name) == ".lnk";
   if (index_.empty() || (!shortcut && !IsProgram(entry.name))) return;
@@ -181,9 +182,17 @@ void AdvancedScan::FollowShortcut(const Item& link) {
     return;
   }
   // A shortcut can hold anything: what is looked up must be one plain path.
+  if (!IsProgram(target) || !IsPlainPath(target)) return;
+  if (!IsOwnGround(target, parts_.folders)) {
+    if (std::exchange(server_met_, true)) return;
+    return parts_.log.LogFailure(
+        Outcome::Failed(kBadFileName, "Shortcuts to another computer are not followed")
+            .With("sPath: ", link.path)
+            .With("Target: ", target),
+        "searchFilesAdvanced");
+  }
   DirEntry entry;
-  if (!IsProgram(target) || !IsPlainPath(target) || !parts_.files.Stat(target, &entry).ok() ||
-      entry.IsFolder()) {
+  if (!parts_.files.Stat(target, &entry).ok() || entry.IsFolder()) {
     return;
   }
   AdvancedFilePropertiesSearch({LongPath(target), target, entry.size});

@@ -107,7 +107,8 @@ class AdvancedScan {
   Parts parts_;
   PropertyIndex index_;
   std::unordered_set<std::string, NoCaseHash, NoCaseEqual> examined_;
-  std::string block_;  // kept, so that not every file asks for memory anew
+  bool server_met_ = false;  // behind a shortcut
+  std::string block_;        // kept, so that not every file asks for memory anew
 };
 
 }  // namespace scourwell

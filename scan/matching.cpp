@@ -1,22 +1,28 @@
 #include "scan/matching.h"
 
+#include <utility>
+
 #include "platform/file_utils.h"
 
 namespace scourwell {
-namespace {
 
-Outcome Refused(const std::string& path) {
-  return Outcome::Failed(kBadFileName, "The definition does not name one absolute path")
-      .With("Path: ", path);
+bool Matching::MayLookUp(const std::string& path) const {
+  return IsPlainPath(path) && IsOwnGround(path, folders_);
 }
 
-}  // namespace
+Outcome Matching::Refuse(const std::string& path) {
+  if (std::exchange(refused_, true)) return {};
+  return Outcome::Failed(kBadFileName, IsPlainPath(path)
+                                           ? "The definition names a place on another computer"
+                                           : "The definition does not name one absolute path")
+      .With("Path: ", path);
+}
 
 void Matching::checkIfFileExistsThenAddToSpyList(const std::string& spy, const std::string& path) {
   static_cast<void>(log_.Trap("checkIfFileExistsThenAddToSpyList", [&]() -> Outcome {
     const std::string full = CleanDirString(path, folders_);
     if (full.empty()) return {};
-    if (!IsPlainPath(full)) return Refused(full);
+    if (!MayLookUp(full)) return Refuse(full);
     if (FileExists(files_, full)) ReportOnce(sink_, kSpyFile, kCodeFile, full, spy);
     return {};
   }));
@@ -27,7 +33,7 @@ void Matching::checkIfFolderExistsThenAddToSpyList(const std::string& spy,
   static_cast<void>(log_.Trap("checkIfFolderExistsThenAddToSpyList", [&]() -> Outcome {
     const std::string full = CleanDirString(path, folders_);
     if (full.empty()) return {};
-    if (!IsPlainPath(full)) return Refused(full);
+    if (!MayLookUp(full)) return Refuse(full);
     if (FolderExists(files_, full)) ReportOnce(sink_, kSpyFolder, kCodeFolder, full, spy);
     return {};
   }));

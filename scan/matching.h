@@ -18,11 +18,13 @@ class Matching : public DirectChecks {
            MemoryScan& memory)
       : files_(files), log_(log), folders_(folders), sink_(sink), memory_(memory) {}
 
-  // The path may hold a folder token. One that is not a plain absolute path is put on record and
-  // not looked up: a definition names one object, it does not search.
+  // The path may hold a folder token. One that is not a plain absolute path is not looked up: a
+  // definition names one object, it does not search. Nor is one that leads to another computer. The
+  // first of a list is put on record.
   void checkIfFileExistsThenAddToSpyList(const std::string& spy, const std::string& path);
   void checkIfFolderExistsThenAddToSpyList(const std::string& spy, const std::string& path);
 
+  void BeginList() override { refused_ = false; }
   void CheckFile(const std::string& spy, const std::string& path) override {
     checkIfFileExistsThenAddToSpyList(spy, path);
   }
@@ -34,11 +36,15 @@ class Matching : public DirectChecks {
   }
 
  private:
+  bool MayLookUp(const std::string& path) const;
+  Outcome Refuse(const std::string& path);
+
   Files& files_;
   ErrorLog& log_;
   const SystemFolders& folders_;
   DetectionSink& sink_;
   MemoryScan& memory_;
+  bool refused_ = false;  // something of this list
 };
 
 }  // namespace scourwell

@@ -176,8 +176,8 @@ TEST_SUITE("list_loader") {
     const std::string refused =
         "Error Description: The definition does not name one absolute path, Error Number: 52, "
         "Method: checkIfFileExistsThenAddToSpyList, Path: ";
-    CHECK(
-        l.m.Errors().starts_with(refused + "%win%\\evil.exe\n" + refused + "C:\\WINDOWS\\*.exe\n"));
+    CHECK(l.m.Errors().starts_with(refused + "%win%\\evil.exe\n"));  // of each list the first
+    CHECK(l.m.Errors().find("*.exe") == std::string::npos);
     CHECK(l.m.files.Count("List %") == 0);
     CHECK(l.lists.lstSearch.empty());
   }
