@@ -28,14 +28,14 @@ CookieScan::CookieScan(Files& files, Pump& pump, ErrorLog& log, DetectionSink& s
 void CookieScan::ScanCookie(const std::string& folder, bool all) {
   static_cast<void>(log_.Trap("ScanCookie", [&]() -> Outcome {
     if (!IsAbsolutePath(folder)) return {};  // the system names no cookie folder
-    std::vector<std::string> names;
-    Outcome listed = ListNames(folder, &names);
-    const auto count = static_cast<std::uint32_t>(names.size());
+    std::vector<Cookie> cookies;
+    Outcome listed = ListCookies(folder, &cookies);
+    const auto count = static_cast<std::uint32_t>(cookies.size());
     progress_.phase.Begin(count);
     progress_.phase.BeginPortion(count);
-    for (const std::string& name : names) {
+    for (const Cookie& cookie : cookies) {
       if (!pump_.Next()) return {};
-      Check(AddPathToFileName(folder, name), name, all);
+      Check(AddPathToFileName(folder, cookie.file), cookie.name, all);
       progress_.phase.Step();
     }
     progress_.phase.EndPortion();
@@ -44,11 +44,13 @@ void CookieScan::ScanCookie(const std::string& folder, bool all) {
   }));
 }
 
-Outcome CookieScan::ListNames(const std::string& folder, std::vector<std::string>* names) {
+Outcome CookieScan::ListCookies(const std::string& folder, std::vector<Cookie>* cookies) {
   return files_.List(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
     if (!pump_.Next()) return false;
     if ((entry.attributes & (kHidden | kSystem | kFolder)) == 0 && IsCookieName(entry.name)) {
-      names->push_back(entry.name);
+      // The user, and the removal, need a name that leads there.
+      const bool by_short = IsLossy(entry.name) && !entry.short_name.empty();
+      cookies->push_back({entry.name, by_short ? entry.short_name : entry.name});
     }
     return true;
   });
