@@ -134,8 +134,7 @@ void ScanSession::ScanRegistryView(Registry& registry, bool view64, bool quick, 
 void ScanSession::ScanCookies() {
   static_cast<void>(parts_.log.Trap("ScanCookies", [&] {
     StartPhase(1907);
-    parts_.built_in.AddBuiltIn(kBuiltInCookieStage);
-    parts_.loader.Load(kUpdateCookieList);
+    LoadStage(parts_, {kBuiltInCookieStage, &kUpdateCookieList});
     CookieScan(parts_.files, parts_.pump, parts_.log, parts_.sink, parts_.progress,
                parts_.lists.lstSearch)
         .ScanCookie(parts_.settings.CookiesFolder, parts_.settings.AllCookies);
