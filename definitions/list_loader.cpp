@@ -109,7 +109,8 @@ Outcome ListLoader::CheckCount(const Sequence& sequence, int entries) {
 }
 
 void ListLoader::removeFromList() {
-  static_cast<void>(log_.Trap("removeFromList", [&] {
+  std::size_t row = 0;  // that is compared
+  const auto remove = [&] {
     std::unordered_set<std::string, NoCaseHash, NoCaseEqual> withdrawn;
     for (int n = 0; n < kMostNames; ++n) {
       std::string value = reference_.updateListfromINI("REMO", std::to_string(n) + "REMENT");
@@ -117,8 +118,18 @@ void ListLoader::removeFromList() {
       withdrawn.insert(std::move(value));
     }
     if (withdrawn.empty()) return;
-    lists_.lstSearch.Retain(
-        [&](const SignatureRow& row) { return withdrawn.find(row.sub2) == withdrawn.end(); });
+    lists_.lstSearch.Retain([&](const SignatureRow& signature) {
+      ++row;
+      return withdrawn.find(signature.sub2) == withdrawn.end();
+    });
+  };
+  static_cast<void>(log_.Trap("removeFromList", [&]() -> Outcome {
+    try {
+      remove();
+    } catch (const std::bad_alloc&) {
+      return Outcome::Failed(kOutOfMemory).With("J: ", std::to_string(row));
+    }
+    return {};
   }));
 }
 
