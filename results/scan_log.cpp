@@ -18,6 +18,7 @@ void ScanLog::CreateDriveScanLogFile() {
     lines.Add("\r\n" + Text(1832)).Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Detection& found = hits.row(i).detection;
+      if (!parts_.pump.Next()) return {};
       if (found.kind == kSpyFolder) lines.Add(found.system + " folder:" + found.details);
     }
     lines.Add(Text(1833));
@@ -25,6 +26,7 @@ void ScanLog::CreateDriveScanLogFile() {
     lines.Add("\r\n" + Text(1835)).Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Detection& found = hits.row(i).detection;
+      if (!parts_.pump.Next()) return {};
       if (found.kind != kSpyFile && found.kind != kSpyCookie) continue;
       lines.Add(found.system + " file:" + found.details);
       lines.Add(FileLines(found));
@@ -39,9 +41,12 @@ void ScanLog::CreateDriveScanLogFile() {
 // The indented lines of one file, ending so that Add leaves two empty lines behind them.
 std::string ScanLog::FileLines(const Detection& detection) {
   const FileFacts facts = FactsOf(detection.details, "CreateDriveScanLogFile");
-  return "\tFileSize :" + facts.size + " kb\r\n\tLast accessed  :" + facts.accessed +
-         "\r\n\tBuild :" + facts.build + "\r\n\tOS :-" + facts.system + "\r\n" +
-         ExtraLines(detection.details, "\t") + "\r\n";
+  std::string lines = "\tFileSize :" + facts.size + " kb\r\n\tLast accessed  :" + facts.accessed +
+                      "\r\n\tBuild :" + facts.build + "\r\n\tOS :-" + facts.system + "\r\n";
+  if (parts_.settings.ExtraLogInfo) {
+    lines += ExtraLines(facts, parts_.file_version.GetVerHeader(detection.details), "\t");
+  }
+  return lines + "\r\n";
 }
 
 ScanLog::FileFacts ScanLog::FactsOf(const std::string& path, const char* method) {
@@ -54,7 +59,9 @@ ScanLog::FileFacts ScanLog::FactsOf(const std::string& path, const char* method)
     facts.accessed = parts_.clock.GeneralDate(parts_.clock.ToLocal(entry.accessed));
   }
   FixedFileInfo info;
-  if (parts_.versions.ReadFixed(path, &info).ok()) {
+  facts.versioned = parts_.versions.ReadFixed(path, &info).ok();
+  if (facts.versioned) {
+    facts.fixed = info;
     facts.build = VersionText(info.file_version_high, info.file_version_low);
     facts.system = OperatingSystemText(info.operating_system);
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -8,6 +9,7 @@
 #include "platform/file_version.h"
 #include "platform/op_sys_info.h"
 #include "platform/processes.h"
+#include "platform/pump.h"
 #include "platform/system_folders.h"
 #include "platform/versions.h"
 #include "results/hit_list.h"
@@ -23,7 +25,8 @@ struct ProgramVersion {
 
 // Writes the sections of the scan log. Each is appended as a whole, lines ending in CR LF; all
 // scans of a run append to the same file. When its folder has gone or refuses, the log goes on in
-// the application folder, and AppSettings::LogFilePath follows.
+// the application folder, and AppSettings::LogFilePath follows. A section that is stopped on the
+// way is not written: what stands in the log is whole.
 class ScanLog {
  public:
   struct Parts {
@@ -32,6 +35,7 @@ class ScanLog {
     Versions& versions;
     FileVersion& file_version;
     Processes& processes;
+    Pump& pump;
     ErrorLog& log;
     const Captions& captions;
     AppSettings& settings;
@@ -60,12 +64,23 @@ class ScanLog {
     std::string accessed;
     std::string build;
     std::string system;
+    bool versioned = false;
+    FixedFileInfo fixed;  // nothing but zeros without a version
+  };
+  using VersionTexts = std::array<std::string, kVersionFields>;
+  // The process that the memory section has come to, for the record of a failure.
+  struct Entry {
+    std::size_t number = 0;
+    std::string module;
+    FixedFileInfo fixed;
   };
   FileFacts FactsOf(const std::string& path, const char* method);
   std::string FileLines(const Detection& detection);
-  // Further lines with ExtraLogInfo; empty without it.
-  std::string ExtraLines(const std::string& path, const std::string& indent);
-  std::string ProcessLines(const ProcessEntry& process, std::size_t indent);
+  // Further lines of a file with ExtraLogInfo.
+  static std::string ExtraLines(const FileFacts& facts, const VersionTexts& texts,
+                                const std::string& indent);
+  Outcome WriteMemorySection(const std::vector<ProcessEntry>& tasklist, Entry* entry);
+  std::string ProcessLines(const ProcessEntry& process, std::size_t indent, Entry* entry);
   Outcome Append(std::string_view text);
 
   Parts parts_;

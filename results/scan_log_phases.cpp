@@ -16,30 +16,52 @@ std::string ViewOf(const Detection& found) { return found.view64 ? std::string(k
 
 void ScanLog::CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) {
   static_cast<void>(parts_.log.Trap("CreateMemoryLogFile", [&]() -> Outcome {
-    const bool nt = parts_.os.IsWinNT();
-    Lines lines;
-    lines.Add(parts_.clock.GeneralDate(parts_.clock.Now()) + " " + Text(1825)).Add(kMemoryRule);
-    lines.Add(Text(1826)).Add(kShortRule).Add(Text(1827) + "\r\n");
-    std::size_t i = 1;
-    for (; i <= tasklist.size(); ++i) {
-      const ProcessEntry& process = tasklist[i - 1];
-      const std::string number = std::to_string(i);
-      const std::string_view name = nt ? FileNamePart(process.path) : process.path;
-      lines.Add("#:" + number + " (" + std::string(name) + ")");
-      // Lined up under the parenthesis.
-      lines.Add(nt ? ProcessLines(process, number.size() + 3) : std::string("\r\n"));
+    Entry entry;
+    Outcome written;
+    try {
+      written = WriteMemorySection(tasklist, &entry);
+    } catch (const std::bad_alloc&) {
+      written = Outcome::Failed(kOutOfMemory).With("LogFile: ", parts_.settings.LogFilePath);
     }
-    lines.Add(Text(1828));
-    // The count is the index behind the last entry: it has always been one too high.
-    lines.Add(Text(1829) + std::to_string(i));
-    lines.Add(Text(1830)).Add(Text(1831));
-    return Append(lines.text());
+    if (written.ok()) return {};
+    const FixedFileInfo& fixed = entry.fixed;
+    return std::move(written)
+        .With("ModuleName: ", entry.module)
+        .With("FileVer: ", VersionText(fixed.file_version_high, fixed.file_version_low))
+        .With("ProdVer: ", VersionText(fixed.product_version_high, fixed.product_version_low))
+        .With("FileFlags: ", FileFlagsText(fixed.flags))
+        .With("FileOS: ", OperatingSystemText(fixed.operating_system))
+        .With("FileType: ", FileTypeText(fixed.type))
+        .With("FileSubType: ", std::to_string(fixed.subtype))
+        .With("i: ", std::to_string(entry.number));
   }));
 }
 
+Outcome ScanLog::WriteMemorySection(const std::vector<ProcessEntry>& tasklist, Entry* entry) {
+  const bool nt = parts_.os.IsWinNT();
+  Lines lines;
+  lines.Add(parts_.clock.GeneralDate(parts_.clock.Now()) + " " + Text(1825)).Add(kMemoryRule);
+  lines.Add(Text(1826)).Add(kShortRule).Add(Text(1827) + "\r\n");
+  for (const ProcessEntry& process : tasklist) {
+    if (!parts_.pump.Next()) return {};
+    *entry = {entry->number + 1, process.path, {}};
+    const std::string number = std::to_string(entry->number);
+    const std::string_view name = nt ? FileNamePart(process.path) : process.path;
+    lines.Add("#:" + number + " (" + std::string(name) + ")");
+    // Lined up under the parenthesis.
+    lines.Add(nt ? ProcessLines(process, number.size() + 3, entry) : std::string("\r\n"));
+  }
+  lines.Add(Text(1828));
+  // The count is the index behind the last entry: it has always been one too high.
+  lines.Add(Text(1829) + std::to_string(tasklist.size() + 1));
+  lines.Add(Text(1830)).Add(Text(1831));
+  return Append(lines.text());
+}
+
 // The lines of one process, ending so that Add leaves two empty lines behind them.
-std::string ScanLog::ProcessLines(const ProcessEntry& process, std::size_t indent) {
+std::string ScanLog::ProcessLines(const ProcessEntry& process, std::size_t indent, Entry* entry) {
   const FileFacts facts = FactsOf(process.path, "CreateMemoryLogFile");
+  entry->fixed = facts.fixed;
   const std::string blanks(indent, ' ');
   Lines lines;
   lines.Add(blanks + "Path:" + process.path);
@@ -48,7 +70,7 @@ std::string ScanLog::ProcessLines(const ProcessEntry& process, std::size_t inden
   lines.Add(blanks + "Last accessed  :" + facts.accessed);
   lines.Add(blanks + "Build :" + facts.build);
   lines.Add(blanks + "OS :-" + facts.system);
-  const auto texts = parts_.file_version.GetVerHeader(process.path);
+  const VersionTexts texts = parts_.file_version.GetVerHeader(process.path);
   lines.Add(blanks + "Description :" + texts[kFileDescription]);
   lines.Add(blanks + "Version  :" + texts[kFileVersion]);
   lines.Add(blanks + "Product Name:" + texts[kProductName]);
@@ -57,15 +79,13 @@ std::string ScanLog::ProcessLines(const ProcessEntry& process, std::size_t inden
     for (const std::string& module : parts_.processes.Modules(process.id)) {
       lines.Add(blanks + "Module :" + module);
     }
+    return lines.text() + ExtraLines(facts, texts, blanks) + "\r\n";
   }
-  return lines.text() + ExtraLines(process.path, blanks) + "\r\n";
+  return lines.text() + "\r\n";
 }
 
-std::string ScanLog::ExtraLines(const std::string& path, const std::string& indent) {
-  if (!parts_.settings.ExtraLogInfo) return {};
-  const auto texts = parts_.file_version.GetVerHeader(path);
-  FixedFileInfo info;
-  const bool fixed = parts_.versions.ReadFixed(path, &info).ok();
+std::string ScanLog::ExtraLines(const FileFacts& facts, const VersionTexts& texts,
+                                const std::string& indent) {
   Lines lines;
   lines.Add(indent + "File version :" + texts[kFileVersion]);
   lines.Add(indent + "Product version :" + texts[kProductVersion]);
@@ -73,8 +93,8 @@ std::string ScanLog::ExtraLines(const std::string& path, const std::string& inde
   lines.Add(indent + "File description :" + texts[kFileDescription]);
   lines.Add(indent + "Internal name :" + texts[kInternalName]);
   lines.Add(indent + "Original name :" + texts[kOriginalFileName]);
-  lines.Add(indent + "Flags :" + (fixed ? FileFlagsText(info.flags) : ""));
-  lines.Add(indent + "Type :" + (fixed ? FileTypeText(info.type) : ""));
+  lines.Add(indent + "Flags :" + (facts.versioned ? FileFlagsText(facts.fixed.flags) : ""));
+  lines.Add(indent + "Type :" + (facts.versioned ? FileTypeText(facts.fixed.type) : ""));
   return lines.text();
 }
 
@@ -85,6 +105,7 @@ void ScanLog::CreateCookieScanLogFile() {
     lines.Add("\r\n" + Text(1881)).Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Detection& found = hits.row(i).detection;
+      if (!parts_.pump.Next()) return {};
       if (found.kind == kSpyCookie) lines.Add(found.system + " Cookie:" + found.details);
     }
     lines.Add("\r\n").Add(Text(1879));
@@ -102,12 +123,14 @@ void ScanLog::CreateRegistryScanLogFile() {
     lines.Add(Text(1838) + "\r\n").Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Detection& found = hits.row(i).detection;
+      if (!parts_.pump.Next()) return {};
       if (found.kind != kSpyRegistryKey) continue;
       lines.Add("Registry Key Type = " + found.system + ViewOf(found) + ":\r\n");
       lines.Add("[" + std::string(BareDetails(found)) + "]\r\n");
     }
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Detection& found = hits.row(i).detection;
+      if (!parts_.pump.Next()) return {};
       if (found.kind != kSpyRegistryValue) continue;
       lines.Add("Registry Key Value Type = " + found.system + ViewOf(found) + ":");
       lines.Add("[" + found.tool_tip + "]");

@@ -164,6 +164,7 @@ void ScanSession::ScanFolder(const std::string& path) {
     ClearLists();
     if (parts_.pump.closing()) return {};
     parts_.report.CreateDriveScanLogFile();
+    if (parts_.pump.closing()) return {};
     Finish();
     return {};
   }));

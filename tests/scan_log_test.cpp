@@ -18,8 +18,19 @@ struct Logging : Bench {
   COpSysInfo os{m.system};
   SystemFolders folders;
   FileVersion file_version{m.files, m.versions, captions, log};
-  ScanLog scan_log{{m.files, m.clock, m.versions, file_version, m.processes, log, captions,
-                    settings, hits, os, folders, ProgramVersion{1, 2, 3}}};
+  ScanLog scan_log{{m.files,
+                    m.clock,
+                    m.versions,
+                    file_version,
+                    m.processes,
+                    m.pump,
+                    log,
+                    captions,
+                    settings,
+                    hits,
+                    os,
+                    folders,
+                    {1, 2, 3}}};
 
   void Add(std::string_view kind, const std::string& details, const std::string& spy) {
     hits.AddSpyToListView({std::string(kind), details, spy, 0, {}, {}});
