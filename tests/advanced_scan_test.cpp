@@ -260,6 +260,18 @@ TEST_SUITE("advanced_scan") {
           "70 AdvancedFilePropertiesSearch, sPath: C:\\Evil\\locked.exe\n"
           "76 searchFilesAdvanced, sFolder: C:\\none, sPath: C:\\none\n");
   }
+
+  TEST_CASE("shortcuts to other computers are not followed, the first is on record") {
+    Advanced a;
+    a.Row(a.lists.lstCWSearch, "spy", "evil");
+    a.Shortcut("C:\\Evil\\1.lnk", "\\\\dead\\share\\x.exe");
+    a.Shortcut("C:\\Evil\\2.lnk", "\\\\dead\\share\\y.exe");
+    CHECK(a.Scan() == "");
+    CHECK(a.m.files.Count("Stat \\\\dead") == 0);
+    CHECK(a.m.Errors() ==
+          "Error Description: Shortcuts to another computer are not followed, Error Number: 52, "
+          "Method: searchFilesAdvanced, sPath: C:\\Evil\\1.lnk, Target: \\\\dead\\share\\x.exe\n");
+  }
 }
 
 }  // namespace scourwell::test

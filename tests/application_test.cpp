@@ -163,6 +163,36 @@ TEST_SUITE("application") {
     CHECK(again.TakeChangeReport().starts_with("Update File: 11\r\n"));
     CHECK(p.m.Errors() == "");
   }
+
+  TEST_CASE("an excluded process runs on; its file is told of") {
+    for (const bool excluded : {false, true}) {
+      Program p;
+      p.m.File("C:\\App\\Ini\\update.ref",
+               Definitions()
+                   .Entry("MEMA", {"MEMAT", "MEMAF"}, {"Spy", "spy.exe"})
+                   .Entry("SAFI", {"SAFIT", "SAFIS"}, {"Spy", "spy.exe"})
+                   .Text());
+      p.m.File("C:\\Programs\\spy.exe");
+      p.m.processes.running = {{"C:\\Programs\\spy.exe", 7, 32}};
+      if (excluded) {
+        p.m.File("C:\\App\\ignorespylist.txt",
+                 "\"Memory Process\",\"C:\\Programs\\spy.exe\",\"Spy\"\r\n");
+      }
+      bool announced = false;
+      p.m.pump.on_yield = [&] {
+        announced = announced || p.app.progress().lblScanStatus == p.app.language().Text(16218);
+      };
+      p.app.Start();
+      p.app.FillTree();
+      p.app.PrepareScan();
+      p.app.RunScan();
+      CHECK(p.m.system.journal.empty() == excluded);
+      CHECK(p.app.hits().size() == (excluded ? 1 : 2));
+      CHECK(p.app.hits().counters().processes == 1);
+      CHECK(p.app.hits().counters().files == 1);
+      CHECK(announced);
+    }
+  }
 }
 
 }  // namespace scourwell::test

@@ -127,6 +127,29 @@ TEST_SUITE("file_utils") {
     CHECK(WriteINIString(b.m.profiles, kAppFolder, "KEY", "value").ok());
     CHECK(b.m.Content("C:\\App\\Setting.ini") == "[Setting]\r\nKEY=value\r\n");
   }
+
+  TEST_CASE("only a drive's own recycler is skipped") {
+    for (const char* parent : {"C:\\sub", "\\\\server\\share"}) {
+      CHECK_FALSE(DoWeSkipThisFolder(parent, {"RECYCLER", "", kFolder, 0, 0, 0}));
+      CHECK(DoWeSkipThisFolder(parent, {"RECYCLER", "", kFolder | kLink, 0, 0, 0}));
+    }
+  }
+
+  TEST_CASE("images that start before the logon have plain paths") {
+    struct Row {
+      const char* path;
+      const char* plain;
+    };
+    for (const Row& row :
+         {Row{"\\SystemRoot\\System32\\smss.exe", "C:\\WINNT\\System32\\smss.exe"},
+          {"\\??\\C:\\WINNT\\system32\\csrss.exe", "C:\\WINNT\\system32\\csrss.exe"},
+          {"\\\\?\\D:\\x.exe", "D:\\x.exe"},
+          {"\\??\\Volume\\x.exe", "\\??\\Volume\\x.exe"},
+          {"C:\\SystemRoot\\x.exe", "C:\\SystemRoot\\x.exe"},
+          {"", ""}}) {
+      CHECK(PlainImagePath(row.path, "C:\\WINNT") == row.plain);
+    }
+  }
 }
 
 }  // namespace scourwell::test

@@ -239,6 +239,18 @@ TEST_SUITE("hit_list") {
     for (const char* path : {"C:\\x", "C:\\y", "C:\\z"}) r.Add(kSpyFile, path);
     CHECK(r.Details() == "C:\\y C:\\y ");
   }
+
+  TEST_CASE("a program, its file and a second one that runs are three items, a cookie is a file") {
+    Results r;
+    const auto process = [&](const char* id) {
+      return Detection{std::string(kMemoryProcess), "C:\\spy.exe", "spy", kCodeProcess, {}, id};
+    };
+    r.hits.AddSpyToListView(process("7"));
+    CHECK(r.hits.Contains(process("7")));
+    CHECK_FALSE(r.hits.Contains(process("8")));
+    CHECK(ReportOnce(r.hits, kSpyFile, kCodeFile, "C:\\Spy.exe", "spy"));
+    CHECK_FALSE(ReportOnce(r.hits, kSpyCookie, kCodeFile, "C:\\spy.exe", "spy"));
+  }
 }
 
 }  // namespace scourwell::test

@@ -220,6 +220,21 @@ TEST_SUITE("list_loader") {
     CHECK(l.lists.lstCESearch.size() == 1);
     CHECK(l.lists.lstSearch.size() == 2);
   }
+
+  TEST_CASE("a definition leads to no server but where the user's own folders lie") {
+    Loading l;
+    l.folders.app_data = "\\\\home\\me\\AppData";
+    for (const char* path : {"\\\\far\\share\\%win%.exe", "%CF%\\\\far\\share\\evil.exe",
+                             "%CF%\\\\home\\me\\AppDataX\\evil.exe", "%AD%\\evil.exe"}) {
+      l.definitions.Entry("SAFI", {"SAFITD", "SAFISD"}, {"spy", path});
+    }
+    l.Load(kUpdateSpyFileList);
+    CHECK(l.m.files.Count("List \\\\") == 1);
+    CHECK(l.m.files.Count("List \\\\home\\me\\AppData\\evil.exe") == 1);
+    CHECK(l.m.Errors() ==
+          "Error Description: The definition names a place on another computer, Error Number: 52, "
+          "Method: checkIfFileExistsThenAddToSpyList, Path: \\\\far\\share\\%win%.exe\n");
+  }
 }
 
 TEST_SUITE("signature_list") {

@@ -107,6 +107,18 @@ TEST_SUITE("memory_scan") {
     p.memory.MatchAll("Bad", "a.exe");
     CHECK(p.sink.lines() == "");
   }
+
+  TEST_CASE("a process is ended once, and only as long as it is the one that was listed") {
+    Phases p;
+    p.m.processes.running = {{"C:\\spy.exe", 7, 32}, {"C:\\other\\spy.exe", 8, 32}};
+    p.memory.ListProcesses();
+    p.m.processes.running[1].path = "C:\\innocent.exe";
+    p.memory.MatchAll("Bad", "spy.exe");
+    p.memory.MatchAll("Worse", "SPY.EXE");
+    CHECK(Lines(p.m.system.journal) == "Terminate 7\n");
+    CHECK(p.sink.found.size() == 2);
+    CHECK(p.m.Errors() == "");
+  }
 }
 
 TEST_SUITE("registry_scan") {
@@ -246,6 +258,13 @@ TEST_SUITE("cookie_scan") {
     p.m.Folder("C:\\Cookies").Denied();
     CHECK(p.Cookies(true) == "");
     CHECK(p.m.Failures() == "70 ScanCookie, Folder: C:\\Cookies\\\n");
+  }
+
+  TEST_CASE("a cookie with a name outside the code page goes by its 8.3 name") {
+    Phases p;
+    p.m.File("C:\\Cookies\\??@spylog[1].txt").Short("SPYLOG~1.TXT");
+    FillListBox(p.lists.lstSearch, "Spy Cookie", "Log", "@spylog");
+    CHECK(p.Cookies(false) == "Spy Cookie|Log|C:\\Cookies\\SPYLOG~1.TXT\n");
   }
 }
 

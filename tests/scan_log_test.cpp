@@ -289,6 +289,37 @@ TEST_SUITE("scan_log") {
     CHECK(l.m.Content("C:\\App\\ScanLog.txt") == "old");
     CHECK(l.m.Failures() == "70 FinishScan, LogFile: D:\\Logs\\ScanLog.txt\n");
   }
+
+  TEST_CASE("a section that is stopped at any row is not written") {
+    for (std::size_t n = 1; n <= 4; ++n) {
+      Logging l;
+      l.Add(kSpyRegistryKey, "HKEY", "One");
+      l.Add(kSpyFile, "C:\\x", "Two");
+      const auto stop = [&] {
+        l.m.pump.set_closing(false);
+        l.m.pump.close_at = l.m.pump.yields + n;
+      };
+      stop();
+      l.scan_log.CreateDriveScanLogFile();
+      CHECK(l.Text() == "");
+      stop();
+      l.scan_log.CreateMemoryLogFile(std::vector<ProcessEntry>(4));
+      CHECK(l.Text().find("<1825>") == std::string::npos);
+    }
+  }
+
+  TEST_CASE("a failure in the memory section says where it was") {
+    Logging l;
+    l.Program("C:\\Evil\\x.exe", EvilBlock());
+    l.m.Folder("D:\\Logs").Refuses();
+    l.scan_log.CreateMemoryLogFile({{"C:\\Evil\\x.exe", 8, 128}});
+    CHECK(l.m.Errors() ==
+          "Error Description: Permission denied, Error Number: 70, Method: CreateMemoryLogFile, "
+          "LogFile: D:\\Logs\\ScanLog.txt, Written to: C:\\App\\ScanLog.txt, "
+          "ModuleName: C:\\Evil\\x.exe, FileVer: 1.2.3.4, ProdVer: 0.0.0.0, "
+          "FileFlags: Debug Private , FileOS: NT-Win32, FileType: Executable, FileSubType: 0, "
+          "i: 1\n");
+  }
 }
 
 }  // namespace scourwell::test

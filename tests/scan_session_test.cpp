@@ -255,6 +255,29 @@ TEST_SUITE("scan_session") {
     }
     CHECK(s.session.finished() == s.Noted("finish"));
   }
+
+  TEST_CASE("a single file is known by its company too") {
+    Session s;
+    s.settings.AdvancedScanning = true;
+    s.m.File("D:\\renamed.exe");
+    s.m.versions.blocks["D:\\renamed.exe"] = VersionBlock().Text("CompanyName", "Evil Inc.").Make();
+    s.definitions.Entry("SCE", {"SCET", "SCEV"}, {"Company", "evil inc."});
+    s.WriteDefinitions();
+    s.session.ScanFolder("D:\\renamed.exe");
+    CHECK(s.sink.lines() == "Spy File|Company|D:\\renamed.exe\n");
+  }
+
+  TEST_CASE("a withdrawn cookie is not looked for") {
+    Session s;
+    s.settings.CookiesFolder = "D:\\Cookies";
+    s.m.File("D:\\Cookies\\me@spylog[1].txt");
+    s.m.File("D:\\Cookies\\me@mediatrack[1].txt");
+    s.definitions.Value("REMO", "0REMENT", "SPYLOG");
+    s.WriteDefinitions();
+    s.scope.SetTicked(ScanScope::kScanDrives, false);
+    s.session.StartScan(s.scope);
+    CHECK(s.sink.lines() == "Spy Cookie|Other|D:\\Cookies\\me@mediatrack[1].txt\n");
+  }
 }
 
 }  // namespace scourwell::test
