@@ -86,7 +86,9 @@ void MemoryScan::CheckMType(std::size_t index, const std::string& spy) {
     found.system = spy;
     found.icon = kCodeProcess;
     found.tool_tip = process.path;
-    found.tag = std::to_string(process.id);
+    // Signed: identifiers of Windows 95 to Me have all 32 bits, and numbers in texts are read
+    // with 31.
+    found.tag = std::to_string(static_cast<std::int32_t>(process.id));
     if (!parts_.sink.Contains(found)) parts_.sink.AddSpyToListView(found);
   }));
   const std::string platform = parts_.os.Platform();

@@ -119,6 +119,15 @@ TEST_SUITE("memory_scan") {
     CHECK(p.sink.found.size() == 2);
     CHECK(p.m.Errors() == "");
   }
+
+  TEST_CASE("the identifiers of Windows 98 come back from the row whole") {
+    OnWindows98 p;
+    p.m.processes.running = {{"C:\\spy.exe", 0xFFF0A123, 0}};
+    p.memory.ListProcesses();
+    p.memory.MatchAll("Bad", "c:\\spy.exe");
+    REQUIRE(p.sink.found.size() == 1);
+    CHECK(static_cast<std::uint32_t>(LeadingNumber(p.sink.found[0].tag)) == 0xFFF0A123);
+  }
 }
 
 TEST_SUITE("registry_scan") {
