@@ -56,9 +56,7 @@ class Loop {
   void Walk(const std::string& folder) {
     for (std::size_t row = 0; row < list_.size(); ++row) Search(folder, list_[row]);
     for (const DirEntry& entry : Listing(files_, folder + "\\*.*")) {
-      if (entry.IsFolder() && !entry.IsLink() && entry.name != "RECYCLER") {
-        Walk(folder + "\\" + entry.name);
-      }
+      if (entry.IsFolder() && !entry.IsLink()) Walk(folder + "\\" + entry.name);
     }
   }
 
