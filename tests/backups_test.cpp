@@ -177,8 +177,7 @@ TEST_SUITE("backups") {
       CAPTURE(std::string(folder));
       b.settings.BackupFolder = folder;
       b.m.files.journal.clear();
-      RestoreResult result;
-      CHECK(b.Restore("n.qzp", &result).number() == kBadFileName);
+      CHECK(b.Restore("n.qzp").number() == kBadFileName);
       CHECK(b.Create("m").archive.number() == kBadFileName);
       CHECK(b.backups.Delete("n.qzp").number() == kBadFileName);
       CHECK(b.backups.List().empty());

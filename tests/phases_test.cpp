@@ -121,7 +121,9 @@ TEST_SUITE("memory_scan") {
   }
 
   TEST_CASE("the identifiers of Windows 98 come back from the row whole") {
-    OnWindows98 p;
+    Phases p;
+    p.m.system.record = {4, 10, 0x040A08AE, 1, "", 0, 0, 0, 0};
+    p.os = COpSysInfo(p.m.system);
     p.m.processes.running = {{"C:\\spy.exe", 0xFFF0A123, 0}};
     p.memory.ListProcesses();
     p.memory.MatchAll("Bad", "c:\\spy.exe");
