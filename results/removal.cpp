@@ -50,6 +50,11 @@ bool InRegistry(const Detection& row) {
   return row.kind == kSpyRegistryKey || row.kind == kSpyRegistryValue;
 }
 
+bool IsProtected(const Detection& row) {
+  return row.kind == kSpyRegistryValue ? IsProtectedValue(row.tool_tip, ValueName(row))
+                                       : IsProtectedKey(row.tool_tip);
+}
+
 }  // namespace
 
 std::string RemovalStateText(const Captions& captions, const RemovalResult& result) {
@@ -135,13 +140,13 @@ RemovalResult Removal::RemoveRegistry(const Detection& row) {
   if (!InRegistry(row) || !SplitRegistryPlace(row.tool_tip, &place)) {
     return Failed(RemovalState::Refused, Outcome::Failed(kBadFileName, "Unknown registry root"));
   }
+  if (IsProtected(row)) {
+    return Failed(RemovalState::Refused,
+                  Outcome::Failed(kPermissionDenied, "It is protected: Windows needs it"));
+  }
   RegistryAccess& access = row.view64 ? access64_ : parts_.files.registry;
   if (row.kind == kSpyRegistryValue) {
     return FromStatus(access.DeleteValue(place.root, place.path, std::string(ValueName(row))));
-  }
-  if (IsProtectedKey(row.tool_tip)) {
-    return Failed(RemovalState::Refused,
-                  Outcome::Failed(kPermissionDenied, "It is protected: Windows needs this key"));
   }
   return FromStatus(access.DeleteKey(place.root, place.path));
 }
@@ -178,7 +183,7 @@ void Removal::WriteScript(const std::vector<std::size_t>& rows) {
                                           [&] { return CreateRegistryDeleteFile(rows); }));
 }
 
-// Only what the registry functions themselves would delete: the editor knows no protected keys,
+// Only what the registry functions themselves would delete: the editor knows no protection,
 // and sees the 32-bit view alone.
 Outcome Removal::CreateRegistryDeleteFile(const std::vector<std::size_t>& rows) {
   // First of all the script of an earlier removal goes: nobody shall run that by mistake.
@@ -195,7 +200,7 @@ Outcome Removal::CreateRegistryDeleteFile(const std::vector<std::size_t>& rows) 
     const bool is_value = found.kind == kSpyRegistryValue;
     const std::string_view name = is_value ? ValueName(found) : std::string_view();
     if (!SplitRegistryPlace(found.tool_tip, &place) || !CanStandInScript(found.tool_tip) ||
-        !CanStandInScript(name) || (!is_value && IsProtectedKey(found.tool_tip))) {
+        !CanStandInScript(name) || IsProtected(found)) {
       left_out = found.details;
       continue;
     }
