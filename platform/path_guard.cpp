@@ -4,56 +4,20 @@
 
 #include "platform/file_utils.h"
 #include "platform/text.h"
+#include "platform/vital_files.h"
 
 namespace scourwell {
 namespace {
 
 constexpr char kRefused[] = "It is protected: ";
 
-// Windows does not start, or cannot be used, without these.
-struct VitalFile {
-  std::string SystemFolders::*folder;  // null: the root of the drive that holds Windows
-  const char* name;
-};
-constexpr VitalFile kVitalFiles[] = {
-    {nullptr, "boot.ini"},
-    {nullptr, "bootmgr"},
-    {nullptr, "command.com"},
-    {nullptr, "io.sys"},
-    {nullptr, "msdos.sys"},
-    {nullptr, "ntdetect.com"},
-    {nullptr, "ntldr"},
-    {&SystemFolders::windows, "explorer.exe"},
-    {&SystemFolders::windows, "regedit.exe"},
-    {&SystemFolders::windows, "system.dat"},
-    {&SystemFolders::windows, "system.ini"},
-    {&SystemFolders::windows, "user.dat"},
-    {&SystemFolders::windows, "win.com"},
-    {&SystemFolders::windows, "win.ini"},
-    {&SystemFolders::system, "advapi32.dll"},
-    {&SystemFolders::system, "comctl32.dll"},
-    {&SystemFolders::system, "csrss.exe"},
-    {&SystemFolders::system, "gdi32.dll"},
-    {&SystemFolders::system, "hal.dll"},
-    {&SystemFolders::system, "kernel32.dll"},
-    {&SystemFolders::system, "krnl386.exe"},
-    {&SystemFolders::system, "lsass.exe"},
-    {&SystemFolders::system, "msvcrt.dll"},
-    {&SystemFolders::system, "ntdll.dll"},
-    {&SystemFolders::system, "ntoskrnl.exe"},
-    {&SystemFolders::system, "ole32.dll"},
-    {&SystemFolders::system, "services.exe"},
-    {&SystemFolders::system, "shell32.dll"},
-    {&SystemFolders::system, "smss.exe"},
-    {&SystemFolders::system, "svchost.exe"},
-    {&SystemFolders::system, "user32.dll"},
-    {&SystemFolders::system, "userinit.exe"},
-    {&SystemFolders::system, "winlogon.exe"},
-};
-
 std::string_view WithoutSlash(std::string_view path) {
   while (path.size() > 3 && path.ends_with('\\')) path.remove_suffix(1);
   return path;
+}
+
+bool Holds(std::span<const char* const> names, std::string_view name) {
+  return std::ranges::any_of(names, [&](const char* each) { return EqualsNoCase(each, name); });
 }
 
 // Where the root of a path ends: behind "X:\" or "\\server\share\"; npos for a bare share.
@@ -92,8 +56,9 @@ std::string PathGuard::RealPath(const std::string& path) {
 void PathGuard::Prepare() {
   if (prepared_) return;
   prepared_ = true;
-  const auto protect = [&](std::string_view folder) {
-    if (folder.size() >= 3) protected_.push_back(RealPath(std::string(WithoutSlash(folder))));
+  const auto protect = [&](std::string_view folder, bool contents = false) {
+    if (folder.size() < 3) return;
+    protected_.push_back({RealPath(std::string(WithoutSlash(folder))), contents});
   };
   for (const std::string* folder :
        {&folders_.windows, &folders_.system, &folders_.app_data, &folders_.temporary,
@@ -101,12 +66,19 @@ void PathGuard::Prepare() {
     protect(*folder);
   }
   for (const std::string& folder : folders_.special) protect(folder);
+  for (const vital::Folder& folder : vital::kFolders) {
+    const std::string& above = folders_.*folder.above;
+    if (above.empty()) continue;
+    protect(AddPathToFileName(above, folder.path), folder.extent == vital::Extent::Contents);
+  }
+  for (const vital::Files& files : vital::kFiles) {
+    const std::string& above = folders_.*files.above;
+    if (above.empty()) continue;
+    const std::string folder = AddPathToFileName(above, files.path);
+    vital_.push_back({RealPath(std::string(WithoutSlash(folder))), files.names});
+  }
   own_ = RealPath(std::string(WithoutSlash(folders_.application)));
   own_shared_ = own_.size() <= 3 || !Judge(own_).ok();
-  for (const VitalFile& file : kVitalFiles) {
-    const std::string folder = file.folder ? folders_.*file.folder : folders_.windows.substr(0, 3);
-    vital_.push_back(RealPath(AddPathToFileName(folder, file.name)));
-  }
 }
 
 bool PathGuard::IsOwn(const std::string& real) const {
@@ -114,19 +86,33 @@ bool PathGuard::IsOwn(const std::string& real) const {
   return !own_shared_ && IsAtOrBelow(real, own_);
 }
 
+bool PathGuard::IsVital(const std::string& real) const {
+  const std::size_t root = RootSize(real);
+  const std::string_view below = std::string_view(real).substr(std::min(root, real.size()));
+  const std::string_view name = FileNamePart(real);
+  if (below == name && Holds(vital::kInRoot, name)) return true;
+  if (Holds(vital::kRootFolders, below.substr(0, below.find('\\')))) return true;
+  if (Holds(vital::kAnywhere, name)) return true;
+  const std::string_view folder = WithoutSlash(FolderPart(real));
+  return std::ranges::any_of(vital_, [&](const VitalFiles& files) {
+    return EqualsNoCase(files.folder, folder) && Holds(files.names, name);
+  });
+}
+
 Outcome PathGuard::Judge(const std::string& real) const {
-  for (const std::string& folder : protected_) {
-    if (IsAtOrBelow(folder, real)) {
+  const ProtectedFolder* innermost = nullptr;
+  for (const ProtectedFolder& folder : protected_) {
+    if (IsAtOrBelow(folder.path, real)) {
       return Outcome::Failed(
           kPermissionDenied,
-          std::string(kRefused) + "the folder " + folder +
-              (folder.size() == real.size() ? " itself is never touched" : " lies in it"));
+          std::string(kRefused) + "the folder " + folder.path +
+              (folder.path.size() == real.size() ? " itself is never touched" : " lies in it"));
     }
+    if (!IsAtOrBelow(real, folder.path)) continue;
+    if (!innermost || innermost->path.size() < folder.path.size()) innermost = &folder;
   }
-  for (const std::string& file : vital_) {
-    if (EqualsNoCase(file, real)) {
-      return Outcome::Failed(kPermissionDenied, std::string(kRefused) + "Windows needs this file");
-    }
+  if ((innermost && innermost->contents) || IsVital(real)) {
+    return Outcome::Failed(kPermissionDenied, std::string(kRefused) + "Windows needs it");
   }
   return {};
 }
