@@ -87,6 +87,10 @@ void RegistryBackup::ExportValue(const Detection& row, Registry& registry,
 void RegistryBackup::ExportKey(const std::string& full_path, Registry& registry,
                                const RegistryPlace& place, unsigned depth, std::string* script) {
   static_cast<void>(pump_.Next());
+  // What lies behind a link is not removed, and a script cannot make the link itself again.
+  bool is_link = false;
+  static_cast<void>(registry.IsLink(place.root, place.path, &is_link));
+  if (is_link) return;
   *script += KeyLine(full_path);
   const RegStatus read = registry.EnumValues(place.root, place.path,
                                              [&](const std::string& name, const RegValue& value) {

@@ -80,8 +80,11 @@ class Registry {
   virtual RegStatus SetValue(RootKey root, const std::string& path, const std::string& name,
                              const RegValue& value) = 0;
   virtual RegStatus DeleteValue(RootKey root, const std::string& path, const std::string& name) = 0;
+  // Whether the key at the end of the path leads to another one, which every other call but
+  // DeleteKeyCall would act on. Only the NT family has such keys.
+  virtual RegStatus IsLink(RootKey root, const std::string& path, bool* is_link) = 0;
   // The system's own call: on the NT family a key with subkeys gives kRegAccessDenied, on
-  // Windows 95, 98 and Me the whole subtree goes.
+  // Windows 95, 98 and Me the whole subtree goes. Of a link the link itself goes.
   virtual RegStatus DeleteKeyCall(RootKey root, const std::string& path) = 0;
   // In the system's order. The key must not be changed during a visit.
   virtual RegStatus EnumKeys(RootKey root, const std::string& path, const VisitKey& visit) = 0;

@@ -28,8 +28,13 @@ class RegistryAccess {
       : registry_(registry), log_(log), captions_(captions), shell_(shell) {}
 
   // Deletes a key with everything below it, deepest first. Tells the user when access is denied.
+  // Links go as links; what lies behind one that is not Windows' own is out of reach.
   RegStatus DeleteKey(RootKey root, std::string_view path);
   RegStatus DeleteValue(RootKey root, std::string_view path, const std::string& name);
+  // True when the key, or one on the way to it, is a link that is not Windows' own.
+  bool LeadsAside(RootKey root, std::string_view path);
+  // True when that is so, or a key below it is a link.
+  bool HasLinks(RootKey root, std::string_view path);
   std::uint32_t SubkeyCount(RootKey root, std::string_view path);
   // Empty when there is no subkey of that index.
   std::string SubkeyName(RootKey root, std::string_view path, std::uint32_t index);
@@ -39,7 +44,9 @@ class RegistryAccess {
   Outcome SelfRegister(const std::string& library, bool register_it);
 
  private:
-  RegStatus DeleteTree(RootKey root, const std::string& path, unsigned depth);
+  bool IsLink(RootKey root, const std::string& path);
+  bool HoldsLink(RootKey root, const std::string& path, unsigned depth);
+  RegStatus DeleteTree(RootKey root, const std::string& path, unsigned depth, std::string* link);
 
   Registry& registry_;
   ErrorLog& log_;

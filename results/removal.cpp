@@ -144,11 +144,15 @@ RemovalResult Removal::RemoveRegistry(const Detection& row) {
     return Failed(RemovalState::Refused,
                   Outcome::Failed(kPermissionDenied, "It is protected: Windows needs it"));
   }
-  RegistryAccess& access = row.view64 ? access64_ : parts_.files.registry;
+  RegistryAccess& access = AccessFor(row);
   if (row.kind == kSpyRegistryValue) {
     return FromStatus(access.DeleteValue(place.root, place.path, std::string(ValueName(row))));
   }
   return FromStatus(access.DeleteKey(place.root, place.path));
+}
+
+RegistryAccess& Removal::AccessFor(const Detection& row) {
+  return row.view64 ? access64_ : parts_.files.registry;
 }
 
 RemovalResult Removal::EndProcess(const Detection& row) {
@@ -177,6 +181,16 @@ std::string Removal::ScriptPath() const {
       TrimBlanks(FullPath_With_Filename(parts_.files.folders.application, "Remove.reg")));
 }
 
+// Only what the registry functions themselves would delete: the editor knows no protection, and
+// follows links.
+bool Removal::MayStandInScript(const Detection& row) {
+  RegistryPlace place;
+  if (!SplitRegistryPlace(row.tool_tip, &place) || !CanStandInScript(row.tool_tip)) return false;
+  if (IsProtected(row)) return false;
+  if (row.kind == kSpyRegistryKey) return !AccessFor(row).HasLinks(place.root, place.path);
+  return CanStandInScript(ValueName(row)) && !AccessFor(row).LeadsAside(place.root, place.path);
+}
+
 void Removal::WriteScript(const std::vector<std::size_t>& rows) {
   script_written_ = false;
   static_cast<void>(parts_.files.log.Trap("CreateRegistryDeleteFile",
@@ -195,15 +209,15 @@ Outcome Removal::CreateRegistryDeleteFile(const std::vector<std::size_t>& rows) 
   std::string left_out;
   for (const std::size_t i : rows) {
     const Detection& found = parts_.hits.row(i).detection;
-    RegistryPlace place;
     if (!InRegistry(found) || found.view64) continue;
-    const bool is_value = found.kind == kSpyRegistryValue;
-    const std::string_view name = is_value ? ValueName(found) : std::string_view();
-    if (!SplitRegistryPlace(found.tool_tip, &place) || !CanStandInScript(found.tool_tip) ||
-        !CanStandInScript(name) || IsProtected(found)) {
+    if (!MayStandInScript(found)) {
       left_out = found.details;
       continue;
     }
+    const bool is_value = found.kind == kSpyRegistryValue;
+    const std::string_view name = is_value ? ValueName(found) : std::string_view();
+    RegistryPlace place;
+    SplitRegistryPlace(found.tool_tip, &place);
     const std::string key = std::string(NameFromRoot(place.root)) + "\\" + place.path;
     script += is_value ? "[" + key + "]\r\n" + ValueNameForScript(name) + "=-\r\n"
                        : "\r\n[-" + key + "]\r\n\r\n";

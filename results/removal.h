@@ -77,6 +77,8 @@ class Removal {
   Outcome CreateRegistryDeleteFile(const std::vector<std::size_t>& rows);
   RemovalResult Remove(const Detection& row);
   RemovalResult RemoveRegistry(const Detection& row);
+  RegistryAccess& AccessFor(const Detection& row);
+  bool MayStandInScript(const Detection& row);
   RemovalResult EndProcess(const Detection& row);
   std::string ScriptPath() const;
   void CountAttempt(std::string_view kind);

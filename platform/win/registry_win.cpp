@@ -21,6 +21,25 @@ RegStatus Open(RootKey root, const std::string& path, REGSAM rights, KeyHandle* 
   return status;
 }
 
+// A link as the key it is, not what it leads to.
+RegStatus OpenLink(RootKey root, const std::string& path, REGSAM rights, KeyHandle* key) {
+  HKEY opened = nullptr;
+  const LONG status =
+      RegOpenKeyExA(RegistryWin::Handle(root), path.c_str(), REG_OPTION_OPEN_LINK, rights, &opened);
+  if (status == ERROR_SUCCESS) key->Reset(opened);
+  return status;
+}
+
+// The usual call takes a path, and would follow a link at its end.
+RegStatus DeleteOpenKey(HKEY key) {
+  using NtDeleteKey = LONG(WINAPI*)(HANDLE);
+  using ToDosError = ULONG(WINAPI*)(LONG);
+  const auto delete_key = LateBind<NtDeleteKey>("ntdll.dll", "NtDeleteKey");
+  const auto to_dos_error = LateBind<ToDosError>("ntdll.dll", "RtlNtStatusToDosError");
+  if (!delete_key || !to_dos_error) return kRegAccessDenied;
+  return static_cast<RegStatus>(to_dos_error(delete_key(key)));
+}
+
 RegStatus Create(RootKey root, const std::string& path, REGSAM view, KeyHandle* key) {
   HKEY created = nullptr;
   const LONG status =
@@ -146,7 +165,31 @@ RegStatus RegistryWin::DeleteValue(RootKey root, const std::string& path, const 
   return status == kRegOk ? RegDeleteValueA(key.get(), name.c_str()) : status;
 }
 
+RegStatus RegistryWin::IsLink(RootKey root, const std::string& path, bool* is_link) {
+  *is_link = false;
+  KeyHandle key;
+  const bool has_links = (GetVersion() & 0x8000'0000u) == 0;
+  if (!has_links) return Open(root, path, KEY_QUERY_VALUE, &key);
+  const RegStatus status = OpenLink(root, path, KEY_QUERY_VALUE | view_, &key);
+  if (status == ERROR_INVALID_PARAMETER) return kRegOk;  // the option is unknown
+  if (status != kRegOk) return status;
+  DWORD type = 0;
+  const LONG found =
+      RegQueryValueExA(key.get(), "SymbolicLinkValue", nullptr, &type, nullptr, nullptr);
+  if (found == ERROR_FILE_NOT_FOUND) return kRegOk;
+  *is_link = found == ERROR_SUCCESS && type == REG_LINK;
+  return found;
+}
+
 RegStatus RegistryWin::DeleteKeyCall(RootKey root, const std::string& path) {
+  bool is_link = false;
+  const RegStatus known = IsLink(root, path, &is_link);
+  if (is_link || known == kRegAccessDenied) {
+    KeyHandle key;
+    const RegStatus opened = OpenLink(root, path, DELETE | view_, &key);
+    return opened == kRegOk ? DeleteOpenKey(key.get()) : opened;
+  }
+  if (known != kRegOk) return known;
   if (view_ == 0) return RegDeleteKeyA(Handle(root), path.c_str());
   // Only a 64-bit Windows has a second view, and each of them has this call.
   using DeleteKeyEx = LONG(WINAPI*)(HKEY, LPCSTR, REGSAM, DWORD);

@@ -25,6 +25,7 @@ class RegistryWin : public Registry {
   RegStatus SetValue(RootKey root, const std::string& path, const std::string& name,
                      const RegValue& value) override;
   RegStatus DeleteValue(RootKey root, const std::string& path, const std::string& name) override;
+  RegStatus IsLink(RootKey root, const std::string& path, bool* is_link) override;
   RegStatus DeleteKeyCall(RootKey root, const std::string& path) override;
   RegStatus EnumKeys(RootKey root, const std::string& path, const VisitKey& visit) override;
   RegStatus EnumValues(RootKey root, const std::string& path, const VisitValue& visit) override;

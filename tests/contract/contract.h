@@ -40,6 +40,8 @@ class ContractMachine {
   // In key(): a text value whose name is one character that no code page has, and one whose name is
   // `name` with a NUL in it. False where the system has no such names.
   virtual bool MakeOddValues(const std::string& name, const std::string& data) = 0;
+  // A key that leads to another, both below HKEY_CURRENT_USER. False where there are no such keys.
+  virtual bool MakeKeyLink(const std::string& path, const std::string& target) = 0;
 };
 
 class QuietPump : public Pump {

@@ -33,6 +33,10 @@ class FakeContractMachine : public ContractMachine {
     key.Value(name, data);
     return true;
   }
+  bool MakeKeyLink(const std::string& path, const std::string& target) override {
+    m_.registry.Link(RootKey::CurrentUser, path, target);
+    return true;
+  }
 
  private:
   FakeMachine m_;

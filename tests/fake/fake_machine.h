@@ -31,6 +31,7 @@ struct Key {
   std::string name;
   bool denied = false;      // may be read, not changed and not deleted
   bool unreadable = false;  // not even that
+  std::string link;         // the key below the same root that this one leads to
   std::vector<std::pair<std::string, RegValue>> values;
   std::vector<std::pair<std::string, RegValue>> unspellable;  // listed, not found by their names
   std::vector<std::unique_ptr<Key>> children;
@@ -51,6 +52,7 @@ class FakeRegistry : public Registry {
 
   Key& Make(RootKey root, const std::string& path);
   Key* Find(RootKey root, const std::string& path);
+  Key& Link(RootKey root, const std::string& path, const std::string& target);
   std::string Text(RootKey root, const std::string& path, const std::string& name);
 
   RegStatus TryOpen(RootKey root, const std::string& path, std::uint32_t rights) override;
@@ -61,11 +63,14 @@ class FakeRegistry : public Registry {
   RegStatus SetValue(RootKey root, const std::string& path, const std::string& name,
                      const RegValue& value) override;
   RegStatus DeleteValue(RootKey root, const std::string& path, const std::string& name) override;
+  RegStatus IsLink(RootKey root, const std::string& path, bool* is_link) override;
   RegStatus DeleteKeyCall(RootKey root, const std::string& path) override;
   RegStatus EnumKeys(RootKey root, const std::string& path, const VisitKey& visit) override;
   RegStatus EnumValues(RootKey root, const std::string& path, const VisitValue& visit) override;
 
  private:
+  Key* Walk(RootKey root, const std::string& path, bool follow_last, int links_left = 20);
+
   std::map<RootKey, Key> roots_;
 };
 

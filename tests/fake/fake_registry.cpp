@@ -57,13 +57,27 @@ Key& FakeRegistry::Make(RootKey root, const std::string& path) {
   return *key;
 }
 
-Key* FakeRegistry::Find(RootKey root, const std::string& path) {
+Key* FakeRegistry::Walk(RootKey root, const std::string& path, bool follow_last, int links_left) {
   Key* key = &roots_[root];
+  const auto follow = [&] {
+    if (key && !key->link.empty()) {
+      key = links_left > 0 ? Walk(root, key->link, true, links_left - 1) : nullptr;
+    }
+    return key != nullptr;
+  };
   const bool found = ForParts(path, [&](std::string_view part) {
-    key = key->Child(part);
+    if (follow()) key = key->Child(part);
     return key != nullptr;
   });
-  return found ? key : nullptr;
+  return found && (!follow_last || follow()) ? key : nullptr;
+}
+
+Key* FakeRegistry::Find(RootKey root, const std::string& path) { return Walk(root, path, true); }
+
+Key& FakeRegistry::Link(RootKey root, const std::string& path, const std::string& target) {
+  Key& key = Make(root, path);
+  key.link = target;
+  return key;
 }
 
 std::string FakeRegistry::Text(RootKey root, const std::string& path, const std::string& name) {
@@ -124,14 +138,22 @@ RegStatus FakeRegistry::DeleteValue(RootKey root, const std::string& path,
   return gone ? kRegOk : kRegNotFound;
 }
 
+RegStatus FakeRegistry::IsLink(RootKey root, const std::string& path, bool* is_link) {
+  const Key* key = Walk(root, path, false);
+  *is_link = key && !key->link.empty();
+  return key ? kRegOk : kRegNotFound;
+}
+
 RegStatus FakeRegistry::DeleteKeyCall(RootKey root, const std::string& path) {
   if (before_change) before_change();
   journal.push_back("DeleteKey " + path);
   std::string name;
   const std::string parent = SplitLast(path, &name);
   if (name.empty()) return kRegInvalidParameter;
-  if (const RegStatus opened = TryOpen(root, path, kKeyAllRights)) return opened;
-  const Key* key = Find(root, path);
+  if (path.starts_with("\\")) return kRegBadPath;
+  const Key* key = Walk(root, path, false);
+  if (!key) return kRegNotFound;
+  if (key->denied) return kRegAccessDenied;
   if (!deletes_trees && !key->children.empty()) return kRegAccessDenied;
   std::erase_if(Find(root, parent)->children,
                 [&](const auto& child) { return child.get() == key; });

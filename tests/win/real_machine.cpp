@@ -5,6 +5,7 @@
 #include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
+#include "platform/win/late_bind.h"
 #include "platform/win/registry_win.h"
 #include "tests/contract/contract.h"
 #include "tests/helpers.h"
@@ -33,6 +34,26 @@ void DeleteTree(const std::string& folder) {
   } while (FindNextFileA(find, &data));
   FindClose(find);
   RemoveDirectoryA(folder.c_str());
+}
+
+// "\Registry\User\..." of a key of this user; empty where there are no such names.
+std::wstring NativeName(const std::string& path) {
+  using NtQueryKey = LONG(WINAPI*)(HANDLE, int, void*, ULONG, ULONG*);
+  constexpr int kNameInformation = 3;
+  struct {
+    ULONG bytes;
+    wchar_t name[1000];
+  } info = {};
+  const auto query = LateBind<NtQueryKey>("ntdll.dll", "NtQueryKey");
+  const bool nt = (GetVersion() & 0x8000'0000u) == 0;
+  HKEY key = nullptr;
+  if (!nt || !query || RegOpenKeyA(HKEY_CURRENT_USER, path.c_str(), &key) != ERROR_SUCCESS) {
+    return {};
+  }
+  ULONG size = 0;
+  const LONG status = query(key, kNameInformation, &info, sizeof info, &size);
+  RegCloseKey(key);
+  return status == 0 ? std::wstring(info.name, info.bytes / sizeof(wchar_t)) : std::wstring();
 }
 
 class RealContractMachine : public ContractMachine {
@@ -71,8 +92,8 @@ class RealContractMachine : public ContractMachine {
       const wchar_t* text;
     };
     using SetValueKey = LONG(WINAPI*)(HANDLE, const CountedText*, ULONG, ULONG, const void*, ULONG);
-    const auto set = reinterpret_cast<SetValueKey>(reinterpret_cast<void*>(
-        GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtSetValueKey")));
+    const auto set = reinterpret_cast<SetValueKey>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtSetValueKey")));
     HKEY key = nullptr;
     if (!set || RegOpenKeyA(HKEY_CURRENT_USER, kKey, &key) != ERROR_SUCCESS) return false;
     const std::wstring text(data.begin(), data.end());
@@ -85,6 +106,20 @@ class RealContractMachine : public ContractMachine {
     }
     RegCloseKey(key);
     return made;
+  }
+  bool MakeKeyLink(const std::string& path, const std::string& target) override {
+    const std::wstring native = NativeName(target);
+    HKEY link = nullptr;
+    if (native.empty() ||
+        RegCreateKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, REG_OPTION_CREATE_LINK,
+                        KEY_WRITE | KEY_CREATE_LINK, nullptr, &link, nullptr) != ERROR_SUCCESS) {
+      return false;
+    }
+    const LONG set = RegSetValueExW(link, L"SymbolicLinkValue", 0, REG_LINK,
+                                    reinterpret_cast<const BYTE*>(native.data()),
+                                    static_cast<DWORD>(native.size() * sizeof(wchar_t)));
+    RegCloseKey(link);
+    return set == ERROR_SUCCESS;
   }
 
  private:
