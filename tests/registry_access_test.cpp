@@ -127,6 +127,28 @@ TEST_SUITE("registry_access") {
     CHECK(Lines(a.m.shell.journal) ==
           "Call C:\\x.dll DllRegisterServer\nCall C:\\x.dll DllUnregisterServer\n");
   }
+
+  TEST_CASE("what lies behind a link stays, and the link goes when it can") {
+    Access a;
+    FakeRegistry& registry = a.m.registry;
+    registry.Make(kUser, "Precious\\a\\b").Value("v", "x");
+    Key& link = registry.Link(kUser, "Spy\\way", "Precious").Denied();
+    CHECK(a.access.DeleteKey(kUser, "Spy") == kRegAccessDenied);
+    CHECK(a.m.Errors().find("Key: Spy\\way") != std::string::npos);
+    CHECK(a.access.DeleteKey(kUser, "Spy\\way\\a") == kRegAccessDenied);
+    CHECK(a.access.DeleteValue(kUser, "Spy\\way\\a\\b", "v") == kRegAccessDenied);
+    CHECK(a.access.HasLinks(kUser, "Spy"));
+    CHECK_FALSE(a.access.HasLinks(kUser, "Precious"));
+    link.denied = false;
+    CHECK(a.access.DeleteKey(kUser, "Spy") == kRegOk);
+    CHECK(registry.Text(kUser, "Precious\\a\\b", "v") == "x");
+    // Windows' own link is a way like any other.
+    registry.Make(RootKey::LocalMachine, "SYSTEM\\ControlSet001\\Services\\Evil");
+    registry.Link(RootKey::LocalMachine, "SYSTEM\\CurrentControlSet", "SYSTEM\\ControlSet001");
+    CHECK(a.access.DeleteKey(RootKey::LocalMachine, "SYSTEM\\CurrentControlSet\\Services\\Evil") ==
+          kRegOk);
+    CHECK_FALSE(registry.Find(RootKey::LocalMachine, "SYSTEM\\ControlSet001\\Services\\Evil"));
+  }
 }
 
 }  // namespace scourwell::test

@@ -76,6 +76,17 @@ TEST_SUITE("registry_backup") {
     REQUIRE(backup.left_out().size() == 1);
     CHECK(backup.left_out()[0].starts_with("HKEY_LOCAL_MACHINE\\Software\\Evil:"));
   }
+
+  TEST_CASE("a backup does not follow links, nor fail for them") {
+    Bench b;
+    b.m.registry.Make(RootKey::LocalMachine, "Evil").Value("v", "x");
+    b.m.registry.Link(RootKey::LocalMachine, "Evil\\way", "Evil");
+    RegistryBackup backup(b.m.registry, nullptr, b.m.pump);
+    const std::string key = "HKEY_LOCAL_MACHINE\\Evil";
+    backup.Add({std::string(kSpyRegistryKey), key, "spy", 0, key, ""});
+    CHECK(backup.exported() == "REGEDIT4\r\n\r\n[" + key + "]\r\n\"v\"=hex(1):78\r\n");
+    CHECK(backup.left_out().empty());
+  }
 }
 
 }  // namespace scourwell::test

@@ -308,6 +308,20 @@ TEST_SUITE("removal") {
       CHECK(r.m.Has(folder ? item + "\\x.dat" : item) == (state == 'R'));
     }
   }
+
+  TEST_CASE("what a registry editor would reach through a link does not go into the script") {
+    Remover r;
+    r.m.registry.Make(RootKey::LocalMachine, "SOFTWARE\\Precious").Value("v", "x");
+    r.m.registry.Link(RootKey::LocalMachine, "SOFTWARE\\Evil\\way", "SOFTWARE\\Precious");
+    const std::string evil = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Evil";
+    r.Add(kSpyRegistryValue, evil + "\\way\\v", evil + "\\way");
+    r.Add(kSpyRegistryKey, evil);
+    r.Run();
+    CHECK(r.States() == "Fr");
+    CHECK(r.m.Content("C:\\App\\Remove.reg") == "REGEDIT4\r\n");
+    CHECK(r.m.registry.Text(RootKey::LocalMachine, "SOFTWARE\\Precious", "v") == "x");
+    CHECK_FALSE(r.m.registry.Find(RootKey::LocalMachine, "SOFTWARE\\Evil"));
+  }
 }
 
 }  // namespace scourwell::test

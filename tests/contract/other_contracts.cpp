@@ -154,6 +154,24 @@ TEST_SUITE("contract_registry") {
     CHECK(r.registry.SetValue(kUser, r.root, hidden, {kRegText, "x"}) != kRegOk);
     CHECK(r.Get("", "name") == "good");
   }
+
+  TEST_CASE("a link is read through, and goes alone") {
+    InRegistry r;
+    r.Set("\\kept", "v", "1");
+    if (!r.machine->MakeKeyLink(r.root + "\\link", r.root + "\\kept")) return;
+    const auto is_link = [&](const std::string& path) {
+      bool link = false;
+      const RegStatus status = r.registry.IsLink(kUser, r.root + path, &link);
+      return std::to_string(status) + (link ? " link" : "");
+    };
+    CHECK(r.Values("\\link") == "v=31 ");
+    CHECK(is_link("\\link") == "0 link");
+    CHECK(is_link("\\kept") == "0");
+    CHECK(is_link("\\none") == "2");
+    CHECK(r.registry.DeleteKeyCall(kUser, r.root + "\\link") == kRegOk);
+    CHECK(r.Keys("") == "kept ");
+    CHECK(r.Values("\\kept") == "v=31 ");
+  }
 }
 
 TEST_SUITE("contract_profiles") {
