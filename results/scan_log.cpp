@@ -107,11 +107,13 @@ void ScanLog::FinishScan() {
 Outcome ScanLog::Append(std::string_view text) {
   std::string& path = parts_.settings.LogFilePath;
   Outcome written = parts_.files.Append(path, text);
+  written_.insert(path);
   if (written.ok()) return {};
   const std::string fallback = AddPathToFileName(parts_.folders.application, FileNamePart(path));
   written = std::move(written).With("LogFile: ", path);
   if (fallback == path || !parts_.files.Append(fallback, text).ok()) return written;
   path = fallback;
+  written_.insert(path);
   return std::move(written).With("Written to: ", fallback);
 }
 

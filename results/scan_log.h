@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -56,6 +57,9 @@ class ScanLog {
   // What a removal did, one line an object.
   void AddRemoval(const RemovalReport& report);
 
+  // The files of this run: more than one when the log's folder has changed.
+  const std::set<std::string>& written() const { return written_; }
+
  private:
   std::string Text(int number) const { return parts_.captions.Text(number); }
   // What a section says of a file; empty where it is not known.
@@ -84,6 +88,7 @@ class ScanLog {
   Outcome Append(std::string_view text);
 
   Parts parts_;
+  std::set<std::string> written_;
 };
 
 }  // namespace scourwell

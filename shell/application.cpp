@@ -1,6 +1,7 @@
 #include "shell/application.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "platform/file_utils.h"
@@ -98,8 +99,16 @@ void Application::FillTree() { scope_.FillTree(language_, ports_.files.Drives())
 void Application::Shutdown() {
   if (!started_) return;
   static_cast<void>(log_.Trap("MDIForm_Unload", [&]() -> Outcome {
-    if (settings_.AutoSave || !FileExists(ports_.files, settings_.LogFilePath)) return {};
-    return ports_.files.EraseFile(settings_.LogFilePath);
+    Outcome first;
+    if (settings_.AutoSave) return first;
+    std::set<std::string> logs = scan_log_.written();
+    logs.insert(settings_.LogFilePath);
+    for (const std::string& log : logs) {
+      if (!FileExists(ports_.files, log)) continue;
+      Outcome erased = ports_.files.EraseFile(log);
+      if (first.ok() && !erased.ok()) first = std::move(erased).With("LogFile: ", log);
+    }
+    return first;
   }));
   // No look at the definitions here: nobody would see the report any more.
   settings_store_.SaveSettings();

@@ -87,11 +87,17 @@ TEST_SUITE("application") {
     CHECK(p.Finished() == 2);
     CHECK(p.app.statistics().getNumberOfScans() == "2");
     CHECK(p.m.Errors() == "");
+    const std::string elsewhere = "C:\\Programs\\ScanLog.txt";
+    p.app.settings().LogFilePath = elsewhere;
+    p.app.PrepareScan();
+    p.app.RunScan("C:\\Programs");
     p.app.Shutdown();
     CHECK(p.m.Has(kLog));
+    CHECK(p.m.Has(elsewhere));
     p.app.settings().AutoSave = false;
     p.app.Shutdown();
     CHECK_FALSE(p.m.Has(kLog));
+    CHECK_FALSE(p.m.Has(elsewhere));
     CHECK(p.m.registry.Text(RootKey::CurrentUser, "Software\\Scourwell\\AutoSave", "AutoSave") ==
           "False");
     p.app.Shutdown();  // without a log
