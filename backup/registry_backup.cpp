@@ -1,5 +1,6 @@
 #include "backup/registry_backup.h"
 
+#include "platform/file_utils.h"
 #include "platform/reg_script.h"
 #include "platform/registry_access.h"
 #include "platform/text.h"
@@ -92,12 +93,13 @@ void RegistryBackup::ExportKey(const std::string& full_path, Registry& registry,
   static_cast<void>(registry.IsLink(place.root, place.path, &is_link));
   if (is_link) return;
   *script += KeyLine(full_path);
-  const RegStatus read = registry.EnumValues(place.root, place.path,
-                                             [&](const std::string& name, const RegValue& value) {
-                                               if (Fits(name, full_path))
-                                                 *script += ValueLineForScript(name, value);
-                                               return true;
-                                             });
+  const RegStatus read = registry.EnumValues(
+      place.root, place.path, [&](const std::string& name, const RegValue& value) {
+        if (Fits(name, full_path) && IsTrueName(name, value, registry, place, full_path)) {
+          *script += ValueLineForScript(name, value);
+        }
+        return true;
+      });
   std::vector<std::string> names;
   const RegStatus listed = registry.EnumKeys(place.root, place.path, [&](const std::string& name) {
     names.push_back(name);
@@ -109,6 +111,20 @@ void RegistryBackup::ExportKey(const std::string& full_path, Registry& registry,
     ExportKey(full_path + "\\" + name, registry, {place.root, place.path + "\\" + name}, depth + 1,
               script);
   }
+}
+
+// A name that the code page cannot hold comes back as another one, which may be that of a
+// neighbour.
+bool RegistryBackup::IsTrueName(const std::string& name, const RegValue& value, Registry& registry,
+                                const RegistryPlace& place, const std::string& full_path) {
+  if (!IsLossy(name)) return true;
+  RegValue found;
+  if (registry.QueryValue(place.root, place.path, name, &found) == kRegOk &&
+      found.type == value.type && found.data == value.data) {
+    return true;
+  }
+  left_out_.push_back(full_path + ": a name in it cannot be spelled");
+  return false;
 }
 
 bool RegistryBackup::Fits(std::string_view name, const std::string& full_path) {

@@ -41,6 +41,8 @@ class RegistryBackup {
                  unsigned depth, std::string* script);
   void ExportValue(const Detection& row, Registry& registry, const RegistryPlace& place,
                    std::string* script);
+  bool IsTrueName(const std::string& name, const RegValue& value, Registry& registry,
+                  const RegistryPlace& place, const std::string& full_path);
   bool Fits(std::string_view name, const std::string& full_path);
 
   Registry& registry_;
