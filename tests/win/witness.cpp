@@ -1,16 +1,21 @@
 // Writes down that it was started, and how: one line of C:\witness.txt per start.
 #include <windows.h>
 
+#include <string>
+
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-  const HANDLE file =
-      CreateFileA("C:\\witness.txt", GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  // One writes at a time: several may have been started at once.
+  HANDLE file = INVALID_HANDLE_VALUE;
+  for (int tries = 0; tries < 1000 && file == INVALID_HANDLE_VALUE; ++tries) {
+    file = CreateFileA("C:\\witness.txt", GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) Sleep(20);
+  }
   if (file == INVALID_HANDLE_VALUE) return 1;
   SetFilePointer(file, 0, nullptr, FILE_END);
-  const char* line = GetCommandLineA();
+  const std::string line = std::string(GetCommandLineA()) + "\r\n";
   DWORD written = 0;
-  WriteFile(file, line, static_cast<DWORD>(lstrlenA(line)), &written, nullptr);
-  WriteFile(file, "\r\n", 2, &written, nullptr);
+  WriteFile(file, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
   CloseHandle(file);
   return 0;
 }
