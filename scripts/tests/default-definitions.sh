@@ -76,6 +76,8 @@ done
 mkdir -p "$drive/running"
 process=$(sed -n 's/^0MEMAF=//p' "$work/dump.txt")
 cp "$stand_ins/stand_in.exe" "$drive/running/$process"
+# Its file is known as well, and found although the process is.
+printf 'file of a process\tC:\\running\\%s\n' "$process" >> "$work/planted.txt"
 wine "C:\\running\\$process" > /dev/null 2>&1 &
 spy=$!
 sleep 1
