@@ -190,9 +190,13 @@ Outcome frmMain::ShowBrowserHelpers() {
 Outcome frmMain::ShowOptions() {
   frmOptions options(shared_, app_);
   options.ShowModal(hwnd());
-  if (options.language_changed()) LanguageChanged();
-  if (home_) home_->Refresh();       // the definitions may have another number
-  PostCommand(IDM_mnuChangeReport);  // the definitions may be others now
+  // The definitions may be others now, with another number.
+  if (options.language_changed()) {
+    LanguageChanged();
+  } else if (home_) {
+    home_->Refresh();
+  }
+  PostCommand(IDM_mnuChangeReport);
   return {};
 }
 
