@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/win/native_text.h"
 #include "platform/win/win_error.h"
 
 namespace scourwell {
@@ -16,20 +17,8 @@ Outcome CodePagesWin::ToSystem(unsigned code_page, std::string* text) {
   std::wstring wide(static_cast<std::size_t>(needed), L'\0');
   const int written = MultiByteToWideChar(code_page, 0, text->data(), size, wide.data(), needed);
   if (written <= 0) return FailedWith(GetLastError());
-  *text = Narrow(wide);
+  *text = FromWide(wide);
   return {};
-}
-
-std::string Narrow(std::wstring_view text) {
-  const int size = static_cast<int>(text.size());
-  const int needed =
-      WideCharToMultiByte(CP_ACP, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
-  if (needed <= 0) return {};
-  std::string result(static_cast<std::size_t>(needed), '\0');
-  const int written =
-      WideCharToMultiByte(CP_ACP, 0, text.data(), size, result.data(), needed, nullptr, nullptr);
-  result.resize(written > 0 ? static_cast<std::size_t>(written) : 0);
-  return result;
 }
 
 }  // namespace scourwell

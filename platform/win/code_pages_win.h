@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string_view>
-
 #include "platform/code_pages.h"
 
 namespace scourwell {
@@ -11,8 +9,5 @@ class CodePagesWin : public CodePages {
   unsigned System() override;
   Outcome ToSystem(unsigned code_page, std::string* text) override;
 };
-
-// A wide text in the system's ANSI code page, with the nearest letters where it lacks some.
-std::string Narrow(std::wstring_view text);
 
 }  // namespace scourwell

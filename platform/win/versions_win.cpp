@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/win/code_pages_win.h"
+#include "platform/win/native_text.h"
 
 namespace scourwell {
 namespace {
@@ -24,7 +24,7 @@ Outcome VersionsWin::ReadBlock(const std::string& path, std::string* block) {
 }
 
 std::string VersionsWin::Narrow(std::u16string_view text) const {
-  return scourwell::Narrow(std::wstring(text.begin(), text.end()));
+  return FromWide(std::wstring(text.begin(), text.end()));
 }
 
 }  // namespace scourwell
