@@ -6,8 +6,10 @@
 
 #include "platform/text.h"
 #include "shell/caption_table.h"
+#include "shell/language_list.h"
 #include "tests/helpers.h"
 #include "tests/pack_check.h"
+#include "widgets/access_keys.h"
 
 namespace scourwell::test {
 namespace {
@@ -37,8 +39,7 @@ std::string GoodPack() {
 }
 
 // With the text of one number replaced.
-std::string With(int number, const std::string& text) {
-  std::string pack = GoodPack();
+std::string With(int number, const std::string& text, std::string pack = GoodPack()) {
   const std::size_t at = pack.find("\n" + std::to_string(number) + "=") + 1;
   const std::size_t value = pack.find('=', at) + 1;
   return pack.replace(value, pack.find('\r', value) - value, text);
@@ -53,8 +54,11 @@ TEST_SUITE("language_packs") {
       if (entry.path().extension() != ".ini") continue;
       ++count;
       CHECK(FaultsOfPack(entry.path().filename().string(), ContentOf(entry.path().string())) == "");
+      const std::filesystem::path picture =
+          std::filesystem::path(entry.path()).replace_extension("bmp");
+      CHECK_MESSAGE(IsSmallBitmap(ContentOf(picture.string())), picture);
     }
-    CHECK(count >= 4);
+    CHECK(count >= 8);
     CHECK(ContentOf(kPacks + std::string("/English.ini")) ==
           ReplaceAll(GoodPack(), "pack: X", "pack: English"));
   }
@@ -66,8 +70,8 @@ TEST_SUITE("language_packs") {
         {1502, "\"Details\"", "blanks or quotes at its ends would be lost"},
         {1502, "50 %", "other place holders"},
         {1502, "a|b", "a \"|\" too many"},
-        {1502, std::string(23, 'x'), "longer than the 22 characters that have room"},
-        {1847, std::string(69, 'x'), "longer than the 68 characters that have room"},
+        {1502, std::string(23, 'x'), "longer than the 22 columns that have room"},
+        {1847, std::string(69, 'x'), "longer than the 68 columns that have room"},
         {1534, "one#two", "other line breaks"},
         {1756, "Scans", "\":\" at the end differs"},
         {1767, "Loading", "\"...\" at the end differs"},
@@ -86,6 +90,49 @@ TEST_SUITE("language_packs") {
     // What the program would cut.
     CHECK(FaultsOfPack("X.ini", With(1847, std::string(500, 'x')))
               .starts_with("X.ini: 1847: longer than 499 bytes\n"));
+  }
+
+  TEST_CASE("letters of other code pages are counted, compared and named as such") {
+    const auto faults = [](const std::string& page, int number, const std::string& text) {
+      return FaultsOfPack("X.ini", ReplaceAll(With(number, text), "1252", page));
+    };
+    const std::string exit = "\xC2\xFB\xF5\xEE\xE4";       // of 1251
+    const std::string signs = "\x83\x7C\x83\x62\x83\x76";  // of 932, with a bar and a letter in it
+    CHECK(faults("1251", 17013, "&" + exit) == "");
+    CHECK(faults("1251", 1502, std::string(22, '\xD9')) == "");
+    CHECK(faults("932", 1502, ReplaceAll("11111111111", "1", signs.substr(0, 2))) == "");
+    CHECK(faults("932", 17013, signs + "(&X)") == "");
+    CHECK(faults("932", 17016, signs + "(&N) >") == "");
+    CHECK(faults("932", 1842, signs) == "");
+    const Rows<std::string, int, std::string, std::string> kWrong{
+        {"1251", 1502, std::string(23, '\xD9'), "longer than the 22 columns that have room"},
+        {"1251", 17022, "&\xDC" + exit + ":", "no usable access key"},
+        {"932", 1502, ReplaceAll("111111111111", "1", signs.substr(0, 2)),
+         "longer than the 22 columns that have room"},
+        {"932", 17022, "&" + signs + ":", "no usable access key"},
+        {"932", 17013, "(&X)" + signs, "the access key does not stand behind it"},
+    };
+    for (const auto& [page, number, text, fault] : kWrong) {
+      CHECK(faults(page, number, text) == "X.ini: " + std::to_string(number) + ": " + fault + "\n");
+    }
+    // The key that a button gets takes room too.
+    CHECK(faults("932", 1842, signs + signs + signs + signs) ==
+          "X.ini: the buttons have no room in: results, lower buttons, 442 pixels\n");
+    // Small and capital letters are the same key.
+    const std::string twice = With(17012, "\xEF&\xE2...", With(17013, "&" + exit));
+    CHECK(FaultsOfPack("X.ini", ReplaceAll(twice, "1252", "1251")) ==
+          "X.ini: 17013: its key is that of 17012 in: Scan menu\n");
+  }
+
+  TEST_CASE("captions without a key get one that can be typed") {
+    AccessKeys keys({"&\xD0\x9E", "&B"});
+    CHECK(keys.Add("\xD0\xBE\xD0\xA2") == "\xD0\xBE&\xD0\xA2");
+    CHECK(keys.Add("\xD1\x82\xD1\x8C") == "\xD1\x82\xD1\x8C");
+    CHECK(keys.Add("\xC3\x84r") == "\xC3\x84&r");
+    CHECK(keys.Add("\xE8\xA1\xA8...") == "\xE8\xA1\xA8(&A)...");
+    CHECK(keys.Add("\xE8\xA1\xA8:") == "\xE8\xA1\xA8(&C):");
+    // Bytes that are no UTF-8.
+    CHECK(keys.Add("\xE4\xD0") == "\xE4\xD0");
   }
 
   TEST_CASE("captions that stand together need keys and room of their own") {
@@ -113,6 +160,7 @@ TEST_SUITE("language_packs") {
         {"Enabled\r\n", "Enabled\n", "line 6: wrong line end"},
         {"Enabled\r\n", "Da\x81te\r\n", "line 6: a byte that code page 1252 lacks"},
         {"Enabled\r\n", "D\xC3\xA4te\r\n", "line 6: looks like UTF-8"},
+        {"Enabled\r\n", "\xE6\x9C\x89\r\n", "line 6: looks like UTF-8"},
         {"Enabled\r\n", "Enabled\t.\r\n", "line 6: a control character"},
         {"page 1252", "page 1250",
          "line 1: not \"; Scourwell language pack: X (ANSI code page 1252).\""},

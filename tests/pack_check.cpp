@@ -8,20 +8,13 @@
 #include "shell/caption_table.h"
 #include "shell/language.h"
 #include "tests/pack_rules.h"
+#include "tests/pack_text.h"
 #include "widgets/access_keys.h"
 
 namespace scourwell::test {
 namespace {
 
-// Bytes that a code page has no letter for.
-struct KnownPage {
-  std::string_view number;
-  std::string_view undefined;
-};
-constexpr KnownPage kPages[] = {
-    {"1250", "\x81\x83\x88\x90\x98"},
-    {"1252", "\x81\x8D\x8F\x90\x9D"},
-};
+constexpr char kAbout[] = "CodePage=";
 constexpr std::size_t kCodePageLine = 3;
 constexpr std::size_t kHeadLines = 5;
 constexpr int kExclaimed = 1820;  // ends with "!..." in English only
@@ -51,28 +44,30 @@ std::vector<std::string> LinesOf(std::string_view text) {
   return lines;
 }
 
-// The key that a caption names; 0 when there is none.
-char KeyOf(std::string_view text) {
-  const std::size_t at = text.find('&');
-  return at == text.npos || at + 1 == text.size() ? '\0' : Fold(text[at + 1]);
+// The code page that a pack states, or "".
+std::string StatedPage(const std::vector<std::string>& lines) {
+  if (lines.size() <= kCodePageLine || !lines[kCodePageLine].starts_with(kAbout)) return {};
+  const std::string_view number = std::string_view(lines[kCodePageLine]).substr(sizeof kAbout - 1);
+  return std::string(number.substr(0, number.find('\r')));
 }
 
-bool IsKey(char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); }
+// The key that a caption names; 0 when there is none.
+char32_t KeyOf(std::string_view text) {
+  const std::size_t at = text.find('&');
+  return at == text.npos ? 0 : KeyLetter(text, at + 1);
+}
 
-// Letters of two bytes, as an editor leaves them that knows no code pages.
-bool LooksLikeUtf8(std::string_view line) {
-  for (std::size_t i = 0; i + 1 < line.size(); ++i) {
-    const auto first = static_cast<unsigned char>(line[i]);
-    const auto second = static_cast<unsigned char>(line[i + 1]);
-    if (first >= 0xC2 && first <= 0xC5 && second >= 0x80 && second <= 0xBF) return true;
-  }
-  return line.starts_with("\xEF\xBB\xBF");
+// Of a caption in wide signs: "Scan(&S)", "Scan(&S)...", "Next(&N) >".
+bool HasKeyBehind(std::string_view text) {
+  const std::size_t at = text.find('&');
+  if (at == 0 || at + 2 >= text.size() || text[at - 1] != '(' || text[at + 2] != ')') return false;
+  return text.find_first_not_of(".:> ", at + 3) == text.npos;
 }
 
 class PackCheck {
  public:
   PackCheck(const std::string& file, std::string_view content)
-      : file_(file), lines_(LinesOf(content)) {
+      : file_(file), lines_(LinesOf(content)), page_(StatedPage(lines_)), charset_("CP" + page_) {
     CheckHead();
     for (std::size_t i = 0; i < lines_.size(); ++i) CheckBytes(i);
     for (std::size_t i = kHeadLines; i < lines_.size(); ++i) TakeCaption(i);
@@ -92,19 +87,13 @@ class PackCheck {
   }
 
   void CheckHead() {
-    const std::string stated = lines_.size() > kCodePageLine ? lines_[kCodePageLine] : "";
-    const std::string page(
-        TrimBlanks(stated.substr(std::min(stated.size(), stated.find('=') + 1)).substr(0, 4)));
-    const std::vector<std::string> head = LinesOf(HeadOf(file_.substr(0, file_.find('.')), page));
+    const std::vector<std::string> head = LinesOf(HeadOf(file_.substr(0, file_.find('.')), page_));
     for (std::size_t i = 0; i < kHeadLines; ++i) {
       if (i >= lines_.size() || lines_[i] != head[i]) {
         ComplainOfLine(i, "not \"" + head[i].substr(0, head[i].size() - 1) + "\"");
       }
     }
-    for (const KnownPage& known : kPages) {
-      if (known.number == page) page_ = &known;
-    }
-    if (!page_) Complain("unknown code page " + page);
+    if (!charset_.known()) Complain("unknown code page " + page_);
   }
 
   void CheckBytes(std::size_t index) {
@@ -113,10 +102,10 @@ class PackCheck {
       ComplainOfLine(index, "wrong line end");
     }
     const auto control = [](char c) { return c >= 0 && c < ' ' && c != '\r'; };
-    if (page_ && line.find_first_of(page_->undefined) != line.npos) {
-      ComplainOfLine(index, "a byte that code page " + std::string(page_->number) + " lacks");
-    } else if (LooksLikeUtf8(line)) {
+    if (LooksLikeUtf8(line)) {
       ComplainOfLine(index, "looks like UTF-8");
+    } else if (charset_.known() && !charset_.Decode(line)) {
+      ComplainOfLine(index, "a byte that code page " + page_ + " lacks");
     }
     if (std::any_of(line.begin(), line.end(), control)) {
       ComplainOfLine(index, "a control character");
@@ -132,7 +121,10 @@ class PackCheck {
       return ComplainOfLine(index, "no caption");
     }
     if (!texts_.empty() && number < texts_.rbegin()->first) Complain(number, "out of order");
-    if (!texts_.emplace(number, line.substr(equals + 1)).second) Complain(number, "there twice");
+    const std::string text = line.substr(equals + 1);
+    if (!texts_.emplace(number, charset_.Decode(text).value_or(text)).second) {
+      Complain(number, "there twice");
+    }
   }
 
   void CheckCaptions() {
@@ -161,10 +153,13 @@ class PackCheck {
     if (text.size() > kLongestCaption) Complain(number, "longer than 499 bytes");
     if (count(text, '#') != count(english, '#')) Complain(number, "other line breaks");
     if (count(text, '%') != count(english, '%')) Complain(number, "other place holders");
-    const bool key = count(text, '&') == 1 && IsKey(KeyOf(text));
+    const bool key = count(text, '&') == 1 && KeyOf(text) != 0;
     if (count(text, '&') != count(english, '&') || (count(english, '&') == 1 && !key)) {
       Complain(number, english.find('&') == english.npos ? "an access key that nothing shows"
                                                          : "no usable access key");
+    }
+    if (key && HasWideSigns(text) && !HasKeyBehind(text)) {
+      Complain(number, "the access key does not stand behind it");
     }
     for (const char* end : {"...", ":", ">"}) {
       if (english.ends_with(end) != text.ends_with(end) && number != kExclaimed) {
@@ -197,8 +192,8 @@ class PackCheck {
       const std::vector<int>& all = budget.captions;
       if (std::find(all.begin(), all.end(), number) != all.end()) most = budget.most;
     }
-    if (text.size() > most) {
-      Complain(number, "longer than the " + std::to_string(most) + " characters that have room");
+    if (Columns(text) > most) {
+      Complain(number, "longer than the " + std::to_string(most) + " columns that have room");
     }
   }
 
@@ -210,11 +205,11 @@ class PackCheck {
 
   void CheckGroup(const PackGroup& group) {
     AccessKeys keys;
-    std::map<char, int> owners;
+    std::map<char32_t, int> owners;
     for (const int number : group.captions) {
-      const char key = KeyOf(keys.Add(Text(number)));
+      const char32_t key = KeyOf(keys.Add(Text(number)));
       const auto [owner, is_new] = owners.emplace(key, number);
-      if (key == '\0') {
+      if (key == 0) {
         Complain(number, std::string("no letter is left for a key in: ") + group.name);
       } else if (!is_new) {
         Complain(number, std::string("its key is that of ") + std::to_string(owner->second) +
@@ -223,11 +218,12 @@ class PackCheck {
     }
   }
 
-  // What Metrics::ButtonWidth gives with the usual font, in tenths of a pixel.
+  // What Metrics::ButtonWidth gives with the usual font, in tenths of a pixel. Some captions have
+  // their key behind them.
   void CheckRow(const PackRow& row) {
     std::size_t width = 0;
     for (const int number : row.buttons) {
-      width += std::max<std::size_t>(790, 60 * Text(number).size() + 220) + 70;
+      width += std::max<std::size_t>(790, 60 * Columns(AccessKeys().Add(Text(number))) + 220) + 70;
     }
     const auto room = static_cast<std::size_t>(row.width) * 10;
     if (width - 70 > room) {
@@ -238,8 +234,9 @@ class PackCheck {
 
   std::string file_;
   std::vector<std::string> lines_;
-  const KnownPage* page_ = nullptr;
-  std::map<int, std::string> texts_;
+  std::string page_;
+  Charset charset_;
+  std::map<int, std::string> texts_;  // in UTF-8
   std::string faults_;
 };
 

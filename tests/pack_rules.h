@@ -5,7 +5,8 @@
 
 namespace scourwell::test {
 
-// How many characters captions may have where they stand; others have room for twice the English.
+// How many columns captions may take where they stand; others have room for twice the English. A
+// Latin or Russian letter takes one column, a Japanese sign two.
 struct PackBudget {
   std::size_t most;
   std::vector<int> captions;
