@@ -58,7 +58,7 @@ TEST_SUITE("language_packs") {
           std::filesystem::path(entry.path()).replace_extension("bmp");
       CHECK_MESSAGE(IsSmallBitmap(ContentOf(picture.string())), picture);
     }
-    CHECK(count >= 9);
+    CHECK(count >= 10);
     CHECK(ContentOf(kPacks + std::string("/English.ini")) ==
           ReplaceAll(GoodPack(), "pack: X", "pack: English"));
   }
