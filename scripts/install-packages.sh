@@ -13,6 +13,7 @@ everything=(
     clang-format
     xvfb xauth patchelf                             # private Wine and its display
     imagemagick attr                                # screenshots, DOS file attributes
+    locales                                         # Windows of other languages
     ca-certificates
 )
 

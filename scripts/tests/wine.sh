@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
-# scripts/wine: arguments, exit status and paths with blanks arrive; prefixes are made and kept apart.
+# scripts/wine: arguments, exit status and paths with blanks arrive; prefixes are made and kept apart;
+# the machine is the one that was asked for.
 set -euo pipefail
 
-wine=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)/wine
+scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+wine=$scripts/wine
+. "$scripts/locales.sh"
 work=$(mktemp -d)
 export WINEPREFIX="$work/a prefix"
 unset DISPLAY
-trap '"$wine" --kill; rm -rf "$work"' EXIT
+trap 'SCOURWELL_WINE= WINEPREFIX="$work/a prefix" "$wine" --kill; rm -rf "$work"' EXIT
 failures=0
 
 expect() {
@@ -24,6 +27,9 @@ int main(int count, char **words)
 {
     char folder[MAX_PATH];
     GetCurrentDirectoryA(sizeof folder, folder);
+    BOOL wow = FALSE;
+    IsWow64Process(GetCurrentProcess(), &wow);
+    if (count == 2) return printf("%u on %d\n", GetACP(), wow ? 64 : 32), 0;
     printf("%s|%s|%s\n", words[1], words[2], count > 3 ? folder : "");
     return 7;
 }
@@ -44,5 +50,17 @@ expect "by its Windows name" "$(run 'C:\run\echo it.exe' 1 2)" '1|2| 7'
 expect "drives of a prefix" "$(cd "$WINEPREFIX/dosdevices" && echo ?:)" 'c:'
 mkdir other && touch other/precious
 expect "a folder that is no prefix" "$(WINEPREFIX=other "$wine" 'C:\run\x.exe' 2>/dev/null || ls other)" precious
+
+# expect_machine WINE CODE-PAGE ANSWER
+expect_machine() {
+    export SCOURWELL_WINE=$1 WINEPREFIX="$work/machine$1"
+    expect "machine \"$1\" $2" "$(in_code_page "$2" "$wine" --inside "$work/some folder/echo it.exe" machine | tr -d '\r')" "$3"
+    "$wine" --kill
+}
+expect_machine '' 1252 '1252 on 32'
+expect_machine '' 932 '932 on 32'
+expect_machine '' 1251 '1251 on 32'
+expect_machine 64 1252 '1252 on 64'
+expect "no such Wine" "$(SCOURWELL_WINE=16 "$wine" x 2>/dev/null || echo no)" no
 
 exit $((failures > 0))
