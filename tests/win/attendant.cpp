@@ -1,0 +1,74 @@
+// Answers the windows of a Scourwell that runs already, for walks that start it from outside:
+//   attendant close     waits for the outcome of a removal, closes it and ends the program
+//   attendant restore   brings back the newest backup, tells what came of it and ends the program
+// Windows are known by their classes, which are the same in every language. Exit status 1 when one
+// did not come up.
+#include <cstdio>
+#include <cstring>
+
+#include "tests/win/driver.h"
+#include "widgets/resource.h"
+
+namespace {
+
+using namespace scourwell::ui;
+
+constexpr DWORD kPatience = 30000;  // milliseconds
+constexpr char kMessageBox[] = "#32770";
+
+HWND WaitForWindow(const char* class_name) {
+  HWND found = nullptr;
+  WaitFor(
+      [&] {
+        do {
+          found = FindWindowExA(nullptr, found, class_name, nullptr);
+        } while (found && !IsWindowVisible(found));
+        return found != nullptr;
+      },
+      kPatience);
+  if (!found) std::printf("no window of class %s\n", class_name);
+  return found;
+}
+
+// Presses a button of a window that ends with it.
+bool Answer(HWND window, int button) {
+  if (!window) return false;
+  PostMessageA(window, WM_COMMAND, static_cast<WPARAM>(button), 0);
+  return WaitFor([&] { return !IsWindow(window); }, kPatience);
+}
+
+bool End() {
+  const HWND top = WaitForWindow("frmMain");
+  if (!top) return false;
+  PostMessageA(top, WM_CLOSE, 0, 0);
+  return WaitFor([&] { return !IsWindow(top); }, kPatience);
+}
+
+bool CloseOutcome() { return Answer(WaitForWindow("frmResults"), IDOK) && End(); }
+
+bool Restore() {
+  const HWND top = WaitForWindow("frmMain");
+  if (!top || !ReadyControl(top, IDC_imgSearch, kPatience)) return false;
+  Command(top, IDM_mnuBackups);
+  const HWND manager = WaitForWindow("frmBackup");
+  if (!manager) return false;
+  const HWND restore = ReadyControl(manager, IDC_cmdRestore, kPatience);
+  std::printf("backups: %u\n",
+              static_cast<unsigned>(ListRows(Control(manager, IDC_BackupList)).size()));
+  if (!restore) return false;
+  Click(restore);
+  if (!Answer(WaitForWindow(kMessageBox), IDYES)) return false;
+  const HWND done = WaitForWindow(kMessageBox);
+  if (!done) return false;
+  std::printf("%s\n", Text(GetDlgItem(done, 0xFFFF)).c_str());
+  return Answer(done, IDOK) && Answer(manager, IDCANCEL) && End();
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  if (count == 2 && std::strcmp(words[1], "close") == 0) return CloseOutcome() ? 0 : 1;
+  if (count == 2 && std::strcmp(words[1], "restore") == 0) return Restore() ? 0 : 1;
+  std::printf("usage: attendant close | restore\n");
+  return 2;
+}
