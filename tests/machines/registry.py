@@ -5,10 +5,10 @@ import re
 HERE = os.path.dirname(os.path.abspath(__file__))
 # What the program and Wine's services change anyhow.
 OWN_KEYS = re.compile(
-    r"user Software\\Scourwell(\\|$)|system System\\(CurrentControlSet|ControlSet001)\\(Control\\Class|Enum\\(DISPLAY|PCI))\\",
+    r"user (Software\\Scourwell|Console)(\\|$)|system System\\(CurrentControlSet|ControlSet001)\\(Control\\Class|Enum\\(DISPLAY|PCI))\\",
     re.IGNORECASE)
-# What goes at the next start stands there after a removal, and not any more once it is restored.
-PENDING = '"PendingFileRenameOperations"='
+# What goes at the next start.
+PENDING = '"PendingFileRenameOperations"=str(7):"'
 
 
 class Spy:
@@ -47,7 +47,23 @@ def without_spies(keys, wide):
     return left
 
 
-def differences(before, now, pending):
+def goes_at_next_start(keys):
+    """Paths; they alternate with places, which are empty when the path shall be deleted."""
+    for key, values in keys.items():
+        for value in values:
+            if value.startswith(PENDING):
+                yield from (path.replace("\\??\\", "", 1) for path in plain(value[len(PENDING):-1]).split("\0")[0:-1:2])
+
+
+def plain(text):
+    """Without the escapes of Wine's files."""
+    def one(match):
+        return match.group(1) or ("\0" if match.group(2) else chr(int(match.group(3), 16)))
+    text = re.sub(r'\\(?:([\\"\[\]])|(0)|x([0-9a-f]{1,4}))', one, text)
+    return text.encode("utf-16-le", "surrogatepass").decode("utf-16-le", "replace")
+
+
+def differences(before, now):
     """Pairs of key and what is wrong with it."""
     for key in sorted(before.keys() | now.keys()):
         if OWN_KEYS.match(key):
@@ -57,5 +73,5 @@ def differences(before, now, pending):
             yield key, "the key is %s" % ("gone" if has is None else "there")
             continue
         for value in sorted(set(was) ^ set(has)):
-            if not (pending and value.startswith(PENDING)):
+            if not value.startswith(PENDING):
                 yield key, "%s is %s" % (value, "gone" if value in was else "there")
