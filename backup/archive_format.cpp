@@ -11,6 +11,7 @@ namespace {
 constexpr std::string_view kPieceMagic("SWQZP\r\n\x1A", 8);
 constexpr std::string_view kTrailerMagic("QZPEND\r\n", 8);
 constexpr std::size_t kItemSize = 60;  // without its path
+constexpr std::size_t kLongestItemPath = 0xFFFF;
 
 Outcome Damaged(const char* what) {
   return Outcome::Failed(kDeviceError, std::string("The archive is damaged: ") + what);
@@ -51,7 +52,7 @@ ArchiveItem TakeItem(NumberReader& from, bool* valid) {
 
 std::string EncodePieceHeader(const PieceHeader& header) {
   std::string bytes(kPieceMagic);
-  PutNumber(&bytes, kArchiveVersion, 4);
+  PutNumber(&bytes, header.version, 4);
   PutNumber(&bytes, header.number, 4);
   PutNumber(&bytes, header.identity, 8);
   PutNumber(&bytes, 0, 4);
@@ -67,10 +68,10 @@ Outcome DecodePieceHeader(std::string_view bytes, PieceHeader* header) {
   if (from.TakeText(kPieceMagic.size()) != kPieceMagic) {
     return Outcome::Failed(kTypeMismatch, "The file is not a backup archive");
   }
-  const std::uint32_t version = from.Take32();
-  if (version != kArchiveVersion) {
-    return Outcome::Failed(kTypeMismatch,
-                           "The archive has the unknown version " + std::to_string(version));
+  header->version = from.Take32();
+  if (header->version != kArchiveVersion && header->version != kAnsiArchiveVersion) {
+    return Outcome::Failed(
+        kTypeMismatch, "The archive has the unknown version " + std::to_string(header->version));
   }
   header->number = from.Take32();
   header->identity = from.Take(8);
@@ -164,24 +165,13 @@ std::string VolumeName(std::string_view name, std::uint32_t number) {
 }
 
 bool IsStorablePath(std::string_view path) {
-  if (path.size() < 4 || path.size() > kLongestPath || path[1] != ':' || !IsPlainPath(path)) {
-    return false;
-  }
-  for (path.remove_prefix(3);;) {
-    const std::size_t slash = path.find('\\');
-    const std::string_view part = path.substr(0, slash);
-    // Windows drops dots and blanks at the end of a part.
-    if (part.empty() || part.back() == '.' || part.back() == ' ') return false;
-    if (slash == std::string_view::npos) return true;
-    path.remove_prefix(slash + 1);
-  }
+  return path.size() >= 4 && path.size() <= kLongestItemPath && path[1] == ':' && IsExactPath(path);
 }
 
 bool IsScriptName(std::string_view name) {
   constexpr std::string_view kEnding = ".reg";
-  return name.size() > kEnding.size() && name.find('\\') == std::string_view::npos &&
-         EqualsNoCase(name.substr(name.size() - kEnding.size()), kEnding) &&
-         IsStorablePath("C:\\" + std::string(name));
+  return name.size() > kEnding.size() && !HoldsSeparator(name) && EndsWithNoCase(name, kEnding) &&
+         IsPlainPath("C:\\" + std::string(name)) && name.size() <= kLongestItemPath;
 }
 
 }  // namespace scourwell

@@ -14,7 +14,9 @@ namespace scourwell {
 // archive, another version, another archive), kPastEndOfFile (something is missing) or
 // kDeviceError (damaged).
 
-inline constexpr unsigned kArchiveVersion = 1;
+inline constexpr unsigned kArchiveVersion = 2;
+// Its paths are bytes of the ANSI code page of the machine; otherwise it is the same.
+inline constexpr unsigned kAnsiArchiveVersion = 1;
 inline constexpr std::size_t kPieceHeaderSize = 32;
 inline constexpr std::size_t kTrailerSize = 40;
 inline constexpr std::size_t kArchiveBlock = 256 * 1024;   // bytes of content in a block
@@ -38,6 +40,7 @@ struct ArchiveItem {
 struct PieceHeader {
   std::uint64_t identity = 0;  // the same in all pieces of an archive
   std::uint32_t number = 1;
+  std::uint32_t version = kArchiveVersion;
 };
 
 struct ArchiveTrailer {
@@ -65,8 +68,8 @@ Outcome DecodeIndex(std::string_view bytes, std::uint64_t last_data, ArchiveInde
 // "name.q01", "name.q100".
 std::string VolumeName(std::string_view name, std::uint32_t number);
 
-// True for a path that may be stored and restored: plain, on a drive but not its root, no longer
-// than the system's calls take, with no part that Windows would read as another one.
+// True for a path that may be stored and restored: exact, on a drive but not its root, and no
+// longer than an item has room for.
 bool IsStorablePath(std::string_view path);
 // True for a bare file name that ends in ".reg" and could stand in any folder.
 bool IsScriptName(std::string_view name);

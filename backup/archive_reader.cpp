@@ -16,7 +16,15 @@ Outcome Damaged(const ArchiveItem& item) {
 }  // namespace
 
 Outcome ArchiveReader::Open(const std::string& path, FindVolume find) {
-  return volumes_.Open(path, std::move(find), &items_);
+  Outcome opened = volumes_.Open(path, std::move(find), &items_);
+  if (!opened.ok() || volumes_.version() != kAnsiArchiveVersion) return opened;
+  for (ArchiveItem& item : items_) {
+    const std::string bytes = std::move(item.path);
+    if (!code_pages_.Decode(code_pages_.System(), bytes, &item.path).ok()) {
+      return Outcome::Failed(kDeviceError, "The archive is damaged: it holds impossible names");
+    }
+  }
+  return {};
 }
 
 Outcome ArchiveReader::ReadBlock(const ArchiveItem& item, std::uint64_t* at, std::size_t size,

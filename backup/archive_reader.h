@@ -7,6 +7,7 @@
 
 #include "backup/archive_writer.h"
 #include "backup/volume_reader.h"
+#include "platform/code_pages.h"
 #include "platform/pump.h"
 
 namespace scourwell {
@@ -18,7 +19,8 @@ class ArchiveReader {
   // Gets the next bytes of an item; a failure ends the reading with it.
   using Sink = std::function<Outcome(std::string_view block)>;
 
-  ArchiveReader(Files& files, Pump& pump) : pump_(pump), volumes_(files) {}
+  ArchiveReader(Files& files, Pump& pump, CodePages& code_pages)
+      : pump_(pump), code_pages_(code_pages), volumes_(files) {}
 
   // Once. Reads the index alone, which lies in the last piece ("name.qzp"). Other volumes are
   // looked for beside it first, then where `find` says. kTypeMismatch: no archive, or another
@@ -41,6 +43,7 @@ class ArchiveReader {
                     std::string_view* plain);
 
   Pump& pump_;
+  CodePages& code_pages_;
   VolumeReader volumes_;
   std::vector<ArchiveItem> items_;
   std::string stored_;

@@ -53,7 +53,7 @@ Outcome ArchiveWriter::Abandon(Outcome why) {
 
 Outcome ArchiveWriter::AddFile(const std::string& path) {
   if (!open_) return broken_.ok() ? Outcome::Failed(kInvalidCall) : broken_;
-  const std::string plain = path.substr(0, path.find_last_not_of('\\') + 1);
+  const std::string plain = std::string(WithoutEndSeparators(path));
   DirEntry entry;
   Outcome found;
   if (!IsStorablePath(plain)) {
@@ -74,10 +74,10 @@ Outcome ArchiveWriter::AddFile(const std::string& path) {
 std::string ArchiveWriter::TrueName(const std::string& path) {
   std::string result = path.substr(0, 2);
   for (std::size_t at = 2; at < path.size();) {
-    const std::size_t end = std::min(path.find('\\', at + 1), path.size());
+    const std::size_t end = PartEnd(path, at + 1);
     DirEntry entry;
-    const bool known = files_.Stat(path.substr(0, end), &entry).ok() && !IsLossy(entry.name);
-    result += '\\' + (known ? entry.name : path.substr(at + 1, end - at - 1));
+    const bool known = files_.Stat(path.substr(0, end), &entry).ok();
+    result += kSeparator + (known ? entry.name : path.substr(at + 1, end - at - 1));
     at = end;
   }
   return IsStorablePath(result) ? result : path;
@@ -88,9 +88,7 @@ void ArchiveWriter::AddTree(const std::string& path, const DirEntry& entry) {
   if (!broken_.ok()) return;
   if (entry.IsLink()) return Note(path, kPathFileAccess, "A link is not stored");
   if (!IsStorablePath(path)) {
-    return Fail(path,
-                Outcome::Failed(kBadFileName, IsLossy(path) ? "The name has unknown characters"
-                                                            : "The path cannot be stored"));
+    return Fail(path, Outcome::Failed(kBadFileName, "The path cannot be stored"));
   }
   if (entry.IsFolder()) return AddFolder(path, entry);
   if (stored_.count(path) == 0) AddContent(path, entry);

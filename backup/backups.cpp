@@ -4,6 +4,7 @@
 
 #include "platform/file_utils.h"
 #include "platform/text.h"
+#include "platform/unicode.h"
 
 namespace scourwell {
 namespace {
@@ -13,6 +14,7 @@ constexpr char kScriptEnding[] = ".reg";
 constexpr char kExport64[] = "export64.reg";
 constexpr std::uint32_t kImportLimit = 15'000;  // milliseconds for one script
 constexpr unsigned kMostNames = 1000;
+constexpr std::size_t kLongestFileName = 255;  // 16-bit units
 
 // The rules of removal hold for restoring too: an archive is only a file that somebody made.
 class Guard : public RestoreGuard {
@@ -32,8 +34,7 @@ class Guard : public RestoreGuard {
 
 // A listing compares 8.3 names too: its "*.reg" finds "notes.registry".
 bool HasEnding(std::string_view name, std::string_view ending) {
-  return name.size() > ending.size() &&
-         EqualsNoCase(name.substr(name.size() - ending.size()), ending);
+  return name.size() > ending.size() && EndsWithNoCase(name, ending);
 }
 
 bool OnDisk(const Detection& row) {
@@ -58,11 +59,12 @@ Outcome Backups::CheckFolder() const {
 }
 
 bool Backups::IsUsableName(const std::string& name) const {
-  if (name.empty() || name.find_first_of("\\/:*?\"<>|%") != name.npos) return false;
+  if (name.empty() || HoldsSeparator(name) || name.find_first_of("/:*?\"<>|%") != name.npos) {
+    return false;
+  }
   if (name.front() == ' ' || name.back() == ' ' || name.front() == '.') return false;
-  const std::string longest = PathOf(name + kExport64);
-  return IsPlainPath(PathOf(name + kEnding)) && IsPlainPath(longest) &&
-         longest.size() <= kLongestPath;
+  return IsPlainPath(PathOf(name + kEnding)) &&
+         ToUtf16(name + kExport64).size() <= kLongestFileName;
 }
 
 bool Backups::Exists(const std::string& name) const {
@@ -115,7 +117,8 @@ Outcome Backups::Store(const std::string& name, const std::vector<const Detectio
   if (Outcome made = archive.Create(PathOf(name + kEnding), std::move(options)); !made.ok()) {
     return made;
   }
-  RegistryBackup registry(parts_.registry, parts_.registry64, parts_.pump);
+  RegistryBackup registry(parts_.registry, parts_.registry64, parts_.pump, parts_.code_pages,
+                          ReaderOf(parts_.os));
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const Detection& row = *rows[i];
     const std::size_t failed = archive.result().failed.size();
@@ -141,15 +144,21 @@ Outcome Backups::Store(const std::string& name, const std::vector<const Detectio
 // In the order in which they are imported: what knows the true types comes last.
 Outcome Backups::AddScripts(const std::string& name, const RegistryBackup& registry,
                             ArchiveWriter* archive) {
-  const std::pair<const char*, const std::string*> scripts[] = {
-      {"key.reg", &registry.keys()},
-      {"val.reg", &registry.values()},
-      {"export.reg", &registry.exported()},
-      {kExport64, &registry.exported64()},
+  const struct {
+    const char* ending;
+    const RegScript* script;
+    bool always;
+  } scripts[] = {
+      {"key.reg", &registry.keys(), true},
+      {"val.reg", &registry.values(), true},
+      {"export.reg", &registry.exported(), false},
+      {kExport64, &registry.exported64(), false},
   };
-  for (const auto& [ending, text] : scripts) {
-    if (text->empty()) continue;
-    if (Outcome added = archive->AddScript(name + ending, *text); !added.ok()) return added;
+  for (const auto& [ending, script, always] : scripts) {
+    if (script->empty() && !always) continue;
+    if (Outcome added = archive->AddScript(name + ending, script->Bytes()); !added.ok()) {
+      return added;
+    }
   }
   return {};
 }
@@ -172,7 +181,7 @@ Outcome Backups::Restore(const std::string& key, const FindVolume& find, Restore
   return parts_.log.Trap("cmdRestore", [&]() -> Outcome {
     if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
     DeleteScripts();
-    ArchiveReader archive(parts_.files, parts_.pump);
+    ArchiveReader archive(parts_.files, parts_.pump, parts_.code_pages);
     if (Outcome opened = archive.Open(PathOf(key), find); !opened.ok()) {
       return std::move(opened).With("Archive: ", key);
     }
@@ -191,10 +200,12 @@ Outcome Backups::Restore(const std::string& key, const FindVolume& find, Restore
 }
 
 // What writes into the 64-bit view. A 64-bit Windows gives our kind of program the 32-bit editor
-// even by the full path of the other one; what lies in its "Sysnative" is the true one.
+// even by the full path of the other one; only when it starts a program, "Sysnative" is a name of
+// the true system folder.
 std::string Backups::Importer64() const {
-  const std::string native = AddPathToFileName(parts_.folders.windows, "Sysnative\\reg.exe");
-  if (FileExists(parts_.files, native)) return native + " import";
+  if (FileExists(parts_.files, AddPathToFileName(parts_.folders.system, "reg.exe"))) {
+    return AddPathToFileName(parts_.folders.windows, "Sysnative\\reg.exe") + " import";
+  }
   return AddPathToFileName(parts_.folders.windows, "regedit.exe") + " /S";
 }
 
@@ -219,7 +230,7 @@ void Backups::Import(const std::string& script) {
 Outcome Backups::Delete(const std::string& key) {
   return parts_.log.Trap("cmdClean", [&]() -> Outcome {
     if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
-    if (key.empty() || key.find_first_of("\\/:*?") != key.npos) {
+    if (key.empty() || HoldsSeparator(key) || key.find_first_of("/:*?") != key.npos) {
       return Outcome::Failed(kBadFileName);
     }
     if (Outcome erased = parts_.files.EraseFile(PathOf(key)); !erased.ok()) {

@@ -9,6 +9,7 @@
 #include "backup/volume_reader.h"
 #include "platform/app_settings.h"
 #include "platform/error_log.h"
+#include "platform/op_sys_info.h"
 #include "platform/path_guard.h"
 #include "platform/shell.h"
 
@@ -40,6 +41,8 @@ class Backups {
     Pump& pump;
     Shell& shell;
     ErrorLog& log;
+    CodePages& code_pages;
+    const COpSysInfo& os;
     const SystemFolders& folders;
     const AppSettings& settings;
   };

@@ -62,7 +62,7 @@ Outcome Extractor::Extract(ArchiveReader& archive, std::size_t number) {
 Outcome Extractor::MakeFolders(const std::string& folder, Holds* holds,
                                std::vector<std::string>* made) {
   for (std::size_t end = 2; end < folder.size();) {
-    end = std::min(folder.find('\\', end + 1), folder.size());
+    end = PartEnd(folder, end + 1);
     const std::string layer = folder.substr(0, end);
     DirEntry entry;
     Outcome found = files_.Stat(layer, &entry);
@@ -149,9 +149,6 @@ Outcome Extractor::MoveAside(const std::string& path, std::string* kept_as) {
   Outcome moved;
   for (unsigned number = 1; number <= kMostKept; ++number) {
     *kept_as = path + ".kept" + (number == 1 ? "" : std::to_string(number));
-    if (kept_as->size() > kLongestPath) {
-      return Outcome::Failed(kBadFileName, "The file in its place cannot be kept aside");
-    }
     moved = files_.Move(path, *kept_as);
     if (moved.number() != kFileExists) return moved;
   }
@@ -168,7 +165,7 @@ void Extractor::Stamp(const ArchiveItem& item) {
 
 void Extractor::FinishFolders() {
   const auto depth = [](const ArchiveItem& item) {
-    return std::count(item.path.begin(), item.path.end(), '\\');
+    return std::count(item.path.begin(), item.path.end(), kSeparator);
   };
   std::stable_sort(folders_.begin(), folders_.end(),
                    [&](const ArchiveItem& a, const ArchiveItem& b) { return depth(a) > depth(b); });
@@ -197,7 +194,7 @@ Outcome Extractor::ExtractScript(ArchiveReader& archive, std::size_t number,
   DirEntry there;
   std::unique_ptr<FileWriter> writer;
   Outcome done;
-  if (item.kind != ItemKind::Script || !IsScriptName(item.path) || path.size() > kLongestPath) {
+  if (item.kind != ItemKind::Script || !IsScriptName(item.path)) {
     done = Outcome::Failed(kBadFileName, "The archive names a script that is not allowed");
   } else {
     done = files_.Stat(path, &there);

@@ -28,6 +28,8 @@ SIZE frmBackup::FirstSize() const { return {metrics().Scale(520), metrics().Scal
 
 void frmBackup::OnCreate() {
   CreateHeader(Text(1403), Text(17130));
+  BackupList_.row_count = [this] { return rows_.size(); };
+  BackupList_.cell_text = [this](std::size_t row, int column) { return Cell(rows_[row], column); };
   BackupList_.Create(env_, hwnd(), IDC_BackupList);
   BackupList_.AddColumn(kDate, Text(1404), metrics().Scale(150));
   BackupList_.AddColumn(kName, Text(1405), metrics().Scale(230));
@@ -69,31 +71,17 @@ void frmBackup::OnSize(Area area) {
 }
 
 LRESULT frmBackup::OnNotify(NMHDR* header) {
-  if (header->hwndFrom != BackupList_.hwnd()) return 0;
-  switch (header->code) {
-    case LVN_GETDISPINFOA:
-      return FillItem(reinterpret_cast<NMLVDISPINFOA*>(header));
-    case LVN_ITEMCHANGED:
-    case LVN_ODSTATECHANGED:
-      SelectionChanged();
-      return 0;
-    case LVN_ODFINDITEMA:
-      return -1;
-    default:
-      return 0;
+  if (const auto answer = BackupList_.Answer(header)) return *answer;
+  const bool ours = header->hwndFrom == BackupList_.hwnd();
+  if (ours && (header->code == LVN_ITEMCHANGED || header->code == LVN_ODSTATECHANGED)) {
+    SelectionChanged();
   }
+  return 0;
 }
 
-LRESULT frmBackup::FillItem(NMLVDISPINFOA* info) {
-  LVITEMA& item = info->item;
-  const auto row = static_cast<std::size_t>(item.iItem);
-  if (row >= rows_.size() || !(item.mask & LVIF_TEXT)) return 0;
-  const BackupRow& backup = rows_[row];
-  cell_ = item.iSubItem == kDate   ? clock_.GeneralDate(clock_.ToLocal(backup.modified))
-          : item.iSubItem == kName ? backup.key
-                                   : std::to_string(backup.size);
-  item.pszText = cell_.data();
-  return 0;
+std::string frmBackup::Cell(const BackupRow& backup, int column) const {
+  if (column == kDate) return clock_.GeneralDate(clock_.ToLocal(backup.modified));
+  return column == kName ? backup.key : std::to_string(backup.size);
 }
 
 bool frmBackup::OnCommand(int id) {

@@ -31,7 +31,7 @@ class frmBackup : public ListDialog {
   void Load();
   int Selected() const { return BackupList_.Selected(); }
   void SelectionChanged();
-  LRESULT FillItem(NMLVDISPINFOA* info);
+  std::string Cell(const BackupRow& backup, int column) const;
   void cmdRestore_Click();
   void cmdClean_Click();
   void Busy(bool busy);
@@ -43,7 +43,6 @@ class frmBackup : public ListDialog {
   std::string folder_;
   std::function<void()> help_;
   std::vector<BackupRow> rows_;
-  std::string cell_;
   bool busy_ = false;
   ReportListView BackupList_;
   Button cmdRestore_;

@@ -22,6 +22,8 @@ void frmIgnore::OnCreate() {
   CreateHeader(Text(1513), Text(17120));
   IgnoreListView_.on_check = [this](const auto& rows, bool checked) { Check(rows, checked); };
   IgnoreListView_.is_checked = [this](int row) { return checked_[static_cast<std::size_t>(row)]; };
+  IgnoreListView_.row_count = [this] { return records_.size(); };
+  IgnoreListView_.cell_text = [this](std::size_t row, int column) { return Field(row, column); };
   IgnoreListView_.Create(env_, hwnd(), IDC_IgnoreListView);
   const int type = metrics().TextWidth(std::string(kSpyRegistryValue)) + metrics().Scale(40);
   IgnoreListView_.AddColumn(kType, Text(1500), type);
@@ -112,9 +114,8 @@ void frmIgnore::CheckAll(bool checked) {
 }
 
 LRESULT frmIgnore::OnNotify(NMHDR* header) {
+  if (const auto answer = IgnoreListView_.Answer(header)) return *answer;
   if (header->hwndFrom != IgnoreListView_.hwnd()) return 0;
-  if (header->code == LVN_GETDISPINFOA) return FillItem(reinterpret_cast<NMLVDISPINFOA*>(header));
-  if (header->code == LVN_ODFINDITEMA) return -1;
   if (header->code == NM_CUSTOMDRAW) {
     const auto& draw = *reinterpret_cast<const NMLVCUSTOMDRAW*>(header);
     return DrawPathColumn(
@@ -127,15 +128,6 @@ LRESULT frmIgnore::OnNotify(NMHDR* header) {
 const std::string& frmIgnore::Field(std::size_t row, int column) const {
   const IgnoreRecord& record = records_[row];
   return column == kSystem ? record.system : column == kDetails ? record.details : record.kind;
-}
-
-LRESULT frmIgnore::FillItem(NMLVDISPINFOA* info) const {
-  LVITEMA& item = info->item;
-  const auto row = static_cast<std::size_t>(item.iItem);
-  if (row >= records_.size()) return 0;
-  if (item.mask & LVIF_TEXT) item.pszText = const_cast<char*>(Field(row, item.iSubItem).c_str());
-  if (item.mask & LVIF_STATE) item.state = INDEXTOSTATEIMAGEMASK(checked_[row] ? 2u : 1u);
-  return 0;
 }
 
 }  // namespace scourwell

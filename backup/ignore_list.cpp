@@ -1,10 +1,14 @@
 #include "backup/ignore_list.h"
 
+#include "platform/escaped.h"
 #include "platform/file_utils.h"
 #include "platform/text.h"
 
 namespace scourwell {
 namespace {
+
+constexpr char kSection[] = "IgnoreList";
+constexpr char kCodePage[] = "CodePage";
 
 // Takes one field off the front of `rest`; `*ended` says that it was the last of its line.
 std::string TakeField(std::string_view* rest, bool* ended) {
@@ -59,14 +63,14 @@ Outcome IgnoreList::Load(std::vector<IgnoreRecord>* records) {
   std::string content;
   Outcome read = files_.Read(path_, kLargest, &content);
   if (read.number() == kFileNotFound) return {};
-  if (read.ok()) *records = ParseIgnoreRecords(content);
+  if (read.ok()) *records = ParseIgnoreRecords(FromFile(content));
   return read;
 }
 
 Outcome IgnoreList::Append(const std::vector<IgnoreRecord>& records) {
-  std::string lines;
-  for (const IgnoreRecord& record : records) lines += IgnoreLine(record);
-  Outcome written = lines.empty() ? Outcome() : files_.Append(path_, lines);
+  if (records.empty()) return {};
+  Outcome written = TurnOver();
+  if (written.ok()) written = files_.Append(path_, ToFile(records));
   if (!written.ok()) return written;
   // Should the file not be readable now, they count all the same.
   for (const IgnoreRecord& record : records) keys_.insert(Key(record.kind, record.details));
@@ -76,10 +80,8 @@ Outcome IgnoreList::Append(const std::vector<IgnoreRecord>& records) {
 // The list is replaced as a whole, so that it is there at every moment.
 Outcome IgnoreList::Keep(const std::vector<IgnoreRecord>& kept) {
   const std::string scratch = AddPathToFileName(FolderPart(path_), "ignorespytemp.txt");
-  std::string lines;
-  for (const IgnoreRecord& record : kept) lines += IgnoreLine(record);
-  if (!lines.empty()) {
-    if (Outcome written = files_.Append(scratch, lines); !written.ok()) return written;
+  if (!kept.empty()) {
+    if (Outcome written = files_.Append(scratch, ToFile(kept)); !written.ok()) return written;
   }
   std::string content;
   Outcome read = files_.Read(scratch, kLargest, &content);
@@ -87,7 +89,37 @@ Outcome IgnoreList::Keep(const std::vector<IgnoreRecord>& kept) {
     return FileExists(files_, path_) ? files_.EraseFile(path_) : Outcome();
   }
   if (read.ok()) read = files_.Replace(path_, content);
+  if (read.ok()) read = kept_.Set(kSection, kCodePage, std::to_string(code_pages_.System()));
   return read.ok() ? files_.EraseFile(scratch) : std::move(read);
+}
+
+unsigned IgnoreList::FileCodePage() {
+  const std::int32_t stated = LeadingNumber(kept_.Get(kSection, kCodePage));
+  return stated > 0 ? static_cast<unsigned>(stated) : code_pages_.System();
+}
+
+std::string IgnoreList::FromFile(std::string_view bytes) {
+  std::string text;
+  const unsigned code_page = FileCodePage();
+  if (code_page != code_pages_.System() && code_pages_.Decode(code_page, bytes, &text).ok()) {
+    return Unescaped(text);
+  }
+  return code_pages_.FromFile(bytes);
+}
+
+std::string IgnoreList::ToFile(const std::vector<IgnoreRecord>& records) {
+  std::string lines;
+  for (const IgnoreRecord& record : records) lines += IgnoreLine(record);
+  return code_pages_.ToFile(lines);
+}
+
+// Before a record is appended: the list of another code page is written anew in the present one.
+Outcome IgnoreList::TurnOver() {
+  const unsigned system = code_pages_.System();
+  if (FileCodePage() == system) return kept_.Set(kSection, kCodePage, std::to_string(system));
+  std::vector<IgnoreRecord> records;
+  if (Outcome read = Load(&records); !read.ok()) return read;
+  return Keep(records);
 }
 
 std::string IgnoreList::Key(std::string_view kind, std::string_view details) {
@@ -105,7 +137,7 @@ Outcome IgnoreList::Refresh() {
   Outcome read = watched_.Refresh(path_, {}, [&](std::optional<std::string> content) {
     if (!content) return;
     std::unordered_set<std::string> keys;
-    for (const IgnoreRecord& record : ParseIgnoreRecords(*content)) {
+    for (const IgnoreRecord& record : ParseIgnoreRecords(FromFile(*content))) {
       keys.insert(Key(record.kind, record.details));
     }
     keys_ = std::move(keys);

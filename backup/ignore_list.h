@@ -5,7 +5,9 @@
 #include <unordered_set>
 #include <vector>
 
+#include "platform/code_pages.h"
 #include "platform/error_log.h"
+#include "platform/kept_texts.h"
 #include "platform/watched_file.h"
 
 namespace scourwell {
@@ -26,13 +28,21 @@ std::string IgnoreLine(const IgnoreRecord& record);
 // False when a field holds a quotation mark or a line break: the line would read as another record.
 bool CanBeIgnored(const IgnoreRecord& record);
 
-// "ignorespylist.txt" of the application folder: detections that the user excluded.
+// "ignorespylist.txt" of the application folder: detections that the user excluded. The file is in
+// the ANSI code page of the system; which one that was is kept in the settings, so that a list of
+// another is read right and written anew.
 class IgnoreList {
  public:
   static constexpr std::uint64_t kLargest = 32u << 20;
 
-  IgnoreList(Files& files, Clock& clock, ErrorLog& log, std::string path)
-      : files_(files), log_(log), path_(std::move(path)), watched_(files, clock, kLargest) {}
+  IgnoreList(Files& files, Clock& clock, CodePages& code_pages, KeptTexts& kept, ErrorLog& log,
+             std::string path)
+      : files_(files),
+        code_pages_(code_pages),
+        kept_(kept),
+        log_(log),
+        path_(std::move(path)),
+        watched_(files, clock, kLargest) {}
 
   // True when a record names this kind and these details, both compared with case. The answer is
   // always that of the file as it stands; it is read again only when it changed. While it cannot be
@@ -52,8 +62,15 @@ class IgnoreList {
  private:
   static std::string Key(std::string_view kind, std::string_view details);
   Outcome Refresh();
+  // The code page of the file as it stands.
+  unsigned FileCodePage();
+  std::string FromFile(std::string_view bytes);
+  std::string ToFile(const std::vector<IgnoreRecord>& records);
+  Outcome TurnOver();
 
   Files& files_;
+  CodePages& code_pages_;
+  KeptTexts& kept_;
   ErrorLog& log_;
   std::string path_;
   WatchedFile watched_;

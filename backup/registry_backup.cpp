@@ -1,7 +1,7 @@
 #include "backup/registry_backup.h"
 
 #include "platform/file_utils.h"
-#include "platform/reg_script.h"
+#include "platform/paths.h"
 #include "platform/registry_access.h"
 #include "platform/text.h"
 
@@ -10,55 +10,51 @@ namespace {
 
 constexpr unsigned kDeepest = 512;  // the system's own limit of levels
 
-std::string KeyLine(std::string_view full_path) {
-  return "\r\n[" + std::string(full_path) + "]\r\n";
-}
-
 }  // namespace
 
 bool SplitRegistryPlace(std::string_view full_path, RegistryPlace* place) {
-  const std::size_t slash = full_path.find('\\');
-  const auto root = RootFromName(full_path.substr(0, slash));
+  const auto root = RootFromName(FirstPart(full_path));
   if (!root || NameFromRoot(*root).empty()) return false;
   place->root = *root;
-  place->path = slash == full_path.npos ? "" : CRegister::SplitKeyPath(full_path.substr(slash));
+  place->path = CRegister::SplitKeyPath(BehindFirstPart(full_path));
   return true;
 }
 
-RegistryBackup::RegistryBackup(Registry& registry, Registry* registry64, Pump& pump)
+RegistryBackup::RegistryBackup(Registry& registry, Registry* registry64, Pump& pump,
+                               CodePages& code_pages, ScriptReader reader)
     : registry_(registry),
       registry64_(registry64),
       pump_(pump),
-      keys_(kRegScriptHeader),
-      values_(kRegScriptHeader) {}
+      keys_(code_pages, reader),
+      values_(code_pages, reader),
+      exported_(code_pages, reader),
+      exported64_(code_pages, reader) {}
 
 void RegistryBackup::Add(const Detection& row) {
   const std::string& key = row.tool_tip;
   if (row.kind != kSpyRegistryKey && row.kind != kSpyRegistryValue) return;
-  if (!Fits(key, key)) return;
-  const std::string_view name = ValueName(row);
+  const std::string name(ValueName(row));
   const bool is_value = row.kind == kSpyRegistryValue;
-  if (is_value && !Fits(name, key)) return;
+  if (!CanStandInScript(key) || (is_value && !CanStandInScript(name))) return Note(false, key);
   if (row.view64) {
     // The texts are imported into the 32-bit view: only the export knows of the other one.
   } else if (!is_value) {
-    keys_ += KeyLine(key);
-  } else if (CanStandInScript(row.tag)) {
+    keys_.AddKey(key);
+  } else if (CanStandInScript(row.tag) && values_.AddKey(key)) {
     // The export brings data that no quoted text can hold.
-    values_ += KeyLine(key) + ValueNameForScript(name) + "=" + QuotedForScript(row.tag) + "\r\n";
+    values_.AddValue(name, {kRegText, row.tag + '\0'});
   }
   Export(row);
 }
 
 void RegistryBackup::Export(const Detection& row) {
   Registry* registry = row.view64 ? registry64_ : &registry_;
-  std::string* script = row.view64 ? &exported64_ : &exported_;
+  RegScript* script = row.view64 ? &exported64_ : &exported_;
   RegistryPlace place;
   if (!registry || !SplitRegistryPlace(row.tool_tip, &place)) {
     left_out_.push_back(row.details + ": unknown root");
     return;
   }
-  if (script->empty()) *script = kRegScriptHeader;
   if (row.kind == kSpyRegistryValue) return ExportValue(row, *registry, place, script);
   const RegStatus opened = registry->TryOpen(place.root, place.path, kKeyRead);
   if (opened == kRegOk) return ExportKey(row.tool_tip, *registry, place, 0, script);
@@ -66,7 +62,7 @@ void RegistryBackup::Export(const Detection& row) {
 }
 
 void RegistryBackup::ExportValue(const Detection& row, Registry& registry,
-                                 const RegistryPlace& place, std::string* script) {
+                                 const RegistryPlace& place, RegScript* script) {
   const std::string name(ValueName(row));
   // The row may spell the name in capitals: the script brings it back as it stands.
   std::string true_name = name;
@@ -79,27 +75,25 @@ void RegistryBackup::ExportValue(const Detection& row, Registry& registry,
   RegValue value;
   const RegStatus status = registry.QueryValue(place.root, place.path, name, &value);
   if (status == kRegOk) {
-    *script += KeyLine(row.tool_tip) + ValueLineForScript(true_name, value);
+    Note(script->AddKey(row.tool_tip) && script->AddValue(true_name, value), row.tool_tip);
   } else if (status != kRegNotFound) {
     left_out_.push_back(row.details + ": it cannot be read");
   }
 }
 
 void RegistryBackup::ExportKey(const std::string& full_path, Registry& registry,
-                               const RegistryPlace& place, unsigned depth, std::string* script) {
+                               const RegistryPlace& place, unsigned depth, RegScript* script) {
   static_cast<void>(pump_.Next());
   // What lies behind a link is not removed, and a script cannot make the link itself again.
   bool is_link = false;
   static_cast<void>(registry.IsLink(place.root, place.path, &is_link));
   if (is_link) return;
-  *script += KeyLine(full_path);
-  const RegStatus read = registry.EnumValues(
-      place.root, place.path, [&](const std::string& name, const RegValue& value) {
-        if (Fits(name, full_path) && IsTrueName(name, value, registry, place, full_path)) {
-          *script += ValueLineForScript(name, value);
-        }
-        return true;
-      });
+  if (!script->AddKey(full_path)) return Note(false, full_path);
+  const RegStatus read = registry.EnumValues(place.root, place.path,
+                                             [&](const std::string& name, const RegValue& value) {
+                                               Note(script->AddValue(name, value), full_path);
+                                               return true;
+                                             });
   std::vector<std::string> names;
   const RegStatus listed = registry.EnumKeys(place.root, place.path, [&](const std::string& name) {
     names.push_back(name);
@@ -107,30 +101,14 @@ void RegistryBackup::ExportKey(const std::string& full_path, Registry& registry,
   });
   if (read != kRegOk || listed != kRegOk) left_out_.push_back(full_path + ": it cannot be read");
   for (const std::string& name : names) {
-    if (!Fits(name, full_path) || depth >= kDeepest) continue;
+    if (depth >= kDeepest) return Note(false, full_path);
     ExportKey(full_path + "\\" + name, registry, {place.root, place.path + "\\" + name}, depth + 1,
               script);
   }
 }
 
-// A name that the code page cannot hold comes back as another one, which may be that of a
-// neighbour.
-bool RegistryBackup::IsTrueName(const std::string& name, const RegValue& value, Registry& registry,
-                                const RegistryPlace& place, const std::string& full_path) {
-  if (!IsLossy(name)) return true;
-  RegValue found;
-  if (registry.QueryValue(place.root, place.path, name, &found) == kRegOk &&
-      found.type == value.type && found.data == value.data) {
-    return true;
-  }
-  left_out_.push_back(full_path + ": a name in it cannot be spelled");
-  return false;
-}
-
-bool RegistryBackup::Fits(std::string_view name, const std::string& full_path) {
-  if (CanStandInScript(name)) return true;
-  left_out_.push_back(full_path + ": a name in it holds a line break");
-  return false;
+void RegistryBackup::Note(bool held, const std::string& full_path) {
+  if (!held) left_out_.push_back(full_path + ": a script cannot hold what is in it");
 }
 
 }  // namespace scourwell

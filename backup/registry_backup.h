@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/pump.h"
+#include "platform/reg_script.h"
 #include "platform/registry.h"
 #include "scan/detection.h"
 
@@ -23,35 +24,34 @@ bool SplitRegistryPlace(std::string_view full_path, RegistryPlace* place);
 class RegistryBackup {
  public:
   // `registry64`: the 64-bit view; null where there is only one.
-  RegistryBackup(Registry& registry, Registry* registry64, Pump& pump);
+  RegistryBackup(Registry& registry, Registry* registry64, Pump& pump, CodePages& code_pages,
+                 ScriptReader reader);
 
   void Add(const Detection& row);
 
-  const std::string& keys() const { return keys_; }
-  const std::string& values() const { return values_; }
+  const RegScript& keys() const { return keys_; }
+  const RegScript& values() const { return values_; }
   // Empty when nothing was checked in that view.
-  const std::string& exported() const { return exported_; }
-  const std::string& exported64() const { return exported64_; }
+  const RegScript& exported() const { return exported_; }
+  const RegScript& exported64() const { return exported64_; }
   // What no script can hold, or could not be read: "path: reason".
   const std::vector<std::string>& left_out() const { return left_out_; }
 
  private:
   void Export(const Detection& row);
   void ExportKey(const std::string& full_path, Registry& registry, const RegistryPlace& place,
-                 unsigned depth, std::string* script);
+                 unsigned depth, RegScript* script);
   void ExportValue(const Detection& row, Registry& registry, const RegistryPlace& place,
-                   std::string* script);
-  bool IsTrueName(const std::string& name, const RegValue& value, Registry& registry,
-                  const RegistryPlace& place, const std::string& full_path);
-  bool Fits(std::string_view name, const std::string& full_path);
+                   RegScript* script);
+  void Note(bool held, const std::string& full_path);
 
   Registry& registry_;
   Registry* registry64_;
   Pump& pump_;
-  std::string keys_;
-  std::string values_;
-  std::string exported_;
-  std::string exported64_;
+  RegScript keys_;
+  RegScript values_;
+  RegScript exported_;
+  RegScript exported64_;
   std::vector<std::string> left_out_;
 };
 

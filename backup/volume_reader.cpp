@@ -85,7 +85,8 @@ Outcome VolumeReader::TryFolder(const std::string& folder, std::size_t piece) {
   if (Outcome opened = files_.OpenReader(path, &reader); !opened.ok()) return opened;
   PieceHeader header;
   if (Outcome read = ReadHeader(*reader, &header); !read.ok()) return read;
-  if (header.identity != header_.identity || header.number != piece + 1) {
+  if (header.identity != header_.identity || header.number != piece + 1 ||
+      header.version != header_.version) {
     return Outcome::Failed(kTypeMismatch, path + " does not belong to this archive");
   }
   // A disk that was full may have left something behind the data.

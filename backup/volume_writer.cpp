@@ -26,8 +26,7 @@ Outcome MustBeFree(Files& files, const std::string& path) {
 Outcome VolumeWriter::Open(const std::string& path, std::uint64_t identity,
                            ArchiveOptions options) {
   const std::string_view file = FileNamePart(path);
-  if (!IsPlainPath(path) || file.size() <= kEnding.size() ||
-      !EqualsNoCase(file.substr(file.size() - kEnding.size()), kEnding)) {
+  if (!IsPlainPath(path) || file.size() <= kEnding.size() || !EndsWithNoCase(file, kEnding)) {
     return Outcome::Failed(kBadFileName, "The archive needs a full path that ends in .qzp");
   }
   if (options.volume_size != 0 && options.volume_size < kSmallestVolume) {

@@ -7,6 +7,7 @@
 #include "backup/extractor.h"
 #include "bench/bench.h"
 #include "platform/file_utils.h"
+#include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 
@@ -67,7 +68,8 @@ void Write(FilesWin& files, ClockWin& clock, GapPump& pump, const Copies& copies
 }
 
 void Read(FilesWin& files, GapPump& pump, const std::string& path) {
-  ArchiveReader reader(files, pump);
+  CodePagesWin code_pages;
+  ArchiveReader reader(files, pump, code_pages);
   if (!reader.Open(path).ok() || !reader.Verify().empty()) {
     std::printf("cannot read %s\n", path.c_str());
   }
@@ -78,7 +80,8 @@ void BenchRestore(FilesWin& files, GapPump& pump, const Copies& copies, const st
   for (int i = 0; i < 5; ++i) {
     for (const std::string& copy : copies.paths) files.EraseFile(copy).ok();
     OpenGuard guard;
-    ArchiveReader reader(files, pump);
+    CodePagesWin code_pages;
+    ArchiveReader reader(files, pump, code_pages);
     Extractor extractor(files, pump, guard);
     times.values.push_back(Measure([&] {
       if (reader.Open(path).ok()) extractor.ExtractAll(reader, copies.folder).ok();

@@ -5,6 +5,7 @@
 #include "backup/ignore_list.h"
 #include "bench/bench.h"
 #include "platform/file_utils.h"
+#include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 #include "results/hit_list.h"
@@ -15,6 +16,12 @@ namespace {
 constexpr int kRecords = 100'000;
 constexpr int kDetections = 10'000;
 
+class NothingKept : public KeptTexts {
+ public:
+  std::string Get(const std::string&, const std::string&) override { return {}; }
+  Outcome Set(const std::string&, const std::string&, const std::string&) override { return {}; }
+};
+
 std::string Name(int number) { return "C:\\folder\\file " + std::to_string(number) + ".dll"; }
 
 }  // namespace
@@ -22,13 +29,15 @@ std::string Name(int number) { return "C:\\folder\\file " + std::to_string(numbe
 void BenchIgnoring(const char* scratch_folder) {
   FilesWin files;
   ClockWin clock;
-  ErrorLog log(files, clock, AddPathToFileName(scratch_folder, "errors.txt"));
+  CodePagesWin code_pages;
+  ErrorLog log(files, clock, code_pages, AddPathToFileName(scratch_folder, "errors.txt"));
   const std::string path = AddPathToFileName(scratch_folder, "ignorespylist.txt");
   std::string text;
   for (int i = 0; i < kRecords; ++i) text += IgnoreLine({"Spy File", Name(i), "Adware.Some"});
   if (!files.Replace(path, text).ok()) return;
   AppSettings settings;
   GapPump pump;
+  NothingKept kept;
   std::size_t quotes = 0;
   const auto bare = [&] {
     std::string content;
@@ -37,7 +46,7 @@ void BenchIgnoring(const char* scratch_folder) {
   };
   std::size_t rows = 0;
   const auto ours = [&] {
-    IgnoreList ignore(files, clock, log, path);
+    IgnoreList ignore(files, clock, code_pages, kept, log, path);
     HitList hits(ignore, settings, log);
     // Every second one is excluded.
     for (int i = 0; i < kDetections; ++i) {

@@ -4,6 +4,7 @@
 #include "bench/bench.h"
 #include "definitions/list_loader.h"
 #include "platform/file_utils.h"
+#include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 
@@ -102,7 +103,8 @@ double SystemLookUp(const std::string& file) {
 void BenchLoading(const char* scratch_folder) {
   FilesWin files;
   ClockWin clock;
-  ErrorLog log(files, clock, "C:\\bench-errors.txt");
+  CodePagesWin code_pages;
+  ErrorLog log(files, clock, code_pages, "C:\\bench-errors.txt");
   AppSettings settings;
   settings.DefinitionsFolder = scratch_folder;
   const std::string path = AddPathToFileName(scratch_folder, "update.ref");

@@ -4,6 +4,7 @@
 
 #include "bench/bench.h"
 #include "platform/error_log.h"
+#include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 #include "scan/drive_scan.h"
@@ -80,7 +81,8 @@ void CountAsFirstPass(const std::string& tree, int folders, WalkGoal* goal) {
 void BenchPasses(const char* tree) {
   FilesWin files;
   ClockWin clock;
-  ErrorLog log(files, clock, "C:\\bench-errors.txt");
+  CodePagesWin code_pages;
+  ErrorLog log(files, clock, code_pages, "C:\\bench-errors.txt");
   PlainCaptions captions;
   ScanProgress progress;
   GapPump pump;

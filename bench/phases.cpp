@@ -4,6 +4,7 @@
 #include "bench/bench.h"
 #include "platform/file_utils.h"
 #include "platform/text.h"
+#include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 #include "platform/win/registry_win.h"
@@ -93,7 +94,8 @@ void BenchPhases(const char* cookies, const char* scratch_folder) {
   ClockWin clock;
   SystemWin system;
   RegistryWin registry;
-  ErrorLog log(files, clock, "C:\\bench-errors.txt");
+  CodePagesWin code_pages;
+  ErrorLog log(files, clock, code_pages, "C:\\bench-errors.txt");
   AppSettings settings;
   settings.DefinitionsFolder = scratch_folder;
   SystemFolders folders;

@@ -2,6 +2,7 @@
 
 #include "platform/file_utils.h"
 #include "platform/text.h"
+#include "platform/windows_1252.h"
 
 namespace scourwell {
 namespace {
@@ -54,7 +55,7 @@ std::string ReferenceFile::updateListfromINI(std::string_view section, std::stri
       log_.LogFailure(where(Outcome::Failed(kInvalidCall)), "Decrypt");
       return {};
     }
-    value = *plain;
+    value = From1252(*plain);
     if (raw->size() <= kLongestValue) return {};
     return where(Outcome::Failed(kOverflow, "A value longer than 1999 bytes was cut"));
   }));

@@ -26,8 +26,8 @@ void AppendScrambled(std::string_view plain, std::string* text);
 
 // The definitions reference file "update.ref": an INI text whose section and key names are plain
 // and whose values are scrambled. It stands in the definitions folder, else in "Ini" below the
-// application folder. Every look-up decides that afresh; the file is parsed again only when it
-// is another one than before.
+// application folder, and is written in code page 1252 whatever the system's is. Every look-up
+// decides that afresh; the file is parsed again only when it is another one than before.
 class ReferenceFile {
  public:
   // Larger files are refused with an error record.

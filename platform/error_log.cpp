@@ -8,7 +8,7 @@ void ErrorLog::LogError(std::string_view message) {
     std::string record =
         "\"\r\nDate: " + clock_.ShortDate(now) + "\",\"Time: " + clock_.TimeOfDay(now) + "\",\"";
     record.append(message).append("\"\r\n");
-    const Outcome ignored = files_.Append(path_, record);
+    const Outcome ignored = files_.Append(path_, code_pages_.ToFile(record));
     static_cast<void>(ignored);
   } catch (const std::exception&) {
     // The log is the last resort: there is nowhere left to report to.

@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "platform/clock.h"
+#include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/outcome.h"
 
@@ -18,8 +19,8 @@ class ErrorLog {
  public:
   static constexpr std::uint64_t kLimit = 1'000'000;  // bytes that survive a start
 
-  ErrorLog(Files& files, Clock& clock, std::string path)
-      : files_(files), clock_(clock), path_(std::move(path)) {}
+  ErrorLog(Files& files, Clock& clock, CodePages& code_pages, std::string path)
+      : files_(files), clock_(clock), code_pages_(code_pages), path_(std::move(path)) {}
 
   const std::string& path() const { return path_; }
 
@@ -54,6 +55,7 @@ class ErrorLog {
  private:
   Files& files_;
   Clock& clock_;
+  CodePages& code_pages_;
   std::string path_;
 };
 

@@ -35,60 +35,8 @@ std::string WithRenameEntry(std::string_view text, const std::string& entry) {
 
 }  // namespace
 
-std::string AddPathToFileName(std::string_view folder, std::string_view name) {
-  std::string path(folder);
-  if (path.empty() || path.back() != '\\') path += '\\';
-  return path.append(name);
-}
-
 std::string FullPath_With_Filename(std::string_view application_folder, std::string_view name) {
   return AddPathToFileName(TrimBlanks(application_folder), name);
-}
-
-std::string_view FileNamePart(std::string_view path) {
-  const std::size_t slash = path.rfind('\\');
-  return slash == std::string_view::npos ? path : path.substr(slash + 1);
-}
-
-std::string_view FolderPart(std::string_view path) {
-  const std::size_t slash = path.rfind('\\');
-  return slash == std::string_view::npos ? std::string_view() : path.substr(0, slash);
-}
-
-bool IsAbsolutePath(std::string_view path) {
-  const auto is_letter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
-  if (path.size() >= 3 && is_letter(path[0]) && path[1] == ':' && path[2] == '\\') return true;
-  return path.size() >= 5 && path.starts_with("\\\\") && path[2] != '\\' && path[2] != '.' &&
-         path[2] != '?';
-}
-
-bool IsDeviceName(std::string_view name) {
-  constexpr const char* kDevices[] = {"CON", "PRN", "AUX", "NUL", "CLOCK$"};
-  name = TrimBlanks(name.substr(0, name.find('.')));
-  for (const char* device : kDevices) {
-    if (EqualsNoCase(name, device)) return true;
-  }
-  return name.size() == 4 && name[3] >= '0' && name[3] <= '9' &&
-         (EqualsNoCase(name.substr(0, 3), "COM") || EqualsNoCase(name.substr(0, 3), "LPT"));
-}
-
-bool IsPlainPath(std::string_view path) {
-  if (!IsAbsolutePath(path)) return false;
-  for (const char c : path) {
-    if (static_cast<unsigned char>(c) < 32 || c == '*' || c == '?' || c == '/' || c == '"' ||
-        c == '<' || c == '>' || c == '|') {
-      return false;
-    }
-  }
-  if (path.find(':', 2) != std::string_view::npos) return false;
-  while (!path.empty()) {
-    const std::string_view part = path.substr(0, path.find('\\'));
-    // Windows drops dots and blanks at the end of a part: dots alone lead elsewhere.
-    const bool empty = part.find_first_not_of(". ") == std::string_view::npos;
-    if ((empty && !part.empty()) || IsDeviceName(part)) return false;
-    path.remove_prefix(part.size() == path.size() ? part.size() : part.size() + 1);
-  }
-  return true;
 }
 
 std::string PlainImagePath(std::string_view path, std::string_view windows_folder) {
@@ -98,8 +46,9 @@ std::string PlainImagePath(std::string_view path, std::string_view windows_folde
       return std::string(path.substr(prefix.size()));
     }
   }
-  if (!EqualsNoCase(path.substr(0, kSystemRoot.size()), kSystemRoot)) return std::string(path);
-  return AddPathToFileName(windows_folder, path.substr(kSystemRoot.size()));
+  const std::size_t root = PrefixNoCase(path, kSystemRoot);
+  if (root == path.npos) return std::string(path);
+  return AddPathToFileName(windows_folder, path.substr(root));
 }
 
 bool FileExists(Files& files, const std::string& path) {
@@ -127,17 +76,20 @@ bool DoWeSkipThisFolder(std::string_view parent, const DirEntry& entry) {
 }
 
 Outcome DeleteAtNextStart(const std::string& path, Files& files, System& system,
-                          const COpSysInfo& os) {
+                          CodePages& code_pages, const COpSysInfo& os) {
   if (os.IsWinNT()) return system.MoveAtReboot(path, "");
-  return DestroyOnReboot(path, files, system);
+  return DestroyOnReboot(path, files, system, code_pages);
 }
 
-Outcome DestroyOnReboot(const std::string& path, Files& files, System& system) {
+Outcome DestroyOnReboot(const std::string& path, Files& files, System& system,
+                        CodePages& code_pages) {
   DirEntry entry;
   if (Outcome found = files.Stat(path, &entry); !found.ok()) return found;
   const std::string short_path(TrimBlanks(TrimNull(files.ShortPath(path))));
   if (short_path.empty()) return Outcome::Failed(kPathNotFound);
-  const std::string line = (entry.IsFolder() ? "DIRNUL=" : "NUL=") + short_path;
+  const std::optional<std::string> bytes = code_pages.Encode(short_path);
+  if (!bytes) return Outcome::Failed(kBadFileName);
+  const std::string line = (entry.IsFolder() ? "DIRNUL=" : "NUL=") + *bytes;
   const std::string ini = system.Environment("WinDir") + "\\WinInit.ini";
   std::string content;
   Outcome present = files.Stat(ini, &entry);
@@ -155,9 +107,10 @@ Outcome KillProcessById(std::uint32_t process_id, System& system) {
 
 std::string RetrieveError(System& system) { return system.ErrorText(system.LastError()); }
 
-Outcome WriteINIString(Profiles& profiles, std::string_view application_folder,
-                       const std::string& key, const std::string& value) {
-  return profiles.WriteProfile("Setting", key, value,
+Outcome WriteINIString(Profiles& profiles, CodePages& code_pages,
+                       std::string_view application_folder, const std::string& key,
+                       const std::string& value) {
+  return profiles.WriteProfile("Setting", key, code_pages.Spelled(value),
                                FullPath_With_Filename(application_folder, "Setting.ini"));
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/unicode.h"
+
 namespace scourwell {
 namespace {
 
@@ -139,8 +141,8 @@ std::string FileVersion::ReadDirectly(const char* method, std::string_view field
       }
       if (place.complete()) {
         const std::u16string value = Value(content, place);
-        text = place.character == 2 ? versions_.Narrow(value)
-                                    : std::string(value.begin(), value.end());
+        text = place.character == 2 ? FromUtf16(value)
+                                    : versions_.FromAnsi(std::string(value.begin(), value.end()));
         return {};
       }
       if (place.field == kNowhere) return {};

@@ -32,7 +32,8 @@ struct FileTimes {
 };
 
 struct DirEntry {
-  std::string name;        // as it stands on the disk; "?" where the code page has no character
+  std::string name;        // leads to the entry; on Windows 95, 98 and Me the 8.3 name where the
+                           // code page cannot spell the one on the disk
   std::string short_name;  // 8.3 name; empty when the name itself is one or the volume has none
   std::uint32_t attributes = 0;
   std::uint64_t size = 0;  // bytes; 0 for folders
@@ -52,8 +53,10 @@ struct Drive {
   DriveKind kind = DriveKind::Unknown;
 };
 
-// The machine's file system. Paths are absolute, with "\" between the parts and at most 259
-// characters long; a longer one fails with kPathNotFound. No operation shows a message box.
+// The machine's file system. Paths are absolute, with "\" between the parts, and taken as they
+// stand: no dot or blank is cut off, ".", ".." and names of devices mean nothing special. They may
+// be as long as the system's names allow; what it cannot reach fails with kPathNotFound. No
+// operation shows a message box.
 class Files {
  public:
   // Return false to end the listing.

@@ -24,6 +24,7 @@ class COpSysInfo {
   std::uint16_t SuiteMask() const { return record_.suite_mask; }
   bool IsWinXP() const { return win_xp_; }
   bool IsWin2K() const { return win_2k_; }
+  bool IsWin7() const { return win_nt_ && MajorVersion() * 100 + MinorVersion() >= 601; }
   bool IsWinNT() const { return win_nt_; }
   bool IsWin9x() const { return win_9x_; }
   bool IsWin95() const { return win_95_; }

@@ -11,30 +11,11 @@ namespace {
 
 constexpr char kRefused[] = "It is protected: ";
 
-std::string_view WithoutSlash(std::string_view path) {
-  while (path.size() > 3 && path.ends_with('\\')) path.remove_suffix(1);
-  return path;
-}
-
 bool Holds(std::span<const char* const> names, std::string_view name) {
   return std::ranges::any_of(names, [&](const char* each) { return EqualsNoCase(each, name); });
 }
 
-// Where the root of a path ends: behind "X:\" or "\\server\share\"; npos for a bare share.
-std::size_t RootSize(std::string_view path) {
-  if (!path.starts_with("\\\\")) return 3;
-  const std::size_t share = path.find('\\', 2);
-  const std::size_t end = share == path.npos ? path.npos : path.find('\\', share + 1);
-  return end == path.npos ? path.npos : end + 1;
-}
-
 }  // namespace
-
-bool IsAtOrBelow(std::string_view inner, std::string_view outer) {
-  if (outer.empty() || inner.size() < outer.size()) return false;
-  if (!EqualsNoCase(inner.substr(0, outer.size()), outer)) return false;
-  return inner.size() == outer.size() || inner[outer.size()] == '\\' || outer.ends_with('\\');
-}
 
 // A part that does not exist is taken as it is spelled.
 std::string PathGuard::RealPath(const std::string& path) {
@@ -42,11 +23,11 @@ std::string PathGuard::RealPath(const std::string& path) {
   if (root >= path.size()) return path;
   std::string real = path.substr(0, root);
   for (std::size_t at = root; at < path.size();) {
-    const std::size_t end = std::min(path.find('\\', at), path.size());
+    const std::size_t end = PartEnd(path, at);
     DirEntry entry;
     const std::string prefix = path.substr(0, end);
-    const bool known = files_.Stat(prefix, &entry).ok() && !IsLossy(entry.name);
-    if (at > root) real += '\\';
+    const bool known = files_.Stat(prefix, &entry).ok();
+    if (at > root) real += kSeparator;
     real += known ? entry.name : path.substr(at, end - at);
     at = end + 1;
   }
@@ -58,11 +39,12 @@ void PathGuard::Prepare() {
   prepared_ = true;
   const auto protect = [&](std::string_view folder, bool contents = false) {
     if (folder.size() < 3) return;
-    protected_.push_back({RealPath(std::string(WithoutSlash(folder))), contents});
+    protected_.push_back({RealPath(std::string(WithoutEndSeparators(folder))), contents});
   };
   for (const std::string* folder :
        {&folders_.windows, &folders_.system, &folders_.app_data, &folders_.temporary,
-        &folders_.program_files, &folders_.common_files}) {
+        &folders_.program_files, &folders_.common_files, &folders_.system_wow64,
+        &folders_.program_files_64, &folders_.common_files_64}) {
     protect(*folder);
   }
   for (const std::string& folder : folders_.special) protect(folder);
@@ -75,9 +57,9 @@ void PathGuard::Prepare() {
     const std::string& above = folders_.*files.above;
     if (above.empty()) continue;
     const std::string folder = AddPathToFileName(above, files.path);
-    vital_.push_back({RealPath(std::string(WithoutSlash(folder))), files.names});
+    vital_.push_back({RealPath(std::string(WithoutEndSeparators(folder))), files.names});
   }
-  own_ = RealPath(std::string(WithoutSlash(folders_.application)));
+  own_ = RealPath(std::string(WithoutEndSeparators(folders_.application)));
   own_shared_ = own_.size() <= 3 || !Judge(own_).ok();
 }
 
@@ -91,9 +73,9 @@ bool PathGuard::IsVital(const std::string& real) const {
   const std::string_view below = std::string_view(real).substr(std::min(root, real.size()));
   const std::string_view name = FileNamePart(real);
   if (below == name && Holds(vital::kInRoot, name)) return true;
-  if (Holds(vital::kRootFolders, below.substr(0, below.find('\\')))) return true;
+  if (Holds(vital::kRootFolders, FirstPart(below))) return true;
   if (Holds(vital::kAnywhere, name)) return true;
-  const std::string_view folder = WithoutSlash(FolderPart(real));
+  const std::string_view folder = WithoutEndSeparators(FolderPart(real));
   return std::ranges::any_of(vital_, [&](const VitalFiles& files) {
     return EqualsNoCase(files.folder, folder) && Holds(files.names, name);
   });
@@ -119,7 +101,7 @@ Outcome PathGuard::Judge(const std::string& real) const {
 
 Outcome PathGuard::Allow(const std::string& path, HeldWay* way, std::string* real_path) {
   Prepare();
-  if (!IsPlainPath(path) || path.size() > kLongestPath || path.ends_with('\\')) {
+  if (!IsExactPath(path)) {
     return Outcome::Failed(kBadFileName, "The path is not a plain one");
   }
   const std::size_t root = RootSize(path);
@@ -127,7 +109,8 @@ Outcome PathGuard::Allow(const std::string& path, HeldWay* way, std::string* rea
     return Outcome::Failed(kPermissionDenied, std::string(kRefused) + "it is the root of a drive");
   }
   HeldWay held;
-  for (std::size_t end = path.find('\\', root); end != path.npos; end = path.find('\\', end + 1)) {
+  for (std::size_t end = FindSeparator(path, root); end != path.npos;
+       end = FindSeparator(path, end + 1)) {
     std::unique_ptr<FolderHold> hold;
     Outcome kept = files_.HoldFolder(path.substr(0, end), &hold);
     if (kept.number() == kFileNotFound || kept.number() == kPathNotFound) break;

@@ -52,7 +52,4 @@ class PathGuard {
   bool own_shared_ = false;  // the program lies in a folder that others share
 };
 
-// True for `inner` itself and everything below it; without case, neither ends in "\".
-bool IsAtOrBelow(std::string_view inner, std::string_view outer);
-
 }  // namespace scourwell

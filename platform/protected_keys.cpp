@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/path_guard.h"
+#include "platform/paths.h"
 #include "platform/text.h"
 
 namespace scourwell {
@@ -166,7 +166,7 @@ struct Key {
 bool IsControlSet(std::string_view name) {
   constexpr std::string_view kNumbered = "ControlSet";
   return EqualsNoCase(name, "CurrentControlSet") || EqualsNoCase(name, "Clone") ||
-         (EqualsNoCase(name.substr(0, kNumbered.size()), kNumbered) &&
+         (StartsWithNoCase(name, kNumbered) &&
           name.find_first_not_of("0123456789", kNumbered.size()) == name.npos);
 }
 
@@ -175,9 +175,8 @@ std::vector<std::string> PartsOf(std::string_view path) {
   std::vector<std::string> parts;
   path = TrimNull(path);
   while (!path.empty()) {
-    const std::size_t end = std::min(path.find('\\'), path.size());
-    if (end != 0) parts.emplace_back(path.substr(0, end));
-    path.remove_prefix(std::min(end + 1, path.size()));
+    const std::string_view part = TakePart(&path);
+    if (!part.empty()) parts.emplace_back(part);
   }
   return parts;
 }
@@ -197,9 +196,7 @@ Key Canonical(std::string_view full_path) {
   };
   if (is(0, "HKEY_USERS") && parts.size() > 1) {
     constexpr std::string_view kClassesHive = "_Classes";
-    const std::string& hive = parts[1];
-    const bool classes = hive.size() > kClassesHive.size() &&
-                         EqualsNoCase(hive.substr(hive.size() - kClassesHive.size()), kClassesHive);
+    const bool classes = EndsWithNoCase(parts[1], kClassesHive);
     key.of_user = true;
     replace(2, classes ? "HKEY_CLASSES_ROOT" : "HKEY_CURRENT_USER");
   }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace scourwell {
@@ -45,9 +46,17 @@ enum : std::uint32_t {
   kKeyAllRights = 0x3F,
 };
 
+// Types whose data the system turns from one form of text into the other.
+constexpr bool IsTextType(std::uint32_t type) {
+  return type == kRegText || type == kRegExpandText || type == kRegMultiText;
+}
+
 struct RegValue {
   std::uint32_t type = kRegNone;
-  std::string data;  // raw bytes, as stored: a text may come with or without its NULs
+  // Of a text type the text, with or without NULs as it is stored; of any other the bytes.
+  std::string data;
+  // Behind a text: the NT family stores any number of bytes.
+  std::optional<char> half_character = {};
 };
 
 // What lies right below a key.

@@ -109,7 +109,7 @@ bool RegistryAccess::IsLink(RootKey root, const std::string& path) {
 bool RegistryAccess::LeadsAside(RootKey root, std::string_view path) {
   const std::string key = CRegister::SplitKeyPath(path);
   for (std::size_t end = 0; end < key.size(); ++end) {
-    end = std::min(key.find('\\', end), key.size());
+    end = PartEnd(key, end);
     const std::string prefix = key.substr(0, end);
     if (IsLink(root, prefix) && !IsProtectedKey(std::string(NameFromRoot(root)) + "\\" + prefix)) {
       return true;
@@ -219,8 +219,8 @@ RegStatus CRegister::SetString(RootKey root, std::string_view path, const std::s
 }
 
 std::string CRegister::SplitKeyPath(std::string_view path) {
-  if (!path.empty() && path.front() == '\\') path.remove_prefix(1);
-  if (!path.empty() && path.back() == '\\') path.remove_suffix(1);
+  if (BeginsWithSeparator(path)) path.remove_prefix(1);
+  if (EndsInSeparator(path)) path.remove_suffix(1);
   return std::string(path);
 }
 

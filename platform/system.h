@@ -34,6 +34,8 @@ class System {
   // Each is empty when the system returns nothing.
   virtual std::string WindowsFolder() = 0;
   virtual std::string SystemFolder() = 0;
+  // The system folder of 32-bit programs on a 64-bit Windows; elsewhere there is none.
+  virtual std::string Wow64Folder() { return {}; }
   virtual std::string TemporaryFolder() = 0;  // with its trailing "\"
   virtual std::string ShellFolder(int folder_id) = 0;
   virtual std::string Environment(const std::string& name) = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/paths.h"
 #include "platform/registry_access.h"
 #include "platform/text.h"
 
@@ -18,7 +19,7 @@ constexpr char kCurrentVersionKey[] = "\\SOFTWARE\\Microsoft\\Windows\\CurrentVe
 
 std::string Bare(std::string_view path) {
   path = TrimBlanks(TrimNull(path));
-  if (!path.empty() && path.back() == '\\') path.remove_suffix(1);
+  if (EndsInSeparator(path)) path.remove_suffix(1);
   return std::string(path);
 }
 
@@ -73,10 +74,7 @@ constexpr Token kTokens[] = {
 
 bool IsOwnGround(std::string_view path, const SystemFolders& folders) {
   if (!path.starts_with("\\\\")) return true;
-  const auto holds = [&](const std::string& folder) {
-    return !folder.empty() && EqualsNoCase(path.substr(0, folder.size()), folder) &&
-           (path.size() == folder.size() || path[folder.size()] == '\\');
-  };
+  const auto holds = [&](const std::string& folder) { return IsAtOrBelow(path, folder); };
   for (const Token& token : kTokens) {
     if (token.folder && holds(folders.*token.folder)) return true;
   }
@@ -98,10 +96,30 @@ SystemFolders ComputeSystemFolders(System& system, Registry& registry, const COp
       Bare(reg.QueryString(RootKey::LocalMachine, kCurrentVersionKey, "ProgramFilesDir"));
   folders.common_files =
       Bare(reg.QueryString(RootKey::LocalMachine, kCurrentVersionKey, "CommonFilesDir"));
+  folders.system_wow64 = Bare(system.Wow64Folder());
+  if (!folders.system_wow64.empty()) {
+    folders.program_files_64 = Bare(system.Environment("ProgramW6432"));
+    folders.common_files_64 = Bare(system.Environment("CommonProgramW6432"));
+  }
   for (std::size_t i = 0; i < kSpecialFolders; ++i) {
     folders.special[i] = Bare(system.ShellFolder(kFolderIds[i]));
   }
   return folders;
+}
+
+std::vector<std::string> PlacesOf(const std::string& path, const SystemFolders& folders) {
+  const std::pair<const std::string&, const std::string&> twins[] = {
+      {folders.system, folders.system_wow64},
+      {folders.common_files, folders.common_files_64},
+      {folders.program_files, folders.program_files_64},
+  };
+  std::vector<std::string> places = {path};
+  for (const auto& [folder, twin] : twins) {
+    if (twin.empty() || EqualsNoCase(folder, twin) || !IsAtOrBelow(path, folder)) continue;
+    places.push_back(twin + path.substr(PrefixNoCase(path, folder)));
+    break;
+  }
+  return places;
 }
 
 std::vector<std::string_view> FolderTokens() {

@@ -50,6 +50,11 @@ struct SystemFolders {
   std::string program_files;
   std::string common_files;
   std::array<std::string, kSpecialFolders> special;
+  // On a 64-bit Windows: where 32-bit programs have their system files, and 64-bit ones theirs.
+  // Elsewhere empty.
+  std::string system_wow64 = {};
+  std::string program_files_64 = {};
+  std::string common_files_64 = {};
 
   const std::string& Special(SpecialFolder folder) const {
     return special[static_cast<std::size_t>(folder)];
@@ -62,6 +67,10 @@ bool IsOwnGround(std::string_view path, const SystemFolders& folders);
 
 SystemFolders ComputeSystemFolders(System& system, Registry& registry, const COpSysInfo& os,
                                    ErrorLog& log, std::string application_folder);
+
+// The places that a path of a definition stands for: itself, and on a 64-bit Windows the same path
+// in the other folder of its kind.
+std::vector<std::string> PlacesOf(const std::string& path, const SystemFolders& folders);
 
 // The folder tokens, as definitions spell them, in the order in which they are looked for.
 std::vector<std::string_view> FolderTokens();

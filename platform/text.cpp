@@ -4,58 +4,64 @@
 #include <cstdio>
 #include <ctime>
 
+#include "platform/folding.h"
+
 namespace scourwell {
 namespace {
 
-// Code page 1252: the letters from A-grave on fold like ASCII ones, and three lie elsewhere.
-FoldTable Windows1252() {
-  FoldTable table{};
-  for (unsigned i = 0; i < 256; ++i) table[i] = static_cast<unsigned char>(i);
-  for (unsigned i = 'a'; i <= 'z'; ++i) table[i] = static_cast<unsigned char>(i - 32);
-  for (unsigned i = 0xE0; i <= 0xFE; ++i) {
-    if (i != 0xF7) table[i] = static_cast<unsigned char>(i - 32);
-  }
-  table[0x9A] = 0x8A;
-  table[0x9C] = 0x8C;
-  table[0x9E] = 0x8E;
-  table[0xFF] = 0x9F;
-  return table;
+// Folds the character at *at, which moves behind it.
+char32_t NextFolded(std::string_view text, std::size_t* at) {
+  const auto byte = static_cast<unsigned char>(text[*at]);
+  if (byte >= 0x80) return Folding::Of(NextCode(text, at));
+  ++*at;
+  return Folding::Of(byte);
 }
 
 }  // namespace
 
-FoldTable fold_table = Windows1252();
-
-void SetFoldTable(const FoldTable& table) { fold_table = table; }
-
 std::string Upper(std::string_view text) {
-  std::string result(text);
-  for (char& c : result) c = Fold(c);
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) AppendCode(NextFolded(text, &at), &result);
   return result;
 }
 
-bool EqualsNoCase(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    if (Fold(a[i]) != Fold(b[i])) return false;
+std::size_t PrefixNoCase(std::string_view text, std::string_view prefix) {
+  std::size_t in_text = 0;
+  for (std::size_t at = 0; at < prefix.size();) {
+    if (in_text == text.size() || NextFolded(prefix, &at) != NextFolded(text, &in_text)) {
+      return std::string_view::npos;
+    }
   }
-  return true;
+  return in_text;
+}
+
+bool StartsWithNoCase(std::string_view text, std::string_view prefix) {
+  return PrefixNoCase(text, prefix) != std::string_view::npos;
+}
+
+bool EqualsNoCase(std::string_view a, std::string_view b) { return PrefixNoCase(a, b) == a.size(); }
+
+bool EndsWithNoCase(std::string_view text, std::string_view ending) {
+  return Upper(text).ends_with(Upper(ending));
 }
 
 int CompareNoCase(std::string_view a, std::string_view b) {
-  const std::size_t common = std::min(a.size(), b.size());
-  for (std::size_t i = 0; i < common; ++i) {
-    const int difference =
-        static_cast<unsigned char>(Fold(a[i])) - static_cast<unsigned char>(Fold(b[i]));
-    if (difference != 0) return difference;
+  std::size_t in_a = 0;
+  std::size_t in_b = 0;
+  while (in_a < a.size() && in_b < b.size()) {
+    const char32_t left = NextFolded(a, &in_a);
+    const char32_t right = NextFolded(b, &in_b);
+    if (left != right) return left < right ? -1 : 1;
   }
-  return a.size() < b.size() ? -1 : a.size() > b.size() ? 1 : 0;
+  return in_b < b.size() ? -1 : in_a < a.size() ? 1 : 0;
 }
 
 std::size_t FindNoCase(std::string_view text, std::string_view part, std::size_t start) {
-  if (part.size() > text.size()) return std::string_view::npos;
-  for (std::size_t at = start; at + part.size() <= text.size(); ++at) {
-    if (EqualsNoCase(text.substr(at, part.size()), part)) return at;
+  for (std::size_t at = start; at <= text.size();) {
+    if (StartsWithNoCase(text.substr(at), part)) return at;
+    if (at == text.size()) break;
+    NextCode(text, &at);
   }
   return std::string_view::npos;
 }
@@ -114,8 +120,8 @@ std::size_t NoCaseHash::operator()(std::string_view text) const {
   static const auto start =
       2166136261u ^ static_cast<std::uint32_t>(std::time(nullptr)) * 2654435761u;
   std::uint32_t hash = start;
-  for (const char c : text) {
-    hash = (hash ^ static_cast<unsigned char>(Fold(c))) * 16777619u;
+  for (std::size_t at = 0; at < text.size();) {
+    hash = (hash ^ static_cast<std::uint32_t>(NextFolded(text, &at))) * 16777619u;
   }
   return hash;
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-// Text helpers. All texts are bytes of the system's ANSI code page.
+// Text helpers. All texts are UTF-8.
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -10,20 +9,18 @@
 
 namespace scourwell {
 
-// How a byte is upper-cased. Starts as Windows code page 1252; the Windows side replaces it by
-// what the running system does.
-using FoldTable = std::array<unsigned char, 256>;
-void SetFoldTable(const FoldTable& table);
-extern FoldTable fold_table;
-
-inline char Fold(char c) { return static_cast<char>(fold_table[static_cast<unsigned char>(c)]); }
-
+// Without case means: as the running system compares names (see Folding).
 std::string Upper(std::string_view text);
 bool EqualsNoCase(std::string_view a, std::string_view b);
-// Negative, zero or positive, as the folded texts compare byte by byte.
+// Negative, zero or positive, as the folded texts compare character by character.
 int CompareNoCase(std::string_view a, std::string_view b);
 // Position of `part` in `text` from `start`, or npos. An empty part is found at `start`.
 std::size_t FindNoCase(std::string_view text, std::string_view part, std::size_t start = 0);
+// How many bytes of `text` are the prefix, or npos when it begins otherwise. Two spellings of a
+// text may differ in length.
+std::size_t PrefixNoCase(std::string_view text, std::string_view prefix);
+bool StartsWithNoCase(std::string_view text, std::string_view prefix);
+bool EndsWithNoCase(std::string_view text, std::string_view ending);
 
 // Removes blanks (code 32 only) from both ends.
 std::string_view TrimBlanks(std::string_view text);
@@ -41,7 +38,7 @@ std::string Hex(std::uint32_t value, unsigned width);
 // bytes / 1024 with up to fifteen significant digits and no trailing zeros.
 std::string Kilobytes(std::uint64_t bytes);
 
-// Hashing and equality that follow Fold; both take string_views for look-up without a copy.
+// Hashing and equality without case; both take string_views for look-up without a copy.
 struct NoCaseHash {
   using is_transparent = void;
   std::size_t operator()(std::string_view text) const;

@@ -1,6 +1,8 @@
 #include "platform/version_resource.h"
 
+#include "platform/folding.h"
 #include "platform/text.h"
+#include "platform/unicode.h"
 
 namespace scourwell {
 namespace {
@@ -69,8 +71,10 @@ bool VersionResource::ReadNode(std::size_t at, std::size_t limit, Node* node) co
 bool VersionResource::KeyIs(const Node& node, std::string_view name) const {
   if (node.key_end - node.key != name.size() * character_) return false;
   for (std::size_t i = 0; i < name.size(); ++i) {
-    const std::uint32_t c = Character(node.key + i * character_);
-    if (c > 0x7F || Fold(static_cast<char>(c)) != Fold(name[i])) return false;
+    if (Folding::Of(Character(node.key + i * character_)) !=
+        Folding::Of(static_cast<unsigned char>(name[i]))) {
+      return false;
+    }
   }
   return true;
 }
@@ -118,7 +122,8 @@ std::optional<std::string> VersionResource::Text(VersionField field) const {
   for (std::size_t at = node->value; at < end; at += character_) {
     text += static_cast<char16_t>(Character(at));
   }
-  return character_ == 2 ? versions_.Narrow(text) : std::string(text.begin(), text.end());
+  return character_ == 2 ? FromUtf16(text)
+                         : versions_.FromAnsi(std::string(text.begin(), text.end()));
 }
 
 }  // namespace scourwell

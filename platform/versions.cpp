@@ -3,6 +3,7 @@
 #include <span>
 
 #include "platform/version_resource.h"
+#include "platform/windows_1252.h"
 
 namespace scourwell {
 namespace {
@@ -36,28 +37,9 @@ const char* TextOf(std::span<const Name> names, std::uint32_t code) {
   return "Unknown";
 }
 
-// What code page 1252 has between 0x80 and 0x9F; 0 where it has nothing.
-constexpr char16_t kMiddle1252[32] = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-char ByteOf1252(char16_t c) {
-  if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
-  for (unsigned i = 0; i < 32; ++i) {
-    if (kMiddle1252[i] == c) return static_cast<char>(0x80 + i);
-  }
-  return '?';
-}
-
 }  // namespace
 
-std::string Versions::NarrowTo1252(std::u16string_view text) {
-  std::string result;
-  result.reserve(text.size());
-  for (const char16_t c : text) result += ByteOf1252(c);
-  return result;
-}
+std::string Versions::FromAnsi(std::string_view bytes) const { return From1252(bytes); }
 
 Outcome Versions::ReadFixed(const std::string& path, FixedFileInfo* info) {
   std::string block;

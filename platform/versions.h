@@ -30,14 +30,11 @@ class Versions {
   // has none. The system looks for a path without extension under other names too: a caller that
   // is not sure of the file asks Files first.
   virtual Outcome ReadBlock(const std::string& path, std::string* block) = 0;
-  // In the system's ANSI code page, with "?" for what it lacks.
-  virtual std::string Narrow(std::u16string_view text) const { return NarrowTo1252(text); }
+  // The texts of 16-bit files, in the code page of the system.
+  virtual std::string FromAnsi(std::string_view bytes) const;
 
   // kFileNotFound also when the resource has no sound fixed part.
   Outcome ReadFixed(const std::string& path, FixedFileInfo* info);
-
- protected:
-  static std::string NarrowTo1252(std::u16string_view text);
 };
 
 // Four decimal numbers joined by points.

@@ -28,9 +28,6 @@ inline constexpr Folder kFolders[] = {
     {&SystemFolders::windows, "SYSBCKUP"},
     {&SystemFolders::windows, "SysWOW64\\drivers"},
     {&SystemFolders::windows, "SysWOW64\\wbem"},
-    {&SystemFolders::windows, "Sysnative\\config", Extent::Contents},
-    {&SystemFolders::windows, "Sysnative\\config\\systemprofile"},
-    {&SystemFolders::windows, "Sysnative\\drivers"},
     {&SystemFolders::windows, "Tasks"},
     {&SystemFolders::windows, "WinSxS"},
     {&SystemFolders::windows, "assembly"},
@@ -134,12 +131,10 @@ struct Files {
   const char* path;
   std::span<const char* const> names;
 };
-// On a 64-bit Windows a 32-bit program sees the second set of system files under two more names.
+// A 64-bit Windows has a second set of system files.
 inline constexpr Files kFiles[] = {
     {&SystemFolders::windows, "", kInWindows},
     {&SystemFolders::windows, "SysWOW64", kInSystem},
-    {&SystemFolders::windows, "Sysnative", kInSystem},
-    {&SystemFolders::windows, "Sysnative\\drivers", kDrivers},
     {&SystemFolders::system, "", kInSystem},
     {&SystemFolders::system, "drivers", kDrivers},
     {&SystemFolders::system, "IOSUBSYS", kInIoSubsys},

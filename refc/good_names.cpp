@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/paths.h"
 #include "platform/text.h"
 
 namespace scourwell::refc {
@@ -55,10 +56,10 @@ std::string_view GoodNames::KeyAtOrBelow(std::string_view key) const {
   const auto& names = Of(GoodList::Keys).names;
   for (const std::string& beginning : {std::string(key), std::string(key) + "\\"}) {
     const auto name = std::lower_bound(names.begin(), names.end(), beginning, NoCaseLess());
-    if (name == names.end() || !EqualsNoCase(name->substr(0, beginning.size()), beginning)) {
+    if (name == names.end() || !StartsWithNoCase(*name, beginning)) {
       continue;
     }
-    if (beginning.ends_with('\\') || name->size() == key.size()) return *name;
+    if (EndsInSeparator(beginning) || name->size() == key.size()) return *name;
   }
   return {};
 }

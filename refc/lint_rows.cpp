@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/file_utils.h"
+#include "platform/paths.h"
 #include "platform/system_folders.h"
 #include "platform/text.h"
 #include "refc/built_in.h"
@@ -20,7 +21,7 @@ constexpr std::string_view kUninstall = "Software\\Microsoft\\Windows\\CurrentVe
 bool HasWildcard(std::string_view text) { return text.find_first_of("*?") != text.npos; }
 
 bool StartsNoCase(std::string_view text, std::string_view beginning) {
-  return EqualsNoCase(text.substr(0, beginning.size()), beginning);
+  return StartsWithNoCase(text, beginning);
 }
 
 bool IsNumber(std::string_view text, std::size_t digits) {
@@ -108,7 +109,7 @@ void RowJudge::Category(Family family) {
 }
 
 void RowJudge::Searched(bool folder) {
-  if (value_.starts_with('\\')) return Complain("form", "the path begins with \"\\\"");
+  if (BeginsWithSeparator(value_)) return Complain("form", "the path begins with \"\\\"");
   std::string_view rest;
   if (value_.find('%') != value_.npos && !TokenMistake(value_, &rest).starts_with("no folder")) {
     return Complain("token", "a searched row with a folder token; its place is not looked at");
@@ -138,7 +139,7 @@ void RowJudge::Direct(bool folder) {
     return Complain("token", mistake);
   }
   if (HasWildcard(rest)) return Complain("form", "a fixed place has no wildcards");
-  if (rest.size() < 2 || rest.ends_with('\\') || !IsPlainPath("C:" + std::string(rest))) {
+  if (rest.size() < 2 || EndsInSeparator(rest) || !IsPlainPath("C:" + std::string(rest))) {
     return Complain("form", Quoted(value_) + " names no file or folder");
   }
   OwnPart(rest.substr(1), folder);
@@ -159,7 +160,7 @@ void RowJudge::OwnPart(std::string_view path, bool folder) {
 }
 
 void RowJudge::Process() {
-  if (value_.find('\\') != value_.npos || HasWildcard(value_) ||
+  if (HoldsSeparator(value_) || HasWildcard(value_) ||
       ClassifyPattern(value_) == PatternKind::Unusable) {
     return Complain("form", "a process is a file name without path and wildcards");
   }
@@ -189,7 +190,7 @@ void RowJudge::KeyPath(std::string_view key) {
   for (const std::string_view above : {kUninstall, kSoftware}) {
     if (!StartsNoCase(below, above)) continue;
     const std::string_view name = below.substr(above.size());
-    if (name.find('\\') == name.npos && good_.Has(GoodList::Folders, name)) {
+    if (!HoldsSeparator(name) && good_.Has(GoodList::Folders, name)) {
       Complain("known-good", Quoted(name) + " is the key of a common program");
     }
     return;
@@ -224,7 +225,7 @@ void RowJudge::KeyPart() {
 }
 
 void RowJudge::Value() {
-  if (!value_.ends_with('\\') || value_.find("\\\\") != value_.npos || BelowRoot(value_).empty()) {
+  if (!EndsInSeparator(value_) || value_.find("\\\\") != value_.npos || BelowRoot(value_).empty()) {
     return Complain("form", Quoted(value_) +
                                 " is no key below one of the four roots, or does not "
                                 "end in \"\\\"");
@@ -239,7 +240,7 @@ void RowJudge::Value() {
 
 // A fragment is looked for anywhere in a cookie's name; "[" ends the site's part of it.
 void RowJudge::Cookie() {
-  if (value_.find_first_of("*?\\") != value_.npos) {
+  if (HoldsSeparator(value_) || HasWildcard(value_)) {
     return Complain("form", "a fragment has no wildcards and no \"\\\"");
   }
   if (LongestRun(value_) < (value_.ends_with('[') ? 3 : kLeastDistinctive)) {

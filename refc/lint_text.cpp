@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/paths.h"
 #include "platform/system_folders.h"
 #include "platform/text.h"
 
@@ -62,7 +63,7 @@ std::size_t Distinctive(std::string_view name) {
   for (const std::string_view word : kGeneric) {
     for (std::size_t at = FindNoCase(stem, word); at != std::string::npos;
          at = FindNoCase(stem, word, at)) {
-      const bool plural = at + word.size() < stem.size() && Fold(stem[at + word.size()]) == 'S';
+      const bool plural = StartsWithNoCase(std::string_view(stem).substr(at + word.size()), "S");
       stem.replace(at, word.size() + (plural ? 1 : 0), "*");
     }
   }
@@ -72,10 +73,9 @@ std::size_t Distinctive(std::string_view name) {
 std::vector<std::string_view> Parts(std::string_view path) {
   std::vector<std::string_view> parts;
   for (;;) {
-    const std::size_t end = path.find('\\');
-    parts.push_back(path.substr(0, end));
-    if (end == path.npos) return parts;
-    path.remove_prefix(end + 1);
+    const bool last = !HoldsSeparator(path);
+    parts.push_back(TakePart(&path));
+    if (last) return parts;
   }
 }
 
@@ -87,8 +87,9 @@ bool IsSharedFolder(std::string_view part) {
 bool IsClassId(std::string_view text) {
   constexpr std::string_view kForm = "{xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx}";
   if (text.size() != kForm.size()) return false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = Fold(text[i]);
+  const std::string folded = Upper(text);
+  for (std::size_t i = 0; i < folded.size(); ++i) {
+    const char c = folded[i];
     const bool hexadecimal = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
     if (kForm[i] == 'x' ? !hexadecimal : c != kForm[i]) return false;
   }
@@ -104,7 +105,7 @@ std::string TokenMistake(std::string_view path, std::string_view* rest) {
     if (!EqualsNoCase(known, token)) continue;
     if (known != token) return "the folder token must be spelt " + std::string(known);
     *rest = path.substr(token.size());
-    if (!path.starts_with(token) || !rest->starts_with('\\')) {
+    if (!path.starts_with(token) || !BeginsWithSeparator(*rest)) {
       return "the folder token must stand in front, with \"\\\" behind it";
     }
     return "";
@@ -115,7 +116,7 @@ std::string TokenMistake(std::string_view path, std::string_view* rest) {
 std::string_view BelowRoot(std::string_view key) {
   for (const std::string_view root :
        {"HKEY_CLASSES_ROOT\\", "HKEY_CURRENT_USER\\", "HKEY_LOCAL_MACHINE\\", "HKEY_USERS\\"}) {
-    if (FindNoCase(key.substr(0, root.size()), root) == 0) return key.substr(root.size());
+    if (StartsWithNoCase(key, root)) return key.substr(root.size());
   }
   return {};
 }

@@ -1,5 +1,6 @@
 #include "refc/load.h"
 
+#include "platform/paths.h"
 #include "platform/text.h"
 #include "refc/reference_reader.h"
 #include "refc/source_reader.h"
@@ -8,12 +9,12 @@ namespace scourwell::refc {
 namespace {
 
 std::string_view FileName(std::string_view path) {
-  return path.substr(path.find_last_of("/\\") + 1);  // npos + 1 is 0
+  path = FileNamePart(path);
+  return path.substr(path.rfind('/') + 1);  // npos + 1 is 0
 }
 
 bool HasExtension(std::string_view path, std::string_view extension) {
-  return path.size() > extension.size() &&
-         EqualsNoCase(path.substr(path.size() - extension.size()), extension);
+  return path.size() > extension.size() && EndsWithNoCase(path, extension);
 }
 
 bool LoadFile(Disk& disk, const std::string& path, DefinitionSet* set, Findings* findings) {

@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "platform/file_utils.h"
+#include "platform/paths.h"
 #include "platform/text.h"
+#include "platform/windows_1252.h"
 #include "refc/lint_text.h"
 #include "scan/name_pattern.h"
 
@@ -47,9 +49,9 @@ class Item {
     const std::size_t colon = text.find(':');
     if (colon != text.npos && colon > 1) said_ = FindKind(TrimBlanks(text.substr(0, colon)));
     if (said_) text = TrimBlanks(text.substr(colon + 1));
-    text_ = Upper(text);
+    text_ = Upper(From1252(text));
     key_ = text_.starts_with("HKEY_");
-    path_ = !key_ && text_.find('\\') != std::string::npos;
+    path_ = !key_ && HoldsSeparator(text_);
   }
 
   bool Hits(Kind kind, const std::string& value, const std::string& second) const;
@@ -95,19 +97,18 @@ template <class Compare>
 bool AnyPath(std::string_view path, bool folders, Compare&& compare) {
   for (;;) {
     if (compare(path)) return true;
-    const std::size_t slash = path.rfind('\\');
-    if (!folders || slash == path.npos || slash == 0) return false;
-    path = path.substr(0, slash);
+    if (!folders || FolderPart(path).empty()) return false;
+    path = FolderPart(path);
   }
 }
 
 bool EndsInPath(std::string_view path, std::string_view end) {
   return path.ends_with(end) &&
-         (path.size() == end.size() || path[path.size() - end.size() - 1] == '\\');
+         (path.size() == end.size() || EndsInSeparator(path.substr(0, path.size() - end.size())));
 }
 
 bool Item::Found(std::string_view value, bool folder) const {
-  const std::string signature = Upper(NormalizeSignature(value));
+  const std::string signature = Upper(NormalizeSignature(From1252(value)));
   if (ClassifyPattern(signature) == PatternKind::Unusable) return false;
   const std::string_view pattern = FileNamePart(signature);
   const std::string_view above = FolderPart(signature);
@@ -122,10 +123,11 @@ bool Item::AtFixedPlace(std::string_view value, bool folder) const {
   if (!TokenMistake(value, &rest).empty()) return false;
   const std::string_view token = value.substr(0, value.size() - rest.size());
   return AnyPath(text_, folder, [&](std::string_view path) {
-    return std::any_of(
-        std::begin(kTokenFolders), std::end(kTokenFolders), [&](const TokenFolder& each) {
-          return each.token == token && path.ends_with(std::string(each.end) + Upper(rest));
-        });
+    return std::any_of(std::begin(kTokenFolders), std::end(kTokenFolders),
+                       [&](const TokenFolder& each) {
+                         return each.token == token &&
+                                path.ends_with(std::string(each.end) + Upper(From1252(rest)));
+                       });
   });
 }
 
@@ -136,7 +138,7 @@ bool Item::IsValue(std::string_view key, std::string_view name) const {
 
 bool Item::Hits(Kind kind, const std::string& value, const std::string& second) const {
   if (!MayBe(kind) || value.empty()) return false;
-  const std::string folded = Upper(value);
+  const std::string folded = Upper(From1252(value));
   switch (kind) {
     case Kind::File:
       return Found(value, false);
@@ -154,7 +156,7 @@ bool Item::Hits(Kind kind, const std::string& value, const std::string& second) 
     case Kind::Process:
       return FileNamePart(text_) == folded;
     case Kind::Value:
-      return IsValue(folded, Upper(second));
+      return IsValue(folded, Upper(From1252(second)));
     case Kind::Checksum:
       return text_ == folded + " " + second;
     default:

@@ -12,8 +12,7 @@ namespace {
 constexpr std::uint32_t kInTheWay = kReadOnly | kHidden | kSystem;
 
 bool IsComponent(std::string_view path) {
-  const std::string ending = Upper(path.substr(path.size() < 3 ? 0 : path.size() - 3));
-  return ending == "DLL" || ending == "OCX";
+  return EndsWithNoCase(path, "DLL") || EndsWithNoCase(path, "OCX");
 }
 
 bool IsAbsent(const Outcome& asked) {
@@ -51,11 +50,12 @@ struct FileRemover::Tree {
   }
 };
 
-RemovalResult FileRemover::deleteSpyCFType(const std::string& path) {
+// A blank at the end belongs to the name: without it, the path may be another file's.
+RemovalResult FileRemover::deleteSpyCFType(const std::string& named) {
   RemovalResult result;
-  const std::string trimmed(TrimBlanks(path));
+  const std::string path = named.substr(std::min(named.find_first_not_of(' '), named.size()));
   const Outcome deleted = parts_.log.Trap("deleteSpyCFType", [&] {
-    Outcome outcome = DeleteFileAt(trimmed, &result);
+    Outcome outcome = DeleteFileAt(path, &result);
     return outcome.ok() ? Outcome() : std::move(outcome).With("Spy Folder or File Name: ", path);
   });
   if (!deleted.ok() && result.done()) result.state = RemovalState::Failed;
@@ -66,7 +66,7 @@ RemovalResult FileRemover::deleteSpyCFType(const std::string& path) {
 Outcome FileRemover::DeleteFileAt(const std::string& path, RemovalResult* result) {
   HeldWay way;
   DirEntry entry;
-  if (IsPlainPath(path)) {
+  if (IsExactPath(path)) {
     // What cannot be asked is not gone: its medium or its server may be away.
     const Outcome there = parts_.files.Stat(path, &entry);
     if (IsAbsent(there) || (there.ok() && entry.IsFolder())) {
@@ -87,8 +87,9 @@ Outcome FileRemover::DeleteFileAt(const std::string& path, RemovalResult* result
   if (IsComponent(path) && !entry.IsLink()) Unregister(path);
   Outcome erased = Erase(path, entry.attributes);
   if (erased.ok()) return {};
-  const bool pending = scheduled || (parts_.settings.DeleteAfterReboot && !parts_.os.IsWinNT() &&
-                                     DestroyOnReboot(path, parts_.files, parts_.system).ok());
+  const bool pending =
+      scheduled || (parts_.settings.DeleteAfterReboot && !parts_.os.IsWinNT() &&
+                    DestroyOnReboot(path, parts_.files, parts_.system, parts_.code_pages).ok());
   result->state = pending ? RemovalState::PendingRestart : RemovalState::Failed;
   return erased;
 }
@@ -130,7 +131,8 @@ bool FileRemover::Schedule(std::vector<std::string> paths) {
   if (!parts_.settings.DeleteAfterReboot) return false;
   if (!parts_.os.IsWinNT()) std::reverse(paths.begin(), paths.end());
   for (const std::string& path : paths) {
-    if (!DeleteAtNextStart(path, parts_.files, parts_.system, parts_.os).ok()) return false;
+    if (!DeleteAtNextStart(path, parts_.files, parts_.system, parts_.code_pages, parts_.os).ok())
+      return false;
   }
   return true;
 }
@@ -207,11 +209,7 @@ bool FileRemover::Enter(const std::string& path, std::uint32_t attributes, Tree*
 
 void FileRemover::RemoveEntry(const DirEntry& entry, Tree* tree) {
   const std::string folder = tree->levels.back().path;
-  const std::string path = PathOf(folder, entry);
-  if (path.empty()) {
-    return tree->Note(Outcome::Failed(kBadFileName, "The name cannot be written"),
-                      AddPathToFileName(folder, entry.name), false);
-  }
+  const std::string path = AddPathToFileName(folder, entry.name);
   if (entry.IsFolder() && !entry.IsLink() && Enter(path, entry.attributes, tree)) return;
   RemoveOne(path, entry.attributes, tree);
 }
@@ -238,20 +236,6 @@ void FileRemover::Leave(Tree* tree) {
   if (attributes & kInTheWay) static_cast<void>(parts_.files.SetAttributes(path, attributes));
   // What is scheduled below it goes first at the next start, the folder after it.
   tree->Note(std::move(removed), path, true);
-}
-
-// The 8.3 form where the code page or the length leaves no other; empty when there is none.
-std::string FileRemover::PathOf(const std::string& folder, const DirEntry& entry) {
-  std::string path = AddPathToFileName(folder, entry.name);
-  if (!IsLossy(entry.name) && path.size() <= kLongestPath) return path;
-  if (entry.short_name.empty() && IsLossy(entry.name)) return {};
-  const std::string& name = entry.short_name.empty() ? entry.name : entry.short_name;
-  path = AddPathToFileName(folder, name);
-  if (path.size() <= kLongestPath) return path;
-  const std::string short_folder = parts_.files.ShortPath(folder);
-  if (short_folder.empty()) return {};
-  path = AddPathToFileName(short_folder, name);
-  return path.size() <= kLongestPath ? path : std::string();
 }
 
 }  // namespace scourwell

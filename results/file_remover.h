@@ -37,6 +37,7 @@ class FileRemover {
     Shell& shell;
     Pump& pump;
     ErrorLog& log;
+    CodePages& code_pages;
     const COpSysInfo& os;
     const SystemFolders& folders;
     const AppSettings& settings;
@@ -64,7 +65,6 @@ class FileRemover {
   void RemoveEntry(const DirEntry& entry, Tree* tree);
   void Leave(Tree* tree);
   void RemoveOne(const std::string& path, std::uint32_t attributes, Tree* tree);
-  std::string PathOf(const std::string& folder, const DirEntry& entry);
 
   Parts parts_;
   PathGuard guard_;

@@ -1,9 +1,7 @@
 #include "results/frm_log.h"
 
-#include <algorithm>
-
+#include "platform/escaped.h"
 #include "platform/file_utils.h"
-#include "platform/text.h"
 #include "widgets/access_keys.h"
 #include "widgets/file_dialog.h"
 #include "widgets/layout.h"
@@ -12,8 +10,8 @@
 
 namespace scourwell {
 
-frmLog::frmLog(const WindowEnv& env, Files& files, std::string path)
-    : ModalWindow(env, "frmLog"), files_(files), path_(std::move(path)) {}
+frmLog::frmLog(const WindowEnv& env, Files& files, CodePages& code_pages, std::string path)
+    : ModalWindow(env, "frmLog"), files_(files), code_pages_(code_pages), path_(std::move(path)) {}
 
 SIZE frmLog::FirstSize() const { return {metrics().Scale(600), metrics().Scale(400)}; }
 
@@ -26,19 +24,19 @@ void frmLog::OnCreate() {
   cmdSave_.Create(env_, hwnd(), IDC_cmdSave, keys.Add(Text(1601)));
   cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(1602));
   const Outcome loaded = env_.log.Trap("frmLog_Load", [&]() -> Outcome {
-    Outcome read = files_.Read(path_, kLargest, &text_);
-    Load();
+    Outcome read = files_.Read(path_, kLargest, &bytes_);
+    Show();
     return read.ok() ? Outcome() : std::move(read).With("LogFile: ", path_);
   });
   cmdSave_.Enable(loaded.ok());
   if (!loaded.ok()) ShowMessage(path_ + "\r\n" + loaded.description(), Text(17001), MB_ICONERROR);
 }
 
-// A text box ends at the first NUL.
-void frmLog::Load() {
-  std::replace(text_.begin(), text_.end(), '\0', ' ');
-  txtFile_.SetText(text_);
-  text_ = txtFile_.Text();  // what can be found is what is shown
+// A text box ends at the first NUL, and must not let one line pretend to be another.
+void frmLog::Show() {
+  const std::string shown = LinesForShowing(code_pages_.FromFile(bytes_));
+  txtFile_.SetFont(metrics().fixed(shown));
+  txtFile_.SetText(shown);
 }
 
 void frmLog::OnSize(Area area) {
@@ -96,12 +94,9 @@ void frmLog::FindNext() {
   const std::string wanted = txtFind_.Text();
   if (wanted.empty()) {
     SetFocus(txtFind_.hwnd());
-    return;
+  } else if (!txtFile_.SelectNext(wanted)) {
+    ShowMessage(Text(17112) + "\r\n" + wanted, Text(17000));
   }
-  std::size_t found = FindNoCase(text_, wanted, std::min(txtFile_.SelectionEnd(), text_.size()));
-  if (found == std::string::npos) found = FindNoCase(text_, wanted);
-  if (found == std::string::npos) return ShowMessage(Text(17112) + "\r\n" + wanted, Text(17000));
-  txtFile_.Select(found, found + wanted.size());
 }
 
 void frmLog::Save() {
@@ -109,7 +104,7 @@ void frmLog::Save() {
                                       std::string(FileNamePart(path_)));
   if (path.empty()) return;
   const Outcome saved = env_.log.Trap("cmdSave_Click", [&]() -> Outcome {
-    Outcome written = files_.Replace(path, text_);
+    Outcome written = files_.Replace(path, bytes_);
     return written.ok() ? Outcome() : std::move(written).With("File: ", path);
   });
   if (!saved.ok()) ShowMessage(path + "\r\n" + saved.description(), Text(17001), MB_ICONERROR);

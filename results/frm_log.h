@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/code_pages.h"
 #include "platform/files.h"
 #include "widgets/button.h"
 #include "widgets/edit.h"
@@ -14,7 +15,7 @@ class frmLog : public ModalWindow {
  public:
   static constexpr std::uint64_t kLargest = 64u << 20;  // bytes of a log that is shown
 
-  frmLog(const WindowEnv& env, Files& files, std::string path);
+  frmLog(const WindowEnv& env, Files& files, CodePages& code_pages, std::string path);
 
  private:
   SIZE FirstSize() const override;
@@ -27,13 +28,14 @@ class frmLog : public ModalWindow {
   void OnSize(Area area) override;
   bool OnCommand(int id) override;
 
-  void Load();
+  void Show();
   void FindNext();
   void Save();
 
   Files& files_;
+  CodePages& code_pages_;
   std::string path_;
-  std::string text_;
+  std::string bytes_;  // of the file  // as the file has it
   TextView txtFile_;
   Label lblFind_;
   Edit txtFind_;

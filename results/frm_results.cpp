@@ -1,5 +1,6 @@
 #include "results/frm_results.h"
 
+#include "platform/escaped.h"
 #include "results/scan_log.h"
 #include "widgets/layout.h"
 #include "widgets/resource.h"
@@ -47,7 +48,6 @@ void frmResults::OnCreate() {
   }
   lblObjects_.Create(env_, hwnd(), IDC_lblObjects, Text(17107));
   txtObjects_.Create(env_, hwnd(), IDC_txtObjects);
-  txtObjects_.SetFont(metrics().font());
   txtObjects_.SetText(Objects());
   cmdOk_.Create(env_, hwnd(), IDOK, Text(4006));
 }
@@ -66,7 +66,8 @@ std::string frmResults::Summary() const {
 std::string frmResults::Objects() const {
   std::string text;
   for (const RemovedObject& object : removal_.report().objects) {
-    text += object.details + " - " + RemovalStateText(env_.captions, object.result) + "\r\n";
+    text += ForShowing(object.details) + " - " + RemovalStateText(env_.captions, object.result) +
+            "\r\n";
   }
   return text.empty() ? Text(17106) : text;
 }

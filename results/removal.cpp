@@ -205,24 +205,22 @@ Outcome Removal::CreateRegistryDeleteFile(const std::vector<std::size_t>& rows) 
   if (!erased.ok() && erased.number() != kFileNotFound) {
     return std::move(erased).With("File: ", ScriptPath());
   }
-  std::string script = kRegScriptHeader;
+  RegScript script(parts_.files.code_pages, ReaderOf(parts_.files.os));
   std::string left_out;
   for (const std::size_t i : rows) {
     const Detection& found = parts_.hits.row(i).detection;
     if (!InRegistry(found) || found.view64) continue;
-    if (!MayStandInScript(found)) {
-      left_out = found.details;
-      continue;
-    }
-    const bool is_value = found.kind == kSpyRegistryValue;
-    const std::string_view name = is_value ? ValueName(found) : std::string_view();
     RegistryPlace place;
-    SplitRegistryPlace(found.tool_tip, &place);
+    bool written = MayStandInScript(found) && SplitRegistryPlace(found.tool_tip, &place);
     const std::string key = std::string(NameFromRoot(place.root)) + "\\" + place.path;
-    script += is_value ? "[" + key + "]\r\n" + ValueNameForScript(name) + "=-\r\n"
-                       : "\r\n[-" + key + "]\r\n\r\n";
+    if (written && found.kind == kSpyRegistryValue) {
+      written = script.DeleteValue(key, ValueName(found));
+    } else if (written) {
+      written = script.DeleteKey(key);
+    }
+    if (!written) left_out = found.details;
   }
-  Outcome written = parts_.files.files.Replace(ScriptPath(), script);
+  Outcome written = parts_.files.files.Replace(ScriptPath(), script.Bytes());
   if (!written.ok()) return std::move(written).With("File: ", ScriptPath());
   script_written_ = true;
   if (left_out.empty()) return {};
@@ -254,6 +252,11 @@ void Removal::launchRegEditDelete() {
       editor = folders.system + "\\RegEdt32.exe";
     }
     if (editor.empty()) return {};
+    // Not every system has the second editor.
+    const std::string other = folders.windows + "\\Regedit.exe";
+    if (!FileExists(parts_.files.files, editor) && FileExists(parts_.files.files, other)) {
+      editor = other;
+    }
     const std::string script = ScriptPath();
     Outcome started = parts_.files.shell.Launch(editor + " /S \"" + script + "\"");
     if (started.ok()) return {};

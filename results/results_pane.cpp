@@ -33,6 +33,12 @@ void ResultsPane::OnCreate() {
   SpyListView_.is_checked = [this](int row) {
     return hits_.row(static_cast<std::size_t>(row)).checked;
   };
+  SpyListView_.row_count = [this] { return hits_.size(); };
+  SpyListView_.cell_text = [this](std::size_t row, int column) {
+    return hits_.Text(row, static_cast<HitList::Column>(column));
+  };
+  SpyListView_.row_image = [this](std::size_t row) { return hits_.row(row).detection.icon; };
+  SpyListView_.row_tip = [this](std::size_t row) { return hits_.row(row).detection.tool_tip; };
   SpyListView_.Create(env_, hwnd(), IDC_SpyListView);
   images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
   SpyListView_.SetSmallImages(images_.get());
@@ -175,43 +181,17 @@ bool ResultsPane::OnCommand(int id) {
 }
 
 LRESULT ResultsPane::OnNotify(NMHDR* header) {
+  if (const auto answer = SpyListView_.Answer(header)) return *answer;
   if (header->hwndFrom != SpyListView_.hwnd()) return 0;
   switch (header->code) {
-    case LVN_GETDISPINFOA:
-      return FillItem(reinterpret_cast<NMLVDISPINFOA*>(header));
-    case LVN_GETINFOTIPA:
-      return FillTip(reinterpret_cast<NMLVGETINFOTIPA*>(header));
     case LVN_COLUMNCLICK:
       Sort(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem);
       return 0;
     case NM_CUSTOMDRAW:
       return Draw(*reinterpret_cast<const NMLVCUSTOMDRAW*>(header));
-    case LVN_ODFINDITEMA:
-      return -1;  // typing letters does not search
     default:
       return 0;
   }
-}
-
-LRESULT ResultsPane::FillItem(NMLVDISPINFOA* info) const {
-  LVITEMA& item = info->item;
-  const auto index = static_cast<std::size_t>(item.iItem);
-  if (index >= hits_.size()) return 0;
-  if (item.mask & LVIF_TEXT) {
-    const auto column = static_cast<HitList::Column>(item.iSubItem);
-    item.pszText = const_cast<char*>(hits_.Text(index, column).c_str());
-  }
-  const HitList::Row& row = hits_.row(index);
-  if (item.mask & LVIF_IMAGE) item.iImage = row.detection.icon;
-  if (item.mask & LVIF_STATE) item.state = INDEXTOSTATEIMAGEMASK(row.checked ? 2u : 1u);
-  return 0;
-}
-
-LRESULT ResultsPane::FillTip(NMLVGETINFOTIPA* tip) const {
-  const auto index = static_cast<std::size_t>(tip->iItem);
-  if (index >= hits_.size()) return 0;
-  lstrcpynA(tip->pszText, hits_.row(index).detection.tool_tip.c_str(), tip->cchTextMax);
-  return 0;
 }
 
 LRESULT ResultsPane::Draw(const NMLVCUSTOMDRAW& draw) const {
@@ -250,10 +230,10 @@ void ResultsPane::ShowMenu(POINT at) {
   const MenuHandle menu(CreatePopupMenu());
   const UINT rows = hits_.empty() ? MF_GRAYED : MF_ENABLED;
   const UINT properties = MayShowProperties() ? MF_ENABLED : MF_GRAYED;
-  AppendMenuA(menu.get(), MF_STRING | rows, IDM_mnuCheckAll, Text(17019).c_str());
-  AppendMenuA(menu.get(), MF_STRING | rows, IDM_mnuUncheckAll, Text(17020).c_str());
-  AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
-  AppendMenuA(menu.get(), MF_STRING | properties, IDM_mnuShowProperties, Text(1884).c_str());
+  Calls().Append(menu.get(), MF_STRING | rows, IDM_mnuCheckAll, Text(17019));
+  Calls().Append(menu.get(), MF_STRING | rows, IDM_mnuUncheckAll, Text(17020));
+  Calls().Append(menu.get(), MF_SEPARATOR, 0, {});
+  Calls().Append(menu.get(), MF_STRING | properties, IDM_mnuShowProperties, Text(1884));
   TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr);
 }
 

@@ -35,8 +35,6 @@ class ResultsPane : public Pane {
 
   void CreateColumns();
   void FitColumns();
-  LRESULT FillItem(NMLVDISPINFOA* info) const;
-  LRESULT FillTip(NMLVGETINFOTIPA* tip) const;
   LRESULT Draw(const NMLVCUSTOMDRAW& draw) const;
   void Check(const std::vector<std::size_t>& rows, bool checked);
   void CheckAll(bool checked);

@@ -106,12 +106,13 @@ void ScanLog::FinishScan() {
 
 Outcome ScanLog::Append(std::string_view text) {
   std::string& path = parts_.settings.LogFilePath;
-  Outcome written = parts_.files.Append(path, text);
+  const std::string bytes = parts_.code_pages.ToFile(text);
+  Outcome written = parts_.files.Append(path, bytes);
   written_.insert(path);
   if (written.ok()) return {};
   const std::string fallback = AddPathToFileName(parts_.folders.application, FileNamePart(path));
   written = std::move(written).With("LogFile: ", path);
-  if (fallback == path || !parts_.files.Append(fallback, text).ok()) return written;
+  if (fallback == path || !parts_.files.Append(fallback, bytes).ok()) return written;
   path = fallback;
   written_.insert(path);
   return std::move(written).With("Written to: ", fallback);

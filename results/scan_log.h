@@ -33,6 +33,7 @@ class ScanLog {
   struct Parts {
     Files& files;
     Clock& clock;
+    CodePages& code_pages;
     Versions& versions;
     FileVersion& file_version;
     Processes& processes;

@@ -115,70 +115,41 @@ std::optional<std::string_view> PropertyIndex::FindChecksum(std::uint64_t size,
   return {};
 }
 
-void AdvancedScan::searchFilesAdvanced(const std::string& folder, const std::string& reachable) {
+void AdvancedScan::searchFilesAdvanced(const std::string& folder) {
   static_cast<void>(parts_.log.Trap("searchFilesAdvanced", [&]() -> Outcome {
     const std::string caption = parts_.captions.Text(kAdvancedScanning) + " - ";
     Outcome listed =
-        parts_.files.List(AddPathToFileName(reachable, "*.*"), [&](const DirEntry& entry) {
+        parts_.files.List(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
           parts_.progress.lblScan = caption + entry.name;
           if (!parts_.pump.Next()) return false;
-          if (!entry.IsFolder()) Search(folder, reachable, entry);
+          if (!entry.IsFolder()) Search(folder, entry);
           return true;
         });
     if (listed.ok()) return {};
-    return std::move(listed).With("sFolder: ", folder).With("sPath: ", reachable);
+    return std::move(listed).With("sFolder: ", folder);
   }));
 }
 
 void AdvancedScan::SearchFile(const std::string& folder, const DirEntry& entry) {
-  static_cast<void>(parts_.log.Trap("searchFilesAdvanced", [&] { Search(folder, folder, entry); }));
+  static_cast<void>(parts_.log.Trap("searchFilesAdvanced", [&] { Search(folder, entry); }));
 }
 
-void AdvancedScan::Search(const std::string& folder, const std::string& reachable,
-                          const DirEntry& entry) {
+void AdvancedScan::Search(const std::string& folder, const DirEntry& entry) {
   const bool shortcut = LastFour(entry.name) == ".lnk";
   if (index_.empty() || (!shortcut && !IsProgram(entry.name))) return;
-  Item item;
-  const Outcome reached = Reach(folder, reachable, entry, &item);
-  if (!reached.ok()) {
-    parts_.log.LogFailure(reached, "searchFilesAdvanced");
-  } else if (shortcut) {
-    FollowShortcut(item);
+  const std::string path = AddPathToFileName(folder, entry.name);
+  if (shortcut) {
+    FollowShortcut(path);
   } else {
-    AdvancedFilePropertiesSearch(item);
+    AdvancedFilePropertiesSearch({path, entry.size});
   }
 }
 
-// Finds a path that leads to the entry, and one to report that the user and the removal can use.
-Outcome AdvancedScan::Reach(const std::string& folder, const std::string& reachable,
-                            const DirEntry& entry, Item* item) {
-  const std::string& short_name = entry.short_name.empty() ? entry.name : entry.short_name;
-  const std::string& name = IsLossy(entry.name) ? short_name : entry.name;
-  item->size = entry.size;
-  item->path = AddPathToFileName(folder, name);
-  item->reachable = AddPathToFileName(reachable, name);
-  if (item->reachable.size() > kLongestPath) {
-    item->reachable = AddPathToFileName(reachable, short_name);
-  }
-  if (item->reachable.size() > kLongestPath) {
-    const std::string short_folder = parts_.files.ShortPath(reachable);
-    if (!short_folder.empty()) item->reachable = AddPathToFileName(short_folder, short_name);
-  }
-  if (IsLossy(name) || item->reachable.size() > kLongestPath) {
-    return Outcome::Failed(kPathNotFound,
-                           "The file cannot be reached: its path is too long or its name has "
-                           "characters outside the code page")
-        .With("sPath: ", item->path);
-  }
-  if (IsLossy(item->path) || item->path.size() > kLongestPath) item->path = item->reachable;
-  return {};
-}
-
-void AdvancedScan::FollowShortcut(const Item& link) {
+void AdvancedScan::FollowShortcut(const std::string& link) {
   std::string target;
-  Outcome resolved = parts_.shell.ShortcutTarget(link.reachable, &target);
+  Outcome resolved = parts_.shell.ShortcutTarget(link, &target);
   if (!resolved.ok()) {
-    parts_.log.LogFailure(std::move(resolved).With("sPath: ", link.path), "searchFilesAdvanced");
+    parts_.log.LogFailure(std::move(resolved).With("sPath: ", link), "searchFilesAdvanced");
     return;
   }
   // A shortcut can hold anything: what is looked up must be one plain path.
@@ -187,7 +158,7 @@ void AdvancedScan::FollowShortcut(const Item& link) {
     if (std::exchange(server_met_, true)) return;
     return parts_.log.LogFailure(
         Outcome::Failed(kBadFileName, "Shortcuts to another computer are not followed")
-            .With("sPath: ", link.path)
+            .With("sPath: ", link)
             .With("Target: ", target),
         "searchFilesAdvanced");
   }
@@ -195,26 +166,26 @@ void AdvancedScan::FollowShortcut(const Item& link) {
   if (!parts_.files.Stat(target, &entry).ok() || entry.IsFolder()) {
     return;
   }
-  AdvancedFilePropertiesSearch({LongPath(target), target, entry.size});
+  AdvancedFilePropertiesSearch({LongPath(target), entry.size});
 }
 
 // The path with the long names of its parts, so that a file is the same one however a shortcut
 // spells it.
 std::string AdvancedScan::LongPath(const std::string& path) {
   std::string result = path;
-  for (std::size_t begin = result.find('\\') + 1; begin < result.size();) {
-    const std::size_t end = std::min(result.find('\\', begin), result.size());
+  for (std::size_t begin = FindSeparator(result) + 1; begin < result.size();) {
+    const std::size_t end = PartEnd(result, begin);
     const std::string part = result.substr(begin, end - begin);
     DirEntry entry;
     if (part.find('~') == std::string::npos ||
-        !parts_.files.Stat(result.substr(0, end), &entry).ok() || IsLossy(entry.name)) {
+        !parts_.files.Stat(result.substr(0, end), &entry).ok()) {
       begin = end + 1;
       continue;
     }
     result.replace(begin, part.size(), entry.name);
     begin += entry.name.size() + 1;
   }
-  return result.size() > kLongestPath ? path : result;
+  return result;
 }
 
 void AdvancedScan::AdvancedFilePropertiesSearch(const Item& item) {
@@ -230,7 +201,7 @@ void AdvancedScan::AdvancedFilePropertiesSearch(const Item& item) {
 
 // The spy name of the first row that the file answers.
 std::optional<std::string_view> AdvancedScan::Identify(const Item& item, Outcome* outcome) {
-  if (!parts_.versions.ReadBlock(item.reachable, &block_).ok()) return {};
+  if (!parts_.versions.ReadBlock(item.path, &block_).ok()) return {};
   const VersionResource resource(block_, parts_.versions);
   for (const VersionField field : PropertyIndex::kFields) {
     const std::string text = Upper(TrimBlanks(resource.Text(field).value_or("")));
@@ -239,7 +210,7 @@ std::optional<std::string_view> AdvancedScan::Identify(const Item& item, Outcome
   }
   if (!index_.KnowsSize(item.size)) return {};
   std::optional<std::uint8_t> checksum;
-  *outcome = GetFileCheckSum(parts_.files, parts_.pump, item.reachable, &checksum);
+  *outcome = GetFileCheckSum(parts_.files, parts_.pump, item.path, &checksum);
   if (!checksum) return {};
   return index_.FindChecksum(item.size, *checksum);
 }
@@ -249,7 +220,8 @@ bool AdvancedScan::IsSystemsOwn(std::string_view path, std::string_view company)
   if (company.find("MICROSOFT") == std::string_view::npos) return false;
   const std::string_view folder = FolderPart(path);
   return EqualsNoCase(folder, parts_.folders.windows) ||
-         EqualsNoCase(folder, parts_.folders.system);
+         EqualsNoCase(folder, parts_.folders.system) ||
+         EqualsNoCase(folder, parts_.folders.system_wow64);
 }
 
 }  // namespace scourwell

@@ -83,24 +83,20 @@ class AdvancedScan {
   explicit AdvancedScan(const Parts& parts) : parts_(parts), index_(parts.lists) {}
 
   // Examines the program files right inside a folder and those that its shortcuts lead to.
-  // `reachable` is the same folder, with 8.3 parts where the names do not serve.
-  void searchFilesAdvanced(const std::string& folder, const std::string& reachable);
+  void searchFilesAdvanced(const std::string& folder);
   // The same for one entry of a folder.
   void SearchFile(const std::string& folder, const DirEntry& entry);
 
  private:
   struct Item {
-    std::string path;       // as reported
-    std::string reachable;  // the same file
+    std::string path;
     std::uint64_t size = 0;
   };
 
-  void Search(const std::string& folder, const std::string& reachable, const DirEntry& entry);
-  void FollowShortcut(const Item& link);
+  void Search(const std::string& folder, const DirEntry& entry);
+  void FollowShortcut(const std::string& link);
   void AdvancedFilePropertiesSearch(const Item& item);
   std::optional<std::string_view> Identify(const Item& item, Outcome* outcome);
-  Outcome Reach(const std::string& folder, const std::string& reachable, const DirEntry& entry,
-                Item* item);
   std::string LongPath(const std::string& path);
   bool IsSystemsOwn(std::string_view path, std::string_view company) const;
 

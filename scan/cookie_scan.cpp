@@ -6,11 +6,7 @@
 namespace scourwell {
 namespace {
 
-bool IsCookieName(std::string_view name) {
-  constexpr std::string_view kExtension = ".txt";
-  return name.size() >= kExtension.size() &&
-         EqualsNoCase(name.substr(name.size() - kExtension.size()), kExtension);
-}
+bool IsCookieName(std::string_view name) { return EndsWithNoCase(name, ".txt"); }
 
 }  // namespace
 
@@ -28,14 +24,14 @@ CookieScan::CookieScan(Files& files, Pump& pump, ErrorLog& log, DetectionSink& s
 void CookieScan::ScanCookie(const std::string& folder, bool all) {
   static_cast<void>(log_.Trap("ScanCookie", [&]() -> Outcome {
     if (!IsAbsolutePath(folder)) return {};  // the system names no cookie folder
-    std::vector<Cookie> cookies;
+    std::vector<std::string> cookies;
     Outcome listed = ListCookies(folder, &cookies);
     const auto count = static_cast<std::uint32_t>(cookies.size());
     progress_.phase.Begin(count);
     progress_.phase.BeginPortion(count);
-    for (const Cookie& cookie : cookies) {
+    for (const std::string& cookie : cookies) {
       if (!pump_.Next()) return {};
-      Check(AddPathToFileName(folder, cookie.file), cookie.name, all);
+      Check(AddPathToFileName(folder, cookie), cookie, all);
       progress_.phase.Step();
     }
     progress_.phase.EndPortion();
@@ -44,13 +40,11 @@ void CookieScan::ScanCookie(const std::string& folder, bool all) {
   }));
 }
 
-Outcome CookieScan::ListCookies(const std::string& folder, std::vector<Cookie>* cookies) {
+Outcome CookieScan::ListCookies(const std::string& folder, std::vector<std::string>* cookies) {
   return files_.List(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
     if (!pump_.Next()) return false;
     if ((entry.attributes & (kHidden | kSystem | kFolder)) == 0 && IsCookieName(entry.name)) {
-      // The user, and the removal, need a name that leads there.
-      const bool by_short = IsLossy(entry.name) && !entry.short_name.empty();
-      cookies->push_back({entry.name, by_short ? entry.short_name : entry.name});
+      cookies->push_back(entry.name);
     }
     return true;
   });

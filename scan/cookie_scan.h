@@ -26,12 +26,7 @@ class CookieScan {
   void ScanCookie(const std::string& folder, bool all);
 
  private:
-  struct Cookie {
-    std::string name;
-    std::string file;  // a name that leads there
-  };
-
-  Outcome ListCookies(const std::string& folder, std::vector<Cookie>* cookies);
+  Outcome ListCookies(const std::string& folder, std::vector<std::string>* cookies);
   void Check(const std::string& path, const std::string& name, bool all);
 
   Files& files_;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/paths.h"
+
 namespace scourwell {
 
 std::string_view BareDetails(const Detection& found) {
@@ -13,7 +15,7 @@ std::string_view BareDetails(const Detection& found) {
 std::string_view ValueName(const Detection& value) {
   std::string_view name = BareDetails(value);
   name.remove_prefix(std::min(value.tool_tip.size(), name.size()));
-  if (name.starts_with('\\')) name.remove_prefix(1);
+  if (BeginsWithSeparator(name)) name.remove_prefix(1);
   return name;
 }
 

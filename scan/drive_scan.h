@@ -36,21 +36,15 @@ class DriveScan {
   void ScanPath(const std::string& path);
 
  private:
-  struct Subfolder {
-    std::string name;
-    std::string short_name;
-  };
   // An entry that answers a row.
   struct Hit {
     std::string name;
-    std::string short_name;
     bool link = false;
   };
   // One folder on the way down.
   struct Level {
-    std::string path;       // as shown and reported
-    std::string reachable;  // the same folder, with 8.3 parts where the names do not serve
-    std::vector<Subfolder> subfolders;
+    std::string path;
+    std::vector<std::string> subfolders;
     std::size_t next = 0;
   };
   struct Match {
@@ -60,14 +54,13 @@ class DriveScan {
   };
 
   void subShowFolderList(const std::string& root);
-  void Enter(std::string path, std::string reachable, const std::string& fallback,
-             std::vector<Level>* levels);
+  void Enter(std::string path, std::vector<Level>* levels);
   Outcome ListFolder(Level* level, std::vector<Match>* matches);
   void EnterSubfolder(std::vector<Level>* levels);
   void subFileSearch(const Level& level, std::vector<Match>* matches);
   void Confirm(const Level& level, std::uint32_t row);
   void Report(const Level& level, std::uint32_t row, const std::string& below, const Hit& hit);
-  void FindFiles(const std::string& folder, const std::string& reachable, std::string_view spy);
+  void FindFiles(const std::string& folder, std::string_view spy);
   bool PassesThroughLink(const std::string& folder, std::string_view signature);
   static Hit ToHit(const DirEntry& entry);
   void SearchOneFile(const std::string& path);

@@ -23,7 +23,9 @@ void Matching::checkIfFileExistsThenAddToSpyList(const std::string& spy, const s
     const std::string full = CleanDirString(path, folders_);
     if (full.empty()) return {};
     if (!MayLookUp(full)) return Refuse(full);
-    if (FileExists(files_, full)) ReportOnce(sink_, kSpyFile, kCodeFile, full, spy);
+    for (const std::string& place : PlacesOf(full, folders_)) {
+      if (FileExists(files_, place)) ReportOnce(sink_, kSpyFile, kCodeFile, place, spy);
+    }
     return {};
   }));
 }
@@ -34,7 +36,9 @@ void Matching::checkIfFolderExistsThenAddToSpyList(const std::string& spy,
     const std::string full = CleanDirString(path, folders_);
     if (full.empty()) return {};
     if (!MayLookUp(full)) return Refuse(full);
-    if (FolderExists(files_, full)) ReportOnce(sink_, kSpyFolder, kCodeFolder, full, spy);
+    for (const std::string& place : PlacesOf(full, folders_)) {
+      if (FolderExists(files_, place)) ReportOnce(sink_, kSpyFolder, kCodeFolder, place, spy);
+    }
     return {};
   }));
 }

@@ -1,5 +1,7 @@
 #include "scan/memory_scan.h"
 
+#include <algorithm>
+
 #include "platform/file_utils.h"
 #include "platform/text.h"
 
@@ -43,7 +45,11 @@ const char* PriorityName(std::uint32_t priority_class) {
 bool IsGenuineSystemProcess(const std::string& path, const SystemFolders& folders) {
   for (const SystemProcess& process : kSystemProcesses) {
     const std::string& home = process.home == Home::System ? folders.system : folders.windows;
-    if (EqualsNoCase(path, AddPathToFileName(home, process.name))) return true;
+    const std::vector<std::string> places =
+        PlacesOf(AddPathToFileName(home, process.name), folders);
+    if (std::ranges::any_of(places, [&](const auto& place) { return EqualsNoCase(path, place); })) {
+      return true;
+    }
   }
   return false;
 }

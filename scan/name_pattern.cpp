@@ -1,6 +1,6 @@
 #include "scan/name_pattern.h"
 
-#include "platform/file_utils.h"
+#include "platform/paths.h"
 
 namespace scourwell {
 namespace {
@@ -34,33 +34,34 @@ bool IsUsablePart(std::string_view part) {
 
 std::string NormalizeSignature(std::string_view signature) {
   std::string result;
-  for (;;) {
-    const std::size_t slash = signature.find('\\');
-    std::string_view part = signature.substr(0, slash);
-    if (slash == std::string_view::npos) return result.append(part);
-    // Dots alone name the folder itself or its parent: they stay, to be refused.
-    if (const std::string_view bare = WithoutTail(part); !bare.empty()) part = bare;
-    if (!part.empty()) result.append(part).append("\\");
-    signature.remove_prefix(slash + 1);
+  for (bool last = false; !last;) {
+    last = !HoldsSeparator(signature);
+    std::string_view part = TakePart(&signature);
+    // Dots alone name the folder itself or its parent: they stay, to be refused. Behind a wildcard
+    // they have a meaning of their own.
+    const bool wild = part.find_first_of("*?") != part.npos;
+    if (const std::string_view bare = WithoutTail(part); !bare.empty() && !(last && wild)) {
+      part = bare;
+    }
+    result += part;
+    if (!last && !part.empty()) result += kSeparator;
   }
+  return result;
 }
 
 PatternKind ClassifyPattern(std::string_view signature) {
   bool relative = false;
   for (std::string_view rest = signature;;) {
-    const std::size_t slash = rest.find('\\');
-    const std::string_view part = rest.substr(0, slash);
+    const bool last = !HoldsSeparator(rest);
+    const std::string_view part = TakePart(&rest);
     if (!IsUsablePart(part)) return PatternKind::Unusable;
     const bool wild = part.find_first_of("*?") != std::string_view::npos;
-    if (slash == std::string_view::npos) {
+    if (last) {
       if (relative) return PatternKind::Relative;
-      // A name that Windows would shorten is left to the system's listing.
-      return wild || WithoutTail(part).size() != part.size() ? PatternKind::Wildcard
-                                                             : PatternKind::Name;
+      return wild ? PatternKind::Wildcard : PatternKind::Name;
     }
     if (wild) return PatternKind::Unusable;  // no listing takes wildcards before the last part
     relative = true;
-    rest.remove_prefix(slash + 1);
   }
 }
 
@@ -108,10 +109,6 @@ std::string_view RequiredLiteral(std::string_view pattern) {
     at = end;
   }
   return best;
-}
-
-std::string_view FirstPart(std::string_view signature) {
-  return signature.substr(0, signature.find('\\'));
 }
 
 }  // namespace scourwell

@@ -14,7 +14,7 @@ enum class PatternKind {
 };
 
 // One spelling for what Windows takes as the same: no "\" at the front or doubled, no dots and
-// blanks at the end of a folder's name. The last part stays as it is.
+// blanks at the end of a name. Those behind wildcards stay.
 std::string NormalizeSignature(std::string_view signature);
 
 // Of a normalized signature.
@@ -27,8 +27,5 @@ bool MayMatch(std::string_view pattern, std::string_view name);
 
 // The longest run of characters that every name which MayMatch admits must hold; may be empty.
 std::string_view RequiredLiteral(std::string_view pattern);
-
-// The first part of a normalized signature.
-std::string_view FirstPart(std::string_view signature);
 
 }  // namespace scourwell

@@ -2,7 +2,9 @@
 
 #include <vector>
 
+#include "platform/paths.h"
 #include "platform/registry_access.h"
+#include "platform/registry_views.h"
 #include "platform/text.h"
 
 namespace scourwell {
@@ -57,9 +59,7 @@ std::string FullPath(RootKey root, const std::string& path) {
   return std::string(NameFromRoot(root)) + "\\" + path;
 }
 
-bool IsBelowClasses(std::string_view path) {
-  return EqualsNoCase(path.substr(0, sizeof kClassKey - 1), kClassKey);
-}
+bool IsBelowClasses(std::string_view path) { return StartsWithNoCase(path, kClassKey); }
 
 // The hive that a text names anywhere, tested in this order.
 std::optional<RootKey> HiveIn(std::string_view text) {
@@ -84,7 +84,7 @@ Detection ValueItem(const std::string& key, const std::string& name, const RegVa
   Detection item;
   item.kind = kSpyRegistryValue;
   item.icon = kCodeRegistry;
-  item.details = key + (key.ends_with('\\') ? "" : "\\") + name;
+  item.details = AddPathToFileName(key, name);
   item.tool_tip = key;
   item.tag = ValueToText(value);
   return item;
@@ -106,7 +106,7 @@ std::string ComparableData(const RegValue& value) {
 
 RegistryScan::RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, DetectionSink& sink,
                            ScanProgress& progress, SignatureLists& lists, ListLoader& loader,
-                           bool view64)
+                           RegistryView view)
     : registry_(registry),
       pump_(pump),
       log_(log),
@@ -115,20 +115,21 @@ RegistryScan::RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, Detect
       lists_(lists),
       loader_(loader),
       index_(lists.lstSearch, &SignatureRow::text),
-      view64_(view64) {}
+      view_(view) {}
 
 // In the 64-bit view only the machine's software and the classes are different ones.
 bool RegistryScan::IsSeen(RootKey root, std::string_view path) const {
   constexpr std::string_view kSoftware = "Software\\";
-  return !view64_ || root == RootKey::ClassesRoot ||
-         (root == RootKey::LocalMachine &&
-          EqualsNoCase(path.substr(0, kSoftware.size()), kSoftware));
+  return !view_.is_64 || root == RootKey::ClassesRoot ||
+         (root == RootKey::LocalMachine && StartsWithNoCase(path, kSoftware));
 }
 
 void RegistryScan::Report(Detection item, std::string_view spy) {
   item.system = spy;
-  item.view64 = view64_;
-  if (view64_) item.details += kView64;
+  // What the first pass has seen in a shared key is the same thing.
+  if (view_.is_64 && view_.shares && IsSharedByViews(item.tool_tip) && sink_.Contains(item)) return;
+  item.view64 = view_.is_64;
+  if (view_.is_64) item.details += kView64;
   if (!sink_.Contains(item)) sink_.AddSpyToListView(item);
 }
 
@@ -200,10 +201,8 @@ void RegistryScan::CheckNamedKeys() {
 
 void RegistryScan::CheckRegistryKType(const std::string& full_path, std::string_view spy) {
   static_cast<void>(log_.Trap("CheckRegistryKType", [&] {
-    const std::size_t slash = full_path.find('\\');
-    const auto root = HiveIn(std::string_view(full_path).substr(0, slash));
-    const std::string path =
-        slash == std::string::npos ? "" : CRegister::SplitKeyPath(full_path.substr(slash));
+    const auto root = HiveIn(FirstPart(full_path));
+    const std::string path = CRegister::SplitKeyPath(BehindFirstPart(full_path));
     if (!root || path.empty() || !IsSeen(*root, path)) return;  // a whole hive is no signature
     progress_.lblScan = full_path;
     ++progress_.scanned_keys;
@@ -224,13 +223,11 @@ void RegistryScan::CheckNamedValues() {
 }
 
 void RegistryScan::CheckNamedValue(const SignatureRow& row) {
-  const std::size_t slash = row.text.find('\\');
-  if (slash == std::string_view::npos) return;
-  const auto root = HiveIn(row.text.substr(0, slash));
-  if (!root) return;
+  const auto root = HiveIn(FirstPart(row.text));
+  if (!root || !HoldsSeparator(row.text)) return;
   progress_.lblScan = row.text;
   RegValue value;
-  const std::string path = CRegister::SplitKeyPath(row.text.substr(slash));
+  const std::string path = CRegister::SplitKeyPath(BehindFirstPart(row.text));
   const std::string name(row.sub1);
   if (!IsSeen(*root, path)) return;
   if (registry_.QueryValue(*root, path, name, &value) != kRegOk) return;

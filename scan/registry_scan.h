@@ -22,13 +22,20 @@ struct RegistryWalk;
 
 // The quick and the deep pass over fixed parts of the registry. The key rows of lstSearch and
 // the value rows of lstRegistry must stay unchanged as long as the scan lives.
+// Which view of the registry is walked.
+struct RegistryView {
+  // The second one of a 64-bit Windows: only what differs from the 32-bit one is walked, and what
+  // is found says so.
+  bool is_64 = false;
+  // Keys that both views share (IsSharedByViews) are one, as from Windows 7 on.
+  bool shares = false;
+};
+
 class RegistryScan {
  public:
-  // With `view64` the registry is the 64-bit view of a 64-bit Windows: only what differs from the
-  // 32-bit one is walked, and what is found says so.
   RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, DetectionSink& sink,
                ScanProgress& progress, SignatureLists& lists, ListLoader& loader,
-               bool view64 = false);
+               RegistryView view = {});
 
   // Named keys, thirteen keys where spies settle, named values.
   void QuickPass();
@@ -61,7 +68,7 @@ class RegistryScan {
   SignatureLists& lists_;
   ListLoader& loader_;
   ContainmentIndex index_;
-  bool view64_;
+  RegistryView view_;
   std::vector<std::uint32_t> sizes_;  // of the walks of the pass
 };
 

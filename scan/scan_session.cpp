@@ -112,15 +112,17 @@ void ScanSession::ScanRegistry(const ScanScope& scope) {
     parts_.lists.lstRegistry.Clear();
     parts_.built_in.AddBuiltIn(kBuiltInRegistryStage);
     parts_.loader.Load(kUpdateRegistrySVList);
-    ScanRegistryView(parts_.registry, false, quick, deep);
-    if (parts_.registry64) ScanRegistryView(*parts_.registry64, true, quick, deep);
+    ScanRegistryView(parts_.registry, {}, quick, deep);
+    if (parts_.registry64) {
+      ScanRegistryView(*parts_.registry64, {true, parts_.os.IsWin7()}, quick, deep);
+    }
     if (!parts_.pump.closing()) parts_.report.CreateRegistryScanLogFile();
   }));
 }
 
-void ScanSession::ScanRegistryView(Registry& registry, bool view64, bool quick, bool deep) {
+void ScanSession::ScanRegistryView(Registry& registry, RegistryView view, bool quick, bool deep) {
   RegistryScan scan(registry, parts_.pump, parts_.log, parts_.sink, parts_.progress, parts_.lists,
-                    parts_.loader, view64);
+                    parts_.loader, view);
   if (quick && !parts_.pump.closing()) {
     StartPhase(1806);
     scan.QuickPass();

@@ -5,10 +5,12 @@
 #include "definitions/builtin_lists.h"
 #include "definitions/list_loader.h"
 #include "platform/app_settings.h"
+#include "platform/op_sys_info.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
 #include "scan/drive_scan.h"
 #include "scan/memory_scan.h"
+#include "scan/registry_scan.h"
 #include "scan/scan_report.h"
 
 namespace scourwell {
@@ -31,6 +33,7 @@ class ScanSession {
     ListLoader& loader;
     MemoryScan& memory;
     Versions& versions;
+    const COpSysInfo& os;
     const SystemFolders& folders;
     DetectionSink& sink;
     ScanReport& report;
@@ -52,7 +55,7 @@ class ScanSession {
   void ScanNode(const ScanScope& scope, std::size_t number);
   void ScanMemory();
   void ScanRegistry(const ScanScope& scope);
-  void ScanRegistryView(Registry& registry, bool view64, bool quick, bool deep);
+  void ScanRegistryView(Registry& registry, RegistryView view, bool quick, bool deep);
   void ScanCookies();
   void ScanDrivesForAll(const ScanScope& scope);
   void ScanDrivesForAllFolders();

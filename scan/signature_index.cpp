@@ -1,5 +1,6 @@
 #include "scan/signature_index.h"
 
+#include "platform/paths.h"
 #include "platform/text.h"
 #include "scan/name_pattern.h"
 

@@ -5,7 +5,10 @@
 #   - an import from a library outside win32-exports/dlls.txt
 #   - a kernel32 function that the first Windows 95 or NT 4 lacks
 #   - a function of another library that win32-exports/too-new.txt names
-#   - a wide-character function (name ending in W): there on 9x, but it only fails
+#   - a wide-character function (name ending in W) of a library other than advapi32, kernel32,
+#     user32 and gdi32:
+#     only these surely have a stub for it on 9x, where the program must not call it
+#   - a wide-character function whose ANSI form is too new
 #   - an import by number: numbers differ between versions of Windows
 #   - a subsystem version above 4.0
 set -euo pipefail
@@ -32,8 +35,7 @@ complaints() {
             read_names("kernel32-win95.txt", win95)
             read_names("kernel32-nt40.txt", nt40)
             read_too_new()
-            # The compiler run-time imports these; it copes with their failure on 9x.
-            runtime["GetModuleHandleW"] = runtime["LoadLibraryW"] = runtime["CreateSemaphoreW"] = 1
+            stubs["advapi32"] = stubs["kernel32"] = stubs["user32"] = stubs["gdi32"] = 1
         }
         /^MajorSubsystemVersion/ { major = $2 }
         /^MinorSubsystemVersion/ { minor = $2 }
@@ -47,11 +49,14 @@ complaints() {
         NF == 3 && $1 ~ /^[0-9a-f]+$/ && $2 ~ /^[0-9]+$/ {
             name = $3
             if (!(dll in known)) next
+            ansi = name
+            sub(/W$/, "A", ansi)
             if (name ~ /^<none>/) print dll " " $2 ": imported by number"
             else if ((dll " " name) in since) print dll " " name ": since " since[dll " " name]
+            else if ((dll " " ansi) in since) print dll " " name ": since " since[dll " " ansi]
             else if (dll == "kernel32" && !(name in win95)) print dll " " name ": not in Windows 95"
             else if (dll == "kernel32" && !(name in nt40)) print dll " " name ": not in Windows NT 4"
-            else if (name ~ /W$/ && !(dll == "kernel32" && name in runtime)) print dll " " name ": wide-character function"
+            else if (name ~ /W$/ && !(dll in stubs)) print dll " " name ": wide-character function"
         }
         END {
             if (major * 100 + minor > 400) print "subsystem version " major "." minor " is above 4.0"

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/file_utils.h"
+#include "platform/unicode.h"
 
 namespace scourwell {
 namespace {
@@ -17,21 +18,23 @@ Application::Application(const Ports& ports, const std::string& application_fold
                          ProgramVersion version)
     : ports_(ports),
       version_(version),
-      log_(ports.files, ports.clock, FullPath_With_Filename(application_folder, "errorlog.txt")),
+      log_(ports.files, ports.clock, ports.code_pages,
+           FullPath_With_Filename(application_folder, "errorlog.txt")),
       os_(ports.system),
       folders_(ComputeSystemFolders(ports.system, ports.registry, os_, log_, application_folder)),
       language_(ports.files, ports.clock, ports.code_pages, log_, settings_, application_folder),
       store_(ports.registry),
-      settings_store_({store_, ports.registry, ports.profiles, ports.files, ports.clock, log_,
-                       folders_, version},
+      settings_store_({store_, ports.registry, ports.profiles, ports.files, ports.clock,
+                       ports.code_pages, log_, folders_, version},
                       settings_),
       statistics_(store_, ports.clock, language_),
       file_version_(ports.files, ports.versions, language_, log_),
-      ignore_(ports.files, ports.clock, log_,
+      ignore_(ports.files, ports.clock, ports.code_pages, store_, log_,
               AddPathToFileName(application_folder, "ignorespylist.txt")),
       hits_(ignore_, settings_, log_),
-      scan_log_({ports.files, ports.clock, ports.versions, file_version_, ports.processes,
-                 ports.pump, log_, language_, settings_, hits_, os_, folders_, version}),
+      scan_log_({ports.files, ports.clock, ports.code_pages, ports.versions, file_version_,
+                 ports.processes, ports.pump, log_, language_, settings_, hits_, os_, folders_,
+                 version}),
       reference_(ports.files, ports.clock, log_, settings_, application_folder),
       changes_(reference_, store_, language_, log_),
       memory_({ports.processes, ports.system, ports.pump, log_, os_, folders_, hits_, progress_}),
@@ -39,20 +42,20 @@ Application::Application(const Ports& ports, const std::string& application_fold
       built_in_(lists_, matching_, folders_, ports.pump, log_),
       loader_(reference_, lists_, matching_, *this, ports.pump, log_, folders_),
       session_({ports.files, ports.registry, ports.registry64, ports.pump, log_, ports.shell,
-                language_, settings_, lists_, built_in_, loader_, memory_, ports.versions, folders_,
-                hits_, *this, progress_}),
+                language_, settings_, lists_, built_in_, loader_, memory_, ports.versions, os_,
+                folders_, hits_, *this, progress_}),
       backups_({ports.files, ports.registry, ports.registry64, ports.clock, ports.pump, ports.shell,
-                log_, folders_, settings_}),
+                log_, ports.code_pages, os_, folders_, settings_}),
       registry_access_(ports.registry, log_, language_, ports.shell),
-      removal_({{ports.files, ports.system, ports.shell, ports.pump, log_, os_, folders_, settings_,
-                 registry_access_},
+      removal_({{ports.files, ports.system, ports.shell, ports.pump, log_, ports.code_pages, os_,
+                 folders_, settings_, registry_access_},
                 ports.processes,
                 ports.registry,
                 ports.registry64,
                 language_,
                 hits_}),
       tools_({ports.files, ports.registry, ports.registry64, ports.profiles, ports.shell,
-              ports.system, folders_},
+              ports.system, ports.code_pages, folders_},
              ports.versions, reference_, log_, language_),
       companions_(ports.files, ports.shell, application_folder) {}
 
@@ -87,7 +90,8 @@ std::string Application::TakeChangeReport() {
   for (std::size_t begin = 0; begin < whole.size();) {
     const std::size_t end = std::min(whole.find("\r\n", begin), whole.size());
     const std::string line = whole.substr(begin, end - begin);
-    report += line.size() > kLongestLine ? line.substr(0, kLongestLine) + "..." : line;
+    report += line.size() > kLongestLine ? std::string(WholeCharacters(line, kLongestLine)) + "..."
+                                         : line;
     if (end < whole.size()) report += "\r\n";
     begin = end + 2;
   }

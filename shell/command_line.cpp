@@ -1,5 +1,6 @@
 #include "shell/command_line.h"
 
+#include "platform/paths.h"
 #include "platform/text.h"
 
 namespace scourwell {
@@ -14,7 +15,7 @@ CommandLine ParseCommandLine(std::string_view text) {
     text = text.substr(1, text.size() - 2);
   }
   // "C:\folder\" and "C:\folder" are the same folder; "C:\" keeps its backslash, "C:" gets one.
-  while (text.size() > 3 && text.back() == '\\') text.remove_suffix(1);
+  text = WithoutEndSeparators(text);
   std::string path(text);
   if (path.size() == 2 && path[1] == ':') path += '\\';
   return {CommandLine::Kind::ScanPath, path};

@@ -21,7 +21,7 @@ constexpr int kLeastScan = 440;
 
 // Only top-level windows hear of new colours, but the common controls keep copies of them.
 BOOL CALLBACK ForwardColours(HWND window, LPARAM) {
-  SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
+  Calls().Send(window, WM_SYSCOLORCHANGE, 0, 0);
   return TRUE;
 }
 
@@ -90,7 +90,7 @@ void frmMain::ShowComplete(int show) {
 // In the middle of the screen, large enough for the list of results.
 Area frmMain::FirstPlace() const {
   RECT desktop = {};
-  SystemParametersInfoA(SPI_GETWORKAREA, 0, &desktop, 0);
+  Calls().Parameter(SPI_GETWORKAREA, 0, &desktop, 0);
   const Area work(desktop);
   const int width = std::min(metrics().Scale(840), work.width());
   const int height = std::min(metrics().Scale(580), work.height());
@@ -111,10 +111,15 @@ void frmMain::OnCreate() {
   MenuXP1_.on_command = [this](int id) { PostCommand(id, "MenuXP1_Click"); };
   tree_.Create(hwnd(), IDC_frmTree);
   CLIENTCREATESTRUCT create = {nullptr, IDC_FirstPage};
-  client_ =
-      CreateWindowExA(WS_EX_CONTROLPARENT, "MDICLIENT", "",
-                      WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | MDIS_ALLCHILDSTYLES, 0, 0, 0, 0,
-                      hwnd(), reinterpret_cast<HMENU>(IDC_MdiClient), shared_.instance, &create);
+  NewWindow made;
+  made.window_class = "MDICLIENT";
+  made.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | MDIS_ALLCHILDSTYLES;
+  made.ex_style = WS_EX_CONTROLPARENT;
+  made.parent = hwnd();
+  made.id_or_menu = reinterpret_cast<HMENU>(IDC_MdiClient);
+  made.instance = shared_.instance;
+  made.parameter = &create;
+  client_ = Calls().Create(made);
   if (!client_) throw std::runtime_error("The window could not be created: MDICLIENT");
 }
 
@@ -137,7 +142,7 @@ LRESULT frmMain::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       return 0;
     case WM_ENABLE:
       // Closing had to wait for a message box.
-      if (wparam && close_wanted_) PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+      if (wparam && close_wanted_) Calls().Post(hwnd(), WM_CLOSE, 0, 0);
       break;
     case WM_SYSCOLORCHANGE:
       EnumChildWindows(hwnd(), ForwardColours, 0);
@@ -162,7 +167,7 @@ LRESULT frmMain::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
 }
 
 LRESULT frmMain::Default(UINT message, WPARAM wparam, LPARAM lparam) {
-  return DefFrameProcA(hwnd(), client_, message, wparam, lparam);
+  return Calls().FrameDefault(hwnd(), client_, message, wparam, lparam);
 }
 
 void frmMain::OnSize(Area area) {
@@ -197,7 +202,7 @@ void frmMain::PageChanged() {
   tree_.Enable(!scanning);
   ShowProgress();
   focus_.Move(hwnd(), PageFocus());
-  if (close_wanted_ && !scanning) PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+  if (close_wanted_ && !scanning) Calls().Post(hwnd(), WM_CLOSE, 0, 0);
   if (!scanning) PostCommand(IDM_mnuChangeReport);
 }
 
@@ -217,7 +222,7 @@ void frmMain::ShowTitle() {
   if (percent >= 0) title = std::to_string(percent) + " % - " + title;
   if (title == title_) return;
   title_ = std::move(title);
-  SetWindowTextA(hwnd(), title_.c_str());
+  Calls().SetText(hwnd(), title_);
 }
 
 Page* frmMain::page() const {
@@ -258,7 +263,7 @@ void frmMain::Close() {
   if (app_.busy()) pump_.set_closing(true);
   if (!IsWindowEnabled(hwnd())) {
     HWND popup = GetLastActivePopup(hwnd());
-    if (popup != hwnd()) SendMessageA(popup, WM_CLOSE, 0, 0);
+    if (popup != hwnd()) Calls().Send(popup, WM_CLOSE, 0, 0);
     // It stays when the user wants to: then so does the program.
     if (!IsWindowEnabled(hwnd()) && !app_.busy()) close_wanted_ = false;
     return;

@@ -66,7 +66,7 @@ void frmMain::PostCommand(int id, const char* method) {
     posted_ = id;
     posted_method_ = method;
   }
-  PostMessageA(hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0);
+  Calls().Post(hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0);
 }
 
 std::string frmMain::Hindrance(int id) const {
@@ -99,7 +99,7 @@ void frmMain::LanguageChanged() {
   menu_.Create(hwnd(), app_.language());
   FillSideMenu();
   if (home_) home_->Refresh();
-  SetWindowTextA(hwnd(), app_.Title().c_str());
+  Calls().SetText(hwnd(), app_.Title());
   if (scan_) {
     scan_->ShowsResults() ? OpenScanPage(frmScanSpy::First::Results, {}) : scan_->LanguageChanged();
   }
@@ -149,7 +149,7 @@ void frmMain::OpenScanPage(frmScanSpy::First first, const std::string& path) {
 }
 
 Outcome frmMain::Exit() {
-  PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+  Calls().Post(hwnd(), WM_CLOSE, 0, 0);
   return {};
 }
 

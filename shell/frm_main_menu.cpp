@@ -1,5 +1,6 @@
 #include "shell/frm_main_menu.h"
 
+#include "platform/win/window_calls.h"
 #include "shell/command_table.h"
 #include "widgets/access_keys.h"
 
@@ -7,14 +8,14 @@ namespace scourwell {
 namespace {
 
 void Append(HMENU menu, int id, const std::string& text) {
-  AppendMenuA(menu, MF_STRING, static_cast<UINT_PTR>(id), text.c_str());
+  Calls().Append(menu, MF_STRING, static_cast<UINT_PTR>(id), text);
 }
 
 void AppendPopup(HMENU menu, HMENU popup, const std::string& text) {
-  AppendMenuA(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), text.c_str());
+  Calls().Append(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), text);
 }
 
-void AppendRule(HMENU menu) { AppendMenuA(menu, MF_SEPARATOR, 0, nullptr); }
+void AppendRule(HMENU menu) { Calls().Append(menu, MF_SEPARATOR, 0, {}); }
 
 HMENU ScanMenu(const Captions& captions) {
   HMENU menu = CreatePopupMenu();

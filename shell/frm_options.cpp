@@ -39,7 +39,7 @@ bool frmOptions::OnCommand(int id) {
       Proceed();
       return true;
     case IDC_cmdCancelOptions:
-      PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+      Calls().Post(hwnd(), WM_CLOSE, 0, 0);
       return true;
     case IDC_chkScanStartup:
       ScanStartup();
@@ -80,8 +80,8 @@ void frmOptions::SwitchTab(int step) {
   const HWND first = FirstFocus();
   SetFocus(first);
   // As Tab does with a line to type in.
-  if (SendMessageA(first, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) {
-    SendMessageA(first, EM_SETSEL, 0, -1);
+  if (Calls().Send(first, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) {
+    Calls().Send(first, EM_SETSEL, 0, -1);
   }
 }
 

@@ -13,7 +13,6 @@ namespace {
 
 constexpr int kWidth = 420;  // pixels at 96 dots per inch
 constexpr int kUnfolded = 160;
-constexpr std::size_t kLongestTyped = 259;
 
 // The strips of a page, from the top down.
 class Column {
@@ -86,7 +85,7 @@ void frmOptions::CreatePath(std::size_t index, HWND page, AccessKeys* keys) {
   PathControls& path = paths_[index];
   path.caption.CreateWithKey(env_, page, row.label, keys->Add(Text(row.caption)));
   path.text.Create(env_, page, row.text);
-  SendMessageA(path.text.hwnd(), EM_LIMITTEXT, kLongestTyped, 0);
+  Calls().Send(path.text.hwnd(), EM_LIMITTEXT, Calls().LongestPath(), 0);
   path.browse.Create(env_, page, row.browse, keys->Add(Text(17345)));
   path.hint.Create(env_, page, row.hint, Text(17346), SS_LEFT);
 }
@@ -158,7 +157,9 @@ int frmOptions::ArrangeTab(int tab, Area area, Layout* layout) const {
       column.Take(ArrangeLanguage(column.rest(), layout));
     }
     if (row.section != section) begin_section(row.section);
-    Area place = column.Take(CheckBox::Height(metrics(), Text(row.caption), column.width()));
+    // Its key may lie behind the caption, where it takes room, whatever key it is.
+    const std::string caption = AccessKeys().Add(Text(row.caption));
+    const Area place = column.Take(CheckBox::Height(metrics(), caption, column.width()));
     column.Skip(2);
     if (layout) layout->Place(boxes_[i], place);
   }
@@ -178,7 +179,7 @@ int frmOptions::ArrangeLanguage(Area area, Layout* layout) const {
   const int height = metrics().FieldHeight();
   if (!layout) return height;
   Area line = area.CutTop(height);
-  Area label = line.CutLeft(metrics().TextWidth(Text(17356)) + metrics().Gap());
+  Area label = line.CutLeft(metrics().CaptionWidth(lblLang_.Text()) + metrics().Gap());
   label.CutTop(metrics().Scale(4));
   layout->Place(lblLang_, label);
   layout->Place(cmdEditLanguagePackFile_, line.CutRight(cmdEditLanguagePackFile_.width()));

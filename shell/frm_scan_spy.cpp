@@ -138,7 +138,8 @@ void frmScanSpy::cmdCancel_Click() {
 }
 
 void frmScanSpy::ViewLog() {
-  frmLog(env_, app_.ports().files, app_.settings().LogFilePath).ShowModal(Root());
+  frmLog(env_, app_.ports().files, app_.ports().code_pages, app_.settings().LogFilePath)
+      .ShowModal(Root());
 }
 
 HWND frmScanSpy::DefaultButton() const {

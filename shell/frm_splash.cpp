@@ -31,9 +31,9 @@ void frmSplash::ShowModal(HWND owner) {
   SetWindowPos(hwnd(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
   SetTimer(hwnd(), kTimer, kDuration, nullptr);
   MSG message;
-  while (!over_ && GetMessageA(&message, nullptr, 0, 0) > 0) {
+  while (!over_ && Calls().Next(&message, nullptr, 0, 0) > 0) {
     TranslateMessage(&message);
-    DispatchMessageA(&message);
+    Calls().Dispatch(&message);
   }
   KillTimer(hwnd(), kTimer);
   EnableWindow(owner, TRUE);

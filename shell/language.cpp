@@ -2,6 +2,7 @@
 
 #include "platform/file_utils.h"
 #include "platform/text.h"
+#include "platform/unicode.h"
 #include "shell/caption_table.h"
 
 namespace scourwell {
@@ -22,12 +23,18 @@ unsigned StatedCodePage(const IniText& pack) {
   return number < kFirstCodePage ? 0 : static_cast<unsigned>(number);
 }
 
+std::string_view CutCharacters(std::string_view text, std::size_t count) {
+  std::size_t end = 0;
+  for (std::size_t i = 0; i < count && end < text.size(); ++i) NextCode(text, &end);
+  return text.substr(0, end);
+}
+
 }  // namespace
 
 std::string Language::SetCaptionfromINI(std::string_view number, std::string_view fallback) const {
   static_cast<void>(log_.Trap("SetCaptionfromINI", [&] { return Refresh(); }));
   const std::string_view text = pack_.Find(kSection, number).value_or(fallback);
-  return std::string(TrimBlanks(TrimNull(text).substr(0, kLongestCaption)));
+  return std::string(TrimBlanks(CutCharacters(TrimNull(text), kLongestCaption)));
 }
 
 std::string Language::Text(int number) const {
@@ -49,27 +56,24 @@ Outcome Language::Refresh() const {
   Outcome useless;
   Outcome read = watched_.Refresh(path, {}, [&](std::optional<std::string> content) {
     pack_ = IniText();
-    if (content) useless = Load(std::move(*content)).With("File: ", path);
+    if (content) useless = Load(*content).With("File: ", path);
   });
   if (read.number() == kFileNotFound) return {};  // the defaults serve
   return read.ok() ? std::move(useless) : std::move(read);
 }
 
-// Texts that cannot be turned into the system's code page are shown as they are.
-Outcome Language::Load(std::string content) const {
-  pack_ = IniText(content);
-  if (pack_.section_count() == 0) {
-    return Outcome::Failed(kPastEndOfFile, "The language pack holds no section");
-  }
-  const unsigned code_page = StatedCodePage(pack_);
-  if (code_page == 0 || code_page == code_pages_.System()) return {};
-  Outcome turned = code_pages_.ToSystem(code_page, &content);
-  if (!turned.ok()) {
-    return Outcome::Failed(turned.number(), "The code page of the language pack is not installed")
+// A pack whose letters nobody can read is none: the English defaults serve.
+Outcome Language::Load(const std::string& content) const {
+  const unsigned stated = StatedCodePage(IniText(content));
+  const unsigned code_page = stated == 0 ? code_pages_.System() : stated;
+  std::string text;
+  if (Outcome decoded = code_pages_.Decode(code_page, content, &text); !decoded.ok()) {
+    return Outcome::Failed(decoded.number(), "The code page of the language pack is not installed")
         .With("Code page: ", std::to_string(code_page));
   }
-  pack_ = IniText(std::move(content));
-  return {};
+  pack_ = IniText(std::move(text));
+  if (pack_.section_count() != 0) return {};
+  return Outcome::Failed(kPastEndOfFile, "The language pack holds no section");
 }
 
 std::string WithLineBreaks(std::string_view message) { return ReplaceAll(message, "#", "\r\n"); }

@@ -12,14 +12,14 @@
 
 namespace scourwell {
 
-inline constexpr std::size_t kLongestCaption = 499;  // bytes
+inline constexpr std::size_t kLongestCaption = 499;  // characters
 
 // The active language pack: "Lang\<LanguageFile>" below the application folder, an INI file with
 // the section "Adware Language Pack" with decimal numbers as keys. A second section may state the
 // code page that the file was written in:
 //   [Language Pack]
 //   CodePage=1250
-// Texts of another code page than the system's are turned into it when the pack is loaded.
+// Without that it is the system's own.
 class Language : public Captions {
  public:
   static constexpr std::uint64_t kLargest = 16u << 20;
@@ -32,7 +32,7 @@ class Language : public Captions {
         application_folder_(std::move(application_folder)),
         watched_(files, clock, kLargest) {}
 
-  // The pack's text for a number, else `fallback`; cut to 499 bytes, then trimmed of blanks at
+  // The pack's text for a number, else `fallback`; cut to 499 characters, then trimmed of blanks at
   // both ends. A key that is there without a value gives an empty text.
   std::string SetCaptionfromINI(std::string_view number, std::string_view fallback) const;
 
@@ -46,7 +46,7 @@ class Language : public Captions {
 
  private:
   Outcome Refresh() const;
-  Outcome Load(std::string content) const;
+  Outcome Load(const std::string& content) const;
 
   CodePages& code_pages_;
   ErrorLog& log_;

@@ -64,9 +64,8 @@ std::vector<LanguageEntry> ListLanguages(Files& files, ErrorLog& log, const std:
   static_cast<void>(files.List(pattern, [&](const DirEntry& entry) {
     const std::string& name = entry.name;
     // The pattern is also compared with the short names, which cut an extension off.
-    const bool pack = name.size() > kExtension &&
-                      EqualsNoCase(name.substr(name.size() - kExtension), kPackExtension);
-    if (pack && !entry.IsFolder() && !IsLossy(name)) {
+    const bool pack = name.size() > kExtension && EndsWithNoCase(name, kPackExtension);
+    if (pack && !entry.IsFolder()) {
       entries.push_back({name.substr(0, name.size() - kExtension), {}});
     }
     return true;

@@ -6,9 +6,11 @@
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 #include "platform/win/processes_win.h"
+#include "platform/win/program_win.h"
 #include "platform/win/pump_win.h"
 #include "platform/win/registry_win.h"
 #include "platform/win/single_instance.h"
+#include "platform/win/system_folding.h"
 #include "platform/win/system_win.h"
 #include "platform/win/versions_win.h"
 #include "shell/application.h"
@@ -19,23 +21,15 @@ namespace {
 
 // The folder that the program stands in.
 std::string ApplicationFolder() {
-  char path[MAX_PATH] = "";
-  const DWORD size = GetModuleFileNameA(nullptr, path, sizeof path);
-  const std::string folder(scourwell::FolderPart(std::string_view(path, size)));
+  const std::string path = scourwell::RunningSystemCalls().OwnPath();
+  const std::string folder(scourwell::FolderPart(path));
   return folder.size() == 2 ? folder + "\\" : folder;  // a drive root keeps its backslash
-}
-
-// A path as the user typed it, made absolute against the current folder.
-std::string FullPath(const std::string& path) {
-  char full[MAX_PATH] = "";
-  const DWORD size = GetFullPathNameA(path.c_str(), sizeof full, full, nullptr);
-  return size == 0 || size >= sizeof full ? path : std::string(full, size);
 }
 
 }  // namespace
 
 // The one place that makes real adapters.
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR command_line, int show) {
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
   using namespace scourwell;
   int exit_code = 0;
   if (RunAsChild(&exit_code)) return exit_code;
@@ -57,7 +51,10 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR command_line, int show) 
                    clock, system, shell, versions, processes, pump, code_pages},
                   ApplicationFolder(), kProgramVersion);
   frmMain main_window(app, pump, instance);
-  CommandLine command = ParseCommandLine(command_line ? command_line : "");
-  if (command.kind == CommandLine::Kind::ScanPath) command.path = FullPath(command.path);
+  CommandLine command = ParseCommandLine(CommandArguments());
+  if (command.kind == CommandLine::Kind::ScanPath) {
+    const std::string full = RunningSystemCalls().FullPath(command.path);
+    if (!full.empty()) command.path = full;
+  }
   return main_window.Run(command, show);
 }

@@ -81,7 +81,8 @@ Outcome OptionsForm::SetScanStartup(bool ticked) {
     CRegister run(parts_.registry);
     if (ticked) {
       const std::string program = AddPathToFileName(parts_.folders.application, "Scourwell.exe");
-      status = run.SetString(RootKey::CurrentUser, kRunKey, kRunValue, program + " /STARTUP");
+      status =
+          run.SetString(RootKey::CurrentUser, kRunKey, kRunValue, program + " /STARTUP" + '\0');
     } else {
       run.DeleteEntry(RootKey::CurrentUser, kRunKey, kRunValue, &status);
       if (status == kRegNotFound) status = kRegOk;

@@ -108,7 +108,7 @@ Outcome Settings::Save() {
   set("Path", "Install", parts_.folders.application);
   set("Path", "DefinitionsPath", settings_.DefinitionsFolder);
   set_booleans({&AppSettings::BackupBeforeRemoval});
-  Outcome written = WriteINIString(parts_.profiles, parts_.folders.application,
+  Outcome written = WriteINIString(parts_.profiles, parts_.code_pages, parts_.folders.application,
                                    "DEFINITIONS_FILE_LOCATION", settings_.DefinitionsFolder);
   return first.ok() ? std::move(written) : std::move(first);
 }

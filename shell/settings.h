@@ -33,6 +33,7 @@ class Settings {
     Profiles& profiles;
     Files& files;
     Clock& clock;
+    CodePages& code_pages;
     ErrorLog& log;
     const SystemFolders& folders;
     ProgramVersion version;

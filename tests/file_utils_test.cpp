@@ -25,7 +25,7 @@ TEST_SUITE("file_utils") {
       }
     };
     all_are(true, {"C:\\x", "c:\\Program Files\\a b.exe", "\\\\server\\share\\x", "C:\\a\\.hidden",
-                   "C:\\caf\xE9", "C:\\a~1", "C:\\console\\x", "C:\\", "C:\\%win%\\x"});
+                   "C:\\caf\u00E9", "C:\\a~1", "C:\\console\\x", "C:\\", "C:\\%win%\\x"});
     all_are(false, {"", "x", "C:", "C:x", "\\x", "%win%\\x", "1:\\x", "\\\\\\x", "\\\\s"});
     all_are(false, {"C:/x", "C:\\*.exe", "C:\\a?", "C:\\a:b", "C:\\a|b", "C:\\\"a\"", "C:\\a\x01"});
     all_are(false, {"C:\\..\\x", "C:\\a\\.", "C:\\a\\..", "C:\\a\\.. \\x", "C:\\a\\... \\x"});
@@ -65,7 +65,8 @@ TEST_SUITE("file_utils") {
       b.m.File("C:\\Spyware Folder\\evil.exe");
       if (!before.empty()) b.m.File("C:\\WINDOWS\\WinInit.ini", before);
       b.m.Folder("C:\\WINDOWS");
-      CHECK(DestroyOnReboot("C:\\Spyware Folder\\evil.exe", b.m.files, b.m.system).ok());
+      CHECK(DestroyOnReboot("C:\\Spyware Folder\\evil.exe", b.m.files, b.m.system, b.m.code_pages)
+                .ok());
       CHECK(b.m.Content("C:\\WINDOWS\\WinInit.ini") == after);
     }
   }
@@ -75,7 +76,8 @@ TEST_SUITE("file_utils") {
     b.m.Folder("C:\\WINDOWS");
     b.m.Folder("C:\\Evil");
     const auto schedule = [&](const std::string& path) {
-      return DeleteAtNextStart(path, b.m.files, b.m.system, COpSysInfo(b.m.system)).number();
+      return DeleteAtNextStart(path, b.m.files, b.m.system, b.m.code_pages, COpSysInfo(b.m.system))
+          .number();
     };
     CHECK(schedule("C:\\Evil") == 0);
     CHECK(Lines(b.m.system.journal) == "Move C:\\Evil > \n");
@@ -92,7 +94,7 @@ TEST_SUITE("file_utils") {
     b.m.File("C:\\evil.exe");
     Node& ini = b.m.File("C:\\WINDOWS\\WinInit.ini", "[Rename]\r\nNUL=C:\\a\r\n");
     const auto number = [&] {
-      return DestroyOnReboot("C:\\evil.exe", b.m.files, b.m.system).number();
+      return DestroyOnReboot("C:\\evil.exe", b.m.files, b.m.system, b.m.code_pages).number();
     };
     ini.Locked();
     CHECK(number() == kPermissionDenied);
@@ -124,7 +126,7 @@ TEST_SUITE("file_utils") {
     CHECK(KillProcessById(7, b.m.system).ok());
     CHECK(Lines(b.m.system.journal) == "Terminate 7\n");
     CHECK(RetrieveError(b.m.system) == "error 5");
-    CHECK(WriteINIString(b.m.profiles, kAppFolder, "KEY", "value").ok());
+    CHECK(WriteINIString(b.m.profiles, b.m.code_pages, kAppFolder, "KEY", "value").ok());
     CHECK(b.m.Content("C:\\App\\Setting.ini") == "[Setting]\r\nKEY=value\r\n");
   }
 

@@ -55,12 +55,13 @@ TEST_SUITE("file_version") {
   TEST_CASE("description and product name are read from the bytes of a file") {
     Machine v;
     VersionBlock block;
-    block.Text("CompanyName", "Evil").Text("FileDescription", "A \xE9vil thing ");
+    block.Text("CompanyName", "Evil")
+        .Text("FileDescription", "A \xE9vil thing ");  // in 16-bit units or bytes
     block.Text("FileVersion", "1.0").Text("ProductName", "Thing").Text("ProductVersion", "2");
     for (const bool wide : {true, false}) {
       block.wide = wide;
       const std::string front = "MZ FileDescription front" + std::string(wide ? 3 : 101, '\0');
-      CHECK(v.Description(front + block.Make() + "FileVersion") == "A \xE9vil thing");
+      CHECK(v.Description(front + block.Make() + "FileVersion") == "A \u00E9vil thing");
       CHECK(v.version.GetProductName(kPath) == "Thing");
     }
     CHECK(v.m.Errors() == "");

@@ -8,7 +8,7 @@ namespace {
 constexpr char kIgnored[] = "C:\\App\\ignorespylist.txt";
 
 struct Results : Bench {
-  IgnoreList ignore{m.files, m.clock, log, kIgnored};
+  IgnoreList ignore{m.files, m.clock, m.code_pages, kept, log, kIgnored};
   HitList hits{ignore, settings, log};
 
   void Add(std::string_view kind, const std::string& details, const std::string& spy = "spy") {
@@ -84,6 +84,23 @@ TEST_SUITE("ignore_list") {
     CHECK(r.ignore.Keep({}).ok());
     CHECK(r.ignore.Load(&records).ok());
     CHECK(records.empty());
+  }
+
+  TEST_CASE("a list of another code page is read right, and written anew in the present one") {
+    Results r;
+    const IgnoreRecord western{"Spy File", "C:\\z\u00FCrich \u0141", "s"};
+    REQUIRE(r.ignore.Append({western}).ok());
+    CHECK(r.m.Content(kIgnored) == "\"Spy File\",\"C:\\z\xFCrich <U+0141>\",\"s\"\r\n");
+    r.m.code_pages.system = 1251;
+    IgnoreList later(r.m.files, r.m.clock, r.m.code_pages, r.kept, r.log, kIgnored);
+    CHECK(later.Matches(western.kind, western.details));
+    REQUIRE(later.Append({{"Spy File", "C:\\\u0430", "s"}}).ok());
+    CHECK(r.m.Content(kIgnored) ==
+          "\"Spy File\",\"C:\\z\xFCrich <U+0141>\",\"s\"\r\n\"Spy File\",\"C:\\\xE0\",\"s\"\r\n");
+    CHECK(later.Matches("Spy File", "C:\\\u0430"));
+    std::vector<IgnoreRecord> records;
+    REQUIRE(later.Load(&records).ok());
+    CHECK(records.size() == 2);
   }
 
   TEST_CASE("whichever write fails, no record that is kept is lost") {

@@ -110,6 +110,25 @@ TEST_SUITE("system_folders") {
     CHECK_FALSE(ExpandFolderToken("%Windows%\\a", folders));
     CHECK(ExpandFolderToken("%win%\\a", folders) == "%win%\\a");
   }
+
+  TEST_CASE("a 64-bit Windows has two folders where a definition names one") {
+    SystemFolders folders;
+    folders.system = "C:\\WIN\\System32";
+    folders.program_files = "C:\\Program Files (x86)";
+    folders.common_files = "C:\\Program Files (x86)\\Common Files";
+    const auto places = [&](const std::string& path) { return Lines(PlacesOf(path, folders)); };
+    CHECK(places("C:\\WIN\\System32\\evil.dll") == "C:\\WIN\\System32\\evil.dll\n");
+    folders.system_wow64 = "C:\\WIN\\SysWOW64";
+    folders.program_files_64 = "C:\\Program Files";
+    folders.common_files_64 = "C:\\Program Files\\Common Files";
+    CHECK(places("c:\\win\\SYSTEM32\\evil.dll") ==
+          "c:\\win\\SYSTEM32\\evil.dll\nC:\\WIN\\SysWOW64\\evil.dll\n");
+    CHECK(places("C:\\Program Files (x86)\\Evil") ==
+          "C:\\Program Files (x86)\\Evil\nC:\\Program Files\\Evil\n");
+    CHECK(places("C:\\Program Files (x86)\\Common Files\\x") ==
+          "C:\\Program Files (x86)\\Common Files\\x\nC:\\Program Files\\Common Files\\x\n");
+    CHECK(places("C:\\WIN\\System32x") == "C:\\WIN\\System32x\n");
+  }
 }
 
 }  // namespace scourwell::test

@@ -111,7 +111,8 @@ TEST_SUITE("options") {
     Dialog d;
     OptionsForm form = d.app.Options();
     CHECK(form.SetScanStartup(true).ok());
-    CHECK(d.m.registry.Text(kUser, kRun, "ZURANTISPY") == "C:\\App\\Scourwell.exe /STARTUP");
+    CHECK(d.m.registry.Text(kUser, kRun, "ZURANTISPY") ==
+          std::string("C:\\App\\Scourwell.exe /STARTUP") + '\0');
     CHECK(d.app.settings().RunStartup);
     CHECK(d.app.Options().controls().chkScanStartup);
     d.Ok([](OptionsForm&) {});

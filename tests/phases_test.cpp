@@ -1,4 +1,6 @@
 // The memory, registry and cookie phases on the fake machine.
+#include "platform/paths.h"
+#include "platform/registry_access.h"
 #include "scan/cookie_scan.h"
 #include "scan/registry_scan.h"
 #include "tests/session_support.h"
@@ -226,7 +228,8 @@ TEST_SUITE("registry_scan") {
     p.loader.Load(kUpdateRegistrySVList);
     p.Registry().QuickPass();
     p.Registry().DeepPass();
-    RegistryScan second(view64, p.m.pump, p.log, p.sink, p.progress, p.lists, p.loader, true);
+    RegistryScan second(view64, p.m.pump, p.log, p.sink, p.progress, p.lists, p.loader,
+                        {true, false});
     second.QuickPass();
     second.DeepPass();
     CHECK(p.sink.lines() ==
@@ -240,6 +243,32 @@ TEST_SUITE("registry_scan") {
     CHECK(p.sink.found[2].tool_tip == "HKEY_LOCAL_MACHINE\\Software\\Only64");
     CHECK(p.sink.found[2].view64);
     CHECK_FALSE(p.sink.found[0].view64);
+  }
+
+  TEST_CASE("what both views share is listed once, from Windows 7 on") {
+    for (const bool shares : {false, true}) {
+      Phases p;
+      FakeRegistry view64;
+      std::size_t keys = 0;
+      for (const char* key :
+           {"HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\evil.exe",
+            "HKEY_LOCAL_MACHINE\\Software\\Classes\\Evil.Class", "HKEY_CLASSES_ROOT\\EvilFile",
+            "HKEY_CLASSES_ROOT\\CLSID\\{BAD}",
+            "HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\{BAD}",
+            "HKEY_LOCAL_MACHINE\\Software\\Evil"}) {
+        for (FakeRegistry* registry : {&p.m.registry, &view64}) {
+          registry->Make(*RootFromName(FirstPart(key)), std::string(BehindFirstPart(key)));
+        }
+        p.definitions.Entry("REGK", {"REGKT", "REGKK"}, {"Key", key});
+        ++keys;
+      }
+      p.WriteDefinitions();
+      p.Registry().QuickPass();
+      RegistryScan(view64, p.m.pump, p.log, p.sink, p.progress, p.lists, p.loader, {true, shares})
+          .QuickPass();
+      CAPTURE(p.sink.lines());
+      CHECK(p.sink.found.size() == 2 * keys - (shares ? 3 : 0));
+    }
   }
 }
 
@@ -269,13 +298,6 @@ TEST_SUITE("cookie_scan") {
     p.m.Folder("C:\\Cookies").Denied();
     CHECK(p.Cookies(true) == "");
     CHECK(p.m.Failures() == "70 ScanCookie, Folder: C:\\Cookies\\\n");
-  }
-
-  TEST_CASE("a cookie with a name outside the code page goes by its 8.3 name") {
-    Phases p;
-    p.m.File("C:\\Cookies\\??@spylog[1].txt").Short("SPYLOG~1.TXT");
-    FillListBox(p.lists.lstSearch, "Spy Cookie", "Log", "@spylog");
-    CHECK(p.Cookies(false) == "Spy Cookie|Log|C:\\Cookies\\SPYLOG~1.TXT\n");
   }
 }
 

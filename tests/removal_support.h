@@ -9,7 +9,7 @@
 namespace scourwell::test {
 
 struct Remover : Bench {
-  IgnoreList ignore{m.files, m.clock, log, "C:\\App\\ignorespylist.txt"};
+  IgnoreList ignore{m.files, m.clock, m.code_pages, kept, log, "C:\\App\\ignorespylist.txt"};
   HitList hits{ignore, settings, log};
   SystemFolders folders{kAppFolder,
                         "C:\\WINDOWS",
@@ -40,15 +40,15 @@ struct Remover : Bench {
     hits.AddSpyToListView(
         {std::string(kind), details, "spy", 0, tool_tip.empty() ? details : tool_tip, tag});
   }
-  void Run(const std::unordered_set<std::size_t>& kept = {}) {
-    removal = std::make_unique<Removal>(
-        Removal::Parts{{m.files, m.system, m.shell, m.pump, log, os, folders, settings, access},
-                       m.processes,
-                       m.registry,
-                       registry64,
-                       captions,
-                       hits});
-    removal->RemoveSelectedSpy(kept);
+  void Run(const std::unordered_set<std::size_t>& left_alone = {}) {
+    removal = std::make_unique<Removal>(Removal::Parts{
+        {m.files, m.system, m.shell, m.pump, log, m.code_pages, os, folders, settings, access},
+        m.processes,
+        m.registry,
+        registry64,
+        captions,
+        hits});
+    removal->RemoveSelectedSpy(left_alone);
   }
   // One letter an object: removed, gone, pending, Refused, Failed.
   std::string States() const {

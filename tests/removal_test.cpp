@@ -13,7 +13,7 @@ TEST_SUITE("removal") {
     r.Add(kSpyCookie, "C:\\b.txt");
     r.Add(kSpyFolder, "C:\\Evil");
     for (const char* path :
-         {" C:\\a.exe ", "C:\\locked.exe", "C:\\none.exe", "C:\\kept.txt", "C:\\left.txt"}) {
+         {" C:\\a.exe", "C:\\locked.exe", "C:\\none.exe", "C:\\kept.txt", "C:\\left.txt"}) {
       r.Add(kSpyFile, path);
     }
     r.hits.SetChecked(6, false);
@@ -80,10 +80,10 @@ TEST_SUITE("removal") {
       CHECK(r.m.system.journal.empty());
     };
     for (const char* folder :
-         {"C:\\", "C:\\WINDOWS", "c:\\windows\\SYSTEM32", "C:\\WINDOWS\\system32\\", "C:\\WINDOWS.",
-          "C:\\PROGRA~1", "C:\\Program Files\\Common Files", "C:\\Users", "C:\\Users\\me",
-          "C:\\Users\\me\\Desktop", "C:\\Users\\me\\Desktop\\..\\..\\..\\WINDOWS",
-          "\\\\?\\C:\\WINDOWS", "C:\\App", "C:\\App\\Lang"}) {
+         {"C:\\", "C:\\WINDOWS", "c:\\windows\\SYSTEM32", "C:\\WINDOWS\\system32\\", "C:\\PROGRA~1",
+          "C:\\Program Files\\Common Files", "C:\\Users", "C:\\Users\\me", "C:\\Users\\me\\Desktop",
+          "C:\\Users\\me\\Desktop\\..\\..\\..\\WINDOWS", "\\\\?\\C:\\WINDOWS", "C:\\App",
+          "C:\\App\\Lang"}) {
       is_refused(kSpyFolder, folder);
     }
     for (const char* file : kFiles) is_refused(kSpyFile, file);
@@ -161,20 +161,25 @@ TEST_SUITE("removal") {
     CHECK(r.Recorded("spyFolderName: C:\\Evil"));
   }
 
-  TEST_CASE("long and unspellable names go by their 8.3 form") {
+  TEST_CASE("what a full-width or rewritten name seems to lead to stays") {
     Remover r;
-    std::string folder = "C:\\Evil";
-    while (folder.size() < 200) folder += "\\a rather long name";
-    r.m.File(folder + "\\x.exe", "x");
-    // The fake makes no such names.
-    r.m.File(folder + "\\n\\lost").Short("AB~1").name = "a?b";
-    r.m.Folder(folder + "\\n").Short("NNNNNN~1").name = std::string(90, 'n');
+    const std::vector<std::string> precious = {"C:\\precious\\letter.txt", "C:\\Evil2\\x.exe",
+                                               "C:\\Lodka\\evil.exe"};
+    for (const std::string& path : precious) r.m.File(path, "dear");
+    std::string deep = "C:\\Evil";
+    while (deep.size() < 5000) deep += "\\a rather long name";
+    for (const std::string& path :
+         {deep + "\\x.exe", std::string("C:\\Evil\\\uFF0E\uFF0E\uFF3C\uFF50recious\\letter.txt"),
+          std::string("C:\\Evil\\con\\nul. .txt"), std::string("C:\\Evil\\x.exe."),
+          std::string("C:\\\u0141odka\\evil.exe")}) {
+      r.m.File(path, "x");
+    }
     CHECK(r.RemoveOne(kSpyFolder, "C:\\Evil") == "r");
+    CHECK(r.RemoveOne(kSpyFolder, "C:\\\u0141odka") == "r");
     CHECK_FALSE(r.m.Has("C:\\Evil"));
-    r.m.files.short_names = false;
-    r.m.File("C:\\Evil\\x.exe", "x");
-    r.m.files.Find("C:\\Evil\\x.exe")->name = "a?b";
-    CHECK(r.RemoveOne(kSpyFolder, "C:\\Evil") == "F");
+    for (const std::string& path : precious) CHECK(r.m.Content(path) == "dear");
+    CHECK(r.RemoveOne(kSpyFile, "C:\\precious\\letter.txt.") == "g");
+    CHECK(r.m.Content(precious[0]) == "dear");
   }
 
   TEST_CASE("whichever change fails, nothing innocent is lost") {

@@ -13,13 +13,14 @@ struct Logging : Bench {
     m.Folder("D:\\Logs");
     folders.application = kAppFolder;
   }
-  IgnoreList ignore{m.files, m.clock, log, "C:\\App\\none.txt"};
+  IgnoreList ignore{m.files, m.clock, m.code_pages, kept, log, "C:\\App\\none.txt"};
   HitList hits{ignore, settings, log};
   COpSysInfo os{m.system};
   SystemFolders folders;
   FileVersion file_version{m.files, m.versions, captions, log};
   ScanLog scan_log{{m.files,
                     m.clock,
+                    m.code_pages,
                     m.versions,
                     file_version,
                     m.processes,

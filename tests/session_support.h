@@ -58,7 +58,7 @@ struct Session : ScanBench, private ScanReport {
   ScanScope scope;
   BuiltInLists built_in{lists, matching, folders, m.pump, log};
   ScanSession session{{m.files, m.registry, nullptr, m.pump, log, m.shell, captions, settings,
-                       lists, built_in, loader, memory, m.versions, folders, sink, *this,
+                       lists, built_in, loader, memory, m.versions, os, folders, sink, *this,
                        progress}};
   std::function<void()> look;  // at each yield
   std::vector<std::string> events;

@@ -23,8 +23,9 @@ struct Stored : Bench {
   Stored() { folders.application = kAppFolder; }
   SystemFolders folders;
   SettingsStore store{m.registry};
-  Settings both{{store, m.registry, m.profiles, m.files, m.clock, log, folders, {1, 2, 3}},
-                settings};
+  Settings both{
+      {store, m.registry, m.profiles, m.files, m.clock, m.code_pages, log, folders, {1, 2, 3}},
+      settings};
 
   std::string Get(const std::string& section, const std::string& key) {
     return m.registry.Text(kUser, "Software\\Scourwell\\" + section, key);
@@ -92,12 +93,14 @@ TEST_SUITE("language") {
     CHECK(WithLineBreaks("a##b#") == "a\r\n\r\nb\r\n");
   }
 
-  TEST_CASE("a pack of another code page becomes one of the system's") {
-    const std::string polish = "\xBF\xF3\xB3w";
+  TEST_CASE("a pack is read in the code page that it states, else in the system's") {
+    const std::string bytes = "\xBF\xF3\xB3w";
+    const std::string polish = "\u017C\u00F3\u0142w\n";
+    const std::string western = "\u00BF\u00F3\u00B3w\n";
     const auto shown = [&](const std::string& head, unsigned system) {
       Speaking s;
       s.m.code_pages.system = system;
-      s.m.File(kPack, head + kSection + "1808=" + polish + "\r\n");
+      s.m.File(kPack, head + kSection + "1808=" + bytes + "\r\n");
       const std::string text = s.language.Text(1808);
       CHECK(s.language.Text(1808) == text);
       CHECK(s.m.code_pages.asked <= 1);  // once a load, not once a text
@@ -106,17 +109,18 @@ TEST_SUITE("language") {
     const auto stated = [](const std::string& number) {
       return "[Language Pack]\r\nCodePage=" + number + "\r\n";
     };
-    CHECK(shown(stated("1250"), 1252) == "z\xF3lw\n");
-    CHECK(shown(stated("1250"), 1250) == polish + "\n");
-    CHECK(shown("", 1252) == polish + "\n");
+    CHECK(shown(stated("1250"), 1252) == polish);
+    CHECK(shown(stated("1250"), 1250) == polish);
+    CHECK(shown("", 1250) == polish);
+    CHECK(shown("", 1252) == western);
     for (const char* nonsense : {"", "polish", "-1250", "1250x", "1", "0", "999999", "+437"}) {
-      CHECK(shown(stated(nonsense), 1252) == polish + "\n");
+      CHECK(shown(stated(nonsense), 1252) == western);
     }
     CHECK(shown(stated("1361"), 1252) ==
-          polish +
-              "\nError Description: The code page of the language pack is not installed, "
-              "Error Number: 5, Method: SetCaptionfromINI, Code page: 1361, "
-              "File: C:\\App\\Lang\\English.ini\n");
+          "Scan finished\n"
+          "Error Description: The code page of the language pack is not installed, "
+          "Error Number: 5, Method: SetCaptionfromINI, Code page: 1361, "
+          "File: C:\\App\\Lang\\English.ini\n");
   }
 }
 

@@ -140,7 +140,7 @@ TEST_SUITE("startup_profile") {
     const std::string line = "first " + std::string(3000, 'x') + " last";
     b.m.File(kWinIni, "[windows]\r\nrun=" + line + "\r\n");
     const StartupLocations places(
-        {b.m.files, b.m.registry, nullptr, cut, b.m.shell, b.m.system, b.folders});
+        {b.m.files, b.m.registry, nullptr, cut, b.m.shell, b.m.system, b.m.code_pages, b.folders});
     std::string last;
     const StartupLocation& run = *FindPlace("win.ini run");
     REQUIRE(places.List(run, [&](const PlaceEntry& entry) { last = entry.name; }).ok());
@@ -154,8 +154,8 @@ TEST_SUITE("startup_profile") {
     b.m.File(kWinIni, "[windows]\r\nrun=ignored by the system\r\n");
     MappedProfiles mapped(b.m.registry);
     b.m.registry.Make(kUser, kMappedKey).Value("Run", "\"C:\\a b.exe\"");
-    const StartupLocations places(
-        {b.m.files, b.m.registry, nullptr, mapped, b.m.shell, b.m.system, b.folders});
+    const StartupLocations places({b.m.files, b.m.registry, nullptr, mapped, b.m.shell, b.m.system,
+                                   b.m.code_pages, b.folders});
     std::string found;
     const auto list = [&](const PlaceEntry& entry) { found += entry.command + ";"; };
     REQUIRE(places.List(*FindPlace("Win.ini Run"), list).ok());

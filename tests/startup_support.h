@@ -92,7 +92,7 @@ struct ToolBench : Bench {
   KnownSpies spies{reference, log, folders};
   FactFinder facts{m.files, m.versions, m.system, folders, spies};
   StartupLocations locations{
-      {m.files, m.registry, &registry64, m.profiles, m.shell, m.system, folders}};
+      {m.files, m.registry, &registry64, m.profiles, m.shell, m.system, m.code_pages, folders}};
   EntryManager::Needs needs{locations, spies, facts, log, captions};
 };
 

@@ -7,15 +7,27 @@
 namespace scourwell::test {
 
 TEST_SUITE("text") {
-  TEST_CASE("case is folded by code page 1252") {
-    CHECK(Upper("az09_ \xE4\xF6\xFC\xFF\x9A\x9C\x9E") == "AZ09_ \xC4\xD6\xDC\x9F\x8A\x8C\x8E");
-    CHECK(Upper("\xF7\xDF\xD7") == "\xF7\xDF\xD7");  // division sign, sharp s, times
-    CHECK(EqualsNoCase("Caf\xE9", "CAF\xC9"));
+  TEST_CASE("case is folded letter by letter, in every script") {
+    CHECK(Upper("az09_ \u00E4\u00FF\u0142\u017E\u0436\u03C9\u1E3F") ==
+          "AZ09_ \u00C4\u0178\u0141\u017D\u0416\u03A9\u1E3E");
+    // Sharp s has no letter above it; the dotless i must not become an ASCII one; 16-bit units
+    // only.
+    for (const char* own :
+         {"\u00F7\u00DF\u00D7", "\u0131\u017F\u212A", "\U00010428", "\u8868\uFF0E"}) {
+      CHECK(Upper(own) == own);
+    }
+    CHECK(EqualsNoCase("Caf\u00E9", "CAF\u00C9"));
+    CHECK(EqualsNoCase("\u2C65", "\u023A"));  // three bytes and two
     CHECK_FALSE(EqualsNoCase("abc", "abcd"));
+    CHECK_FALSE(EqualsNoCase("\u0141", "L"));
     CHECK(CompareNoCase("abc", "ABD") < 0);
-    CHECK(CompareNoCase("\xE9", "z") > 0);
+    CHECK(CompareNoCase("\u00E9", "z") > 0);
     CHECK(CompareNoCase("ab", "ABC") < 0);
-    CHECK(NoCaseHash()("Caf\xE9") == NoCaseHash()("cAF\xC9"));
+    CHECK(CompareNoCase("ABC", "ab") > 0);
+    CHECK(NoCaseHash()("Caf\u00E9\u2C65") == NoCaseHash()("cAF\u00C9\u023A"));
+    CHECK(PrefixNoCase("\u023Ab", "\u2C65") == 2);
+    CHECK(PrefixNoCase("ab", "abc") == std::string_view::npos);
+    CHECK(EndsWithNoCase("x\u2C65", "\u023A"));
   }
 
   TEST_CASE("parts are found without case") {
@@ -23,6 +35,7 @@ TEST_SUITE("text") {
     CHECK(FindNoCase("abcabc", "ABC", 1) == 3);
     CHECK(FindNoCase("abc", "abcd") == std::string_view::npos);
     CHECK(FindNoCase("abc", "", 2) == 2);
+    CHECK(FindNoCase("\u8868\u2C65x", "\u023AX") == 3);
     CHECK(ReplaceAll("aXbXX", "X", "XY") == "aXYbXYXY");
     CHECK(ReplaceAll("aXb", "x", "-") == "aXb");
     CHECK(ReplaceAll("a", "", "-") == "a");

@@ -30,25 +30,28 @@ RegValue Value(std::uint32_t type, std::string data) { return {type, std::move(d
 
 TEST_SUITE("profile_file") {
   TEST_CASE("six lines a record, and every field comes back") {
+    Bench b;
     const ProfileRecord odd{
-        {"", "a\r\nb", "hex:41", std::string("nul\0", 4), " blanks ", "\xE4,%x%"}};
-    CHECK(ProfileText({Record("one")}) ==
+        {"", "a\r\nb", "hex:41", std::string("nul\0", 4), " blanks ", "\u00E4\u0142,%x%"}};
+    CHECK(ProfileText({Record("one")}, b.m.code_pages) ==
           "one\r\nDisabled\r\nRegistry(User Run)\r\nCurrent User\r\nwhen\r\nC:\\x.exe\r\n");
-    const ProfileReading back = ReadProfileText(ProfileText({Record("one"), odd}));
+    const ProfileReading back =
+        ReadProfileText(ProfileText({Record("one"), odd}, b.m.code_pages), b.m.code_pages);
     REQUIRE(back.records.size() == 2);
     CHECK(back.left_over == 0);
     CHECK(back.records[1].fields == odd.fields);
   }
 
   TEST_CASE("a profile cut at any line or byte loses only the record that it cuts") {
-    const std::string text = ProfileText({Record("one"), Record("two")});
+    FakeCodePages code_pages;
+    const std::string text = ProfileText({Record("one"), Record("two")}, code_pages);
     const std::size_t record = text.size() / 2;
     for (std::size_t size = 0; size <= text.size(); ++size) {
       CAPTURE(size);
       Bench b;
       b.m.File(kProfile, text.substr(0, size));
       std::vector<ProfileRecord> records;
-      const Outcome loaded = LoadProfile(b.m.files, kProfile, &records);
+      const Outcome loaded = LoadProfile(b.m.files, b.m.code_pages, kProfile, &records);
       CHECK(records.size() == size / record);
       CHECK(loaded.number() == (size % record == 0 ? 0 : kPastEndOfFile));
     }
@@ -57,23 +60,44 @@ TEST_SUITE("profile_file") {
   TEST_CASE("files that are missing, of other hands, or cannot be read") {
     Bench b;
     std::vector<ProfileRecord> records;
-    CHECK(LoadProfile(b.m.files, kProfile, &records).ok());
+    CHECK(LoadProfile(b.m.files, b.m.code_pages, kProfile, &records).ok());
     b.m.File(kProfile, "a\nb\nc\nd\ne\nf\nhex:4\nb\nc\nd\ne\nhex:zz\n");
-    CHECK(LoadProfile(b.m.files, kProfile, &records).ok());
+    CHECK(LoadProfile(b.m.files, b.m.code_pages, kProfile, &records).ok());
     CHECK(Names(records) == "a/f hex:4/hex:zz ");
     b.m.files.Find(kProfile)->Denied();
-    CHECK(LoadProfile(b.m.files, kProfile, &records).number() == kPermissionDenied);
+    CHECK(LoadProfile(b.m.files, b.m.code_pages, kProfile, &records).number() == kPermissionDenied);
     CHECK(records.size() == 2);
-    CHECK_FALSE(SaveProfile(b.m.files, kProfile, {}).ok());
+    CHECK_FALSE(SaveProfile(b.m.files, b.m.code_pages, kProfile, {}).ok());
+  }
+
+  TEST_CASE(
+      "bytes of an older profile are letters of the code page, and stay such where they fit") {
+    FakeCodePages pages;
+    ProfileRecord record = Record("\u00FC\u0141");
+    for (const auto& [command, line] : Rows<std::string, std::string>{
+             {TextOfValue(Value(kRegExpandText, "%x%\u00FC")), "hex(2):257825FC"},
+             {TextOfValue(Value(kRegExpandText, "\u0141")), "hex(2):uC581"},
+             {TextOfValue(Value(kRegBinary, "\xC5\x81")), "hex(3):C581"},
+             {TextOfValue({kRegText, "a", 'x'}), "hex(1):61.78"},
+             {TextOfTree({{"", {{"\u00FC", {kRegText, "\u0141"}}}}}), "key:|FC=hex(1):uC581"}}) {
+      record.fields[ProfileRecord::kCommand] = command;
+      const std::string text = ProfileText({record}, pages);
+      CAPTURE(line);
+      CHECK(text.starts_with("\xFC<U+0141>\r\n"));
+      CHECK(text.ends_with("\r\n" + line + "\r\n"));
+      const ProfileReading back = ReadProfileText(text, pages);
+      REQUIRE(back.records.size() == 1);
+      CHECK(back.records[0].fields == record.fields);
+    }
   }
 
   TEST_CASE("without records there is no file") {
     Bench b;
-    CHECK(SaveProfile(b.m.files, kProfile, {Record("x")}).ok());
+    CHECK(SaveProfile(b.m.files, b.m.code_pages, kProfile, {Record("x")}).ok());
     CHECK(b.m.Has(kProfile));
-    CHECK(SaveProfile(b.m.files, kProfile, {}).ok());
+    CHECK(SaveProfile(b.m.files, b.m.code_pages, kProfile, {}).ok());
     CHECK_FALSE(b.m.Has(kProfile));
-    CHECK(SaveProfile(b.m.files, kProfile, {}).ok());
+    CHECK(SaveProfile(b.m.files, b.m.code_pages, kProfile, {}).ok());
   }
 }
 

@@ -74,12 +74,6 @@ TEST_SUITE("versions") {
     CHECK_FALSE(versions.ReadFixed(kPath, &info).ok());
     CHECK(Read(bare.Make(), kCompanyName) == "Evil Inc.");
   }
-
-  TEST_CASE("UTF-16 becomes code page 1252") {
-    CHECK(FakeVersions().Narrow(u"a\u00E9\u20AC\u2122\u0178\u0081\u0416\U0001F600z") ==
-          "a\xE9\x80\x99\x9F???"
-          "?z");
-  }
 }
 
 TEST_SUITE("version_resource") {

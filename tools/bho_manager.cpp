@@ -29,7 +29,7 @@ std::span<const int> BhoManager::ColumnCaptions() { return kColumnCaptions; }
 // A helper's class may be missing: then it has neither name nor file.
 BhoManager::Class BhoManager::ClassOf(const Entry& entry) const {
   const StartupLocations::Needs& machine = needs_.locations.needs();
-  if (!entry.place || entry.name.find('\\') != std::string::npos) return {};
+  if (!entry.place || HoldsSeparator(entry.name)) return {};
   if (entry.place->view64 && !machine.registry64) return {};
   Registry& registry = entry.place->view64 ? *machine.registry64 : machine.registry;
   CRegister access(registry);

@@ -43,7 +43,7 @@ void EntryTable::Fill(std::vector<Outcome>* failures) {
 Outcome EntryTable::LoadDisabledItems() {
   std::vector<ProfileRecord> records;
   Files& files = locations_.needs().files;
-  Outcome loaded = LoadProfile(files, profile_path_, &records);
+  Outcome loaded = LoadProfile(files, locations_.needs().code_pages, profile_path_, &records);
   unreadable_ = {};
   if (loaded.number() == kPastEndOfFile || loaded.number() == kOverflow) {
     std::string content;
@@ -134,7 +134,8 @@ Outcome EntryTable::SaveHeldItems() {
   for (const Entry& entry : entries_) {
     if (entry.held) records.push_back(RecordOf(entry));
   }
-  return SaveProfile(locations_.needs().files, profile_path_, records);
+  return SaveProfile(locations_.needs().files, locations_.needs().code_pages, profile_path_,
+                     records);
 }
 
 Outcome EntryTable::SaveDisabledItems(bool with_pending) {
@@ -144,7 +145,8 @@ Outcome EntryTable::SaveDisabledItems(bool with_pending) {
     if (entry.status != EntryStatus::Disabled && !pending) continue;
     records.push_back(RecordOf(entry));
   }
-  return SaveProfile(locations_.needs().files, profile_path_, records);
+  return SaveProfile(locations_.needs().files, locations_.needs().code_pages, profile_path_,
+                     records);
 }
 
 bool EntryTable::Prepare(Entry& entry, std::vector<Outcome>* failures) {
@@ -256,12 +258,14 @@ Outcome EntryTable::SaveTo(const std::string& path) const {
     if (entry.status != EntryStatus::Disabled) continue;
     records.push_back(RecordOf(entry));
   }
-  return locations_.needs().files.Replace(path, ProfileText(records));
+  return locations_.needs().files.Replace(path,
+                                          ProfileText(records, locations_.needs().code_pages));
 }
 
 Outcome EntryTable::LoadFrom(const std::string& path) {
   std::vector<ProfileRecord> records;
-  Outcome loaded = LoadProfile(locations_.needs().files, path, &records);
+  Outcome loaded =
+      LoadProfile(locations_.needs().files, locations_.needs().code_pages, path, &records);
   for (const ProfileRecord& record : records) AddRecord(record, false);
   return loaded;
 }

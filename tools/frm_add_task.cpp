@@ -90,7 +90,7 @@ bool frmAddTask::OnCommand(int id) {
       Accept();
       return true;
     case IDC_cmdTaskCancel:
-      PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+      Calls().Post(hwnd(), WM_CLOSE, 0, 0);
       return true;
     default:
       return false;

@@ -1,9 +1,9 @@
 #include "tools/frm_adware_uninstaller.h"
 
 #include "platform/text.h"
-#include "widgets/busy_pointer.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
+#include "widgets/pointers.h"
 #include "widgets/resource.h"
 
 namespace scourwell {

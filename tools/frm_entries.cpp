@@ -1,6 +1,6 @@
 #include "tools/frm_entries.h"
 
-#include "widgets/busy_pointer.h"
+#include "widgets/pointers.h"
 #include "widgets/resource.h"
 
 namespace scourwell {
@@ -60,8 +60,7 @@ void frmEntries::ApplyNow() {
 
 bool frmEntries::MayClose() {
   if (!manager().HasMarks()) return true;
-  const int answer =
-      MessageBoxA(hwnd(), Text(17243).c_str(), Title().c_str(), MB_YESNOCANCEL | MB_ICONQUESTION);
+  const int answer = Calls().Ask({hwnd(), Text(17243), Title(), MB_YESNOCANCEL | MB_ICONQUESTION});
   if (answer == IDYES) {
     ApplyNow();
     return manager().failures().empty();

@@ -59,9 +59,9 @@ HMENU frmStartupManager::Menu() {
   for (const MenuEntry& entry : kMenu) {
     if (entry.group != 0) {
       group = CreatePopupMenu();
-      AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(group), Text(entry.group).c_str());
+      Calls().Append(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(group), Text(entry.group));
     }
-    AppendMenuA(group, MF_STRING, static_cast<UINT_PTR>(entry.id), Text(entry.caption).c_str());
+    Calls().Append(group, MF_STRING, static_cast<UINT_PTR>(entry.id), Text(entry.caption));
   }
   return bar;
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/unicode.h"
 #include "widgets/button_rows.h"
 #include "widgets/file_dialog.h"
 #include "widgets/message_box.h"
@@ -56,6 +57,10 @@ void frmTool::OnCreate() {
   // Made before the list, so that it lies above it.
   lblEmpty_.Create(env_, hwnd(), IDC_lblToolEmpty, {}, SS_CENTER);
   lblEmpty_.Show(false);
+  list_.row_count = [this] { return view_->size(); };
+  list_.cell_text = [this](std::size_t row, int column) {
+    return IsRow(row) ? Table().Cell(view_->Row(row), column) : std::string();
+  };
   list_.Create(env_, hwnd(), IDC_lstTool);
   const auto captions = ColumnCaptions();
   const auto columns = Columns();
@@ -149,7 +154,8 @@ void frmTool::ShowFailures(const std::vector<std::string>& failures, int heading
   if (failures.empty()) return;
   std::string text = Text(heading) + "\r\n";
   for (std::size_t i = 0; i < failures.size() && i < kMostFailures; ++i) {
-    text += "\r\n" + failures[i].substr(0, kLongestFailure);
+    text += "\r\n";
+    text += WholeCharacters(failures[i], kLongestFailure);
   }
   if (failures.size() > kMostFailures) text += "\r\n...";
   ShowMessage(text, Text(17001), MB_ICONWARNING);
@@ -204,7 +210,7 @@ void frmTool::Sort(int column) {
 }
 
 bool frmTool::OnCommand(int id) {
-  if (id == IDC_cmdToolClose) return PostMessageA(hwnd(), WM_CLOSE, 0, 0), true;
+  if (id == IDC_cmdToolClose) return Calls().Post(hwnd(), WM_CLOSE, 0, 0), true;
   return OnRowCommand(id) || OnToolCommand(id);
 }
 
@@ -224,10 +230,9 @@ bool frmTool::OnRowCommand(int id) {
 }
 
 LRESULT frmTool::OnNotify(NMHDR* header) {
+  if (const auto answer = list_.Answer(header)) return *answer;
   if (header->hwndFrom != list_.hwnd()) return 0;
   switch (header->code) {
-    case LVN_GETDISPINFOA:
-      return FillItem(reinterpret_cast<NMLVDISPINFOA*>(header));
     case LVN_COLUMNCLICK:
       Sort(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem);
       return 0;
@@ -236,26 +241,20 @@ LRESULT frmTool::OnNotify(NMHDR* header) {
       return 0;
     case NM_CUSTOMDRAW:
       return Draw(reinterpret_cast<NMLVCUSTOMDRAW*>(header));
-    case LVN_ODFINDITEMA:
-      return -1;  // typing letters does not search: the filter does
     default:
       return 0;
   }
 }
 
-LRESULT frmTool::FillItem(NMLVDISPINFOA* info) const {
-  LVITEMA& item = info->item;
-  const auto index = static_cast<std::size_t>(item.iItem);
-  if (index >= view_->size() || view_->Row(index) >= Table().size()) return 0;
-  if (!(item.mask & LVIF_TEXT)) return 0;
-  lstrcpynA(item.pszText, Table().Cell(view_->Row(index), item.iSubItem).c_str(), item.cchTextMax);
-  return 0;
+// The list may still show rows that the table has no more.
+bool frmTool::IsRow(std::size_t index) const {
+  return index < view_->size() && view_->Row(index) < Table().size();
 }
 
 LRESULT frmTool::Draw(NMLVCUSTOMDRAW* draw) const {
   if (const auto answer = BeforeCells(*draw)) return *answer;
   const auto index = static_cast<std::size_t>(draw->nmcd.dwItemSpec);
-  if (index >= view_->size() || view_->Row(index) >= Table().size()) return CDRF_DODEFAULT;
+  if (!IsRow(index)) return CDRF_DODEFAULT;
   const std::size_t row = view_->Row(index);
   const COLORREF colour = IsMarked(row) ? SpyColour() : GetSysColor(COLOR_WINDOWTEXT);
   draw->clrText = colour;
@@ -272,14 +271,15 @@ void frmTool::ShowMenu(POINT at) {
   }
   std::size_t row = 0;
   const bool any = Selected(&row);
-  const auto offered = [](bool yes) -> UINT { return MF_STRING | (yes ? MF_ENABLED : MF_GRAYED); };
   const MenuHandle menu(CreatePopupMenu());
-  AppendMenuA(menu.get(), offered(any), IDM_mnuCopyRow, (Text(17217) + "\tCtrl+C").c_str());
-  AppendMenuA(menu.get(), offered(any && !FileOf(row).empty()), IDM_mnuFileProperties,
-              Text(17218).c_str());
-  AppendMenuA(menu.get(), offered(any && !KeyOf(row).empty()), IDM_mnuOpenKey, Text(17219).c_str());
-  AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
-  AppendMenuA(menu.get(), MF_STRING, IDM_mnuRefresh, (Text(17220) + "\tF5").c_str());
+  const auto append = [&](bool yes, UINT_PTR id, const std::string& text) {
+    Calls().Append(menu.get(), MF_STRING | (yes ? MF_ENABLED : MF_GRAYED), id, text);
+  };
+  append(any, IDM_mnuCopyRow, Text(17217) + "\tCtrl+C");
+  append(any && !FileOf(row).empty(), IDM_mnuFileProperties, Text(17218));
+  append(any && !KeyOf(row).empty(), IDM_mnuOpenKey, Text(17219));
+  Calls().Append(menu.get(), MF_SEPARATOR, 0, {});
+  append(true, IDM_mnuRefresh, Text(17220) + "\tF5");
   TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr);
 }
 

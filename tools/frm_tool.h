@@ -85,7 +85,7 @@ class frmTool : public ModalWindow {
   bool OnKey(WPARAM key) override;
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
   LRESULT OnNotify(NMHDR* header) override;
-  LRESULT FillItem(NMLVDISPINFOA* info) const;
+  bool IsRow(std::size_t index) const;
   LRESULT Draw(NMLVCUSTOMDRAW* draw) const;
   void Filter();
   void Sort(int column);

@@ -1,5 +1,6 @@
 #include "tools/known_spies.h"
 
+#include "platform/paths.h"
 #include "platform/text.h"
 #include "scan/name_pattern.h"
 
@@ -22,15 +23,14 @@ constexpr BuiltInStage kFileStages[] = {
 std::vector<std::string> FoldedParts(std::string_view path) {
   std::vector<std::string> parts;
   while (!path.empty()) {
-    const std::string_view part = path.substr(0, path.find('\\'));
-    path.remove_prefix(std::min(part.size() + 1, path.size()));
+    const std::string_view part = TakePart(&path);
     if (!part.empty()) parts.push_back(Upper(part));
   }
   return parts;
 }
 
 std::string FoldedKey(std::string_view key) {
-  while (key.ends_with('\\')) key.remove_suffix(1);
+  while (EndsInSeparator(key)) key.remove_suffix(1);
   return Upper(key);
 }
 
@@ -58,7 +58,10 @@ struct KnownSpies::Sink : DirectChecks, LoadProgress, Pump {
  private:
   void YieldNow() override {}
   void Add(const std::string& spy, const std::string& path, bool folder) {
-    owner_.patterns_.push_back({FoldedParts(CleanDirString(path, owner_.folders_)), folder, spy});
+    const std::string full = CleanDirString(path, owner_.folders_);
+    for (const std::string& place : PlacesOf(full, owner_.folders_)) {
+      owner_.patterns_.push_back({FoldedParts(place), folder, spy});
+    }
   }
 
   KnownSpies& owner_;

@@ -15,27 +15,51 @@ bool StandsOnALine(std::string_view field) {
   });
 }
 
-std::string WriteField(const std::string& field) {
-  return StandsOnALine(field) ? field : std::string(kHex) + HexOfBytes(field);
+// Digits as they stand in a profile.
+class FileHex : public HexForm {
+ public:
+  explicit FileHex(CodePages& code_pages) : code_pages_(code_pages) {}
+
+  std::string Write(std::string_view text) const override {
+    const std::optional<std::string> bytes = code_pages_.Encode(text);
+    return bytes ? HexOfBytes(*bytes) : kUtf8 + HexOfBytes(text);
+  }
+  bool Read(std::string_view digits, std::string* text) const override {
+    if (digits.starts_with(kUtf8)) return BytesOfHex(digits.substr(1), text);
+    std::string bytes;
+    return BytesOfHex(digits, &bytes) && code_pages_.Decode(code_pages_.System(), bytes, text).ok();
+  }
+
+ private:
+  static constexpr char kUtf8 = 'u';
+
+  CodePages& code_pages_;
+};
+
+std::string WriteField(const std::string& field, CodePages& code_pages) {
+  const FileHex form(code_pages);
+  if (!StandsOnALine(field)) return std::string(kHex) + form.Write(field);
+  return code_pages.ToFile(Rewritten(field, HexForm(), form));
 }
 
-std::string ReadField(std::string_view line) {
-  std::string bytes;
-  if (line.starts_with(kHex) && BytesOfHex(line.substr(kHex.size()), &bytes)) return bytes;
-  return std::string(line);
+std::string ReadField(std::string_view line, CodePages& code_pages) {
+  const FileHex form(code_pages);
+  std::string field;
+  if (line.starts_with(kHex) && form.Read(line.substr(kHex.size()), &field)) return field;
+  return Rewritten(code_pages.FromFile(line), form, HexForm());
 }
 
 }  // namespace
 
-std::string ProfileText(const std::vector<ProfileRecord>& records) {
+std::string ProfileText(const std::vector<ProfileRecord>& records, CodePages& code_pages) {
   std::string text;
   for (const ProfileRecord& record : records) {
-    for (const std::string& field : record.fields) text += WriteField(field) + "\r\n";
+    for (const std::string& field : record.fields) text += WriteField(field, code_pages) + "\r\n";
   }
   return text;
 }
 
-ProfileReading ReadProfileText(std::string_view text) {
+ProfileReading ReadProfileText(std::string_view text, CodePages& code_pages) {
   ProfileReading reading;
   ProfileRecord record;
   while (!text.empty()) {
@@ -47,7 +71,7 @@ ProfileReading ReadProfileText(std::string_view text) {
     const bool whole = end < text.size();
     text.remove_prefix(whole ? end + 1 : end);
     if (line.ends_with('\r')) line.remove_suffix(1);
-    record.fields[reading.left_over++] = ReadField(line);
+    record.fields[reading.left_over++] = ReadField(line, code_pages);
     if (!whole || reading.left_over < ProfileRecord::kFields) continue;
     reading.records.push_back(std::move(record));
     record = {};
@@ -56,13 +80,14 @@ ProfileReading ReadProfileText(std::string_view text) {
   return reading;
 }
 
-Outcome LoadProfile(Files& files, const std::string& path, std::vector<ProfileRecord>* records) {
+Outcome LoadProfile(Files& files, CodePages& code_pages, const std::string& path,
+                    std::vector<ProfileRecord>* records) {
   std::string text;
   if (Outcome read = files.Read(path, kLargestProfile, &text); !read.ok()) {
     const bool missing = read.number() == kFileNotFound;
     return missing ? Outcome() : std::move(read).With("File: ", path);
   }
-  ProfileReading reading = ReadProfileText(text);
+  ProfileReading reading = ReadProfileText(text, code_pages);
   std::move(reading.records.begin(), reading.records.end(), std::back_inserter(*records));
   if (reading.cut) {
     return Outcome::Failed(kOverflow, "The profile has more than " + std::to_string(kMostRecords) +
@@ -75,9 +100,9 @@ Outcome LoadProfile(Files& files, const std::string& path, std::vector<ProfileRe
       .With("File: ", path);
 }
 
-Outcome SaveProfile(Files& files, const std::string& path,
+Outcome SaveProfile(Files& files, CodePages& code_pages, const std::string& path,
                     const std::vector<ProfileRecord>& records) {
-  if (!records.empty()) return files.Replace(path, ProfileText(records));
+  if (!records.empty()) return files.Replace(path, ProfileText(records, code_pages));
   Outcome erased = files.EraseFile(path);
   return erased.number() == kFileNotFound ? Outcome() : erased;
 }

@@ -17,6 +17,8 @@ struct Parts {
 
 // Each look-up can take seconds, and a hostile command line could ask for hundreds.
 constexpr int kMostLookUps = 100;
+// A path with blanks and without quotes is looked for up to here, in bytes.
+constexpr std::size_t kLongestGuess = 1024;
 
 class Finder {
  public:
@@ -41,10 +43,11 @@ class Finder {
   // Any "\" makes a name relative to a folder that nobody can know.
   std::optional<std::string> Find(std::string_view name) {
     const std::string text(TrimBlanks(name));
-    if (text.empty() || text.size() > kLongestPath || IsRemote(text)) return std::nullopt;
+    if (text.empty() || IsRemote(text)) return std::nullopt;
     if (IsAbsolutePath(text)) return FindAt(text);
-    if (text.find_first_of("\\/:") != text.npos) return std::nullopt;
-    for (const std::string& folder : {folders_.system, folders_.windows}) {
+    if (HoldsSeparator(text) || text.find_first_of("/:") != text.npos) return std::nullopt;
+    for (const std::string& folder : {folders_.system, folders_.system_wow64, folders_.windows}) {
+      if (folder.empty()) continue;
       if (auto found = FindAt(AddPathToFileName(folder, text))) return found;
     }
     return std::nullopt;
@@ -61,7 +64,6 @@ class Finder {
   }
 
   std::optional<std::string> FindAt(const std::string& path) {
-    if (path.size() > kLongestPath) return std::nullopt;
     if (IsFile(path)) return path;
     if (IsFile(path + ".exe")) return path + ".exe";
     return std::nullopt;
@@ -106,7 +108,8 @@ ProgramOf Locate(Finder& finder, std::string_view command) {
     return Result(finder, CutAt(command, 1, end));
   }
   // Unquoted: the shortest beginning that leads to a file, as the system tries them.
-  for (std::size_t end = command.find(' '); end <= kLongestPath; end = command.find(' ', end + 1)) {
+  for (std::size_t end = command.find(' '); end <= kLongestGuess;
+       end = command.find(' ', end + 1)) {
     ProgramOf found = Result(finder, CutAt(command, 0, end));
     if (found.exists) return found;
   }

@@ -98,7 +98,8 @@ Outcome StartupLocations::List(const StartupLocation& place, const Visit& visit)
     case LocationKind::Shortcut:
       return ListShortcuts(place, visit);
     case LocationKind::WinIni: {
-      const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.folders);
+      const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.code_pages,
+                              needs_.folders);
       const WinIniLine line(store.Read(place.path));
       for (const std::string& program : line.programs()) {
         visit({ReplaceAll(program, "\"", ""), program});
@@ -167,7 +168,8 @@ Outcome StartupLocations::DeleteEntry(const StartupLocation& place, const PlaceE
     case LocationKind::Shortcut:
       return DeleteShortcut(place, entry);
     case LocationKind::WinIni: {
-      const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.folders);
+      const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.code_pages,
+                              needs_.folders);
       const std::string line = store.Read(place.path);
       const std::string left = WithoutProgram(line, entry.command);
       return left == line ? Outcome() : store.Write(place.path, left);
@@ -197,7 +199,8 @@ Outcome StartupLocations::Change(const StartupLocation& place, const PlaceEntry&
     if (WinIniLine(entry.command).programs() != std::vector<std::string>{entry.command}) {
       return NoSuchEntry();
     }
-    const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.folders);
+    const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.code_pages,
+                            needs_.folders);
     return store.Write(place.path, WithOther(store.Read(place.path), old.command, entry.command));
   }
   return place.kind == LocationKind::Value ? ChangeValue(place, old, entry) : NoSuchEntry();
@@ -205,7 +208,8 @@ Outcome StartupLocations::Change(const StartupLocation& place, const PlaceEntry&
 
 // The order of a line matters only as long as a program is out of it.
 Outcome StartupLocations::KeepLine(const StartupLocation& place) const {
-  const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.folders);
+  const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.code_pages,
+                          needs_.folders);
   const std::string line = store.Read(place.path);
   const std::string original = store.Original(place.path);
   if (!original.empty() && WinIniLine(original).FindKept(line)) return {};
@@ -215,7 +219,8 @@ Outcome StartupLocations::KeepLine(const StartupLocation& place) const {
 std::size_t StartupLocations::MissingFromLine(const StartupLocation& place,
                                               const std::string& program) const {
   if (place.kind != LocationKind::WinIni) return 0;
-  const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.folders);
+  const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.code_pages,
+                          needs_.folders);
   const auto count = [&](const std::string& line) {
     const std::vector<std::string> programs = WinIniLine(line).programs();
     return static_cast<std::size_t>(std::count(programs.begin(), programs.end(), program));
@@ -231,14 +236,16 @@ Outcome StartupLocations::PutBackProgram(const StartupLocation& place,
   if (WinIniLine(entry.command).programs() != std::vector<std::string>{entry.command}) {
     return NoSuchEntry();
   }
-  const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.folders);
+  const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.code_pages,
+                          needs_.folders);
   return store.Write(
       place.path, WithProgram(store.Read(place.path), entry.command, store.Original(place.path)));
 }
 
 Outcome StartupLocations::ForgetProgram(const StartupLocation& place, const PlaceEntry& entry,
                                         bool removed) const {
-  const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.folders);
+  const WinIniStore store(needs_.files, needs_.registry, needs_.profiles, needs_.code_pages,
+                          needs_.folders);
   std::string original = store.Original(place.path);
   if (original.empty()) return {};
   if (removed) original = WithoutProgram(original, entry.command);

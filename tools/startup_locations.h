@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/profiles.h"
 #include "platform/registry.h"
@@ -57,6 +58,7 @@ class StartupLocations {
     Profiles& profiles;
     Shell& shell;
     System& system;
+    CodePages& code_pages;
     const SystemFolders& folders;
   };
   using Visit = std::function<void(const PlaceEntry&)>;

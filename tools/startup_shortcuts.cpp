@@ -16,8 +16,8 @@ constexpr std::uint64_t kLargestShortcut = 16u << 20;
 
 // Anything else could lead out of its folder or key.
 bool IsPlainName(const std::string& name) {
-  return !name.empty() && name.find_first_of("\\/:") == name.npos && !IsDeviceName(name) &&
-         IsPlainPath("C:\\" + name + kLinkEnd);
+  return !name.empty() && !HoldsSeparator(name) && name.find_first_of("/:") == name.npos &&
+         !IsDeviceName(name) && IsPlainPath("C:\\" + name + kLinkEnd);
 }
 
 Outcome EraseEvenReadOnly(Files& files, const std::string& path) {
@@ -61,8 +61,7 @@ Outcome StartupLocations::ListShortcuts(const StartupLocation& place, const Visi
   if (folder.empty()) return {};
   std::vector<std::string> names;
   Outcome listed = needs_.files.List(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
-    const bool link =
-        entry.name.size() > 4 && EqualsNoCase(entry.name.substr(entry.name.size() - 4), kLinkEnd);
+    const bool link = entry.name.size() > 4 && EndsWithNoCase(entry.name, kLinkEnd);
     if (link && !entry.IsFolder()) names.push_back(entry.name.substr(0, entry.name.size() - 4));
     return true;
   });

@@ -10,6 +10,7 @@ namespace scourwell {
 namespace {
 
 constexpr std::string_view kTyped = "hex(";
+constexpr std::string_view kTree = "key:";
 
 // The part before the next `separator`, which goes with it.
 std::string_view CutPart(std::string_view* text, char separator) {
@@ -19,19 +20,32 @@ std::string_view CutPart(std::string_view* text, char separator) {
   return part;
 }
 
-std::string TypedText(const RegValue& value) {
-  return std::string(kTyped) + Hex(value.type, 1) + "):" + HexOfBytes(value.data);
+std::string TypedText(const RegValue& value, const HexForm& form) {
+  std::string text = std::string(kTyped) + Hex(value.type, 1) + "):";
+  text += IsTextType(value.type) ? form.Write(value.data) : HexOfBytes(value.data);
+  if (value.half_character) text += '.' + HexOfBytes({&*value.half_character, 1});
+  return text;
 }
 
-bool ReadTyped(std::string_view text, RegValue* value) {
+bool ReadTyped(std::string_view text, const HexForm& form, RegValue* value) {
   if (!text.starts_with(kTyped)) return false;
   text.remove_prefix(kTyped.size());
   std::uint32_t type = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), type, 16);
   text.remove_prefix(static_cast<std::size_t>(end - text.data()));
   if (error != std::errc() || !text.starts_with("):")) return false;
-  if (!BytesOfHex(text.substr(2), &value->data)) return false;
+  text.remove_prefix(2);
+  const std::size_t dot = text.find('.');
+  std::string half;
+  if (dot != text.npos && (!BytesOfHex(text.substr(dot + 1), &half) || half.size() != 1)) {
+    return false;
+  }
+  const std::string_view digits = text.substr(0, dot);
+  const bool read =
+      IsTextType(type) ? form.Read(digits, &value->data) : BytesOfHex(digits, &value->data);
+  if (!read) return false;
   value->type = type;
+  if (!half.empty()) value->half_character = half[0];
   return true;
 }
 
@@ -54,7 +68,8 @@ RegStatus ReadLevel(Registry& registry, RootKey root, const std::string& path,
   for (const auto& [name, value] : key.values) {
     RegValue there;
     if (registry.QueryValue(root, Below(path, part), name, &there) != kRegOk ||
-        there.type != value.type || there.data != value.data) {
+        there.type != value.type || there.data != value.data ||
+        there.half_character != value.half_character) {
       return kRegInvalidParameter;
     }
   }
@@ -97,16 +112,16 @@ bool BytesOfHex(std::string_view text, std::string* bytes) {
   return true;
 }
 
-std::string TextOfValue(const RegValue& value) {
+std::string TextOfValue(const RegValue& value, const HexForm& form) {
   const std::size_t nul = value.data.find('\0');
-  const bool plain = value.type == kRegText && nul != std::string::npos &&
+  const bool plain = value.type == kRegText && nul != std::string::npos && !value.half_character &&
                      nul + 1 == value.data.size() && !value.data.starts_with(kTyped);
-  return plain ? value.data.substr(0, nul) : TypedText(value);
+  return plain ? value.data.substr(0, nul) : TypedText(value, form);
 }
 
-RegValue ValueOfText(std::string_view text) {
+RegValue ValueOfText(std::string_view text, const HexForm& form) {
   RegValue value;
-  if (ReadTyped(text, &value)) return value;
+  if (ReadTyped(text, form, &value)) return value;
   return {kRegText, std::string(TrimNull(text)) + '\0'};
 }
 
@@ -114,35 +129,42 @@ std::string ShownValue(std::string_view text) { return ValueToText(ValueOfText(t
 
 // Each key is its path, then its values, between "|"; a value is name, "=" and its typed text;
 // keys are parted by ";". Names are written as bytes, so that none of these can stand in them.
-std::string TextOfTree(const StoredTree& tree) {
+std::string TextOfTree(const StoredTree& tree, const HexForm& form) {
   std::string text;
   for (const StoredKey& key : tree) {
     if (!text.empty()) text += ';';
-    text += "key:" + HexOfBytes(key.path);
+    text += std::string(kTree) + form.Write(key.path);
     for (const auto& [name, value] : key.values) {
-      text += '|' + HexOfBytes(name) + '=' + TypedText(value);
+      text += '|' + form.Write(name) + '=' + TypedText(value, form);
     }
   }
   return text;
 }
 
-StoredTree TreeOfText(std::string_view text) {
+StoredTree TreeOfText(std::string_view text, const HexForm& form) {
   StoredTree tree;
   while (!text.empty()) {
     std::string_view rest = CutPart(&text, ';');
     std::string_view head = CutPart(&rest, '|');
     StoredKey key;
-    if (!head.starts_with("key:") || !BytesOfHex(head.substr(4), &key.path)) return {};
+    if (!head.starts_with(kTree) || !form.Read(head.substr(kTree.size()), &key.path)) return {};
     while (!rest.empty()) {
       std::string_view typed = CutPart(&rest, '|');
       std::string name;
       RegValue value;
-      if (!BytesOfHex(CutPart(&typed, '='), &name) || !ReadTyped(typed, &value)) return {};
+      if (!form.Read(CutPart(&typed, '='), &name) || !ReadTyped(typed, form, &value)) return {};
       key.values.emplace_back(std::move(name), std::move(value));
     }
     tree.push_back(std::move(key));
   }
   return tree;
+}
+
+std::string Rewritten(std::string_view text, const HexForm& from, const HexForm& to) {
+  RegValue value;
+  if (ReadTyped(text, from, &value)) return TypedText(value, to);
+  const StoredTree tree = text.starts_with(kTree) ? TreeOfText(text, from) : StoredTree();
+  return tree.empty() ? std::string(text) : TextOfTree(tree, to);
 }
 
 bool IsPartOf(const StoredTree& part, const StoredTree& whole) {

@@ -13,10 +13,21 @@ std::string HexOfBytes(std::string_view bytes);
 // False, and *bytes untouched, when the text is anything else.
 bool BytesOfHex(std::string_view text, std::string* bytes);
 
+// How texts inside of the lines below are written in digits.
+class HexForm {
+ public:
+  virtual ~HexForm() = default;
+  virtual std::string Write(std::string_view text) const { return HexOfBytes(text); }
+  virtual bool Read(std::string_view digits, std::string* text) const {
+    return BytesOfHex(digits, text);
+  }
+};
+
 // A registry value as one text from which it comes back exactly. A text with its one NUL stands
-// as it is; anything else is "hex(TYPE):" and its bytes.
-std::string TextOfValue(const RegValue& value);
-RegValue ValueOfText(std::string_view text);
+// as it is; anything else is "hex(TYPE):" and its bytes, with "." and one more byte behind a text
+// that ends in half a character.
+std::string TextOfValue(const RegValue& value, const HexForm& form = {});
+RegValue ValueOfText(std::string_view text, const HexForm& form = {});
 // What a user is shown of such a text.
 std::string ShownValue(std::string_view text);
 
@@ -28,8 +39,11 @@ struct StoredKey {
 using StoredTree = std::vector<StoredKey>;  // each key before those below it
 
 // One line; damaged texts read as nothing.
-std::string TextOfTree(const StoredTree& tree);
-StoredTree TreeOfText(std::string_view text);
+std::string TextOfTree(const StoredTree& tree, const HexForm& form = {});
+StoredTree TreeOfText(std::string_view text, const HexForm& form = {});
+
+// A line in one form, written in another; one that is neither value nor tree stays as it is.
+std::string Rewritten(std::string_view text, const HexForm& from, const HexForm& to);
 
 // Whether all that is in `part` is in `whole`, too.
 bool IsPartOf(const StoredTree& part, const StoredTree& whole);

@@ -69,12 +69,20 @@ Outcome MakeSideFolder(Files& files, const SystemFolders& folders, const char* p
 
 std::string WinIniStore::IniPath() const { return AddPathToFileName(folders_.windows, "win.ini"); }
 
+std::string WinIniStore::Content() const {
+  std::string bytes;
+  std::string text;
+  static_cast<void>(files_.Read(IniPath(), kLargest, &bytes));
+  static_cast<void>(code_pages_.Decode(code_pages_.System(), bytes, &text));
+  return text;
+}
+
 // Profile calls drop the outer quotes and cut what is long; where the line really lies, which is
 // the registry on the NT family, it stands whole.
 std::string WinIniStore::Read(const std::string& key) const {
   const std::string value = profiles_.ReadProfile(kSection, key, IniPath());
-  std::string text;
-  if (files_.Read(IniPath(), kLargest, &text).ok()) {
+  const std::string text = Content();
+  if (!text.empty()) {
     const std::string_view line = LineOf(text, key);
     std::string raw = line.empty() ? std::string() : RawValue(line);
     if (Answers(raw, value)) return raw;
@@ -89,8 +97,7 @@ std::string WinIniStore::Read(const std::string& key) const {
 
 // A key that is there keeps its spelling.
 Outcome WinIniStore::Write(const std::string& key, const std::string& line) const {
-  std::string text;
-  static_cast<void>(files_.Read(IniPath(), kLargest, &text));
+  const std::string text = Content();
   const std::string_view found = LineOf(text, key);
   const std::string spelt(found.empty() ? std::string_view(key) : ReadIniLine(found).name);
   return profiles_.WriteProfile(kSection, spelt, line, IniPath());
@@ -103,7 +110,7 @@ std::string WinIniStore::OriginalPath(const std::string& key) const {
 std::string WinIniStore::Original(const std::string& key) const {
   std::string line;
   static_cast<void>(files_.Read(OriginalPath(key), kLargest, &line));
-  return line;
+  return code_pages_.FromFile(line);
 }
 
 Outcome WinIniStore::KeepOriginal(const std::string& key, const std::string& line) const {
@@ -113,7 +120,7 @@ Outcome WinIniStore::KeepOriginal(const std::string& key, const std::string& lin
     return missing ? Outcome() : erased;
   }
   if (Outcome made = MakeSideFolder(files_, folders_, kLines); !made.ok()) return made;
-  return files_.Replace(OriginalPath(key), line);
+  return files_.Replace(OriginalPath(key), code_pages_.ToFile(line));
 }
 
 }  // namespace scourwell

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/profiles.h"
 #include "platform/registry.h"
@@ -13,8 +14,13 @@ namespace scourwell {
 // out of them.
 class WinIniStore {
  public:
-  WinIniStore(Files& files, Registry& registry, Profiles& profiles, const SystemFolders& folders)
-      : files_(files), registry_(registry), profiles_(profiles), folders_(folders) {}
+  WinIniStore(Files& files, Registry& registry, Profiles& profiles, CodePages& code_pages,
+              const SystemFolders& folders)
+      : files_(files),
+        registry_(registry),
+        profiles_(profiles),
+        code_pages_(code_pages),
+        folders_(folders) {}
 
   // The value with its quotes, whole; `key` is "Load" or "Run".
   std::string Read(const std::string& key) const;
@@ -28,11 +34,14 @@ class WinIniStore {
 
  private:
   std::string IniPath() const;
+  // The whole file as a text; empty when it cannot be read.
+  std::string Content() const;
   std::string OriginalPath(const std::string& key) const;
 
   Files& files_;
   Registry& registry_;
   Profiles& profiles_;
+  CodePages& code_pages_;
   const SystemFolders& folders_;
 };
 

@@ -12,7 +12,7 @@ constexpr DWORD kLabelTip = 0x4000;  // unfolds cut texts; since common controls
 }  // namespace
 
 void CheckListView::Create(const WindowEnv& env, HWND parent, int id) {
-  CreateHandle(env, parent, WC_LISTVIEWA,
+  CreateHandle(env, parent, "SysListView32",
                WS_TABSTOP | WS_CLIPSIBLINGS | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS |
                    LVS_SHAREIMAGELISTS,
                WS_EX_CLIENTEDGE, id);
@@ -36,7 +36,7 @@ LRESULT CheckListView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       if (wparam == ' ') return 0;  // done at its key-down
       break;
     case LVM_SETITEMSTATE:
-      if (SetState(static_cast<int>(wparam), *reinterpret_cast<const LVITEMA*>(lparam))) {
+      if (SetState(static_cast<int>(wparam), *reinterpret_cast<const LVITEMW*>(lparam))) {
         return TRUE;
       }
       break;
@@ -69,7 +69,7 @@ void CheckListView::PressSpace() {
 }
 
 // A mark that another program sets, such as a screen reader; with row -1 that of all.
-bool CheckListView::SetState(int row, const LVITEMA& item) {
+bool CheckListView::SetState(int row, const LVITEMW& item) {
   if (!(item.stateMask & LVIS_STATEIMAGEMASK)) return false;
   const auto end = row < 0 ? static_cast<std::size_t>(Send(LVM_GETITEMCOUNT))
                            : static_cast<std::size_t>(row) + 1;

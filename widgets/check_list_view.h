@@ -19,11 +19,14 @@ class CheckListView : public ListView {
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+  UINT State(std::size_t row) const override {
+    return INDEXTOSTATEIMAGEMASK(is_checked(static_cast<int>(row)) ? 2u : 1u);
+  }
 
  private:
   bool ClickBox(POINT at);
   void PressSpace();
-  bool SetState(int row, const LVITEMA& item);
+  bool SetState(int row, const LVITEMW& item);
 };
 
 }  // namespace scourwell

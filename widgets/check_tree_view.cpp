@@ -2,46 +2,41 @@
 
 #include <windowsx.h>
 
+#include "platform/win/control_calls.h"
+
 namespace scourwell {
 
 void CheckTreeView::Create(const WindowEnv& env, HWND parent, int id) {
-  CreateHandle(env, parent, WC_TREEVIEWA,
+  CreateHandle(env, parent, "SysTreeView32",
                WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS |
                    TVS_DISABLEDRAGDROP,
                WS_EX_CLIENTEDGE, id);
   // Older common controls make the box images only when the style is added afterwards.
-  SetWindowLongA(hwnd(), GWL_STYLE, GetWindowLongA(hwnd(), GWL_STYLE) | TVS_CHECKBOXES);
+  Calls().SetLong(hwnd(), GWL_STYLE, Calls().Long(hwnd(), GWL_STYLE) | TVS_CHECKBOXES);
   Subclass(env, "TreeView1");
 }
 
 HTREEITEM CheckTreeView::Add(HTREEITEM parent, const std::string& text, int image,
                              std::size_t number) const {
-  TVINSERTSTRUCTA insert = {};
-  insert.hParent = parent ? parent : TVI_ROOT;
-  insert.hInsertAfter = TVI_LAST;
-  insert.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM;
-  insert.item.pszText = const_cast<char*>(text.c_str());
-  insert.item.iImage = insert.item.iSelectedImage = image;
-  insert.item.lParam = static_cast<LPARAM>(number);
-  return reinterpret_cast<HTREEITEM>(Send(TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert)));
+  return Controls().AddItem(hwnd(), parent, text, image, static_cast<LPARAM>(number));
 }
 
 void CheckTreeView::SetChecked(HTREEITEM item, bool checked) const {
   if (IsChecked(item) == checked) return;
-  TVITEMA change = {};
+  TVITEMW change = {};
   change.mask = TVIF_HANDLE | TVIF_STATE;
   change.hItem = item;
   change.stateMask = TVIS_STATEIMAGEMASK;
   change.state = INDEXTOSTATEIMAGEMASK(checked ? 2u : 1u);
-  Default(TVM_SETITEMA, 0, reinterpret_cast<LPARAM>(&change));
+  Default(Controls().tree_set, 0, reinterpret_cast<LPARAM>(&change));
 }
 
 bool CheckTreeView::IsChecked(HTREEITEM item) const {
-  TVITEMA asked = {};
+  TVITEMW asked = {};
   asked.mask = TVIF_HANDLE | TVIF_STATE;
   asked.hItem = item;
   asked.stateMask = TVIS_STATEIMAGEMASK;
-  Send(TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&asked));
+  Send(Controls().tree_get, 0, reinterpret_cast<LPARAM>(&asked));
   return (asked.state & TVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2);
 }
 
@@ -57,20 +52,19 @@ LRESULT CheckTreeView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_CHAR:
       if (wparam == ' ') return 0;  // done at its key-down
       break;
-    case TVM_SETITEMA:
-      if (SetState(*reinterpret_cast<const TVITEMA*>(lparam))) return TRUE;
-      break;
     default:
+      if (message != Controls().tree_set && message != Controls().tree_set_other) break;
+      if (SetState(*reinterpret_cast<const TVITEMW*>(lparam))) return TRUE;
       break;
   }
   return Default(message, wparam, lparam);
 }
 
 void CheckTreeView::Check(HTREEITEM item, bool checked) const {
-  TVITEMA asked = {};
+  TVITEMW asked = {};
   asked.mask = TVIF_HANDLE | TVIF_PARAM;
   asked.hItem = item;
-  if (Send(TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&asked))) {
+  if (Send(Controls().tree_get, 0, reinterpret_cast<LPARAM>(&asked))) {
     on_check(static_cast<std::size_t>(asked.lParam), checked);
   }
 }
@@ -92,7 +86,7 @@ void CheckTreeView::PressSpace() const {
 }
 
 // A tick that another program sets, such as a screen reader.
-bool CheckTreeView::SetState(const TVITEMA& item) const {
+bool CheckTreeView::SetState(const TVITEMW& item) const {
   if (!(item.mask & TVIF_STATE) || !(item.stateMask & TVIS_STATEIMAGEMASK)) return false;
   Check(item.hItem, (item.state & TVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2));
   return true;

@@ -39,7 +39,7 @@ class CheckTreeView : public SubclassedControl {
   void Check(HTREEITEM item, bool checked) const;
   bool ClickBox(POINT at) const;
   void PressSpace() const;
-  bool SetState(const TVITEMA& item) const;
+  bool SetState(const TVITEMW& item) const;
 };
 
 }  // namespace scourwell

@@ -12,9 +12,7 @@ class ComboBox : public Control {
   void Create(const WindowEnv& env, HWND parent, int id) {
     CreateHandle(env, parent, "COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, 0, id);
   }
-  void Add(const std::string& text) const {
-    Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
-  }
+  void Add(const std::string& text) const { SendText(CB_ADDSTRING, 0, text); }
   void Select(int index) const { Send(CB_SETCURSEL, static_cast<WPARAM>(index)); }
   int Selected() const { return static_cast<int>(Send(CB_GETCURSEL)); }
 };

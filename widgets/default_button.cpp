@@ -1,15 +1,17 @@
 #include "widgets/default_button.h"
 
+#include "platform/win/window_calls.h"
+
 namespace scourwell {
 namespace {
 
 bool IsPushButton(HWND window) {
-  return window && (SendMessageA(window, WM_GETDLGCODE, 0, 0) &
+  return window && (Calls().Send(window, WM_GETDLGCODE, 0, 0) &
                     (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
 }
 
 void SetStyle(HWND button, DWORD style) {
-  if (IsWindow(button)) SendMessageA(button, BM_SETSTYLE, style, TRUE);
+  if (IsWindow(button)) Calls().Send(button, BM_SETSTYLE, style, TRUE);
 }
 
 }  // namespace

@@ -1,44 +1,35 @@
 #include "widgets/file_dialog.h"
 
-#include <commdlg.h>
-
 #include <algorithm>
+
+#include "platform/win/dialog_calls.h"
 
 namespace scourwell {
 
 std::string AskForFile(HWND owner, FileDialog kind, const std::string& filter,
                        const char* extension, const std::string& title, const std::string& name) {
-  std::string patterns = filter + "||";
-  std::replace(patterns.begin(), patterns.end(), '|', '\0');
-  char path[MAX_PATH] = "";
-  lstrcpynA(path, name.c_str(), sizeof path);
-  OPENFILENAMEA dialog = {};
-  dialog.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
-  dialog.hwndOwner = owner;
-  dialog.lpstrFilter = patterns.c_str();
-  dialog.lpstrFile = path;
-  dialog.nMaxFile = MAX_PATH;
-  dialog.lpstrTitle = title.empty() ? nullptr : title.c_str();
-  dialog.lpstrDefExt = extension;
-  dialog.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
-  if (kind == FileDialog::Open) {
-    dialog.Flags |= OFN_FILEMUSTEXIST;
-    return GetOpenFileNameA(&dialog) ? path : "";
-  }
-  dialog.Flags |= OFN_OVERWRITEPROMPT;
-  return GetSaveFileNameA(&dialog) ? path : "";
+  FileQuestion question;
+  question.owner = owner;
+  question.save = kind == FileDialog::Save;
+  question.filter = filter + "||";
+  std::replace(question.filter.begin(), question.filter.end(), '|', '\0');
+  question.extension = extension;
+  question.title = title;
+  question.name = name;
+  return Dialogs().AskForFile(question);
 }
 
 bool CopyText(HWND owner, const std::string& text) {
   if (!OpenClipboard(owner)) return false;
   EmptyClipboard();
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+  const ClipboardText copied = Dialogs().ForClipboard(text);
+  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, copied.bytes.size());
   if (auto* place = static_cast<char*>(memory ? GlobalLock(memory) : nullptr)) {
-    std::copy_n(text.c_str(), text.size() + 1, place);
+    std::copy(copied.bytes.begin(), copied.bytes.end(), place);
     GlobalUnlock(memory);
   }
   // The clipboard owns the memory only if it took it.
-  const bool taken = memory && SetClipboardData(CF_TEXT, memory);
+  const bool taken = memory && SetClipboardData(copied.format, memory);
   if (memory && !taken) GlobalFree(memory);
   CloseClipboard();
   return taken;

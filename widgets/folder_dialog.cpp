@@ -1,6 +1,6 @@
 #include "widgets/folder_dialog.h"
 
-#include <shlobj.h>
+#include "platform/win/dialog_calls.h"
 
 namespace scourwell {
 namespace {
@@ -13,28 +13,13 @@ void FreeItemList(LPITEMIDLIST items) {
   allocator->Release();
 }
 
-int CALLBACK SelectFirst(HWND dialog, UINT message, LPARAM, LPARAM first) {
-  if (message == BFFM_INITIALIZED && *reinterpret_cast<const char*>(first)) {
-    SendMessageA(dialog, BFFM_SETSELECTIONA, TRUE, first);
-  }
-  return 0;
-}
-
 }  // namespace
 
 std::string AskForFolder(HWND owner, const std::string& title, const std::string& first) {
-  char path[MAX_PATH] = "";
-  BROWSEINFOA info = {};
-  info.hwndOwner = owner;
-  info.pszDisplayName = path;
-  info.lpszTitle = title.c_str();
-  info.ulFlags = BIF_RETURNONLYFSDIRS;
-  info.lpfn = SelectFirst;
-  info.lParam = reinterpret_cast<LPARAM>(first.c_str());
-  const LPITEMIDLIST items = SHBrowseForFolderA(&info);
-  if (!items) return {};
-  if (!SHGetPathFromIDListA(items, path)) path[0] = '\0';
-  FreeItemList(items);
+  const LPITEMIDLIST folder = Dialogs().AskForFolder(owner, title, first);
+  if (!folder) return {};
+  const std::string path = Dialogs().PathOf(folder);
+  FreeItemList(folder);
   return path;
 }
 

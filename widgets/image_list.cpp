@@ -1,5 +1,7 @@
 #include "widgets/image_list.h"
 
+#include "platform/win/window_calls.h"
+
 namespace scourwell {
 namespace {
 
@@ -8,7 +10,7 @@ constexpr COLORREF kSeeThrough = RGB(255, 0, 255);
 // Repeats pixels, so that no new colours come up at the edge of what is see-through.
 BitmapHandle Enlarged(HBITMAP bitmap, int factor) {
   BITMAP from = {};
-  GetObjectA(bitmap, sizeof from, &from);
+  Calls().Facts(bitmap, sizeof from, &from);
   HDC screen = GetDC(nullptr);
   const MemoryDc source(CreateCompatibleDC(screen));
   const MemoryDc target(CreateCompatibleDC(screen));
@@ -29,13 +31,12 @@ BitmapHandle Enlarged(HBITMAP bitmap, int factor) {
 
 ImageListHandle LoadScaledImageList(const WindowEnv& env, int resource, int size) {
   const int factor = env.metrics.PictureFactor();
-  if (factor == 1) return LoadImageList(env.instance, resource, size);
-  const BitmapHandle bitmap(static_cast<HBITMAP>(LoadImageA(
-      env.instance, MAKEINTRESOURCEA(resource), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
-  const BitmapHandle enlarged = Enlarged(bitmap.get(), factor);
+  BitmapHandle bitmap(static_cast<HBITMAP>(
+      Calls().Image(env.instance, resource, IMAGE_BITMAP, 0, LR_CREATEDIBSECTION)));
+  if (factor > 1) bitmap = Enlarged(bitmap.get(), factor);
   ImageListHandle images(
       ImageList_Create(size * factor, size * factor, ILC_COLOR24 | ILC_MASK, 0, 8));
-  ImageList_AddMasked(images.get(), enlarged.get(), kSeeThrough);
+  ImageList_AddMasked(images.get(), bitmap.get(), kSeeThrough);
   return images;
 }
 

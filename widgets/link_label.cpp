@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "widgets/pointers.h"
+
 namespace scourwell {
 namespace {
 
@@ -23,10 +25,9 @@ COLORREF LinkColour() {
   return GetSysColor(COLOR_BTNTEXT);
 }
 
-// The hand of newer systems.
-HCURSOR LinkCursor() {
-  HCURSOR hand = LoadCursorA(nullptr, MAKEINTRESOURCEA(32649));
-  return hand ? hand : LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+HCURSOR LinkPointer() {
+  const HCURSOR hand = SystemPointer(kHandPointer);
+  return hand ? hand : SystemPointer(kArrowPointer);
 }
 
 }  // namespace
@@ -42,7 +43,7 @@ std::string LinkLabel::Shown() const {
 
 LRESULT LinkLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_SETCURSOR) {
-    SetCursor(LinkCursor());
+    SetCursor(LinkPointer());
     return TRUE;
   }
   return DrawnButton::OnMessage(message, wparam, lparam);
@@ -50,14 +51,12 @@ LRESULT LinkLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
 
 // In the colour of the text; an underlined font may draw the line longer than the text.
 void LinkLabel::Underline(HDC dc, const RECT& area, int width) const {
-  TEXTMETRICA font = {};
-  GetTextMetricsA(dc, &font);
-  const int top = (area.top + area.bottom - font.tmHeight) / 2 + font.tmAscent + 1;
+  const FontSize font = Calls().SizeOfFont(dc);
+  const int top = (area.top + area.bottom - font.height) / 2 + font.ascent + 1;
   const RECT line = {area.left, top, std::min<LONG>(area.right, area.left + width),
                      top + std::max(1, metrics().Scale(1))};
-  SetBkColor(dc, GetTextColor(dc));
-  ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &line, nullptr, 0, nullptr);
-  SetBkMode(dc, TRANSPARENT);
+  const BrushHandle brush(CreateSolidBrush(GetTextColor(dc)));
+  FillRect(dc, &line, brush.get());
 }
 
 void LinkLabel::Draw(HDC dc, RECT area, const State& state) const {
@@ -65,8 +64,7 @@ void LinkLabel::Draw(HDC dc, RECT area, const State& state) const {
   SetTextColor(dc, faded() ? GetSysColor(COLOR_GRAYTEXT) : LinkColour());
   RECT inner = area;
   InflateRect(&inner, -metrics().Scale(3), 0);
-  DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &inner,
-            DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
+  Calls().Draw(dc, text, &inner, DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
   Underline(dc, inner, metrics().TextWidth(text));
   SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
   if (state.focused) DrawFocusRect(dc, &area);

@@ -12,24 +12,20 @@ constexpr int kSortDown = 0x0200;
 }  // namespace
 
 void ListView::AddColumn(int index, const std::string& text, int width) const {
-  LVCOLUMNA column = {};
-  column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
-  column.pszText = const_cast<char*>(text.c_str());
-  column.cx = std::max(width, TextWidth(text) + 4 * CellPadding());
-  column.iSubItem = index;
-  Send(LVM_INSERTCOLUMNA, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column));
+  Controls().AddColumn(hwnd(), index, text, std::max(width, TextWidth(text) + 4 * CellPadding()));
 }
 
 void ListView::ShowSortArrow(int column, bool ascending) const {
   const auto header = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
-  const auto count = static_cast<int>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0));
+  const auto count = static_cast<int>(Calls().Send(header, HDM_GETITEMCOUNT, 0, 0));
   for (int i = 0; i < count; ++i) {
-    HDITEMA item = {};
+    HDITEMW item = {};
     item.mask = HDI_FORMAT;
-    SendMessageA(header, HDM_GETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+    const auto place = reinterpret_cast<LPARAM>(&item);
+    Calls().Send(header, Controls().header_get, static_cast<WPARAM>(i), place);
     item.fmt &= ~(kSortUp | kSortDown);
     if (i == column) item.fmt |= ascending ? kSortUp : kSortDown;
-    SendMessageA(header, HDM_SETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+    Calls().Send(header, Controls().header_set, static_cast<WPARAM>(i), place);
   }
 }
 
@@ -48,14 +44,14 @@ RECT ListView::CellArea(int row, int column) const {
 }
 
 void ListView::Select(int row, bool selected) const {
-  LVITEMA item = {};
+  LVITEMW item = {};
   item.stateMask = LVIS_SELECTED;
   item.state = selected ? LVIS_SELECTED : 0u;
   Default(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
 void ListView::FocusRow(int row) const {
-  LVITEMA item = {};
+  LVITEMW item = {};
   item.stateMask = item.state = LVIS_FOCUSED;
   Default(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
   Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);

@@ -1,15 +1,32 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <span>
 
+#include "platform/escaped.h"
+#include "platform/win/control_calls.h"
 #include "widgets/gdi_handles.h"
 #include "widgets/subclassed_control.h"
 
 namespace scourwell {
 
-// Calls on a list view in report style.
-class ListView : public SubclassedControl {
+// A virtual list view in report style: its owner has the rows and answers for them.
+class ListView : public SubclassedControl, private ListRows {
  public:
+  // The owner's answers; without `row_image` or `row_tip` the rows have none.
+  std::function<std::size_t()> row_count;
+  std::function<std::string(std::size_t row, int column)> cell_text;
+  std::function<int(std::size_t row)> row_image;
+  std::function<std::string(std::size_t row)> row_tip;
+
+  // What a notification of this list about its rows is to be answered; none when it is about
+  // something else.
+  std::optional<LRESULT> Answer(NMHDR* header) const {
+    if (header->hwndFrom != hwnd()) return {};
+    return Controls().Answer(header, *this);
+  }
+
   // At least as wide as its caption asks for.
   void AddColumn(int index, const std::string& text, int width) const;
   void SetColumnWidth(int column, int width) const {
@@ -19,7 +36,7 @@ class ListView : public SubclassedControl {
     return static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
   }
   int TextWidth(const std::string& text) const {
-    return static_cast<int>(Send(LVM_GETSTRINGWIDTHA, 0, reinterpret_cast<LPARAM>(text.c_str())));
+    return static_cast<int>(SendText(Controls().list_text_width, 0, text));
   }
   // The numbers of all columns, as they are shown from left to right.
   void SetColumnOrder(std::span<const int> columns) const {
@@ -52,7 +69,18 @@ class ListView : public SubclassedControl {
   void Select(int row, bool selected) const;
   void FocusRow(int row) const;
 
+ protected:
+  UINT State(std::size_t) const override { return 0; }
+
  private:
+  std::size_t Count() const override { return row_count(); }
+  std::string CellText(std::size_t row, int column) const override {
+    return ForShowing(cell_text(row, column));
+  }
+  int Image(std::size_t row) const override { return row_image ? row_image(row) : 0; }
+  std::string Tip(std::size_t row) const override {
+    return row_tip ? ForShowing(row_tip(row)) : std::string();
+  }
   int Next(int row, UINT flags) const {
     return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), MAKELPARAM(flags, 0)));
   }

@@ -1,5 +1,6 @@
 #include "widgets/live_label.h"
 
+#include "platform/escaped.h"
 #include "widgets/back_buffer.h"
 
 namespace scourwell {
@@ -16,21 +17,19 @@ void LiveLabel::Create(const WindowEnv& env, HWND parent, int id, UINT format) {
 
 void LiveLabel::SetFormat(UINT format) const {
   const UINT lines = (format & DT_WORDBREAK) ? 0 : DT_SINGLELINE;
-  SetWindowLongA(hwnd(), GWL_USERDATA, static_cast<LONG>(format | lines | DT_NOPREFIX));
+  Calls().SetLong(hwnd(), GWL_USERDATA, static_cast<LONG>(format | lines | DT_NOPREFIX));
 }
 
 void LiveLabel::SetText(const std::string& text) {
   if (text == text_) return;
   text_ = text;
-  Control::SetText(text);
+  Control::SetText(LinesForShowing(text));
   Redraw();
 }
 
 void LiveLabel::Draw(const DRAWITEMSTRUCT& item, int back_colour, int text_colour) {
-  char text[1024];
-  const int size = GetWindowTextA(item.hwndItem, text, sizeof text);
-  const auto font = SendMessageA(item.hwndItem, WM_GETFONT, 0, 0);
-  auto format = static_cast<UINT>(GetWindowLongA(item.hwndItem, GWL_USERDATA));
+  const auto font = Calls().Send(item.hwndItem, WM_GETFONT, 0, 0);
+  auto format = static_cast<UINT>(Calls().Long(item.hwndItem, GWL_USERDATA));
   RECT area = item.rcItem;
   if (IsRectEmpty(&area)) return;
   const BackBuffer buffer(item.hDC, area);
@@ -42,7 +41,7 @@ void LiveLabel::Draw(const DRAWITEMSTRUCT& item, int back_colour, int text_colou
     format |= DT_NOCLIP;
   }
   SetTextColor(buffer.dc(), GetSysColor(text_colour));
-  DrawTextA(buffer.dc(), text, size, &area, format);
+  Calls().Draw(buffer.dc(), Calls().Text(item.hwndItem), &area, format);
   SelectObject(buffer.dc(), old);
 }
 

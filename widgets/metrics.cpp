@@ -2,8 +2,27 @@
 
 #include <algorithm>
 
+#include "platform/win/family.h"
+#include "platform/win/native_text.h"
+#include "platform/win/window_calls.h"
+
 namespace scourwell {
 namespace {
+
+constexpr wchar_t kMenuFace[] = L"Ms Sans Serif";
+constexpr wchar_t kScalableFace[] = L"Courier New";
+constexpr int kFixedHeight = 13;  // pixels at 96 dots per inch
+
+// On the ANSI side there are no others.
+bool HasSystemLettersOnly(const std::string& text) {
+  return !HasWideCalls() || ExactNarrow(text).has_value();
+}
+
+template <std::size_t n>
+LOGFONTW Faced(LOGFONTW font, const wchar_t (&face)[n]) {
+  std::copy_n(face, n, font.lfFaceName);
+  return font;
+}
 
 // The screen's device context with a font in it, for measuring.
 class MeasuringDc {
@@ -22,43 +41,18 @@ class MeasuringDc {
   HGDIOBJ old_;
 };
 
-// What a program draws itself is read in the code page of the font, what controls draw in that of
-// the system. The font of messages need not be of the system's.
-LOGFONTA InSystemLetters(LOGFONTA font) {
-  CHARSETINFO letters = {};
-  const auto page = static_cast<DWORD_PTR>(GetACP());
-  if (TranslateCharsetInfo(reinterpret_cast<DWORD*>(page), &letters, TCI_SRCCODEPAGE)) {
-    font.lfCharSet = static_cast<BYTE>(letters.ciCharset);
-  }
-  return font;
-}
+HFONT Plain(const LOGFONTW& font) { return Calls().Font(font); }
 
-LOGFONTA MessageFont() {
-  NONCLIENTMETRICSA metrics = {};
-  metrics.cbSize = sizeof metrics;
-  if (SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) {
-    return InSystemLetters(metrics.lfMessageFont);
-  }
-  LOGFONTA font = {};
-  GetObjectA(GetStockObject(DEFAULT_GUI_FONT), sizeof font, &font);
-  return font;
-}
-
-LOGFONTA Named(LOGFONTA font, const char* name) {
-  lstrcpynA(font.lfFaceName, name, sizeof font.lfFaceName);
-  return font;
-}
-
-HFONT Underlined(LOGFONTA font) {
+HFONT Underlined(LOGFONTW font) {
   font.lfUnderline = TRUE;
-  return CreateFontIndirectA(&font);
+  return Calls().Font(font);
 }
 
-HFONT Bold(LOGFONTA font, int percent) {
+HFONT Bold(LOGFONTW font, int percent = 100) {
   font.lfWeight = FW_BOLD;
   font.lfHeight = MulDiv(font.lfHeight, percent, 100);
   font.lfWidth = 0;
-  return CreateFontIndirectA(&font);
+  return Calls().Font(font);
 }
 
 }  // namespace
@@ -67,36 +61,58 @@ Metrics::Metrics() {
   HDC screen = GetDC(nullptr);
   dpi_ = GetDeviceCaps(screen, LOGPIXELSX);
   ReleaseDC(nullptr, screen);
-  const LOGFONTA message = MessageFont();
-  font_.Reset(CreateFontIndirectA(&message));
-  bold_.Reset(Bold(message, 100));
+  const LOGFONTW message = Calls().MessageFont();
+  font_.Reset(Plain(message));
+  bold_.Reset(Bold(message));
+  underlined_.Reset(Underlined(message));
   heading_.Reset(Bold(message, 110));
   title_.Reset(Bold(message, 170));
-  const LOGFONTA menu = Named(message, "Ms Sans Serif");
-  menu_.Reset(CreateFontIndirectA(&menu));
-  menu_bold_.Reset(Bold(menu, 100));
+  const LOGFONTW menu = Faced(message, kMenuFace);
+  menu_.Reset(Plain(menu));
+  menu_bold_.Reset(Bold(menu));
   menu_underlined_.Reset(Underlined(menu));
+  LOGFONTW fixed = Calls().FixedFont();
+  fixed_.Reset(Plain(fixed));
+  fixed = Faced(fixed, kScalableFace);
+  fixed.lfHeight = -Scale(kFixedHeight);
+  fixed.lfWidth = 0;
+  fixed.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
+  fixed.lfOutPrecision = OUT_TT_PRECIS;
+  fixed_scalable_.Reset(Plain(fixed));
   line_ = LineHeight(font());
 }
 
 int Metrics::LineHeight(HFONT font) const {
-  TEXTMETRICA metrics = {};
-  GetTextMetricsA(MeasuringDc(font).get(), &metrics);
-  return metrics.tmHeight;
+  return Calls().SizeOfFont(MeasuringDc(font).get()).height;
 }
 
 int Metrics::TextWidth(HFONT font, const std::string& text) const {
-  SIZE size = {};
-  GetTextExtentPoint32A(MeasuringDc(font).get(), text.c_str(), static_cast<int>(text.size()),
-                        &size);
-  return size.cx;
+  return Calls().Extent(MeasuringDc(font).get(), text).cx;
+}
+
+int Metrics::CaptionWidth(const std::string& caption) const {
+  RECT area = {};
+  Calls().Draw(MeasuringDc(font()).get(), caption, &area, DT_CALCRECT | DT_SINGLELINE);
+  return area.right;
 }
 
 int Metrics::TextHeight(HFONT font, const std::string& text, int width) const {
   RECT area = {0, 0, std::max(1, width), 0};
-  DrawTextA(MeasuringDc(font).get(), text.c_str(), static_cast<int>(text.size()), &area,
-            DT_CALCRECT | DT_WORDBREAK);
+  Calls().Draw(MeasuringDc(font).get(), text, &area, DT_CALCRECT | DT_WORDBREAK);
   return area.bottom;
+}
+
+MenuFonts Metrics::menu(std::span<const std::string> texts) const {
+  if (std::all_of(texts.begin(), texts.end(), HasSystemLettersOnly)) {
+    return {menu_.get(), menu_bold_.get(), menu_underlined_.get()};
+  }
+  return {font(), bold(), underlined_.get()};
+}
+
+// The system's own one is also drawn for 96 dots per inch.
+HFONT Metrics::fixed(const std::string& text) const {
+  const bool fits = Scale(100) <= 100 && HasSystemLettersOnly(text);
+  return fits ? fixed_.get() : fixed_scalable_.get();
 }
 
 int Metrics::IconSize(int pixels) const {

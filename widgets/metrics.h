@@ -1,10 +1,17 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "widgets/gdi_handles.h"
 
 namespace scourwell {
+
+struct MenuFonts {
+  HFONT plain;
+  HFONT bold;
+  HFONT underlined;
+};
 
 // The sizes and fonts of the screen. Every length in a window comes through here, so that it
 // follows the system's resolution and message font.
@@ -26,14 +33,17 @@ class Metrics {
   HFONT bold() const { return bold_.get(); }
   HFONT heading() const { return heading_.get(); }  // bold, larger
   HFONT title() const { return title_.get(); }      // bold, largest
-  HFONT menu() const { return menu_.get(); }        // of the side menu
-  HFONT menu_bold() const { return menu_bold_.get(); }
-  HFONT menu_underlined() const { return menu_underlined_.get(); }
+  // Fonts that have the letters of the system's code page only, or others in their place where a
+  // text holds more: that of the side menu, and one whose letters have one width.
+  MenuFonts menu(std::span<const std::string> texts) const;
+  HFONT fixed(const std::string& text) const;
 
   int LineHeight(HFONT font) const;
   int LineHeight() const { return line_; }
   int TextWidth(HFONT font, const std::string& text) const;
   int TextWidth(const std::string& text) const { return TextWidth(font(), text); }
+  // Without the "&" of its access key.
+  int CaptionWidth(const std::string& caption) const;
   // In lines that are broken at that width.
   int TextHeight(HFONT font, const std::string& text, int width) const;
 
@@ -55,11 +65,14 @@ class Metrics {
   int line_ = 0;
   FontHandle font_;
   FontHandle bold_;
+  FontHandle underlined_;
   FontHandle heading_;
   FontHandle title_;
   FontHandle menu_;
   FontHandle menu_bold_;
   FontHandle menu_underlined_;
+  FontHandle fixed_;
+  FontHandle fixed_scalable_;
 };
 
 }  // namespace scourwell

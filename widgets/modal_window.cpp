@@ -22,7 +22,7 @@ Area ModalWindow::Place(HWND owner, bool menu) const {
   RECT around = {};
   GetWindowRect(owner, &around);
   RECT desktop = {};
-  SystemParametersInfoA(SPI_GETWORKAREA, 0, &desktop, 0);
+  Calls().Parameter(SPI_GETWORKAREA, 0, &desktop, 0);
   const Area work(desktop);
   const int width = std::min<int>(size.cx, work.width());
   const int height = std::min<int>(size.cy, work.height());
@@ -51,7 +51,7 @@ void ModalWindow::ShowModal(HWND owner) {
   default_button_.Follow(DefaultButton());
   MSG message;
   while (hwnd()) {
-    const BOOL got = GetMessageA(&message, nullptr, 0, 0);
+    const BOOL got = Calls().Next(&message, nullptr, 0, 0);
     if (got <= 0) {
       // The end of the program is for the main loop, too.
       if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));
@@ -59,7 +59,7 @@ void ModalWindow::ShowModal(HWND owner) {
     }
     if (Translate(&message)) continue;
     TranslateMessage(&message);
-    DispatchMessageA(&message);
+    Calls().Dispatch(&message);
   }
 }
 
@@ -67,15 +67,15 @@ bool ModalWindow::Translate(MSG* message) {
   if (message->hwnd != hwnd() && !IsChild(hwnd(), message->hwnd)) return false;
   default_button_.Follow(DefaultButton());
   if (message->message == WM_KEYDOWN) {
-    const bool unfolded = SendMessageA(GetFocus(), CB_GETDROPPEDSTATE, 0, 0) == TRUE;
+    const bool unfolded = Calls().Send(GetFocus(), CB_GETDROPPEDSTATE, 0, 0) == TRUE;
     const bool repeated = (message->lParam & (1 << 30)) != 0;
     if (message->wParam == VK_RETURN && !unfolded) {
       HWND button = default_button_.hwnd();
-      if (button && IsWindowEnabled(button) && !repeated) PostMessageA(button, BM_CLICK, 0, 0);
+      if (button && IsWindowEnabled(button) && !repeated) Calls().Post(button, BM_CLICK, 0, 0);
       return true;
     }
     if (message->wParam == VK_ESCAPE && !unfolded) {
-      if (!repeated) PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+      if (!repeated) Calls().Post(hwnd(), WM_CLOSE, 0, 0);
       return true;
     }
     if (message->wParam == VK_F1 && env_.help) {
@@ -84,7 +84,7 @@ bool ModalWindow::Translate(MSG* message) {
     }
     if (OnKey(message->wParam)) return true;
   }
-  return IsDialogMessageA(hwnd(), message) != FALSE;
+  return Calls().TakeDialogKey(hwnd(), message) != FALSE;
 }
 
 LRESULT ModalWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {

@@ -4,7 +4,7 @@ namespace scourwell {
 
 // Only the holder of the pages may destroy one: it keeps track of them.
 Page::~Page() {
-  if (hwnd()) SendMessageA(GetParent(hwnd()), WM_MDIDESTROY, reinterpret_cast<WPARAM>(hwnd()), 0);
+  if (hwnd()) Calls().Send(GetParent(hwnd()), WM_MDIDESTROY, reinterpret_cast<WPARAM>(hwnd()), 0);
 }
 
 void Page::CreateIn(HWND client) {

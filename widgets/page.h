@@ -24,7 +24,7 @@ class Page : public Window {
 
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
   LRESULT Default(UINT message, WPARAM wparam, LPARAM lparam) override {
-    return DefMDIChildProcA(hwnd(), message, wparam, lparam);
+    return Calls().PageDefault(hwnd(), message, wparam, lparam);
   }
 };
 

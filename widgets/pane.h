@@ -20,7 +20,7 @@ class Pane : public Window {
   using Window::Window;
 
   bool OnCommand(int id) override {
-    SendMessageA(GetParent(hwnd()), WM_COMMAND, static_cast<WPARAM>(id), 0);
+    Calls().Send(GetParent(hwnd()), WM_COMMAND, static_cast<WPARAM>(id), 0);
     return true;
   }
 };

@@ -40,8 +40,8 @@ void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::s
   SetBkMode(draw.nmcd.hdc, TRANSPARENT);
   const bool plain = text && colours.back == COLOR_WINDOW;
   SetTextColor(draw.nmcd.hdc, plain ? *text : GetSysColor(colours.text));
-  DrawTextA(draw.nmcd.hdc, path.c_str(), static_cast<int>(path.size()), &cell,
-            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS);
+  Calls().Draw(draw.nmcd.hdc, path, &cell,
+               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS);
 }
 
 LRESULT DrawPathColumn(const ListView& list, const NMLVCUSTOMDRAW& draw, int column,

@@ -1,16 +1,17 @@
 #include "widgets/picture.h"
 
+#include "platform/win/window_calls.h"
 #include "widgets/resource.h"
 
 namespace scourwell {
 
 Picture::Picture(const WindowEnv& env, int resource, int size)
     : size_(size), factor_(env.metrics.PictureFactor()) {
-  bitmap_.Reset(static_cast<HBITMAP>(LoadImageA(env.instance, MAKEINTRESOURCEA(resource),
-                                                IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+  bitmap_.Reset(static_cast<HBITMAP>(
+      Calls().Image(env.instance, resource, IMAGE_BITMAP, 0, LR_CREATEDIBSECTION)));
   const int largest = size < 48 ? 32 : 48;
-  icon_.Reset(static_cast<HICON>(
-      LoadImageA(env.instance, MAKEINTRESOURCEA(IDI_Scourwell), IMAGE_ICON, largest, largest, 0)));
+  icon_.Reset(
+      static_cast<HICON>(Calls().Image(env.instance, IDI_Scourwell, IMAGE_ICON, largest, 0)));
 }
 
 void Picture::Draw(HDC dc, int x, int y) const {

@@ -2,15 +2,20 @@
 
 #include <algorithm>
 
+#include "platform/unicode.h"
 #include "widgets/faded_icon.h"
 
 namespace scourwell {
+namespace {
+
+constexpr char32_t kFirstWideSign = 0x2E80;
+
+}  // namespace
 
 void PictureButton::Create(const WindowEnv& env, HWND parent, int id, const std::string& text,
                            int icon, int size) {
   size_ = env.metrics.IconSize(size);
-  icon_.Reset(static_cast<HICON>(
-      LoadImageA(env.instance, MAKEINTRESOURCEA(icon), IMAGE_ICON, size_, size_, 0)));
+  icon_.Reset(static_cast<HICON>(Calls().Image(env.instance, icon, IMAGE_ICON, size_, 0)));
   DrawnButton::Create(env, parent, id, text);
 }
 
@@ -19,14 +24,23 @@ int PictureButton::HeightFor(int width) const {
   return size_ + text + 3 * Inset();
 }
 
+// A caption is broken at blanks and beside the signs of East Asian scripts.
 int PictureButton::LeastWidth() const {
   const std::string text = Text();
   int widest = size_;
+  std::string word;
+  const auto end_word = [&] {
+    widest = std::max(widest, metrics().TextWidth(font(), word));
+    word.clear();
+  };
   for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = std::min(text.find(' ', at), text.size());
-    widest = std::max(widest, metrics().TextWidth(font(), text.substr(at, end - at)));
-    at = end + 1;
+    const char32_t code = NextCode(text, &at);
+    const bool alone = code == ' ' || (code >= kFirstWideSign && code < kStrayByte);
+    if (alone) end_word();
+    AppendCode(code, &word);
+    if (alone) end_word();
   }
+  end_word();
   return widest + 2 * Inset();
 }
 
@@ -59,8 +73,7 @@ void PictureButton::Draw(HDC dc, RECT area, const State& state) const {
 void PictureButton::DrawCaption(HDC dc, RECT area, UINT prefix) const {
   const std::string text = Text();
   SetTextColor(dc, GetSysColor(faded() ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
-  DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &area,
-            DT_CENTER | DT_WORDBREAK | prefix);
+  Calls().Draw(dc, text, &area, DT_CENTER | DT_WORDBREAK | prefix);
 }
 
 }  // namespace scourwell

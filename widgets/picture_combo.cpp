@@ -20,15 +20,14 @@ void PictureCombo::Create(const WindowEnv& env, HWND parent, int id) {
 void PictureCombo::Add(const std::string& text, const std::string& picture) {
   BitmapHandle bitmap;
   if (!picture.empty()) {
-    bitmap.Reset(static_cast<HBITMAP>(LoadImageA(nullptr, picture.c_str(), IMAGE_BITMAP, 0, 0,
-                                                 LR_LOADFROMFILE | LR_CREATEDIBSECTION)));
+    bitmap.Reset(Calls().Picture(picture));
     if (!bitmap) {
       env_->log.LogFailure(
           Outcome::Failed(kTypeMismatch, "A picture could not be loaded").With("File: ", picture),
           "PictureCombo");
     }
   }
-  pictures_.push_back(std::move(bitmap));
+  entries_.push_back({text, std::move(bitmap)});
   ComboBox::Add(text);
 }
 
@@ -46,24 +45,21 @@ void PictureCombo::Draw(const DRAWITEMSTRUCT& item) const {
   const Metrics& metrics = env_->metrics;
   RECT place = item.rcItem;
   FillRect(item.hDC, &place, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-  if (item.itemID < pictures_.size()) {
+  if (item.itemID < entries_.size()) {
     place.left += metrics.Scale(3);
     // Every text begins at the same place, with a picture or without.
-    const bool any = std::any_of(pictures_.begin(), pictures_.end(),
-                                 [](const BitmapHandle& picture) { return picture.get(); });
+    const bool any = std::any_of(entries_.begin(), entries_.end(),
+                                 [](const Entry& each) { return each.picture.get(); });
+    const Entry& entry = entries_[item.itemID];
     if (any) {
-      const BitmapHandle& bitmap = pictures_[item.itemID];
+      const BitmapHandle& bitmap = entry.picture;
       if (bitmap) DrawPicture(item.hDC, bitmap.get(), place);
       place.left += metrics.Scale(kPictureWidth) + metrics.Scale(5);
     }
-    std::string text(
-        static_cast<std::size_t>(std::max<LRESULT>(0, Send(CB_GETLBTEXTLEN, item.itemID))) + 1,
-        '\0');
-    Send(CB_GETLBTEXT, item.itemID, reinterpret_cast<LPARAM>(text.data()));
     SetBkMode(item.hDC, TRANSPARENT);
     SetTextColor(item.hDC, GetSysColor(text_colour));
-    DrawTextA(item.hDC, text.c_str(), -1, &place,
-              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    Calls().Draw(item.hDC, entry.text, &place,
+                 DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
   }
   if (item.itemState & ODS_FOCUS) DrawFocusRect(item.hDC, &item.rcItem);
 }
@@ -71,7 +67,8 @@ void PictureCombo::Draw(const DRAWITEMSTRUCT& item) const {
 // As large as the place allows, in its own proportions.
 void PictureCombo::DrawPicture(HDC dc, HBITMAP bitmap, const RECT& place) const {
   BITMAP facts = {};
-  if (!GetObjectA(bitmap, sizeof facts, &facts) || facts.bmWidth < 1 || facts.bmHeight < 1) return;
+  if (!Calls().Facts(bitmap, sizeof facts, &facts) || facts.bmWidth < 1 || facts.bmHeight < 1)
+    return;
   const int most_width = env_->metrics.Scale(kPictureWidth);
   const int most_height = env_->metrics.Scale(kPictureHeight);
   int width = most_width;

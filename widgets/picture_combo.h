@@ -18,10 +18,15 @@ class PictureCombo : public ComboBox {
   void Draw(const DRAWITEMSTRUCT& item) const;
 
  private:
+  struct Entry {
+    std::string text;
+    BitmapHandle picture;
+  };
+
   void DrawPicture(HDC dc, HBITMAP bitmap, const RECT& place) const;
 
   const WindowEnv* env_ = nullptr;
-  std::vector<BitmapHandle> pictures_;
+  std::vector<Entry> entries_;
 };
 
 }  // namespace scourwell

@@ -7,7 +7,7 @@ namespace scourwell {
 class ProgressBar : public Control {
  public:
   void Create(const WindowEnv& env, HWND parent, int id) {
-    CreateHandle(env, parent, PROGRESS_CLASSA, 0, 0, id);
+    CreateHandle(env, parent, "msctls_progress32", 0, 0, id);
   }
   void SetRange(int maximum) const { Send(PBM_SETRANGE32, 0, maximum); }
   void SetPosition(int position) const { Send(PBM_SETPOS, static_cast<WPARAM>(position)); }

@@ -8,7 +8,7 @@ namespace scourwell {
 class ReportListView : public ListView {
  public:
   void Create(const WindowEnv& env, HWND parent, int id) {
-    CreateHandle(env, parent, WC_LISTVIEWA,
+    CreateHandle(env, parent, "SysListView32",
                  WS_TABSTOP | WS_CLIPSIBLINGS | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS |
                      LVS_SINGLESEL | LVS_SHAREIMAGELISTS,
                  WS_EX_CLIENTEDGE, id);

@@ -20,7 +20,6 @@ void SideMenu::Create(const WindowEnv& env, HWND parent, int id) {
       env, parent, "LISTBOX",
       WS_TABSTOP | WS_VSCROLL | LBS_OWNERDRAWVARIABLE | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
       WS_EX_CLIENTEDGE, id);
-  SetFont(env.metrics.menu());
   Subclass(env, "MenuXP1");
   tip_.Create(env, parent);
   icon_size_ = env.metrics.IconSize(16);
@@ -28,12 +27,16 @@ void SideMenu::Create(const WindowEnv& env, HWND parent, int id) {
 
 int SideMenu::RowHeight(const Item& item) const {
   const Metrics& metrics = env_->metrics;
-  const int line = metrics.LineHeight(metrics.menu());
+  const int line = metrics.LineHeight(fonts_.plain);
   return item.command == 0 ? line + metrics.Scale(9)
                            : std::max(line, icon_size_) + metrics.Scale(4);
 }
 
 void SideMenu::Fill(std::vector<Item> items) {
+  std::vector<std::string> texts;
+  for (const Item& item : items) texts.push_back(item.text);
+  fonts_ = env_->metrics.menu(texts);
+  SetFont(fonts_.plain);
   const int selected = Selected();
   hot_ = pressed_ = -1;
   rows_.clear();
@@ -41,12 +44,12 @@ void SideMenu::Fill(std::vector<Item> items) {
   Send(LB_RESETCONTENT);
   for (Item& item : items) {
     const auto index = static_cast<WPARAM>(rows_.size());
-    Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.text.c_str()));
+    SendText(LB_ADDSTRING, 0, item.text);
     Send(LB_SETITEMHEIGHT, index, RowHeight(item));
     IconHandle icon;
     if (item.icon != 0) {
-      icon.Reset(static_cast<HICON>(LoadImageA(env_->instance, MAKEINTRESOURCEA(item.icon),
-                                               IMAGE_ICON, icon_size_, icon_size_, 0)));
+      icon.Reset(
+          static_cast<HICON>(Calls().Image(env_->instance, item.icon, IMAGE_ICON, icon_size_, 0)));
     }
     rows_.push_back({std::move(item), std::move(icon)});
   }
@@ -59,7 +62,7 @@ int SideMenu::Width() const {
   const Metrics& metrics = env_->metrics;
   int width = 0;
   for (const Row& row : rows_) {
-    width = std::max(width, metrics.TextWidth(metrics.menu(), row.item.text));
+    width = std::max(width, metrics.TextWidth(fonts_.plain, row.item.text));
   }
   const int frame = icon_size_ + metrics.Scale(30) + GetSystemMetrics(SM_CXVSCROLL);
   return std::clamp(width + frame, metrics.Scale(150), metrics.Scale(230));
@@ -195,7 +198,7 @@ void SideMenu::DrawItem(const DRAWITEMSTRUCT& item) const {
   SetBkMode(buffer.dc(), TRANSPARENT);
   const bool focused = GetFocus() == hwnd();
   const bool selected = (item.itemState & ODS_SELECTED) != 0 && focused;
-  const HGDIOBJ old = SelectObject(buffer.dc(), env_->metrics.menu());
+  const HGDIOBJ old = SelectObject(buffer.dc(), fonts_.plain);
   if (row.item.command == 0) {
     DrawHeading(buffer.dc(), item.rcItem, row);
   } else {
@@ -207,11 +210,11 @@ void SideMenu::DrawItem(const DRAWITEMSTRUCT& item) const {
 void SideMenu::DrawHeading(HDC dc, RECT area, const Row& row) const {
   FillRect(dc, &area, GetSysColorBrush(COLOR_BTNFACE));
   DrawEdge(dc, &area, BDR_RAISEDINNER, BF_TOP | BF_BOTTOM);
-  SelectObject(dc, env_->metrics.menu_bold());
+  SelectObject(dc, fonts_.bold);
   SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
   area.left += env_->metrics.Scale(6);
-  DrawTextA(dc, row.item.text.c_str(), -1, &area,
-            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+  Calls().Draw(dc, row.item.text, &area,
+               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 void SideMenu::DrawCommand(HDC dc, RECT area, const Row& row, bool selected, bool hot) const {
@@ -230,9 +233,9 @@ void SideMenu::DrawCommand(HDC dc, RECT area, const Row& row, bool selected, boo
   RECT text = area;
   text.left = x + icon_size_ + metrics.Scale(6);
   text.right -= metrics.Scale(4);
-  if (hot && !row.item.faded) SelectObject(dc, metrics.menu_underlined());
-  DrawTextA(dc, row.item.text.c_str(), -1, &text,
-            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+  if (hot && !row.item.faded) SelectObject(dc, fonts_.underlined);
+  Calls().Draw(dc, row.item.text, &text,
+               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
   if (selected) DrawFocusRect(dc, &area);
 }
 

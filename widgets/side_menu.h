@@ -50,6 +50,7 @@ class SideMenu : public SubclassedControl {
   const WindowEnv* env_ = nullptr;
   std::vector<Row> rows_;
   ToolTip tip_;
+  MenuFonts fonts_ = {};
   int icon_size_ = 16;
   int hot_ = -1;
   int pressed_ = -1;

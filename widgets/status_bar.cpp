@@ -2,17 +2,19 @@
 
 #include <algorithm>
 
+#include "platform/win/control_calls.h"
+
 namespace scourwell {
 
 void StatusBar::Create(const WindowEnv& env, HWND parent, int id) {
   metrics_ = &env.metrics;
-  CreateHandle(env, parent, STATUSCLASSNAMEA, SBARS_SIZEGRIP, 0, id);
+  CreateHandle(env, parent, "msctls_statusbar32", SBARS_SIZEGRIP, 0, id);
 }
 
 void StatusBar::SetPart(Part part, const std::string& text) {
   if (texts_[part] == text) return;
   texts_[part] = text;
-  Send(SB_SETTEXTA, part, reinterpret_cast<LPARAM>(text.c_str()));
+  SendText(Controls().status_text, part, text);
   if (part != kState) Fit();
 }
 

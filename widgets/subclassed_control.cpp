@@ -5,27 +5,27 @@ namespace scourwell {
 void SubclassedControl::Subclass(const WindowEnv& env, const char* name) {
   log_ = &env.log;
   name_ = name;
-  SetWindowLongA(hwnd(), GWL_USERDATA, reinterpret_cast<LONG>(this));
+  Calls().SetLong(hwnd(), GWL_USERDATA, reinterpret_cast<LONG>(this));
   original_ = reinterpret_cast<WNDPROC>(
-      SetWindowLongA(hwnd(), GWL_WNDPROC, reinterpret_cast<LONG>(Procedure)));
+      Calls().SetLong(hwnd(), GWL_WNDPROC, reinterpret_cast<LONG>(Procedure)));
 }
 
 // The control may outlive its object for a moment, while its parent is destroyed.
 void SubclassedControl::Release() {
   if (!original_ || !hwnd_) return;
-  SetWindowLongA(hwnd(), GWL_WNDPROC, reinterpret_cast<LONG>(original_));
-  SetWindowLongA(hwnd(), GWL_USERDATA, 0);
+  Calls().SetLong(hwnd(), GWL_WNDPROC, reinterpret_cast<LONG>(original_));
+  Calls().SetLong(hwnd(), GWL_USERDATA, 0);
   hwnd_ = nullptr;
 }
 
 LRESULT CALLBACK SubclassedControl::Procedure(HWND hwnd, UINT message, WPARAM wparam,
                                               LPARAM lparam) {
-  auto* control = reinterpret_cast<SubclassedControl*>(GetWindowLongA(hwnd, GWL_USERDATA));
-  if (!control) return DefWindowProcA(hwnd, message, wparam, lparam);
+  auto* control = reinterpret_cast<SubclassedControl*>(Calls().Long(hwnd, GWL_USERDATA));
+  if (!control) return Calls().WindowDefault(hwnd, message, wparam, lparam);
   if (message == WM_NCDESTROY) {
     const WNDPROC original = control->original_;
     control->Release();
-    return CallWindowProcA(original, hwnd, message, wparam, lparam);
+    return Calls().CallProcedure(original, hwnd, message, wparam, lparam);
   }
   LRESULT result = 0;
   static_cast<void>(control->log_->Trap(

@@ -16,7 +16,7 @@ class SubclassedControl : public Control {
   }
   // What the control itself does.
   LRESULT Default(UINT message, WPARAM wparam, LPARAM lparam) const {
-    return CallWindowProcA(original_, hwnd(), message, wparam, lparam);
+    return Calls().CallProcedure(original_, hwnd(), message, wparam, lparam);
   }
 
  private:

@@ -1,18 +1,14 @@
 #include "widgets/tab_control.h"
 
+#include "platform/win/control_calls.h"
+
 namespace scourwell {
 
 void TabControl::Create(const WindowEnv& env, HWND parent, int id) {
-  CreateHandle(env, parent, WC_TABCONTROLA, WS_TABSTOP | WS_CLIPSIBLINGS, 0, id);
+  CreateHandle(env, parent, "SysTabControl32", WS_TABSTOP | WS_CLIPSIBLINGS, 0, id);
 }
 
-void TabControl::Add(const std::string& text) {
-  TCITEMA item = {};
-  item.mask = TCIF_TEXT;
-  std::string copy = text;
-  item.pszText = copy.data();
-  Send(TCM_INSERTITEMA, static_cast<WPARAM>(count_++), reinterpret_cast<LPARAM>(&item));
-}
+void TabControl::Add(const std::string& text) { Controls().AddTab(hwnd(), count_++, text); }
 
 int TabControl::Selected() const { return static_cast<int>(Send(TCM_GETCURSEL)); }
 
@@ -38,7 +34,7 @@ LRESULT TabPage::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_MEASUREITEM:
     case WM_DRAWITEM:
     case WM_NEXTDLGCTL:
-      return SendMessageA(GetParent(hwnd()), message, wparam, lparam);
+      return Calls().Send(GetParent(hwnd()), message, wparam, lparam);
     default:
       return Window::OnMessage(message, wparam, lparam);
   }

@@ -1,52 +1,71 @@
 #include "widgets/text_view.h"
 
-#include <richedit.h>
+#include <optional>
 
+#include "platform/text.h"
+#include "platform/unicode.h"
+#include "platform/win/control_calls.h"
 #include "platform/win/late_bind.h"
 
 namespace scourwell {
-namespace {
-
-constexpr int kLetterHeight = 13;  // pixels at 96 dots per inch
-
-// The system's own one is a picture of letters for 96 dots per inch.
-HFONT FixedFont(const Metrics& metrics) {
-  LOGFONTA font = {};
-  GetObjectA(GetStockObject(ANSI_FIXED_FONT), sizeof font, &font);
-  font.lfHeight = -metrics.Scale(kLetterHeight);
-  font.lfWidth = 0;
-  font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
-  font.lfOutPrecision = OUT_TT_PRECIS;
-  lstrcpynA(font.lfFaceName, "Courier New", sizeof font.lfFaceName);
-  return CreateFontIndirectA(&font);
-}
-
-}  // namespace
 
 void TextView::Create(const WindowEnv& env, HWND parent, int id) {
   constexpr DWORD kStyle = WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE | ES_READONLY |
                            ES_NOHIDESEL | ES_AUTOVSCROLL | ES_AUTOHSCROLL;
-  const bool rich = LoadSystemLibrary("riched32.dll") != nullptr;
-  CreateHandle(env, parent, rich ? RICHEDIT_CLASS10A : "EDIT", kStyle, WS_EX_CLIENTEDGE, id);
+  const RichBox box = Controls().Rich();
+  const bool rich = LoadSystemLibrary(box.library) != nullptr;
+  short_line_ends_ = rich && box.short_line_ends;
+  CreateHandle(env, parent, rich ? box.window_class : "EDIT", kStyle, WS_EX_CLIENTEDGE, id);
+  // What looks like marks of rich text is text, too.
+  if (rich) Send(EM_SETTEXTMODE, TM_PLAINTEXT);
   Send(rich ? UINT{EM_EXLIMITTEXT} : UINT{EM_LIMITTEXT}, 0, rich ? 0x7FFFFFFE : 0);
-  const bool large = env.metrics.Scale(100) > 100;
-  if (large) font_.Reset(FixedFont(env.metrics));
-  SetFont(large ? font_.get() : static_cast<HFONT>(GetStockObject(ANSI_FIXED_FONT)));
 }
 
-void TextView::Select(std::size_t start, std::size_t end) const {
-  CHARRANGE range = {static_cast<LONG>(start), static_cast<LONG>(end)};
-  if (!Send(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range))) {
-    Send(EM_SETSEL, start, static_cast<LPARAM>(end));
+void TextView::SetText(const std::string& text) {
+  text_ = text;
+  Control::SetText(text);
+}
+
+// The box's places are counted from one find to the next: the program and the box count
+// differently.
+bool TextView::SelectNext(const std::string& wanted) const {
+  const LONG from = SelectionEnd();
+  const std::string_view text = text_;
+  std::optional<CHARRANGE> first;
+  LONG start = 0;
+  std::size_t behind = 0;  // where `start` was counted up to
+  for (std::size_t at = 0; (at = FindNoCase(text, wanted, at)) != text.npos; NextCode(text, &at)) {
+    start += Count(text.substr(behind, at - behind));
+    behind = at;
+    const std::size_t size = PrefixNoCase(text.substr(at), wanted);
+    const CHARRANGE place = {start, start + Count(text.substr(at, size))};
+    if (start >= from) return Select(place), true;
+    if (!first) first = place;
+  }
+  if (first) Select(*first);
+  return first.has_value();
+}
+
+LONG TextView::Count(std::string_view part) const {
+  const std::size_t count = Calls().CountOf(std::string(part));
+  std::size_t line_ends = 0;
+  for (std::size_t at = 0; short_line_ends_ && (at = part.find("\r\n", at)) != part.npos; ++at) {
+    ++line_ends;
+  }
+  return static_cast<LONG>(count - line_ends);
+}
+
+LONG TextView::SelectionEnd() const {
+  DWORD end = 0;
+  Send(EM_GETSEL, 0, reinterpret_cast<LPARAM>(&end));
+  return static_cast<LONG>(end);
+}
+
+void TextView::Select(CHARRANGE place) const {
+  if (!Send(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&place))) {
+    Send(EM_SETSEL, static_cast<WPARAM>(place.cpMin), place.cpMax);
   }
   Send(EM_SCROLLCARET);
-}
-
-std::size_t TextView::SelectionEnd() const {
-  DWORD start = 0;
-  DWORD end = 0;
-  Send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-  return end;
 }
 
 }  // namespace scourwell

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <windows.h>
+#include <richedit.h>
+
+#include <string_view>
+
 #include "widgets/control.h"
 
 namespace scourwell {
@@ -8,14 +13,20 @@ namespace scourwell {
 // Me, so the rich one is used where it is installed.
 class TextView : public Control {
  public:
-  // In letters of one width.
   void Create(const WindowEnv& env, HWND parent, int id);
-  void Select(std::size_t start, std::size_t end) const;
-  // Where the selection ends, in characters.
-  std::size_t SelectionEnd() const;
+  void SetText(const std::string& text);
+  // Selects the next place of a text, which is not empty, behind the selection, without case, and
+  // goes on from the top after the last. False when there is none.
+  bool SelectNext(const std::string& wanted) const;
 
  private:
-  FontHandle font_;
+  // In characters as the box counts them.
+  LONG Count(std::string_view part) const;
+  LONG SelectionEnd() const;
+  void Select(CHARRANGE place) const;
+
+  bool short_line_ends_ = false;
+  std::string text_;
 };
 
 }  // namespace scourwell

@@ -1,5 +1,7 @@
 #include "widgets/tool_tip.h"
 
+#include "platform/win/control_calls.h"
+
 namespace scourwell {
 namespace {
 
@@ -8,21 +10,17 @@ constexpr int kWidth = 300;  // pixels at 96 dots per inch, then the text wraps
 }  // namespace
 
 void ToolTip::Create(const WindowEnv& env, HWND owner) {
-  hwnd_ = CreateWindowExA(0, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0, owner,
-                          nullptr, env.instance, nullptr);
+  NewWindow made;
+  made.window_class = "tooltips_class32";
+  made.style = WS_POPUP | TTS_ALWAYSTIP;
+  made.parent = owner;
+  made.instance = env.instance;
+  hwnd_ = Calls().Create(made);
   Send(TTM_SETMAXTIPWIDTH, 0, env.metrics.Scale(kWidth));
 }
 
 void ToolTip::Set(HWND control, const std::string& text) const {
-  TOOLINFOA tool = {};
-  tool.cbSize = TTTOOLINFOA_V1_SIZE;  // what the oldest common controls know
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tool.hwnd = GetParent(control);
-  tool.uId = reinterpret_cast<UINT_PTR>(control);
-  Send(TTM_DELTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
-  if (text.empty()) return;
-  tool.lpszText = const_cast<char*>(text.c_str());
-  Send(TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+  Controls().SetTip(hwnd(), control, text);
 }
 
 }  // namespace scourwell

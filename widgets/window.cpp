@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "widgets/live_label.h"
+#include "widgets/pointers.h"
 #include "widgets/reflected.h"
 #include "widgets/resource.h"
 
@@ -24,36 +25,40 @@ Window::~Window() {
 }
 
 void Window::Register() const {
-  WNDCLASSA window_class = {};
-  if (GetClassInfoA(env_.instance, name_, &window_class)) return;
-  window_class = {};
-  window_class.style = CS_HREDRAW | CS_VREDRAW;  // what is drawn depends on the size
-  window_class.lpfnWndProc = Procedure;
-  window_class.hInstance = env_.instance;
-  window_class.hIcon = LoadIconA(env_.instance, MAKEINTRESOURCEA(IDI_Scourwell));
-  window_class.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
-  window_class.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(BackColour() + 1));
-  window_class.lpszClassName = name_;
-  RegisterClassA(&window_class);
+  NewClass made;
+  made.name = name_;
+  made.procedure = Procedure;
+  made.instance = env_.instance;
+  made.icon = static_cast<HICON>(
+      Calls().Image(env_.instance, IDI_Scourwell, IMAGE_ICON, 0, LR_DEFAULTSIZE | LR_SHARED));
+  made.cursor = SystemPointer(kArrowPointer);
+  made.background = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(BackColour() + 1));
+  Calls().Register(made);
 }
 
 void Window::CreateHandle(const Frame& frame) {
   Register();
   creating = this;
-  const Area& place = frame.place;
-  CreateWindowExA(frame.ex_style, name_, frame.title.c_str(), frame.style | WS_CLIPCHILDREN,
-                  place.left, place.top, place.width(), place.height(), frame.parent,
-                  reinterpret_cast<HMENU>(frame.id_or_menu), env_.instance, nullptr);
+  NewWindow made;
+  made.window_class = name_;
+  made.text = frame.title;
+  made.style = frame.style | WS_CLIPCHILDREN;
+  made.ex_style = frame.ex_style;
+  made.place = frame.place.rect();
+  made.parent = frame.parent;
+  made.id_or_menu = reinterpret_cast<HMENU>(frame.id_or_menu);
+  made.instance = env_.instance;
+  Calls().Create(made);
   creating = nullptr;
   if (!hwnd_) throw std::runtime_error(std::string("The window could not be created: ") + name_);
 }
 
 LRESULT CALLBACK Window::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) {
-  auto* window = reinterpret_cast<Window*>(GetWindowLongA(hwnd, GWL_USERDATA));
+  auto* window = reinterpret_cast<Window*>(Calls().Long(hwnd, GWL_USERDATA));
   if (!window) {
     window = std::exchange(creating, nullptr);
-    if (!window) return DefWindowProcA(hwnd, message, wparam, lparam);
-    SetWindowLongA(hwnd, GWL_USERDATA, reinterpret_cast<LONG>(window));
+    if (!window) return Calls().WindowDefault(hwnd, message, wparam, lparam);
+    Calls().SetLong(hwnd, GWL_USERDATA, reinterpret_cast<LONG>(window));
     window->hwnd_ = hwnd;
   }
   LRESULT result = 0;
@@ -61,7 +66,7 @@ LRESULT CALLBACK Window::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARA
       window->name_, [&] { result = window->OnMessage(message, wparam, lparam); });
   if (message == WM_CREATE && !handled.ok()) return -1;
   if (message == WM_NCDESTROY) {
-    SetWindowLongA(hwnd, GWL_USERDATA, 0);
+    Calls().SetLong(hwnd, GWL_USERDATA, 0);
     window->hwnd_ = nullptr;
   }
   return result;
@@ -77,6 +82,9 @@ LRESULT Window::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       break;
     case WM_COMMAND:
       if (HIWORD(wparam) <= 1 && OnCommand(LOWORD(wparam))) return 0;
+      break;
+    case WM_NOTIFYFORMAT:
+      if (lparam == NF_QUERY) return Calls().NotifyFormat();
       break;
     case WM_NOTIFY:
       return OnNotify(reinterpret_cast<NMHDR*>(lparam));
@@ -98,7 +106,7 @@ LRESULT Window::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
 }
 
 LRESULT Window::Default(UINT message, WPARAM wparam, LPARAM lparam) {
-  return DefWindowProcA(hwnd_, message, wparam, lparam);
+  return Calls().WindowDefault(hwnd_, message, wparam, lparam);
 }
 
 void Window::DrawItem(WPARAM wparam, LPARAM lparam) {
@@ -106,7 +114,7 @@ void Window::DrawItem(WPARAM wparam, LPARAM lparam) {
   if (item.CtlType == ODT_STATIC) {
     LiveLabel::Draw(item, BackColour(), TextColour(BackColour()));
   } else {
-    SendMessageA(item.hwndItem, kReflectedDraw, wparam, lparam);
+    Calls().Send(item.hwndItem, kReflectedDraw, wparam, lparam);
   }
 }
 
@@ -124,7 +132,7 @@ LRESULT Window::ColourLabel(HDC dc) const {
 
 HWND Window::Root() const {
   HWND root = hwnd_;
-  while (GetWindowLongA(root, GWL_STYLE) & WS_CHILD) root = GetParent(root);
+  while (Calls().Long(root, GWL_STYLE) & WS_CHILD) root = GetParent(root);
   return root;
 }
 

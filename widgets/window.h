@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/win/window_calls.h"
 #include "widgets/area.h"
 #include "widgets/window_env.h"
 
@@ -15,7 +16,7 @@ class Window {
 
   HWND hwnd() const { return hwnd_; }
   void Show(bool shown) const { ShowWindow(hwnd_, shown ? SW_SHOWNA : SW_HIDE); }
-  bool Shown() const { return (GetWindowLongA(hwnd_, GWL_STYLE) & WS_VISIBLE) != 0; }
+  bool Shown() const { return (Calls().Long(hwnd_, GWL_STYLE) & WS_VISIBLE) != 0; }
   Area ClientArea() const;
   // What F1 asks about: the name of the window, or of what it shows.
   virtual const char* HelpTopic() const { return name_; }

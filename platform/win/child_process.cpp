@@ -7,6 +7,7 @@
 #include "platform/win/desktop_win.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/win_error.h"
+#include "platform/win/window_calls.h"
 
 namespace scourwell {
 namespace {
@@ -19,29 +20,6 @@ constexpr DWORD kCallLimit = 10'000;  // milliseconds
 // gives, in the range that belongs to customers.
 enum : DWORD { kNotLoadable = 0xE0005301, kNoEntry = 0xE0005302 };
 
-struct Process {
-  KernelHandle process;
-  KernelHandle thread;
-};
-
-Outcome Create(const std::string& command_line, WORD show, Process* created) {
-  STARTUPINFOA startup = {};
-  startup.cb = sizeof startup;
-  startup.dwFlags = STARTF_USESHOWWINDOW;
-  startup.wShowWindow = show;
-  PROCESS_INFORMATION info = {};
-  std::string writable = command_line;
-  if (!CreateProcessA(nullptr, writable.data(), nullptr, nullptr, FALSE, NORMAL_PRIORITY_CLASS,
-                      nullptr, nullptr, &startup, &info)) {
-    const DWORD error = GetLastError();
-    if (error != kNeedsMoreRights) return FailedWith(error);
-    return Outcome::Failed(kNeedsMoreRights, SystemMessage(error));
-  }
-  created->process = KernelHandle(info.hProcess);
-  created->thread = KernelHandle(info.hThread);
-  return {};
-}
-
 // Waits for the process while our windows go on painting themselves. False when time is up.
 bool WaitPainting(HANDLE process, DWORD limit) {
   const DWORD start = GetTickCount();
@@ -51,15 +29,15 @@ bool WaitPainting(HANDLE process, DWORD limit) {
     const DWORD woken = MsgWaitForMultipleObjects(1, &process, FALSE, limit - spent, QS_PAINT);
     if (woken != WAIT_OBJECT_0 + 1) return woken == WAIT_OBJECT_0;
     MSG message;
-    while (PeekMessageA(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE)) {
-      DispatchMessageA(&message);
+    while (Calls().Peek(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE)) {
+      Calls().Dispatch(&message);
     }
   }
 }
 
 DWORD CallEntry(const std::string& library, const std::string& name) {
   static_cast<void>(CoInitialize(nullptr));
-  const HMODULE module = LoadLibraryA(library.c_str());
+  const HMODULE module = RunningSystemCalls().Load(library);
   if (!module) return kNotLoadable;
   using Entry = HRESULT(WINAPI*)();
   const auto entry =
@@ -70,34 +48,45 @@ DWORD CallEntry(const std::string& library, const std::string& name) {
 }  // namespace
 
 bool RunAsChild(int* exit_code) {
-  char value[2 * MAX_PATH];
-  const DWORD size = GetEnvironmentVariableA(kVariable, value, sizeof value);
-  if (size == 0 || size >= sizeof value) return false;
-  SetEnvironmentVariableA(kVariable, nullptr);  // what it starts is no child of this kind
+  const SystemCalls& calls = RunningSystemCalls();
+  const std::string call = calls.Environment(kVariable);
+  if (call.empty()) return false;
+  calls.SetEnvironment(kVariable, std::nullopt);  // what it starts is no child of this kind
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX | SEM_NOGPFAULTERRORBOX);
-  const std::string call(value, size);
   const std::size_t bar = call.find('|');
   if (bar == call.npos) return false;
   *exit_code = static_cast<int>(CallEntry(call.substr(bar + 1), call.substr(0, bar)));
   return true;
 }
 
+Outcome ShellWin::StartProcess(const std::string& command_line, WORD show, KernelHandle* process) {
+  PROCESS_INFORMATION info = {};
+  if (!calls_.StartProcess(command_line, show, &info)) {
+    const DWORD error = GetLastError();
+    if (error != kNeedsMoreRights) return FailedWith(error);
+    return Outcome::Failed(kNeedsMoreRights, SystemMessage(error));
+  }
+  *process = KernelHandle(info.hProcess);
+  CloseHandle(info.hThread);
+  return {};
+}
+
 Outcome ShellWin::CallExport(const std::string& library, const std::string& name) {
-  char self[MAX_PATH];
-  const DWORD size = GetModuleFileNameA(nullptr, self, sizeof self);
-  if (size == 0 || size >= sizeof self) return Outcome::Failed(kPathNotFound);
-  SetEnvironmentVariableA(kVariable, (name + "|" + library).c_str());
-  Process child;
-  Outcome started = Create("\"" + std::string(self, size) + "\"", SW_HIDE, &child);
-  SetEnvironmentVariableA(kVariable, nullptr);
+  const SystemCalls& system = RunningSystemCalls();
+  const std::string self = system.OwnPath();
+  if (self.empty()) return Outcome::Failed(kPathNotFound);
+  system.SetEnvironment(kVariable, name + "|" + library);
+  KernelHandle child;
+  Outcome started = StartProcess("\"" + self + "\"", SW_HIDE, &child);
+  system.SetEnvironment(kVariable, std::nullopt);
   if (!started.ok()) return started;
-  if (!WaitPainting(child.process.get(), kCallLimit)) {
-    TerminateProcess(child.process.get(), 1);
+  if (!WaitPainting(child.get(), kCallLimit)) {
+    TerminateProcess(child.get(), 1);
     return Outcome::Failed(kDeviceError, "The component did not answer and was ended")
         .With("Library: ", library);
   }
   DWORD code = 0;
-  GetExitCodeProcess(child.process.get(), &code);
+  GetExitCodeProcess(child.get(), &code);
   if (code == kNotLoadable) return Outcome::Failed(kFileNotFound).With("Library: ", library);
   if (code == kNoEntry) return Outcome::Failed(kInvalidCall).With("Library: ", library);
   const auto result = static_cast<HRESULT>(code);
@@ -107,21 +96,21 @@ Outcome ShellWin::CallExport(const std::string& library, const std::string& name
 
 // WinExec returns only once the new program waits for input, and names no reason.
 Outcome ShellWin::Launch(const std::string& command_line) {
-  Process program;
-  return Create(command_line, SW_SHOWNOACTIVATE, &program);
+  KernelHandle program;
+  return StartProcess(command_line, SW_SHOWNOACTIVATE, &program);
 }
 
 Outcome ShellWin::StartCommand(const std::string& command_line) {
-  Process program;
-  return Create(command_line, SW_SHOWNORMAL, &program);
+  KernelHandle program;
+  return StartProcess(command_line, SW_SHOWNORMAL, &program);
 }
 
 Outcome ShellWin::Run(const std::string& command_line, std::uint32_t limit) {
-  Process program;
-  if (Outcome started = Create(command_line, SW_SHOWNORMAL, &program); !started.ok()) {
+  KernelHandle program;
+  if (Outcome started = StartProcess(command_line, SW_SHOWNORMAL, &program); !started.ok()) {
     return started;
   }
-  if (WaitPainting(program.process.get(), limit)) return {};
+  if (WaitPainting(program.get(), limit)) return {};
   return Outcome::Failed(kDeviceError, "The program is still running");
 }
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/unicode.h"
 #include "platform/win/native_text.h"
 #include "platform/win/win_error.h"
 
@@ -9,16 +10,22 @@ namespace scourwell {
 
 unsigned CodePagesWin::System() { return GetACP(); }
 
-Outcome CodePagesWin::ToSystem(unsigned code_page, std::string* text) {
-  if (text->empty()) return {};
-  const int size = static_cast<int>(text->size());
-  const int needed = MultiByteToWideChar(code_page, 0, text->data(), size, nullptr, 0);
+Outcome CodePagesWin::Decode(unsigned code_page, std::string_view bytes, std::string* text) {
+  if (bytes.empty()) {
+    text->clear();
+    return {};
+  }
+  const int size = static_cast<int>(bytes.size());
+  const int needed = MultiByteToWideChar(code_page, 0, bytes.data(), size, nullptr, 0);
   if (needed <= 0) return FailedWith(GetLastError());
   std::wstring wide(static_cast<std::size_t>(needed), L'\0');
-  const int written = MultiByteToWideChar(code_page, 0, text->data(), size, wide.data(), needed);
-  if (written <= 0) return FailedWith(GetLastError());
+  if (MultiByteToWideChar(code_page, 0, bytes.data(), size, wide.data(), needed) <= 0) {
+    return FailedWith(GetLastError());
+  }
   *text = FromWide(wide);
   return {};
 }
+
+std::optional<std::string> CodePagesWin::Encode(std::string_view text) { return ExactNarrow(text); }
 
 }  // namespace scourwell

@@ -7,7 +7,8 @@ namespace scourwell {
 class CodePagesWin : public CodePages {
  public:
   unsigned System() override;
-  Outcome ToSystem(unsigned code_page, std::string* text) override;
+  Outcome Decode(unsigned code_page, std::string_view bytes, std::string* text) override;
+  std::optional<std::string> Encode(std::string_view text) override;
 };
 
 }  // namespace scourwell

@@ -2,11 +2,14 @@
 
 #include <windows.h>
 
+#include <objbase.h>
 #include <shellapi.h>
 
-#include "platform/text.h"
-#include "platform/win/unique_handle.h"
+#include "platform/escaped.h"
+#include "platform/win/family.h"
+#include "platform/win/file_calls.h"
 #include "platform/win/win_error.h"
+#include "platform/win/window_calls.h"
 
 namespace scourwell {
 namespace {
@@ -49,11 +52,11 @@ DWORD ShellError(INT_PTR result) {
   }
 }
 
-Outcome Execute(const char* verb, const std::string& file, const std::string& arguments) {
-  const auto result = reinterpret_cast<INT_PTR>(
-      ShellExecuteA(GetActiveWindow(), verb, file.c_str(),
-                    arguments.empty() ? nullptr : arguments.c_str(), nullptr, SW_SHOWNORMAL));
-  return result > 32 ? Outcome() : FailedWith(ShellError(result));
+Outcome FromResult(HRESULT result, const char* otherwise) {
+  if (SUCCEEDED(result)) return {};
+  return HRESULT_FACILITY(result) == FACILITY_WIN32
+             ? FailedWith(static_cast<DWORD>(HRESULT_CODE(result)))
+             : Outcome::Failed(kPathFileAccess, otherwise);
 }
 
 }  // namespace
@@ -75,65 +78,108 @@ LocalTime ClockWin::ToLocal(FileTime time) {
 }
 
 std::string ClockWin::ShortDate(const LocalTime& time) {
-  const SYSTEMTIME parts = ToSystemTime(time);
-  char text[100] = "";
-  GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &parts, nullptr, text, sizeof text);
-  return text;
+  return calls_.ShortDate(ToSystemTime(time));
 }
 
 std::string ClockWin::TimeOfDay(const LocalTime& time) {
-  const SYSTEMTIME parts = ToSystemTime(time);
-  char text[100] = "";
-  GetTimeFormatA(LOCALE_USER_DEFAULT, 0, &parts, nullptr, text, sizeof text);
-  return text;
+  return calls_.TimeOfDay(ToSystemTime(time));
 }
 
 std::string ProfilesWin::ReadProfile(const std::string& section, const std::string& key,
                                      const std::string& file) {
-  char value[2000];
-  const DWORD size =
-      GetPrivateProfileStringA(section.c_str(), key.c_str(), "", value, sizeof value, file.c_str());
-  return std::string(value, size);
+  return calls_.ReadProfile(section, key, file);
 }
 
 Outcome ProfilesWin::WriteProfile(const std::string& section, const std::string& key,
                                   const std::optional<std::string>& value,
                                   const std::string& file) {
-  const BOOL written = WritePrivateProfileStringA(section.c_str(), key.c_str(),
-                                                  value ? value->c_str() : nullptr, file.c_str());
-  return written ? Outcome() : FailedWith(GetLastError());
+  if (!calls_.WriteProfile(section, key, value, file)) return FailedWith(GetLastError());
+  return {};
 }
 
-Outcome ShellWin::Open(const std::string& path) { return Execute("open", path, {}); }
+const SystemCalls& RunningSystemCalls() {
+  return HasWideCalls() ? NtSystemCalls() : W9xSystemCalls();
+}
+
+const ShellCalls& RunningShellCalls() { return HasWideCalls() ? NtShellCalls() : W9xShellCalls(); }
+
+Outcome ShellWin::Execute(const std::string& file, const std::string& arguments) {
+  const INT_PTR result = calls_.Execute("open", file, arguments);
+  return result > 32 ? Outcome() : FailedWith(ShellError(result));
+}
+
+Outcome ShellWin::Open(const std::string& path) { return Execute(path, {}); }
 
 Outcome ShellWin::ShowProperties(const std::string& path) {
-  SHELLEXECUTEINFOA info = {};
-  info.cbSize = sizeof info;
-  info.fMask = SEE_MASK_INVOKEIDLIST | SEE_MASK_FLAG_NO_UI;
-  info.hwnd = GetActiveWindow();
-  info.lpVerb = "properties";
-  info.lpFile = path.c_str();
-  info.nShow = SW_SHOWNORMAL;
-  return ShellExecuteExA(&info) ? Outcome() : FailedWith(GetLastError());
+  return calls_.ShowProperties(path) ? Outcome() : FailedWith(GetLastError());
 }
 
 Outcome ShellWin::Start(const std::string& program, const std::string& arguments) {
-  return Execute("open", program, arguments);
+  return Execute(program, arguments);
 }
 
 void ShellWin::Message(const std::string& text, const std::string& title) {
-  MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(), MB_OK | MB_ICONINFORMATION);
+  NewBox box;
+  box.owner = GetActiveWindow();
+  box.text = LinesForShowing(text);
+  box.title = title;
+  box.flags = MB_OK | MB_ICONINFORMATION;
+  Calls().Ask(box);
 }
 
-void UseSystemFolding() {
-  FoldTable table;
-  for (unsigned i = 0; i < 256; ++i) {
-    char c = static_cast<char>(i);
-    // The first byte of a two-byte character must stay as it is.
-    if (i != 0 && !IsDBCSLeadByte(static_cast<BYTE>(i))) CharUpperBuffA(&c, 1);
-    table[i] = static_cast<unsigned char>(c);
+ShellWin::~ShellWin() {
+  // While its library is still loaded: the viewer's windows live in a thread of our process.
+  if (help_shown_) calls_.CloseHelp();
+  if (com_ready_) CoUninitialize();
+}
+
+// With the desktop as its owner the window lies above none of ours and waits for none of them: a
+// dialog stays usable beside it.
+Outcome ShellWin::ShowHelp(const std::string& file, const std::string& page) {
+  const DWORD attributes = SystemFileCalls().Attributes(file);
+  if (attributes == kNoAttributes || (attributes & FILE_ATTRIBUTE_DIRECTORY)) {
+    return Outcome::Failed(kFileNotFound);
   }
-  SetFoldTable(table);
+  if (!calls_.HasHelpViewer()) {
+    return Outcome::Failed(kDeviceError, "The system has no help viewer");
+  }
+  help_shown_ = true;
+  const HWND window = calls_.ShowHelp(file + "::/" + page);
+  if (!window) return Outcome::Failed(kPathFileAccess, "The help viewer cannot show the page");
+  // One that was there already may lie behind ours.
+  if (IsIconic(window)) ShowWindow(window, SW_RESTORE);
+  SetForegroundWindow(window);
+  return {};
+}
+
+void ShellWin::StartCom() {
+  if (com_tried_) return;
+  com_tried_ = true;
+  com_ready_ = SUCCEEDED(CoInitialize(nullptr));
+}
+
+Outcome ShellWin::ReadShortcut(const std::string& link, std::string* target,
+                               std::string* arguments) {
+  StartCom();
+  return FromResult(calls_.ReadShortcut(link, target, arguments), "The shortcut cannot be read");
+}
+
+Outcome ShellWin::ShortcutTarget(const std::string& link, std::string* target) {
+  std::string unused;
+  return ReadShortcut(link, target, &unused);
+}
+
+Outcome ShellWin::ShortcutArguments(const std::string& link, std::string* arguments) {
+  std::string unused;
+  return ReadShortcut(link, &unused, arguments);
+}
+
+Outcome ShellWin::CreateShortcut(const std::string& link, const std::string& target,
+                                 const std::string& arguments) {
+  if (SystemFileCalls().Attributes(link) != kNoAttributes) return Outcome::Failed(kFileExists);
+  StartCom();
+  return FromResult(calls_.WriteShortcut(link, target, arguments),
+                    "The shortcut cannot be written");
 }
 
 }  // namespace scourwell

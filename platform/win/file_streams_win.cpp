@@ -13,76 +13,21 @@
 namespace scourwell {
 namespace {
 
-// The headers' own names are newer than the oldest target.
-constexpr DWORD kNoAttributes = 0xFFFFFFFF;
+// The headers' own name is newer than the oldest target.
 constexpr DWORD kOpenLinkItself = 0x00200000;
 constexpr unsigned kMostNames = 10000;
 
-Outcome SizeOf(HANDLE file, std::uint64_t* size) {
-  DWORD high = 0;
-  SetLastError(NO_ERROR);
-  const DWORD low = GetFileSize(file, &high);
-  if (low == 0xFFFFFFFF && GetLastError() != NO_ERROR) return FailedWith(GetLastError());
-  *size = static_cast<std::uint64_t>(high) << 32 | low;
-  return {};
-}
-
-Outcome WriteAll(HANDLE file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const DWORD portion = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1 << 20));
-    DWORD written = 0;
-    if (!WriteFile(file, bytes.data(), portion, &written, nullptr)) {
-      return FailedWith(GetLastError());
-    }
-    if (written == 0) return Outcome::Failed(kDiskFull);
-    bytes.remove_prefix(written);
-  }
-  return {};
-}
-
 // Makes a file of a name that nothing in the folder has.
-Outcome CreateBeside(const std::string& folder, FileHandle* file, std::string* path) {
+Outcome CreateBeside(const FileCalls& calls, const std::string& folder, FileHandle* file,
+                     std::string* path) {
   for (unsigned number = 0; number < kMostNames; ++number) {
     *path = folder + "\\~scw" + Padded(number, 4) + ".tmp";
-    *file = FileHandle(CreateFileA(path->c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                   FILE_ATTRIBUTE_NORMAL, nullptr));
+    *file = calls.Open(*path, GENERIC_WRITE, 0, CREATE_NEW, FILE_ATTRIBUTE_NORMAL);
     if (*file) return {};
     const DWORD code = GetLastError();
     if (code != ERROR_FILE_EXISTS && code != ERROR_ALREADY_EXISTS) return FailedWith(code);
   }
   return Outcome::Failed(kFileExists);
-}
-
-// Windows 95, 98 and Me cannot replace a file in one step.
-bool ReplacesByMoves() { return (GetVersion() & 0x80000000) != 0; }
-
-// Where the old file is between the moves: after a crash the name tells where it belongs.
-std::string AsideOf(const std::string& path) { return path + ".~scw"; }
-
-// Puts `fresh` in the place of `path`.
-Outcome SwapIn(const std::string& fresh, const std::string& path) {
-  if (!ReplacesByMoves()) {
-    return MoveFileExA(fresh.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)
-               ? Outcome()
-               : FailedWith(GetLastError());
-  }
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  if (attributes == kNoAttributes) {
-    return MoveFileA(fresh.c_str(), path.c_str()) ? Outcome() : FailedWith(GetLastError());
-  }
-  if (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) {
-    return Outcome::Failed(kPermissionDenied);
-  }
-  DropAside(path);
-  const std::string aside = AsideOf(path);
-  if (!MoveFileA(path.c_str(), aside.c_str())) return FailedWith(GetLastError());
-  if (!MoveFileA(fresh.c_str(), path.c_str())) {
-    const DWORD failed = GetLastError();
-    MoveFileA(aside.c_str(), path.c_str());
-    return FailedWith(failed);
-  }
-  DropAside(path);
-  return {};
 }
 
 class ReaderWin : public FileReader {
@@ -119,11 +64,11 @@ class ReaderWin : public FileReader {
 
 class WriterWin : public FileWriter {
  public:
-  WriterWin(FileHandle file, std::string fresh, std::string path)
-      : file_(std::move(file)), fresh_(std::move(fresh)), path_(std::move(path)) {}
+  WriterWin(const FileCalls& calls, FileHandle file, std::string fresh, std::string path)
+      : calls_(calls), file_(std::move(file)), fresh_(std::move(fresh)), path_(std::move(path)) {}
   ~WriterWin() override {
     file_.Reset(INVALID_HANDLE_VALUE);
-    if (!fresh_.empty()) DeleteFileA(fresh_.c_str());
+    if (!fresh_.empty()) calls_.Delete(fresh_);
   }
 
   Outcome Write(std::string_view bytes) override { return WriteAll(file_.get(), bytes); }
@@ -131,12 +76,13 @@ class WriterWin : public FileWriter {
   Outcome Commit() override {
     if (!FlushFileBuffers(file_.get())) return FailedWith(GetLastError());
     file_.Reset(INVALID_HANDLE_VALUE);
-    Outcome swapped = SwapIn(fresh_, path_);
-    if (swapped.ok()) fresh_.clear();
-    return swapped;
+    if (!calls_.SwapIn(fresh_, path_)) return FailedWith(GetLastError());
+    fresh_.clear();
+    return {};
   }
 
  private:
+  const FileCalls& calls_;
   FileHandle file_;
   std::string fresh_;  // empty once it has taken its place
   std::string path_;
@@ -150,25 +96,50 @@ class HoldWin : public FolderHold {
   FileHandle folder_;
 };
 
-FileHandle OpenFolder(const std::string& path, DWORD access, DWORD share) {
-  return FileHandle(CreateFileA(path.c_str(), access, share, nullptr, OPEN_EXISTING,
-                                FILE_FLAG_BACKUP_SEMANTICS | kOpenLinkItself, nullptr));
+FileHandle OpenFolder(const FileCalls& calls, const std::string& path, DWORD access) {
+  return calls.Open(path, access, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING,
+                    FILE_FLAG_BACKUP_SEMANTICS | kOpenLinkItself);
+}
+
+// The mark alone does not tell: not everything that bears it stands for another place.
+bool IsLinkAt(const FileCalls& calls, const std::string& path) {
+  bool is_link = true;
+  calls.Find(path, [&](const DirEntry& entry) {
+    is_link = entry.IsLink();
+    return false;
+  });
+  return is_link;
 }
 
 }  // namespace
 
-bool BringBack(const std::string& path) {
-  return ReplacesByMoves() && MoveFileA(AsideOf(path).c_str(), path.c_str());
+Outcome SizeOf(HANDLE file, std::uint64_t* size) {
+  DWORD high = 0;
+  SetLastError(NO_ERROR);
+  const DWORD low = GetFileSize(file, &high);
+  if (low == 0xFFFFFFFF && GetLastError() != NO_ERROR) return FailedWith(GetLastError());
+  *size = static_cast<std::uint64_t>(high) << 32 | low;
+  return {};
 }
 
-void DropAside(const std::string& path) {
-  if (ReplacesByMoves()) DeleteFileA(AsideOf(path).c_str());
+Outcome WriteAll(HANDLE file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const DWORD portion = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1 << 20));
+    DWORD written = 0;
+    if (!WriteFile(file, bytes.data(), portion, &written, nullptr)) {
+      return FailedWith(GetLastError());
+    }
+    if (written == 0) return Outcome::Failed(kDiskFull);
+    bytes.remove_prefix(written);
+  }
+  return {};
 }
 
-Outcome OpenReaderWin(const std::string& path, std::unique_ptr<FileReader>* reader) {
-  BringBack(path);
-  FileHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                              nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+Outcome OpenReaderWin(const FileCalls& calls, const std::string& path,
+                      std::unique_ptr<FileReader>* reader) {
+  calls.BringBack(path);
+  FileHandle file = calls.Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                               OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
   if (!file) return FailedWith(GetLastError());
   std::uint64_t size = 0;
   if (Outcome sized = SizeOf(file.get(), &size); !sized.ok()) return sized;
@@ -176,34 +147,38 @@ Outcome OpenReaderWin(const std::string& path, std::unique_ptr<FileReader>* read
   return {};
 }
 
-Outcome OpenWriterWin(const std::string& path, std::unique_ptr<FileWriter>* writer) {
-  BringBack(path);
+Outcome OpenWriterWin(const FileCalls& calls, const std::string& path,
+                      std::unique_ptr<FileWriter>* writer) {
+  calls.BringBack(path);
   FileHandle file;
   std::string fresh;
-  if (Outcome made = CreateBeside(std::string(FolderPart(path)), &file, &fresh); !made.ok()) {
+  if (Outcome made = CreateBeside(calls, std::string(FolderPart(path)), &file, &fresh);
+      !made.ok()) {
     return made;
   }
-  *writer = std::make_unique<WriterWin>(std::move(file), fresh, path);
+  *writer = std::make_unique<WriterWin>(calls, std::move(file), fresh, path);
   return {};
 }
 
-Outcome HoldFolderWin(const std::string& path, std::unique_ptr<FolderHold>* hold) {
+Outcome HoldFolderWin(const FileCalls& calls, const std::string& path,
+                      std::unique_ptr<FolderHold>* hold) {
   FileHandle folder;
   if (!IsRootPath(path)) {
     // Without the right to delete shared, nobody can rename what is open.
-    folder = OpenFolder(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    folder = OpenFolder(calls, path, GENERIC_READ);
     // Who may not list a folder can still look at it. Windows 95, 98 and Me open no folders and
     // know no links.
-    if (!folder) folder = OpenFolder(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    if (!folder) folder = OpenFolder(calls, path, 0);
   }
-  const DWORD attributes = GetFileAttributesA(path.c_str());
+  const DWORD attributes = calls.Attributes(path);
   if (attributes == kNoAttributes) return FailedWith(GetLastError());
   if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) return Outcome::Failed(kPathNotFound);
   BY_HANDLE_FILE_INFORMATION opened = {};
   if (folder && GetFileInformationByHandle(folder.get(), &opened) == 0) {
     return FailedWith(GetLastError());
   }
-  if (!IsRootPath(path) && ((attributes | opened.dwFileAttributes) & kLink)) {
+  if (!IsRootPath(path) && ((attributes | opened.dwFileAttributes) & kLink) &&
+      IsLinkAt(calls, path)) {
     return Outcome::Failed(kPathFileAccess, "The folder is a link");
   }
   *hold = std::make_unique<HoldWin>(std::move(folder));
@@ -211,9 +186,7 @@ Outcome HoldFolderWin(const std::string& path, std::unique_ptr<FolderHold>* hold
 }
 
 bool IsRootPath(const std::string& path) {
-  if (path.size() == 3 && path[1] == ':') return true;
-  return path.starts_with("\\\\") && std::count(path.begin(), path.end(), '\\') == 4 &&
-         path.back() == '\\';
+  return IsAbsolutePath(path) && RootSize(path) == path.size();
 }
 
 }  // namespace scourwell

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/file_utils.h"
+#include "platform/win/family.h"
 #include "platform/win/file_streams_win.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/win_error.h"
@@ -12,48 +13,16 @@
 namespace scourwell {
 namespace {
 
-static_assert(kLongestPath == MAX_PATH - 1);
-constexpr DWORD kNoAttributes =
-    0xFFFFFFFF;  // the headers' own name is newer than the oldest target
-
-FileTime ToFileTime(const FILETIME& time) {
-  return static_cast<FileTime>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
-}
-
-DirEntry ToEntry(const WIN32_FIND_DATAA& data) {
-  DirEntry entry;
-  entry.name = data.cFileName;
-  entry.short_name = data.cAlternateFileName;
-  entry.attributes = data.dwFileAttributes;
-  if (!entry.IsFolder()) {
-    entry.size = static_cast<std::uint64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
-  }
-  entry.modified = ToFileTime(data.ftLastWriteTime);
-  entry.accessed = ToFileTime(data.ftLastAccessTime);
-  entry.created = ToFileTime(data.ftCreationTime);
-  return entry;
-}
-
-bool IsDots(const char* name) {
-  return name[0] == '.' && (name[1] == 0 || (name[1] == '.' && name[2] == 0));
-}
-
 // Why a listing found nothing: an existing folder without a match is no failure.
-Outcome WhyNothing(DWORD code, const std::string& pattern) {
-  if (code == ERROR_NO_MORE_FILES) return {};
+Outcome WhyNothing(const FileCalls& calls, DWORD code, const std::string& pattern) {
+  if (code == ERROR_NO_MORE_FILES || code == NO_ERROR) return {};
   if (code != ERROR_FILE_NOT_FOUND) {
     Outcome failed = FailedWith(code);
     return failed.number() == kBadFileName ? Outcome::Failed(kPathNotFound) : std::move(failed);
   }
-  const std::string folder(FolderPart(pattern));
-  const DWORD attributes = GetFileAttributesA((folder + "\\").c_str());
+  const DWORD attributes = calls.Attributes(std::string(FolderPart(pattern)) + "\\");
   if (attributes != kNoAttributes && (attributes & FILE_ATTRIBUTE_DIRECTORY)) return {};
   return Outcome::Failed(kPathNotFound);
-}
-
-FileHandle OpenToRead(const std::string& path) {
-  return FileHandle(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
 }
 
 // As many bytes as there are, up to `size`.
@@ -66,19 +35,6 @@ Outcome ReadUpTo(HANDLE file, char* bytes, std::size_t size, std::size_t* filled
     }
     if (portion == 0) break;
     *filled += portion;
-  }
-  return {};
-}
-
-Outcome WriteAll(HANDLE file, std::string_view text) {
-  while (!text.empty()) {
-    const DWORD portion = static_cast<DWORD>(std::min<std::size_t>(text.size(), 1 << 20));
-    DWORD written = 0;
-    if (!WriteFile(file, text.data(), portion, &written, nullptr)) {
-      return FailedWith(GetLastError());
-    }
-    if (written == 0) return Outcome::Failed(kDiskFull);
-    text.remove_prefix(written);
   }
   return {};
 }
@@ -104,58 +60,53 @@ DriveKind ToKind(UINT type) {
 
 }  // namespace
 
-FilesWin::FilesWin() { SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX); }
+const FileCalls& SystemFileCalls() { return HasWideCalls() ? NtFileCalls() : W9xFileCalls(); }
+
+FilesWin::FilesWin(const FileCalls& calls) : calls_(calls) {
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+}
 
 Outcome FilesWin::List(const std::string& pattern, const Visit& visit) {
-  if (pattern.size() > kLongestPath) return Outcome::Failed(kPathNotFound);
-  WIN32_FIND_DATAA data;
-  FindHandle find(FindFirstFileA(pattern.c_str(), &data));
-  if (!find) return WhyNothing(GetLastError(), pattern);
-  do {
-    if (IsDots(data.cFileName)) continue;
-    if (!visit(ToEntry(data))) return {};
-  } while (FindNextFileA(find.get(), &data));
-  const DWORD code = GetLastError();
-  return code == ERROR_NO_MORE_FILES ? Outcome() : FailedWith(code);
+  return WhyNothing(calls_, calls_.Find(pattern, visit), pattern);
 }
 
 Outcome FilesWin::Stat(const std::string& path, DirEntry* entry) {
-  if (path.empty() || path.size() > kLongestPath) return Outcome::Failed(kPathNotFound);
+  if (path.empty()) return Outcome::Failed(kPathNotFound);
   if (path.find_first_of("*?") != std::string::npos) return Outcome::Failed(kFileNotFound);
   if (IsRootPath(path)) {  // a root has no entry of its own
-    const DWORD attributes = GetFileAttributesA(path.c_str());
+    const DWORD attributes = calls_.Attributes(path);
     if (attributes == kNoAttributes) return FailedWith(GetLastError());
     *entry = DirEntry();
     entry->name = path;
     entry->attributes = attributes;
     return {};
   }
-  WIN32_FIND_DATAA data;
-  FindHandle find(FindFirstFileA(path.c_str(), &data));
-  if (!find) {
-    const DWORD code = GetLastError();
-    if (code == ERROR_FILE_NOT_FOUND && BringBack(path)) return Stat(path, entry);
-    // A server that does not answer tells nothing of its files.
-    if (code == ERROR_BAD_NETPATH || code == ERROR_BAD_NET_NAME) {
-      return Outcome::Failed(kDiskNotReady);
-    }
-    Outcome failed = FailedWith(code);
-    const bool absent = failed.number() == kPathNotFound || failed.number() == kBadFileName;
-    return absent ? Outcome::Failed(kFileNotFound) : std::move(failed);
+  const DWORD code = calls_.Find(path, [&](const DirEntry& found) {
+    *entry = found;
+    return false;
+  });
+  if (code == NO_ERROR) return {};
+  if (code == ERROR_FILE_NOT_FOUND && calls_.BringBack(path)) return Stat(path, entry);
+  // A server that does not answer tells nothing of its files.
+  if (code == ERROR_BAD_NETPATH || code == ERROR_BAD_NET_NAME) {
+    return Outcome::Failed(kDiskNotReady);
   }
-  *entry = ToEntry(data);
-  return {};
+  Outcome failed = FailedWith(code);
+  const bool absent = failed.number() == kPathNotFound || failed.number() == kBadFileName;
+  return absent ? Outcome::Failed(kFileNotFound) : std::move(failed);
+}
+
+FileHandle FilesWin::OpenToRead(const std::string& path) const {
+  return calls_.Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING,
+                     FILE_FLAG_SEQUENTIAL_SCAN);
 }
 
 Outcome FilesWin::Read(const std::string& path, std::uint64_t limit, std::string* content) {
-  BringBack(path);
+  calls_.BringBack(path);
   const FileHandle file = OpenToRead(path);
   if (!file) return FailedWith(GetLastError());
-  DWORD high = 0;
-  SetLastError(NO_ERROR);
-  const DWORD low = GetFileSize(file.get(), &high);
-  if (low == 0xFFFFFFFF && GetLastError() != NO_ERROR) return FailedWith(GetLastError());
-  const std::uint64_t size = static_cast<std::uint64_t>(high) << 32 | low;
+  std::uint64_t size = 0;
+  if (Outcome sized = SizeOf(file.get(), &size); !sized.ok()) return sized;
   if (size > limit || size > 0x7FFFFFFF) return Outcome::Failed(kOutOfMemory);
   std::string text(static_cast<std::size_t>(size), '\0');
   std::size_t filled = 0;
@@ -180,9 +131,9 @@ Outcome FilesWin::ReadBlocks(const std::string& path, const VisitBlock& visit) {
 }
 
 Outcome FilesWin::Append(const std::string& path, std::string_view text) {
-  BringBack(path);
-  FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
-                              FILE_ATTRIBUTE_NORMAL, nullptr));
+  calls_.BringBack(path);
+  const FileHandle file =
+      calls_.Open(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL);
   if (!file) return FailedWith(GetLastError());
   LONG high = 0;
   SetLastError(NO_ERROR);
@@ -194,50 +145,50 @@ Outcome FilesWin::Append(const std::string& path, std::string_view text) {
 
 Outcome FilesWin::Replace(const std::string& path, std::string_view text) {
   std::unique_ptr<FileWriter> writer;
-  Outcome written = OpenWriterWin(path, &writer);
+  Outcome written = OpenWriterWin(calls_, path, &writer);
   if (written.ok()) written = writer->Write(text);
   if (written.ok()) written = writer->Commit();
   return written;
 }
 
 Outcome FilesWin::EraseFile(const std::string& path) {
-  if (!DeleteFileA(path.c_str())) return FailedWith(GetLastError());
-  DropAside(path);
+  if (!calls_.Delete(path)) return FailedWith(GetLastError());
+  calls_.DropAside(path);
   return {};
 }
 
 Outcome FilesWin::OpenReader(const std::string& path, std::unique_ptr<FileReader>* reader) {
-  return OpenReaderWin(path, reader);
+  return OpenReaderWin(calls_, path, reader);
 }
 
 Outcome FilesWin::OpenWriter(const std::string& path, std::unique_ptr<FileWriter>* writer) {
-  return OpenWriterWin(path, writer);
+  return OpenWriterWin(calls_, path, writer);
 }
 
 Outcome FilesWin::CreateFolder(const std::string& path) {
-  return CreateDirectoryA(path.c_str(), nullptr) ? Outcome() : FailedWith(GetLastError());
+  return calls_.CreateFolder(path) ? Outcome() : FailedWith(GetLastError());
 }
 
 Outcome FilesWin::RemoveFolder(const std::string& path) {
-  return RemoveDirectoryA(path.c_str()) ? Outcome() : FailedWith(GetLastError());
+  return calls_.RemoveFolder(path) ? Outcome() : FailedWith(GetLastError());
 }
 
 Outcome FilesWin::Move(const std::string& from, const std::string& to) {
-  return MoveFileA(from.c_str(), to.c_str()) ? Outcome() : FailedWith(GetLastError());
+  return calls_.Move(from, to) ? Outcome() : FailedWith(GetLastError());
 }
 
 Outcome FilesWin::SetAttributes(const std::string& path, std::uint32_t attributes) {
   attributes &= kReadOnly | kHidden | kSystem | kArchive;
   const DWORD bits = attributes ? attributes : FILE_ATTRIBUTE_NORMAL;
-  return SetFileAttributesA(path.c_str(), bits) ? Outcome() : FailedWith(GetLastError());
+  return calls_.SetAttributes(path, bits) ? Outcome() : FailedWith(GetLastError());
 }
 
 Outcome FilesWin::SetTimes(const std::string& path, const FileTimes& times) {
   constexpr DWORD kWriteAttributes = 0x100;  // enough, also for read-only files, on the NT family
   FileHandle file;
   for (const DWORD access : {kWriteAttributes, DWORD{GENERIC_WRITE}}) {
-    file = FileHandle(CreateFileA(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    file = calls_.Open(path, access, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING,
+                       FILE_FLAG_BACKUP_SEMANTICS);
     if (file) break;
   }
   if (!file) return FailedWith(GetLastError());
@@ -252,31 +203,21 @@ Outcome FilesWin::SetTimes(const std::string& path, const FileTimes& times) {
 }
 
 Outcome FilesWin::HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) {
-  return HoldFolderWin(path, hold);
+  return HoldFolderWin(calls_, path, hold);
 }
 
-std::string FilesWin::ShortPath(const std::string& path) {
-  char buffer[MAX_PATH];
-  const DWORD size = GetShortPathNameA(path.c_str(), buffer, sizeof buffer);
-  return size == 0 || size >= sizeof buffer ? std::string() : std::string(buffer, size);
-}
+std::string FilesWin::ShortPath(const std::string& path) { return calls_.ShortPath(path); }
 
 std::vector<Drive> FilesWin::Drives() {
   std::vector<Drive> drives;
   const DWORD present = GetLogicalDrives();
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     if (!(present >> (letter - 'A') & 1)) continue;
-    const char root[] = {letter, ':', '\\', 0};
-    drives.push_back({letter, ToKind(GetDriveTypeA(root))});
+    drives.push_back({letter, ToKind(calls_.DriveType({letter, ':', '\\'}))});
   }
   return drives;
 }
 
-bool FilesWin::IsReady(const std::string& root) {
-  DWORD longest = 0;
-  DWORD flags = 0;
-  return GetVolumeInformationA(root.c_str(), nullptr, 0, nullptr, &longest, &flags, nullptr, 0) !=
-         0;
-}
+bool FilesWin::IsReady(const std::string& root) { return calls_.IsReady(root); }
 
 }  // namespace scourwell

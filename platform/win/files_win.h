@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/files.h"
+#include "platform/win/file_calls.h"
 
 namespace scourwell {
 
 class FilesWin : public Files {
  public:
   // Missing media and damaged disks must come back as errors, not as system message boxes.
-  FilesWin();
+  explicit FilesWin(const FileCalls& calls = SystemFileCalls());
 
   Outcome List(const std::string& pattern, const Visit& visit) override;
   Outcome Stat(const std::string& path, DirEntry* entry) override;
@@ -27,6 +27,11 @@ class FilesWin : public Files {
   std::string ShortPath(const std::string& path) override;
   std::vector<Drive> Drives() override;
   bool IsReady(const std::string& root) override;
+
+ private:
+  FileHandle OpenToRead(const std::string& path) const;
+
+  const FileCalls& calls_;
 };
 
 }  // namespace scourwell

@@ -1,16 +1,16 @@
 #include "platform/win/late_bind.h"
 
-#include <cstring>
 #include <string>
+
+#include "platform/win/system_calls.h"
 
 namespace scourwell {
 
 HMODULE LoadSystemLibrary(const char* library) {
-  if (std::strchr(library, '\\')) return LoadLibraryA(library);
-  char folder[MAX_PATH] = "";
-  const UINT size = GetSystemDirectoryA(folder, sizeof folder);
-  if (size == 0 || size >= sizeof folder) return nullptr;
-  return LoadLibraryA((std::string(folder, size) + "\\" + library).c_str());
+  const SystemCalls& calls = RunningSystemCalls();
+  if (HMODULE loaded = calls.Loaded(library)) return loaded;
+  const std::string folder = calls.SystemFolder();
+  return folder.empty() ? nullptr : calls.Load(folder + "\\" + library);
 }
 
 }  // namespace scourwell

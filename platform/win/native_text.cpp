@@ -2,34 +2,99 @@
 
 #include <windows.h>
 
-namespace scourwell {
+#include "platform/unicode.h"
 
-std::wstring Wide(std::string_view text) {
-  const int size = static_cast<int>(text.size());
-  const int needed = MultiByteToWideChar(CP_ACP, 0, text.data(), size, nullptr, 0);
+namespace scourwell {
+namespace {
+
+// Bytes that are no characters of the code page stand as lone halves of a surrogate pair inside the
+// program, so that data of Windows 95, 98 and Me goes there and back unchanged.
+constexpr char16_t kStrayHalf = 0xDC00;
+bool IsStray(wchar_t unit) { return unit >= kStrayHalf + 0x80 && unit <= kStrayHalf + 0xFF; }
+
+std::wstring Decode(std::string_view bytes) {
+  const int size = static_cast<int>(bytes.size());
+  const int needed = MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, nullptr, 0);
   if (needed <= 0) return {};
   std::wstring wide(static_cast<std::size_t>(needed), L'\0');
-  const int written = MultiByteToWideChar(CP_ACP, 0, text.data(), size, wide.data(), needed);
-  wide.resize(written > 0 ? static_cast<std::size_t>(written) : 0);
+  MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, wide.data(), needed);
   return wide;
 }
 
-std::string FromWide(std::wstring_view wide) {
+std::string Encode(std::wstring_view wide) {
   const int size = static_cast<int>(wide.size());
   const int needed =
       WideCharToMultiByte(CP_ACP, 0, wide.data(), size, nullptr, 0, nullptr, nullptr);
   if (needed <= 0) return {};
-  std::string text(static_cast<std::size_t>(needed), '\0');
-  const int written =
-      WideCharToMultiByte(CP_ACP, 0, wide.data(), size, text.data(), needed, nullptr, nullptr);
-  text.resize(written > 0 ? static_cast<std::size_t>(written) : 0);
-  return text;
+  std::string bytes(static_cast<std::size_t>(needed), '\0');
+  WideCharToMultiByte(CP_ACP, 0, wide.data(), size, bytes.data(), needed, nullptr, nullptr);
+  return bytes;
 }
 
-std::string Narrow(std::string_view text) { return std::string(text); }
+// Bytes of the character at the beginning.
+std::size_t CharacterSize(std::string_view bytes) {
+  return bytes.size() > 1 && IsDBCSLeadByte(static_cast<BYTE>(bytes[0])) ? 2 : 1;
+}
 
-std::optional<std::string> ExactNarrow(std::string_view text) { return std::string(text); }
+// Character by character, since some of them are none.
+std::wstring DecodeWithStrays(std::string_view bytes) {
+  std::wstring wide;
+  while (!bytes.empty()) {
+    const std::string_view character = bytes.substr(0, CharacterSize(bytes));
+    const std::wstring decoded = Decode(character);
+    if (Encode(decoded) == character) {
+      wide += decoded;
+      bytes.remove_prefix(character.size());
+    } else {
+      wide += static_cast<wchar_t>(kStrayHalf + static_cast<unsigned char>(bytes.front()));
+      bytes.remove_prefix(1);
+    }
+  }
+  return wide;
+}
 
-std::string FromNarrow(std::string_view narrow) { return std::string(narrow); }
+std::optional<std::string> EncodeWithStrays(std::wstring_view wide) {
+  std::string bytes;
+  for (const wchar_t unit : wide) {
+    if (IsStray(unit)) {
+      bytes += static_cast<char>(unit - kStrayHalf);
+      continue;
+    }
+    const std::string character = Encode({&unit, 1});
+    if (Decode(character) != std::wstring_view(&unit, 1)) return std::nullopt;
+    bytes += character;
+  }
+  return bytes;
+}
+
+}  // namespace
+
+std::wstring Wide(std::string_view text) {
+  if (IsAscii(text)) return {text.begin(), text.end()};
+  const std::u16string units = ToUtf16(text);
+  return {units.begin(), units.end()};
+}
+
+std::string FromWide(std::wstring_view wide) {
+  return FromUtf16({reinterpret_cast<const char16_t*>(wide.data()), wide.size()});
+}
+
+std::string Narrow(std::string_view text) {
+  return IsAscii(text) ? std::string(text) : Encode(Wide(text));
+}
+
+std::optional<std::string> ExactNarrow(std::string_view text) {
+  if (IsAscii(text)) return std::string(text);
+  const std::wstring wide = Wide(text);
+  std::string bytes = Encode(wide);
+  if (Decode(bytes) == wide) return bytes;
+  return EncodeWithStrays(wide);
+}
+
+std::string FromNarrow(std::string_view narrow) {
+  if (IsAscii(narrow)) return std::string(narrow);
+  const std::wstring wide = Decode(narrow);
+  return FromWide(Encode(wide) == narrow ? wide : DecodeWithStrays(narrow));
+}
 
 }  // namespace scourwell

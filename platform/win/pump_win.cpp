@@ -1,5 +1,7 @@
 #include "platform/win/pump_win.h"
 
+#include "platform/win/window_calls.h"
+
 namespace scourwell {
 namespace {
 
@@ -10,7 +12,7 @@ constexpr DWORD kInterval = 15;  // milliseconds
 
 int PumpWin::Run() {
   MSG message;
-  while (GetMessageA(&message, nullptr, 0, 0) > 0) Dispatch(&message);
+  while (Calls().Next(&message, nullptr, 0, 0) > 0) Dispatch(&message);
   return static_cast<int>(message.wParam);
 }
 
@@ -18,7 +20,7 @@ void PumpWin::YieldNow() {
   const DWORD now = GetTickCount();
   if (now - last_ < kInterval) return;
   MSG message;
-  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+  while (Calls().Peek(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (message.message == WM_QUIT) {
       // The outer loop must see it too.
       PostQuitMessage(static_cast<int>(message.wParam));
@@ -33,7 +35,7 @@ void PumpWin::YieldNow() {
 void PumpWin::Dispatch(MSG* message) {
   if (translate && translate(message)) return;
   TranslateMessage(message);
-  DispatchMessageA(message);
+  Calls().Dispatch(message);
 }
 
 }  // namespace scourwell

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <windows.h>
-
-#include "platform/registry.h"
+#include "platform/win/registry_calls.h"
 
 namespace scourwell {
 
@@ -10,7 +8,8 @@ class RegistryWin : public Registry {
  public:
   // The view that 32-bit programs see, or with kView64 the one of 64-bit programs.
   static constexpr REGSAM kView64 = 0x0100;
-  explicit RegistryWin(REGSAM view = 0) : view_(view) {}
+  explicit RegistryWin(REGSAM view = 0, const RegistryCalls& calls = SystemRegistryCalls())
+      : view_(view), calls_(calls) {}
   // True when there are two views: this program runs on a 64-bit Windows.
   static bool HasTwoViews();
 
@@ -31,7 +30,12 @@ class RegistryWin : public Registry {
   RegStatus EnumValues(RootKey root, const std::string& path, const VisitValue& visit) override;
 
  private:
+  LONG Open(RootKey root, const std::string& path, REGSAM rights, KeyHandle* key) const;
+  LONG OpenLink(RootKey root, const std::string& path, REGSAM rights, KeyHandle* key) const;
+  LONG Create(RootKey root, const std::string& path, KeyHandle* key) const;
+
   REGSAM view_;
+  const RegistryCalls& calls_;
 };
 
 }  // namespace scourwell

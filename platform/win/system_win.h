@@ -1,14 +1,18 @@
 #pragma once
 
 #include "platform/system.h"
+#include "platform/win/system_calls.h"
 
 namespace scourwell {
 
 class SystemWin : public System {
  public:
+  explicit SystemWin(const SystemCalls& calls = RunningSystemCalls()) : calls_(calls) {}
+
   bool QueryVersion(unsigned record_size, VersionRecord* record) override;
   std::string WindowsFolder() override;
   std::string SystemFolder() override;
+  std::string Wow64Folder() override;
   std::string TemporaryFolder() override;
   std::string ShellFolder(int folder_id) override;
   std::string Environment(const std::string& name) override;
@@ -17,6 +21,9 @@ class SystemWin : public System {
   std::uint32_t OwnProcessId() override;
   Outcome TerminateProcess(std::uint32_t process_id) override;
   Outcome MoveAtReboot(const std::string& path, const std::string& target) override;
+
+ private:
+  const SystemCalls& calls_;
 };
 
 }  // namespace scourwell

@@ -1,5 +1,7 @@
 #include "platform/win/win_error.h"
 
+#include "platform/win/system_calls.h"
+
 namespace scourwell {
 namespace {
 
@@ -34,11 +36,9 @@ int ClassicNumber(DWORD code) {
 }
 
 std::string SystemMessage(DWORD code) {
-  char buffer[512];
-  DWORD size = FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                              code, 0, buffer, sizeof buffer, nullptr);
-  while (size > 0 && (buffer[size - 1] == '\r' || buffer[size - 1] == '\n')) --size;
-  return std::string(buffer, size);
+  std::string text = RunningSystemCalls().MessageOf(code);
+  while (text.ends_with('\r') || text.ends_with('\n')) text.pop_back();
+  return text;
 }
 
 Outcome FailedWith(DWORD code) {

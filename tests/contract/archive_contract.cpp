@@ -91,7 +91,7 @@ struct Planted : OnDisk {
   }
   RestoreResult Restore() {
     HoldingGuard guard(files);
-    ArchiveReader reader(files, pump);
+    ArchiveReader reader(files, pump, machine->code_pages());
     REQUIRE(reader.Open(archive).ok());
     Extractor extractor(files, pump, guard);
     CHECK(extractor.ExtractAll(reader, machine->folder()).ok());

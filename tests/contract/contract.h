@@ -29,6 +29,8 @@ class ContractMachine {
 
   // E.g. "C:\contract": an absolute path of at most 40 characters that does not end in "\".
   virtual std::string folder() = 0;
+  // False where names are those of one code page, and of 8.3 beyond it.
+  virtual bool holds_any_name() = 0;
   // A path below HKEY_CURRENT_USER, without "\" at either end.
   virtual std::string key() = 0;
 

@@ -17,6 +17,7 @@ class FakeContractMachine : public ContractMachine {
   Shell& shell() override { return m_.shell; }
   CodePages& code_pages() override { return m_.code_pages; }
   std::string folder() override { return "C:\\contract"; }
+  bool holds_any_name() override { return true; }
   std::string key() override { return "Software\\Contract"; }
   void MakeFolder(const std::string& path) override { m_.Folder(path); }
   void MakeFile(const std::string& path, const std::string& content) override {
@@ -29,7 +30,7 @@ class FakeContractMachine : public ContractMachine {
   }
   bool MakeOddValues(const std::string& name, const std::string& data) override {
     Key& key = m_.registry.Make(RootKey::CurrentUser, this->key());
-    key.unspellable.push_back({"?", {kRegText, data}});
+    key.Value("\uF8FF", data);
     key.Value(name, data);
     return true;
   }

@@ -27,7 +27,8 @@ TEST_SUITE("contract_matching") {
       CAPTURE(Lines(signatures));
       const std::string expected = PlainLoop(files, list, root);
       QuietPump pump;
-      ErrorLog log(files, machine->clock(), machine->folder() + "\\errorlog.txt");
+      ErrorLog log(files, machine->clock(), machine->code_pages(),
+                   machine->folder() + "\\errorlog.txt");
       CollectingSink sink;
       ScanProgress progress;
       DriveScan(files, pump, log, NumberCaptions(), sink, progress, list).ScanPath(root);

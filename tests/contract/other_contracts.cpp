@@ -145,14 +145,47 @@ TEST_SUITE("contract_registry") {
     r.Set("", "large", std::string(70'000, 'l'));
     r.Set("", "name", std::string("good\0", 5), kRegText);
     if (!r.machine->MakeOddValues(hidden, std::string("bad\0", 4))) return;
-    CHECK(r.Values("") == "?=1b large=3l " + hidden + "=1b name=1g ");
-    for (const std::string& name : {hidden, std::string("?")}) {
-      RegValue value;
-      CHECK(r.registry.QueryValue(kUser, r.root, name, &value) != kRegOk);
-      CHECK(r.registry.DeleteValue(kUser, r.root, name) != kRegOk);
-    }
+    // What a code page lacks stands there as "?", which leads nowhere.
+    const bool spelled = r.machine->holds_any_name();
+    const std::string odd = spelled ? "\uF8FF" : "?";
+    const std::string rest = "large=3l " + hidden + "=1b name=1g ";
+    CHECK(r.Values("") == (spelled ? rest + odd + "=1b " : odd + "=1b " + rest));
+    RegValue value;
+    CHECK((r.registry.QueryValue(kUser, r.root, odd, &value) == kRegOk) == spelled);
+    CHECK(r.registry.QueryValue(kUser, r.root, hidden, &value) != kRegOk);
+    CHECK(r.registry.DeleteValue(kUser, r.root, hidden) != kRegOk);
+    CHECK((r.registry.DeleteValue(kUser, r.root, odd) == kRegOk) == spelled);
     CHECK(r.registry.SetValue(kUser, r.root, hidden, {kRegText, "x"}) != kRegOk);
     CHECK(r.Get("", "name") == "good");
+  }
+
+  TEST_CASE("names and texts of every script go there and back") {
+    InRegistry r;
+    const std::string stray = "half \xED\xA0\x80";  // of a surrogate pair
+    for (const char* name :
+         {"z\u00FCrich", "\u0141\u00F3dka", "\u8868\u30BD", "\U0001F600", stray.c_str()}) {
+      CAPTURE(std::string(name));
+      const RegStatus made =
+          r.Set("\\" + std::string(name), name, name + std::string(1, '\0'), kRegText);
+      if (!r.machine->holds_any_name() && made != kRegOk) continue;
+      REQUIRE(made == kRegOk);
+      CHECK(r.Get("\\" + std::string(name), name) == name);
+      CHECK(r.Keys("") == std::string(name) + " ");
+      CHECK(r.Values("\\" + std::string(name)).starts_with(std::string(name) + "=1"));
+      CHECK(r.registry.DeleteKeyCall(kUser, r.root + "\\" + name) == kRegOk);
+    }
+    CHECK(r.Keys("") == "");
+  }
+
+  TEST_CASE("a text of an odd number of bytes stays as it is") {
+    InRegistry r;
+    RegValue value{kRegExpandText, "%x%\u00E9"};
+    if (r.machine->holds_any_name()) value.half_character = 'x';
+    REQUIRE(r.registry.SetValue(kUser, r.root, "odd", value) == kRegOk);
+    RegValue back;
+    REQUIRE(r.registry.QueryValue(kUser, r.root, "odd", &back) == kRegOk);
+    CHECK(back.data.starts_with(value.data));
+    CHECK(back.half_character == value.half_character);
   }
 
   TEST_CASE("a link is read through, and goes alone") {
@@ -205,28 +238,26 @@ TEST_SUITE("contract_profiles") {
 }
 
 TEST_SUITE("contract_code_pages") {
-  TEST_CASE("letters become those of the system, or the nearest") {
+  TEST_CASE("bytes of a code page become text, and go back where they fit") {
     const auto machine = NewContractMachine();
     CodePages& pages = machine->code_pages();
-    const unsigned system = pages.System();
-    CHECK(system >= 437);
-    const std::string polish = "\xBF\xF3\xB3w, \xC6ma";  // of 1250
-    std::string text = polish;
-    REQUIRE(pages.ToSystem(1250, &text).ok());
-    if (system == 1250) CHECK(text == polish);
-    if (system == 1252) CHECK(text == "z\xF3lw, Cma");
+    CHECK(pages.System() >= 437);
+    std::string text;
+    REQUIRE(pages.Decode(1250, "\xBF\xF3\xB3w, \xC6ma", &text).ok());
+    CHECK(text == "\u017C\u00F3\u0142w, \u0106ma");
     const std::string plain("A=1\r\n\0;", 7);
-    text = plain;
-    CHECK(pages.ToSystem(1250, &text).ok());
+    CHECK(pages.Decode(1250, plain, &text).ok());
     CHECK(text == plain);
-    text = polish;
-    CHECK(pages.ToSystem(system, &text).ok());
-    CHECK(text == polish);
+    CHECK(pages.Encode(plain) == plain);
+    CHECK(pages.Encode("\U0001F600") == std::nullopt);
+    if (pages.System() == 1252) {
+      CHECK(pages.Encode("z\u00F3\u20AC") == "z\xF3\x80");
+      CHECK(pages.Encode("\u0142") == std::nullopt);  // its nearest letter is another one
+    }
     // One that is not installed leaves the text alone.
-    CHECK_FALSE(pages.ToSystem(12345, &text).ok());
-    CHECK(text == polish);
-    text.clear();
-    CHECK(pages.ToSystem(1250, &text).ok());
+    CHECK_FALSE(pages.Decode(12345, "x", &text).ok());
+    CHECK(text == plain);
+    CHECK(pages.Decode(1250, "", &text).ok());
     CHECK(text.empty());
   }
 }

@@ -2,6 +2,9 @@
 
 #include <set>
 
+#include "platform/paths.h"
+#include "platform/unicode.h"
+
 namespace scourwell::test {
 namespace {
 
@@ -9,7 +12,7 @@ constexpr const char* kNames[] = {
     "a",          "ab",      "abc.exe",      "Toolbar",          "toolbar.dll",
     "x1.EXE",     "x12.exe", "no_ext",       "long file name.x", "Long Folder One",
     ".hidden",    "b",       "two.dots.txt", "long folder two",  "a.b",
-    "RECYCLER",   "abcabcd", "abcd",         "caf\xE9.exe",      "CAF\xC9",
+    "RECYCLER",   "abcabcd", "abcd",         "caf\u00E9.exe",    "CAF\u00C9",
     "tilde~1.ex", "[x]@{1}", "a+b;c,d.exe",  "blank inside"};
 
 std::vector<DirEntry> Listing(Files& files, const std::string& pattern) {
@@ -29,8 +32,8 @@ std::string RandomName(Dice& dice, const std::vector<std::string>& short_names) 
   const bool by_short_name = !short_names.empty() && dice.Chance(5);
   std::string name = by_short_name ? dice.Pick(short_names) : dice.Pick(kNames);
   if (dice.Chance(3)) name = Upper(name);
-  if (dice.Chance(3)) name[dice.Below(name.size())] = '?';
-  if (dice.Chance(3)) {
+  if (dice.Chance(3) && IsAscii(name)) name[dice.Below(name.size())] = '?';
+  if (dice.Chance(3) && IsAscii(name)) {
     const std::size_t at = dice.Below(name.size() + 1);
     name.replace(at, dice.Below(name.size() - at + 1), "*");
   }
@@ -64,7 +67,11 @@ class Loop {
 
  private:
   void Search(const std::string& folder, const SignatureRow& row) {
-    const std::string signature(row.sub2);
+    std::string signature(row.sub2);
+    // Dots and blanks at the end of a plain name are nobody's.
+    if (FileNamePart(signature).find_first_of("*?") == std::string_view::npos) {
+      signature.erase(signature.find_last_not_of(". ") + 1);
+    }
     if (!IsUsable(signature) || LeadsThroughLink(folder, signature)) return;
     const std::size_t slash = signature.rfind('\\');
     const std::string prefix =

@@ -47,8 +47,9 @@ std::string FakeFiles::NewShortName(const Node& folder, const std::string& name)
   const std::size_t dot = name.rfind('.');
   const auto squeeze = [](std::string_view text, std::size_t most) {
     std::string result;
-    for (const char c : text) {
-      if (std::string_view(" .?").find(c) == std::string_view::npos) result += Fold(c);
+    for (const char c : Upper(text)) {
+      const bool kept = std::string_view(" .?").find(c) == std::string_view::npos;
+      if (kept) result += static_cast<unsigned char>(c) < 0x80 ? c : '_';
     }
     return result.substr(0, most);
   };

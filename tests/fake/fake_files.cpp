@@ -1,39 +1,31 @@
 #include <algorithm>
 
+#include "platform/paths.h"
+
 #include "tests/fake/fake_machine.h"
 
 namespace scourwell::test {
 namespace {
 
-constexpr std::size_t kLongestPath = 259;
+constexpr std::size_t kLongestPath = 32'000;
 
 bool HasWildcard(std::string_view text) { return text.find_first_of("*?") != text.npos; }
 
-std::string_view WithoutEnd(std::string_view text, const char* characters) {
-  return text.substr(0, text.find_last_not_of(characters) + 1);
-}
-
-// The parts below the drive as Windows normalises them: doubled "\" count once, "." and ".." are
-// resolved, one dot at the end of a folder and all dots and blanks at the very end are dropped.
-std::vector<std::string> SplitPath(std::string_view path) {
+// The parts below the drive as they stand; doubled "\" count once. None for a path with "." or
+// "..".
+std::optional<std::vector<std::string>> SplitPath(std::string_view path) {
   std::vector<std::string> parts;
   path.remove_prefix(std::min<std::size_t>(path.size(), 2));
   while (!path.empty()) {
-    const std::size_t slash = path.find('\\');
-    std::string_view part = path.substr(0, slash);
-    const bool last = slash == path.npos;
-    path.remove_prefix(last ? path.size() : slash + 1);
-    if (part == ".." && !parts.empty()) parts.pop_back();
-    if (part.empty() || part == "." || part == "..") continue;
-    if (last) {
-      part = WithoutEnd(part, ". ");
-    } else if (part.back() == '.') {
-      part.remove_suffix(1);
-    }
+    const std::string_view part = TakePart(&path);
+    if (part == "." || part == "..") return std::nullopt;
     if (!part.empty()) parts.emplace_back(part);
   }
   return parts;
 }
+
+// Drives go by their letter in either case.
+char Letter(const std::string& path) { return path.empty() ? '\0' : Upper(path.substr(0, 1))[0]; }
 
 }  // namespace
 
@@ -61,7 +53,7 @@ void FakeFiles::AddDrive(char letter, DriveKind kind, bool ready) {
 
 Node& FakeFiles::Put(const std::string& path, std::uint32_t attributes) {
   Node* node = &volumes_.at(path.front()).root;
-  const std::vector<std::string> parts = SplitPath(path);
+  const std::vector<std::string> parts = SplitPath(path).value();
   for (std::size_t i = 0; i < parts.size(); ++i) {
     Node* child = node->Child(parts[i]);
     if (!child) {
@@ -112,9 +104,10 @@ int FakeFiles::BeginChange(const std::string& call) {
 
 FakeFiles::Place FakeFiles::Walk(const std::string& path, bool follow_last, int links_left) {
   Place place;
-  const auto volume = path.empty() ? volumes_.end() : volumes_.find(Fold(path.front()));
+  const auto volume = volumes_.find(Letter(path));
+  const std::optional<std::vector<std::string>> split = SplitPath(path);
   if (path.size() > kLongestPath || volume == volumes_.end() || path.substr(1, 1) != ":" ||
-      links_left == 0) {
+      links_left == 0 || !split) {
     place.error = kPathNotFound;
     return place;
   }
@@ -124,7 +117,7 @@ FakeFiles::Place FakeFiles::Walk(const std::string& path, bool follow_last, int 
   }
   place.node = &volume->second.root;
   place.short_path = path.substr(0, 2);
-  const std::vector<std::string> parts = SplitPath(path);
+  const std::vector<std::string>& parts = *split;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const bool last = i + 1 == parts.size();
     place.folder = place.node;
@@ -271,7 +264,7 @@ std::vector<Drive> FakeFiles::Drives() {
 }
 
 bool FakeFiles::IsReady(const std::string& root) {
-  const auto volume = volumes_.find(root.empty() ? '\0' : Fold(root.front()));
+  const auto volume = volumes_.find(Letter(root));
   return volume != volumes_.end() && volume->second.ready;
 }
 

@@ -42,6 +42,7 @@ struct Key {
     return *this;
   }
   Key& Value(const std::string& value_name, const std::string& text, std::uint32_t type = kRegText);
+  Key& Set(const std::string& value_name, const RegValue& value);
 };
 
 class FakeRegistry : public Registry {
@@ -203,14 +204,15 @@ class FakeProcesses : public Processes {
   }
 };
 
-// Knows the Polish letters of 1250, and 1252.
+// Knows 1252, the Polish letters of 1250 and the Russian ones of 1251.
 class FakeCodePages : public CodePages {
  public:
   unsigned system = 1252;
   int asked = 0;
 
   unsigned System() override { return system; }
-  Outcome ToSystem(unsigned code_page, std::string* text) override;
+  Outcome Decode(unsigned code_page, std::string_view bytes, std::string* text) override;
+  std::optional<std::string> Encode(std::string_view text) override;
 };
 
 class FakePump : public Pump {

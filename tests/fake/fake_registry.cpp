@@ -33,12 +33,16 @@ Key* Key::Child(std::string_view part) const {
 }
 
 Key& Key::Value(const std::string& value_name, const std::string& text, std::uint32_t type) {
-  for (auto& [existing, value] : values) {
+  return Set(value_name, {type, text});
+}
+
+Key& Key::Set(const std::string& value_name, const RegValue& value) {
+  for (auto& [existing, there] : values) {
     if (!EqualsNoCase(existing, value_name)) continue;
-    value = {type, text};
+    there = value;
     return *this;
   }
-  values.push_back({value_name, {type, text}});
+  values.push_back({value_name, value});
   return *this;
 }
 
@@ -124,7 +128,7 @@ RegStatus FakeRegistry::SetValue(RootKey root, const std::string& path, const st
   if (before_change) before_change();
   const RegStatus opened = TryOpen(root, path, kKeyAllRights);
   if (opened != kRegOk && opened != kRegNotFound) return opened;
-  Make(root, path).Value(name, value.data, value.type);
+  Make(root, path).Set(name, value);
   return kRegOk;
 }
 

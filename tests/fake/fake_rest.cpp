@@ -1,5 +1,7 @@
 #include <chrono>
 
+#include "platform/unicode.h"
+#include "platform/windows_1252.h"
 #include "tests/fake/fake_machine.h"
 
 namespace scourwell::test {
@@ -207,20 +209,62 @@ std::string FakeMachine::Failures() {
   return text;
 }
 
-// A letter that 1252 has too keeps its byte: in these two, O with acute only.
-Outcome FakeCodePages::ToSystem(unsigned code_page, std::string* text) {
-  ++asked;
-  if (code_page != 1250 && code_page != 1252) return Outcome::Failed(kInvalidCall);
-  if (code_page == system) return {};
-  constexpr std::string_view kPolish =
-      "\xA5\xC6\xCA\xA3\xD1\x8C\x8F\xAF"
-      "\xB9\xE6\xEA\xB3\xF1\x9C\x9F\xBF";
-  constexpr std::string_view kNearest = "ACELNSZZacelnszz";
-  for (char& c : *text) {
-    const std::size_t at = kPolish.find(c);
-    if (code_page == 1250 && at != kPolish.npos) c = kNearest[at];
+namespace {
+
+// What a code page has in the place of some bytes; all others are as in 1252.
+struct Letters {
+  unsigned code_page;
+  std::string_view bytes;
+  std::u16string_view letters;
+};
+constexpr Letters kLetters[] = {
+    {1250,
+     "\xA5\xC6\xCA\xA3\xD1\x8C\x8F\xAF"
+     "\xB9\xE6\xEA\xB3\xF1\x9C\x9F\xBF",
+     u"\u0104\u0106\u0118\u0141\u0143\u015A\u0179\u017B\u0105\u0107\u0119\u0142\u0144\u015B"
+     u"\u017A\u017C"},
+    {1251, "\xC0\xC1\xC2\xE0\xE1\xE2\xFF", u"\u0410\u0411\u0412\u0430\u0431\u0432\u044F"},
+    {1252, "", u""}};
+
+const Letters* LettersOf(unsigned code_page) {
+  for (const Letters& each : kLetters) {
+    if (each.code_page == code_page) return &each;
   }
+  return nullptr;
+}
+
+}  // namespace
+
+Outcome FakeCodePages::Decode(unsigned code_page, std::string_view bytes, std::string* text) {
+  ++asked;
+  const Letters* page = LettersOf(code_page);
+  if (!page) return Outcome::Failed(kInvalidCall);
+  std::string decoded;
+  for (const char& c : bytes) {
+    const std::size_t at = page->bytes.find(c);
+    if (at == page->bytes.npos) {
+      decoded += From1252({&c, 1});
+    } else {
+      AppendCode(page->letters[at], &decoded);
+    }
+  }
+  *text = std::move(decoded);
   return {};
+}
+
+std::optional<std::string> FakeCodePages::Encode(std::string_view text) {
+  const Letters* page = LettersOf(system);
+  std::string bytes;
+  for (const char16_t unit : ToUtf16(text)) {
+    const std::size_t at = page->letters.find(unit);
+    const std::optional<std::string> byte =
+        at == page->letters.npos ? To1252(FromUtf16({&unit, 1})) : std::string(1, page->bytes[at]);
+    if (!byte || (at == page->letters.npos && page->bytes.find(*byte) != page->bytes.npos)) {
+      return std::nullopt;
+    }
+    bytes += *byte;
+  }
+  return bytes;
 }
 
 }  // namespace scourwell::test

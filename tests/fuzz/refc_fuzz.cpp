@@ -1,6 +1,7 @@
 // Reference files and sources, damaged at random: nothing crashes, and the tool never sees another
 // row than the program does.
 #include "definitions/reference_file.h"
+#include "platform/windows_1252.h"
 #include "refc/dump.h"
 #include "refc/lint.h"
 #include "refc/reference_reader.h"
@@ -80,12 +81,12 @@ std::vector<std::string> ToolRows(const refc::DefinitionSet& set) {
     for (const refc::Row& each : set.rows[sequence]) {
       std::string row = listed.section;
       for (std::size_t cell = 0; cell < listed.keys.size(); ++cell) {
-        row += "|" + std::string(listed.keys[cell] ? set.View(each, cell) : "-");
+        row += "|" + (listed.keys[cell] ? From1252(set.View(each, cell)) : "-");
       }
       rows.push_back(row);
     }
   }
-  for (std::size_t i = 0; i < set.release.size(); ++i) rows.emplace_back(set.Release(i));
+  for (std::size_t i = 0; i < set.release.size(); ++i) rows.push_back(From1252(set.Release(i)));
   return rows;
 }
 

@@ -1,5 +1,6 @@
 #include "tests/win/camera.h"
 
+#include "platform/win/native_text.h"
 #include "tests/win/driver.h"
 
 namespace scourwell::ui {
@@ -20,8 +21,7 @@ bool Camera::Take(HWND window, const std::string& name) const {
   const std::string area = std::to_string(place.right - place.left) + "x" +
                            std::to_string(place.bottom - place.top) + "+" +
                            std::to_string(place.left) + "+" + std::to_string(place.top);
-  const std::string command = "import -window root -crop " + area + " +repage \"" + path + "\"";
-  std::wstring line(command.begin(), command.end());
+  std::wstring line = Wide("import -window root -crop " + area + " +repage \"" + path + "\"");
   const std::string there = "\\\\?\\unix" + path;
   STARTUPINFOW startup = {};
   startup.cb = sizeof startup;
@@ -32,7 +32,8 @@ bool Camera::Take(HWND window, const std::string& name) const {
   }
   CloseHandle(info.hThread);
   CloseHandle(info.hProcess);
-  return WaitFor([&] { return GetFileAttributesA(there.c_str()) != INVALID_FILE_ATTRIBUTES; });
+  return WaitFor(
+      [&] { return GetFileAttributesW(Wide(there).c_str()) != INVALID_FILE_ATTRIBUTES; });
 }
 
 }  // namespace scourwell::ui

@@ -2,12 +2,15 @@
 
 #include <commctrl.h>
 
+#include "platform/win/native_text.h"
+
 namespace scourwell::ui {
 namespace {
 
-constexpr char kProgram[] = "C:\\Scourwell\\Scourwell.exe";
+constexpr wchar_t kProgram[] = L"C:\\Scourwell\\Scourwell.exe";
 constexpr DWORD kAnswerTime = 5000;  // milliseconds that a window may take to answer
 constexpr std::size_t kRemoteSize = 4096;
+constexpr int kLongestText = 1000;
 
 // Memory of the process that owns a window: messages with pointers need it.
 class Remote {
@@ -23,6 +26,7 @@ class Remote {
   ~Remote() { VirtualFreeEx(process_.get(), memory_, 0, MEM_RELEASE); }
 
   char* at(std::size_t offset = 0) { return memory_ + offset; }
+  wchar_t* TextAt(std::size_t offset) { return reinterpret_cast<wchar_t*>(at(offset)); }
   void Put(const void* data, std::size_t size) {
     WriteProcessMemory(process_.get(), memory_, data, size, nullptr);
   }
@@ -30,15 +34,26 @@ class Remote {
     ReadProcessMemory(process_.get(), memory_ + offset, data, size, nullptr);
   }
   std::string GetText(std::size_t offset) {
-    char text[1024] = "";
-    Get(text, sizeof text - 1, offset);
-    return text;
+    wchar_t text[kLongestText + 1] = L"";
+    Get(text, kLongestText * sizeof(wchar_t), offset);
+    return FromWide(text);
   }
 
  private:
   KernelHandle process_;
   char* memory_ = nullptr;
 };
+
+// Fills an item with what a control says of it; returns its text.
+template <class Item>
+std::string AskItem(Remote* remote, HWND control, UINT message, LRESULT number, Item* item) {
+  item->pszText = remote->TextAt(sizeof *item);
+  item->cchTextMax = kLongestText;
+  remote->Put(item, sizeof *item);
+  Send(control, message, static_cast<WPARAM>(number), reinterpret_cast<LPARAM>(remote->at()));
+  remote->Get(item, sizeof *item);
+  return remote->GetText(sizeof *item);
+}
 
 struct Search {
   DWORD process = 0;
@@ -79,16 +94,12 @@ BOOL CALLBACK MatchChild(HWND window, LPARAM parameter) {
 void AddTreeRows(HWND tree, LRESULT node, int depth, std::vector<TreeRow>* rows) {
   Remote remote(tree);
   for (; node != 0; node = Send(tree, TVM_GETNEXTITEM, TVGN_NEXT, node)) {
-    TVITEMA item = {};
+    TVITEMW item = {};
     item.mask = TVIF_TEXT | TVIF_STATE | TVIF_HANDLE;
     item.stateMask = TVIS_STATEIMAGEMASK;
     item.hItem = reinterpret_cast<HTREEITEM>(node);
-    item.pszText = remote.at(sizeof item);
-    item.cchTextMax = 1000;
-    remote.Put(&item, sizeof item);
-    Send(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(remote.at()));
-    remote.Get(&item, sizeof item);
-    rows->push_back({depth, item.state >> 12 == 2, remote.GetText(sizeof item)});
+    const std::string text = AskItem(&remote, tree, TVM_GETITEMW, 0, &item);
+    rows->push_back({depth, item.state >> 12 == 2, text});
     AddTreeRows(tree, Send(tree, TVM_GETNEXTITEM, TVGN_CHILD, node), depth + 1, rows);
   }
 }
@@ -97,7 +108,7 @@ void AddTreeRows(HWND tree, LRESULT node, int depth, std::vector<TreeRow>* rows)
 
 LRESULT Send(HWND window, UINT message, WPARAM w, LPARAM l) {
   DWORD_PTR result = 0;
-  SendMessageTimeoutA(window, message, w, l, SMTO_NORMAL, kAnswerTime, &result);
+  SendMessageTimeoutW(window, message, w, l, SMTO_NORMAL, kAnswerTime, &result);
   return static_cast<LRESULT>(result);
 }
 
@@ -106,17 +117,15 @@ std::string ItemText(HWND list, UINT message, int row) {
   DWORD_PTR result = 0;
   SendMessageTimeoutW(list, message, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(wide),
                       SMTO_NORMAL, kAnswerTime, &result);
-  std::string text;
-  for (const wchar_t* c = wide; *c; ++c) text += static_cast<char>(*c);
-  return text;
+  return FromWide(wide);
 }
 
 Program::Program(const std::string& arguments) {
-  std::string line = std::string(kProgram) + " " + arguments;
-  STARTUPINFOA startup = {};
+  std::wstring line = std::wstring(kProgram) + L" " + Wide(arguments);
+  STARTUPINFOW startup = {};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION info = {};
-  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, "C:\\", &startup,
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, L"C:\\", &startup,
                       &info)) {
     return;
   }
@@ -159,7 +168,7 @@ HWND Program::WindowOfClass(const std::string& name, DWORD milliseconds) {
 HWND Program::MainWindow() { return WindowOfClass("frmMain", 10000); }
 
 bool Program::Close() {
-  PostMessageA(MainWindow(), WM_CLOSE, 0, 0);
+  PostMessageW(MainWindow(), WM_CLOSE, 0, 0);
   return Ended(10000);
 }
 
@@ -182,24 +191,25 @@ HWND ReadyControl(HWND top, int id, DWORD milliseconds) {
 }
 
 std::string ClassName(HWND window) {
-  char name[100] = "";
-  GetClassNameA(window, name, sizeof name);
-  return name;
+  wchar_t name[100] = L"";
+  GetClassNameW(window, name, 100);
+  return FromWide(name);
 }
 
 std::string Text(HWND window) {
-  char text[1000] = "";
-  Send(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
-  return text;
+  wchar_t text[kLongestText] = L"";
+  Send(window, WM_GETTEXT, kLongestText, reinterpret_cast<LPARAM>(text));
+  return FromWide(text);
 }
 
 void SetText(HWND window, const std::string& text) {
-  Send(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+  const std::wstring wide = Wide(text);
+  Send(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(wide.c_str()));
 }
 
 // Posted, not sent: what it opens may wait for the user.
-void Click(HWND button) { PostMessageA(button, BM_CLICK, 0, 0); }
-void Command(HWND top, int id) { PostMessageA(top, WM_COMMAND, static_cast<WPARAM>(id), 0); }
+void Click(HWND button) { PostMessageW(button, BM_CLICK, 0, 0); }
+void Command(HWND top, int id) { PostMessageW(top, WM_COMMAND, static_cast<WPARAM>(id), 0); }
 
 std::vector<ListRow> ListRows(HWND list) {
   Remote remote(list);
@@ -212,13 +222,9 @@ std::vector<ListRow> ListRows(HWND list) {
     row.checked =
         Send(list, LVM_GETITEMSTATE, static_cast<WPARAM>(i), LVIS_STATEIMAGEMASK) >> 12 == 2;
     for (LRESULT column = 0; column < columns; ++column) {
-      LVITEMA item = {};
+      LVITEMW item = {};
       item.iSubItem = static_cast<int>(column);
-      item.pszText = remote.at(sizeof item);
-      item.cchTextMax = 1000;
-      remote.Put(&item, sizeof item);
-      Send(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(remote.at()));
-      row.texts.push_back(remote.GetText(sizeof item));
+      row.texts.push_back(AskItem(&remote, list, LVM_GETITEMTEXTW, i, &item));
     }
     rows.push_back(row);
   }
@@ -227,7 +233,7 @@ std::vector<ListRow> ListRows(HWND list) {
 
 void SelectRow(HWND list, int row) {
   Remote remote(list);
-  LVITEMA item = {};
+  LVITEMW item = {};
   item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
   for (const bool selected : {false, true}) {
     item.state = selected ? item.stateMask : 0;
@@ -245,7 +251,7 @@ std::vector<TreeRow> TreeRows(HWND tree) {
 
 std::string StatusText(HWND status, int part) {
   Remote remote(status);
-  Send(status, SB_GETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(remote.at()));
+  Send(status, SB_GETTEXTW, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(remote.at()));
   return remote.GetText(0);
 }
 
@@ -255,14 +261,10 @@ std::vector<TextPart> ColumnHeads(HWND list) {
   const auto header = reinterpret_cast<HWND>(Send(list, LVM_GETHEADER, 0, 0));
   const LRESULT count = Send(header, HDM_GETITEMCOUNT, 0, 0);
   for (LRESULT i = 0; i < count; ++i) {
-    HDITEMA item = {};
+    HDITEMW item = {};
     item.mask = HDI_TEXT | HDI_WIDTH;
-    item.pszText = remote.at(sizeof item);
-    item.cchTextMax = 1000;
-    remote.Put(&item, sizeof item);
-    Send(header, HDM_GETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(remote.at()));
-    remote.Get(&item, sizeof item);
-    heads.push_back({item.cxy, remote.GetText(sizeof item)});
+    const std::string text = AskItem(&remote, header, HDM_GETITEMW, i, &item);
+    heads.push_back({item.cxy, text});
   }
   return heads;
 }
@@ -276,13 +278,10 @@ std::vector<TextPart> Tabs(HWND tab_control) {
     Send(tab_control, TCM_GETITEMRECT, static_cast<WPARAM>(i),
          reinterpret_cast<LPARAM>(remote.at()));
     remote.Get(&place, sizeof place);
-    TCITEMA item = {};
+    TCITEMW item = {};
     item.mask = TCIF_TEXT;
-    item.pszText = remote.at(sizeof item);
-    item.cchTextMax = 1000;
-    remote.Put(&item, sizeof item);
-    Send(tab_control, TCM_GETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(remote.at()));
-    tabs.push_back({static_cast<int>(place.right - place.left), remote.GetText(sizeof item)});
+    const std::string text = AskItem(&remote, tab_control, TCM_GETITEMW, i, &item);
+    tabs.push_back({static_cast<int>(place.right - place.left), text});
   }
   return tabs;
 }

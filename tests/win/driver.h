@@ -1,6 +1,7 @@
 #pragma once
 
-// Drives and reads Scourwell's windows from another process, as a user would.
+// Drives and reads Scourwell's windows from another process, as a user would. By wide calls: the
+// system turns texts for windows of the other kind.
 
 #include <windows.h>
 
@@ -13,8 +14,7 @@ namespace scourwell::ui {
 
 // Sends a message; a window that does not answer within seconds counts as one that answers 0.
 LRESULT Send(HWND window, UINT message, WPARAM w, LPARAM l);
-// A text that a list box or combo box holds. Read as a wide one: Wine does not turn it back for
-// another process.
+// A text that a list box or combo box holds.
 std::string ItemText(HWND list, UINT message, int row);
 
 // One started program; ended by force if it still runs at the end.

@@ -21,8 +21,9 @@ void PlantRegistry() {
   Set(kEvilKey, "", kRegText, string("default\0", 8));
   Set(kEvilKey, "quote \" back\\slash [x]", kRegText, string("C:\\a \"b\"\0", 9));
   Set(kEvilKey, "lines", kRegText, string("a\r\nb\0", 5));
-  Set(kEvilKey, "\xE4\xF6\xFC", kRegText, string("\xDF\0", 2));
-  Set(kEvilKey, "no end", kRegText, "abc");
+  Set(kEvilKey, "\u00E4\u00F6\u00FC", kRegText, string("\u00DF\0", 3));
+  // Windows 95, 98 and Me have no letters but those of their code page.
+  if (!RunsAs9x()) Set(kEvilKey, "\u0142\u8868", kRegExpandText, string("\u0142\0", 3));
   Set(kEvilKey, "expand", kRegExpandText, string("%TEMP%\\x\0", 9));
   Set(kEvilKey, "many", kRegMultiText, string("one\0two\0\0", 9));
   Set(kEvilKey, "dword", kRegDword, string("\x78\x56\x34\x12", 4));
@@ -98,7 +99,7 @@ std::string Details(HWND list) {
 void Answer(Program* program, const std::string& title, int button) {
   const HWND box = program->Window(title, 30000);
   REQUIRE_MESSAGE(box, title);
-  PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+  PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
   CHECK(WaitFor([&] { return !IsWindow(box); }));
 }
 

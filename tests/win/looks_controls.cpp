@@ -7,6 +7,7 @@
 #include <map>
 
 #include "platform/text.h"
+#include "platform/win/window_calls.h"
 #include "widgets/resource.h"
 
 namespace scourwell::ui {
@@ -21,12 +22,18 @@ struct SystemClass {
   ControlKind kind;
 };
 constexpr SystemClass kClasses[] = {
-    {"STATIC", ControlKind::Label},        {"BUTTON", ControlKind::PushButton},
-    {"EDIT", ControlKind::Edit},           {"COMBOBOX", ControlKind::ComboBox},
-    {WC_LISTVIEWA, ControlKind::List},     {WC_TREEVIEWA, ControlKind::Tree},
-    {WC_TABCONTROLA, ControlKind::Tabs},   {STATUSCLASSNAMEA, ControlKind::StatusBar},
-    {PROGRESS_CLASSA, ControlKind::Other}, {UPDOWN_CLASSA, ControlKind::Other},
-    {TRACKBAR_CLASSA, ControlKind::Other}, {"SCROLLBAR", ControlKind::Other},
+    {"STATIC", ControlKind::Label},
+    {"BUTTON", ControlKind::PushButton},
+    {"EDIT", ControlKind::Edit},
+    {"COMBOBOX", ControlKind::ComboBox},
+    {"SysListView32", ControlKind::List},
+    {"SysTreeView32", ControlKind::Tree},
+    {"SysTabControl32", ControlKind::Tabs},
+    {"msctls_statusbar32", ControlKind::StatusBar},
+    {"msctls_progress32", ControlKind::Other},
+    {"msctls_updown32", ControlKind::Other},
+    {"msctls_trackbar32", ControlKind::Other},
+    {"SCROLLBAR", ControlKind::Other},
     {"LISTBOX", ControlKind::List},
 };
 
@@ -58,7 +65,7 @@ ControlKind KindOf(HWND window, DWORD style) {
 void AddBelow(HWND parent, std::vector<ShownControl>* controls) {
   for (HWND window = GetWindow(parent, GW_CHILD); window; window = GetWindow(window, GW_HWNDNEXT)) {
     if (!IsWindowVisible(window)) continue;
-    const auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
+    const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
     const ControlKind kind = KindOf(window, style);
     ShownControl control = {window, parent, GetDlgCtrlID(window), kind, style, {}, {}, {}};
     GetWindowRect(window, &control.place);
@@ -73,7 +80,7 @@ void AddBelow(HWND parent, std::vector<ShownControl>* controls) {
 
 LRESULT FontHandle(const ShownControl& control) {
   DWORD_PTR font = 0;
-  SendMessageTimeoutA(control.window, WM_GETFONT, 0, 0, SMTO_NORMAL, 5000, &font);
+  SendMessageTimeoutW(control.window, WM_GETFONT, 0, 0, SMTO_NORMAL, 5000, &font);
   return static_cast<LRESULT>(font);
 }
 
@@ -141,7 +148,7 @@ SIZE Measure::Text(HFONT font, const std::string& text, UINT format, int width) 
   HDC dc = GetDC(nullptr);
   const HGDIOBJ old = SelectObject(dc, font);
   RECT place = {0, 0, width, 0};
-  DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &place, format | DT_CALCRECT);
+  Calls().Draw(dc, text, &place, format | DT_CALCRECT);
   SelectObject(dc, old);
   ReleaseDC(nullptr, dc);
   return {place.right, place.bottom};

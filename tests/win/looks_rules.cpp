@@ -5,6 +5,7 @@
 #include <map>
 
 #include "platform/text.h"
+#include "widgets/access_keys.h"
 #include "widgets/resource.h"
 
 namespace scourwell::ui {
@@ -51,7 +52,7 @@ SIZE Frame(const ShownControl& control, const Metrics& metrics) {
 
 UINT Format(const ShownControl& control) {
   if (control.kind == ControlKind::LiveLabel) {
-    const UINT shown = static_cast<UINT>(GetWindowLongA(control.window, GWL_USERDATA));
+    const UINT shown = static_cast<UINT>(GetWindowLongW(control.window, GWL_USERDATA));
     return shown & (DT_WORDBREAK | DT_SINGLELINE | DT_NOPREFIX);
   }
   const UINT prefix = control.HasPrefix() ? 0 : DT_NOPREFIX;
@@ -100,7 +101,7 @@ void CheckInside(const ShownControl& control, Faults* faults) {
   MapWindowPoints(control.parent, nullptr, reinterpret_cast<POINT*>(&client), 2);
   const RECT& place = control.place;
   // What scrolls may lie above or below.
-  if (GetWindowLongA(control.parent, GWL_STYLE) & WS_VSCROLL) {
+  if (GetWindowLongW(control.parent, GWL_STYLE) & WS_VSCROLL) {
     client.top = std::min(client.top, place.top);
     client.bottom = std::max(client.bottom, place.bottom);
   }
@@ -164,10 +165,10 @@ bool IsReachedWithOthers(const ShownControl& control) {
 }
 
 // The key that a text marks, or 0.
-char KeyOf(const std::string& text) {
+char32_t KeyOf(const std::string& text) {
   for (std::size_t i = 0; i + 1 < text.size(); ++i) {
     if (text[i] != '&') continue;
-    if (text[i + 1] != '&') return Fold(text[i + 1]);
+    if (text[i + 1] != '&') return KeyLetter(text, i + 1);
     ++i;
   }
   return 0;
@@ -183,6 +184,18 @@ Faults PlacementFaults(const std::vector<ShownControl>& controls, const Measure&
     CheckInside(control, &faults);
   }
   CheckOverlaps(controls, &faults);
+  return faults;
+}
+
+Faults KindFaults(const std::vector<ShownControl>& controls, bool ansi) {
+  Faults faults;
+  for (const ShownControl& control : controls) {
+    // The common controls are wide ones in Wine, whoever makes them.
+    if (ansi ? control.kind == ControlKind::Pane && IsWindowUnicode(control.window)
+             : !IsWindowUnicode(control.window)) {
+      faults.push_back(Name(control) + " is of the other family's kind");
+    }
+  }
   return faults;
 }
 
@@ -208,9 +221,9 @@ Faults TabFaults(HWND top, const std::vector<ShownControl>& controls) {
 Faults AccessKeyFaults(const std::vector<ShownControl>& controls,
                        const std::vector<std::string>& others) {
   Faults faults;
-  std::map<char, std::string> keys;
+  std::map<char32_t, std::string> keys;
   const auto add = [&](const std::string& text) {
-    const char key = KeyOf(text);
+    const char32_t key = KeyOf(text);
     if (key == 0) return;
     const auto [at, added] = keys.emplace(key, text);
     if (!added) faults.push_back("\"" + at->second + "\" and \"" + text + "\" share a key");
@@ -226,7 +239,7 @@ Faults DefaultButtonFaults(const std::vector<ShownControl>& controls, bool has_o
   const auto count = std::count_if(controls.begin(), controls.end(), [](const ShownControl& each) {
     DWORD_PTR code = 0;
     if (each.kind != ControlKind::PushButton) return false;
-    SendMessageTimeoutA(each.window, WM_GETDLGCODE, 0, 0, SMTO_NORMAL, 5000, &code);
+    SendMessageTimeoutW(each.window, WM_GETDLGCODE, 0, 0, SMTO_NORMAL, 5000, &code);
     return (code & DLGC_DEFPUSHBUTTON) != 0;
   });
   if (count == (has_one ? 1 : 0)) return {};

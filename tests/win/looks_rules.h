@@ -14,6 +14,9 @@ using Faults = std::vector<std::string>;
 
 // Texts are wholly there, nothing overlaps, nothing lies outside its parent.
 Faults PlacementFaults(const std::vector<ShownControl>& controls, const Measure& measure);
+// On the NT family every window is a wide one: any other loses letters. On Windows 95, 98 and Me
+// there are ANSI ones only.
+Faults KindFaults(const std::vector<ShownControl>& controls, bool ansi);
 // Tab reaches whatever is enabled, from left to right and from top to bottom.
 Faults TabFaults(HWND top, const std::vector<ShownControl>& controls);
 // `others`: texts whose access keys belong to the same window, such as those of its menu bar.

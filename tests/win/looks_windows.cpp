@@ -26,7 +26,7 @@ void Press(Tour& tour, int id) {
 void Answer(Tour& tour, int button) {
   const HWND box = tour.program.WindowOfClass(kMessageBox, 30000);
   REQUIRE(box);
-  PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+  PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
   CHECK(WaitFor([&] { return !IsWindow(box); }));
 }
 

@@ -6,6 +6,7 @@
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 #include "platform/win/late_bind.h"
+#include "platform/win/native_text.h"
 #include "platform/win/registry_win.h"
 #include "tests/contract/contract.h"
 #include "tests/helpers.h"
@@ -16,24 +17,33 @@ namespace {
 constexpr char kFolder[] = "C:\\contract";
 constexpr char kKey[] = "Software\\ScourwellContract";
 
+// Whether this run is to show the side of Windows 95, 98 and Me.
+bool Is9xSide() {
+  static const bool asked = RunningSystemCalls().Environment("SCOURWELL_FAMILY") == "9x";
+  return asked;
+}
+
+// Made without help of what is under test.
+std::wstring Native(const std::string& path) { return L"\\\\?\\" + Wide(path); }
+
 // Deletes a folder that the tests made, with everything in it.
-void DeleteTree(const std::string& folder) {
-  WIN32_FIND_DATAA data;
-  const HANDLE find = FindFirstFileA((folder + "\\*").c_str(), &data);
+void DeleteTree(const std::wstring& folder) {
+  WIN32_FIND_DATAW data;
+  const HANDLE find = FindFirstFileW((folder + L"\\*").c_str(), &data);
   if (find == INVALID_HANDLE_VALUE) return;
   do {
-    const std::string name = data.cFileName;
-    if (name == "." || name == "..") continue;
-    const std::string path = folder + "\\" + name;
-    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    const std::wstring name = data.cFileName;
+    if (name == L"." || name == L"..") continue;
+    const std::wstring path = folder + L"\\" + name;
+    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
     if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
       DeleteTree(path);
     } else {
-      DeleteFileA(path.c_str());
+      DeleteFileW(path.c_str());
     }
-  } while (FindNextFileA(find, &data));
+  } while (FindNextFileW(find, &data));
   FindClose(find);
-  RemoveDirectoryA(folder.c_str());
+  RemoveDirectoryW(folder.c_str());
 }
 
 // "\Registry\User\..." of a key of this user; empty where there are no such names.
@@ -60,7 +70,7 @@ class RealContractMachine : public ContractMachine {
  public:
   RealContractMachine() {
     CleanUp();
-    CreateDirectoryA(kFolder, nullptr);
+    CreateDirectoryW(Native(kFolder).c_str(), nullptr);
     HKEY key = nullptr;
     RegCreateKeyA(HKEY_CURRENT_USER, kKey, &key);
     RegCloseKey(key);
@@ -75,16 +85,19 @@ class RealContractMachine : public ContractMachine {
   CodePages& code_pages() override { return code_pages_; }
   std::string folder() override { return kFolder; }
   std::string key() override { return kKey; }
-  void MakeFolder(const std::string& path) override { CreateDirectoryA(path.c_str(), nullptr); }
+  bool holds_any_name() override { return !Is9xSide(); }
+  void MakeFolder(const std::string& path) override {
+    CreateDirectoryW(Native(path).c_str(), nullptr);
+  }
   void MakeFile(const std::string& path, const std::string& content) override {
-    const HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+    const HANDLE file = CreateFileW(Native(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     DWORD written = 0;
     WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
     CloseHandle(file);
   }
   void SetAttributes(const std::string& path, std::uint32_t attributes) override {
-    SetFileAttributesA(path.c_str(), attributes ? attributes : FILE_ATTRIBUTE_NORMAL);
+    SetFileAttributesW(Native(path).c_str(), attributes ? attributes : FILE_ATTRIBUTE_NORMAL);
   }
   bool MakeOddValues(const std::string& name, const std::string& data) override {
     struct CountedText {
@@ -124,18 +137,19 @@ class RealContractMachine : public ContractMachine {
 
  private:
   void CleanUp() {
-    DeleteTree(kFolder);
+    DeleteTree(Native(kFolder));
     const NumberCaptions captions;
-    ErrorLog log(files_, clock_, "C:\\contract-errors.txt");
+    ErrorLog log(files_, clock_, code_pages_, "C:\\contract-errors.txt");
     ShellWin shell;
     RegistryAccess(registry_, log, captions, shell).DeleteKey(RootKey::CurrentUser, kKey);
   }
 
-  FilesWin files_;
-  RegistryWin registry_;
-  ProfilesWin profiles_;
-  ClockWin clock_;
-  ShellWin shell_;
+  const SystemCalls& system_ = Is9xSide() ? W9xSystemCalls() : NtSystemCalls();
+  FilesWin files_{Is9xSide() ? W9xFileCalls() : NtFileCalls()};
+  RegistryWin registry_{0, Is9xSide() ? W9xRegistryCalls() : NtRegistryCalls()};
+  ProfilesWin profiles_{system_};
+  ClockWin clock_{system_};
+  ShellWin shell_{Is9xSide() ? W9xShellCalls() : NtShellCalls()};
   CodePagesWin code_pages_;
 };
 

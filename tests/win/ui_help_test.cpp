@@ -33,8 +33,8 @@ struct Browser {
 // To the control that has the keyboard, as the system sends it.
 void PressF1(HWND control) {
   REQUIRE(control);
-  PostMessageA(control, WM_KEYDOWN, VK_F1, 0x003B0001);
-  PostMessageA(control, WM_KEYUP, VK_F1, static_cast<LPARAM>(0xC03B0001));
+  PostMessageW(control, WM_KEYDOWN, VK_F1, 0x003B0001);
+  PostMessageW(control, WM_KEYUP, VK_F1, static_cast<LPARAM>(0xC03B0001));
 }
 
 void CheckPage(HWND control, const std::string& page) {
@@ -66,7 +66,7 @@ TEST_CASE("F1 asks for the page of the window in front") {
     static_cast<void>(files.EraseFile(kAsked));
     Click(ReadyControl(backups, IDC_cmdHelp));
     CHECK(WaitFor([&] { return Content(kAsked).find("backups.html") != std::string::npos; }));
-    PostMessageA(backups, WM_CLOSE, 0, 0);
+    PostMessageW(backups, WM_CLOSE, 0, 0);
     CHECK(WaitFor([&] { return !IsWindow(backups); }));
   }
   Click(ReadyControl(top, IDC_imgSearch));

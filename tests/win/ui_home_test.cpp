@@ -33,7 +33,7 @@ void Choose(HWND top, const std::string& text) {
   while (row > 0 && texts[row - 1] != text) --row;
   REQUIRE_MESSAGE(row > 0, text);
   Send(menu, LB_SETCURSEL, row - 1, 0);
-  PostMessageA(menu, WM_KEYDOWN, VK_RETURN, 1);
+  PostMessageW(menu, WM_KEYDOWN, VK_RETURN, 1);
 }
 
 // The command lines that the stand-ins were started with since the last call.
@@ -152,8 +152,8 @@ TEST_CASE("every entry, picture, link and menu entry opens its window") {
       CHECK(WaitFor([&] {
         // What a tool has to say when its list is empty.
         const HWND box = GetLastActivePopup(window);
-        if (box && box != window) PostMessageA(box, WM_COMMAND, IDOK, 0);
-        PostMessageA(window, WM_CLOSE, 0, 0);
+        if (box && box != window) PostMessageW(box, WM_COMMAND, IDOK, 0);
+        PostMessageW(window, WM_CLOSE, 0, 0);
         return !IsWindow(window) && IsWindowEnabled(top);
       }));
     }
@@ -187,7 +187,7 @@ TEST_CASE("the scan picture and the side menu scan; with nothing ticked both say
   CHECK(Text(Control(top, IDC_lblLastScan)).find(" @ ") == 8);
   const HWND tree = Control(top, IDC_TreeView1);
   Send(tree, TVM_SELECTITEM, TVGN_CARET, Send(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0));
-  PostMessageA(tree, WM_KEYDOWN, VK_SPACE, 0);
+  PostMessageW(tree, WM_KEYDOWN, VK_SPACE, 0);
   REQUIRE(WaitFor([&] { return !TreeRows(tree)[0].checked; }));
   for (const int command : {0, IDM_mnuStartScan}) {
     command ? Command(top, command) : Click(Control(top, IDC_imgSearch));

@@ -5,7 +5,7 @@ namespace scourwell::ui {
 namespace {
 
 void Stroke(WORD key, bool down) {
-  const auto scan = static_cast<BYTE>(MapVirtualKeyA(key, 0));
+  const auto scan = static_cast<BYTE>(MapVirtualKeyW(key, 0));
   keybd_event(static_cast<BYTE>(key), scan, down ? 0 : KEYEVENTF_KEYUP, 0);
 }
 

@@ -62,7 +62,7 @@ HWND FocusOf(HWND window) {
 
 // Every window of the program but the main one takes Escape as its end.
 bool Escape(HWND window) {
-  PostMessageA(FocusOf(window), WM_KEYDOWN, VK_ESCAPE, 0x00010001);
+  PostMessageW(FocusOf(window), WM_KEYDOWN, VK_ESCAPE, 0x00010001);
   return WaitFor([&] { return !IsWindow(window); }, 5000);
 }
 
@@ -93,7 +93,8 @@ class Judge {
     const std::vector<ShownControl> controls = ShownControls(window_);
     CHECK_MESSAGE(controls.size() > 1, name_);
     // The program looks after its default button whenever a message comes by.
-    PostMessageA(FocusOf(window_), WM_NULL, 0, 0);
+    PostMessageW(FocusOf(window_), WM_NULL, 0, 0);
+    Report(KindFaults(controls, RunsAs9x()), "");
     Report(AccessKeyFaults(controls, pack.Texts(row_.menu)), "");
     Report(Placement(), "");
     Faults buttons;
@@ -104,7 +105,7 @@ class Judge {
         },
         5000);
     Report(buttons, "");
-    if (GetWindowLongA(window_, GWL_STYLE) & WS_THICKFRAME) RunSizes();
+    if (GetWindowLongW(window_, GWL_STYLE) & WS_THICKFRAME) RunSizes();
   }
 
  private:

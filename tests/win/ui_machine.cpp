@@ -1,8 +1,11 @@
 #include "tests/win/ui_machine.h"
 
+#include <cstdlib>
+
 #include "platform/registry_access.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
+#include "platform/win/native_text.h"
 #include "platform/win/registry_win.h"
 
 namespace scourwell::ui {
@@ -19,6 +22,22 @@ std::string AccessTime(const std::string& path) {
   REQUIRE(files.Stat(path, &entry).ok());
   ClockWin clock;
   return clock.GeneralDate(clock.ToLocal(entry.accessed));
+}
+
+std::string UsualWindows() {
+  const char* usual = std::getenv("SCOURWELL_WINDOWS");
+  return usual ? usual : "";
+}
+
+// On Windows 95, 98 and Me the program without wide functions stands for it.
+std::string family = "nt";
+
+void UseProgramOf(const std::string& version) {
+  const bool ansi = version == "win95" || version == "win98" || version == "winme";
+  if (family == (ansi ? "9x" : "nt")) return;
+  family = ansi ? "9x" : "nt";
+  const std::wstring program = Wide("C:\\programs\\" + family + ".exe");
+  REQUIRE(CopyFileW(program.c_str(), L"C:\\Scourwell\\Scourwell.exe", FALSE));
 }
 
 std::string FileLines(const std::string& path, const std::string& kilobytes) {
@@ -58,7 +77,7 @@ void PlantContent(const std::string& path, const std::string& content) {
 
 void PlantFile(const std::string& path, std::size_t size) {
   PlantContent(path, std::string(size, 'x'));
-  const FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+  const FileHandle file(CreateFileW(Wide(path).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
   FILETIME now;
   GetSystemTimeAsFileTime(&now);
@@ -77,7 +96,9 @@ void SetSetting(const std::string& section, const std::string& key, const std::s
           kRegOk);
 }
 
-void SetWindowsVersion(const std::string& version) {
+void SetWindowsVersion(const std::string& asked) {
+  const std::string version = asked.empty() ? UsualWindows() : asked;
+  UseProgramOf(version);
   if (version.empty()) {
     static_cast<void>(registry.DeleteValue(RootKey::CurrentUser, kOverride, "Version"));
     return;
@@ -85,6 +106,8 @@ void SetWindowsVersion(const std::string& version) {
   REQUIRE(CRegister(registry).SetString(RootKey::CurrentUser, kOverride, "Version", version) ==
           kRegOk);
 }
+
+bool RunsAs9x() { return family == "9x"; }
 
 std::string Content(const std::string& path) {
   std::string content;

@@ -26,8 +26,11 @@ void PlantFile(const std::string& path, std::size_t size);
 
 std::string Setting(const std::string& section, const std::string& key);
 void SetSetting(const std::string& section, const std::string& key, const std::string& text);
-// Wine's name of the Windows that the program runs on; empty: that of the prefix.
+// Wine's name of the Windows that the program runs on; empty: that of SCOURWELL_WINDOWS, or else of
+// the prefix. It begins as that of the prefix.
 void SetWindowsVersion(const std::string& version);
+// True where that is Windows 95, 98 or Me.
+bool RunsAs9x();
 
 // Empty when there is no such file.
 std::string Content(const std::string& path);

@@ -236,7 +236,7 @@ TEST_CASE("packs are listed and chosen, the verb follows the language, a lost pa
   }
   CHECK(Setting("Language", "Name") == "Deutsch.ini");
   CHECK(verb(kDriveVerb) ==
-        "Mit Scourwell pr\xFC"
+        "Mit Scourwell pr\u00FC"
         "fen");
   for (const char* file : {"Deutsch.ini", "Deutsch.bmp"}) Erase(lang + file);
   {

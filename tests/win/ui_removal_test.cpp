@@ -29,7 +29,6 @@ TEST_CASE("what was backed up and removed comes back byte for byte") {
   Click(ReadyControl(top, IDC_cmdBackup));
   const HWND ask = program.Window("Backup File Name");
   REQUIRE(ask);
-  SetWindowTextA(Control(ask, IDC_txtAnswer), "test one");
   SetText(Control(ask, IDC_txtAnswer), "test one");
   Click(Control(ask, IDOK));
   Answer(&program, "Information", IDOK);
@@ -54,7 +53,7 @@ TEST_CASE("what was backed up and removed comes back byte for byte") {
   Answer(&program, "Confirmation", IDYES);
   const HWND done = program.Window("Information", 60000);
   REQUIRE(done);
-  PostMessageA(done, WM_COMMAND, IDOK, 0);
+  PostMessageW(done, WM_COMMAND, IDOK, 0);
   Erase("C:\\planted\\newer.txt");
   CHECK(FolderSnapshot("C:\\planted") == tree);
   CHECK(FolderSnapshot("C:\\precious") == precious);
@@ -99,7 +98,7 @@ TEST_CASE("an unattended scan backs up, removes, tells and counts") {
   Answer(&second, "Confirmation", IDYES);
   const HWND done = second.Window("Information", 60000);
   REQUIRE(done);
-  PostMessageA(done, WM_COMMAND, IDOK, 0);
+  PostMessageW(done, WM_COMMAND, IDOK, 0);
   CHECK(KeySnapshot(RootKey::LocalMachine, kEvilKey) == key);
   CHECK(KeySnapshot(RootKey::LocalMachine, kRun) == run);
   CHECK(FolderSnapshot("C:\\planted") == tree);
@@ -281,7 +280,7 @@ TEST_CASE("a folder that becomes a link between scan and removal is not gone thr
   Answer(&program, "Confirmation", IDOK);
   const HWND warning = program.Window("Error", 30000);
   REQUIRE(warning);
-  PostMessageA(warning, WM_COMMAND, IDOK, 0);
+  PostMessageW(warning, WM_COMMAND, IDOK, 0);
   const std::string outcome = CloseOutcome(&program);
   CAPTURE(outcome);
   CHECK(outcome.find("C:\\planted\\evil.dll - refused (The folder is a link: C:\\planted)") !=

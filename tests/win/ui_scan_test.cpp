@@ -131,7 +131,7 @@ TEST_CASE("a folder below what the definitions name gives a clean result") {
   Click(next);
   const HWND box = program.Window("Information");
   REQUIRE(box);
-  PostMessageA(box, WM_COMMAND, IDOK, 0);
+  PostMessageW(box, WM_COMMAND, IDOK, 0);
   CHECK(WaitFor([&] { return Control(top, IDC_imgSearch) != nullptr; }));
 }
 
@@ -186,7 +186,7 @@ TEST_CASE("definitions that are replaced while the program runs count in the nex
   CHECK(Text(GetDlgItem(box, 0xFFFF)) ==
         "Update File: 2\r\nComponents Update: None\r\nComponents Added: Innocents\r\n"
         "Components Removed: None\r\n");
-  PostMessageA(box, WM_COMMAND, IDOK, 0);
+  PostMessageW(box, WM_COMMAND, IDOK, 0);
   CHECK(WaitFor([&] { return !IsWindow(box); }));
   Command(top, IDM_mnuStartScan);
   REQUIRE(LogHasClosed(2));

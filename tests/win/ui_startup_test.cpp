@@ -16,7 +16,6 @@ constexpr char kLines[] = "Software\\Microsoft\\Windows NT\\CurrentVersion\\Wind
 constexpr char kSaveProf[] = "C:\\Scourwell\\SaveProf.pro";
 constexpr int kStartupFolder = 7;
 constexpr int kCommonStartupFolder = 24;
-constexpr int kFileName[] = {0x47C, 0x480};  // of file dialogs, new and old
 
 FilesWin files;
 RegistryWin registry;
@@ -36,7 +35,7 @@ std::vector<Planted> PlantedValues() {
           {kMachine, "Run", "Planted data", kRegBinary, "\1\2\3"},
           {kMachine, "RunOnce", "Planted once", kRegText, Z("once.exe")},
           {kMachine, "RunOnceEx", "Planted ex", kRegText, Z("ex.exe")},
-          {kMachine, "RunServices", "Planted service", kRegText, "no end"},
+          {kMachine, "RunServices", "Planted service", kRegText, RunsAs9x() ? Z("end") : "no end"},
           {kUser, "Run", "Planted user", kRegExpandText, Z("%WinDir%\\notepad.exe")}};
 }
 
@@ -89,19 +88,6 @@ std::size_t CountOf(HWND list, const std::string& status) {
   std::size_t count = 0;
   for (const auto& [name, each] : Statuses(list)) count += each == status ? 1 : 0;
   return count;
-}
-
-void AnswerFileDialog(Program& program, const char* title, const std::string& path) {
-  const HWND dialog = program.Window(title);
-  REQUIRE(dialog);
-  HWND name = nullptr;
-  REQUIRE(WaitFor([&] {
-    for (const int id : kFileName) name = name ? name : Control(dialog, id);
-    return name != nullptr;
-  }));
-  SetText(name, path);
-  PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-  CHECK(WaitFor([&] { return !IsWindow(dialog); }));
 }
 
 }  // namespace
@@ -191,7 +177,7 @@ TEST_CASE("a task is added by the dialog, and marks are not lost by closing") {
   SelectRow(tool.list, RowOf(tool.list, "Planted task"));
   Click(ReadyControl(tool.window, IDC_cmdToolRemove));
   CHECK(WaitFor([&] { return CountOf(tool.list, "Remove") == 1; }));
-  PostMessageA(tool.window, WM_CLOSE, 0, 0);
+  PostMessageW(tool.window, WM_CLOSE, 0, 0);
   HWND box = nullptr;
   REQUIRE(WaitFor([&] {
     box = GetLastActivePopup(tool.window);

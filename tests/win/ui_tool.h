@@ -53,8 +53,23 @@ struct Tool {
 
 inline void Answer(HWND box, int button) {
   REQUIRE(box);
-  PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+  PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
   CHECK(WaitFor([&] { return !IsWindow(box); }));
+}
+
+// Types a path into a file dialog and confirms it.
+inline void AnswerFileDialog(Program& program, const char* title, const std::string& path) {
+  const HWND dialog = program.Window(title);
+  REQUIRE(dialog);
+  constexpr int kFileName[] = {0x47C, 0x480};  // of file dialogs, new and old
+  HWND name = nullptr;
+  REQUIRE(WaitFor([&] {
+    for (const int id : kFileName) name = name ? name : Control(dialog, id);
+    return name != nullptr;
+  }));
+  SetText(name, path);
+  PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+  CHECK(WaitFor([&] { return !IsWindow(dialog); }));
 }
 
 }  // namespace scourwell::ui

@@ -1,0 +1,33 @@
+#include "platform/code_pages.h"
+
+#include "platform/escaped.h"
+#include "platform/unicode.h"
+
+namespace scourwell {
+
+std::string CodePages::Spelled(std::string_view text) {
+  std::string unmistakable = Escaped(text, [](char32_t) { return true; });
+  if (IsAscii(unmistakable) || Encode(unmistakable)) return unmistakable;
+  return Escaped(text, [&](char32_t code) {
+    std::string character;
+    AppendCode(code, &character);
+    return code < 0x80 || Encode(character).has_value();
+  });
+}
+
+std::string CodePages::ToFile(std::string_view text) {
+  const std::string spelled = Spelled(text);
+  return IsAscii(spelled) ? spelled : Encode(spelled).value_or(std::string());
+}
+
+std::string CodePages::FromFile(std::string_view bytes) {
+  std::string text;
+  if (IsAscii(bytes)) {
+    text = bytes;
+  } else if (!Decode(System(), bytes, &text).ok()) {
+    return {};
+  }
+  return Unescaped(text);
+}
+
+}  // namespace scourwell

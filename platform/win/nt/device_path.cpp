@@ -1,0 +1,25 @@
+#include "platform/win/nt/device_path.h"
+
+#include <windows.h>
+
+#include "platform/text.h"
+#include "platform/win/native_text.h"
+
+namespace scourwell {
+
+std::string DosPathOf(const std::string& device_path) {
+  const DWORD present = GetLogicalDrives();
+  for (wchar_t letter = L'A'; letter <= L'Z'; ++letter) {
+    if (!(present >> (letter - L'A') & 1)) continue;
+    const wchar_t drive[] = {letter, L':', 0};
+    wchar_t target[MAX_PATH] = L"";
+    if (QueryDosDeviceW(drive, target, MAX_PATH) == 0) continue;
+    const std::string device = FromWide(target);
+    const std::size_t size = PrefixNoCase(device_path, device);
+    if (size == device_path.npos || device.empty()) continue;
+    if (device_path.substr(size, 1) == "\\") return FromWide(drive) + device_path.substr(size);
+  }
+  return {};
+}
+
+}  // namespace scourwell

@@ -1,0 +1,149 @@
+#include "platform/paths.h"
+#include "platform/text.h"
+#include "platform/win/file_calls.h"
+#include "platform/win/find_data.h"
+#include "platform/win/native_text.h"
+#include "platform/win/nt/native_path.h"
+#include "platform/win/version_block.h"
+
+namespace scourwell {
+namespace {
+
+DirEntry ToEntry(const WIN32_FIND_DATAW& data) {
+  DirEntry entry = WithoutNames(data);
+  entry.name = FromWide(data.cFileName);
+  entry.short_name = FromWide(data.cAlternateFileName);
+  return entry;
+}
+
+// Calls with the native path and under true names; `failed` where there is no such path.
+template <class Result, class Call>
+Result With(const std::string& path, Result failed, Call&& call) {
+  const std::optional<std::wstring> native = NativePath(path);
+  if (!native) {
+    SetLastError(ERROR_PATH_NOT_FOUND);
+    return failed;
+  }
+  const TrueNames true_names;
+  return call(native->c_str());
+}
+
+class NtCalls : public FileCalls {
+ public:
+  DWORD Find(const std::string& pattern, const Visit& visit) const override {
+    WIN32_FIND_DATAW data;
+    const FindHandle find(With(pattern, INVALID_HANDLE_VALUE, [&](const wchar_t* native) {
+      return FindFirstFileW(native, &data);
+    }));
+    if (!find) return GetLastError();
+    const std::string_view name = FileNamePart(pattern);
+    const bool one_name = name.find_first_of("*?") == name.npos;
+    do {
+      if (IsDots(data.cFileName)) continue;
+      const DirEntry entry = ToEntry(data);
+      // Some systems drop a dot at the end all the same.
+      if (one_name && !EqualsNoCase(entry.name, name) && !EqualsNoCase(entry.short_name, name)) {
+        return ERROR_FILE_NOT_FOUND;
+      }
+      if (!visit(entry)) return NO_ERROR;
+    } while (FindNextFileW(find.get(), &data));
+    return GetLastError();
+  }
+
+  FileHandle Open(const std::string& path, DWORD access, DWORD share, DWORD disposition,
+                  DWORD flags) const override {
+    return FileHandle(With(path, INVALID_HANDLE_VALUE, [&](const wchar_t* native) {
+      return CreateFileW(native, access, share, nullptr, disposition, flags, nullptr);
+    }));
+  }
+
+  DWORD Attributes(const std::string& path) const override {
+    return With(path, kNoAttributes, GetFileAttributesW);
+  }
+
+  bool SetAttributes(const std::string& path, DWORD attributes) const override {
+    return With(path, FALSE, [&](const wchar_t* native) {
+             return SetFileAttributesW(native, attributes);
+           }) != FALSE;
+  }
+
+  bool Delete(const std::string& path) const override {
+    return With(path, FALSE, DeleteFileW) != FALSE;
+  }
+
+  bool CreateFolder(const std::string& path) const override {
+    return With(path, FALSE,
+                [](const wchar_t* native) { return CreateDirectoryW(native, nullptr); }) != FALSE;
+  }
+
+  bool RemoveFolder(const std::string& path) const override {
+    return With(path, FALSE, RemoveDirectoryW) != FALSE;
+  }
+
+  bool Move(const std::string& from, const std::string& to) const override {
+    return Rename(from, to, 0);
+  }
+
+  bool SwapIn(const std::string& fresh, const std::string& path) const override {
+    return Rename(fresh, path, MOVEFILE_REPLACE_EXISTING);
+  }
+
+  bool BringBack(const std::string&) const override { return false; }
+  void DropAside(const std::string&) const override {}
+
+  std::string ShortPath(const std::string& path) const override {
+    return With(path, std::string(), [](const wchar_t* native) {
+      const DWORD needed = GetShortPathNameW(native, nullptr, 0);
+      std::wstring short_path(needed, L'\0');
+      const DWORD size = needed ? GetShortPathNameW(native, short_path.data(), needed) : 0;
+      if (size == 0 || size >= needed) return std::string();
+      short_path.resize(size);
+      return WithoutPrefix(FromWide(short_path));
+    });
+  }
+
+  bool VersionBlock(const std::string& path, std::string* block) const override {
+    static const VersionReader<wchar_t> reader("GetFileVersionInfoSizeW", "GetFileVersionInfoW");
+    return With(path, false,
+                [&](const wchar_t* native) { return reader.ReadBlock(native, block); });
+  }
+
+  UINT DriveType(const std::string& root) const override {
+    return GetDriveTypeW(Wide(root).c_str());
+  }
+
+  bool IsReady(const std::string& root) const override {
+    DWORD longest = 0;
+    DWORD flags = 0;
+    return GetVolumeInformationW(Wide(root).c_str(), nullptr, 0, nullptr, &longest, &flags, nullptr,
+                                 0) != FALSE;
+  }
+
+ private:
+  static bool Rename(const std::string& from, const std::string& to, DWORD flags) {
+    const std::optional<std::wstring> target = NativePath(to);
+    if (!target) {
+      SetLastError(ERROR_PATH_NOT_FOUND);
+      return false;
+    }
+    return With(from, FALSE, [&](const wchar_t* native) {
+             return MoveFileExW(native, target->c_str(), flags);
+           }) != FALSE;
+  }
+
+  static std::string WithoutPrefix(const std::string& native) {
+    constexpr std::string_view kOnServer = "\\\\?\\UNC\\";
+    constexpr std::string_view kOnDrive = "\\\\?\\";
+    if (native.starts_with(kOnServer)) return "\\\\" + native.substr(kOnServer.size());
+    return native.starts_with(kOnDrive) ? native.substr(kOnDrive.size()) : native;
+  }
+};
+
+}  // namespace
+
+const FileCalls& NtFileCalls() {
+  static const NtCalls calls;
+  return calls;
+}
+
+}  // namespace scourwell

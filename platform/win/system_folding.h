@@ -1,0 +1,8 @@
+#pragma once
+
+namespace scourwell {
+
+// Makes Folding do what the running system does with names.
+void UseSystemFolding();
+
+}  // namespace scourwell
