@@ -7,6 +7,7 @@
 #include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
+#include "platform/win/native_text.h"
 #include "scan/drive_scan.h"
 
 namespace scourwell::bench {
@@ -32,23 +33,23 @@ struct Walked {
   int folders = 0;
 };
 
-void BareWalk(const std::string& folder, Walked* walked) {
+void BareWalk(const std::wstring& folder, Walked* walked) {
   ++walked->folders;
-  std::vector<std::string> subfolders;
-  WIN32_FIND_DATAA data;
-  const HANDLE find = FindFirstFileA((folder + "\\*.*").c_str(), &data);
+  std::vector<std::wstring> subfolders;
+  WIN32_FIND_DATAW data;
+  const HANDLE find = FindFirstFileW((folder + L"\\*").c_str(), &data);
   if (find == INVALID_HANDLE_VALUE) return;
   do {
-    const std::string name = data.cFileName;
-    if (name == "." || name == "..") continue;
+    const std::wstring name = data.cFileName;
+    if (name == L"." || name == L"..") continue;
     if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
       subfolders.push_back(name);
     } else {
       ++walked->files;
     }
-  } while (FindNextFileA(find, &data));
+  } while (FindNextFileW(find, &data));
   FindClose(find);
-  for (const std::string& name : subfolders) BareWalk(folder + "\\" + name, walked);
+  for (const std::wstring& name : subfolders) BareWalk(folder + L"\\" + name, walked);
 }
 
 // One row in five with a wildcard; a few name what the tree holds.
@@ -86,8 +87,9 @@ void BenchPasses(const char* tree) {
   PlainCaptions captions;
   ScanProgress progress;
   GapPump pump;
+  const std::wstring wide_tree = Wide(tree);
   Walked walked;
-  BareWalk(tree, &walked);  // warms the disk cache
+  BareWalk(wide_tree, &walked);  // warms the disk cache
   std::printf("tree: %d files in %d folders\n", walked.files, walked.folders);
 
   for (const char* type : {"Spy Folder", "Spy File"}) {
@@ -99,7 +101,7 @@ void BenchPasses(const char* tree) {
       pump.Restart();
       for (int i = 0; i < kRounds; ++i) {
         Walked again;
-        bare.values.push_back(Measure([&] { BareWalk(tree, &again); }));
+        bare.values.push_back(Measure([&] { BareWalk(wide_tree, &again); }));
         pump.Restart();
         double built = 0;
         WalkGoal goal(progress.phase);

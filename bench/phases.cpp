@@ -7,6 +7,7 @@
 #include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
+#include "platform/win/native_text.h"
 #include "platform/win/registry_win.h"
 #include "platform/win/system_win.h"
 #include "scan/cookie_scan.h"
@@ -66,23 +67,23 @@ void MakeClasses() {
   RegCloseKey(key);
 }
 
-int BareWalk(HKEY root, const std::string& path) {
+int BareWalk(HKEY root, const std::wstring& path) {
   HKEY key = nullptr;
-  if (RegOpenKeyExA(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return 0;
-  char name[256];
+  if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return 0;
+  wchar_t name[256];
   int keys = 0;
-  for (DWORD i = 0; RegEnumKeyA(key, i, name, sizeof name) == ERROR_SUCCESS; ++i) {
-    keys += 1 + BareWalk(root, path + "\\" + name);
+  for (DWORD i = 0; RegEnumKeyW(key, i, name, 256) == ERROR_SUCCESS; ++i) {
+    keys += 1 + BareWalk(root, path + L"\\" + name);
   }
   RegCloseKey(key);
   return keys;
 }
 
 void BareCookies(const char* folder) {
-  WIN32_FIND_DATAA data;
-  const HANDLE find = FindFirstFileA((std::string(folder) + "\\*.*").c_str(), &data);
+  WIN32_FIND_DATAW data;
+  const HANDLE find = FindFirstFileW((Wide(folder) + L"\\*").c_str(), &data);
   if (find == INVALID_HANDLE_VALUE) return;
-  while (FindNextFileA(find, &data)) {
+  while (FindNextFileW(find, &data)) {
   }
   FindClose(find);
 }
@@ -115,17 +116,17 @@ void BenchPhases(const char* cookies, const char* scratch_folder) {
   for (int i = 0; i < kSignatures; ++i) {
     FillListBoxRegistrySType(lists.lstSearch, ClassId(1000000 + i), "Bench");
   }
-  const int keys = BareWalk(HKEY_CLASSES_ROOT, "CLSID");
+  const int keys = BareWalk(HKEY_CLASSES_ROOT, L"CLSID");
   std::printf("registry: %d class keys, %d signatures\n", keys, kSignatures);
   Compare(
       "deep registry pass", pump,
       [] {
-        for (const char* key :
-             {"Software\\Microsoft\\Windows\\CurrentVersion\\moduleusage",
-              "SYSTEM\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9"}) {
+        for (const wchar_t* key :
+             {L"Software\\Microsoft\\Windows\\CurrentVersion\\moduleusage",
+              L"SYSTEM\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9"}) {
           BareWalk(HKEY_LOCAL_MACHINE, key);
         }
-        BareWalk(HKEY_CLASSES_ROOT, "CLSID");
+        BareWalk(HKEY_CLASSES_ROOT, L"CLSID");
       },
       [&] { RegistryScan(registry, pump, log, sink, progress, lists, loader).DeepPass(); });
 
