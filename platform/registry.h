@@ -66,8 +66,8 @@ struct RegCounts {
 };
 
 // The registry as the system offers it, one call a method and no policy. Key paths carry no
-// leading "\"; the empty path is the root itself. Names compare without regard to case. A value
-// whose name holds a NUL can be listed only: by its name it gives kRegInvalidParameter.
+// leading "\"; the empty path is the root itself. Names compare without regard to case. A key or a
+// value whose name holds a NUL can be listed only: by its name it gives kRegInvalidParameter.
 class Registry {
  public:
   // Return false to end the enumeration.

@@ -16,7 +16,7 @@ RegStatus DeleteOpenKey(HKEY key) {
   return static_cast<RegStatus>(to_dos_error(delete_key(key)));
 }
 
-// A call would take what stands before the NUL, which may be another value's name.
+// A call would take what stands before the NUL, which may be the name of another key or value.
 bool HasNul(const std::string& name) { return name.find('\0') != name.npos; }
 
 }  // namespace
@@ -103,6 +103,7 @@ RegStatus RegistryWin::DeleteValue(RootKey root, const std::string& path, const 
 
 RegStatus RegistryWin::IsLink(RootKey root, const std::string& path, bool* is_link) {
   *is_link = false;
+  if (HasNul(path)) return kRegInvalidParameter;
   KeyHandle key;
   const bool has_links = (GetVersion() & 0x8000'0000u) == 0;
   if (!has_links) return Open(root, path, KEY_QUERY_VALUE, &key);
@@ -117,6 +118,7 @@ RegStatus RegistryWin::IsLink(RootKey root, const std::string& path, bool* is_li
 }
 
 RegStatus RegistryWin::DeleteKeyCall(RootKey root, const std::string& path) {
+  if (HasNul(path)) return kRegInvalidParameter;
   bool is_link = false;
   const RegStatus known = IsLink(root, path, &is_link);
   if (is_link || known == kRegAccessDenied) {

@@ -139,6 +139,22 @@ TEST_SUITE("contract_registry") {
     CHECK(r.Keys("") == "");
   }
 
+  TEST_CASE("a key whose path holds a NUL is not the one that is called what stands before it") {
+    InRegistry r;
+    r.Set("\\plain", "v", "1");
+    const std::string path = r.root + std::string("\\plain\0hidden", 13);
+    bool link = false;
+    RegCounts counts;
+    CHECK(r.registry.DeleteKeyCall(kUser, path) == kRegInvalidParameter);
+    CHECK(r.registry.IsLink(kUser, path, &link) == kRegInvalidParameter);
+    CHECK(r.registry.TryOpen(kUser, path, kKeyRead) == kRegInvalidParameter);
+    CHECK(r.registry.Count(kUser, path, &counts) == kRegInvalidParameter);
+    CHECK(r.registry.CreateKey(kUser, path) == kRegInvalidParameter);
+    CHECK(r.registry.DeleteValue(kUser, path, "v") == kRegInvalidParameter);
+    CHECK(r.Values("\\plain") == "v=31 ");
+    CHECK(r.Keys("") == "plain ");
+  }
+
   TEST_CASE("every value is listed with its own data, whatever it is called") {
     InRegistry r;
     const std::string hidden("name\0hidden", 11);

@@ -13,6 +13,8 @@ std::string SplitLast(std::string path, std::string* name) {
   return slash == path.npos ? std::string() : path.substr(0, slash);
 }
 
+bool HasNul(std::string_view text) { return text.find('\0') != text.npos; }
+
 template <class Visit>
 bool ForParts(std::string_view path, Visit&& visit) {
   while (!path.empty()) {
@@ -91,6 +93,7 @@ std::string FakeRegistry::Text(RootKey root, const std::string& path, const std:
 
 RegStatus FakeRegistry::TryOpen(RootKey root, const std::string& path, std::uint32_t rights) {
   if (path.starts_with("\\")) return kRegBadPath;
+  if (HasNul(path)) return kRegInvalidParameter;
   const Key* key = Find(root, path);
   if (!key) return kRegNotFound;
   if (key->unreadable) return kRegAccessDenied;
@@ -99,7 +102,7 @@ RegStatus FakeRegistry::TryOpen(RootKey root, const std::string& path, std::uint
 
 RegStatus FakeRegistry::QueryValue(RootKey root, const std::string& path, const std::string& name,
                                    RegValue* value) {
-  if (name.find('\0') != name.npos) return kRegInvalidParameter;
+  if (HasNul(name)) return kRegInvalidParameter;
   if (const RegStatus opened = TryOpen(root, path, kKeyRead)) return opened;
   for (const auto& [existing, stored] : Find(root, path)->values) {
     if (!EqualsNoCase(existing, name)) continue;
@@ -112,6 +115,7 @@ RegStatus FakeRegistry::QueryValue(RootKey root, const std::string& path, const 
 RegStatus FakeRegistry::CreateKey(RootKey root, const std::string& path) {
   if (before_change) before_change();
   if (path.starts_with("\\")) return kRegBadPath;
+  if (HasNul(path)) return kRegInvalidParameter;
   // What denies changes denies keys below it too.
   for (std::size_t slash = path.size(); slash != path.npos; slash = path.rfind('\\', slash - 1)) {
     const Key* key = Find(root, path.substr(0, slash));
@@ -124,7 +128,7 @@ RegStatus FakeRegistry::CreateKey(RootKey root, const std::string& path) {
 
 RegStatus FakeRegistry::SetValue(RootKey root, const std::string& path, const std::string& name,
                                  const RegValue& value) {
-  if (name.find('\0') != name.npos) return kRegInvalidParameter;
+  if (HasNul(name)) return kRegInvalidParameter;
   if (before_change) before_change();
   const RegStatus opened = TryOpen(root, path, kKeyAllRights);
   if (opened != kRegOk && opened != kRegNotFound) return opened;
@@ -134,7 +138,7 @@ RegStatus FakeRegistry::SetValue(RootKey root, const std::string& path, const st
 
 RegStatus FakeRegistry::DeleteValue(RootKey root, const std::string& path,
                                     const std::string& name) {
-  if (name.find('\0') != name.npos) return kRegInvalidParameter;
+  if (HasNul(name)) return kRegInvalidParameter;
   if (before_change) before_change();
   if (const RegStatus opened = TryOpen(root, path, kKeyAllRights)) return opened;
   const std::size_t gone = std::erase_if(
@@ -143,6 +147,7 @@ RegStatus FakeRegistry::DeleteValue(RootKey root, const std::string& path,
 }
 
 RegStatus FakeRegistry::IsLink(RootKey root, const std::string& path, bool* is_link) {
+  if (HasNul(path)) return kRegInvalidParameter;
   const Key* key = Walk(root, path, false);
   *is_link = key && !key->link.empty();
   return key ? kRegOk : kRegNotFound;
@@ -153,7 +158,7 @@ RegStatus FakeRegistry::DeleteKeyCall(RootKey root, const std::string& path) {
   journal.push_back("DeleteKey " + path);
   std::string name;
   const std::string parent = SplitLast(path, &name);
-  if (name.empty()) return kRegInvalidParameter;
+  if (name.empty() || HasNul(path)) return kRegInvalidParameter;
   if (path.starts_with("\\")) return kRegBadPath;
   const Key* key = Walk(root, path, false);
   if (!key) return kRegNotFound;
