@@ -8,10 +8,11 @@ namespace scourwell {
 std::string CodePages::Spelled(std::string_view text) {
   std::string unmistakable = Escaped(text, [](char32_t) { return true; });
   if (IsAscii(unmistakable) || Encode(unmistakable)) return unmistakable;
+  // A half of a pair may have bytes of its own, and others beside another character.
   return Escaped(text, [&](char32_t code) {
     std::string character;
     AppendCode(code, &character);
-    return code < 0x80 || Encode(character).has_value();
+    return code < 0x80 || (!IsSurrogate(code) && Encode(character).has_value());
   });
 }
 

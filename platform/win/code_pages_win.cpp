@@ -11,8 +11,9 @@ namespace scourwell {
 unsigned CodePagesWin::System() { return GetACP(); }
 
 Outcome CodePagesWin::Decode(unsigned code_page, std::string_view bytes, std::string* text) {
-  if (bytes.empty()) {
-    text->clear();
+  // Of the system's own no byte is lost.
+  if (bytes.empty() || code_page == GetACP()) {
+    *text = FromNarrow(bytes);
     return {};
   }
   const int size = static_cast<int>(bytes.size());

@@ -33,7 +33,17 @@ std::string Encode(std::wstring_view wide) {
 
 // Bytes of the character at the beginning.
 std::size_t CharacterSize(std::string_view bytes) {
+  if (GetACP() == CP_UTF8) {
+    std::size_t size = 0;
+    NextCode(bytes, &size);
+    return size;
+  }
   return bytes.size() > 1 && IsDBCSLeadByte(static_cast<BYTE>(bytes[0])) ? 2 : 1;
+}
+
+std::size_t UnitsOfCharacter(std::wstring_view wide) {
+  const bool pair = wide.size() > 1 && (wide[0] & 0xFC00) == 0xD800 && (wide[1] & 0xFC00) == 0xDC00;
+  return pair ? 2 : 1;
 }
 
 // Character by character, since some of them are none.
@@ -55,13 +65,14 @@ std::wstring DecodeWithStrays(std::string_view bytes) {
 
 std::optional<std::string> EncodeWithStrays(std::wstring_view wide) {
   std::string bytes;
-  for (const wchar_t unit : wide) {
-    if (IsStray(unit)) {
-      bytes += static_cast<char>(unit - kStrayHalf);
+  for (; !wide.empty(); wide.remove_prefix(UnitsOfCharacter(wide))) {
+    if (IsStray(wide.front())) {
+      bytes += static_cast<char>(wide.front() - kStrayHalf);
       continue;
     }
-    const std::string character = Encode({&unit, 1});
-    if (Decode(character) != std::wstring_view(&unit, 1)) return std::nullopt;
+    const std::wstring_view units = wide.substr(0, UnitsOfCharacter(wide));
+    const std::string character = Encode(units);
+    if (Decode(character) != units) return std::nullopt;
     bytes += character;
   }
   return bytes;
@@ -88,7 +99,10 @@ std::optional<std::string> ExactNarrow(std::string_view text) {
   const std::wstring wide = Wide(text);
   std::string bytes = Encode(wide);
   if (Decode(bytes) == wide) return bytes;
-  return EncodeWithStrays(wide);
+  // The NT family has names with such halves that stand for no byte here.
+  std::optional<std::string> with_strays = EncodeWithStrays(wide);
+  if (with_strays && FromNarrow(*with_strays) != text) return std::nullopt;
+  return with_strays;
 }
 
 std::string FromNarrow(std::string_view narrow) {
