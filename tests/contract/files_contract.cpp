@@ -135,6 +135,19 @@ TEST_SUITE("contract_files") {
     CHECK(disk.Names("*.*") == "");
   }
 
+  TEST_CASE("a path is as long as the system's own letters make it") {
+    OnDisk disk;
+    std::string name;
+    while (name.size() < 250) name += "\u00E9";
+    if (!disk.machine->code_pages().Encode(name)) return;
+    disk.machine->MakeFolder(disk.root + name);
+    disk.Make(name + "\\spy.exe", "evil");
+    CHECK(disk.Content(name + "\\spy.exe") == "evil");
+    CHECK(disk.Names(name + "\\*.*") == "spy.exe ");
+    CHECK(disk.files.EraseFile(disk.root + name + "\\spy.exe").ok());
+    CHECK(disk.files.RemoveFolder(disk.root + name).ok());
+  }
+
   TEST_CASE("what is not there is not found") {
     OnDisk disk;
     disk.Make("file");
