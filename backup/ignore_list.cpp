@@ -86,11 +86,19 @@ Outcome IgnoreList::Keep(const std::vector<IgnoreRecord>& kept) {
   std::string content;
   Outcome read = files_.Read(scratch, kLargest, &content);
   if (read.number() == kFileNotFound) {
-    return FileExists(files_, path_) ? files_.EraseFile(path_) : Outcome();
+    Outcome gone = FileExists(files_, path_) ? files_.EraseFile(path_) : Outcome();
+    return gone.ok() ? StateCodePage() : std::move(gone);
   }
   if (read.ok()) read = files_.Replace(path_, content);
-  if (read.ok()) read = kept_.Set(kSection, kCodePage, std::to_string(code_pages_.System()));
-  return read.ok() ? files_.EraseFile(scratch) : std::move(read);
+  if (!read.ok()) return read;
+  Outcome stated = StateCodePage();
+  // What stayed here would come back into the next list.
+  Outcome erased = files_.EraseFile(scratch);
+  return stated.ok() ? std::move(erased) : std::move(stated);
+}
+
+Outcome IgnoreList::StateCodePage() {
+  return kept_.Set(kSection, kCodePage, std::to_string(code_pages_.System()));
 }
 
 unsigned IgnoreList::FileCodePage() {
@@ -115,8 +123,7 @@ std::string IgnoreList::ToFile(const std::vector<IgnoreRecord>& records) {
 
 // Before a record is appended: the list of another code page is written anew in the present one.
 Outcome IgnoreList::TurnOver() {
-  const unsigned system = code_pages_.System();
-  if (FileCodePage() == system) return kept_.Set(kSection, kCodePage, std::to_string(system));
+  if (FileCodePage() == code_pages_.System()) return StateCodePage();
   std::vector<IgnoreRecord> records;
   if (Outcome read = Load(&records); !read.ok()) return read;
   return Keep(records);

@@ -64,6 +64,8 @@ class IgnoreList {
   Outcome Refresh();
   // The code page of the file as it stands.
   unsigned FileCodePage();
+  // That it is the present one.
+  Outcome StateCodePage();
   std::string FromFile(std::string_view bytes);
   std::string ToFile(const std::vector<IgnoreRecord>& records);
   Outcome TurnOver();

@@ -103,6 +103,26 @@ TEST_SUITE("ignore_list") {
     CHECK(records.size() == 2);
   }
 
+  TEST_CASE("a list that was emptied or taken away begins anew in the present code page") {
+    for (const bool emptied : {true, false}) {
+      CAPTURE(emptied);
+      Results r;
+      REQUIRE(r.ignore.Append({{"Spy File", "C:\\z\u00FCrich", "s"}}).ok());
+      if (emptied) REQUIRE(r.ignore.Keep({}).ok());
+      if (!emptied) r.m.files.Remove(kIgnored);
+      r.m.code_pages.system = 1251;
+      IgnoreList later(r.m.files, r.m.clock, r.m.code_pages, r.kept, r.log, kIgnored);
+      for (const char* path : {"C:\\\u0430", "C:\\\u0431"}) {
+        REQUIRE(later.Append({{"Spy File", path, "s"}}).ok());
+        CHECK(later.Matches("Spy File", path));
+      }
+      std::vector<IgnoreRecord> records;
+      REQUIRE(later.Load(&records).ok());
+      REQUIRE(records.size() == 2);
+      CHECK(records[0].details == "C:\\\u0430");
+    }
+  }
+
   TEST_CASE("whichever write fails, no record that is kept is lost") {
     for (std::size_t n = 1; n <= 4; ++n) {
       CAPTURE(n);
