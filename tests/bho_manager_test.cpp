@@ -83,6 +83,22 @@ TEST_SUITE("bho_manager") {
     CHECK_FALSE(h.m.Has(kProfile));
   }
 
+  TEST_CASE("a helper whose key has as long a name as a key can have is disabled like any other") {
+    Helpers h;
+    std::string longest;
+    while (longest.size() < 3 * 255) longest += "\u8868";
+    Helpers::Helper(h.m.registry, longest);
+    const std::string before = h.State();
+    BhoManager manager(h.needs);
+    manager.Form_Load();
+    ToggleAll(manager);
+    CHECK(manager.ApplyNow());
+    CHECK(h.m.registry.Find(kMachine, kHelpers)->children.empty());
+    manager.ResetAll();
+    CHECK(manager.ApplyNow());
+    CHECK(h.State() == before);
+  }
+
   TEST_CASE("no crash loses a helper") { CheckThatNoCrashLosesAnEntry<BhoManager, Helpers>(); }
 
   TEST_CASE("refusals, intruders and records that are no helpers") {

@@ -5,6 +5,7 @@
 
 #include "platform/file_utils.h"
 #include "platform/text.h"
+#include "platform/unicode.h"
 #include "tools/program_of.h"
 #include "tools/stored_value.h"
 #include "tools/win_ini_line.h"
@@ -40,7 +41,8 @@ constexpr std::size_t kStartupPlaces = 9;
 
 // A key's own name: below its place, nowhere else.
 bool IsKeyName(const std::string& name) {
-  return !name.empty() && name.size() <= 255 &&
+  constexpr std::size_t kLongest = 255;  // 16-bit units
+  return !name.empty() && ToUtf16(name).size() <= kLongest &&
          name.find_first_of(std::string_view("\\\0", 2)) == name.npos;
 }
 
