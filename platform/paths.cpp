@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/text.h"
+#include "platform/unicode.h"
 
 namespace scourwell {
 namespace {
@@ -13,6 +14,11 @@ bool HasForbidden(std::string_view path) {
   return path.find(':', 2) != path.npos || std::ranges::any_of(path, [&](char c) {
            return static_cast<unsigned char>(c) < 32 || kForbidden.find(c) != kForbidden.npos;
          });
+}
+
+// False for bytes of no character and for pairs in two pieces: the system would read another text.
+bool ReadsAsItIsSpelled(std::string_view path) {
+  return IsAscii(path) || FromUtf16(ToUtf16(path)) == path;
 }
 
 }  // namespace
@@ -115,7 +121,7 @@ bool IsPlainPath(std::string_view path) {
 }
 
 bool IsExactPath(std::string_view path) {
-  if (!IsAbsolutePath(path) || HasForbidden(path)) return false;
+  if (!IsAbsolutePath(path) || HasForbidden(path) || !ReadsAsItIsSpelled(path)) return false;
   const std::size_t root = RootSize(path);
   if (root >= path.size()) return true;
   path.remove_prefix(root);

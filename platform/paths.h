@@ -55,8 +55,8 @@ bool IsDeviceName(std::string_view name);
 // wildcards, device names and "." and ".." parts.
 bool IsPlainPath(std::string_view path);
 // True when a path names one place on the NT family, however odd its names: absolute, without
-// empty,
-// "." and ".." parts, and without characters that no name there has.
+// empty, "." and ".." parts, without characters that no name there has, and spelled as the name
+// that is listed.
 bool IsExactPath(std::string_view path);
 
 }  // namespace scourwell

@@ -187,6 +187,8 @@ TEST_SUITE("archive_damage") {
          {"C:x\\y", "x\\y", "\\x", "\\\\host\\share\\x", "\\\\.\\C:\\x", "\\\\?\\C:\\x"}},
         {"another way to write a path", {"C:\\a\\..\\b", "C:\\a\\.", "C:\\a/b"}},
         {"a stream", {"C:\\a:stream"}},
+        {"another spelling of a text",
+         {"C:\\\xFF", "C:\\\xC0\xAE\xC0\xAE\\x", "C:\\\xED\xA0\xBD\xED\xB8\x80"}},
         {"characters of no name",
          {"C:\\a*", "C:\\lost?", "C:\\a\r\nb", "C:\\\"", "C:\\<", "C:\\>", "C:\\|"}}};
     for (const auto& [why, paths] : refused) {
