@@ -7,6 +7,9 @@
 namespace scourwell {
 
 char16_t UpperCase9x(char16_t unit) {
+  // Names of the system are compared by these, which a language may have its own ideas of: there
+  // are two kinds of "i" in Turkish.
+  if (unit < 0x80) return Folding::Usual(unit);
   const auto wide = static_cast<wchar_t>(unit);
   char letter[2];
   wchar_t back[2];
@@ -17,7 +20,7 @@ char16_t UpperCase9x(char16_t unit) {
   }
   CharUpperBuffA(letter, static_cast<DWORD>(size));
   size = MultiByteToWideChar(CP_ACP, 0, letter, size, back, 2);
-  return size == 1 ? static_cast<char16_t>(back[0]) : unit;
+  return size == 1 && back[0] >= 0x80 ? static_cast<char16_t>(back[0]) : unit;
 }
 
 }  // namespace scourwell
