@@ -24,7 +24,7 @@ class SystemCalls {
   virtual std::string ShellFolder(int folder_id) const = 0;
   // The path of this program.
   virtual std::string OwnPath() const = 0;
-  // A path made absolute against the current folder.
+  // A path made absolute against the current folder; one that names its place already stays.
   virtual std::string FullPath(const std::string& path) const = 0;
   virtual std::string Environment(const std::string& name) const = 0;
   // No value deletes it.

@@ -77,6 +77,29 @@ TEST_CASE("names in any letters and of any length are found, listed, searched an
   CHECK(Errors() == "");
 }
 
+TEST_CASE(
+    "the folder of the command line is scanned, not the one that is called so but for a dot") {
+  PlantMachine();
+  const std::string place = kPlace + ".";
+  const std::string home = place + "\\SpyHome";
+  const std::string file = home + "\\dotted.txt";
+  for (const std::string& folder : {place, home}) REQUIRE(files.CreateFolder(folder).ok());
+  PlantContent(file, "x");
+  Program program("\"" + place + "\"");
+  const HWND top = program.MainWindow();
+  REQUIRE(top);
+  Click(ReadyControl(top, IDC_cmdNext, 60000));
+  const HWND list = ReadyControl(top, IDC_SpyListView);
+  REQUIRE(list);
+  std::string details;
+  for (const ListRow& row : ListRows(list)) details += row.texts[2] + "\n";
+  CHECK_MESSAGE(details.find(file + "\n") != std::string::npos, details);
+  CHECK(program.Close());
+  static_cast<void>(files.EraseFile(file));
+  for (const std::string& folder : {home, place}) static_cast<void>(files.RemoveFolder(folder));
+  CHECK(Errors() == "");
+}
+
 TEST_CASE("letters that are typed arrive, and a folder's name is kept in them") {
   PlantMachine();
   REQUIRE(files.CreateFolder(kPlace).ok());

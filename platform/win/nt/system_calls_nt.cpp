@@ -1,5 +1,6 @@
 #include "platform/win/system_calls.h"
 
+#include "platform/paths.h"
 #include "platform/win/folder_location.h"
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
@@ -76,7 +77,9 @@ class NtCalls : public SystemCalls {
     return {};
   }
 
+  // The call cuts off dots and blanks, which would lead to another place.
   std::string FullPath(const std::string& path) const override {
+    if (IsExactPath(path)) return path;
     const std::wstring wide = Wide(path);
     return ReadText([&](wchar_t* text, DWORD room) {
       return GetFullPathNameW(wide.c_str(), room, text, nullptr);
