@@ -42,6 +42,16 @@ TEST_SUITE("profile_file") {
     CHECK(back.records[1].fields == odd.fields);
   }
 
+  TEST_CASE("names and commands that look like stored data stay what they are") {
+    Bench b;
+    const ProfileRecord alike{
+        {"key:41;", "hex(01):41", "hex(1):c3", "key:c3|=hex(1):", "hex:", "key:41;;"}};
+    const ProfileReading back =
+        ReadProfileText(ProfileText({alike}, b.m.code_pages), b.m.code_pages);
+    REQUIRE(back.records.size() == 1);
+    CHECK(back.records[0].fields == alike.fields);
+  }
+
   TEST_CASE("a profile cut at any line or byte loses only the record that it cuts") {
     FakeCodePages code_pages;
     const std::string text = ProfileText({Record("one"), Record("two")}, code_pages);

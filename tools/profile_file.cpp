@@ -36,17 +36,21 @@ class FileHex : public HexForm {
   CodePages& code_pages_;
 };
 
-std::string WriteField(const std::string& field, CodePages& code_pages) {
-  const FileHex form(code_pages);
-  if (!StandsOnALine(field)) return std::string(kHex) + form.Write(field);
-  return code_pages.ToFile(Rewritten(field, HexForm(), form));
-}
-
 std::string ReadField(std::string_view line, CodePages& code_pages) {
   const FileHex form(code_pages);
   std::string field;
   if (line.starts_with(kHex) && form.Read(line.substr(kHex.size()), &field)) return field;
   return Rewritten(code_pages.FromFile(line), form, HexForm());
+}
+
+// Other people's texts may look like ours: only what is read back exactly stands as it is.
+std::string WriteField(const std::string& field, CodePages& code_pages) {
+  const FileHex form(code_pages);
+  if (StandsOnALine(field)) {
+    std::string line = code_pages.ToFile(Rewritten(field, HexForm(), form));
+    if (ReadField(line, code_pages) == field) return line;
+  }
+  return std::string(kHex) + form.Write(field);
 }
 
 }  // namespace
