@@ -135,6 +135,25 @@ TEST_SUITE("contract_files") {
     CHECK(disk.Names("*.*") == "");
   }
 
+  TEST_CASE("what is listed is reached by the name that it is listed under") {
+    OnDisk disk;
+    std::vector<std::string> made = {"alone.exe.", "pair.exe", "pair.exe.", "pair.exe ",
+                                     "aux.long"};
+    for (const std::string& name : made) disk.Make(name, name);
+    std::vector<DirEntry> entries;
+    REQUIRE(disk.List("*.*", &entries) == 0);
+    std::vector<std::string> reached;
+    for (const DirEntry& entry : entries) {
+      CAPTURE(entry.name);
+      reached.push_back(disk.Content(entry.name));
+      CHECK(disk.files.EraseFile(disk.root + entry.name).ok());
+    }
+    std::sort(reached.begin(), reached.end());
+    std::sort(made.begin(), made.end());
+    CHECK(reached == made);
+    CHECK(disk.Names("*.*") == "");
+  }
+
   TEST_CASE("a path is as long as the system's own letters make it") {
     OnDisk disk;
     std::string name;

@@ -36,13 +36,13 @@ bool LeadsBack(const std::string& folder, const WIN32_FIND_DATAA& data) {
   return find && lstrcmpA(found.cAlternateFileName, data.cAlternateFileName) == 0;
 }
 
-// An entry whose name cannot be spelled goes by its 8.3 name.
+// An entry whose name cannot be spelled, or would be read as another one, goes by its 8.3 name.
 DirEntry ToEntry(const std::string& folder, const WIN32_FIND_DATAA& data) {
   DirEntry entry = WithoutNames(data);
   const std::string name = FromNarrow(data.cFileName);
   const bool has_short = data.cAlternateFileName[0] != 0;
-  const bool spelled =
-      IsPossibleName(name) && (!has_short || !MayStandForOthers(name) || LeadsBack(folder, data));
+  const bool spelled = IsPossibleName(name) && ReadsAsItStands(name) &&
+                       (!has_short || !MayStandForOthers(name) || LeadsBack(folder, data));
   const std::string short_name = FromNarrow(data.cAlternateFileName);
   entry.name = spelled || !has_short ? name : short_name;
   if (spelled) entry.short_name = short_name;

@@ -12,15 +12,11 @@ namespace {
 
 bool IsWildcard(std::string_view part) { return part.find_first_of("*?") != part.npos; }
 
-// The system cuts off dots and blanks; only the pattern of a listing may end in them.
-bool ReadsAsItStands(std::string_view part) {
-  if (part.empty() || IsWildcard(part)) return true;
-  return part.back() != '.' && part.back() != ' ' && !IsDeviceName(part);
-}
-
+// Only the pattern of a listing may end in dots.
 bool ReadAsTheyStand(std::string_view parts) {
   while (!parts.empty()) {
-    if (!ReadsAsItStands(TakeTypedPart(&parts))) return false;
+    const std::string_view part = TakeTypedPart(&parts);
+    if (!part.empty() && !IsWildcard(part) && !ReadsAsItStands(part)) return false;
   }
   return true;
 }
@@ -51,6 +47,10 @@ std::string Shortened(const std::string& path) {
 }
 
 }  // namespace
+
+bool ReadsAsItStands(std::string_view name) {
+  return !name.ends_with('.') && !name.ends_with(' ') && !IsDeviceName(name);
+}
 
 std::optional<std::string> ReachablePath(std::string_view path) {
   if (!IsAbsolutePath(path) || path.find('\0') != path.npos) return std::nullopt;
