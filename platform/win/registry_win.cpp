@@ -105,8 +105,8 @@ RegStatus RegistryWin::IsLink(RootKey root, const std::string& path, bool* is_li
   *is_link = false;
   if (HasNul(path)) return kRegInvalidParameter;
   KeyHandle key;
-  const bool has_links = (GetVersion() & 0x8000'0000u) == 0;
-  if (!has_links) return Open(root, path, KEY_QUERY_VALUE, &key);
+  // Not by the version, of which a program in a compatibility mode is lied to: links are there.
+  if (!HasWideCalls()) return Open(root, path, KEY_QUERY_VALUE, &key);
   const RegStatus status = OpenLink(root, path, KEY_QUERY_VALUE, &key);
   if (status == ERROR_INVALID_PARAMETER) return kRegOk;  // the option is unknown
   if (status != kRegOk) return status;

@@ -4,6 +4,7 @@
 #include "platform/registry_access.h"
 #include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
+#include "platform/win/family.h"
 #include "platform/win/files_win.h"
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
@@ -55,9 +56,9 @@ std::wstring NativeName(const std::string& path) {
     wchar_t name[1000];
   } info = {};
   const auto query = LateBind<NtQueryKey>("ntdll.dll", "NtQueryKey");
-  const bool nt = (GetVersion() & 0x8000'0000u) == 0;
   HKEY key = nullptr;
-  if (!nt || !query || RegOpenKeyA(HKEY_CURRENT_USER, path.c_str(), &key) != ERROR_SUCCESS) {
+  if (!HasWideCalls() || !query ||
+      RegOpenKeyA(HKEY_CURRENT_USER, path.c_str(), &key) != ERROR_SUCCESS) {
     return {};
   }
   ULONG size = 0;
