@@ -55,7 +55,7 @@ class W9xCalls : public FileCalls {
     const std::optional<std::string> reachable = ReachablePath(pattern);
     if (!reachable) return ERROR_PATH_NOT_FOUND;
     const std::string folder = FolderOf(*reachable);
-    WIN32_FIND_DATAA data;
+    WIN32_FIND_DATAA data = {};  // the ANSI call of one system leaves the tag of a link as it was
     const FindHandle find(FindFirstFileA(reachable->c_str(), &data));
     if (!find) return GetLastError();
     do {
