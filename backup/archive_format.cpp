@@ -2,8 +2,8 @@
 
 #include "backup/block_codec.h"
 #include "backup/byte_order.h"
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 
 namespace scourwell {
 namespace {

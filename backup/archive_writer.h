@@ -11,7 +11,7 @@
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/pump.h"
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace scourwell {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
-#include "platform/unicode.h"
+#include "machine/file_utils.h"
+#include "text/text.h"
+#include "text/unicode.h"
 
 namespace scourwell {
 namespace {

@@ -7,11 +7,11 @@
 #include "backup/extractor.h"
 #include "backup/registry_backup.h"
 #include "backup/volume_reader.h"
-#include "platform/app_settings.h"
-#include "platform/error_log.h"
-#include "platform/op_sys_info.h"
-#include "platform/path_guard.h"
+#include "guard/path_guard.h"
+#include "machine/error_log.h"
+#include "machine/op_sys_info.h"
 #include "platform/shell.h"
+#include "settings/app_settings.h"
 
 namespace scourwell {
 

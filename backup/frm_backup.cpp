@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/text.h"
+#include "text/text.h"
 #include "widgets/access_keys.h"
 #include "widgets/folder_dialog.h"
 #include "widgets/message_box.h"

@@ -1,8 +1,8 @@
 #include "backup/ignore_list.h"
 
-#include "platform/escaped.h"
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "text/escaped.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

@@ -5,10 +5,10 @@
 #include <unordered_set>
 #include <vector>
 
+#include "machine/error_log.h"
+#include "machine/watched_file.h"
 #include "platform/code_pages.h"
-#include "platform/error_log.h"
-#include "platform/kept_texts.h"
-#include "platform/watched_file.h"
+#include "settings/kept_texts.h"
 
 namespace scourwell {
 

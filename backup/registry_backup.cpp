@@ -1,9 +1,9 @@
 #include "backup/registry_backup.h"
 
-#include "platform/file_utils.h"
-#include "platform/paths.h"
-#include "platform/registry_access.h"
-#include "platform/text.h"
+#include "machine/cregister.h"
+#include "machine/file_utils.h"
+#include "text/paths.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {
@@ -11,14 +11,6 @@ namespace {
 constexpr unsigned kDeepest = 512;  // the system's own limit of levels
 
 }  // namespace
-
-bool SplitRegistryPlace(std::string_view full_path, RegistryPlace* place) {
-  const auto root = RootFromName(FirstPart(full_path));
-  if (!root || NameFromRoot(*root).empty()) return false;
-  place->root = *root;
-  place->path = CRegister::SplitKeyPath(BehindFirstPart(full_path));
-  return true;
-}
 
 RegistryBackup::RegistryBackup(Registry& registry, Registry* registry64, Pump& pump,
                                CodePages& code_pages, ScriptReader reader)

@@ -3,20 +3,13 @@
 #include <string>
 #include <vector>
 
+#include "machine/reg_script.h"
+#include "machine/registry_place.h"
 #include "platform/pump.h"
-#include "platform/reg_script.h"
 #include "platform/registry.h"
 #include "scan/detection.h"
 
 namespace scourwell {
-
-// A key path that begins with one of the four classic root names.
-struct RegistryPlace {
-  RootKey root = RootKey::CurrentUser;
-  std::string path;  // below the root
-};
-// False for another root, or none.
-bool SplitRegistryPlace(std::string_view full_path, RegistryPlace* place);
 
 // Collects the registry scripts of a backup. Two of them hold what the rows of the 32-bit view say:
 // the keys by name, and the values as texts. The exports hold what really lies in the registry:

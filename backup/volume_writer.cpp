@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "backup/block_codec.h"
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

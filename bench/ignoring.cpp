@@ -4,7 +4,7 @@
 
 #include "backup/ignore_list.h"
 #include "bench/bench.h"
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 #include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"

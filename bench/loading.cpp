@@ -3,7 +3,7 @@
 
 #include "bench/bench.h"
 #include "definitions/list_loader.h"
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 #include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"

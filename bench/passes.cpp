@@ -3,12 +3,13 @@
 #include <string>
 
 #include "bench/bench.h"
-#include "platform/error_log.h"
+#include "machine/error_log.h"
 #include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 #include "platform/win/native_text.h"
 #include "scan/drive_scan.h"
+#include "text/captions.h"
 
 namespace scourwell::bench {
 namespace {

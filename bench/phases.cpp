@@ -2,8 +2,7 @@
 #include <string>
 
 #include "bench/bench.h"
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
 #include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
@@ -13,6 +12,7 @@
 #include "scan/cookie_scan.h"
 #include "scan/matching.h"
 #include "scan/registry_scan.h"
+#include "text/text.h"
 
 namespace scourwell::bench {
 namespace {

@@ -2,8 +2,8 @@
 #include <string>
 
 #include "bench/bench.h"
-#include "platform/file_utils.h"
-#include "platform/version_resource.h"
+#include "machine/file_utils.h"
+#include "machine/version_resource.h"
 #include "platform/win/files_win.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/versions_win.h"

@@ -1,8 +1,7 @@
 # Scourwell.exe and the ready-to-copy program folder.
 add_executable(Scourwell WIN32 shell/main.cpp shell/app.rc)
 target_include_directories(Scourwell PRIVATE ${PROJECT_BINARY_DIR}/generated)
-target_link_libraries(Scourwell PRIVATE
-  scourwell_windows scourwell_win scourwell_core comctl32 comdlg32 gdi32)
+target_link_libraries(Scourwell PRIVATE scourwell_shell_windows)
 file(GLOB resources CONFIGURE_DEPENDS art/*.ico art/*.bmp art/commands/*.ico)
 list(APPEND resources ${PROJECT_SOURCE_DIR}/shell/app.manifest ${PROJECT_SOURCE_DIR}/widgets/resource.h)
 set_source_files_properties(shell/app.rc PROPERTIES

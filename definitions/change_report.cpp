@@ -1,6 +1,6 @@
 #include "definitions/change_report.h"
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "definitions/reference_file.h"
-#include "platform/captions.h"
-#include "platform/kept_texts.h"
+#include "settings/kept_texts.h"
+#include "text/captions.h"
 
 namespace scourwell {
 

@@ -5,8 +5,8 @@
 
 #include "definitions/loader_table.h"
 #include "definitions/reference_file.h"
+#include "machine/system_folders.h"
 #include "platform/pump.h"
-#include "platform/system_folders.h"
 
 namespace scourwell {
 

@@ -1,8 +1,8 @@
 #include "definitions/reference_file.h"
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
-#include "platform/windows_1252.h"
+#include "machine/file_utils.h"
+#include "text/text.h"
+#include "text/windows_1252.h"
 
 namespace scourwell {
 namespace {

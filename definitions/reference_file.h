@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/app_settings.h"
-#include "platform/error_log.h"
-#include "platform/ini_text.h"
-#include "platform/watched_file.h"
+#include "machine/error_log.h"
+#include "machine/watched_file.h"
+#include "settings/app_settings.h"
+#include "text/ini_text.h"
 
 namespace scourwell {
 

@@ -1,6 +1,6 @@
 #include "definitions/signature_list.h"
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

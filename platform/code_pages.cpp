@@ -1,7 +1,7 @@
 #include "platform/code_pages.h"
 
-#include "platform/escaped.h"
-#include "platform/unicode.h"
+#include "text/escaped.h"
+#include "text/unicode.h"
 
 namespace scourwell {
 

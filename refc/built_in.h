@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/text.h"
 #include "refc/catalogue.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 

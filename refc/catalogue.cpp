@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "definitions/list_loader.h"
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 namespace {

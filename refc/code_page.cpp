@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/text.h"
 #include "refc/escape.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "definitions/reference_file.h"
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 namespace {

@@ -1,9 +1,9 @@
 #include "refc/dump.h"
 
-#include "platform/ini_text.h"
 #include "refc/escape.h"
 #include "refc/lines.h"
 #include "refc/reference_reader.h"
+#include "text/ini_text.h"
 
 namespace scourwell::refc {
 namespace {

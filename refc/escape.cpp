@@ -1,7 +1,7 @@
 #include "refc/escape.h"
 
-#include "platform/text.h"
 #include "refc/code_page.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 namespace {

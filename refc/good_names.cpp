@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/paths.h"
-#include "platform/text.h"
+#include "text/paths.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 namespace {

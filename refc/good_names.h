@@ -7,8 +7,8 @@
 
 namespace scourwell::refc {
 
-// What belongs to Windows and to honest programs; the texts are those of tests/data and of
-// definitions/builtin/windows_names.txt.
+// What belongs to Windows and to honest programs; the texts are those of definitions/known_good and
+// of definitions/builtin/windows_names.txt.
 enum class GoodList {
   Files,    // files and processes
   Folders,  // and files: what ships under a name may be a folder elsewhere

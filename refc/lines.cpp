@@ -1,6 +1,6 @@
 #include "refc/lines.h"
 
-#include "platform/ini_text.h"
+#include "text/ini_text.h"
 
 namespace scourwell::refc {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/text.h"
 #include "refc/lint_rows.h"
 #include "scan/signature_index.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 namespace {

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
-#include "platform/paths.h"
-#include "platform/system_folders.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "machine/system_folders.h"
 #include "refc/built_in.h"
 #include "refc/lint_text.h"
 #include "scan/name_pattern.h"
+#include "text/paths.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 namespace {

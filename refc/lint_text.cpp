@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/paths.h"
-#include "platform/system_folders.h"
-#include "platform/text.h"
+#include "machine/system_folders.h"
+#include "text/paths.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 namespace {

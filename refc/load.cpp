@@ -1,9 +1,9 @@
 #include "refc/load.h"
 
-#include "platform/paths.h"
-#include "platform/text.h"
 #include "refc/reference_reader.h"
 #include "refc/source_reader.h"
+#include "text/paths.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 namespace {

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
-#include "platform/paths.h"
-#include "platform/text.h"
-#include "platform/windows_1252.h"
+#include "machine/file_utils.h"
 #include "refc/lint_text.h"
 #include "scan/name_pattern.h"
+#include "text/paths.h"
+#include "text/text.h"
+#include "text/windows_1252.h"
 
 namespace scourwell::refc {
 namespace {

@@ -1,10 +1,10 @@
 #include "refc/reference_reader.h"
 
 #include "definitions/reference_file.h"
-#include "platform/ini_text.h"
-#include "platform/text.h"
 #include "refc/lines.h"
 #include "refc/sections.h"
+#include "text/ini_text.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 namespace {

@@ -4,8 +4,8 @@
 #include <set>
 #include <string>
 
-#include "platform/text.h"
 #include "refc/definition_set.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 

@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "definitions/reference_file.h"
-#include "platform/text.h"
 #include "refc/code_page.h"
 #include "refc/escape.h"
 #include "refc/lines.h"
 #include "refc/sections.h"
+#include "text/text.h"
 
 namespace scourwell::refc {
 namespace {

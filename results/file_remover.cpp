@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {
@@ -114,7 +114,7 @@ void FileRemover::Unregister(const std::string& path) {
     }));
     return;
   }
-  Outcome called = parts_.registry.SelfRegister(path, false);
+  Outcome called = parts_.shell.CallExport(path, "DllUnregisterServer");
   if (!called.ok() && called.number() != kInvalidCall && called.number() != kFileNotFound) {
     parts_.log.LogFailure(std::move(called).With("Unregistering: ", path), "deleteSpyCFType");
   }

@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "platform/app_settings.h"
-#include "platform/error_log.h"
-#include "platform/op_sys_info.h"
-#include "platform/path_guard.h"
+#include "guard/path_guard.h"
+#include "machine/error_log.h"
+#include "machine/op_sys_info.h"
 #include "platform/pump.h"
-#include "platform/registry_access.h"
+#include "platform/shell.h"
 #include "platform/system.h"
+#include "settings/app_settings.h"
 
 namespace scourwell {
 
@@ -41,7 +41,6 @@ class FileRemover {
     const COpSysInfo& os;
     const SystemFolders& folders;
     const AppSettings& settings;
-    RegistryAccess& registry;  // unregisters components
   };
 
   explicit FileRemover(const Parts& parts) : parts_(parts), guard_(parts.files, parts.folders) {}

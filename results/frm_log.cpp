@@ -1,7 +1,7 @@
 #include "results/frm_log.h"
 
-#include "platform/escaped.h"
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
+#include "text/escaped.h"
 #include "widgets/access_keys.h"
 #include "widgets/file_dialog.h"
 #include "widgets/layout.h"

@@ -1,7 +1,7 @@
 #include "results/frm_results.h"
 
-#include "platform/escaped.h"
 #include "results/scan_log.h"
+#include "text/escaped.h"
 #include "widgets/layout.h"
 #include "widgets/resource.h"
 

@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "backup/ignore_list.h"
-#include "platform/app_settings.h"
-#include "platform/error_log.h"
-#include "platform/text.h"
+#include "machine/error_log.h"
 #include "scan/detection.h"
 #include "scan/hit_counters.h"
+#include "settings/app_settings.h"
+#include "text/text.h"
 
 namespace scourwell {
 

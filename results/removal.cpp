@@ -3,11 +3,13 @@
 #include <algorithm>
 
 #include "backup/registry_backup.h"
-#include "platform/file_utils.h"
-#include "platform/protected_keys.h"
-#include "platform/reg_script.h"
-#include "platform/text.h"
+#include "guard/protected_keys.h"
+#include "machine/file_utils.h"
+#include "machine/reg_script.h"
+#include "machine/registry_place.h"
 #include "scan/memory_scan.h"
+#include "text/captions.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {
@@ -72,6 +74,17 @@ std::size_t RemovalReport::Count(RemovalState state) const {
   return static_cast<std::size_t>(
       std::count_if(objects.begin(), objects.end(),
                     [state](const RemovedObject& object) { return object.result.state == state; }));
+}
+
+Removal::Removal(const Parts& parts)
+    : parts_(parts),
+      keys_(parts.registry, parts.files.log, [this] { TellDenied(); }),
+      keys64_(parts.registry64 ? *parts.registry64 : parts.registry, parts.files.log,
+              [this] { TellDenied(); }),
+      remover_(parts.files) {}
+
+void Removal::TellDenied() {
+  parts_.files.shell.Message(parts_.captions.Text(2005), parts_.captions.Text(2006));
 }
 
 void Removal::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept) {
@@ -144,16 +157,14 @@ RemovalResult Removal::RemoveRegistry(const Detection& row) {
     return Failed(RemovalState::Refused,
                   Outcome::Failed(kPermissionDenied, "It is protected: Windows needs it"));
   }
-  RegistryAccess& access = AccessFor(row);
+  KeyRemover& keys = KeysOf(row);
   if (row.kind == kSpyRegistryValue) {
-    return FromStatus(access.DeleteValue(place.root, place.path, std::string(ValueName(row))));
+    return FromStatus(keys.DeleteValue(place.root, place.path, std::string(ValueName(row))));
   }
-  return FromStatus(access.DeleteKey(place.root, place.path));
+  return FromStatus(keys.DeleteKey(place.root, place.path));
 }
 
-RegistryAccess& Removal::AccessFor(const Detection& row) {
-  return row.view64 ? access64_ : parts_.files.registry;
-}
+KeyRemover& Removal::KeysOf(const Detection& row) { return row.view64 ? keys64_ : keys_; }
 
 RemovalResult Removal::EndProcess(const Detection& row) {
   const auto id = static_cast<std::uint32_t>(LeadingNumber(row.tag));
@@ -187,8 +198,8 @@ bool Removal::MayStandInScript(const Detection& row) {
   RegistryPlace place;
   if (!SplitRegistryPlace(row.tool_tip, &place) || !CanStandInScript(row.tool_tip)) return false;
   if (IsProtected(row)) return false;
-  if (row.kind == kSpyRegistryKey) return !AccessFor(row).HasLinks(place.root, place.path);
-  return CanStandInScript(ValueName(row)) && !AccessFor(row).LeadsAside(place.root, place.path);
+  if (row.kind == kSpyRegistryKey) return !KeysOf(row).HasLinks(place.root, place.path);
+  return CanStandInScript(ValueName(row)) && !KeysOf(row).LeadsAside(place.root, place.path);
 }
 
 void Removal::WriteScript(const std::vector<std::size_t>& rows) {

@@ -6,9 +6,11 @@
 #include <unordered_set>
 #include <vector>
 
+#include "guard/key_remover.h"
 #include "platform/processes.h"
 #include "results/file_remover.h"
 #include "results/hit_list.h"
+#include "text/captions.h"
 
 namespace scourwell {
 
@@ -51,11 +53,7 @@ class Removal {
     const HitList& hits;
   };
 
-  explicit Removal(const Parts& parts)
-      : parts_(parts),
-        access64_(parts.registry64 ? *parts.registry64 : parts.registry, parts.files.log,
-                  parts.captions, parts.files.shell),
-        remover_(parts.files) {}
+  explicit Removal(const Parts& parts);
 
   // `kept`: rows (by index) that shall stay, with the reason in the report.
   void RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept = {});
@@ -77,14 +75,16 @@ class Removal {
   Outcome CreateRegistryDeleteFile(const std::vector<std::size_t>& rows);
   RemovalResult Remove(const Detection& row);
   RemovalResult RemoveRegistry(const Detection& row);
-  RegistryAccess& AccessFor(const Detection& row);
+  KeyRemover& KeysOf(const Detection& row);
   bool MayStandInScript(const Detection& row);
   RemovalResult EndProcess(const Detection& row);
+  void TellDenied();
   std::string ScriptPath() const;
   void CountAttempt(std::string_view kind);
 
   Parts parts_;
-  RegistryAccess access64_;
+  KeyRemover keys_;
+  KeyRemover keys64_;
   FileRemover remover_;
   RemovalCounters counters_;
   RemovalReport report_;

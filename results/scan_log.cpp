@@ -1,8 +1,10 @@
 #include "results/scan_log.h"
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "machine/version_resource.h"
+#include "machine/version_texts.h"
 #include "results/log_lines.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {
@@ -59,7 +61,7 @@ ScanLog::FileFacts ScanLog::FactsOf(const std::string& path, const char* method)
     facts.accessed = parts_.clock.GeneralDate(parts_.clock.ToLocal(entry.accessed));
   }
   FixedFileInfo info;
-  facts.versioned = parts_.versions.ReadFixed(path, &info).ok();
+  facts.versioned = ReadFixedVersion(parts_.versions, path, &info).ok();
   if (facts.versioned) {
     facts.fixed = info;
     facts.build = VersionText(info.file_version_high, info.file_version_low);

@@ -5,24 +5,19 @@
 #include <string>
 #include <string_view>
 
-#include "platform/captions.h"
-#include "platform/error_log.h"
-#include "platform/file_version.h"
-#include "platform/op_sys_info.h"
+#include "machine/error_log.h"
+#include "machine/file_version.h"
+#include "machine/op_sys_info.h"
+#include "machine/system_folders.h"
 #include "platform/processes.h"
 #include "platform/pump.h"
-#include "platform/system_folders.h"
 #include "platform/versions.h"
 #include "results/hit_list.h"
 #include "results/removal.h"
+#include "settings/program_version.h"
+#include "text/captions.h"
 
 namespace scourwell {
-
-struct ProgramVersion {
-  int major = 0;
-  int minor = 0;
-  int revision = 0;
-};
 
 // Writes the sections of the scan log. Each is appended as a whole, lines ending in CR LF; all
 // scans of a run append to the same file. When its folder has gone or refuses, the log goes on in

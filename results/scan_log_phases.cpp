@@ -1,9 +1,10 @@
 // The sections of the memory, cookie and registry phases.
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "machine/version_texts.h"
 #include "results/log_lines.h"
 #include "results/scan_log.h"
 #include "scan/memory_scan.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <utility>
 
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 #include "scan/checksum.h"
 
 namespace scourwell {

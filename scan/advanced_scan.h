@@ -9,17 +9,17 @@
 #include <vector>
 
 #include "definitions/signature_list.h"
-#include "platform/captions.h"
-#include "platform/error_log.h"
+#include "machine/error_log.h"
+#include "machine/system_folders.h"
+#include "machine/version_resource.h"
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "platform/shell.h"
-#include "platform/system_folders.h"
-#include "platform/text.h"
-#include "platform/version_resource.h"
 #include "scan/detection.h"
 #include "scan/literal_index.h"
 #include "scan/scan_progress.h"
+#include "text/captions.h"
+#include "text/text.h"
 
 namespace scourwell {
 

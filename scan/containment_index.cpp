@@ -1,6 +1,6 @@
 #include "scan/containment_index.h"
 
-#include "platform/text.h"
+#include "text/text.h"
 
 namespace scourwell {
 

@@ -1,7 +1,7 @@
 #include "scan/cookie_scan.h"
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "definitions/signature_list.h"
-#include "platform/error_log.h"
+#include "machine/error_log.h"
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "scan/containment_index.h"

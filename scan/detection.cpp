@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/paths.h"
+#include "text/paths.h"
 
 namespace scourwell {
 

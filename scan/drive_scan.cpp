@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
 #include "scan/name_pattern.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

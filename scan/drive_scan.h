@@ -4,8 +4,7 @@
 #include <vector>
 
 #include "definitions/signature_list.h"
-#include "platform/captions.h"
-#include "platform/error_log.h"
+#include "machine/error_log.h"
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "scan/advanced_scan.h"
@@ -14,6 +13,7 @@
 #include "scan/scan_scope.h"
 #include "scan/signature_index.h"
 #include "scan/walk_goal.h"
+#include "text/captions.h"
 
 namespace scourwell {
 

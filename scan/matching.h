@@ -3,9 +3,9 @@
 #include <string>
 
 #include "definitions/list_loader.h"
-#include "platform/error_log.h"
+#include "machine/error_log.h"
+#include "machine/system_folders.h"
 #include "platform/files.h"
-#include "platform/system_folders.h"
 #include "scan/detection.h"
 #include "scan/memory_scan.h"
 

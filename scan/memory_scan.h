@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/error_log.h"
-#include "platform/op_sys_info.h"
+#include "machine/error_log.h"
+#include "machine/op_sys_info.h"
+#include "machine/system_folders.h"
 #include "platform/processes.h"
 #include "platform/pump.h"
-#include "platform/system_folders.h"
 #include "scan/detection.h"
 #include "scan/scan_progress.h"
 

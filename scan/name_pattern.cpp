@@ -1,6 +1,6 @@
 #include "scan/name_pattern.h"
 
-#include "platform/paths.h"
+#include "text/paths.h"
 
 namespace scourwell {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/text.h"
 #include "scan/detection.h"
+#include "text/text.h"
 #include "widgets/image_list.h"
 #include "widgets/resource.h"
 

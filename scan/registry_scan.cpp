@@ -2,10 +2,11 @@
 
 #include <vector>
 
-#include "platform/paths.h"
-#include "platform/registry_access.h"
-#include "platform/registry_views.h"
-#include "platform/text.h"
+#include "machine/cregister.h"
+#include "machine/registry_place.h"
+#include "machine/registry_views.h"
+#include "text/paths.h"
+#include "text/text.h"
 
 namespace scourwell {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "definitions/list_loader.h"
-#include "platform/error_log.h"
+#include "machine/error_log.h"
 #include "platform/pump.h"
 #include "platform/registry.h"
 #include "scan/containment_index.h"

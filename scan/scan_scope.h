@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/captions.h"
 #include "platform/files.h"
+#include "text/captions.h"
 
 namespace scourwell {
 

@@ -1,6 +1,6 @@
 #include "scan/scan_session.h"
 
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 #include "scan/cookie_scan.h"
 #include "scan/registry_scan.h"
 

@@ -4,14 +4,15 @@
 
 #include "definitions/builtin_lists.h"
 #include "definitions/list_loader.h"
-#include "platform/app_settings.h"
-#include "platform/op_sys_info.h"
+#include "machine/op_sys_info.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
 #include "scan/drive_scan.h"
 #include "scan/memory_scan.h"
 #include "scan/registry_scan.h"
 #include "scan/scan_report.h"
+#include "settings/app_settings.h"
+#include "text/captions.h"
 
 namespace scourwell {
 

@@ -1,8 +1,8 @@
 #include "scan/signature_index.h"
 
-#include "platform/paths.h"
-#include "platform/text.h"
 #include "scan/name_pattern.h"
+#include "text/paths.h"
+#include "text/text.h"
 
 namespace scourwell {
 

@@ -4,8 +4,8 @@
 #include <set>
 #include <utility>
 
-#include "platform/file_utils.h"
-#include "platform/unicode.h"
+#include "machine/file_utils.h"
+#include "text/unicode.h"
 
 namespace scourwell {
 namespace {
@@ -46,9 +46,10 @@ Application::Application(const Ports& ports, const std::string& application_fold
                 folders_, hits_, *this, progress_}),
       backups_({ports.files, ports.registry, ports.registry64, ports.clock, ports.pump, ports.shell,
                 log_, ports.code_pages, os_, folders_, settings_}),
-      registry_access_(ports.registry, log_, language_, ports.shell),
+      keys_(ports.registry, log_,
+            [this] { ports_.shell.Message(language_.Text(2005), language_.Text(2006)); }),
       removal_({{ports.files, ports.system, ports.shell, ports.pump, log_, ports.code_pages, os_,
-                 folders_, settings_, registry_access_},
+                 folders_, settings_},
                 ports.processes,
                 ports.registry,
                 ports.registry64,
@@ -73,8 +74,8 @@ void Application::SaveSettings() {
 }
 
 OptionsForm Application::Options() {
-  return OptionsForm({ports_.files, ports_.registry, registry_access_, ports_.shell, log_,
-                      language_, os_, folders_, settings_});
+  return OptionsForm({ports_.files, ports_.registry, keys_, ports_.shell, log_, language_, os_,
+                      folders_, settings_});
 }
 
 void Application::CheckRelease() {

@@ -6,6 +6,7 @@
 #include "backup/ignore_list.h"
 #include "definitions/change_report.h"
 #include "definitions/list_loader.h"
+#include "guard/key_remover.h"
 #include "platform/code_pages.h"
 #include "platform/profiles.h"
 #include "platform/shell.h"
@@ -15,10 +16,10 @@
 #include "results/scan_log.h"
 #include "scan/matching.h"
 #include "scan/scan_session.h"
+#include "settings/settings.h"
 #include "shell/companions.h"
 #include "shell/language.h"
 #include "shell/options.h"
-#include "shell/settings.h"
 #include "shell/statistics.h"
 #include "tools/tool_box.h"
 
@@ -148,7 +149,7 @@ class Application : private ScanReport, private LoadProgress {
   ListLoader loader_;
   ScanSession session_;
   Backups backups_;
-  RegistryAccess registry_access_;
+  KeyRemover keys_;
   Removal removal_;
   ToolBox tools_;
   Companions companions_;

@@ -1,7 +1,7 @@
 #include "shell/command_line.h"
 
-#include "platform/paths.h"
-#include "platform/text.h"
+#include "text/paths.h"
+#include "text/text.h"
 
 namespace scourwell {
 

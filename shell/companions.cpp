@@ -1,6 +1,6 @@
 #include "shell/companions.h"
 
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 
 namespace scourwell {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/error_log.h"
+#include "machine/error_log.h"
 #include "platform/files.h"
 #include "platform/shell.h"
 

@@ -1,6 +1,6 @@
 #include "shell/explorer_verb.h"
 
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 
 namespace scourwell {
 namespace {
@@ -46,7 +46,7 @@ Outcome ExplorerVerb::TurnOn(const std::string& caption) {
 Outcome ExplorerVerb::TurnOff() {
   Outcome first;
   for (const char* verb : kVerbs) {
-    const RegStatus status = access_.DeleteKey(kRoot, verb);
+    const RegStatus status = keys_.DeleteKey(kRoot, verb);
     if (status != kRegOk && status != kRegNotFound && first.ok()) first = Failure(status, verb);
   }
   return first;

@@ -2,18 +2,18 @@
 
 #include <string>
 
-#include "platform/op_sys_info.h"
-#include "platform/registry_access.h"
+#include "guard/key_remover.h"
+#include "machine/op_sys_info.h"
 
 namespace scourwell {
 
 // The entry in Explorer's menu of folders and drives that scans them, for this user alone.
 class ExplorerVerb {
  public:
-  ExplorerVerb(Registry& registry, RegistryAccess& access, const COpSysInfo& os,
+  ExplorerVerb(Registry& registry, KeyRemover& keys, const COpSysInfo& os,
                std::string application_folder)
       : registry_(registry),
-        access_(access),
+        keys_(keys),
         os_(os),
         application_folder_(std::move(application_folder)) {}
 
@@ -28,7 +28,7 @@ class ExplorerVerb {
 
  private:
   Registry& registry_;
-  RegistryAccess& access_;
+  KeyRemover& keys_;
   const COpSysInfo& os_;
   std::string application_folder_;
 };

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 #include "shell/frm_splash.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"

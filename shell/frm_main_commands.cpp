@@ -1,7 +1,7 @@
 // What the menus, the keys and the pages of the main window open.
 #include "backup/frm_backup.h"
 #include "backup/frm_ignore.h"
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 #include "shell/command_table.h"
 #include "shell/frm_main.h"
 #include "shell/frm_options.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/captions.h"
+#include "text/captions.h"
 #include "widgets/gdi_handles.h"
 
 namespace scourwell {

@@ -1,6 +1,6 @@
 #include "shell/frm_scan_spy.h"
 
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 #include "results/frm_log.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"

@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 
 namespace scourwell {
 namespace {

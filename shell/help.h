@@ -3,11 +3,11 @@
 #include <string>
 #include <string_view>
 
-#include "platform/captions.h"
-#include "platform/error_log.h"
+#include "machine/error_log.h"
 #include "platform/files.h"
 #include "platform/shell.h"
 #include "shell/help_topics.h"
+#include "text/captions.h"
 
 namespace scourwell {
 

@@ -1,9 +1,9 @@
 #include "shell/language.h"
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
-#include "platform/unicode.h"
+#include "machine/file_utils.h"
 #include "shell/caption_table.h"
+#include "text/text.h"
+#include "text/unicode.h"
 
 namespace scourwell {
 namespace {

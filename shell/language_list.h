@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/error_log.h"
+#include "machine/error_log.h"
 #include "platform/files.h"
 
 namespace scourwell {

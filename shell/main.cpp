@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 #include "platform/win/child_process.h"
 #include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"

@@ -1,7 +1,8 @@
 #include "shell/options.h"
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/cregister.h"
+#include "machine/file_utils.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {
@@ -47,7 +48,7 @@ std::string ShownFolder(const std::string& path) {
 
 OptionsForm::OptionsForm(const Parts& parts)
     : parts_(parts),
-      explorer_(parts.registry, parts.access, parts.os, parts.folders.application),
+      explorer_(parts.registry, parts.keys, parts.os, parts.folders.application),
       languages_(ListLanguages(parts.files, parts.log, LangFolder(parts.folders))) {
   const AppSettings& settings = parts_.settings;
   for (const LanguageEntry& entry : languages_) {

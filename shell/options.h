@@ -3,11 +3,13 @@
 #include <string>
 #include <vector>
 
-#include "platform/app_settings.h"
+#include "guard/key_remover.h"
+#include "machine/system_folders.h"
 #include "platform/shell.h"
-#include "platform/system_folders.h"
+#include "settings/app_settings.h"
 #include "shell/explorer_verb.h"
 #include "shell/language_list.h"
+#include "text/captions.h"
 
 namespace scourwell {
 
@@ -42,7 +44,7 @@ class OptionsForm {
   struct Parts {
     Files& files;
     Registry& registry;
-    RegistryAccess& access;
+    KeyRemover& keys;
     Shell& shell;
     ErrorLog& log;
     const Captions& captions;

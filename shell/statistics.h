@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "platform/captions.h"
 #include "platform/clock.h"
-#include "shell/settings.h"
+#include "settings/settings.h"
+#include "text/captions.h"
 
 namespace scourwell {
 

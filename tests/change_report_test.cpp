@@ -1,6 +1,6 @@
 #include "definitions/change_report.h"
 
-#include "shell/settings.h"
+#include "settings/settings.h"
 #include "tests/support.h"
 
 namespace scourwell::test {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 #include "tests/contract/plain_loop.h"
 #include "tests/support.h"
 

@@ -1,4 +1,4 @@
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 
 #include "tests/support.h"
 

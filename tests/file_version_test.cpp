@@ -1,4 +1,4 @@
-#include "platform/file_version.h"
+#include "machine/file_version.h"
 
 #include "tests/fake/version_block.h"
 #include "tests/support.h"

@@ -9,9 +9,9 @@
 #include <tuple>
 #include <vector>
 
-#include "platform/captions.h"
-#include "platform/text.h"
 #include "scan/detection.h"
+#include "text/captions.h"
+#include "text/text.h"
 
 namespace scourwell::test {
 

@@ -1,6 +1,6 @@
-#include "platform/ini_text.h"
+#include "text/ini_text.h"
 
-#include "platform/watched_file.h"
+#include "machine/watched_file.h"
 #include "tests/support.h"
 
 namespace scourwell::test {

@@ -4,11 +4,11 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "platform/text.h"
 #include "shell/caption_table.h"
 #include "shell/language_list.h"
 #include "tests/helpers.h"
 #include "tests/pack_check.h"
+#include "text/text.h"
 #include "widgets/access_keys.h"
 
 namespace scourwell::test {

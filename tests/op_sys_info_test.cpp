@@ -1,6 +1,6 @@
-#include "platform/op_sys_info.h"
+#include "machine/op_sys_info.h"
 
-#include "platform/system_folders.h"
+#include "machine/system_folders.h"
 #include "tests/support.h"
 
 namespace scourwell::test {

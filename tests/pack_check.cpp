@@ -4,11 +4,11 @@
 #include <map>
 #include <vector>
 
-#include "platform/text.h"
 #include "shell/caption_table.h"
 #include "shell/language.h"
 #include "tests/pack_rules.h"
 #include "tests/pack_text.h"
+#include "text/text.h"
 #include "widgets/access_keys.h"
 
 namespace scourwell::test {

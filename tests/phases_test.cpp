@@ -1,9 +1,9 @@
 // The memory, registry and cookie phases on the fake machine.
-#include "platform/paths.h"
-#include "platform/registry_access.h"
+#include "machine/registry_place.h"
 #include "scan/cookie_scan.h"
 #include "scan/registry_scan.h"
 #include "tests/session_support.h"
+#include "text/paths.h"
 
 namespace scourwell::test {
 namespace {

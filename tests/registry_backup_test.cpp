@@ -1,7 +1,7 @@
 #include "backup/registry_backup.h"
-#include "platform/reg_script.h"
-#include "platform/unicode.h"
+#include "machine/reg_script.h"
 #include "tests/support.h"
+#include "text/unicode.h"
 
 namespace scourwell::test {
 namespace {

@@ -20,7 +20,6 @@ struct Remover : Bench {
                         "C:\\Program Files\\Common Files",
                         {"C:\\Users\\me\\Desktop"}};
   COpSysInfo os;
-  RegistryAccess access{m.registry, log, captions, m.shell};
   std::unique_ptr<Removal> removal;
   Registry* registry64 = nullptr;
 
@@ -42,7 +41,7 @@ struct Remover : Bench {
   }
   void Run(const std::unordered_set<std::size_t>& left_alone = {}) {
     removal = std::make_unique<Removal>(Removal::Parts{
-        {m.files, m.system, m.shell, m.pump, log, m.code_pages, os, folders, settings, access},
+        {m.files, m.system, m.shell, m.pump, log, m.code_pages, os, folders, settings},
         m.processes,
         m.registry,
         registry64,

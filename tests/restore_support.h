@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "backup/extractor.h"
-#include "platform/path_guard.h"
+#include "guard/path_guard.h"
 #include "tests/archive_support.h"
 
 namespace scourwell::test {

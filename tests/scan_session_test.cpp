@@ -3,6 +3,7 @@
 #include <set>
 
 #include "tests/fake/version_block.h"
+#include "text/captions.h"
 
 namespace scourwell::test {
 namespace {

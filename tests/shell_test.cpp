@@ -1,7 +1,7 @@
+#include "settings/settings.h"
+#include "settings/settings_table.h"
 #include "shell/command_line.h"
 #include "shell/language.h"
-#include "shell/settings.h"
-#include "shell/settings_table.h"
 #include "shell/statistics.h"
 #include "tests/support.h"
 

@@ -3,9 +3,9 @@
 #include <doctest/doctest.h>
 
 #include "definitions/signature_list.h"
-#include "platform/app_settings.h"
-#include "platform/error_log.h"
-#include "platform/kept_texts.h"
+#include "machine/error_log.h"
+#include "settings/app_settings.h"
+#include "settings/kept_texts.h"
 #include "tests/fake/fake_machine.h"
 #include "tests/helpers.h"
 

@@ -1,5 +1,6 @@
-#include "platform/text.h"
+#include "text/text.h"
 
+#include "machine/version_texts.h"
 #include "platform/outcome.h"
 #include "platform/versions.h"
 #include "tests/support.h"

@@ -1,9 +1,9 @@
-#include "platform/unicode.h"
+#include "text/unicode.h"
 
 #include "platform/code_pages.h"
-#include "platform/escaped.h"
-#include "platform/windows_1252.h"
 #include "tests/support.h"
+#include "text/escaped.h"
+#include "text/windows_1252.h"
 
 namespace scourwell::test {
 namespace {

@@ -1,6 +1,7 @@
 #include "platform/versions.h"
 
-#include "platform/version_resource.h"
+#include "machine/version_resource.h"
+#include "machine/version_texts.h"
 #include "tests/fake/version_block.h"
 #include "tests/support.h"
 
@@ -52,26 +53,26 @@ TEST_SUITE("versions") {
   TEST_CASE("the fixed part is read whole or not at all") {
     FakeVersions versions;
     FixedFileInfo info{9, 9, 9};
-    CHECK(versions.ReadFixed(kPath, &info).number() == kFileNotFound);
+    CHECK(ReadFixedVersion(versions, kPath, &info).number() == kFileNotFound);
     std::string block = Sample().Make();
     versions.blocks[kPath] = block.substr(0, 80);
-    CHECK(versions.ReadFixed(kPath, &info).number() == kFileNotFound);
+    CHECK(ReadFixedVersion(versions, kPath, &info).number() == kFileNotFound);
     CHECK(info.file_version_high == 9);
     versions.blocks[kPath] = block;
-    REQUIRE(versions.ReadFixed(kPath, &info).ok());
+    REQUIRE(ReadFixedVersion(versions, kPath, &info).ok());
     CHECK(VersionText(info.file_version_high, info.file_version_low) == "1.2.3.4");
     CHECK(VersionText(info.product_version_high, info.product_version_low) == "5.6.7.8");
     CHECK(OperatingSystemText(info.operating_system) == "NT-Win32");
     CHECK((info.flags == 0x21 && info.type == 3 && info.subtype == 9));
     VersionBlock::PutWord(&versions.blocks[kPath], 2, 51);  // the length
-    CHECK_FALSE(versions.ReadFixed(kPath, &info).ok());
+    CHECK_FALSE(ReadFixedVersion(versions, kPath, &info).ok());
     versions.blocks[kPath] = block;
     VersionBlock::PutWord(&versions.blocks[kPath], 40, 0);  // the signature
-    CHECK_FALSE(versions.ReadFixed(kPath, &info).ok());
+    CHECK_FALSE(ReadFixedVersion(versions, kPath, &info).ok());
     VersionBlock bare = Sample();
     bare.has_fixed = false;
     versions.blocks[kPath] = bare.Make();
-    CHECK_FALSE(versions.ReadFixed(kPath, &info).ok());
+    CHECK_FALSE(ReadFixedVersion(versions, kPath, &info).ok());
     CHECK(Read(bare.Make(), kCompanyName) == "Evil Inc.");
   }
 }

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "definitions/list_loader.h"
-#include "platform/registry_access.h"
-#include "platform/text.h"
+#include "machine/registry_place.h"
+#include "text/text.h"
 #include "tools/startup_locations.h"
 
 namespace scourwell {

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "definitions/reference_file.h"
-#include "platform/captions.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
+#include "text/captions.h"
 #include "tools/file_facts.h"
 #include "tools/table_view.h"
 

@@ -1,8 +1,9 @@
 #include "tools/bho_manager.h"
 
-#include "platform/file_utils.h"
-#include "platform/registry_access.h"
-#include "platform/text.h"
+#include "machine/cregister.h"
+#include "machine/file_utils.h"
+#include "machine/registry_place.h"
+#include "text/text.h"
 #include "tools/stored_value.h"
 
 namespace scourwell {

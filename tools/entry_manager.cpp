@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/registry_access.h"
+#include "machine/registry_place.h"
 
 namespace scourwell {
 

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/captions.h"
-#include "platform/error_log.h"
+#include "machine/error_log.h"
+#include "text/captions.h"
 #include "tools/entry_table.h"
 #include "tools/file_facts.h"
 #include "tools/table_view.h"

@@ -1,6 +1,6 @@
 #include "tools/file_facts.h"
 
-#include "platform/version_resource.h"
+#include "machine/version_resource.h"
 
 namespace scourwell {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "machine/system_folders.h"
 #include "platform/files.h"
-#include "platform/system_folders.h"
 #include "platform/versions.h"
 #include "tools/known_spies.h"
 #include "tools/program_of.h"

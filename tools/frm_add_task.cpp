@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "text/text.h"
 #include "widgets/file_dialog.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"

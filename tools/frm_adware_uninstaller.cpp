@@ -1,6 +1,6 @@
 #include "tools/frm_adware_uninstaller.h"
 
-#include "platform/text.h"
+#include "text/text.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
 #include "widgets/pointers.h"

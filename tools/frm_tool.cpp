@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "platform/unicode.h"
+#include "text/unicode.h"
 #include "widgets/button_rows.h"
 #include "widgets/file_dialog.h"
 #include "widgets/message_box.h"

@@ -1,8 +1,8 @@
 #include "tools/known_spies.h"
 
-#include "platform/paths.h"
-#include "platform/text.h"
 #include "scan/name_pattern.h"
+#include "text/paths.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

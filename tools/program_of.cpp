@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

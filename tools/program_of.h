@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "machine/system_folders.h"
 #include "platform/files.h"
 #include "platform/system.h"
-#include "platform/system_folders.h"
 
 namespace scourwell {
 

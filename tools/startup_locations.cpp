@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
-#include "platform/unicode.h"
+#include "machine/file_utils.h"
+#include "text/text.h"
+#include "text/unicode.h"
 #include "tools/program_of.h"
 #include "tools/stored_value.h"
 #include "tools/win_ini_line.h"

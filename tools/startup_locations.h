@@ -6,13 +6,13 @@
 #include <string>
 #include <string_view>
 
+#include "machine/system_folders.h"
 #include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/profiles.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
 #include "platform/system.h"
-#include "platform/system_folders.h"
 
 namespace scourwell {
 

@@ -1,8 +1,8 @@
 #include "tools/startup_manager.h"
 
-#include "platform/file_utils.h"
-#include "platform/registry_access.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "machine/registry_place.h"
+#include "text/text.h"
 #include "tools/stored_value.h"
 #include "tools/win_ini_line.h"
 

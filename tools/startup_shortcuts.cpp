@@ -1,8 +1,8 @@
 // Startup folders: a shortcut is kept as the file that it is.
 #include <vector>
 
-#include "platform/file_utils.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "text/text.h"
 #include "tools/program_of.h"
 #include "tools/startup_locations.h"
 #include "tools/win_ini_line.h"

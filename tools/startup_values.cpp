@@ -1,5 +1,5 @@
 // Values of a registry key: each is told from others that its name could stand for.
-#include "platform/text.h"
+#include "text/text.h"
 #include "tools/startup_locations.h"
 #include "tools/stored_value.h"
 

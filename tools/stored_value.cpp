@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
-#include "platform/registry_access.h"
-#include "platform/text.h"
+#include "machine/registry_place.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/shell.h"
+#include "text/captions.h"
 #include "tools/adware_uninstaller.h"
 #include "tools/entry_manager.h"
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
-#include "platform/ini_text.h"
-#include "platform/text.h"
+#include "machine/file_utils.h"
+#include "text/ini_text.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <string>
 
+#include "machine/system_folders.h"
 #include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/profiles.h"
 #include "platform/registry.h"
-#include "platform/system_folders.h"
 
 namespace scourwell {
 

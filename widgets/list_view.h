@@ -4,8 +4,8 @@
 #include <optional>
 #include <span>
 
-#include "platform/escaped.h"
 #include "platform/win/control_calls.h"
+#include "text/escaped.h"
 #include "widgets/gdi_handles.h"
 #include "widgets/subclassed_control.h"
 

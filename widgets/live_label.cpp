@@ -1,6 +1,6 @@
 #include "widgets/live_label.h"
 
-#include "platform/escaped.h"
+#include "text/escaped.h"
 #include "widgets/back_buffer.h"
 
 namespace scourwell {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/escaped.h"
 #include "platform/win/window_calls.h"
+#include "text/escaped.h"
 
 namespace scourwell {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/unicode.h"
+#include "text/unicode.h"
 #include "widgets/faded_icon.h"
 
 namespace scourwell {

@@ -2,10 +2,10 @@
 
 #include <optional>
 
-#include "platform/text.h"
-#include "platform/unicode.h"
 #include "platform/win/control_calls.h"
 #include "platform/win/late_bind.h"
+#include "text/text.h"
+#include "text/unicode.h"
 
 namespace scourwell {
 

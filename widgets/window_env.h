@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "platform/captions.h"
-#include "platform/error_log.h"
+#include "machine/error_log.h"
+#include "text/captions.h"
 #include "widgets/metrics.h"
 
 namespace scourwell {

@@ -2,9 +2,9 @@
 
 #include <windows.h>
 
-#include "platform/unicode.h"
 #include "platform/win/native_text.h"
 #include "platform/win/win_error.h"
+#include "text/unicode.h"
 
 namespace scourwell {
 

@@ -5,11 +5,11 @@
 #include <objbase.h>
 #include <shellapi.h>
 
-#include "platform/escaped.h"
 #include "platform/win/family.h"
 #include "platform/win/file_calls.h"
 #include "platform/win/win_error.h"
 #include "platform/win/window_calls.h"
+#include "text/escaped.h"
 
 namespace scourwell {
 namespace {

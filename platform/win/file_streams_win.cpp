@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
 #include "platform/files.h"
-#include "platform/text.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/win_error.h"
+#include "text/paths.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

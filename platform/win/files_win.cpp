@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
 #include "platform/win/family.h"
 #include "platform/win/file_streams_win.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/win_error.h"
+#include "text/paths.h"
 
 namespace scourwell {
 namespace {

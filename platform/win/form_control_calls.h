@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/unicode.h"
 #include "platform/win/control_calls.h"
+#include "text/unicode.h"
 
 namespace scourwell {
 

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/unicode.h"
+#include "text/unicode.h"
 
 namespace scourwell {
 namespace {

@@ -2,12 +2,12 @@
 
 #include <windows.h>
 
-#include "platform/folding.h"
-#include "platform/unicode.h"
 #include "platform/win/family.h"
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
 #include "platform/win/w9x/upper_case_9x.h"
+#include "text/folding.h"
+#include "text/unicode.h"
 
 namespace scourwell {
 namespace {

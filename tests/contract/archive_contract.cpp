@@ -1,9 +1,9 @@
 // A backup and its restore on a machine: what holds folders must not keep files from being written,
 // and attributes and times must come back as the machine reports them.
 #include "backup/extractor.h"
-#include "platform/path_guard.h"
-#include "platform/text.h"
+#include "guard/path_guard.h"
 #include "tests/contract/on_disk.h"
+#include "text/text.h"
 
 namespace scourwell::test {
 namespace {

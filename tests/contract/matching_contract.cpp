@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/error_log.h"
+#include "machine/error_log.h"
 #include "scan/drive_scan.h"
 #include "tests/contract/contract.h"
 #include "tests/contract/plain_loop.h"

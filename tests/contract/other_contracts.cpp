@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/escaped.h"
-#include "platform/text.h"
-#include "platform/unicode.h"
 #include "tests/contract/contract.h"
+#include "text/escaped.h"
+#include "text/text.h"
+#include "text/unicode.h"
 
 namespace scourwell::test {
 namespace {

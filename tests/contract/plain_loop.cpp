@@ -2,8 +2,8 @@
 
 #include <set>
 
-#include "platform/paths.h"
-#include "platform/unicode.h"
+#include "text/paths.h"
+#include "text/unicode.h"
 
 namespace scourwell::test {
 namespace {

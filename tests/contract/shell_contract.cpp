@@ -1,5 +1,6 @@
 #include <doctest/doctest.h>
 
+#include "platform/shell.h"
 #include "tests/contract/contract.h"
 
 namespace scourwell::test {

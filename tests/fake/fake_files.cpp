@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "platform/paths.h"
+#include "text/paths.h"
 
 #include "tests/fake/fake_machine.h"
 

@@ -17,9 +17,9 @@
 #include "platform/registry.h"
 #include "platform/shell.h"
 #include "platform/system.h"
-#include "platform/text.h"
 #include "tests/fake/fake_files.h"
 #include "tests/fake/fake_versions.h"
+#include "text/text.h"
 
 namespace scourwell::test {
 

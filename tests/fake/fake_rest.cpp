@@ -1,8 +1,8 @@
 #include <chrono>
 
-#include "platform/unicode.h"
-#include "platform/windows_1252.h"
 #include "tests/fake/fake_machine.h"
+#include "text/unicode.h"
+#include "text/windows_1252.h"
 
 namespace scourwell::test {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/text.h"
 #include "platform/versions.h"
+#include "text/text.h"
 
 namespace scourwell::test {
 

@@ -1,5 +1,5 @@
-#include "platform/unicode.h"
 #include "tests/fake/fake_machine.h"
+#include "text/unicode.h"
 
 namespace scourwell::test {
 

@@ -1,13 +1,13 @@
 // Reference files and sources, damaged at random: nothing crashes, and the tool never sees another
 // row than the program does.
 #include "definitions/reference_file.h"
-#include "platform/windows_1252.h"
 #include "refc/dump.h"
 #include "refc/lint.h"
 #include "refc/reference_reader.h"
 #include "refc/source_reader.h"
 #include "tests/fuzz/mutate.h"
 #include "tests/refc_support.h"
+#include "text/windows_1252.h"
 
 namespace scourwell::test {
 namespace {

@@ -1,10 +1,10 @@
 // Valid version resources, damaged at random: nothing may be read outside of the block, and every
 // text must be made of its characters.
-#include "platform/version_resource.h"
+#include "machine/version_resource.h"
 
 #include <cstring>
 
-#include "platform/file_version.h"
+#include "machine/file_version.h"
 #include "tests/fake/version_block.h"
 #include "tests/fuzz/mutate.h"
 #include "tests/support.h"

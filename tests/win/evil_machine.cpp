@@ -1,6 +1,6 @@
 #include "tests/win/evil_machine.h"
 
-#include "platform/registry_access.h"
+#include "platform/registry.h"
 #include "platform/win/files_win.h"
 #include "platform/win/registry_win.h"
 

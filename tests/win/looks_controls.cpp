@@ -6,8 +6,8 @@
 #include <iterator>
 #include <map>
 
-#include "platform/text.h"
 #include "platform/win/window_calls.h"
+#include "text/text.h"
 #include "widgets/resource.h"
 
 namespace scourwell::ui {

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <map>
 
-#include "platform/text.h"
+#include "text/text.h"
 #include "widgets/access_keys.h"
 #include "widgets/resource.h"
 

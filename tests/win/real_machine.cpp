@@ -1,7 +1,8 @@
 // The contract tests' machine made of the real adapters, in a folder and a key of its own.
 #include <windows.h>
 
-#include "platform/registry_access.h"
+#include "guard/key_remover.h"
+#include "platform/shell.h"
 #include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/family.h"
@@ -139,10 +140,8 @@ class RealContractMachine : public ContractMachine {
  private:
   void CleanUp() {
     DeleteTree(Native(kFolder));
-    const NumberCaptions captions;
     ErrorLog log(files_, clock_, code_pages_, "C:\\contract-errors.txt");
-    ShellWin shell;
-    RegistryAccess(registry_, log, captions, shell).DeleteKey(RootKey::CurrentUser, kKey);
+    KeyRemover(registry_, log, [] {}).DeleteKey(RootKey::CurrentUser, kKey);
   }
 
   const SystemCalls& system_ = Is9xSide() ? W9xSystemCalls() : NtSystemCalls();

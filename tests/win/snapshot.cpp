@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/text.h"
 #include "platform/win/files_win.h"
 #include "platform/win/registry_win.h"
+#include "text/text.h"
 
 namespace scourwell::ui {
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "platform/win/desktop_win.h"
-#include "shell/settings.h"
+#include "settings/settings.h"
 #include "tests/win/ui_machine.h"
 
 namespace scourwell::ui {

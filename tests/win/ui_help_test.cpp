@@ -1,6 +1,6 @@
 // F1 in the windows of the built program. A stand-in for the browser notes which page it is to
 // show.
-#include "platform/registry_access.h"
+#include "machine/cregister.h"
 #include "tests/win/ui_tool.h"
 
 namespace scourwell::ui {

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
+#include "machine/file_utils.h"
 #include "tests/win/ui_tool.h"
 
 namespace scourwell::ui {

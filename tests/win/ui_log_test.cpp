@@ -1,6 +1,6 @@
 // The log viewer's search.
-#include "platform/text.h"
 #include "tests/win/ui_machine.h"
+#include "text/text.h"
 
 namespace scourwell::ui {
 namespace {

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/ini_text.h"
 #include "platform/win/files_win.h"
 #include "tests/win/camera.h"
 #include "tests/win/looks_rules.h"
 #include "tests/win/looks_windows.h"
+#include "text/ini_text.h"
 
 namespace scourwell::ui {
 namespace {

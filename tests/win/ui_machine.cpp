@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "platform/registry_access.h"
+#include "machine/cregister.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/files_win.h"
 #include "platform/win/native_text.h"

@@ -2,7 +2,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
-#include "platform/registry_access.h"
+#include "machine/cregister.h"
 #include "tests/win/ui_tool.h"
 
 namespace scourwell::ui {

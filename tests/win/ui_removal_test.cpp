@@ -1,5 +1,5 @@
 // Removal, backup, restore and exclusion through the windows of the built program.
-#include "platform/registry_access.h"
+#include "platform/registry.h"
 #include "platform/win/files_win.h"
 #include "platform/win/registry_win.h"
 #include "tests/win/evil_machine.h"

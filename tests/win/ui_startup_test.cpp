@@ -1,7 +1,7 @@
 // The startup manager, driven through its window on a planted machine.
 #include <map>
 
-#include "platform/registry_access.h"
+#include "machine/cregister.h"
 #include "platform/win/desktop_win.h"
 #include "platform/win/system_win.h"
 #include "tests/win/ui_tool.h"

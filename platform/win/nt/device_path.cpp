@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-#include "platform/text.h"
 #include "platform/win/native_text.h"
+#include "text/text.h"
 
 namespace scourwell {
 

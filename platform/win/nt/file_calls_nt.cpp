@@ -1,10 +1,10 @@
-#include "platform/paths.h"
-#include "platform/text.h"
 #include "platform/win/file_calls.h"
 #include "platform/win/find_data.h"
 #include "platform/win/native_text.h"
 #include "platform/win/nt/native_path.h"
 #include "platform/win/version_block.h"
+#include "text/paths.h"
+#include "text/text.h"
 
 namespace scourwell {
 namespace {

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
+#include "text/paths.h"
 
 namespace scourwell {
 namespace {

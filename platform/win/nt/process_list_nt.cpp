@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "platform/file_utils.h"
 #include "platform/win/family.h"
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
@@ -15,6 +14,7 @@
 #include "platform/win/system_calls.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/win_error.h"
+#include "text/paths.h"
 
 namespace scourwell {
 namespace {

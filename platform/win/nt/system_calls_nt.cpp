@@ -1,11 +1,11 @@
 #include "platform/win/system_calls.h"
 
-#include "platform/paths.h"
 #include "platform/win/folder_location.h"
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
 #include "platform/win/nt/native_path.h"
 #include "platform/win/version_record.h"
+#include "text/paths.h"
 
 namespace scourwell {
 namespace {

@@ -1,9 +1,9 @@
-#include "platform/file_utils.h"
 #include "platform/win/file_calls.h"
 #include "platform/win/find_data.h"
 #include "platform/win/native_text.h"
 #include "platform/win/version_block.h"
 #include "platform/win/w9x/reachable_path.h"
+#include "text/paths.h"
 
 namespace scourwell {
 namespace {

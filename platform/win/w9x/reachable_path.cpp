@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "platform/file_utils.h"
 #include "platform/win/native_text.h"
+#include "text/paths.h"
 
 namespace scourwell {
 namespace {

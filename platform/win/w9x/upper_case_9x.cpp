@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/folding.h"
+#include "text/folding.h"
 
 namespace scourwell {
 
