@@ -37,10 +37,6 @@ bool HasEnding(std::string_view name, std::string_view ending) {
   return name.size() > ending.size() && EndsWithNoCase(name, ending);
 }
 
-bool OnDisk(const Detection& row) {
-  return row.kind == kSpyFile || row.kind == kSpyFolder || row.kind == kSpyCookie;
-}
-
 std::string Stem(const std::string& key) {
   return HasEnding(key, kEnding) ? key.substr(0, key.size() - 4) : key;
 }
@@ -94,7 +90,7 @@ void Backups::DeleteScripts() {
   }
 }
 
-BackupReport Backups::Create(const std::string& name, const std::vector<const Detection*>& rows,
+BackupReport Backups::Create(const std::string& name, const std::vector<const FoundObject*>& rows,
                              ArchiveOptions options) {
   BackupReport report;
   report.archive = parts_.log.Trap("cmdBackup", [&]() -> Outcome {
@@ -108,7 +104,7 @@ BackupReport Backups::Create(const std::string& name, const std::vector<const De
   return report;
 }
 
-Outcome Backups::Store(const std::string& name, const std::vector<const Detection*>& rows,
+Outcome Backups::Store(const std::string& name, const std::vector<const FoundObject*>& rows,
                        ArchiveOptions options, BackupReport* report) {
   if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
   if (!IsUsableName(name)) return Outcome::Failed(kBadFileName);
@@ -120,13 +116,13 @@ Outcome Backups::Store(const std::string& name, const std::vector<const Detectio
   RegistryBackup registry(parts_.registry, parts_.registry64, parts_.pump, parts_.code_pages,
                           ReaderOf(parts_.os));
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    const Detection& row = *rows[i];
     const std::size_t failed = archive.result().failed.size();
     const std::size_t left_out = registry.left_out().size();
-    registry.Add(row);
+    registry.Add(*rows[i]);
     DirEntry there;
-    if (OnDisk(row) && parts_.files.Stat(row.details, &there).number() != kFileNotFound) {
-      if (Outcome added = archive.AddFile(row.details); !added.ok()) return added;
+    const std::string* path = PathOnDisk(*rows[i]);
+    if (path && parts_.files.Stat(*path, &there).number() != kFileNotFound) {
+      if (Outcome added = archive.AddFile(*path); !added.ok()) return added;
     }
     if (archive.result().failed.size() > failed || registry.left_out().size() > left_out) {
       report->failed_rows.push_back(i);

@@ -57,7 +57,7 @@ class Backups {
 
   // Stores the rows in a new archive. Rows that are neither files, folders, cookies nor registry
   // entries, and files that are gone, need no backup.
-  BackupReport Create(const std::string& name, const std::vector<const Detection*>& rows,
+  BackupReport Create(const std::string& name, const std::vector<const FoundObject*>& rows,
                       ArchiveOptions options = {});
 
   // In the order of the folder's listing.
@@ -72,7 +72,7 @@ class Backups {
   std::string PathOf(std::string_view file_name) const;
   Outcome CheckFolder() const;
   void DeleteScripts();
-  Outcome Store(const std::string& name, const std::vector<const Detection*>& rows,
+  Outcome Store(const std::string& name, const std::vector<const FoundObject*>& rows,
                 ArchiveOptions options, BackupReport* report);
   Outcome AddScripts(const std::string& name, const RegistryBackup& registry,
                      ArchiveWriter* archive);

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "scan/detection.h"
+#include "scan/finding.h"
+#include "scan/finding_texts.h"
 #include "widgets/access_keys.h"
 #include "widgets/message_box.h"
 #include "widgets/path_cell.h"
@@ -25,7 +26,7 @@ void frmIgnore::OnCreate() {
   IgnoreListView_.row_count = [this] { return records_.size(); };
   IgnoreListView_.cell_text = [this](std::size_t row, int column) { return Field(row, column); };
   IgnoreListView_.Create(env_, hwnd(), IDC_IgnoreListView);
-  const int type = metrics().TextWidth(std::string(kSpyRegistryValue)) + metrics().Scale(40);
+  const int type = metrics().WidestText(KindTexts(env_.captions)) + metrics().Scale(40);
   IgnoreListView_.AddColumn(kType, Text(1500), type);
   IgnoreListView_.AddColumn(kSystem, Text(1501), metrics().Scale(130));
   IgnoreListView_.AddColumn(kDetails, Text(1502), metrics().Scale(250));
@@ -118,16 +119,18 @@ LRESULT frmIgnore::OnNotify(NMHDR* header) {
   if (header->hwndFrom != IgnoreListView_.hwnd()) return 0;
   if (header->code == NM_CUSTOMDRAW) {
     const auto& draw = *reinterpret_cast<const NMLVCUSTOMDRAW*>(header);
-    return DrawPathColumn(
-        IgnoreListView_, draw, kDetails, records_.size(),
-        [&](std::size_t row) -> const std::string& { return records_[row].details; });
+    return DrawPathColumn(IgnoreListView_, draw, kDetails, records_.size(),
+                          [&](std::size_t row) { return records_[row].details; });
   }
   return 0;
 }
 
-const std::string& frmIgnore::Field(std::size_t row, int column) const {
+std::string frmIgnore::Field(std::size_t row, int column) const {
   const IgnoreRecord& record = records_[row];
-  return column == kSystem ? record.system : column == kDetails ? record.details : record.kind;
+  if (column == kSystem) return record.system;
+  if (column == kDetails) return record.details;
+  const std::optional<FindingKind> kind = KindOfWord(record.kind);
+  return kind ? KindText(env_.captions, *kind) : record.kind;
 }
 
 }  // namespace scourwell

@@ -30,7 +30,7 @@ class frmIgnore : public ListDialog {
   void CmdRemove_Click();
   void Check(const std::vector<std::size_t>& rows, bool checked);
   void CheckAll(bool checked);
-  const std::string& Field(std::size_t row, int column) const;
+  std::string Field(std::size_t row, int column) const;
   void ShowCount();
 
   IgnoreList& ignore_;

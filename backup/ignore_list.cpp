@@ -1,6 +1,7 @@
 #include "backup/ignore_list.h"
 
 #include "machine/file_utils.h"
+#include "scan/finding_texts.h"
 #include "text/escaped.h"
 #include "text/text.h"
 
@@ -31,6 +32,10 @@ std::string TakeField(std::string_view* rest, bool* ended) {
 }
 
 }  // namespace
+
+IgnoreRecord IgnoreRecordOf(const Finding& finding) {
+  return {std::string(KindWord(KindOf(finding.object))), PlaceText(finding.object), finding.spy};
+}
 
 std::vector<IgnoreRecord> ParseIgnoreRecords(std::string_view text) {
   std::vector<IgnoreRecord> records;
@@ -73,7 +78,7 @@ Outcome IgnoreList::Append(const std::vector<IgnoreRecord>& records) {
   if (written.ok()) written = files_.Append(path_, ToFile(records));
   if (!written.ok()) return written;
   // Should the file not be readable now, they count all the same.
-  for (const IgnoreRecord& record : records) keys_.insert(Key(record.kind, record.details));
+  for (const IgnoreRecord& record : records) keys_.insert(Key(record));
   return {};
 }
 
@@ -129,15 +134,13 @@ Outcome IgnoreList::TurnOver() {
   return Keep(records);
 }
 
-std::string IgnoreList::Key(std::string_view kind, std::string_view details) {
-  std::string key(kind);
-  key += '\0';
-  return key.append(details);
+std::string IgnoreList::Key(const IgnoreRecord& record) {
+  return record.kind + '\0' + record.details;
 }
 
-bool IgnoreList::Matches(std::string_view kind, std::string_view details) {
+bool IgnoreList::Matches(const IgnoreRecord& record) {
   static_cast<void>(log_.Trap("AddSpyToListView", [&] { return Refresh(); }));
-  return !keys_.empty() && keys_.count(Key(kind, details)) != 0;
+  return !keys_.empty() && keys_.count(Key(record)) != 0;
 }
 
 Outcome IgnoreList::Refresh() {
@@ -145,7 +148,7 @@ Outcome IgnoreList::Refresh() {
     if (!content) return;
     std::unordered_set<std::string> keys;
     for (const IgnoreRecord& record : ParseIgnoreRecords(FromFile(*content))) {
-      keys.insert(Key(record.kind, record.details));
+      keys.insert(Key(record));
     }
     keys_ = std::move(keys);
     known_ = true;

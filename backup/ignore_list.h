@@ -8,6 +8,7 @@
 #include "machine/error_log.h"
 #include "machine/watched_file.h"
 #include "platform/code_pages.h"
+#include "scan/finding.h"
 #include "settings/kept_texts.h"
 
 namespace scourwell {
@@ -18,6 +19,9 @@ struct IgnoreRecord {
   std::string details;
   std::string system;
 };
+
+// The record by which a finding is known in every language. Its words are the file's alone.
+IgnoreRecord IgnoreRecordOf(const Finding& finding);
 
 // Reads records of three quoted, comma-separated fields a line. A field without quotes ends at
 // the comma; a missing field is empty; quotation marks cannot stand inside a field.
@@ -44,10 +48,10 @@ class IgnoreList {
         path_(std::move(path)),
         watched_(files, clock, kLargest) {}
 
-  // True when a record names this kind and these details, both compared with case. The answer is
+  // True when a record names the same kind and details, both compared with case. The answer is
   // always that of the file as it stands; it is read again only when it changed. While it cannot be
   // read, the records that were read last count.
-  bool Matches(std::string_view kind, std::string_view details);
+  bool Matches(const IgnoreRecord& record);
   // False when Matches could never look: nobody knows what is excluded.
   bool known() const { return known_; }
 
@@ -60,7 +64,7 @@ class IgnoreList {
   Outcome Keep(const std::vector<IgnoreRecord>& kept);
 
  private:
-  static std::string Key(std::string_view kind, std::string_view details);
+  static std::string Key(const IgnoreRecord& record);
   Outcome Refresh();
   // The code page of the file as it stands.
   unsigned FileCodePage();

@@ -2,6 +2,7 @@
 
 #include "machine/cregister.h"
 #include "machine/file_utils.h"
+#include "scan/finding_texts.h"
 #include "text/paths.h"
 #include "text/text.h"
 
@@ -22,55 +23,66 @@ RegistryBackup::RegistryBackup(Registry& registry, Registry* registry64, Pump& p
       exported_(code_pages, reader),
       exported64_(code_pages, reader) {}
 
-void RegistryBackup::Add(const Detection& row) {
-  const std::string& key = row.tool_tip;
-  if (row.kind != kSpyRegistryKey && row.kind != kSpyRegistryValue) return;
-  const std::string name(ValueName(row));
-  const bool is_value = row.kind == kSpyRegistryValue;
-  if (!CanStandInScript(key) || (is_value && !CanStandInScript(name))) return Note(false, key);
-  if (row.view64) {
-    // The texts are imported into the 32-bit view: only the export knows of the other one.
-  } else if (!is_value) {
-    keys_.AddKey(key);
-  } else if (CanStandInScript(row.tag) && values_.AddKey(key)) {
+void RegistryBackup::Add(const FoundObject& object) {
+  std::visit(Overloaded{
+                 [&](const FoundKey& key) { AddKey(key); },
+                 [&](const FoundValue& value) { AddValue(value); },
+                 [](const FoundFile&) {},
+                 [](const FoundFolder&) {},
+                 [](const FoundCookie&) {},
+                 [](const FoundProcess&) {},
+             },
+             object);
+}
+
+// The texts are imported into the 32-bit view: only the export knows of the other one.
+void RegistryBackup::AddKey(const FoundKey& key) {
+  const std::string full_path = FullKeyPath(key.place);
+  if (!CanStandInScript(full_path)) return Note(false, full_path);
+  if (!key.view64) keys_.AddKey(full_path);
+  Registry* registry = RegistryOf(key.view64);
+  if (!registry) return LeaveOut(key, "unknown root");
+  const RegStatus opened = registry->TryOpen(key.place.root, key.place.path, kKeyRead);
+  if (opened == kRegOk) {
+    return ExportKey(full_path, *registry, key.place, 0, ExportOf(key.view64));
+  }
+  if (opened != kRegNotFound) LeaveOut(key, "it cannot be read");
+}
+
+void RegistryBackup::AddValue(const FoundValue& value) {
+  const std::string full_path = FullKeyPath(value.key);
+  if (!CanStandInScript(full_path) || !CanStandInScript(value.name)) return Note(false, full_path);
+  if (!value.view64 && CanStandInScript(value.data) && values_.AddKey(full_path)) {
     // The export brings data that no quoted text can hold.
-    values_.AddValue(name, {kRegText, row.tag + '\0'});
+    values_.AddValue(value.name, {kRegText, value.data + '\0'});
   }
-  Export(row);
+  if (Registry* registry = RegistryOf(value.view64)) return ExportValue(value, registry);
+  LeaveOut(value, "unknown root");
 }
 
-void RegistryBackup::Export(const Detection& row) {
-  Registry* registry = row.view64 ? registry64_ : &registry_;
-  RegScript* script = row.view64 ? &exported64_ : &exported_;
-  RegistryPlace place;
-  if (!registry || !SplitRegistryPlace(row.tool_tip, &place)) {
-    left_out_.push_back(row.details + ": unknown root");
-    return;
-  }
-  if (row.kind == kSpyRegistryValue) return ExportValue(row, *registry, place, script);
-  const RegStatus opened = registry->TryOpen(place.root, place.path, kKeyRead);
-  if (opened == kRegOk) return ExportKey(row.tool_tip, *registry, place, 0, script);
-  if (opened != kRegNotFound) left_out_.push_back(row.details + ": it cannot be read");
-}
-
-void RegistryBackup::ExportValue(const Detection& row, Registry& registry,
-                                 const RegistryPlace& place, RegScript* script) {
-  const std::string name(ValueName(row));
+void RegistryBackup::ExportValue(const FoundValue& found, Registry* registry) {
+  const RegistryPlace& place = found.key;
   // The row may spell the name in capitals: the script brings it back as it stands.
-  std::string true_name = name;
+  std::string true_name = found.name;
   static_cast<void>(
-      registry.EnumValues(place.root, place.path, [&](const std::string& each, const RegValue&) {
-        if (!EqualsNoCase(each, name)) return true;
+      registry->EnumValues(place.root, place.path, [&](const std::string& each, const RegValue&) {
+        if (!EqualsNoCase(each, found.name)) return true;
         true_name = each;
         return false;
       }));
   RegValue value;
-  const RegStatus status = registry.QueryValue(place.root, place.path, name, &value);
+  const RegStatus status = registry->QueryValue(place.root, place.path, found.name, &value);
+  const std::string full_path = FullKeyPath(place);
+  RegScript* script = ExportOf(found.view64);
   if (status == kRegOk) {
-    Note(script->AddKey(row.tool_tip) && script->AddValue(true_name, value), row.tool_tip);
+    Note(script->AddKey(full_path) && script->AddValue(true_name, value), full_path);
   } else if (status != kRegNotFound) {
-    left_out_.push_back(row.details + ": it cannot be read");
+    LeaveOut(found, "it cannot be read");
   }
+}
+
+void RegistryBackup::LeaveOut(const FoundObject& object, std::string_view why) {
+  left_out_.push_back(PlaceText(object).append(": ").append(why));
 }
 
 void RegistryBackup::ExportKey(const std::string& full_path, Registry& registry,

@@ -7,7 +7,7 @@
 #include "machine/registry_place.h"
 #include "platform/pump.h"
 #include "platform/registry.h"
-#include "scan/detection.h"
+#include "scan/finding.h"
 
 namespace scourwell {
 
@@ -20,7 +20,8 @@ class RegistryBackup {
   RegistryBackup(Registry& registry, Registry* registry64, Pump& pump, CodePages& code_pages,
                  ScriptReader reader);
 
-  void Add(const Detection& row);
+  // Rows of other kinds are passed over.
+  void Add(const FoundObject& object);
 
   const RegScript& keys() const { return keys_; }
   const RegScript& values() const { return values_; }
@@ -31,11 +32,14 @@ class RegistryBackup {
   const std::vector<std::string>& left_out() const { return left_out_; }
 
  private:
-  void Export(const Detection& row);
+  void AddKey(const FoundKey& key);
+  void AddValue(const FoundValue& value);
   void ExportKey(const std::string& full_path, Registry& registry, const RegistryPlace& place,
                  unsigned depth, RegScript* script);
-  void ExportValue(const Detection& row, Registry& registry, const RegistryPlace& place,
-                   RegScript* script);
+  void ExportValue(const FoundValue& found, Registry* registry);
+  void LeaveOut(const FoundObject& object, std::string_view why);
+  Registry* RegistryOf(bool view64) { return view64 ? registry64_ : &registry_; }
+  RegScript* ExportOf(bool view64) { return view64 ? &exported64_ : &exported_; }
   void Note(bool held, const std::string& full_path);
 
   Registry& registry_;

@@ -16,6 +16,12 @@ namespace {
 constexpr int kRecords = 100'000;
 constexpr int kDetections = 10'000;
 
+// No row is shown here.
+class NoCaptions : public Captions {
+ public:
+  std::string Text(int) const override { return {}; }
+};
+
 class NothingKept : public KeptTexts {
  public:
   std::string Get(const std::string&, const std::string&) override { return {}; }
@@ -38,6 +44,7 @@ void BenchIgnoring(const char* scratch_folder) {
   AppSettings settings;
   GapPump pump;
   NothingKept kept;
+  const NoCaptions captions;
   std::size_t quotes = 0;
   const auto bare = [&] {
     std::string content;
@@ -47,11 +54,10 @@ void BenchIgnoring(const char* scratch_folder) {
   std::size_t rows = 0;
   const auto ours = [&] {
     IgnoreList ignore(files, clock, code_pages, kept, log, path);
-    HitList hits(ignore, settings, log);
+    HitList hits(ignore, settings, captions, log);
     // Every second one is excluded.
     for (int i = 0; i < kDetections; ++i) {
-      hits.AddSpyToListView(
-          {"Spy File", Name(kRecords + (i % 2 ? i : -i - 1)), "Adware", 0, {}, {}});
+      hits.AddSpyToListView({"Adware", FoundFile{Name(kRecords + (i % 2 ? i : -i - 1))}});
     }
     rows = hits.size();
   };

@@ -21,11 +21,11 @@ constexpr int kClasses = 20000;
 constexpr int kSignatures = 10000;
 constexpr int kProcesses = 300;
 
-class NoHits : public DetectionSink {
+class NoHits : public FindingSink {
  public:
-  bool Contains(const Detection&) const override { return false; }
-  bool Shows(const Detection&) const override { return true; }
-  void AddSpyToListView(const Detection&) override { ++hits; }
+  bool Contains(const FoundObject&) const override { return false; }
+  bool Shows(const FoundObject&) const override { return true; }
+  void AddSpyToListView(const Finding&) override { ++hits; }
   int hits = 0;
 };
 

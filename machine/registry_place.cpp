@@ -72,6 +72,10 @@ std::string ValueToText(const RegValue& value) {
   }
 }
 
+std::string FullKeyPath(const RegistryPlace& place) {
+  return std::string(NameFromRoot(place.root)) + "\\" + place.path;
+}
+
 bool SplitRegistryPlace(std::string_view full_path, RegistryPlace* place) {
   const auto root = RootFromName(FirstPart(full_path));
   if (!root || NameFromRoot(*root).empty()) return false;

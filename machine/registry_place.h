@@ -23,6 +23,8 @@ struct RegistryPlace {
   RootKey root = RootKey::CurrentUser;
   std::string path;  // below the root
 };
+// With the name of its root; that of another root is empty.
+std::string FullKeyPath(const RegistryPlace& place);
 // False for another root, or none.
 bool SplitRegistryPlace(std::string_view full_path, RegistryPlace* place);
 

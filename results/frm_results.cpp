@@ -1,6 +1,7 @@
 #include "results/frm_results.h"
 
 #include "results/scan_log.h"
+#include "scan/finding_texts.h"
 #include "text/escaped.h"
 #include "widgets/layout.h"
 #include "widgets/resource.h"
@@ -66,8 +67,8 @@ std::string frmResults::Summary() const {
 std::string frmResults::Objects() const {
   std::string text;
   for (const RemovedObject& object : removal_.report().objects) {
-    text += ForShowing(object.details) + " - " + RemovalStateText(env_.captions, object.result) +
-            "\r\n";
+    text += ForShowing(PlaceText(object.object)) + " - " +
+            RemovalStateText(env_.captions, object.result) + "\r\n";
   }
   return text.empty() ? Text(17106) : text;
 }

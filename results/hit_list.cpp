@@ -1,21 +1,20 @@
 #include "results/hit_list.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "scan/finding_texts.h"
 
 namespace scourwell {
 namespace {
 
-struct KindCounter {
-  std::string_view kind;
-  std::int16_t HitCounters::*counter;
+// By kind. Cookies count as files: the summary has no line of their own.
+constexpr std::int16_t HitCounters::*kCounters[] = {
+    &HitCounters::files,    &HitCounters::folders,  &HitCounters::files,
+    &HitCounters::registry, &HitCounters::registry, &HitCounters::processes,
 };
-
-// Cookies count as files: the summary has no line of their own.
-constexpr KindCounter kCounters[] = {
-    {kSpyRegistryKey, &HitCounters::registry}, {kSpyRegistryValue, &HitCounters::registry},
-    {kSpyFile, &HitCounters::files},           {kSpyCookie, &HitCounters::files},
-    {kMemoryProcess, &HitCounters::processes}, {kSpyFolder, &HitCounters::folders},
-};
+static_assert(std::size(kCounters) == std::variant_size_v<FoundObject>);
 
 Outcome Raise(std::int16_t* counter) {
   if (*counter == INT16_MAX) return Outcome::Failed(kOverflow);
@@ -32,46 +31,43 @@ void HitList::Clear() {
   sorted_ = ascending_ = false;
 }
 
-bool HitList::Contains(const Detection& detection) const {
-  return seen_.find(IdentityOf(detection)) != seen_.end();
+bool HitList::Contains(const FoundObject& object) const {
+  return seen_.find(IdentityOf(object)) != seen_.end();
 }
 
-bool HitList::Shows(const Detection& detection) const {
-  const auto item = seen_.find(IdentityOf(detection));
+bool HitList::Shows(const FoundObject& object) const {
+  const auto item = seen_.find(IdentityOf(object));
   return item != seen_.end() && item->second;
 }
 
-void HitList::AddSpyToListView(const Detection& detection) {
+void HitList::AddSpyToListView(const Finding& finding) {
   static_cast<void>(log_.Trap("AddSpyToListView", [&]() -> Outcome {
-    bool& shown = seen_[IdentityOf(detection)];
+    bool& shown = seen_[IdentityOf(finding.object)];
     // Where nobody knows what is excluded, nothing is offered for removal.
-    if (ignore_.Matches(detection.kind, detection.details) || !ignore_.known()) {
+    if (ignore_.Matches(IgnoreRecordOf(finding)) || !ignore_.known()) {
       if (Outcome raised = Raise(&counters_.ignored); !raised.ok()) return raised;
     } else {
       const bool checked = settings_.MarkChecked == "y" || settings_.AutoRemove;
-      rows_.push_back({detection, checked});
+      rows_.push_back({finding, checked});
       shown = true;
     }
-    return Count(detection.kind);
+    return Count(KindOf(finding.object));
   }));
 }
 
-Outcome HitList::Count(std::string_view kind) {
-  for (const KindCounter& counter : kCounters) {
-    if (counter.kind == kind) return Raise(&(counters_.*counter.counter));
-  }
-  return {};
+Outcome HitList::Count(FindingKind kind) {
+  return Raise(&(counters_.*kCounters[static_cast<std::size_t>(kind)]));
 }
 
-const std::string& HitList::Text(std::size_t index, Column column) const {
-  const Detection& detection = rows_[index].detection;
+std::string HitList::Text(std::size_t index, Column column) const {
+  const Finding& finding = rows_[index].finding;
   switch (column) {
     case kSystem:
-      return detection.system;
+      return finding.spy;
     case kDetails:
-      return detection.details;
+      return PlaceText(finding.object);
     default:
-      return detection.kind;
+      return KindText(captions_, KindOf(finding.object));
   }
 }
 
@@ -90,11 +86,10 @@ Outcome HitList::ExcludeChecked() {
   Outcome left;
   for (std::size_t i = rows_.size(); i-- > 0;) {
     if (!rows_[i].checked) continue;
-    const Detection& found = rows_[i].detection;
-    IgnoreRecord record = {found.kind, found.details, found.system};
+    IgnoreRecord record = IgnoreRecordOf(rows_[i].finding);
     if (!CanBeIgnored(record)) {
       left = Outcome::Failed(kBadFileName, "A name with a quotation mark cannot be excluded")
-                 .With("Component: ", found.details);
+                 .With("Component: ", record.details);
       continue;
     }
     records.push_back(std::move(record));
@@ -118,15 +113,17 @@ void HitList::SortBy(Column column) {
   sorted_ = true;
   sort_column_ = column;
   ascending_ = !ascending_;
-  const auto text = [column](const Row& row) -> const std::string& {
-    return column == kSystem    ? row.detection.system
-           : column == kDetails ? row.detection.details
-                                : row.detection.kind;
-  };
-  std::stable_sort(rows_.begin(), rows_.end(), [&](const Row& a, const Row& b) {
-    const int order = CompareNoCase(text(a), text(b));
+  std::vector<std::pair<std::string, Row>> keyed;
+  keyed.reserve(rows_.size());
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    std::string text = Text(i, column);
+    keyed.emplace_back(std::move(text), std::move(rows_[i]));
+  }
+  std::stable_sort(keyed.begin(), keyed.end(), [&](const auto& a, const auto& b) {
+    const int order = CompareNoCase(a.first, b.first);
     return ascending_ ? order < 0 : order > 0;
   });
+  for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i] = std::move(keyed[i].second);
 }
 
 }  // namespace scourwell

@@ -10,38 +10,39 @@
 
 #include "backup/ignore_list.h"
 #include "machine/error_log.h"
-#include "scan/detection.h"
+#include "scan/finding.h"
 #include "scan/hit_counters.h"
 #include "settings/app_settings.h"
+#include "text/captions.h"
 #include "text/text.h"
 
 namespace scourwell {
 
-// The model of `SpyListView`: one row per detection with its check mark, and the counters.
-class HitList : public DetectionSink {
+// The model of `SpyListView`: one row per finding with its check mark, and the counters.
+class HitList : public FindingSink {
  public:
   struct Row {
-    Detection detection;
+    Finding finding;
     bool checked = false;
   };
   enum Column { kType, kSystem, kDetails };
 
-  HitList(IgnoreList& ignore, const AppSettings& settings, ErrorLog& log)
-      : ignore_(ignore), settings_(settings), log_(log) {}
+  HitList(IgnoreList& ignore, const AppSettings& settings, const Captions& captions, ErrorLog& log)
+      : ignore_(ignore), settings_(settings), captions_(captions), log_(log) {}
 
   // At the start of a scan: no rows, counters at 0.
   void Clear();
 
-  bool Contains(const Detection& detection) const override;
-  bool Shows(const Detection& detection) const override;
-  // Adds a row unless the ignore list holds the detection or cannot be read; counts it in either
+  bool Contains(const FoundObject& object) const override;
+  bool Shows(const FoundObject& object) const override;
+  // Adds a row unless the ignore list holds the finding or cannot be read; counts it in either
   // case.
-  void AddSpyToListView(const Detection& detection) override;
+  void AddSpyToListView(const Finding& finding) override;
 
   std::size_t size() const { return rows_.size(); }
   bool empty() const { return rows_.empty(); }
   const Row& row(std::size_t index) const { return rows_[index]; }
-  const std::string& Text(std::size_t index, Column column) const;
+  std::string Text(std::size_t index, Column column) const;
   const HitCounters& counters() const { return counters_; }
 
   void SetChecked(std::size_t index, bool checked) { rows_[index].checked = checked; }
@@ -59,10 +60,11 @@ class HitList : public DetectionSink {
   bool ascending() const { return ascending_; }
 
  private:
-  Outcome Count(std::string_view kind);
+  Outcome Count(FindingKind kind);
 
   IgnoreList& ignore_;
   const AppSettings& settings_;
+  const Captions& captions_;
   ErrorLog& log_;
   std::vector<Row> rows_;
   // By identity: whether a row stands for it.

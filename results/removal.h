@@ -1,15 +1,15 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <string>
 #include <unordered_set>
 #include <vector>
 
-#include "guard/key_remover.h"
 #include "platform/processes.h"
 #include "results/file_remover.h"
 #include "results/hit_list.h"
+#include "results/registry_remover.h"
+#include "results/removal_plan.h"
 #include "text/captions.h"
 
 namespace scourwell {
@@ -26,8 +26,7 @@ struct RemovalCounters {
 };
 
 struct RemovedObject {
-  std::string kind;
-  std::string details;
+  FoundObject object;
   RemovalResult result;
 };
 
@@ -57,8 +56,7 @@ class Removal {
 
   // `kept`: rows (by index) that shall stay, with the reason in the report.
   void RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept = {});
-  // Runs the registry editor on the "Remove.reg" of the last removal, if that could be written;
-  // does not wait for it.
+  // Runs the registry editor on the "Remove.reg" of the last removal, where the settings want it.
   void launchRegEditDelete();
 
   // What to tell the user when something is still there: the request to restart, then each object
@@ -69,26 +67,16 @@ class Removal {
   const RemovalReport& report() const { return report_; }
 
  private:
-  bool RemoveRows(bool processes, const std::unordered_set<std::size_t>& kept,
-                  std::map<std::size_t, RemovedObject>* done);
-  void WriteScript(const std::vector<std::size_t>& rows);
-  Outcome CreateRegistryDeleteFile(const std::vector<std::size_t>& rows);
-  RemovalResult Remove(const Detection& row);
-  RemovalResult RemoveRegistry(const Detection& row);
-  KeyRemover& KeysOf(const Detection& row);
-  bool MayStandInScript(const Detection& row);
-  RemovalResult EndProcess(const Detection& row);
-  void TellDenied();
-  std::string ScriptPath() const;
-  void CountAttempt(std::string_view kind);
+  RemovedObject Carry(const RemovalStep& step);
+  void WriteScript(const std::vector<RemovalStep>& steps);
+  RemovalResult Remove(const FoundObject& object);
+  RemovalResult EndProcess(const FoundProcess& process);
 
   Parts parts_;
-  KeyRemover keys_;
-  KeyRemover keys64_;
-  FileRemover remover_;
+  FileRemover files_;
+  RegistryRemover keys_;
   RemovalCounters counters_;
   RemovalReport report_;
-  bool script_written_ = false;
 };
 
 }  // namespace scourwell

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "scan/finding_texts.h"
 #include "widgets/access_keys.h"
 #include "widgets/image_list.h"
 #include "widgets/layout.h"
@@ -37,8 +38,10 @@ void ResultsPane::OnCreate() {
   SpyListView_.cell_text = [this](std::size_t row, int column) {
     return hits_.Text(row, static_cast<HitList::Column>(column));
   };
-  SpyListView_.row_image = [this](std::size_t row) { return hits_.row(row).detection.icon; };
-  SpyListView_.row_tip = [this](std::size_t row) { return hits_.row(row).detection.tool_tip; };
+  SpyListView_.row_image = [this](std::size_t row) {
+    return KindIcon(KindOf(hits_.row(row).finding.object));
+  };
+  SpyListView_.row_tip = [this](std::size_t row) { return TipText(hits_.row(row).finding.object); };
   SpyListView_.Create(env_, hwnd(), IDC_SpyListView);
   images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
   SpyListView_.SetSmallImages(images_.get());
@@ -59,7 +62,7 @@ void ResultsPane::OnCreate() {
 
 void ResultsPane::CreateColumns() {
   const int boxes = metrics().Scale(16) + 2 * kPicture * metrics().PictureFactor();
-  const int type = metrics().TextWidth(std::string(kSpyRegistryValue)) + boxes;
+  const int type = metrics().WidestText(KindTexts(env_.captions)) + boxes;
   system_width_ = metrics().Scale(160);
   const int widths[] = {type, system_width_, metrics().Scale(200)};
   for (int i = 0; i < 3; ++i) SpyListView_.AddColumn(i, Text(kColumnCaptions[i]), widths[i]);
@@ -195,9 +198,8 @@ LRESULT ResultsPane::OnNotify(NMHDR* header) {
 }
 
 LRESULT ResultsPane::Draw(const NMLVCUSTOMDRAW& draw) const {
-  return DrawPathColumn(
-      SpyListView_, draw, HitList::kDetails, hits_.size(),
-      [&](std::size_t row) -> const std::string& { return hits_.Text(row, HitList::kDetails); });
+  return DrawPathColumn(SpyListView_, draw, HitList::kDetails, hits_.size(),
+                        [&](std::size_t row) { return hits_.Text(row, HitList::kDetails); });
 }
 
 void ResultsPane::Check(const std::vector<std::size_t>& rows, bool checked) {
@@ -229,7 +231,7 @@ void ResultsPane::ShowMenu(POINT at) {
   }
   const MenuHandle menu(CreatePopupMenu());
   const UINT rows = hits_.empty() ? MF_GRAYED : MF_ENABLED;
-  const UINT properties = MayShowProperties() ? MF_ENABLED : MF_GRAYED;
+  const UINT properties = SelectedPath() ? MF_ENABLED : MF_GRAYED;
   Calls().Append(menu.get(), MF_STRING | rows, IDM_mnuCheckAll, Text(17019));
   Calls().Append(menu.get(), MF_STRING | rows, IDM_mnuUncheckAll, Text(17020));
   Calls().Append(menu.get(), MF_SEPARATOR, 0, {});
@@ -238,17 +240,14 @@ void ResultsPane::ShowMenu(POINT at) {
 }
 
 // Only things that lie on a disk have a property sheet.
-bool ResultsPane::MayShowProperties() const {
+const std::string* ResultsPane::SelectedPath() const {
   const int row = SpyListView_.NextSelected(-1);
-  if (row < 0) return false;
-  const std::string& kind = hits_.Text(static_cast<std::size_t>(row), HitList::kType);
-  return kind == kSpyFile || kind == kSpyFolder || kind == kSpyCookie;
+  return row < 0 ? nullptr : PathOnDisk(hits_.row(static_cast<std::size_t>(row)).finding.object);
 }
 
 Outcome ResultsPane::mnuShowProperties() {
-  if (!MayShowProperties()) return {};
-  const auto row = static_cast<std::size_t>(SpyListView_.NextSelected(-1));
-  return shell_.ShowProperties(hits_.Text(row, HitList::kDetails));
+  const std::string* path = SelectedPath();
+  return path ? shell_.ShowProperties(*path) : Outcome();
 }
 
 HWND ResultsPane::FirstFocus() const { return SpyListView_.hwnd(); }

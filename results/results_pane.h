@@ -41,7 +41,7 @@ class ResultsPane : public Pane {
   void Sort(int column);
   void ShowMenu(POINT at);
   Outcome mnuShowProperties();
-  bool MayShowProperties() const;
+  const std::string* SelectedPath() const;
   void ShowCount();
   void EnableButtons();
 

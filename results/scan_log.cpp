@@ -19,19 +19,22 @@ void ScanLog::CreateDriveScanLogFile() {
     Lines lines;
     lines.Add("\r\n" + Text(1832)).Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
-      const Detection& found = hits.row(i).detection;
+      const Finding& found = hits.row(i).finding;
       if (!parts_.pump.Next()) return {};
-      if (found.kind == kSpyFolder) lines.Add(found.system + " folder:" + found.details);
+      const auto* folder = std::get_if<FoundFolder>(&found.object);
+      if (folder) lines.Add(found.spy + " folder:" + folder->path);
     }
     lines.Add(Text(1833));
     lines.Add(Text(1834) + std::to_string(hits.counters().folders));
     lines.Add("\r\n" + Text(1835)).Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
-      const Detection& found = hits.row(i).detection;
+      const Finding& found = hits.row(i).finding;
       if (!parts_.pump.Next()) return {};
-      if (found.kind != kSpyFile && found.kind != kSpyCookie) continue;
-      lines.Add(found.system + " file:" + found.details);
-      lines.Add(FileLines(found));
+      if (std::holds_alternative<FoundFolder>(found.object)) continue;
+      const std::string* path = PathOnDisk(found.object);
+      if (!path) continue;
+      lines.Add(found.spy + " file:" + *path);
+      lines.Add(FileLines(*path));
     }
     lines.Add(Text(1836));
     lines.Add(Text(1837) + std::to_string(hits.counters().files));
@@ -41,12 +44,12 @@ void ScanLog::CreateDriveScanLogFile() {
 }
 
 // The indented lines of one file, ending so that Add leaves two empty lines behind them.
-std::string ScanLog::FileLines(const Detection& detection) {
-  const FileFacts facts = FactsOf(detection.details, "CreateDriveScanLogFile");
+std::string ScanLog::FileLines(const std::string& path) {
+  const FileFacts facts = FactsOf(path, "CreateDriveScanLogFile");
   std::string lines = "\tFileSize :" + facts.size + " kb\r\n\tLast accessed  :" + facts.accessed +
                       "\r\n\tBuild :" + facts.build + "\r\n\tOS :-" + facts.system + "\r\n";
   if (parts_.settings.ExtraLogInfo) {
-    lines += ExtraLines(facts, parts_.file_version.GetVerHeader(detection.details), "\t");
+    lines += ExtraLines(facts, parts_.file_version.GetVerHeader(path), "\t");
   }
   return lines + "\r\n";
 }

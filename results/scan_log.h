@@ -75,7 +75,7 @@ class ScanLog {
     FixedFileInfo fixed;
   };
   FileFacts FactsOf(const std::string& path, const char* method);
-  std::string FileLines(const Detection& detection);
+  std::string FileLines(const std::string& path);
   // Further lines of a file with ExtraLogInfo.
   static std::string ExtraLines(const FileFacts& facts, const VersionTexts& texts,
                                 const std::string& indent);

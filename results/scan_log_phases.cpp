@@ -3,6 +3,7 @@
 #include "machine/version_texts.h"
 #include "results/log_lines.h"
 #include "results/scan_log.h"
+#include "scan/finding_texts.h"
 #include "scan/memory_scan.h"
 #include "text/text.h"
 
@@ -11,7 +12,7 @@ namespace {
 
 constexpr char kMemoryRule[] = "=================================================";
 
-std::string ViewOf(const Detection& found) { return found.view64 ? std::string(kView64) : ""; }
+std::string ViewText(bool view64) { return view64 ? std::string(kView64) : ""; }
 
 }  // namespace
 
@@ -105,9 +106,10 @@ void ScanLog::CreateCookieScanLogFile() {
     Lines lines;
     lines.Add("\r\n" + Text(1881)).Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
-      const Detection& found = hits.row(i).detection;
+      const Finding& found = hits.row(i).finding;
       if (!parts_.pump.Next()) return {};
-      if (found.kind == kSpyCookie) lines.Add(found.system + " Cookie:" + found.details);
+      const auto* cookie = std::get_if<FoundCookie>(&found.object);
+      if (cookie) lines.Add(found.spy + " Cookie:" + cookie->path);
     }
     lines.Add("\r\n").Add(Text(1879));
     lines.Add(Text(1880) + std::to_string(hits.counters().files));
@@ -123,19 +125,21 @@ void ScanLog::CreateRegistryScanLogFile() {
     Lines lines;
     lines.Add(Text(1838) + "\r\n").Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
-      const Detection& found = hits.row(i).detection;
+      const Finding& found = hits.row(i).finding;
       if (!parts_.pump.Next()) return {};
-      if (found.kind != kSpyRegistryKey) continue;
-      lines.Add("Registry Key Type = " + found.system + ViewOf(found) + ":\r\n");
-      lines.Add("[" + std::string(BareDetails(found)) + "]\r\n");
+      const auto* key = std::get_if<FoundKey>(&found.object);
+      if (!key) continue;
+      lines.Add("Registry Key Type = " + found.spy + ViewText(key->view64) + ":\r\n");
+      lines.Add("[" + FullKeyPath(key->place) + "]\r\n");
     }
     for (std::size_t i = 0; i < hits.size(); ++i) {
-      const Detection& found = hits.row(i).detection;
+      const Finding& found = hits.row(i).finding;
       if (!parts_.pump.Next()) return {};
-      if (found.kind != kSpyRegistryValue) continue;
-      lines.Add("Registry Key Value Type = " + found.system + ViewOf(found) + ":");
-      lines.Add("[" + found.tool_tip + "]");
-      lines.Add("\"" + std::string(ValueName(found)) + "\"=" + found.tag);
+      const auto* value = std::get_if<FoundValue>(&found.object);
+      if (!value) continue;
+      lines.Add("Registry Key Value Type = " + found.spy + ViewText(value->view64) + ":");
+      lines.Add("[" + FullKeyPath(value->key) + "]");
+      lines.Add("\"" + value->name + "\"=" + value->data);
     }
     lines.Add(Text(1839));
     lines.Add(Text(1840) + std::to_string(hits.counters().registry));

@@ -2,6 +2,7 @@
 #include "results/log_lines.h"
 #include "results/removal.h"
 #include "results/scan_log.h"
+#include "scan/finding_texts.h"
 
 namespace scourwell {
 void ScanLog::AddRemoval(const RemovalReport& report) {
@@ -11,8 +12,8 @@ void ScanLog::AddRemoval(const RemovalReport& report) {
     lines.Add(Text(17100) + " " + parts_.clock.GeneralDate(parts_.clock.Now()));
     lines.Add(kLongRule);
     for (const RemovedObject& object : report.objects) {
-      lines.Add(object.kind + ": " + object.details + " - " +
-                RemovalStateText(parts_.captions, object.result));
+      lines.Add(KindText(parts_.captions, KindOf(object.object)) + ": " + PlaceText(object.object) +
+                " - " + RemovalStateText(parts_.captions, object.result));
     }
     if (report.objects.empty()) lines.Add(Text(17106));
     lines.Add(kLongRule);

@@ -193,7 +193,7 @@ void AdvancedScan::AdvancedFilePropertiesSearch(const Item& item) {
     if (!examined_.insert(item.path).second) return {};
     Outcome outcome;
     if (const std::optional<std::string_view> spy = Identify(item, &outcome)) {
-      ReportOnce(parts_.sink, kSpyFile, kCodeFile, item.path, *spy);
+      ReportOnce(parts_.sink, FoundFile{item.path}, *spy);
     }
     return outcome.ok() ? Outcome() : std::move(outcome).With("sPath: ", item.path);
   }));

@@ -15,7 +15,7 @@
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "platform/shell.h"
-#include "scan/detection.h"
+#include "scan/finding.h"
 #include "scan/literal_index.h"
 #include "scan/scan_progress.h"
 #include "text/captions.h"
@@ -74,7 +74,7 @@ class AdvancedScan {
     Pump& pump;
     ErrorLog& log;
     const Captions& captions;
-    DetectionSink& sink;
+    FindingSink& sink;
     ScanProgress& progress;
     const SignatureLists& lists;  // unchanged as long as the pass lives
     const SystemFolders& folders;

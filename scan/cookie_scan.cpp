@@ -10,7 +10,7 @@ bool IsCookieName(std::string_view name) { return EndsWithNoCase(name, ".txt"); 
 
 }  // namespace
 
-CookieScan::CookieScan(Files& files, Pump& pump, ErrorLog& log, DetectionSink& sink,
+CookieScan::CookieScan(Files& files, Pump& pump, ErrorLog& log, FindingSink& sink,
                        ScanProgress& progress, const SignatureList& list)
     : files_(files),
       pump_(pump),
@@ -54,9 +54,9 @@ void CookieScan::Check(const std::string& path, const std::string& name, bool al
   progress_.lblScan = path;
   ++progress_.scanned_files;
   if (const auto row = index_.FirstRowIn(name)) {
-    ReportOnce(sink_, kSpyCookie, kCodeFile, path, list_[*row].sub1);
+    ReportOnce(sink_, FoundCookie{path}, list_[*row].sub1);
   } else if (all) {
-    ReportOnce(sink_, kSpyCookie, kCodeFile, path, "Other");
+    ReportOnce(sink_, FoundCookie{path}, "Other");
   }
 }
 

@@ -8,7 +8,7 @@
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "scan/containment_index.h"
-#include "scan/detection.h"
+#include "scan/finding.h"
 #include "scan/scan_progress.h"
 
 namespace scourwell {
@@ -17,7 +17,7 @@ namespace scourwell {
 class CookieScan {
  public:
   // `list` must stay unchanged as long as the scan lives.
-  CookieScan(Files& files, Pump& pump, ErrorLog& log, DetectionSink& sink, ScanProgress& progress,
+  CookieScan(Files& files, Pump& pump, ErrorLog& log, FindingSink& sink, ScanProgress& progress,
              const SignatureList& list);
 
   // Lists the folder's ordinary ".txt" files whose name holds a cookie signature, under the first
@@ -32,7 +32,7 @@ class CookieScan {
   Files& files_;
   Pump& pump_;
   ErrorLog& log_;
-  DetectionSink& sink_;
+  FindingSink& sink_;
   ScanProgress& progress_;
   const SignatureList& list_;
   ContainmentIndex index_;

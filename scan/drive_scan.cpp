@@ -14,7 +14,7 @@ constexpr std::string_view kEverything = "*.*";
 }  // namespace
 
 DriveScan::DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& captions,
-                     DetectionSink& sink, ScanProgress& progress, const SignatureList& list)
+                     FindingSink& sink, ScanProgress& progress, const SignatureList& list)
     : files_(files),
       pump_(pump),
       log_(log),
@@ -175,10 +175,10 @@ void DriveScan::Report(const Level& level, std::uint32_t row, const std::string&
   const std::string folder = below.empty() ? level.path : AddPathToFileName(level.path, below);
   const std::string path = AddPathToFileName(folder, hit.name);
   if (!index_.IsFolderRow(row)) {
-    ReportOnce(sink_, kSpyFile, kCodeFile, path, signature.sub1);
+    ReportOnce(sink_, FoundFile{path}, signature.sub1);
     return;
   }
-  ReportOnce(sink_, kSpyFolder, kCodeFolder, path, signature.sub1);
+  ReportOnce(sink_, FoundFolder{path}, signature.sub1);
   if (!hit.link) FindFiles(path, signature.sub1);
 }
 
@@ -189,7 +189,7 @@ void DriveScan::FindFiles(const std::string& folder, std::string_view spy) {
         files_.List(AddPathToFileName(folder, kEverything), [&](const DirEntry& entry) {
           if (!pump_.Next()) return false;
           if (entry.IsFolder()) return true;
-          ReportOnce(sink_, kSpyFile, kCodeFile, AddPathToFileName(folder, entry.name), spy);
+          ReportOnce(sink_, FoundFile{AddPathToFileName(folder, entry.name)}, spy);
           return true;
         });
     return listed.ok() ? Outcome() : std::move(listed).With("sPath: ", folder);

@@ -8,7 +8,7 @@
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "scan/advanced_scan.h"
-#include "scan/detection.h"
+#include "scan/finding.h"
 #include "scan/scan_progress.h"
 #include "scan/scan_scope.h"
 #include "scan/signature_index.h"
@@ -21,7 +21,7 @@ namespace scourwell {
 // searched rows of `list`, which must stay unchanged as long as the pass lives.
 class DriveScan {
  public:
-  DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& captions, DetectionSink& sink,
+  DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& captions, FindingSink& sink,
             ScanProgress& progress, const SignatureList& list);
 
   // Files of every folder are examined as well, before its rows are searched.
@@ -69,7 +69,7 @@ class DriveScan {
   Pump& pump_;
   ErrorLog& log_;
   const Captions& captions_;
-  DetectionSink& sink_;
+  FindingSink& sink_;
   ScanProgress& progress_;
   SignatureIndex index_;
   AdvancedScan* advanced_ = nullptr;

@@ -24,7 +24,7 @@ void Matching::checkIfFileExistsThenAddToSpyList(const std::string& spy, const s
     if (full.empty()) return {};
     if (!MayLookUp(full)) return Refuse(full);
     for (const std::string& place : PlacesOf(full, folders_)) {
-      if (FileExists(files_, place)) ReportOnce(sink_, kSpyFile, kCodeFile, place, spy);
+      if (FileExists(files_, place)) ReportOnce(sink_, FoundFile{place}, spy);
     }
     return {};
   }));
@@ -37,7 +37,7 @@ void Matching::checkIfFolderExistsThenAddToSpyList(const std::string& spy,
     if (full.empty()) return {};
     if (!MayLookUp(full)) return Refuse(full);
     for (const std::string& place : PlacesOf(full, folders_)) {
-      if (FolderExists(files_, place)) ReportOnce(sink_, kSpyFolder, kCodeFolder, place, spy);
+      if (FolderExists(files_, place)) ReportOnce(sink_, FoundFolder{place}, spy);
     }
     return {};
   }));

@@ -6,7 +6,7 @@
 #include "machine/error_log.h"
 #include "machine/system_folders.h"
 #include "platform/files.h"
-#include "scan/detection.h"
+#include "scan/finding.h"
 #include "scan/memory_scan.h"
 
 namespace scourwell {
@@ -14,7 +14,7 @@ namespace scourwell {
 // What definitions ask at once: does this one path exist, does this process run.
 class Matching : public DirectChecks {
  public:
-  Matching(Files& files, ErrorLog& log, const SystemFolders& folders, DetectionSink& sink,
+  Matching(Files& files, ErrorLog& log, const SystemFolders& folders, FindingSink& sink,
            MemoryScan& memory)
       : files_(files), log_(log), folders_(folders), sink_(sink), memory_(memory) {}
 
@@ -42,7 +42,7 @@ class Matching : public DirectChecks {
   Files& files_;
   ErrorLog& log_;
   const SystemFolders& folders_;
-  DetectionSink& sink_;
+  FindingSink& sink_;
   MemoryScan& memory_;
   bool refused_ = false;  // something of this list
 };

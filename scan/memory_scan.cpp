@@ -85,18 +85,8 @@ void MemoryScan::MatchAll(const std::string& spy, const std::string& process) {
 
 void MemoryScan::CheckMType(std::size_t index, const std::string& spy) {
   const ProcessEntry& process = tasklist_[index];
-  Detection found;
-  static_cast<void>(parts_.log.Trap("CheckMType", [&] {
-    found.kind = kMemoryProcess;
-    found.details = process.path;
-    found.system = spy;
-    found.icon = kCodeProcess;
-    found.tool_tip = process.path;
-    // Signed: identifiers of Windows 95 to Me have all 32 bits, and numbers in texts are read
-    // with 31.
-    found.tag = std::to_string(static_cast<std::int32_t>(process.id));
-    if (!parts_.sink.Contains(found)) parts_.sink.AddSpyToListView(found);
-  }));
+  const FoundProcess found = {process.path, process.id};
+  static_cast<void>(parts_.log.Trap("CheckMType", [&] { ReportOnce(parts_.sink, found, spy); }));
   const std::string platform = parts_.os.Platform();
   if (platform != "Windows XP" && platform != "Windows 2000") return;
   if (tried_[index] || !parts_.sink.Shows(found)) return;

@@ -8,7 +8,7 @@
 #include "machine/system_folders.h"
 #include "platform/processes.h"
 #include "platform/pump.h"
-#include "scan/detection.h"
+#include "scan/finding.h"
 #include "scan/scan_progress.h"
 
 namespace scourwell {
@@ -30,7 +30,7 @@ class MemoryScan {
     ErrorLog& log;
     const COpSysInfo& os;
     const SystemFolders& folders;
-    DetectionSink& sink;
+    FindingSink& sink;
     ScanProgress& progress;
   };
 

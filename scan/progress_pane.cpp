@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "scan/detection.h"
+#include "scan/finding_texts.h"
 #include "text/text.h"
 #include "widgets/image_list.h"
 #include "widgets/resource.h"
@@ -16,19 +16,19 @@ struct SummaryKind {
   int scanned_id;
   int infected_id;
   int caption;
-  int picture;
+  FindingKind kind;
   std::uint32_t ScanProgress::*scanned;
   std::int16_t HitCounters::*infected;
 };
 constexpr SummaryKind kSummary[] = {
-    {IDC_lblFiles, IDC_lblFilesScanned, IDC_lblFilesInfected, 1858, kCodeFile,
+    {IDC_lblFiles, IDC_lblFilesScanned, IDC_lblFilesInfected, 1858, FindingKind::File,
      &ScanProgress::scanned_files, &HitCounters::files},
-    {IDC_lblFolders, IDC_lblFoldersScanned, IDC_lblFoldersInfected, 1859, kCodeFolder,
+    {IDC_lblFolders, IDC_lblFoldersScanned, IDC_lblFoldersInfected, 1859, FindingKind::Folder,
      &ScanProgress::scanned_folders, &HitCounters::folders},
-    {IDC_lblKeys, IDC_lblKeysScanned, IDC_lblKeysInfected, 1860, kCodeRegistry,
+    {IDC_lblKeys, IDC_lblKeysScanned, IDC_lblKeysInfected, 1860, FindingKind::RegistryKey,
      &ScanProgress::scanned_keys, &HitCounters::registry},
-    {IDC_lblProcesses, IDC_lblProcessesScanned, IDC_lblProcessesInfected, 1861, kCodeProcess,
-     &ScanProgress::scanned_processes, &HitCounters::processes},
+    {IDC_lblProcesses, IDC_lblProcessesScanned, IDC_lblProcessesInfected, 1861,
+     FindingKind::Process, &ScanProgress::scanned_processes, &HitCounters::processes},
 };
 constexpr int kPicture = 16;
 constexpr char kWidestTime[] = " 00:00:00";
@@ -199,7 +199,7 @@ void ProgressPane::OnPaint(HDC dc) {
   }
   for (int i = 0; i < kRows; ++i) {
     const int y = icon_rows_ + i * row_height_ + (row_height_ - PictureSize()) / 2;
-    ImageList_Draw(images_.get(), kSummary[i].picture, dc, summary_.left + inset, y, ILD_NORMAL);
+    ImageList_Draw(images_.get(), KindIcon(kSummary[i].kind), dc, summary_.left + inset, y, ILD_NORMAL);
   }
 }
 

@@ -1,5 +1,6 @@
 #include "scan/registry_scan.h"
 
+#include <utility>
 #include <vector>
 
 #include "machine/cregister.h"
@@ -56,9 +57,7 @@ constexpr RegistryWalk kDeepWalks[] = {
 constexpr char kClassKey[] = "CLSID";
 constexpr unsigned kDeepest = 512;  // levels that the system allows
 
-std::string FullPath(RootKey root, const std::string& path) {
-  return std::string(NameFromRoot(root)) + "\\" + path;
-}
+std::string FullPath(RootKey root, const std::string& path) { return FullKeyPath({root, path}); }
 
 bool IsBelowClasses(std::string_view path) { return StartsWithNoCase(path, kClassKey); }
 
@@ -71,25 +70,8 @@ std::optional<RootKey> HiveIn(std::string_view text) {
   return std::nullopt;
 }
 
-Detection KeyItem(std::string details) {
-  Detection item;
-  item.kind = kSpyRegistryKey;
-  item.icon = kCodeRegistry;
-  item.tool_tip = details;
-  item.details = std::move(details);
-  return item;
-}
-
-// Details that lead to the value; log, removal and backup find key and data beside them.
-Detection ValueItem(const std::string& key, const std::string& name, const RegValue& value) {
-  Detection item;
-  item.kind = kSpyRegistryValue;
-  item.icon = kCodeRegistry;
-  item.details = AddPathToFileName(key, name);
-  item.tool_tip = key;
-  item.tag = ValueToText(value);
-  return item;
-}
+const RegistryPlace& KeyOf(const FoundKey& key) { return key.place; }
+const RegistryPlace& KeyOf(const FoundValue& value) { return value.key; }
 
 }  // namespace
 
@@ -105,7 +87,7 @@ std::string ComparableData(const RegValue& value) {
   }
 }
 
-RegistryScan::RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, DetectionSink& sink,
+RegistryScan::RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, FindingSink& sink,
                            ScanProgress& progress, SignatureLists& lists, ListLoader& loader,
                            RegistryView view)
     : registry_(registry),
@@ -125,13 +107,21 @@ bool RegistryScan::IsSeen(RootKey root, std::string_view path) const {
          (root == RootKey::LocalMachine && StartsWithNoCase(path, kSoftware));
 }
 
-void RegistryScan::Report(Detection item, std::string_view spy) {
-  item.system = spy;
+template <class Found>
+void RegistryScan::Report(Found found, std::string_view spy) {
   // What the first pass has seen in a shared key is the same thing.
-  if (view_.is_64 && view_.shares && IsSharedByViews(item.tool_tip) && sink_.Contains(item)) return;
-  item.view64 = view_.is_64;
-  if (view_.is_64) item.details += kView64;
-  if (!sink_.Contains(item)) sink_.AddSpyToListView(item);
+  if (view_.is_64 && view_.shares && IsSharedByViews(FullKeyPath(KeyOf(found))) &&
+      sink_.Contains(found)) {
+    return;
+  }
+  found.view64 = view_.is_64;
+  ReportOnce(sink_, std::move(found), spy);
+}
+
+// The first row of lstSearch that occurs in the examined text names the spy; `found` says what of.
+template <class Found>
+void RegistryScan::CheckMatching(std::string_view examined, Found&& found) {
+  if (const auto row = index_.FirstRowIn(examined)) Report(found(), lists_.lstSearch[*row].sub1);
 }
 
 void RegistryScan::QuickPass() {
@@ -208,7 +198,7 @@ void RegistryScan::CheckRegistryKType(const std::string& full_path, std::string_
     progress_.lblScan = full_path;
     ++progress_.scanned_keys;
     if (registry_.TryOpen(*root, path, kKeyAllRights) != kRegOk) return;
-    Report(KeyItem(FullPath(*root, path)), spy);
+    Report(FoundKey{{*root, path}}, spy);
   }));
 }
 
@@ -232,9 +222,7 @@ void RegistryScan::CheckNamedValue(const SignatureRow& row) {
   const std::string name(row.sub1);
   if (!IsSeen(*root, path)) return;
   if (registry_.QueryValue(*root, path, name, &value) != kRegOk) return;
-  Detection item = ValueItem(std::string(row.text), name, value);
-  item.tool_tip = FullPath(*root, path);
-  Report(std::move(item), row.sub2);
+  Report(FoundValue{{*root, path}, name, ValueToText(value)}, row.sub2);
 }
 
 void RegistryScan::WalkValues(RootKey root, const std::string& path) {
@@ -251,14 +239,13 @@ void RegistryScan::WalkValues(RootKey root, const std::string& path) {
 
 void RegistryScan::CheckValue(RootKey root, const std::string& path, const std::string& name,
                               const RegValue& value) {
-  const std::string key = FullPath(root, path);
-  const Detection item = ValueItem(key, name, value);
+  const auto found = [&] { return FoundValue{{root, path}, name, ValueToText(value)}; };
   const std::string data = ComparableData(value);
-  CheckMatching(item.details, item);
-  CheckMatching(data, item);
+  CheckMatching(AddPathToFileName(FullPath(root, path), name), found);
+  CheckMatching(data, found);
   const std::size_t brace = data.find('}');
   if (IsBelowClasses(path) && brace != std::string::npos) {
-    CheckMatching(data.substr(0, brace + 1), KeyItem(key));
+    CheckMatching(data.substr(0, brace + 1), [&] { return FoundKey{{root, path}}; });
   }
 }
 
@@ -268,17 +255,12 @@ void RegistryScan::WalkKeys(RootKey root, const std::string& path, unsigned dept
     if (!pump_.Next()) return false;
     const std::string below = path.empty() ? name : path + "\\" + name;
     ShowKey(root, below);
-    CheckMatching(FullPath(root, below), KeyItem(FullPath(root, below)));
+    CheckMatching(FullPath(root, below), [&] { return FoundKey{{root, below}}; });
     WalkKeys(root, below, depth + 1);
     ++progress_.scanned_keys;
     if (depth == 0) progress_.phase.Step();
     return !pump_.closing();
   });
-}
-
-// The first row of lstSearch that occurs in the examined text names the spy.
-void RegistryScan::CheckMatching(std::string_view examined, const Detection& item) {
-  if (const auto row = index_.FirstRowIn(examined)) Report(item, lists_.lstSearch[*row].sub1);
 }
 
 void RegistryScan::ShowKey(RootKey root, const std::string& path) {

@@ -9,7 +9,7 @@
 #include "platform/pump.h"
 #include "platform/registry.h"
 #include "scan/containment_index.h"
-#include "scan/detection.h"
+#include "scan/finding.h"
 #include "scan/scan_progress.h"
 
 namespace scourwell {
@@ -33,7 +33,7 @@ struct RegistryView {
 
 class RegistryScan {
  public:
-  RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, DetectionSink& sink,
+  RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, FindingSink& sink,
                ScanProgress& progress, SignatureLists& lists, ListLoader& loader,
                RegistryView view = {});
 
@@ -55,15 +55,17 @@ class RegistryScan {
   void CheckValue(RootKey root, const std::string& path, const std::string& name,
                   const RegValue& value);
   void WalkKeys(RootKey root, const std::string& path, unsigned depth);
-  void CheckMatching(std::string_view examined, const Detection& item);
-  void Report(Detection item, std::string_view spy);
+  template <class Found>
+  void CheckMatching(std::string_view examined, Found&& found);
+  template <class Found>
+  void Report(Found found, std::string_view spy);
   bool IsSeen(RootKey root, std::string_view path) const;
   void ShowKey(RootKey root, const std::string& path);
 
   Registry& registry_;
   Pump& pump_;
   ErrorLog& log_;
-  DetectionSink& sink_;
+  FindingSink& sink_;
   ScanProgress& progress_;
   SignatureLists& lists_;
   ListLoader& loader_;

@@ -36,7 +36,7 @@ class ScanSession {
     Versions& versions;
     const COpSysInfo& os;
     const SystemFolders& folders;
-    DetectionSink& sink;
+    FindingSink& sink;
     ScanReport& report;
     ScanProgress& progress;
   };

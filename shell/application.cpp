@@ -31,7 +31,7 @@ Application::Application(const Ports& ports, const std::string& application_fold
       file_version_(ports.files, ports.versions, language_, log_),
       ignore_(ports.files, ports.clock, ports.code_pages, store_, log_,
               AddPathToFileName(application_folder, "ignorespylist.txt")),
-      hits_(ignore_, settings_, log_),
+      hits_(ignore_, settings_, language_, log_),
       scan_log_({ports.files, ports.clock, ports.code_pages, ports.versions, file_version_,
                  ports.processes, ports.pump, log_, language_, settings_, hits_, os_, folders_,
                  version}),
@@ -152,11 +152,11 @@ void Application::BeginWork(int caption) {
 
 BackupReport Application::BackUpChecked(const std::string& name, ArchiveOptions options) {
   if (scanning_) return {Outcome::Failed(kPermissionDenied), {}, {}};
-  std::vector<const Detection*> rows;
+  std::vector<const FoundObject*> rows;
   std::vector<std::size_t> indexes;
   for (std::size_t i = 0; i < hits_.size(); ++i) {
     if (!hits_.row(i).checked) continue;
-    rows.push_back(&hits_.row(i).detection);
+    rows.push_back(&hits_.row(i).finding.object);
     indexes.push_back(i);
   }
   BackupReport report = backups_.Create(name, rows, std::move(options));

@@ -50,6 +50,7 @@ class frmScanSpy : public Page {
   void cmdExclude_Click();
   void cmdBackup_Click();
   bool AskForBackupName(std::string* name);
+  std::string NotStored(const BackupReport& report, int caption) const;
   void ShowNotStored(const BackupReport& report);
 
   Application& app_;

@@ -35,31 +35,32 @@ bool frmScanSpy::RemoveChecked(bool unattended) {
   if (!warning.empty() && !app_.settings().AutoRemove && !closing) {
     ShowMessage(warning, Text(17001), MB_ICONERROR);
   }
-  if (app_.settings().UseRegEdit) app_.removal().launchRegEditDelete();
+  app_.removal().launchRegEditDelete();
   if (closing) return false;
   frmResults(env_, app_.removal()).ShowModal(Root());
   return true;
 }
 
-// What could not be stored stays when nobody can be asked.
 bool frmScanSpy::BackUpFirst(bool unattended, std::unordered_set<std::size_t>* kept) {
   if (!app_.settings().BackupBeforeRemoval || app_.hits().checked_count() == 0) return true;
   SetBusy(true, 16216);
   const BackupReport report = app_.BackUpChecked(app_.backups().NameForNow());
   SetBusy(false);
   if (app_.ports().pump.closing()) return false;
-  if (report.archive.ok() && report.failures.empty()) return true;
-  if (!unattended) {
-    std::string text = Text(17143);
-    if (!report.archive.ok()) text += "\r\n" + report.archive.description();
-    for (std::size_t i = 0; i < std::min(report.failures.size(), kMostNamed); ++i) {
-      text += "\r\n" + report.failures[i];
-    }
-    return AskYesNo(text + "\r\n\r\n" + Text(17142), Text(17001));
+  BackupVerdict verdict = JudgeBackup(report, app_.hits().size(), unattended);
+  *kept = std::move(verdict.kept);
+  return !verdict.ask || AskYesNo(NotStored(report, 17143) + "\r\n\r\n" + Text(17142), Text(17001));
+}
+
+// Under the given caption, what is not in the archive, or why there is none.
+std::string frmScanSpy::NotStored(const BackupReport& report, int caption) const {
+  std::string text = Text(caption);
+  if (!report.archive.ok()) text += "\r\n" + report.archive.description();
+  for (std::size_t i = 0; i < std::min(report.failures.size(), kMostNamed); ++i) {
+    text += "\r\n" + report.failures[i];
   }
-  kept->insert(report.failed_rows.begin(), report.failed_rows.end());
-  for (std::size_t i = 0; !report.archive.ok() && i < app_.hits().size(); ++i) kept->insert(i);
-  return true;
+  if (report.failures.size() > kMostNamed) text += "\r\n... " + Text(17144);
+  return text;
 }
 
 void frmScanSpy::cmdDelete_Click() {
@@ -124,16 +125,8 @@ void frmScanSpy::cmdBackup_Click() {
 }
 
 void frmScanSpy::ShowNotStored(const BackupReport& report) {
-  if (!report.archive.ok()) {
-    return ShowMessage(Text(17140) + "\r\n" + report.archive.description(), Text(17001),
-                       MB_ICONERROR);
-  }
-  std::string text = Text(17141);
-  for (std::size_t i = 0; i < std::min(report.failures.size(), kMostNamed); ++i) {
-    text += "\r\n" + report.failures[i];
-  }
-  if (report.failures.size() > kMostNamed) text += "\r\n... " + Text(17144);
-  ShowMessage(text, Text(17001), MB_ICONERROR);
+  const int caption = report.archive.ok() ? 17141 : 17140;
+  ShowMessage(NotStored(report, caption), Text(17001), MB_ICONERROR);
 }
 
 }  // namespace scourwell

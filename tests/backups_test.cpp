@@ -9,7 +9,7 @@ struct Manager : Bench {
   COpSysInfo os{m.system};
   Backups backups{{m.files, m.registry, nullptr, m.clock, m.pump, m.shell, log, m.code_pages, os,
                    folders, settings}};
-  std::vector<Detection> rows;
+  std::vector<FoundObject> rows;
   RestoreResult restored;
 
   Manager() {
@@ -17,13 +17,10 @@ struct Manager : Bench {
     m.Folder("C:\\My backups");
     m.Folder("C:\\WINDOWS\\system32");
   }
-  void Add(std::string_view kind, const std::string& details, const std::string& tip = {},
-           const std::string& tag = {}) {
-    rows.push_back({std::string(kind), details, "spy", 0, tip.empty() ? details : tip, tag, false});
-  }
+  void Add(FoundObject object) { rows.push_back(std::move(object)); }
   BackupReport Create(const std::string& name) {
-    std::vector<const Detection*> pointers;
-    for (const Detection& row : rows) pointers.push_back(&row);
+    std::vector<const FoundObject*> pointers;
+    for (const FoundObject& row : rows) pointers.push_back(&row);
     return backups.Create(name, pointers);
   }
   Outcome Restore(const std::string& key) { return backups.Restore(key, {}, &restored); }
@@ -43,12 +40,12 @@ TEST_SUITE("backups") {
     b.m.File("C:\\Evil\\deep\\y.dll", "two");
     b.m.registry.Make(RootKey::LocalMachine, "Software\\Evil").Value("n", "x", kRegBinary);
     b.m.File("C:\\My backups\\left.reg", "[-HKEY_LOCAL_MACHINE\\Software]");
-    b.Add(kSpyFile, "C:\\x.exe");
-    b.Add(kSpyFolder, "C:\\Evil");
-    b.Add(kSpyFile, "C:\\Evil\\deep\\y.dll");  // stored with its folder
-    b.Add(kSpyCookie, "C:\\gone.txt");
-    b.Add(kMemoryProcess, "C:\\x.exe");
-    b.Add(kSpyRegistryKey, "HKEY_LOCAL_MACHINE\\Software\\Evil");
+    b.Add(FoundFile{"C:\\x.exe"});
+    b.Add(FoundFolder{"C:\\Evil"});
+    b.Add(FoundFile{"C:\\Evil\\deep\\y.dll"});  // stored with its folder
+    b.Add(FoundCookie{"C:\\gone.txt"});
+    b.Add(FoundProcess{"C:\\x.exe", 7});
+    b.Add(KeyAt("HKEY_LOCAL_MACHINE\\Software\\Evil"));
     const BackupReport report = b.Create("name");
     CHECK(report.archive.ok());
     CHECK(report.failed_rows.empty());
@@ -87,9 +84,9 @@ TEST_SUITE("backups") {
     b.m.File("C:\\locked.exe", "x").Locked();
     b.m.File("C:\\good.exe", "x");
     b.m.registry.Make(RootKey::CurrentUser, "a\r\nb");
-    b.Add(kSpyFile, "C:\\good.exe");
-    b.Add(kSpyFile, "C:\\locked.exe");
-    b.Add(kSpyRegistryKey, "HKEY_CURRENT_USER\\a\r\nb");
+    b.Add(FoundFile{"C:\\good.exe"});
+    b.Add(FoundFile{"C:\\locked.exe"});
+    b.Add(KeyAt("HKEY_CURRENT_USER\\a\r\nb"));
     const BackupReport report = b.Create("name");
     CHECK(report.archive.ok());
     CHECK(report.failed_rows == std::vector<std::size_t>{1, 2});
@@ -135,9 +132,9 @@ TEST_SUITE("backups") {
     b.m.File("C:\\App\\Scourwell.exe", "hostile");
     b.m.File("C:\\WINDOWS\\explorer.exe", "hostile");
     b.m.File("C:\\fine.txt", "fine");
-    b.Add(kSpyFile, "C:\\App\\Scourwell.exe");
-    b.Add(kSpyFile, "C:\\WINDOWS\\explorer.exe");
-    b.Add(kSpyFile, "C:\\fine.txt");
+    b.Add(FoundFile{"C:\\App\\Scourwell.exe"});
+    b.Add(FoundFile{"C:\\WINDOWS\\explorer.exe"});
+    b.Add(FoundFile{"C:\\fine.txt"});
     REQUIRE(b.Create("n").archive.ok());
     b.m.File("C:\\App\\Scourwell.exe", "good");
     b.m.files.Remove("C:\\WINDOWS\\explorer.exe");
@@ -156,7 +153,7 @@ TEST_SUITE("backups") {
       b.m.File("C:\\x.exe", "one");
       b.m.File("C:\\My backups\\old.qzp", "old");
       b.m.File("C:\\My backups\\left.reg", "x");
-      b.Add(kSpyFile, "C:\\x.exe");
+      b.Add(FoundFile{"C:\\x.exe"});
       b.m.files.failing_change = n;
       const bool stored = b.Create("n").archive.ok();
       b.m.files.failing_change = 0;
@@ -193,13 +190,7 @@ TEST_SUITE("backups") {
     view64.Make(RootKey::LocalMachine, "Software\\Evil").Value("v", "x", kRegBinary);
     Backups backups({b.m.files, b.m.registry, &view64, b.m.clock, b.m.pump, b.m.shell, b.log,
                      b.m.code_pages, b.os, b.folders, b.settings});
-    const Detection row = {std::string(kSpyRegistryValue),
-                           "HKEY_LOCAL_MACHINE\\Software\\Evil\\v (64-bit)",
-                           "spy",
-                           0,
-                           "HKEY_LOCAL_MACHINE\\Software\\Evil",
-                           "x",
-                           true};
+    const FoundObject row = ValueAt("HKEY_LOCAL_MACHINE\\Software\\Evil", "v", "x", true);
     REQUIRE(backups.Create("n", {&row}).archive.ok());
     std::string imported;
     b.m.shell.on_run = [&](const std::string& command) { imported += command + "\n"; };

@@ -9,7 +9,7 @@
 #include <tuple>
 #include <vector>
 
-#include "scan/detection.h"
+#include "scan/finding_texts.h"
 #include "text/captions.h"
 #include "text/text.h"
 
@@ -21,27 +21,40 @@ class NumberCaptions : public Captions {
   std::string Text(int number) const override { return "<" + std::to_string(number) + ">"; }
 };
 
-// Keeps every detection; `lines()` is one "kind|spy|details" a line.
-class CollectingSink : public DetectionSink {
+// Keeps every finding; `lines()` is one "kind|spy|place" a line.
+class CollectingSink : public FindingSink {
  public:
-  std::vector<Detection> found;
+  std::vector<Finding> found;
 
-  bool Contains(const Detection& wanted) const override {
-    for (const Detection& detection : found) {
-      if (EqualsNoCase(IdentityOf(detection), IdentityOf(wanted))) return true;
+  bool Contains(const FoundObject& wanted) const override {
+    for (const Finding& finding : found) {
+      if (EqualsNoCase(IdentityOf(finding.object), IdentityOf(wanted))) return true;
     }
     return false;
   }
-  bool Shows(const Detection& wanted) const override { return Contains(wanted); }
-  void AddSpyToListView(const Detection& detection) override { found.push_back(detection); }
+  bool Shows(const FoundObject& wanted) const override { return Contains(wanted); }
+  void AddSpyToListView(const Finding& finding) override { found.push_back(finding); }
   std::string lines() const {
     std::string text;
-    for (const Detection& detection : found) {
-      text += detection.kind + "|" + detection.system + "|" + detection.details + "\n";
+    for (const Finding& finding : found) {
+      text.append(KindWord(KindOf(finding.object))).append("|" + finding.spy + "|");
+      text += PlaceText(finding.object) + "\n";
     }
     return text;
   }
 };
+
+// Registry findings by the full path of their key.
+inline FoundKey KeyAt(std::string_view full_path, bool view64 = false) {
+  FoundKey key;
+  SplitRegistryPlace(full_path, &key.place);
+  key.view64 = view64;
+  return key;
+}
+inline FoundValue ValueAt(std::string_view key, const std::string& name,
+                          const std::string& data = {}, bool view64 = false) {
+  return {KeyAt(key).place, name, data, view64};
+}
 
 // The form that values have in a definitions file.
 inline std::string Scramble(std::string_view text) {

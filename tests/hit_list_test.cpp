@@ -9,10 +9,13 @@ constexpr char kIgnored[] = "C:\\App\\ignorespylist.txt";
 
 struct Results : Bench {
   IgnoreList ignore{m.files, m.clock, m.code_pages, kept, log, kIgnored};
-  HitList hits{ignore, settings, log};
+  HitList hits{ignore, settings, captions, log};
 
-  void Add(std::string_view kind, const std::string& details, const std::string& spy = "spy") {
-    hits.AddSpyToListView({std::string(kind), details, spy, 0, {}, {}});
+  void Add(FoundObject object, const std::string& spy = "spy") {
+    hits.AddSpyToListView({spy, std::move(object)});
+  }
+  bool Matches(const std::string& kind, const std::string& details) {
+    return ignore.Matches({kind, details, {}});
   }
   std::string Details() const {
     std::string text;
@@ -44,20 +47,20 @@ TEST_SUITE("ignore_list") {
 
   TEST_CASE("kind and details are compared with case, the file is read when it changed") {
     Results r;
-    CHECK_FALSE(r.ignore.Matches("Spy File", "C:\\x"));
+    CHECK_FALSE(r.Matches("Spy File", "C:\\x"));
     CHECK(r.m.Errors() == "");
     r.m.File(kIgnored, "\"Spy File\",\"C:\\x\",\"spy\"\r\n");
-    CHECK(r.ignore.Matches("Spy File", "C:\\x"));
-    CHECK_FALSE(r.ignore.Matches("Spy File", "c:\\x"));
-    CHECK_FALSE(r.ignore.Matches("Spy file", "C:\\x"));
-    CHECK_FALSE(r.ignore.Matches("Spy Folder", "C:\\x"));
-    CHECK_FALSE(r.ignore.Matches("Spy FileC:", "\\x"));
+    CHECK(r.Matches("Spy File", "C:\\x"));
+    CHECK_FALSE(r.Matches("Spy File", "c:\\x"));
+    CHECK_FALSE(r.Matches("Spy file", "C:\\x"));
+    CHECK_FALSE(r.Matches("Spy Folder", "C:\\x"));
+    CHECK_FALSE(r.Matches("Spy FileC:", "\\x"));
     CHECK(r.m.files.Count("Read ") == 1);
     r.m.File(kIgnored, "\"Spy Folder\",\"C:\\x\",\"spy\"\r\n");
-    CHECK_FALSE(r.ignore.Matches("Spy File", "C:\\x"));
-    CHECK(r.ignore.Matches("Spy Folder", "C:\\x"));
+    CHECK_FALSE(r.Matches("Spy File", "C:\\x"));
+    CHECK(r.Matches("Spy Folder", "C:\\x"));
     r.m.files.Remove(kIgnored);
-    CHECK_FALSE(r.ignore.Matches("Spy Folder", "C:\\x"));
+    CHECK_FALSE(r.Matches("Spy Folder", "C:\\x"));
   }
 
   TEST_CASE("records go to the file and out of it") {
@@ -70,10 +73,10 @@ TEST_SUITE("ignore_list") {
     std::vector<IgnoreRecord> records;
     CHECK(r.ignore.Load(&records).ok());
     REQUIRE(records.size() == 3);
-    CHECK(r.ignore.Matches("Spy Folder", "C:\\b, c"));
+    CHECK(r.Matches("Spy Folder", "C:\\b, c"));
     CHECK(r.ignore.Keep({records[2]}).ok());
     CHECK(r.m.Content(kIgnored) == "\"Spy Folder\",\"C:\\b, c\",\"\"\r\n");
-    CHECK_FALSE(r.ignore.Matches("Spy File", "C:\\a"));
+    CHECK_FALSE(r.Matches("Spy File", "C:\\a"));
     CHECK_FALSE(r.m.Has("C:\\App\\ignorespytemp.txt"));
     // What an interrupted removal left comes back.
     r.m.File("C:\\App\\ignorespytemp.txt", "\"old\",\"o\",\"\"\r\n");
@@ -93,11 +96,11 @@ TEST_SUITE("ignore_list") {
     CHECK(r.m.Content(kIgnored) == "\"Spy File\",\"C:\\z\xFCrich <U+0141>\",\"s\"\r\n");
     r.m.code_pages.system = 1251;
     IgnoreList later(r.m.files, r.m.clock, r.m.code_pages, r.kept, r.log, kIgnored);
-    CHECK(later.Matches(western.kind, western.details));
+    CHECK(later.Matches(western));
     REQUIRE(later.Append({{"Spy File", "C:\\\u0430", "s"}}).ok());
     CHECK(r.m.Content(kIgnored) ==
           "\"Spy File\",\"C:\\z\xFCrich <U+0141>\",\"s\"\r\n\"Spy File\",\"C:\\\xE0\",\"s\"\r\n");
-    CHECK(later.Matches("Spy File", "C:\\\u0430"));
+    CHECK(later.Matches({"Spy File", "C:\\\u0430", {}}));
     std::vector<IgnoreRecord> records;
     REQUIRE(later.Load(&records).ok());
     CHECK(records.size() == 2);
@@ -114,7 +117,7 @@ TEST_SUITE("ignore_list") {
       IgnoreList later(r.m.files, r.m.clock, r.m.code_pages, r.kept, r.log, kIgnored);
       for (const char* path : {"C:\\\u0430", "C:\\\u0431"}) {
         REQUIRE(later.Append({{"Spy File", path, "s"}}).ok());
-        CHECK(later.Matches("Spy File", path));
+        CHECK(later.Matches({"Spy File", path, {}}));
       }
       std::vector<IgnoreRecord> records;
       REQUIRE(later.Load(&records).ok());
@@ -139,12 +142,12 @@ TEST_SUITE("hit_list") {
   TEST_CASE("rows are counted by kind, ignored ones in both counters") {
     Results r;
     r.m.File(kIgnored, "\"Spy File\",\"C:\\ignored\",\"any\"\r\n");
-    for (const std::string_view kind :
-         {kSpyFile, kSpyCookie, kSpyFolder, kSpyRegistryKey, kSpyRegistryValue, kMemoryProcess}) {
-      r.Add(kind, "item of " + std::string(kind));
+    const FoundObject ignored = FoundFile{"C:\\ignored"};
+    for (const FoundObject& object : std::initializer_list<FoundObject>{
+             FoundFile{"f"}, FoundCookie{"c"}, FoundFolder{"d"}, KeyAt("HKEY_USERS\\k"),
+             ValueAt("HKEY_USERS\\k", "v"), FoundProcess{"p", 1}, ignored}) {
+      r.Add(object);
     }
-    r.Add("Unknown kind", "x");
-    r.Add("Spy File", "C:\\ignored");
     const HitCounters& counters = r.hits.counters();
     CHECK(counters.files == 3);
     CHECK(counters.folders == 1);
@@ -152,8 +155,7 @@ TEST_SUITE("hit_list") {
     CHECK(counters.processes == 1);
     CHECK(counters.ignored == 1);
     CHECK(counters.Total() == 7);
-    CHECK(r.hits.size() == 7);
-    const Detection ignored = {"Spy File", "C:\\IGNORED", "any", 0, {}, {}};
+    CHECK(r.hits.size() == 6);
     CHECK(r.hits.Contains(ignored));
     CHECK_FALSE(r.hits.Shows(ignored));
     r.hits.Clear();
@@ -164,11 +166,10 @@ TEST_SUITE("hit_list") {
 
   TEST_CASE("an item is reported once whatever its case") {
     Results r;
-    CHECK(ReportOnce(r.hits, kSpyFile, kCodeFile, "C:\\Evil.exe", "spy"));
-    CHECK_FALSE(ReportOnce(r.hits, kSpyFile, kCodeFile, "c:\\EVIL.EXE", "other"));
+    CHECK(ReportOnce(r.hits, FoundFile{"C:\\Evil.exe"}, "spy"));
+    CHECK_FALSE(ReportOnce(r.hits, FoundFile{"c:\\EVIL.EXE"}, "other"));
     CHECK(r.hits.size() == 1);
-    CHECK(r.hits.row(0).detection.icon == 3);
-    CHECK(r.hits.row(0).detection.tool_tip == "C:\\Evil.exe");
+    CHECK(r.Details() == "C:\\Evil.exe ");
   }
 
   TEST_CASE("rows arrive ticked when the settings say so") {
@@ -181,12 +182,12 @@ TEST_SUITE("hit_list") {
       Results r;
       r.settings.MarkChecked = mark;
       r.settings.AutoRemove = auto_remove;
-      r.Add(kSpyFile, "x");
+      r.Add(FoundFile{"x"});
       CHECK(r.hits.row(0).checked == checked);
     }
     Results r;
-    r.Add(kSpyFile, "1");
-    r.Add(kSpyFile, "2");
+    r.Add(FoundFile{"1"});
+    r.Add(FoundFile{"2"});
     r.hits.SetChecked(1, true);
     CHECK(r.hits.checked_count() == 1);
     r.hits.CheckAll(true);
@@ -198,19 +199,19 @@ TEST_SUITE("hit_list") {
   TEST_CASE("counting past 32767 is recorded, the rows stay") {
     Results r;
     r.m.clock.frozen = true;
-    for (int i = 0; i < 32'768; ++i) r.Add(kSpyFile, std::to_string(i));
+    for (int i = 0; i < 32'768; ++i) r.Add(FoundFile{std::to_string(i)});
     CHECK(r.hits.counters().files == 32'767);
     CHECK(r.hits.size() == 32'768);
     CHECK(r.m.Failures() == "6 AddSpyToListView\n");
-    r.Add(kSpyFolder, "still counted");
+    r.Add(FoundFolder{"still counted"});
     CHECK(r.hits.counters().Total() == 32'768);
   }
 
   TEST_CASE("each click on a header turns the order, equal rows keep theirs") {
     Results r;
-    r.Add(kSpyFile, "b", "1");
-    r.Add(kSpyFolder, "C", "1");
-    r.Add(kSpyFile, "a", "2");
+    r.Add(FoundFile{"b"}, "1");
+    r.Add(FoundFolder{"C"}, "1");
+    r.Add(FoundFile{"a"}, "2");
     r.hits.SortBy(HitList::kDetails);
     CHECK(r.Details() == "a b C ");
     CHECK(r.hits.ascending());
@@ -224,7 +225,7 @@ TEST_SUITE("hit_list") {
     std::string many;
     r.hits.Clear();
     for (char c = '0'; c <= 'z'; ++c) {
-      r.Add(kSpyFile, std::string(1, c), "same");
+      r.Add(FoundFile{std::string(1, c)}, "same");
       many += std::string(1, c) + " ";
     }
     r.hits.SortBy(HitList::kSystem);
@@ -234,8 +235,8 @@ TEST_SUITE("hit_list") {
   TEST_CASE("excluded rows leave the list and come back when their records go") {
     Results r;
     r.settings.MarkChecked = "y";
-    for (const char* path : {"C:\\a", "C:\\b", "C:\\c", "C:\\d"}) r.Add(kSpyFile, path);
-    r.Add(kSpyRegistryValue, "HKEY_CURRENT_USER\\Run\\say \"x\"");
+    for (const char* path : {"C:\\a", "C:\\b", "C:\\c", "C:\\d"}) r.Add(FoundFile{path});
+    r.Add(ValueAt("HKEY_CURRENT_USER\\Run", "say \"x\""));
     r.hits.SetChecked(1, false);
     CHECK(r.hits.ExcludeChecked().number() == kBadFileName);
     CHECK(r.Details() == "C:\\b HKEY_CURRENT_USER\\Run\\say \"x\" ");
@@ -244,13 +245,13 @@ TEST_SUITE("hit_list") {
     CHECK(r.hits.counters().files == 4);
     CHECK(r.hits.counters().ignored == 0);
     r.hits.Clear();
-    for (const char* path : {"C:\\a", "C:\\b", "C:\\C"}) r.Add(kSpyFile, path);
+    for (const char* path : {"C:\\a", "C:\\b", "C:\\C"}) r.Add(FoundFile{path});
     CHECK(r.Details() == "C:\\b C:\\C ");
     CHECK(r.hits.counters().files == 3);
     CHECK(r.hits.counters().ignored == 1);
     CHECK(r.ignore.Keep({}).ok());
     r.hits.Clear();
-    r.Add(kSpyFile, "C:\\a");
+    r.Add(FoundFile{"C:\\a"});
     CHECK(r.Details() == "C:\\a ");
     // A list that cannot be written keeps its rows.
     r.m.files.failing_change = r.m.files.changes + 1;
@@ -261,32 +262,29 @@ TEST_SUITE("hit_list") {
   TEST_CASE("while the ignore list cannot be read, nothing is offered that it may hold") {
     Results r;
     r.m.File(kIgnored, "\"Spy File\",\"C:\\x\",\"\"\r\n").Locked();
-    r.Add(kSpyFile, "C:\\x");
-    r.Add(kSpyFile, "C:\\y");
+    r.Add(FoundFile{"C:\\x"});
+    r.Add(FoundFile{"C:\\y"});
     CHECK(r.Details() == "");
     CHECK(r.hits.counters().ignored == 2);
     const std::string errors = r.m.Errors();
     CHECK(std::count(errors.begin(), errors.end(), '\n') == 1);
     r.m.files.Find(kIgnored)->locked = false;
-    r.Add(kSpyFile, "C:\\y");
+    r.Add(FoundFile{"C:\\y"});
     CHECK(r.Details() == "C:\\y ");
     // Read once, it counts on, with what was excluded since.
     CHECK(r.ignore.Append({{"Spy File", "C:\\z", ""}}).ok());
     r.m.files.faults["Stat " + std::string(kIgnored)] = kDiskNotReady;
-    for (const char* path : {"C:\\x", "C:\\y", "C:\\z"}) r.Add(kSpyFile, path);
+    for (const char* path : {"C:\\x", "C:\\y", "C:\\z"}) r.Add(FoundFile{path});
     CHECK(r.Details() == "C:\\y C:\\y ");
   }
 
   TEST_CASE("a program, its file and a second one that runs are three items, a cookie is a file") {
     Results r;
-    const auto process = [&](const char* id) {
-      return Detection{std::string(kMemoryProcess), "C:\\spy.exe", "spy", kCodeProcess, {}, id};
-    };
-    r.hits.AddSpyToListView(process("7"));
-    CHECK(r.hits.Contains(process("7")));
-    CHECK_FALSE(r.hits.Contains(process("8")));
-    CHECK(ReportOnce(r.hits, kSpyFile, kCodeFile, "C:\\Spy.exe", "spy"));
-    CHECK_FALSE(ReportOnce(r.hits, kSpyCookie, kCodeFile, "C:\\spy.exe", "spy"));
+    r.Add(FoundProcess{"C:\\spy.exe", 7});
+    CHECK(r.hits.Contains(FoundProcess{"C:\\SPY.exe", 7}));
+    CHECK_FALSE(r.hits.Contains(FoundProcess{"C:\\spy.exe", 8}));
+    CHECK(ReportOnce(r.hits, FoundFile{"C:\\Spy.exe"}, "spy"));
+    CHECK_FALSE(ReportOnce(r.hits, FoundCookie{"C:\\spy.exe"}, "spy"));
   }
 }
 

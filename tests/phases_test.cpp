@@ -73,7 +73,6 @@ TEST_SUITE("memory_scan") {
           "Memory Process|Bad|C:\\a\\Spy.EXE\nMemory Process|Bad|C:\\c\\spy.exe\n"
           "Memory Process|Host|c:\\windows\\SYSTEM32\\svchost.exe\n"
           "Memory Process|Host|C:\\temp\\svchost.exe\nMemory Process|Us|C:\\d\\scourwell.exe\n");
-    CHECK(p.sink.found[0].icon == 9);
     // The genuine one and Scourwell itself are refused, each with one record.
     CHECK(Lines(p.m.system.journal) == "Terminate 7\nTerminate 9\nTerminate 11\n");
     CHECK(p.m.Errors() ==
@@ -130,7 +129,7 @@ TEST_SUITE("memory_scan") {
     p.memory.ListProcesses();
     p.memory.MatchAll("Bad", "c:\\spy.exe");
     REQUIRE(p.sink.found.size() == 1);
-    CHECK(static_cast<std::uint32_t>(LeadingNumber(p.sink.found[0].tag)) == 0xFFF0A123);
+    CHECK(std::get<FoundProcess>(p.sink.found[0].object).id == 0xFFF0A123);
   }
 }
 
@@ -156,9 +155,10 @@ TEST_SUITE("registry_scan") {
     CHECK(p.sink.lines() == "Spy Registry Value|Loader|" + key +
                                 "\\SpyLoader\nSpy Registry Value|Bar|" + key + "\\Innocent\n");
     REQUIRE(p.sink.found.size() == 2);
-    CHECK(p.sink.found[1].tool_tip == key);
-    CHECK(p.sink.found[1].tag == "C:\\Program Files\\BadBar\\b.exe");
-    CHECK(p.sink.found[1].icon == 5);
+    const auto& bar = std::get<FoundValue>(p.sink.found[1].object);
+    CHECK(FullKeyPath(bar.key) == key);
+    CHECK(bar.name == "Innocent");
+    CHECK(bar.data == "C:\\Program Files\\BadBar\\b.exe");
   }
 
   TEST_CASE("keys match with everything below them; the deep pass reads classes and providers") {
@@ -208,7 +208,7 @@ TEST_SUITE("registry_scan") {
           "Spy Registry Key|Key|HKEY_LOCAL_MACHINE\\Software\\SPY\n"
           "Spy Registry Key|Other|HKEY_CURRENT_USER\\Software\\Other\n"
           "Spy Registry Value|Val|HKEY_LOCAL_MACHINE\\SOFTWARE\\SPY\\PATH\n");
-    CHECK(p.sink.found[2].tag == "x");
+    CHECK(std::get<FoundValue>(p.sink.found[2].object).data == "x");
     CHECK(p.lists.lstRegKSearch.empty());
   }
 
@@ -240,9 +240,10 @@ TEST_SUITE("registry_scan") {
               "Spy Registry Value|Val|HKEY_LOCAL_MACHINE\\SOFTWARE\\ONLY64\\Name (64-bit)\n"
               "Spy Registry Key|Class|HKEY_CLASSES_ROOT\\CLSID\\{BAD} (64-bit)\n");
     REQUIRE(p.sink.found.size() == 5);
-    CHECK(p.sink.found[2].tool_tip == "HKEY_LOCAL_MACHINE\\Software\\Only64");
-    CHECK(p.sink.found[2].view64);
-    CHECK_FALSE(p.sink.found[0].view64);
+    const auto& only64 = std::get<FoundKey>(p.sink.found[2].object);
+    CHECK(FullKeyPath(only64.place) == "HKEY_LOCAL_MACHINE\\Software\\Only64");
+    CHECK(only64.view64);
+    CHECK(PlaceText(p.sink.found[0].object).find(kView64) == std::string::npos);
   }
 
   TEST_CASE("what both views share is listed once, from Windows 7 on") {
@@ -288,7 +289,6 @@ TEST_SUITE("cookie_scan") {
     CHECK(p.Cookies(true) ==
           "Spy Cookie|Log|C:\\Cookies\\USER@SPYLOG[1].TXT\n"
           "Spy Cookie|Other|C:\\Cookies\\user@news[1].txt\n");
-    CHECK(p.sink.found[0].icon == 3);
   }
 
   TEST_CASE("no folder, no cookies; a folder that refuses is recorded") {

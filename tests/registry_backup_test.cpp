@@ -95,16 +95,11 @@ TEST_SUITE("registry_backup") {
     b.m.registry.Make(RootKey::CurrentUser, "Run").Value("Evil", "%x%", kRegExpandText);
     other.Make(RootKey::LocalMachine, "Software\\Evil64");
     RegistryBackup backup(b.m.registry, &other, b.m.pump, b.m.code_pages, ScriptReader::Unicode);
-    const auto add = [&](std::string_view kind, const std::string& key,
-                         const std::string& more = {}, const std::string& tag = {},
-                         bool view64 = false) {
-      backup.Add({std::string(kind), key + more, "spy", 0, key, tag, view64});
-    };
-    add(kSpyRegistryKey, "HKEY_LOCAL_MACHINE\\Software\\Evil");
-    add(kSpyRegistryValue, "HKEY_CURRENT_USER\\Run", "\\EVIL", "%x%\\a");
-    add(kSpyRegistryKey, "HKEY_LOCAL_MACHINE\\Software\\Evil64", " (64-bit)", "", true);
-    add(kSpyRegistryKey, "HKEY_LOCAL_MACHINE\\None");
-    add(kSpyFile, "C:\\x");
+    backup.Add(KeyAt("HKEY_LOCAL_MACHINE\\Software\\Evil"));
+    backup.Add(ValueAt("HKEY_CURRENT_USER\\Run", "EVIL", "%x%\\a"));
+    backup.Add(KeyAt("HKEY_LOCAL_MACHINE\\Software\\Evil64", true));
+    backup.Add(KeyAt("HKEY_LOCAL_MACHINE\\None"));
+    backup.Add(FoundFile{"C:\\x"});
     CHECK(backup.keys().Bytes() ==
           "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Evil]\r\n"
           "\r\n[HKEY_LOCAL_MACHINE\\None]\r\n");
@@ -128,7 +123,7 @@ TEST_SUITE("registry_backup") {
     b.m.registry.Link(RootKey::LocalMachine, "Evil\\way", "Evil");
     RegistryBackup backup(b.m.registry, nullptr, b.m.pump, b.m.code_pages, ScriptReader::Unicode);
     const std::string key = "HKEY_LOCAL_MACHINE\\Evil";
-    backup.Add({std::string(kSpyRegistryKey), key, "spy", 0, key, ""});
+    backup.Add(KeyAt(key));
     CHECK(backup.exported().Bytes() == "REGEDIT4\r\n\r\n[" + key + "]\r\n\"v\"=hex(1):78\r\n");
     CHECK(backup.left_out().empty());
   }

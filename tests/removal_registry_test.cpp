@@ -17,19 +17,18 @@ TEST_SUITE("removal") {
           .Value("back\\slash \"q\"", "x")
           .Value("", "default");
     }
-    r.Add(kSpyRegistryKey, "HKEY_LOCAL_MACHINE\\SOFTWARE\\EVIL");
-    r.Add(kSpyRegistryValue, run + "\\EVIL", run);
-    r.Add(kSpyRegistryValue, run + "\\back\\slash \"q\"", run);
-    r.Add(kSpyRegistryKey, "HKEY_LOCAL_MACHINE\\SOFTWARE\\None");
-    for (const char* key :
-         {"HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run",
-          "HKEY_LOCAL_MACHINE\\SOFTWARE", "HKEY_CLASSES_ROOT\\CLSID",
-          "HKEY_USERS\\S-1-5\\Software\\Microsoft", "HKEY_LOCAL_MACHINE", "HKEY_DYN_DATA\\x"}) {
-      r.Add(kSpyRegistryKey, key);
+    r.Add(KeyAt("HKEY_LOCAL_MACHINE\\SOFTWARE\\EVIL"));
+    r.Add(ValueAt(run, "EVIL"));
+    r.Add(ValueAt(run, "back\\slash \"q\""));
+    r.Add(KeyAt("HKEY_LOCAL_MACHINE\\SOFTWARE\\None"));
+    for (const char* key : {"HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run",
+                            "HKEY_LOCAL_MACHINE\\SOFTWARE", "HKEY_CLASSES_ROOT\\CLSID",
+                            "HKEY_USERS\\S-1-5\\Software\\Microsoft", "HKEY_LOCAL_MACHINE"}) {
+      r.Add(KeyAt(key));
     }
-    r.Add(kSpyRegistryValue, run + "\\a\r\n[-HKEY_LOCAL_MACHINE\\SOFTWARE]", run);
-    r.hits.AddSpyToListView({std::string(kSpyRegistryValue), run + "\\Evil (64-bit)", "spy", 0, run,
-                             "C:\\x.exe", true});
+    r.Add(FoundKey{{RootKey::DynData, "x"}});
+    r.Add(ValueAt(run, "a\r\n[-HKEY_LOCAL_MACHINE\\SOFTWARE]"));
+    r.Add(ValueAt(run, "Evil", "C:\\x.exe", true));
     r.Run();
     CHECK(r.States() == "rrrgRRRRRRgr");
     CHECK(r.m.registry.Find(RootKey::LocalMachine, "SOFTWARE\\Evil") == nullptr);
@@ -48,10 +47,10 @@ TEST_SUITE("removal") {
     Remover r;
     r.m.processes.running = {
         {"C:\\evil.exe", 7}, {"C:\\other.exe", 8}, {"C:\\WINDOWS\\system32\\lsass.exe", 9}};
-    r.Add(kMemoryProcess, "C:\\EVIL.exe", "C:\\evil.exe", "7");
-    r.Add(kMemoryProcess, "C:\\evil.exe", "C:\\evil.exe", "8");
-    r.Add(kMemoryProcess, "C:\\evil.exe", "C:\\evil.exe", "");
-    r.Add(kMemoryProcess, "C:\\WINDOWS\\system32\\lsass.exe", "", "9");
+    r.Add(FoundProcess{"C:\\EVIL.exe", 7});
+    r.Add(FoundProcess{"C:\\evil.exe", 8});
+    r.Add(FoundProcess{"C:\\evil.exe", 10});
+    r.Add(FoundProcess{"C:\\WINDOWS\\system32\\lsass.exe", 9});
     r.Run();
     CHECK(r.States() == "rggR");
     CHECK(Lines(r.m.system.journal) == "Terminate 7\n");
@@ -62,6 +61,10 @@ TEST_SUITE("removal") {
     for (const bool nt : {true, false}) {
       Remover r(nt);
       r.Run();
+      r.settings.UseRegEdit = false;
+      r.removal->launchRegEditDelete();
+      CHECK(r.m.shell.journal.empty());
+      r.settings.UseRegEdit = true;
       r.removal->launchRegEditDelete();
       CHECK(Lines(r.m.shell.journal) ==
             (nt ? "Launch C:\\WINDOWS\\system32\\RegEdt32.exe /S \"C:\\App\\Remove.reg\"\n"
@@ -83,7 +86,7 @@ TEST_SUITE("removal") {
       CAPTURE(std::string(row.failing));
       Remover r;
       r.m.File("C:\\App\\Remove.reg", "old");
-      for (const std::string key : {"A", "B", "C"}) r.Add(kSpyRegistryKey, kBelow + key);
+      for (const std::string key : {"A", "B", "C"}) r.Add(KeyAt(kBelow + key));
       if (*row.failing) r.m.files.faults[row.failing] = kDiskFull;
       r.m.pump.close_at = row.close_at;
       r.Run({1});

@@ -10,7 +10,7 @@ namespace scourwell::test {
 
 struct Remover : Bench {
   IgnoreList ignore{m.files, m.clock, m.code_pages, kept, log, "C:\\App\\ignorespylist.txt"};
-  HitList hits{ignore, settings, log};
+  HitList hits{ignore, settings, captions, log};
   SystemFolders folders{kAppFolder,
                         "C:\\WINDOWS",
                         "C:\\WINDOWS\\system32",
@@ -26,6 +26,7 @@ struct Remover : Bench {
   explicit Remover(bool nt = true) : os(Family(nt)) {
     settings.MarkChecked = "y";
     settings.DeleteAfterReboot = true;
+    settings.UseRegEdit = true;
     for (const auto& folder : {folders.system, folders.common_files, folders.special[0]}) {
       m.Folder(folder);
     }
@@ -34,11 +35,7 @@ struct Remover : Bench {
     if (!nt) m.system.record = {4, 10, 2222, 1, " A ", 0, 0, 0, 0};
     return m.system;
   }
-  void Add(std::string_view kind, const std::string& details, const std::string& tool_tip = {},
-           const std::string& tag = {}) {
-    hits.AddSpyToListView(
-        {std::string(kind), details, "spy", 0, tool_tip.empty() ? details : tool_tip, tag});
-  }
+  void Add(FoundObject object) { hits.AddSpyToListView({"spy", std::move(object)}); }
   void Run(const std::unordered_set<std::size_t>& left_alone = {}) {
     removal = std::make_unique<Removal>(Removal::Parts{
         {m.files, m.system, m.shell, m.pump, log, m.code_pages, os, folders, settings},
@@ -57,9 +54,9 @@ struct Remover : Bench {
     }
     return text;
   }
-  std::string RemoveOne(std::string_view kind, const std::string& path) {
+  std::string RemoveOne(FoundObject object) {
     hits.Clear();
-    Add(kind, path);
+    Add(std::move(object));
     Run();
     return States();
   }

@@ -10,11 +10,11 @@ TEST_SUITE("removal") {
     r.m.File("C:\\locked.exe", "x").With(kReadOnly).Locked();
     r.m.Folder("C:\\Evil");
     r.settings.DeleteAfterReboot = false;
-    r.Add(kSpyCookie, "C:\\b.txt");
-    r.Add(kSpyFolder, "C:\\Evil");
+    r.Add(FoundCookie{"C:\\b.txt"});
+    r.Add(FoundFolder{"C:\\Evil"});
     for (const char* path :
          {" C:\\a.exe", "C:\\locked.exe", "C:\\none.exe", "C:\\kept.txt", "C:\\left.txt"}) {
-      r.Add(kSpyFile, path);
+      r.Add(FoundFile{path});
     }
     r.hits.SetChecked(6, false);
     r.Run({5});
@@ -37,14 +37,14 @@ TEST_SUITE("removal") {
   TEST_CASE("what is in use waits for the next start, each family in its way") {
     Remover nt;
     nt.m.File("C:\\used.dll", "x").Locked();
-    CHECK(nt.RemoveOne(kSpyFile, "C:\\used.dll") == "p");
+    CHECK(nt.RemoveOne(FoundFile{"C:\\used.dll"}) == "p");
     CHECK(Lines(nt.m.system.journal) == "Move C:\\used.dll > C:\\Temp\\\\2.txt\n");
     CHECK(nt.removal->report().failed);
 
     Remover old(false);
     old.m.File("C:\\WINDOWS\\WinInit.ini", "[rename]\r\nNUL=C:\\OTHER\r\n");
     old.m.File("C:\\used.dll", "x").Locked();
-    CHECK(old.RemoveOne(kSpyFile, "C:\\used.dll") == "p");
+    CHECK(old.RemoveOne(FoundFile{"C:\\used.dll"}) == "p");
     CHECK(old.m.Content("C:\\WINDOWS\\WinInit.ini") ==
           "[rename]\r\nNUL=C:\\used.dll\r\nNUL=C:\\OTHER\r\n");
     CHECK(old.m.system.journal.empty());
@@ -57,7 +57,7 @@ TEST_SUITE("removal") {
       Remover r;
       r.m.File("C:\\x.OcX", "x");
       r.m.shell.call_error = error;
-      CHECK(r.RemoveOne(kSpyFile, "C:\\x.OcX") == "r");
+      CHECK(r.RemoveOne(FoundFile{"C:\\x.OcX"}) == "r");
       CHECK(r.m.shell.journal[0] == "Call C:\\x.OcX DllUnregisterServer");
       CHECK((r.m.Errors() != "") == (error == kDeviceError));
     }
@@ -66,13 +66,13 @@ TEST_SUITE("removal") {
   TEST_CASE("folders, roots and files of the system, the user and Scourwell are refused") {
     constexpr const char* kFiles[] = {"C:\\App\\Scourwell.exe", "C:\\App\\Lang\\English.ini",
                                       "C:\\WINDOWS\\explorer.exe", "C:\\ntldr"};
-    const auto is_refused = [&](std::string_view kind, const std::string& path) {
-      CAPTURE(path);
+    const auto is_refused = [&](const FoundObject& object) {
+      CAPTURE(PlaceText(object));
       Remover r;
       for (const char* file : kFiles) r.m.File(file, "x");
       r.m.File("C:\\x1.exe", "x");
       const std::string before = TreeOf(r.m, "C:");
-      CHECK(r.RemoveOne(kind, path) == "R");
+      CHECK(r.RemoveOne(object) == "R");
       r.m.files.Remove("C:\\App\\Remove.reg");
       r.m.files.Remove(kErrorLog);
       CHECK(TreeOf(r.m, "C:") == before);
@@ -84,11 +84,11 @@ TEST_SUITE("removal") {
           "C:\\Program Files\\Common Files", "C:\\Users", "C:\\Users\\me", "C:\\Users\\me\\Desktop",
           "C:\\Users\\me\\Desktop\\..\\..\\..\\WINDOWS", "\\\\?\\C:\\WINDOWS", "C:\\App",
           "C:\\App\\Lang"}) {
-      is_refused(kSpyFolder, folder);
+      is_refused(FoundFolder{folder});
     }
-    for (const char* file : kFiles) is_refused(kSpyFile, file);
-    is_refused(kSpyFile, "App\\Scourwell.exe");
-    is_refused(kSpyFile, "C:\\x*.exe");
+    for (const char* file : kFiles) is_refused(FoundFile{file});
+    is_refused(FoundFile{"App\\Scourwell.exe"});
+    is_refused(FoundFile{"C:\\x*.exe"});
   }
 
   TEST_CASE("what lies beside the protected goes") {
@@ -97,7 +97,7 @@ TEST_SUITE("removal") {
       CAPTURE(std::string(path));
       Remover r;
       r.m.File(std::string(path) + "\\x.exe", "x");
-      CHECK(r.RemoveOne(kSpyFolder, path) == "r");
+      CHECK(r.RemoveOne(FoundFolder{path}) == "r");
       CHECK_FALSE(r.m.Has(path));
     }
   }
@@ -112,14 +112,14 @@ TEST_SUITE("removal") {
     const std::string precious = TreeOf(r.m, "C:\\Precious");
     // Once with the links in it, once swapped for one itself.
     for (int i = 0; i < 2; ++i) {
-      CHECK(r.RemoveOne(kSpyFolder, "C:\\Evil") == "r");
+      CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "r");
       CHECK_FALSE(r.m.Has("C:\\Evil"));
       CHECK(TreeOf(r.m, "C:\\Precious") == precious);
       r.m.Link("C:\\Evil", "C:\\Precious");
     }
     // A folder above the object was swapped.
-    CHECK(r.RemoveOne(kSpyFolder, "C:\\Evil\\deep") == "R");
-    CHECK(r.RemoveOne(kSpyFile, "C:\\Evil\\deep\\letter.txt") == "R");
+    CHECK(r.RemoveOne(FoundFolder{"C:\\Evil\\deep"}) == "R");
+    CHECK(r.RemoveOne(FoundFile{"C:\\Evil\\deep\\letter.txt"}) == "R");
     CHECK(TreeOf(r.m, "C:\\Precious") == precious);
     CHECK(r.Recorded("The folder is a link: C:\\Evil"));
   }
@@ -136,7 +136,7 @@ TEST_SUITE("removal") {
       r.m.files.Remove("C:\\Evil\\a");
       r.m.Link("C:\\Evil\\a", "C:\\Precious");
     };
-    CHECK(r.RemoveOne(kSpyFolder, "C:\\Evil") == "r");
+    CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "r");
     CHECK(swapped);
     CHECK(r.m.Has("C:\\Precious\\letter.txt"));
     CHECK_FALSE(r.m.Has("C:\\Evil"));
@@ -147,17 +147,17 @@ TEST_SUITE("removal") {
     r.m.File("C:\\Evil\\a\\used.exe", "x").Locked();
     r.m.File("C:\\Evil\\a\\x.exe", "x");
     r.m.File("C:\\Evil\\b\\x.exe", "x");
-    CHECK(r.RemoveOne(kSpyFolder, "C:\\Evil") == "p");
+    CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "p");
     CHECK(TreeOf(r.m, "C:\\Evil") == "C:\\Evil\\a 0\nC:\\Evil\\a\\used.exe 1\n");
     CHECK(Lines(r.m.system.journal) ==
           "Move C:\\Evil\\a\\used.exe > \nMove C:\\Evil\\a > \nMove C:\\Evil > \n");
     Remover old(false);
     old.m.File("C:\\Evil\\a\\used.exe", "x").Locked();
-    CHECK(old.RemoveOne(kSpyFolder, "C:\\Evil") == "p");
+    CHECK(old.RemoveOne(FoundFolder{"C:\\Evil"}) == "p");
     CHECK(old.m.Content("C:\\WINDOWS\\WinInit.ini") ==
           "[Rename]\r\nNUL=C:\\Evil\\a\\used.exe\r\nDIRNUL=C:\\Evil\\a\r\nDIRNUL=C:\\Evil\r\n");
     r.settings.DeleteAfterReboot = false;
-    CHECK(r.RemoveOne(kSpyFolder, "C:\\Evil") == "F");
+    CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "F");
     CHECK(r.Recorded("spyFolderName: C:\\Evil"));
   }
 
@@ -174,11 +174,11 @@ TEST_SUITE("removal") {
           std::string("C:\\\u0141odka\\evil.exe")}) {
       r.m.File(path, "x");
     }
-    CHECK(r.RemoveOne(kSpyFolder, "C:\\Evil") == "r");
-    CHECK(r.RemoveOne(kSpyFolder, "C:\\\u0141odka") == "r");
+    CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "r");
+    CHECK(r.RemoveOne(FoundFolder{"C:\\\u0141odka"}) == "r");
     CHECK_FALSE(r.m.Has("C:\\Evil"));
     for (const std::string& path : precious) CHECK(r.m.Content(path) == "dear");
-    CHECK(r.RemoveOne(kSpyFile, "C:\\precious\\letter.txt.") == "g");
+    CHECK(r.RemoveOne(FoundFile{"C:\\precious\\letter.txt."}) == "g");
     CHECK(r.m.Content(precious[0]) == "dear");
   }
 
@@ -192,8 +192,8 @@ TEST_SUITE("removal") {
       r.m.Link("C:\\Evil\\way", "C:\\Precious");
       r.m.File("C:\\Evil\\used.exe", "x").Locked();
       r.m.File("C:\\one.dll", "x").Hidden();
-      r.Add(kSpyFolder, "C:\\Evil");
-      r.Add(kSpyFile, "C:\\one.dll");
+      r.Add(FoundFolder{"C:\\Evil"});
+      r.Add(FoundFile{"C:\\one.dll"});
       r.m.files.failing_change = n;
       r.m.files.change_error = kPermissionDenied;
       r.Run();
@@ -201,7 +201,7 @@ TEST_SUITE("removal") {
       CHECK(r.m.Content("C:\\WINDOWS\\WinInit.ini").starts_with("[Rename]\r\n"));
       CHECK(r.removal->report().objects.size() == 2);
       for (const RemovedObject& object : r.removal->report().objects) {
-        CHECK(object.result.done() == !r.m.Has(object.details));
+        CHECK(object.result.done() == !r.m.Has(PlaceText(object.object)));
       }
     }
   }
@@ -209,9 +209,33 @@ TEST_SUITE("removal") {
   TEST_CASE("a file that cannot be asked for is not gone") {
     Remover r;
     r.m.AddDrive('D', DriveKind::Removable, false);
-    CHECK(r.RemoveOne(kSpyFile, "D:\\evil.exe") == "F");
+    CHECK(r.RemoveOne(FoundFile{"D:\\evil.exe"}) == "F");
     CHECK(r.m.Errors().find("D:\\evil.exe") != std::string::npos);
-    CHECK(r.RemoveOne(kSpyFile, "C:\\none\\evil.exe") == "g");
+    CHECK(r.RemoveOne(FoundFile{"C:\\none\\evil.exe"}) == "g");
+  }
+
+  TEST_CASE("what a failed backup means for the removal behind it") {
+    struct Row {
+      bool archive;
+      std::vector<std::size_t> failed;
+      bool unattended;
+      bool ask;
+      std::vector<std::size_t> kept;
+    };
+    for (const Row& row : {Row{true, {}, false, false, {}},
+                           {true, {}, true, false, {}},
+                           {true, {1}, false, true, {}},
+                           {true, {1}, true, false, {1}},
+                           {false, {}, false, true, {}},
+                           {false, {}, true, false, {0, 1, 2}}}) {
+      BackupReport report;
+      if (!row.archive) report.archive = Outcome::Failed(kDiskFull);
+      report.failed_rows = row.failed;
+      if (!row.failed.empty()) report.failures = {"C:\\x: it cannot be read"};
+      const BackupVerdict verdict = JudgeBackup(report, 3, row.unattended);
+      CHECK(verdict.ask == row.ask);
+      CHECK(verdict.kept == std::unordered_set<std::size_t>(row.kept.begin(), row.kept.end()));
+    }
   }
 
   TEST_CASE("processes end before their files are tried; the report keeps the list's order") {
@@ -222,11 +246,11 @@ TEST_SUITE("removal") {
       r.m.files.Find("C:\\evil.exe")->locked = r.m.system.journal.empty();
     };
     r.settings.DeleteAfterReboot = false;
-    r.Add(kSpyFile, "C:\\evil.exe");
-    r.Add(kMemoryProcess, "C:\\evil.exe", "", "7");
+    r.Add(FoundFile{"C:\\evil.exe"});
+    r.Add(FoundProcess{"C:\\evil.exe", 7});
     r.Run();
     CHECK(r.States() == "rr");
-    CHECK(r.removal->report().objects[0].kind == kSpyFile);
+    CHECK(KindOf(r.removal->report().objects[0].object) == FindingKind::File);
   }
 
   TEST_CASE("the registry that Windows starts with stays under each of its names") {
@@ -259,8 +283,7 @@ TEST_SUITE("removal") {
              {winlogon.c_str(), "GinaDLL", 'g'}}) {
       CAPTURE(std::string(key));
       Remover r;
-      r.Add(value ? kSpyRegistryValue : kSpyRegistryKey,
-            value ? std::string(key) + "\\" + value : key, key);
+      value ? r.Add(ValueAt(key, value)) : r.Add(KeyAt(key));
       r.Run();
       CHECK(r.States() == std::string(1, state));
       CHECK((r.m.Content("C:\\App\\Remove.reg") == "REGEDIT4\r\n") == (state == 'R'));
@@ -268,8 +291,8 @@ TEST_SUITE("removal") {
     const std::string of_user =
         "HKEY_USERS\\S-1-5-21" + winlogon.substr(sizeof "HKEY_LOCAL_MACHINE" - 1);
     Remover r;
-    r.Add(kSpyRegistryValue, of_user + "\\Shell", of_user);
-    r.Add(kSpyRegistryKey, std::string("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\0x", 39));
+    r.Add(ValueAt(of_user, "Shell"));
+    r.Add(KeyAt(std::string("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\0x", 39)));
     r.Run();
     CHECK(r.States() == "gR");
   }
@@ -309,7 +332,8 @@ TEST_SUITE("removal") {
       const bool folder = item.ends_with('\\');
       if (folder) item.pop_back();
       r.m.File(folder ? item + "\\x.dat" : item, "x");
-      CHECK(r.RemoveOne(folder ? kSpyFolder : kSpyFile, item) == std::string(1, state));
+      CHECK(r.RemoveOne(folder ? FoundObject(FoundFolder{item}) : FoundFile{item}) ==
+            std::string(1, state));
       CHECK(r.m.Has(folder ? item + "\\x.dat" : item) == (state == 'R'));
     }
   }
@@ -319,8 +343,8 @@ TEST_SUITE("removal") {
     r.m.registry.Make(RootKey::LocalMachine, "SOFTWARE\\Precious").Value("v", "x");
     r.m.registry.Link(RootKey::LocalMachine, "SOFTWARE\\Evil\\way", "SOFTWARE\\Precious");
     const std::string evil = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Evil";
-    r.Add(kSpyRegistryValue, evil + "\\way\\v", evil + "\\way");
-    r.Add(kSpyRegistryKey, evil);
+    r.Add(ValueAt(evil + "\\way", "v"));
+    r.Add(KeyAt(evil));
     r.Run();
     CHECK(r.States() == "Fr");
     CHECK(r.m.Content("C:\\App\\Remove.reg") == "REGEDIT4\r\n");

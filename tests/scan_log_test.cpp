@@ -14,7 +14,7 @@ struct Logging : Bench {
     folders.application = kAppFolder;
   }
   IgnoreList ignore{m.files, m.clock, m.code_pages, kept, log, "C:\\App\\none.txt"};
-  HitList hits{ignore, settings, log};
+  HitList hits{ignore, settings, captions, log};
   COpSysInfo os{m.system};
   SystemFolders folders;
   FileVersion file_version{m.files, m.versions, captions, log};
@@ -33,8 +33,8 @@ struct Logging : Bench {
                     folders,
                     {1, 2, 3}}};
 
-  void Add(std::string_view kind, const std::string& details, const std::string& spy) {
-    hits.AddSpyToListView({std::string(kind), details, spy, 0, {}, {}});
+  void Add(FoundObject object, const std::string& spy) {
+    hits.AddSpyToListView({spy, std::move(object)});
   }
   std::string Text() { return m.Content("D:\\Logs\\ScanLog.txt"); }
   // A file of 1.5 KB, last read on 3/4/2004, that says this of itself.
@@ -90,10 +90,10 @@ TEST_SUITE("scan_log") {
     Logging l;
     l.Program("C:\\Evil\\x.exe", EvilBlock());
     l.m.File("C:\\Evil\\y.txt").Times(0, 0);
-    l.Add(kSpyFile, "C:\\Evil\\x.exe", "One");
-    l.Add(kSpyFolder, "C:\\Evil", "Two");
-    l.Add(kSpyCookie, "C:\\Evil\\y.txt", "Three");
-    l.Add(kSpyRegistryKey, "HKEY", "Four");
+    l.Add(FoundFile{"C:\\Evil\\x.exe"}, "One");
+    l.Add(FoundFolder{"C:\\Evil"}, "Two");
+    l.Add(FoundCookie{"C:\\Evil\\y.txt"}, "Three");
+    l.Add(KeyAt("HKEY_USERS\\x"), "Four");
     l.scan_log.CreateDriveScanLogFile();
     CHECK(l.Text() ==
           "\r\n<1832>\r\n====================\r\n"
@@ -170,10 +170,10 @@ TEST_SUITE("scan_log") {
     CHECK(l.Text() ==
           "\r\n<1881>\r\n====================\r\n\r\n\r\n<1879>\r\n<1880>0\r\n<1831>\r\n");
     l.m.files.Remove("D:\\Logs\\ScanLog.txt");
-    l.Add(kSpyCookie, "C:\\Cookies\\me@tracker[1].txt", "Tracker");
-    l.Add(kSpyFolder, "C:\\Evil", "no cookie");
-    l.Add(kSpyFile, "C:\\Evil\\x.exe", "counted with the cookies");
-    l.Add(kSpyCookie, "C:\\Cookies\\me@other[2].txt", "Other");
+    l.Add(FoundCookie{"C:\\Cookies\\me@tracker[1].txt"}, "Tracker");
+    l.Add(FoundFolder{"C:\\Evil"}, "no cookie");
+    l.Add(FoundFile{"C:\\Evil\\x.exe"}, "counted with the cookies");
+    l.Add(FoundCookie{"C:\\Cookies\\me@other[2].txt"}, "Other");
     l.settings.ExtraLogInfo = true;  // changes nothing here
     l.scan_log.CreateCookieScanLogFile();
     CHECK(l.Text() ==
@@ -190,15 +190,12 @@ TEST_SUITE("scan_log") {
     CHECK(l.Text() == "<1838>\r\n\r\n====================\r\n<1839>\r\n<1840>0\r\n<1831>\r\n");
     l.m.files.Remove("D:\\Logs\\ScanLog.txt");
     const auto value = [&](const std::string& spy, const std::string& key, const std::string& name,
-                           const std::string& data) {
-      l.hits.AddSpyToListView(
-          {std::string(kSpyRegistryValue), key + "\\" + name, spy, kCodeRegistry, key, data});
-    };
+                           const std::string& data) { l.Add(ValueAt(key, name, data), spy); };
     value("Starter", "HKEY_CURRENT_USER\\Run", "evil", "\"C:\\\\x.exe\"");
-    l.Add(kSpyRegistryKey, "HKEY_LOCAL_MACHINE\\SOFTWARE\\Evil", "Home");
+    l.Add(KeyAt("HKEY_LOCAL_MACHINE\\SOFTWARE\\Evil"), "Home");
     value("Counter", "HKEY_CURRENT_USER\\Run", "a\\b", "dword:00000007");
-    l.Add(kSpyFile, "C:\\Evil\\x.exe", "no key");
-    l.Add(kSpyRegistryKey, "HKEY_CLASSES_ROOT\\CLSID\\{1}", "Class");
+    l.Add(FoundFile{"C:\\Evil\\x.exe"}, "no key");
+    l.Add(KeyAt("HKEY_CLASSES_ROOT\\CLSID\\{1}"), "Class");
     l.settings.ExtraLogInfo = true;  // changes nothing here
     l.scan_log.CreateRegistryScanLogFile();
     CHECK(l.Text() ==
@@ -227,7 +224,7 @@ TEST_SUITE("scan_log") {
                                             "Module :C:\\b.dll"}) +
                           Indented("    ", kExtra) + "\r\n\r\n" + MemoryEnd("2"));
     l.m.files.Remove("D:\\Logs\\ScanLog.txt");
-    l.Add(kSpyFile, "C:\\Evil\\x.exe", "One");
+    l.Add(FoundFile{"C:\\Evil\\x.exe"}, "One");
     l.scan_log.CreateDriveScanLogFile();
     CHECK(l.Text().find("\tBuild :1.2.3.4\r\n\tOS :-NT-Win32\r\n" + Indented("\t", kExtra) +
                         "\r\n\r\n<1836>") != std::string::npos);
@@ -235,7 +232,7 @@ TEST_SUITE("scan_log") {
 
   TEST_CASE("a file that has gone is listed and recorded") {
     Logging l;
-    l.Add(kSpyFile, "C:\\gone.exe", "One");
+    l.Add(FoundFile{"C:\\gone.exe"}, "One");
     l.scan_log.CreateDriveScanLogFile();
     CHECK(l.Text().find("One file:C:\\gone.exe\r\n\tFileSize :0 kb") != std::string::npos);
     CHECK(l.m.Failures() == "53 CreateDriveScanLogFile, File: C:\\gone.exe\n");
@@ -244,8 +241,8 @@ TEST_SUITE("scan_log") {
   TEST_CASE("the closing block") {
     Logging l;
     l.m.File("D:\\Logs\\ScanLog.txt", "before\r\n");
-    l.Add(kSpyFile, "C:\\x", "One");
-    l.Add(kSpyFolder, "C:\\y", "One");
+    l.Add(FoundFile{"C:\\x"}, "One");
+    l.Add(FoundFolder{"C:\\y"}, "One");
     l.scan_log.FinishScan();
     const std::string rule = std::string(58, '=') + "\r\n";
     CHECK(l.Text() == "before\r\n\r\n\r\n" + rule + "<1851> 2\r\n" + rule +
@@ -294,8 +291,8 @@ TEST_SUITE("scan_log") {
   TEST_CASE("a section that is stopped at any row is not written") {
     for (std::size_t n = 1; n <= 4; ++n) {
       Logging l;
-      l.Add(kSpyRegistryKey, "HKEY", "One");
-      l.Add(kSpyFile, "C:\\x", "Two");
+      l.Add(KeyAt("HKEY_USERS\\x"), "One");
+      l.Add(FoundFile{"C:\\x"}, "Two");
       const auto stop = [&] {
         l.m.pump.set_closing(false);
         l.m.pump.close_at = l.m.pump.yields + n;

@@ -204,7 +204,7 @@ TEST_SUITE("scan_session") {
       s.settings.*off = false;
       s.session.StartScan(s.scope);
       std::set<std::string> found;
-      for (const Detection& detection : s.sink.found) found.insert(detection.system);
+      for (const Finding& finding : s.sink.found) found.insert(finding.spy);
       for (const auto& [setting, spies] : kCategories) {
         for (const std::string& spy : spies) {
           CHECK_MESSAGE(found.contains(spy) == (setting != off), spy);

@@ -69,8 +69,8 @@ struct Session : ScanBench, private ScanReport {
   }
   std::string Spies() const {
     std::string spies;
-    for (const Detection& detection : sink.found) {
-      spies += detection.system + (detection.kind == kSpyFolder ? "/" : " ");
+    for (const Finding& finding : sink.found) {
+      spies += finding.spy + (KindOf(finding.object) == FindingKind::Folder ? "/" : " ");
     }
     return spies;
   }

@@ -90,6 +90,12 @@ int Metrics::TextWidth(HFONT font, const std::string& text) const {
   return Calls().Extent(MeasuringDc(font).get(), text).cx;
 }
 
+int Metrics::WidestText(std::span<const std::string> texts) const {
+  int widest = 0;
+  for (const std::string& text : texts) widest = std::max(widest, TextWidth(text));
+  return widest;
+}
+
 int Metrics::CaptionWidth(const std::string& caption) const {
   RECT area = {};
   Calls().Draw(MeasuringDc(font()).get(), caption, &area, DT_CALCRECT | DT_SINGLELINE);

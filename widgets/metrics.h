@@ -42,6 +42,7 @@ class Metrics {
   int LineHeight() const { return line_; }
   int TextWidth(HFONT font, const std::string& text) const;
   int TextWidth(const std::string& text) const { return TextWidth(font(), text); }
+  int WidestText(std::span<const std::string> texts) const;
   // Without the "&" of its access key.
   int CaptionWidth(const std::string& caption) const;
   // In lines that are broken at that width.

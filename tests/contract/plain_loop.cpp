@@ -79,10 +79,10 @@ class Loop {
     for (const DirEntry& entry : Listing(files_, folder + "\\" + signature)) {
       const std::string path = folder + "\\" + prefix + entry.name;
       if (entry.IsFolder() != (row.text == kRowSpyFolder)) continue;
-      Add(entry.IsFolder() ? kSpyFolder : kSpyFile, row, path);
+      Add(row, entry.IsFolder() ? FoundObject(FoundFolder{path}) : FoundFile{path});
       if (!entry.IsFolder() || entry.IsLink()) continue;
       for (const DirEntry& file : Listing(files_, path + "\\*.*")) {
-        if (!file.IsFolder()) Add(kSpyFile, row, path + "\\" + file.name);
+        if (!file.IsFolder()) Add(row, FoundFile{path + "\\" + file.name});
       }
     }
   }
@@ -99,9 +99,8 @@ class Loop {
     return false;
   }
 
-  void Add(std::string_view kind, const SignatureRow& row, const std::string& path) {
-    const Detection found = {std::string(kind), path, std::string(row.sub1), 0, {}, {}};
-    if (!found_.Contains(found)) found_.AddSpyToListView(found);
+  void Add(const SignatureRow& row, const FoundObject& object) {
+    ReportOnce(found_, object, row.sub1);
   }
 
   Files& files_;

@@ -1,0 +1,74 @@
+#include "scan/finding_texts.h"
+
+#include <iterator>
+
+#include "text/paths.h"
+
+namespace scourwell {
+namespace {
+
+struct KindRow {
+  std::string_view word;
+  int caption;
+  int icon;
+};
+
+// In the order of FindingKind.
+constexpr KindRow kKinds[] = {
+    {"Spy File", 17280, 3},         {"Spy Folder", 17281, 4},         {"Spy Cookie", 17282, 3},
+    {"Spy Registry Key", 17283, 5}, {"Spy Registry Value", 17284, 5}, {"Memory Process", 17285, 9},
+};
+static_assert(std::size(kKinds) == std::variant_size_v<FoundObject>);
+
+const KindRow& RowOf(FindingKind kind) { return kKinds[static_cast<std::size_t>(kind)]; }
+
+std::string InView(std::string place, bool view64) {
+  if (view64) place += kView64;
+  return place;
+}
+
+}  // namespace
+
+std::string_view KindWord(FindingKind kind) { return RowOf(kind).word; }
+
+std::optional<FindingKind> KindOfWord(std::string_view word) {
+  for (std::size_t i = 0; i < std::size(kKinds); ++i) {
+    if (kKinds[i].word == word) return static_cast<FindingKind>(i);
+  }
+  return std::nullopt;
+}
+
+std::string KindText(const Captions& captions, FindingKind kind) {
+  return captions.Text(RowOf(kind).caption);
+}
+
+std::vector<std::string> KindTexts(const Captions& captions) {
+  std::vector<std::string> texts;
+  for (const KindRow& kind : kKinds) texts.push_back(captions.Text(kind.caption));
+  return texts;
+}
+
+int KindIcon(FindingKind kind) { return RowOf(kind).icon; }
+
+std::string PlaceText(const FoundObject& object) {
+  return std::visit(
+      Overloaded{
+          [](const FoundFile& file) { return file.path; },
+          [](const FoundFolder& folder) { return folder.path; },
+          [](const FoundCookie& cookie) { return cookie.path; },
+          [](const FoundKey& key) { return InView(FullKeyPath(key.place), key.view64); },
+          [](const FoundValue& value) {
+            return InView(AddPathToFileName(FullKeyPath(value.key), value.name), value.view64);
+          },
+          [](const FoundProcess& process) { return process.image; },
+      },
+      object);
+}
+
+std::string TipText(const FoundObject& object) {
+  if (const auto* key = std::get_if<FoundKey>(&object)) return FullKeyPath(key->place);
+  if (const auto* value = std::get_if<FoundValue>(&object)) return FullKeyPath(value->key);
+  return PlaceText(object);
+}
+
+}  // namespace scourwell
