@@ -85,15 +85,14 @@ void Backups::DeleteScripts() {
     return true;
   }));
   for (const std::string& name : names) {
-    static_cast<void>(
-        parts_.log.Trap("cmdBackup", [&] { return parts_.files.EraseFile(PathOf(name)); }));
+    parts_.log.Trap("cmdBackup", [&] { return parts_.files.EraseFile(PathOf(name)); });
   }
 }
 
 BackupReport Backups::Create(const std::string& name, const std::vector<const FoundObject*>& rows,
                              ArchiveOptions options) {
   BackupReport report;
-  report.archive = parts_.log.Trap("cmdBackup", [&]() -> Outcome {
+  report.archive = parts_.log.TrapOutcome("cmdBackup", [&]() -> Outcome {
     Outcome stored = Store(name, rows, std::move(options), &report);
     return stored.ok() ? Outcome() : std::move(stored).With("Archive: ", name + kEnding);
   });
@@ -161,7 +160,7 @@ Outcome Backups::AddScripts(const std::string& name, const RegistryBackup& regis
 
 std::vector<BackupRow> Backups::List() {
   std::vector<BackupRow> rows;
-  static_cast<void>(parts_.log.Trap("frmBackup_Load", [&]() -> Outcome {
+  parts_.log.Trap("frmBackup_Load", [&]() -> Outcome {
     if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
     return parts_.files.List(PathOf("*.qzp"), [&](const DirEntry& entry) {
       if (!entry.IsFolder() && HasEnding(entry.name, kEnding)) {
@@ -169,12 +168,12 @@ std::vector<BackupRow> Backups::List() {
       }
       return true;
     });
-  }));
+  });
   return rows;
 }
 
 Outcome Backups::Restore(const std::string& key, const FindVolume& find, RestoreResult* result) {
-  return parts_.log.Trap("cmdRestore", [&]() -> Outcome {
+  return parts_.log.TrapOutcome("cmdRestore", [&]() -> Outcome {
     if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
     DeleteScripts();
     ArchiveReader archive(parts_.files, parts_.pump, parts_.code_pages);
@@ -207,7 +206,7 @@ std::string Backups::Importer64() const {
 
 // Each waits for the one before, so that the last word is the last script's.
 void Backups::Import(const std::string& script) {
-  static_cast<void>(parts_.log.Trap("cmdRestore", [&]() -> Outcome {
+  parts_.log.Trap("cmdRestore", [&]() -> Outcome {
     DirEntry entry;
     if (!parts_.files.Stat(script, &entry).ok() || entry.size == 0) return {};
     std::string path = script;
@@ -219,12 +218,12 @@ void Backups::Import(const std::string& script) {
     }
     Outcome ran = parts_.shell.Run(command, kImportLimit);
     return ran.ok() ? Outcome() : std::move(ran).With("Script: ", script);
-  }));
+  });
 }
 
 // The archive first: without its last piece the volumes are worth nothing.
 Outcome Backups::Delete(const std::string& key) {
-  return parts_.log.Trap("cmdClean", [&]() -> Outcome {
+  return parts_.log.TrapOutcome("cmdClean", [&]() -> Outcome {
     if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
     if (key.empty() || HoldsSeparator(key) || key.find_first_of("/:*?") != key.npos) {
       return Outcome::Failed(kBadFileName);

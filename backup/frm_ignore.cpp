@@ -40,7 +40,7 @@ void frmIgnore::OnCreate() {
 }
 
 void frmIgnore::Load() {
-  static_cast<void>(env_.log.Trap("CmdRemove_Click", [&] { return ignore_.Load(&records_); }));
+  env_.log.Trap("CmdRemove_Click", [&] { return ignore_.Load(&records_); });
   checked_.assign(records_.size(), false);
   IgnoreListView_.SetItemCount(records_.size());
   if (!records_.empty()) IgnoreListView_.FocusRow(0);
@@ -94,7 +94,8 @@ void frmIgnore::CmdRemove_Click() {
   for (std::size_t i = 0; i < records_.size(); ++i) {
     if (!checked_[i]) kept.push_back(records_[i]);
   }
-  const Outcome removed = env_.log.Trap("CmdRemove_Click", [&] { return ignore_.Keep(kept); });
+  const Outcome removed =
+      env_.log.TrapOutcome("CmdRemove_Click", [&] { return ignore_.Keep(kept); });
   Load();
   if (!removed.ok())
     ShowMessage(Text(17122) + "\r\n" + removed.description(), Text(17001), MB_ICONERROR);

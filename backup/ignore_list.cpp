@@ -139,7 +139,7 @@ std::string IgnoreList::Key(const IgnoreRecord& record) {
 }
 
 bool IgnoreList::Matches(const IgnoreRecord& record) {
-  static_cast<void>(log_.Trap("AddSpyToListView", [&] { return Refresh(); }));
+  log_.Trap("AddSpyToListView", [&] { return Refresh(); });
   return !keys_.empty() && keys_.count(Key(record)) != 0;
 }
 

@@ -7,7 +7,7 @@ void BuiltInLists::AddBuiltIn(BuiltInStage stage) {
 }
 
 void BuiltInLists::AddBuiltIn(const BuiltInList& list) {
-  static_cast<void>(log_.Trap(list.name, [&]() -> Outcome {
+  log_.Trap(list.name, [&]() -> Outcome {
     std::size_t n = 0;
     try {
       for (; n < list.rows.size(); ++n) {
@@ -18,7 +18,7 @@ void BuiltInLists::AddBuiltIn(const BuiltInList& list) {
       return Outcome::Failed(kOutOfMemory).With("I: ", std::to_string(n));
     }
     return {};
-  }));
+  });
 }
 
 void BuiltInLists::Deliver(const BuiltInRow& row) {

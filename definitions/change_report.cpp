@@ -14,7 +14,7 @@ enum Label { kRelease = 5000, kUpdated, kAdded, kRemoved, kNone = 5005 };
 
 std::string ChangeReport::checkUpdateRefFileChanges() {
   std::string summary;
-  static_cast<void>(log_.Trap("checkUpdateRefFileChanges", [&]() -> Outcome {
+  log_.Trap("checkUpdateRefFileChanges", [&]() -> Outcome {
     const std::string release = reference_.updateListfromINI("SETTINGS", "UPDATE-FILE-NUMBER");
     const std::string_view number = TrimBlanks(release);
     if (number.empty() || EqualsNoCase(number, TrimBlanks(kept_.Get(kSection, kKey)))) return {};
@@ -25,7 +25,7 @@ std::string ChangeReport::checkUpdateRefFileChanges() {
               Line(kAdded, TextOrNone("SPYWARE DEFINITIONS ADDED", "SDA0")) +
               Line(kRemoved, TextOrNone("SPYWARE DEFINITIONS REMOVED", "SDR0"));
     return {};
-  }));
+  });
   return summary;
 }
 

@@ -20,7 +20,7 @@ void ListLoader::Load(const Loader& loader) {
   checks_.BeginList();
   for (const Sequence& sequence : loader.sequences) {
     if (pump_.closing()) break;
-    if (!log_.Trap(loader.name, [&] { return ReadSequence(sequence, &bar); }).ok()) continue;
+    if (!log_.TrapOutcome(loader.name, [&] { return ReadSequence(sequence, &bar); }).ok()) continue;
   }
   progress_.End();
 }
@@ -123,14 +123,14 @@ void ListLoader::removeFromList() {
       return withdrawn.find(signature.sub2) == withdrawn.end();
     });
   };
-  static_cast<void>(log_.Trap("removeFromList", [&]() -> Outcome {
+  log_.Trap("removeFromList", [&]() -> Outcome {
     try {
       remove();
     } catch (const std::bad_alloc&) {
       return Outcome::Failed(kOutOfMemory).With("J: ", std::to_string(row));
     }
     return {};
-  }));
+  });
 }
 
 }  // namespace scourwell

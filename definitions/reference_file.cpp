@@ -43,7 +43,7 @@ ReferenceFile::ReferenceFile(Files& files, Clock& clock, ErrorLog& log, const Ap
 
 std::string ReferenceFile::updateListfromINI(std::string_view section, std::string_view key) {
   std::string value;
-  static_cast<void>(log_.Trap("updateListfromINI", [&]() -> Outcome {
+  log_.Trap("updateListfromINI", [&]() -> Outcome {
     if (!checkUpdateIni()) return {};
     const std::optional<std::string_view> raw = ini_.Find(section, key);
     if (!raw) return {};
@@ -58,7 +58,7 @@ std::string ReferenceFile::updateListfromINI(std::string_view section, std::stri
     value = From1252(*plain);
     if (raw->size() <= kLongestValue) return {};
     return where(Outcome::Failed(kOverflow, "A value longer than 1999 bytes was cut"));
-  }));
+  });
   return value;
 }
 
@@ -76,7 +76,7 @@ bool ReferenceFile::checkUpdateIni() {
   };
   // A file that is missing or useless is put on record and reads as empty; only what was not
   // foreseen closes the gate.
-  return log_.Trap("checkUpdateIni", refresh).number() != kOutOfMemory;
+  return log_.TrapOutcome("checkUpdateIni", refresh).number() != kOutOfMemory;
 }
 
 Outcome ReferenceFile::Parse(std::optional<std::string> content) {

@@ -18,7 +18,7 @@ constexpr unsigned kDeepest = 512;
 
 RegStatus KeyRemover::DeleteKey(RootKey root, std::string_view path) {
   RegStatus status = kRegOk;
-  static_cast<void>(log_.Trap("DeleteKey", [&]() -> Outcome {
+  log_.Trap("DeleteKey", [&]() -> Outcome {
     const std::string key = CRegister::SplitKeyPath(path);
     if (key.empty()) {
       status = kRegInvalidParameter;
@@ -34,7 +34,7 @@ RegStatus KeyRemover::DeleteKey(RootKey root, std::string_view path) {
     if (link.empty()) return {};
     return Outcome::Failed(kPermissionDenied, "A link in the registry is not followed")
         .With("Key: ", link);
-  }));
+  });
   return status;
 }
 

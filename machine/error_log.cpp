@@ -26,11 +26,11 @@ void ErrorLog::LogFailure(const Outcome& outcome, std::string_view method) {
 }
 
 void ErrorLog::deleteLogFile() {
-  static_cast<void>(Trap("deleteLogFile", [&]() -> Outcome {
+  Trap("deleteLogFile", [&]() -> Outcome {
     DirEntry entry;
     if (!files_.Stat(path_, &entry).ok() || entry.size <= kLimit) return {};
     return files_.EraseFile(path_);
-  }));
+  });
 }
 
 }  // namespace scourwell

@@ -35,10 +35,16 @@ class ErrorLog {
   // The edge of a procedure: runs `body`, which returns an Outcome or nothing, and writes one
   // record under `method` when it fails. Nothing that the library throws gets past it.
   template <class Body>
-  Outcome Trap(const char* method, Body&& body) {
+  void Trap(const char* method, Body&& body) {
+    static_cast<void>(TrapOutcome(method, body));
+  }
+
+  // The same for a caller that goes another way after a failure.
+  template <class Body>
+  [[nodiscard]] Outcome TrapOutcome(const char* method, Body&& body) {
     Outcome outcome;
     try {
-      if constexpr (std::is_void_v<std::invoke_result_t<Body>>) {
+      if constexpr (std::is_void_v<std::invoke_result_t<Body&>>) {
         body();
       } else {
         outcome = body();

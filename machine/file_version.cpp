@@ -100,7 +100,7 @@ std::string Shown(std::size_t position) {
 
 std::array<std::string, kVersionFields> FileVersion::GetVerHeader(const std::string& path) {
   std::array<std::string, kVersionFields> texts;
-  static_cast<void>(log_.Trap("GetVerHeader", [&] {
+  log_.Trap("GetVerHeader", [&] {
     DirEntry entry;
     if (!files_.Stat(path, &entry).ok() || entry.IsFolder()) {
       texts.fill("The file \"" + path + "\" doesn't exist.");
@@ -114,7 +114,7 @@ std::array<std::string, kVersionFields> FileVersion::GetVerHeader(const std::str
       std::optional<std::string> text = resource.Text(static_cast<VersionField>(field));
       if (text) texts[field] = std::move(*text);
     }
-  }));
+  });
   return texts;
 }
 
@@ -129,7 +129,7 @@ std::string FileVersion::GetProductName(const std::string& path) {
 std::string FileVersion::ReadDirectly(const char* method, std::string_view field,
                                       std::string_view next, const std::string& path) {
   std::string text;
-  static_cast<void>(log_.Trap(method, [&]() -> Outcome {
+  log_.Trap(method, [&]() -> Outcome {
     Place place;
     std::string content;
     Outcome outcome = Load(path, &content);
@@ -153,7 +153,7 @@ std::string FileVersion::ReadDirectly(const char* method, std::string_view field
         .With("pos: ", Shown(place.section))
         .With("StartPos: ", Shown(place.begin))
         .With("EndPos: ", Shown(place.end));
-  }));
+  });
   return text;
 }
 

@@ -86,10 +86,10 @@ SystemFolders ComputeSystemFolders(System& system, Registry& registry, const COp
   SystemFolders folders;
   CRegister reg(registry);
   folders.application = std::move(application_folder);
-  static_cast<void>(log.Trap("GetWinDir", [&] {
+  log.Trap("GetWinDir", [&] {
     folders.windows = getWindowsFolder(system, os);
     folders.system = getSystemFolder(system, os, folders.windows);
-  }));
+  });
   folders.app_data = Bare(reg.QueryString(RootKey::CurrentUser, kShellFoldersKey, "AppData"));
   folders.temporary = ReturnTemporaryFolder(system);
   folders.program_files =

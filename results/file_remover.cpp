@@ -54,7 +54,7 @@ struct FileRemover::Tree {
 RemovalResult FileRemover::deleteSpyCFType(const std::string& named) {
   RemovalResult result;
   const std::string path = named.substr(std::min(named.find_first_not_of(' '), named.size()));
-  const Outcome deleted = parts_.log.Trap("deleteSpyCFType", [&] {
+  const Outcome deleted = parts_.log.TrapOutcome("deleteSpyCFType", [&] {
     Outcome outcome = DeleteFileAt(path, &result);
     return outcome.ok() ? Outcome() : std::move(outcome).With("Spy Folder or File Name: ", path);
   });
@@ -109,9 +109,8 @@ Outcome FileRemover::Erase(const std::string& path, std::uint32_t attributes) {
 // nothing to undo.
 void FileRemover::Unregister(const std::string& path) {
   if (!parts_.os.IsWinNT()) {
-    static_cast<void>(parts_.log.Trap("deleteSpyCFType", [&] {
-      return parts_.shell.Start("regsvr32.exe", "/U /s \"" + path + "\"");
-    }));
+    parts_.log.Trap("deleteSpyCFType",
+                    [&] { return parts_.shell.Start("regsvr32.exe", "/U /s \"" + path + "\""); });
     return;
   }
   Outcome called = parts_.shell.CallExport(path, "DllUnregisterServer");
@@ -139,7 +138,7 @@ bool FileRemover::Schedule(std::vector<std::string> paths) {
 
 RemovalResult FileRemover::deleteSpyFolder(const std::string& path) {
   RemovalResult result;
-  const Outcome deleted = parts_.log.Trap("deleteSpyFolder", [&] {
+  const Outcome deleted = parts_.log.TrapOutcome("deleteSpyFolder", [&] {
     Outcome outcome = DeleteFolderAt(path, &result);
     return outcome.ok() ? Outcome() : std::move(outcome).With("spyFolderName: ", path);
   });

@@ -23,7 +23,7 @@ void frmLog::OnCreate() {
   cmdFind_.Create(env_, hwnd(), IDC_cmdFind, keys.Add(Text(17111)));
   cmdSave_.Create(env_, hwnd(), IDC_cmdSave, keys.Add(Text(1601)));
   cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(1602));
-  const Outcome loaded = env_.log.Trap("frmLog_Load", [&]() -> Outcome {
+  const Outcome loaded = env_.log.TrapOutcome("frmLog_Load", [&]() -> Outcome {
     Outcome read = files_.Read(path_, kLargest, &bytes_);
     Show();
     return read.ok() ? Outcome() : std::move(read).With("LogFile: ", path_);
@@ -103,7 +103,7 @@ void frmLog::Save() {
   const std::string path = AskForFile(hwnd(), FileDialog::Save, Text(17113), "txt", Text(1603),
                                       std::string(FileNamePart(path_)));
   if (path.empty()) return;
-  const Outcome saved = env_.log.Trap("cmdSave_Click", [&]() -> Outcome {
+  const Outcome saved = env_.log.TrapOutcome("cmdSave_Click", [&]() -> Outcome {
     Outcome written = files_.Replace(path, bytes_);
     return written.ok() ? Outcome() : std::move(written).With("File: ", path);
   });

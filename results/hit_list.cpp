@@ -41,7 +41,7 @@ bool HitList::Shows(const FoundObject& object) const {
 }
 
 void HitList::AddSpyToListView(const Finding& finding) {
-  static_cast<void>(log_.Trap("AddSpyToListView", [&]() -> Outcome {
+  log_.Trap("AddSpyToListView", [&]() -> Outcome {
     bool& shown = seen_[IdentityOf(finding.object)];
     // Where nobody knows what is excluded, nothing is offered for removal.
     if (ignore_.Matches(IgnoreRecordOf(finding)) || !ignore_.known()) {
@@ -52,7 +52,7 @@ void HitList::AddSpyToListView(const Finding& finding) {
       shown = true;
     }
     return Count(KindOf(finding.object));
-  }));
+  });
 }
 
 Outcome HitList::Count(FindingKind kind) {

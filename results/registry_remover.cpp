@@ -67,8 +67,7 @@ std::string RegistryRemover::ScriptPath() const {
 
 void RegistryRemover::WriteScript(const std::vector<const FoundObject*>& rows) {
   script_written_ = false;
-  static_cast<void>(
-      parts_.log.Trap("CreateRegistryDeleteFile", [&] { return CreateRegistryDeleteFile(rows); }));
+  parts_.log.Trap("CreateRegistryDeleteFile", [&] { return CreateRegistryDeleteFile(rows); });
 }
 
 // Only what the registry functions themselves would delete: the editor knows no protection, and
@@ -117,7 +116,7 @@ Outcome RegistryRemover::CreateRegistryDeleteFile(const std::vector<const FoundO
 
 void RegistryRemover::launchRegEditDelete() {
   if (!script_written_) return;
-  static_cast<void>(parts_.log.Trap("launchRegEditDelete", [&] { return RunEditor(); }));
+  parts_.log.Trap("launchRegEditDelete", [&] { return RunEditor(); });
 }
 
 Outcome RegistryRemover::RunEditor() {

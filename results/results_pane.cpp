@@ -175,8 +175,7 @@ bool ResultsPane::OnCommand(int id) {
       CheckAll(false);
       return true;
     case IDM_mnuShowProperties:
-      static_cast<void>(
-          env_.log.Trap("mnuShowProperties - Scan Spy", [&] { return mnuShowProperties(); }));
+      env_.log.Trap("mnuShowProperties - Scan Spy", [&] { return mnuShowProperties(); });
       return true;
     default:
       return Pane::OnCommand(id);

@@ -14,7 +14,7 @@ std::string TrueFalse(bool value) { return value ? "True" : "False"; }
 }  // namespace
 
 void ScanLog::CreateDriveScanLogFile() {
-  static_cast<void>(parts_.log.Trap("CreateDriveScanLogFile", [&]() -> Outcome {
+  parts_.log.Trap("CreateDriveScanLogFile", [&]() -> Outcome {
     const HitList& hits = parts_.hits;
     Lines lines;
     lines.Add("\r\n" + Text(1832)).Add(kShortRule);
@@ -40,7 +40,7 @@ void ScanLog::CreateDriveScanLogFile() {
     lines.Add(Text(1837) + std::to_string(hits.counters().files));
     lines.Add(Text(1831));
     return Append(lines.text());
-  }));
+  });
 }
 
 // The indented lines of one file, ending so that Add leaves two empty lines behind them.
@@ -74,7 +74,7 @@ ScanLog::FileFacts ScanLog::FactsOf(const std::string& path, const char* method)
 }
 
 void ScanLog::FinishScan() {
-  static_cast<void>(parts_.log.Trap("FinishScan", [&]() -> Outcome {
+  parts_.log.Trap("FinishScan", [&]() -> Outcome {
     const COpSysInfo& os = parts_.os;
     const ProgramVersion& version = parts_.version;
     Lines lines;
@@ -106,7 +106,7 @@ void ScanLog::FinishScan() {
     lines.Add("Is Windows Me: " + TrueFalse(os.IsWinME()));
     lines.Add("\r\n").Add(kLongRule);
     return Append(lines.text());
-  }));
+  });
 }
 
 Outcome ScanLog::Append(std::string_view text) {

@@ -17,7 +17,7 @@ std::string ViewText(bool view64) { return view64 ? std::string(kView64) : ""; }
 }  // namespace
 
 void ScanLog::CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) {
-  static_cast<void>(parts_.log.Trap("CreateMemoryLogFile", [&]() -> Outcome {
+  parts_.log.Trap("CreateMemoryLogFile", [&]() -> Outcome {
     Entry entry;
     Outcome written;
     try {
@@ -36,7 +36,7 @@ void ScanLog::CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) {
         .With("FileType: ", FileTypeText(fixed.type))
         .With("FileSubType: ", std::to_string(fixed.subtype))
         .With("i: ", std::to_string(entry.number));
-  }));
+  });
 }
 
 Outcome ScanLog::WriteMemorySection(const std::vector<ProcessEntry>& tasklist, Entry* entry) {
@@ -101,7 +101,7 @@ std::string ScanLog::ExtraLines(const FileFacts& facts, const VersionTexts& text
 }
 
 void ScanLog::CreateCookieScanLogFile() {
-  static_cast<void>(parts_.log.Trap("CreateCookieScanLogFile", [&]() -> Outcome {
+  parts_.log.Trap("CreateCookieScanLogFile", [&]() -> Outcome {
     const HitList& hits = parts_.hits;
     Lines lines;
     lines.Add("\r\n" + Text(1881)).Add(kShortRule);
@@ -115,12 +115,12 @@ void ScanLog::CreateCookieScanLogFile() {
     lines.Add(Text(1880) + std::to_string(hits.counters().files));
     lines.Add(Text(1831));
     return Append(lines.text());
-  }));
+  });
 }
 
 // Keys and values stand as in a registry export.
 void ScanLog::CreateRegistryScanLogFile() {
-  static_cast<void>(parts_.log.Trap("CreateRegistryScanLogFile", [&]() -> Outcome {
+  parts_.log.Trap("CreateRegistryScanLogFile", [&]() -> Outcome {
     const HitList& hits = parts_.hits;
     Lines lines;
     lines.Add(Text(1838) + "\r\n").Add(kShortRule);
@@ -145,7 +145,7 @@ void ScanLog::CreateRegistryScanLogFile() {
     lines.Add(Text(1840) + std::to_string(hits.counters().registry));
     lines.Add(Text(1831));
     return Append(lines.text());
-  }));
+  });
 }
 
 }  // namespace scourwell

@@ -6,7 +6,7 @@
 
 namespace scourwell {
 void ScanLog::AddRemoval(const RemovalReport& report) {
-  static_cast<void>(parts_.log.Trap("RemoveSelectedSpy", [&]() -> Outcome {
+  parts_.log.Trap("RemoveSelectedSpy", [&]() -> Outcome {
     Lines lines;
     lines.Add("\r\n").Add(kLongRule);
     lines.Add(Text(17100) + " " + parts_.clock.GeneralDate(parts_.clock.Now()));
@@ -18,7 +18,7 @@ void ScanLog::AddRemoval(const RemovalReport& report) {
     if (report.objects.empty()) lines.Add(Text(17106));
     lines.Add(kLongRule);
     return Append(lines.text());
-  }));
+  });
 }
 
 }  // namespace scourwell

@@ -116,7 +116,7 @@ std::optional<std::string_view> PropertyIndex::FindChecksum(std::uint64_t size,
 }
 
 void AdvancedScan::searchFilesAdvanced(const std::string& folder) {
-  static_cast<void>(parts_.log.Trap("searchFilesAdvanced", [&]() -> Outcome {
+  parts_.log.Trap("searchFilesAdvanced", [&]() -> Outcome {
     const std::string caption = parts_.captions.Text(kAdvancedScanning) + " - ";
     Outcome listed =
         parts_.files.List(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
@@ -127,11 +127,11 @@ void AdvancedScan::searchFilesAdvanced(const std::string& folder) {
         });
     if (listed.ok()) return {};
     return std::move(listed).With("sFolder: ", folder);
-  }));
+  });
 }
 
 void AdvancedScan::SearchFile(const std::string& folder, const DirEntry& entry) {
-  static_cast<void>(parts_.log.Trap("searchFilesAdvanced", [&] { Search(folder, entry); }));
+  parts_.log.Trap("searchFilesAdvanced", [&] { Search(folder, entry); });
 }
 
 void AdvancedScan::Search(const std::string& folder, const DirEntry& entry) {
@@ -189,14 +189,14 @@ std::string AdvancedScan::LongPath(const std::string& path) {
 }
 
 void AdvancedScan::AdvancedFilePropertiesSearch(const Item& item) {
-  static_cast<void>(parts_.log.Trap("AdvancedFilePropertiesSearch", [&]() -> Outcome {
+  parts_.log.Trap("AdvancedFilePropertiesSearch", [&]() -> Outcome {
     if (!examined_.insert(item.path).second) return {};
     Outcome outcome;
     if (const std::optional<std::string_view> spy = Identify(item, &outcome)) {
       ReportOnce(parts_.sink, FoundFile{item.path}, *spy);
     }
     return outcome.ok() ? Outcome() : std::move(outcome).With("sPath: ", item.path);
-  }));
+  });
 }
 
 // The spy name of the first row that the file answers.

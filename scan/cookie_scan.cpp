@@ -22,7 +22,7 @@ CookieScan::CookieScan(Files& files, Pump& pump, ErrorLog& log, FindingSink& sin
 
 // All names first: then it is known how many there are to compare.
 void CookieScan::ScanCookie(const std::string& folder, bool all) {
-  static_cast<void>(log_.Trap("ScanCookie", [&]() -> Outcome {
+  log_.Trap("ScanCookie", [&]() -> Outcome {
     if (!IsAbsolutePath(folder)) return {};  // the system names no cookie folder
     std::vector<std::string> cookies;
     Outcome listed = ListCookies(folder, &cookies);
@@ -37,7 +37,7 @@ void CookieScan::ScanCookie(const std::string& folder, bool all) {
     progress_.phase.EndPortion();
     if (listed.ok() || listed.number() == kPathNotFound) return {};
     return std::move(listed).With("Folder: ", folder);
-  }));
+  });
 }
 
 Outcome CookieScan::ListCookies(const std::string& folder, std::vector<std::string>* cookies) {

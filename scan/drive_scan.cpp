@@ -30,7 +30,7 @@ DriveScan::DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& ca
 }
 
 void DriveScan::ScanDrives(const ScanScope& scope) {
-  static_cast<void>(log_.Trap("ScanDrives", [&] {
+  log_.Trap("ScanDrives", [&] {
     for (std::size_t i = 1; i <= scope.count(); ++i) {
       if (!scope.IsDrive(i) || !scope.ticked(i)) continue;
       const ScanScope::Node& node = scope.node(i);
@@ -40,11 +40,11 @@ void DriveScan::ScanDrives(const ScanScope& scope) {
       if (!pump_.Next()) return;
       subShowFolderList(node.key);
     }
-  }));
+  });
 }
 
 void DriveScan::ScanPath(const std::string& path) {
-  static_cast<void>(log_.Trap("ScanFolder", [&]() -> Outcome {
+  log_.Trap("ScanFolder", [&]() -> Outcome {
     DirEntry entry;
     const bool is_root = path.size() == 3 && IsAbsolutePath(path);
     if (is_root || FolderExists(files_, path)) {
@@ -55,7 +55,7 @@ void DriveScan::ScanPath(const std::string& path) {
     if (!found.ok()) return std::move(found).With("sPath: ", path);
     SearchOneFile(path);
     return {};
-  }));
+  });
 }
 
 void DriveScan::subShowFolderList(const std::string& root) {
@@ -80,13 +80,13 @@ void DriveScan::Enter(std::string path, std::vector<Level>* levels) {
   progress_.lblScan = level.path;
   ++progress_.lblSFolders;
   ++progress_.scanned_folders;
-  static_cast<void>(log_.Trap("subShowFolderList", [&]() -> Outcome {
+  log_.Trap("subShowFolderList", [&]() -> Outcome {
     Outcome outcome = ListFolder(&level, &matches);
     if (outcome.ok()) return {};
     return std::move(outcome)
         .With("File Name: ", FileNamePart(level.path))
         .With("sFolder: ", level.path);
-  }));
+  });
   if (pump_.closing()) return;
   subFileSearch(level, &matches);
   if (goal_ && !pump_.closing()) goal_->FolderDone();
@@ -125,7 +125,7 @@ void DriveScan::subFileSearch(const Level& level, std::vector<Match>* matches) {
   ++progress_.lblFScan;
   std::stable_sort(matches->begin(), matches->end(),
                    [](const Match& a, const Match& b) { return a.row < b.row; });
-  static_cast<void>(log_.Trap("subFileSearch", [&] {
+  log_.Trap("subFileSearch", [&] {
     std::uint32_t confirmed = 0xFFFFFFFF;
     for (const Match& match : *matches) {
       if (!pump_.Next()) return;
@@ -136,7 +136,7 @@ void DriveScan::subFileSearch(const Level& level, std::vector<Match>* matches) {
         Confirm(level, match.row);
       }
     }
-  }));
+  });
 }
 
 void DriveScan::Confirm(const Level& level, std::uint32_t row) {
@@ -184,7 +184,7 @@ void DriveScan::Report(const Level& level, std::uint32_t row, const std::string&
 
 // Every file right inside a spy folder is reported with it.
 void DriveScan::FindFiles(const std::string& folder, std::string_view spy) {
-  static_cast<void>(log_.Trap("FindFiles", [&]() -> Outcome {
+  log_.Trap("FindFiles", [&]() -> Outcome {
     Outcome listed =
         files_.List(AddPathToFileName(folder, kEverything), [&](const DirEntry& entry) {
           if (!pump_.Next()) return false;
@@ -193,7 +193,7 @@ void DriveScan::FindFiles(const std::string& folder, std::string_view spy) {
           return true;
         });
     return listed.ok() ? Outcome() : std::move(listed).With("sPath: ", folder);
-  }));
+  });
 }
 
 void DriveScan::SearchOneFile(const std::string& path) {

@@ -19,7 +19,7 @@ Outcome Matching::Refuse(const std::string& path) {
 }
 
 void Matching::checkIfFileExistsThenAddToSpyList(const std::string& spy, const std::string& path) {
-  static_cast<void>(log_.Trap("checkIfFileExistsThenAddToSpyList", [&]() -> Outcome {
+  log_.Trap("checkIfFileExistsThenAddToSpyList", [&]() -> Outcome {
     const std::string full = CleanDirString(path, folders_);
     if (full.empty()) return {};
     if (!MayLookUp(full)) return Refuse(full);
@@ -27,12 +27,12 @@ void Matching::checkIfFileExistsThenAddToSpyList(const std::string& spy, const s
       if (FileExists(files_, place)) ReportOnce(sink_, FoundFile{place}, spy);
     }
     return {};
-  }));
+  });
 }
 
 void Matching::checkIfFolderExistsThenAddToSpyList(const std::string& spy,
                                                    const std::string& path) {
-  static_cast<void>(log_.Trap("checkIfFolderExistsThenAddToSpyList", [&]() -> Outcome {
+  log_.Trap("checkIfFolderExistsThenAddToSpyList", [&]() -> Outcome {
     const std::string full = CleanDirString(path, folders_);
     if (full.empty()) return {};
     if (!MayLookUp(full)) return Refuse(full);
@@ -40,7 +40,7 @@ void Matching::checkIfFolderExistsThenAddToSpyList(const std::string& spy,
       if (FolderExists(files_, place)) ReportOnce(sink_, FoundFolder{place}, spy);
     }
     return {};
-  }));
+  });
 }
 
 }  // namespace scourwell

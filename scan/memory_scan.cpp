@@ -60,9 +60,9 @@ void MemoryScan::ListProcesses() {
   tried_.clear();
   const bool nt = parts_.os.IsWinNT();
   const auto visit = [&](const ProcessEntry& process) { return Keep(process); };
-  static_cast<void>(parts_.log.Trap(nt ? "ShowRunningProcesses" : "ShowRunningProcesses9x", [&] {
+  parts_.log.Trap(nt ? "ShowRunningProcesses" : "ShowRunningProcesses9x", [&] {
     return nt ? parts_.processes.ListByStatus(visit) : parts_.processes.ListBySnapshot(visit);
-  }));
+  });
 }
 
 bool MemoryScan::Keep(const ProcessEntry& process) {
@@ -86,12 +86,12 @@ void MemoryScan::MatchAll(const std::string& spy, const std::string& process) {
 void MemoryScan::CheckMType(std::size_t index, const std::string& spy) {
   const ProcessEntry& process = tasklist_[index];
   const FoundProcess found = {process.path, process.id};
-  static_cast<void>(parts_.log.Trap("CheckMType", [&] { ReportOnce(parts_.sink, found, spy); }));
+  parts_.log.Trap("CheckMType", [&] { ReportOnce(parts_.sink, found, spy); });
   const std::string platform = parts_.os.Platform();
   if (platform != "Windows XP" && platform != "Windows 2000") return;
   if (tried_[index] || !parts_.sink.Shows(found)) return;
   tried_[index] = true;
-  static_cast<void>(parts_.log.Trap("KillProcessById", [&] { return End(process); }));
+  parts_.log.Trap("KillProcessById", [&] { return End(process); });
 }
 
 Outcome MemoryScan::End(const ProcessEntry& process) {

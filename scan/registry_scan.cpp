@@ -125,20 +125,20 @@ void RegistryScan::CheckMatching(std::string_view examined, Found&& found) {
 }
 
 void RegistryScan::QuickPass() {
-  static_cast<void>(log_.Trap("QuickRegistryScan", [&] {
+  log_.Trap("QuickRegistryScan", [&] {
     LoadNamedKeys();
     Measure(kQuickWalks, lists_.lstRegKSearch.size() + lists_.lstRegistry.size());
     CheckNamedKeys();
     WalkAll(kQuickWalks);
     CheckNamedValues();
-  }));
+  });
 }
 
 void RegistryScan::DeepPass() {
-  static_cast<void>(log_.Trap("DeepRegistryScan", [&] {
+  log_.Trap("DeepRegistryScan", [&] {
     Measure(kDeepWalks, 0);
     WalkAll(kDeepWalks);
-  }));
+  });
 }
 
 // The steps of a pass: its rows and, of each walk, what lies right below its key. The system knows
@@ -191,7 +191,7 @@ void RegistryScan::CheckNamedKeys() {
 }
 
 void RegistryScan::CheckRegistryKType(const std::string& full_path, std::string_view spy) {
-  static_cast<void>(log_.Trap("CheckRegistryKType", [&] {
+  log_.Trap("CheckRegistryKType", [&] {
     const auto root = HiveIn(FirstPart(full_path));
     const std::string path = CRegister::SplitKeyPath(BehindFirstPart(full_path));
     if (!root || path.empty() || !IsSeen(*root, path)) return;  // a whole hive is no signature
@@ -199,7 +199,7 @@ void RegistryScan::CheckRegistryKType(const std::string& full_path, std::string_
     ++progress_.scanned_keys;
     if (registry_.TryOpen(*root, path, kKeyAllRights) != kRegOk) return;
     Report(FoundKey{{*root, path}}, spy);
-  }));
+  });
 }
 
 void RegistryScan::CheckNamedValues() {
@@ -226,7 +226,7 @@ void RegistryScan::CheckNamedValue(const SignatureRow& row) {
 }
 
 void RegistryScan::WalkValues(RootKey root, const std::string& path) {
-  static_cast<void>(log_.Trap("WalkRegistryValues", [&] {
+  log_.Trap("WalkRegistryValues", [&] {
     if (pump_.closing()) return;
     registry_.EnumValues(root, path, [&](const std::string& name, const RegValue& value) {
       if (!pump_.Next()) return false;
@@ -234,7 +234,7 @@ void RegistryScan::WalkValues(RootKey root, const std::string& path) {
       progress_.phase.Step();
       return true;
     });
-  }));
+  });
 }
 
 void RegistryScan::CheckValue(RootKey root, const std::string& path, const std::string& name,

@@ -61,7 +61,7 @@ void ScanSession::Begin() {
 }
 
 void ScanSession::StartScan(const ScanScope& scope) {
-  static_cast<void>(parts_.log.Trap("StartScan", [&] {
+  parts_.log.Trap("StartScan", [&] {
     Begin();
     for (std::size_t i = ScanScope::kMyComputer + 1; i <= scope.count(); ++i) {
       if (!parts_.pump.Next()) return;
@@ -69,7 +69,7 @@ void ScanSession::StartScan(const ScanScope& scope) {
     }
     if (!parts_.pump.Next()) return;
     Finish();
-  }));
+  });
 }
 
 void ScanSession::ScanNode(const ScanScope& scope, std::size_t number) {
@@ -92,13 +92,13 @@ void ScanSession::ScanNode(const ScanScope& scope, std::size_t number) {
 }
 
 void ScanSession::ScanMemory() {
-  static_cast<void>(parts_.log.Trap("ScanMemory", [&] {
+  parts_.log.Trap("ScanMemory", [&] {
     StartPhase(1902);
     parts_.memory.ListProcesses();
     parts_.built_in.AddBuiltIn(kBuiltInMemoryStage);
     parts_.loader.Load(kUpdateMemoryList);
     if (!parts_.pump.closing()) parts_.report.CreateMemoryLogFile(parts_.memory.Tasklist());
-  }));
+  });
 }
 
 void ScanSession::ScanRegistry(const ScanScope& scope) {
@@ -108,7 +108,7 @@ void ScanSession::ScanRegistry(const ScanScope& scope) {
     parts_.shell.Message(parts_.captions.Text(1700), parts_.captions.Text(17000));
     return;
   }
-  static_cast<void>(parts_.log.Trap("ScanRegistry", [&] {
+  parts_.log.Trap("ScanRegistry", [&] {
     parts_.lists.lstRegistry.Clear();
     parts_.built_in.AddBuiltIn(kBuiltInRegistryStage);
     parts_.loader.Load(kUpdateRegistrySVList);
@@ -117,7 +117,7 @@ void ScanSession::ScanRegistry(const ScanScope& scope) {
       ScanRegistryView(*parts_.registry64, {true, parts_.os.IsWin7()}, quick, deep);
     }
     if (!parts_.pump.closing()) parts_.report.CreateRegistryScanLogFile();
-  }));
+  });
 }
 
 void ScanSession::ScanRegistryView(Registry& registry, RegistryView view, bool quick, bool deep) {
@@ -134,25 +134,25 @@ void ScanSession::ScanRegistryView(Registry& registry, RegistryView view, bool q
 }
 
 void ScanSession::ScanCookies() {
-  static_cast<void>(parts_.log.Trap("ScanCookies", [&] {
+  parts_.log.Trap("ScanCookies", [&] {
     StartPhase(1907);
     LoadStage(parts_, {kBuiltInCookieStage, &kUpdateCookieList});
     CookieScan(parts_.files, parts_.pump, parts_.log, parts_.sink, parts_.progress,
                parts_.lists.lstSearch)
         .ScanCookie(parts_.settings.CookiesFolder, parts_.settings.AllCookies);
     if (!parts_.pump.closing()) parts_.report.CreateCookieScanLogFile();
-  }));
+  });
 }
 
 void ScanSession::ScanDrivesForAll(const ScanScope& scope) {
-  static_cast<void>(parts_.log.Trap("ScanDrivesForAll", [&] {
+  parts_.log.Trap("ScanDrivesForAll", [&] {
     BothPasses([&](DriveScan& pass) { pass.ScanDrives(scope); });
     if (!parts_.pump.closing()) parts_.report.CreateDriveScanLogFile();
-  }));
+  });
 }
 
 void ScanSession::ScanFolder(const std::string& path) {
-  static_cast<void>(parts_.log.Trap("ScanFolder", [&]() -> Outcome {
+  parts_.log.Trap("ScanFolder", [&]() -> Outcome {
     Begin();
     DirEntry entry;
     Outcome found = parts_.files.Stat(path, &entry);
@@ -169,7 +169,7 @@ void ScanSession::ScanFolder(const std::string& path) {
     if (parts_.pump.closing()) return {};
     Finish();
     return {};
-  }));
+  });
 }
 
 // Folders first, then files; the second pass is skipped when the first was stopped.

@@ -38,7 +38,7 @@ void Settings::ReadLanguage() {
 }
 
 void Settings::LoadSettings() {
-  static_cast<void>(parts_.log.Trap("LoadSettings", [&] {
+  parts_.log.Trap("LoadSettings", [&] {
     ReadLanguage();
     settings_.MarkChecked = parts_.store.Get("Mark", "Checked");
     if (settings_.MarkChecked.empty()) settings_.MarkChecked = "y";
@@ -51,7 +51,7 @@ void Settings::LoadSettings() {
     settings_.CookiesFolder =
         CRegister(parts_.registry).QueryString(RootKey::CurrentUser, kShellFolders, "Cookies") +
         "\\";
-  }));
+  });
 }
 
 void Settings::LoadBooleans() {
@@ -68,7 +68,7 @@ std::string Settings::FolderOr(const char* key, const std::string& fallback) {
 }
 
 void Settings::SaveSettings() {
-  static_cast<void>(parts_.log.Trap("SaveSettings", [&] { return Save(); }));
+  parts_.log.Trap("SaveSettings", [&] { return Save(); });
 }
 
 // Every value is tried, whatever becomes of the others; the first failure is the one reported.

@@ -103,7 +103,7 @@ void Application::FillTree() { scope_.FillTree(language_, ports_.files.Drives())
 
 void Application::Shutdown() {
   if (!started_) return;
-  static_cast<void>(log_.Trap("MDIForm_Unload", [&]() -> Outcome {
+  log_.Trap("MDIForm_Unload", [&]() -> Outcome {
     Outcome first;
     if (settings_.AutoSave) return first;
     std::set<std::string> logs = scan_log_.written();
@@ -114,7 +114,7 @@ void Application::Shutdown() {
       if (first.ok() && !erased.ok()) first = std::move(erased).With("LogFile: ", log);
     }
     return first;
-  }));
+  });
   // No look at the definitions here: nobody would see the report any more.
   settings_store_.SaveSettings();
 }
@@ -171,7 +171,7 @@ void Application::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept)
 }
 
 void Application::CountRemoved() {
-  static_cast<void>(log_.Trap("frmResults_Load", [&]() -> Outcome {
+  log_.Trap("frmResults_Load", [&]() -> Outcome {
     const RemovalCounters& counters = removal_.counters();
     std::int64_t sum = 0;
     for (const std::int32_t count : {counters.files, counters.folders, counters.registry,
@@ -180,7 +180,7 @@ void Application::CountRemoved() {
     }
     if (sum > INT32_MAX) return Outcome::Failed(kOverflow);
     return statistics_.setNumberOfObjectsRemoved(static_cast<int>(sum));
-  }));
+  });
 }
 
 std::string Application::Title() const {
@@ -215,10 +215,10 @@ void Application::CreateDriveScanLogFile() {
 
 void Application::FinishScan() {
   scan_log_.FinishScan();
-  static_cast<void>(log_.Trap("FinishScan", [&]() -> Outcome {
+  log_.Trap("FinishScan", [&]() -> Outcome {
     if (Outcome counted = statistics_.setNumberOfScans(); !counted.ok()) return counted;
     return statistics_.setLastSystemScanDate();
-  }));
+  });
 }
 
 void Application::Begin(int maximum) {

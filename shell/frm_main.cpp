@@ -39,7 +39,7 @@ frmMain::frmMain(Application& app, PumpWin& pump, HINSTANCE instance)
 }
 
 int frmMain::Run(const CommandLine& command, int show) {
-  const Outcome loaded = app_.log().Trap("MDIForm_Load", [&] { Load(command, show); });
+  const Outcome loaded = app_.log().TrapOutcome("MDIForm_Load", [&] { Load(command, show); });
   if (!loaded.ok()) {
     ShowMessage(Text(17003) + "\r\n" + loaded.description(), Text(17001), MB_ICONERROR);
     return 1;
@@ -189,10 +189,10 @@ void frmMain::OnSize(Area area) {
 void frmMain::OnTimer(UINT_PTR id) {
   if (id != kTimer1) return;
   KillTimer(hwnd(), kTimer1);
-  static_cast<void>(app_.log().Trap("Timer1_Timer", [&]() -> Outcome {
+  app_.log().Trap("Timer1_Timer", [&]() -> Outcome {
     if (!app_.settings().AutoCheckForUpdate) return {};
     return app_.companions().Start(Companion::Updater);
-  }));
+  });
   static_cast<void>(ShowChangeReport());
 }
 

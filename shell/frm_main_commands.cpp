@@ -48,14 +48,13 @@ bool frmMain::OnCommand(int id) {
   if (posted) posted_ = 0;
   const char* method = posted ? posted_method_ : kMenuMethod;
   if (IsCompanion(id)) {
-    static_cast<void>(
-        app_.log().Trap(method, [&] { return app_.companions().Start(CompanionOf(id)); }));
+    app_.log().Trap(method, [&] { return app_.companions().Start(CompanionOf(id)); });
     return true;
   }
   for (const Command& command : kCommands) {
     if (command.id != id) continue;
     if (command.needs_quiet && (app_.busy() || !IsWindowEnabled(hwnd()))) return true;
-    static_cast<void>(app_.log().Trap(method, [&] { return (this->*command.carry)(); }));
+    app_.log().Trap(method, [&] { return (this->*command.carry)(); });
     return true;
   }
   return false;

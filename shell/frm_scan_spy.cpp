@@ -81,7 +81,7 @@ bool frmScanSpy::OnCommand(int id) {
       cmdAbort_Click();
       return true;
     case IDC_cmdNext:
-      static_cast<void>(app_.log().Trap("cmdNext_Click", [&] { return cmdNext_Click(); }));
+      app_.log().Trap("cmdNext_Click", [&] { return cmdNext_Click(); });
       return true;
     case IDC_cmdCancel:
     case IDC_cmdCloseResults:

@@ -71,11 +71,11 @@ void frmScanSpy::cmdDelete_Click() {
 
 void frmScanSpy::cmdContinue_Click() {
   if (app_.busy()) return;
-  static_cast<void>(app_.log().Trap("cmdContinue", [&] {
+  app_.log().Trap("cmdContinue", [&] {
     const bool any = app_.hits().checked_count() > 0;
     if (!AskOkCancel(Text(any ? 1824 : 1821), Text(16008))) return;
     if (!any || RemoveChecked(false)) host_.PostCommand(IDM_mnuHome);
-  }));
+  });
 }
 
 void frmScanSpy::cmdExclude_Click() {
@@ -83,7 +83,7 @@ void frmScanSpy::cmdExclude_Click() {
   if (app_.hits().checked_count() == 0) return ShowMessage(Text(1821), Text(17000));
   if (!AskYesNo(Text(1823), Text(16008))) return;
   const Outcome excluded =
-      app_.log().Trap("cmdExclude", [&] { return app_.hits().ExcludeChecked(); });
+      app_.log().TrapOutcome("cmdExclude", [&] { return app_.hits().ExcludeChecked(); });
   SpyFrame_.Refresh();
   if (!excluded.ok()) {
     ShowMessage(Text(17122) + "\r\n" + excluded.description(), Text(17001), MB_ICONERROR);

@@ -34,7 +34,7 @@ Help::Help(Files& files, Shell& shell, ErrorLog& log, const Captions& captions,
 
 void Help::ShowPage(std::string_view window, const char* method) {
   const std::string page = TopicOf(window).page;
-  const Outcome shown = log_.Trap(method, [&]() -> Outcome {
+  const Outcome shown = log_.TrapOutcome(method, [&]() -> Outcome {
     Outcome result = CheckFile();
     if (result.ok()) result = shell_.ShowHelp(file_, page);
     return result.ok() ? Outcome() : std::move(result).With("File: ", file_);
@@ -43,7 +43,7 @@ void Help::ShowPage(std::string_view window, const char* method) {
 }
 
 void Help::OpenFile(const char* method) {
-  const Outcome opened = log_.Trap(method, [&]() -> Outcome {
+  const Outcome opened = log_.TrapOutcome(method, [&]() -> Outcome {
     Outcome result = CheckFile();
     if (result.ok()) result = shell_.Open(file_);
     return result.ok() ? Outcome() : std::move(result).With("File: ", file_);
@@ -71,7 +71,7 @@ Outcome Help::CheckFile() const {
 // `named`: the file that the message names when this fails as well.
 void Help::OpenPage(const std::string& page, const std::string& named, const char* method) {
   const std::string path = AddPathToFileName(folder_, page);
-  const Outcome opened = log_.Trap(method, [&]() -> Outcome {
+  const Outcome opened = log_.TrapOutcome(method, [&]() -> Outcome {
     Outcome result = shell_.Open(path);
     return result.ok() ? Outcome() : std::move(result).With("File: ", path);
   });

@@ -32,7 +32,7 @@ std::string_view CutCharacters(std::string_view text, std::size_t count) {
 }  // namespace
 
 std::string Language::SetCaptionfromINI(std::string_view number, std::string_view fallback) const {
-  static_cast<void>(log_.Trap("SetCaptionfromINI", [&] { return Refresh(); }));
+  log_.Trap("SetCaptionfromINI", [&] { return Refresh(); });
   const std::string_view text = pack_.Find(kSection, number).value_or(fallback);
   return std::string(TrimBlanks(CutCharacters(TrimNull(text), kLongestCaption)));
 }

@@ -74,9 +74,9 @@ std::vector<LanguageEntry> ListLanguages(Files& files, ErrorLog& log, const std:
     return CompareNoCase(a.name, b.name) < 0;
   });
   for (LanguageEntry& entry : entries) {
-    static_cast<void>(log.Trap("CmbLang", [&] {
+    log.Trap("CmbLang", [&] {
       return FindPicture(files, AddPathToFileName(folder, entry.name + ".bmp"), &entry.picture);
-    }));
+    });
   }
   return entries;
 }

@@ -77,7 +77,7 @@ bool OptionsForm::IsMissing(const std::string& folder) const {
 }
 
 Outcome OptionsForm::SetScanStartup(bool ticked) {
-  return parts_.log.Trap("chkScanStartup", [&]() -> Outcome {
+  return parts_.log.TrapOutcome("chkScanStartup", [&]() -> Outcome {
     RegStatus status = kRegOk;
     CRegister run(parts_.registry);
     if (ticked) {
@@ -98,14 +98,14 @@ Outcome OptionsForm::SetScanStartup(bool ticked) {
 }
 
 Outcome OptionsForm::EditLanguagePackFile() {
-  return parts_.log.Trap("cmdEditLanguagePackFile", [&] {
+  return parts_.log.TrapOutcome("cmdEditLanguagePackFile", [&] {
     return parts_.shell.StartCommand("notepad.exe lang\\" + controls_.CmbLang + kPackExtension);
   });
 }
 
 OptionsForm::Confirmed OptionsForm::Confirm() {
   Confirmed confirmed;
-  static_cast<void>(parts_.log.Trap("CmdProceed", [&] {
+  parts_.log.Trap("CmdProceed", [&] {
     AppSettings& settings = parts_.settings;
     ConfirmLanguage(&confirmed);
     settings.MarkChecked = controls_.chkMarkChecked ? "y" : "n";
@@ -120,7 +120,7 @@ OptionsForm::Confirmed OptionsForm::Confirm() {
     settings.BackupFolder = controls_.txtBackup;
     settings.DefinitionsFolder = controls_.txtRefFileLocation;
     ConfirmExplorer(&confirmed);
-  }));
+  });
   return confirmed;
 }
 
@@ -137,7 +137,7 @@ void OptionsForm::ConfirmExplorer(Confirmed* confirmed) {
   if (!explorer_.Available()) return;
   const bool wanted = controls_.chkExplorer;
   if (!wanted && !explorer_.IsOn()) return;
-  const Outcome done = parts_.log.Trap("chkExplorer", [&] {
+  const Outcome done = parts_.log.TrapOutcome("chkExplorer", [&] {
     return wanted ? explorer_.TurnOn(parts_.captions.Text(kVerbCaption)) : explorer_.TurnOff();
   });
   // A key that could not be deleted was told of already.

@@ -108,12 +108,13 @@ TEST_SUITE("error_log") {
 
   TEST_CASE("a procedure's edge records failures and exceptions, not successes") {
     Bench b;
-    CHECK(b.log.Trap("fine", [] {}).ok());
+    CHECK(b.log.TrapOutcome("fine", [] {}).ok());
     CHECK(b.m.Has(kErrorLog) == false);
-    CHECK(b.log.Trap("a", [] { return Outcome::Failed(kDiskFull).With("I: ", "1"); }).number() ==
-          kDiskFull);
-    CHECK(b.log.Trap("b", []() -> Outcome { throw std::bad_alloc(); }).number() == kOutOfMemory);
-    CHECK(b.log.Trap("c", [] { throw std::out_of_range("text"); }).number() == kInvalidCall);
+    CHECK(b.log.TrapOutcome("a", [] { return Outcome::Failed(kDiskFull).With("I: ", "1"); })
+              .number() == kDiskFull);
+    CHECK(b.log.TrapOutcome("b", []() -> Outcome { throw std::bad_alloc(); }).number() ==
+          kOutOfMemory);
+    CHECK(b.log.TrapOutcome("c", [] { throw std::out_of_range("text"); }).number() == kInvalidCall);
     CHECK(b.m.Errors() ==
           "Error Description: Disk full, Error Number: 61, Method: a, I: 1\n"
           "Error Description: Out of memory, Error Number: 7, Method: b\n"

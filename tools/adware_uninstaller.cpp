@@ -62,7 +62,7 @@ bool AdwareUninstaller::Load(const char* procedure, bool all, const Progress& pr
   rows_.clear();
   failures_.clear();
   shows_all_ = all;
-  const Outcome loaded = needs_.log.Trap(procedure, [&]() -> Outcome {
+  const Outcome loaded = needs_.log.TrapOutcome(procedure, [&]() -> Outcome {
     part_names_ = ReadNames("WCL");
     exact_names_ = ReadNames("ESL");
     std::vector<std::string> keys;
@@ -112,19 +112,20 @@ Outcome AdwareUninstaller::Start(const std::string& command) {
 bool AdwareUninstaller::Uninstall(std::size_t row) {
   failures_.clear();
   return needs_.log
-      .Trap("ar cmdRemove_Click", [&] { return Start(Read(rows_[row].key, "UninstallString")); })
+      .TrapOutcome("ar cmdRemove_Click",
+                   [&] { return Start(Read(rows_[row].key, "UninstallString")); })
       .ok();
 }
 
 std::string AdwareUninstaller::Info(std::size_t row) const {
   std::string text = needs_.captions.Text(16009) + "\r\n\r\n" + Cell(row, kProgram) + "\r\n";
-  static_cast<void>(needs_.log.Trap("ar cmdViewInfo_Click", [&] {
+  needs_.log.Trap("ar cmdViewInfo_Click", [&] {
     for (const auto& [caption, name] : {std::pair(17271, "Publisher"), {17272, "DisplayVersion"}}) {
       const std::string value = Read(rows_[row].key, name);
       text += needs_.captions.Text(caption) + ": " +
               (value.empty() ? needs_.captions.Text(8629) : value) + "\r\n";
     }
-  }));
+  });
   return text;
 }
 

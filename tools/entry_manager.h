@@ -95,7 +95,7 @@ bool EntryManager::Trap(const char* procedure, Body&& body) {
   failures_.clear();
   const std::string name = std::string(prefix_) + procedure;
   std::vector<Outcome> failures;
-  const Outcome done = needs_.log.Trap(name.c_str(), [&] { body(&failures); });
+  const Outcome done = needs_.log.TrapOutcome(name.c_str(), [&] { body(&failures); });
   if (!done.ok()) failures_.push_back(done.description());
   for (const Outcome& failure : failures) {
     needs_.log.LogFailure(failure, name);

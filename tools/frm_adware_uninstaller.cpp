@@ -72,7 +72,7 @@ void frmAdwareUninstaller::EnableCommands() {
 bool frmAdwareUninstaller::OnToolCommand(int id) {
   std::size_t row = 0;
   const auto trapped = [&](const char* method, auto&& body) {
-    static_cast<void>(env_.log.Trap(method, body));
+    env_.log.Trap(method, body);
     return true;
   };
   switch (id) {

@@ -84,7 +84,7 @@ bool frmStartupManager::OnToolCommand(int id) {
 
 bool frmStartupManager::OnMenu(int id) {
   const auto trapped = [&](auto&& body) {
-    static_cast<void>(env_.log.Trap(kMenuMethod, body));
+    env_.log.Trap(kMenuMethod, body);
     return true;
   };
   switch (id) {
@@ -116,8 +116,7 @@ void frmStartupManager::Edit() {
   if (!Selected(&row)) return;
   const std::string shortcut = manager_.ShortcutOf(row);
   if (!shortcut.empty()) {
-    static_cast<void>(
-        env_.log.Trap(kMenuMethod, [&] { return tools_.shell().ShowProperties(shortcut); }));
+    env_.log.Trap(kMenuMethod, [&] { return tools_.shell().ShowProperties(shortcut); });
     return;
   }
   if (!manager_.MayEdit(row)) return;

@@ -220,12 +220,12 @@ bool frmTool::OnRowCommand(int id) {
   std::size_t row = 0;
   if (!Selected(&row)) return true;
   const std::string name = std::string(prefix_) + "Menu_Click";
-  static_cast<void>(env_.log.Trap(name.c_str(), [&]() -> Outcome {
+  env_.log.Trap(name.c_str(), [&]() -> Outcome {
     if (id == IDM_mnuFileProperties) return tools_.shell().ShowProperties(FileOf(row));
     if (id == IDM_mnuOpenKey) return tools_.OpenRegistry(KeyOf(row));
     const auto shown = static_cast<std::size_t>(list_.Selected());
     return CopyText(hwnd(), view_->Line(shown)) ? Outcome() : Outcome::Failed(kPermissionDenied);
-  }));
+  });
   return true;
 }
 

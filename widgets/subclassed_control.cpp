@@ -28,8 +28,8 @@ LRESULT CALLBACK SubclassedControl::Procedure(HWND hwnd, UINT message, WPARAM wp
     return Calls().CallProcedure(original, hwnd, message, wparam, lparam);
   }
   LRESULT result = 0;
-  static_cast<void>(control->log_->Trap(
-      control->name_, [&] { result = control->OnMessage(message, wparam, lparam); }));
+  control->log_->Trap(control->name_,
+                      [&] { result = control->OnMessage(message, wparam, lparam); });
   return result;
 }
 

@@ -62,7 +62,7 @@ LRESULT CALLBACK Window::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARA
     window->hwnd_ = hwnd;
   }
   LRESULT result = 0;
-  const Outcome handled = window->env_.log.Trap(
+  const Outcome handled = window->env_.log.TrapOutcome(
       window->name_, [&] { result = window->OnMessage(message, wparam, lparam); });
   if (message == WM_CREATE && !handled.ok()) return -1;
   if (message == WM_NCDESTROY) {
