@@ -27,18 +27,18 @@ frmBackup::frmBackup(const WindowEnv& env, Backups& backups, Clock& clock, std::
 SIZE frmBackup::FirstSize() const { return {metrics().Scale(520), metrics().Scale(330)}; }
 
 void frmBackup::OnCreate() {
-  CreateHeader(Text(1403), Text(17130));
+  CreateHeader(Text(Caption::BackupManagement), Text(Caption::NoBackupYet));
   BackupList_.row_count = [this] { return rows_.size(); };
   BackupList_.cell_text = [this](std::size_t row, int column) { return Cell(rows_[row], column); };
   BackupList_.Create(env_, hwnd(), IDC_BackupList);
-  BackupList_.AddColumn(kDate, Text(1404), metrics().Scale(150));
-  BackupList_.AddColumn(kName, Text(1405), metrics().Scale(230));
-  BackupList_.AddColumn(kSize, Text(1406), metrics().Scale(100));
+  BackupList_.AddColumn(kDate, Text(Caption::ColumnBackupDate), metrics().Scale(150));
+  BackupList_.AddColumn(kName, Text(Caption::ColumnBackupName), metrics().Scale(230));
+  BackupList_.AddColumn(kSize, Text(Caption::ColumnBackupSize), metrics().Scale(100));
   AccessKeys keys;
-  cmdRestore_.Create(env_, hwnd(), IDC_cmdRestore, keys.Add(Text(1400)));
-  cmdClean_.Create(env_, hwnd(), IDC_cmdClean, keys.Add(Text(1401)));
-  cmdOk_.Create(env_, hwnd(), IDCANCEL, Text(1402));
-  cmdHelp_.Create(env_, hwnd(), IDC_cmdHelp, keys.Add(Text(1710)));
+  cmdRestore_.Create(env_, hwnd(), IDC_cmdRestore, keys.Add(Text(Caption::RestoreBackup)));
+  cmdClean_.Create(env_, hwnd(), IDC_cmdClean, keys.Add(Text(Caption::Delete)));
+  cmdOk_.Create(env_, hwnd(), IDCANCEL, Text(Caption::Cancel));
+  cmdHelp_.Create(env_, hwnd(), IDC_cmdHelp, keys.Add(Text(Caption::Help)));
   Load();
 }
 
@@ -46,7 +46,7 @@ void frmBackup::Load() {
   rows_ = backups_.List();
   BackupList_.SetItemCount(rows_.size());
   ShowEmpty(rows_.empty());
-  SetHeaderText(Text(17131) + " " + folder_ + ": " + std::to_string(rows_.size()));
+  SetHeaderText(Text(Caption::BackupsIn) + " " + folder_ + ": " + std::to_string(rows_.size()));
   if (!rows_.empty() && Selected() < 0) {
     BackupList_.FocusRow(0);
     BackupList_.Select(0, true);
@@ -115,8 +115,10 @@ void frmBackup::cmdRestore_Click() {
   const int row = Selected();
   if (row < 0) return;
   const std::string key = rows_[static_cast<std::size_t>(row)].key;
-  if (!AskYesNo(Text(17147) + "\r\n\r\n" + key, Text(16008))) return;
-  SetHeaderText(Text(17148));
+  if (!AskYesNo(Text(Caption::AskRestoreBackup) + "\r\n\r\n" + key, Text(Caption::Confirmation))) {
+    return;
+  }
+  SetHeaderText(Text(Caption::RestoreInProgress));
   Busy(true);
   RestoreResult result;
   const Outcome outcome = backups_.Restore(
@@ -132,7 +134,7 @@ void frmBackup::cmdRestore_Click() {
 }
 
 std::string frmBackup::AskForVolume(const std::string& file_name) {
-  return AskForFolder(hwnd(), Text(17151) + "\r\n" + file_name);
+  return AskForFolder(hwnd(), Text(Caption::InsertBackupDisk) + "\r\n" + file_name);
 }
 
 void frmBackup::ShowRestored(const Outcome& outcome, const RestoreResult& result) {
@@ -140,27 +142,33 @@ void frmBackup::ShowRestored(const Outcome& outcome, const RestoreResult& result
   for (std::size_t i = 0; i < std::min(result.kept.size(), kMostNamed); ++i) {
     kept += "\r\n" + result.kept[i].kept_as;
   }
-  if (!kept.empty()) kept = "\r\n\r\n" + Text(17133) + kept;
-  if (outcome.ok() && result.failed.empty()) return ShowMessage(Text(1408) + kept, Text(17000));
+  if (!kept.empty()) kept = "\r\n\r\n" + Text(Caption::NewerFilesKept) + kept;
+  if (outcome.ok() && result.failed.empty()) {
+    return ShowMessage(Text(Caption::BackupRestored) + kept, Text(Caption::Information));
+  }
   std::string failures;
   if (!outcome.ok()) failures += "\r\n" + outcome.description();
   for (std::size_t i = 0; i < std::min(result.failed.size(), kMostNamed); ++i) {
     failures += "\r\n" + result.failed[i].path + ": " + result.failed[i].why.description();
   }
-  if (result.failed.size() > kMostNamed) failures += "\r\n... " + Text(17144);
-  ShowMessage(Text(17132) + failures + kept, Text(17001), MB_ICONERROR);
+  if (result.failed.size() > kMostNamed) failures += "\r\n... " + Text(Caption::AndMore);
+  ShowMessage(Text(Caption::RestoreIncomplete) + failures + kept, Text(Caption::Error),
+              MB_ICONERROR);
 }
 
 void frmBackup::cmdClean_Click() {
   const int row = Selected();
   if (row < 0) return;
   const std::string key = rows_[static_cast<std::size_t>(row)].key;
-  if (!AskYesNo(Text(1407) + "\r\n\r\n" + key, Text(16008))) return;
+  if (!AskYesNo(Text(Caption::AskDeleteBackup) + "\r\n\r\n" + key, Text(Caption::Confirmation))) {
+    return;
+  }
   const Outcome deleted = backups_.Delete(key);
   Load();
   SetFocus(BackupList_.hwnd());
   if (!deleted.ok()) {
-    ShowMessage(Text(17134) + "\r\n" + deleted.description(), Text(17001), MB_ICONERROR);
+    ShowMessage(Text(Caption::BackupNotDeleted) + "\r\n" + deleted.description(),
+                Text(Caption::Error), MB_ICONERROR);
   }
 }
 

@@ -19,7 +19,7 @@ class frmBackup : public ListDialog {
   enum Column { kDate, kName, kSize };
 
   SIZE FirstSize() const override;
-  std::string Title() const override { return Text(1403); }
+  std::string Title() const override { return Text(Caption::BackupManagement); }
   HWND DefaultButton() const override { return cmdRestore_.hwnd(); }
   HWND FirstFocus() const override { return BackupList_.hwnd(); }
   void OnCreate() override;

@@ -20,22 +20,22 @@ frmIgnore::frmIgnore(const WindowEnv& env, IgnoreList& ignore, std::function<voi
 SIZE frmIgnore::FirstSize() const { return {metrics().Scale(580), metrics().Scale(360)}; }
 
 void frmIgnore::OnCreate() {
-  CreateHeader(Text(1513), Text(17120));
+  CreateHeader(Text(Caption::IgnoreList), Text(Caption::NothingExcluded));
   IgnoreListView_.on_check = [this](const auto& rows, bool checked) { Check(rows, checked); };
   IgnoreListView_.is_checked = [this](int row) { return checked_[static_cast<std::size_t>(row)]; };
   IgnoreListView_.row_count = [this] { return records_.size(); };
   IgnoreListView_.cell_text = [this](std::size_t row, int column) { return Field(row, column); };
   IgnoreListView_.Create(env_, hwnd(), IDC_IgnoreListView);
   const int type = metrics().WidestText(KindTexts(env_.captions)) + metrics().Scale(40);
-  IgnoreListView_.AddColumn(kType, Text(1500), type);
-  IgnoreListView_.AddColumn(kSystem, Text(1501), metrics().Scale(130));
-  IgnoreListView_.AddColumn(kDetails, Text(1502), metrics().Scale(250));
+  IgnoreListView_.AddColumn(kType, Text(Caption::ColumnIgnoredType), type);
+  IgnoreListView_.AddColumn(kSystem, Text(Caption::ColumnIgnoredSystem), metrics().Scale(130));
+  IgnoreListView_.AddColumn(kDetails, Text(Caption::ColumnIgnoredDetails), metrics().Scale(250));
   AccessKeys keys;
-  cmdCheckAll_.Create(env_, hwnd(), IDC_cmdCheckAll, keys.Add(Text(1803)));
-  cmdUnCheckAll_.Create(env_, hwnd(), IDC_cmdUnCheckAll, keys.Add(Text(1804)));
-  CmdRemove_.Create(env_, hwnd(), IDC_CmdRemove, keys.Add(Text(1514)));
-  cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(1402));
-  cmdHelp_.Create(env_, hwnd(), IDC_cmdHelp, keys.Add(Text(1710)));
+  cmdCheckAll_.Create(env_, hwnd(), IDC_cmdCheckAll, keys.Add(Text(Caption::CheckAll)));
+  cmdUnCheckAll_.Create(env_, hwnd(), IDC_cmdUnCheckAll, keys.Add(Text(Caption::UncheckAll)));
+  CmdRemove_.Create(env_, hwnd(), IDC_CmdRemove, keys.Add(Text(Caption::StopIgnoring)));
+  cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(Caption::Cancel));
+  cmdHelp_.Create(env_, hwnd(), IDC_cmdHelp, keys.Add(Text(Caption::Help)));
   Load();
 }
 
@@ -52,8 +52,8 @@ void frmIgnore::Load() {
 
 void frmIgnore::ShowCount() {
   const auto checked = std::count(checked_.begin(), checked_.end(), true);
-  SetHeaderText(Text(17121) + " " + std::to_string(records_.size()) +
-                (checked > 0 ? ", " + std::to_string(checked) + " " + Text(17028) : ""));
+  SetHeaderText(Text(Caption::ExcludedComponents) + " " + std::to_string(records_.size()) +
+                (checked > 0 ? ", " + std::to_string(checked) + " " + Text(Caption::Checked) : ""));
   CmdRemove_.Enable(checked > 0);
 }
 
@@ -97,8 +97,10 @@ void frmIgnore::CmdRemove_Click() {
   const Outcome removed =
       env_.log.TrapOutcome("CmdRemove_Click", [&] { return ignore_.Keep(kept); });
   Load();
-  if (!removed.ok())
-    ShowMessage(Text(17122) + "\r\n" + removed.description(), Text(17001), MB_ICONERROR);
+  if (!removed.ok()) {
+    ShowMessage(Text(Caption::IgnoreListNotChanged) + "\r\n" + removed.description(),
+                Text(Caption::Error), MB_ICONERROR);
+  }
 }
 
 void frmIgnore::Check(const std::vector<std::size_t>& rows, bool checked) {

@@ -18,7 +18,7 @@ class frmIgnore : public ListDialog {
   enum Column { kType, kSystem, kDetails };
 
   SIZE FirstSize() const override;
-  std::string Title() const override { return Text(1513); }
+  std::string Title() const override { return Text(Caption::IgnoreList); }
   HWND DefaultButton() const override { return nullptr; }
   HWND FirstFocus() const override { return IgnoreListView_.hwnd(); }
   void OnCreate() override;

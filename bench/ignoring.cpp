@@ -19,7 +19,7 @@ constexpr int kDetections = 10'000;
 // No row is shown here.
 class NoCaptions : public Captions {
  public:
-  std::string Text(int) const override { return {}; }
+  std::string Text(Caption) const override { return {}; }
 };
 
 class NothingKept : public KeptTexts {

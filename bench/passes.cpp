@@ -18,7 +18,7 @@ constexpr int kRounds = 9;
 
 class PlainCaptions : public Captions {
  public:
-  std::string Text(int) const override { return "caption"; }
+  std::string Text(Caption) const override { return "caption"; }
 };
 
 class CountingSink : public FindingSink {

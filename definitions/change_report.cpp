@@ -8,8 +8,6 @@ namespace {
 constexpr char kSection[] = "REFFILE";
 constexpr char kKey[] = "Number";
 
-enum Label { kRelease = 5000, kUpdated, kAdded, kRemoved, kNone = 5005 };
-
 }  // namespace
 
 std::string ChangeReport::checkUpdateRefFileChanges() {
@@ -20,22 +18,22 @@ std::string ChangeReport::checkUpdateRefFileChanges() {
     if (number.empty() || EqualsNoCase(number, TrimBlanks(kept_.Get(kSection, kKey)))) return {};
     // First, so that a summary is never seen twice.
     if (Outcome stored = kept_.Set(kSection, kKey, release); !stored.ok()) return stored;
-    summary = Line(kRelease, release) +
-              Line(kUpdated, TextOrNone("SPYWARE DEFINITIONS UPDATED", "SDU0")) +
-              Line(kAdded, TextOrNone("SPYWARE DEFINITIONS ADDED", "SDA0")) +
-              Line(kRemoved, TextOrNone("SPYWARE DEFINITIONS REMOVED", "SDR0"));
+    summary = Line(Caption::UpdateFile, release) +
+              Line(Caption::ComponentsUpdated, TextOrNone("SPYWARE DEFINITIONS UPDATED", "SDU0")) +
+              Line(Caption::ComponentsAdded, TextOrNone("SPYWARE DEFINITIONS ADDED", "SDA0")) +
+              Line(Caption::ComponentsRemoved, TextOrNone("SPYWARE DEFINITIONS REMOVED", "SDR0"));
     return {};
   });
   return summary;
 }
 
-std::string ChangeReport::Line(int label, const std::string& value) const {
+std::string ChangeReport::Line(Caption label, const std::string& value) const {
   return captions_.Text(label) + " " + value + "\r\n";
 }
 
 std::string ChangeReport::TextOrNone(const char* section, const char* key) {
   std::string text = reference_.updateListfromINI(section, key);
-  return text.empty() ? captions_.Text(kNone) : text;
+  return text.empty() ? captions_.Text(Caption::NoComponents) : text;
 }
 
 }  // namespace scourwell

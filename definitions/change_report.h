@@ -20,7 +20,7 @@ class ChangeReport {
   std::string checkUpdateRefFileChanges();
 
  private:
-  std::string Line(int label, const std::string& value) const;
+  std::string Line(Caption label, const std::string& value) const;
   std::string TextOrNone(const char* section, const char* key);
 
   ReferenceFile& reference_;

@@ -9,8 +9,6 @@ namespace {
 
 constexpr std::size_t kNowhere = std::string_view::npos;
 constexpr std::size_t kLongestNode = 0xFFFF;
-constexpr int kNotAvailable = 8629;
-
 // A field of a version resource as it lies among the bytes of a file, in characters of one or two
 // bytes.
 struct Place {
@@ -106,7 +104,7 @@ std::array<std::string, kVersionFields> FileVersion::GetVerHeader(const std::str
       texts.fill("The file \"" + path + "\" doesn't exist.");
       return;
     }
-    texts.fill(captions_.Text(kNotAvailable));
+    texts.fill(captions_.Text(Caption::NotAvailable));
     std::string block;
     if (!versions_.ReadBlock(path, &block).ok()) return;
     const VersionResource resource(block, versions_);

@@ -17,19 +17,21 @@ SIZE frmLog::FirstSize() const { return {metrics().Scale(600), metrics().Scale(4
 
 void frmLog::OnCreate() {
   txtFile_.Create(env_, hwnd(), IDC_txtFile);
-  lblFind_.CreateWithKey(env_, hwnd(), IDC_lblFind, Text(17110));
+  lblFind_.CreateWithKey(env_, hwnd(), IDC_lblFind, Text(Caption::LabelFind));
   txtFind_.Create(env_, hwnd(), IDC_txtFind);
-  AccessKeys keys({Text(17110)});
-  cmdFind_.Create(env_, hwnd(), IDC_cmdFind, keys.Add(Text(17111)));
-  cmdSave_.Create(env_, hwnd(), IDC_cmdSave, keys.Add(Text(1601)));
-  cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(1602));
+  AccessKeys keys({Text(Caption::LabelFind)});
+  cmdFind_.Create(env_, hwnd(), IDC_cmdFind, keys.Add(Text(Caption::FindNext)));
+  cmdSave_.Create(env_, hwnd(), IDC_cmdSave, keys.Add(Text(Caption::SaveLog)));
+  cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(Caption::CloseLog));
   const Outcome loaded = env_.log.TrapOutcome("frmLog_Load", [&]() -> Outcome {
     Outcome read = files_.Read(path_, kLargest, &bytes_);
     Show();
     return read.ok() ? Outcome() : std::move(read).With("LogFile: ", path_);
   });
   cmdSave_.Enable(loaded.ok());
-  if (!loaded.ok()) ShowMessage(path_ + "\r\n" + loaded.description(), Text(17001), MB_ICONERROR);
+  if (!loaded.ok()) {
+    ShowMessage(path_ + "\r\n" + loaded.description(), Text(Caption::Error), MB_ICONERROR);
+  }
 }
 
 // A text box ends at the first NUL, and must not let one line pretend to be another.
@@ -49,7 +51,7 @@ void frmLog::OnSize(Area area) {
   buttons.CutRight(metrics().Gap());
   layout.Place(cmdSave_, buttons.CutRight(cmdSave_.width()));
   buttons.CutRight(metrics().WideMargin());
-  Area label = buttons.CutLeft(metrics().TextWidth(Text(17110)) + metrics().Gap());
+  Area label = buttons.CutLeft(metrics().TextWidth(Text(Caption::LabelFind)) + metrics().Gap());
   const int down = (metrics().ButtonHeight() - metrics().LineHeight()) / 2;
   layout.Place(lblFind_, {label.left, label.top + down, label.right, label.bottom});
   layout.Place(cmdFind_, buttons.CutRight(cmdFind_.width()));
@@ -95,19 +97,22 @@ void frmLog::FindNext() {
   if (wanted.empty()) {
     SetFocus(txtFind_.hwnd());
   } else if (!txtFile_.SelectNext(wanted)) {
-    ShowMessage(Text(17112) + "\r\n" + wanted, Text(17000));
+    ShowMessage(Text(Caption::TextNotFound) + "\r\n" + wanted, Text(Caption::Information));
   }
 }
 
 void frmLog::Save() {
-  const std::string path = AskForFile(hwnd(), FileDialog::Save, Text(17113), "txt", Text(1603),
-                                      std::string(FileNamePart(path_)));
+  const std::string path =
+      AskForFile(hwnd(), FileDialog::Save, Text(Caption::LogFileTypes), "txt",
+                 Text(Caption::SaveLogTitle), std::string(FileNamePart(path_)));
   if (path.empty()) return;
   const Outcome saved = env_.log.TrapOutcome("cmdSave_Click", [&]() -> Outcome {
     Outcome written = files_.Replace(path, bytes_);
     return written.ok() ? Outcome() : std::move(written).With("File: ", path);
   });
-  if (!saved.ok()) ShowMessage(path + "\r\n" + saved.description(), Text(17001), MB_ICONERROR);
+  if (!saved.ok()) {
+    ShowMessage(path + "\r\n" + saved.description(), Text(Caption::Error), MB_ICONERROR);
+  }
 }
 
 }  // namespace scourwell

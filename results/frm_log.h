@@ -20,7 +20,7 @@ class frmLog : public ModalWindow {
  private:
   SIZE FirstSize() const override;
   bool MayResize() const override { return true; }
-  std::string Title() const override { return Text(1600); }
+  std::string Title() const override { return Text(Caption::LogTitle); }
   HWND DefaultButton() const override;
   HWND FirstFocus() const override { return txtFile_.hwnd(); }
   bool OnKey(WPARAM key) override;

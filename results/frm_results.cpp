@@ -10,13 +10,16 @@ namespace scourwell {
 namespace {
 
 struct Line {
-  int caption;
+  Caption caption;
   std::int32_t RemovalCounters::*counter;
 };
 constexpr Line kLineTable[] = {
-    {4000, &RemovalCounters::total_found}, {4001, &RemovalCounters::files},
-    {4002, &RemovalCounters::folders},     {4003, &RemovalCounters::registry},
-    {4004, &RemovalCounters::cookies},     {4005, &RemovalCounters::processes},
+    {Caption::TotalFound, &RemovalCounters::total_found},
+    {Caption::FilesRemoved, &RemovalCounters::files},
+    {Caption::FoldersRemoved, &RemovalCounters::folders},
+    {Caption::RegistryKeysRemoved, &RemovalCounters::registry},
+    {Caption::CookiesRemoved, &RemovalCounters::cookies},
+    {Caption::ProcessesEnded, &RemovalCounters::processes},
 };
 constexpr int kObjectLines = 7;
 
@@ -38,7 +41,7 @@ SIZE frmResults::FirstSize() const {
 
 void frmResults::OnCreate() {
   header_.Create(hwnd(), IDC_RemovalHeader);
-  header_.SetHeading(Text(4007));
+  header_.SetHeading(Text(Caption::RemovalResults));
   header_.SetText(Summary());
   for (int i = 0; i < kLines; ++i) {
     const auto at = static_cast<std::size_t>(i);
@@ -47,21 +50,23 @@ void frmResults::OnCreate() {
                        std::to_string(removal_.counters().*kLineTable[i].counter), SS_RIGHT);
     values_[at].SetFont(metrics().bold());
   }
-  lblObjects_.Create(env_, hwnd(), IDC_lblObjects, Text(17107));
+  lblObjects_.Create(env_, hwnd(), IDC_lblObjects, Text(Caption::StateOfEach));
   txtObjects_.Create(env_, hwnd(), IDC_txtObjects);
   txtObjects_.SetText(Objects());
-  cmdOk_.Create(env_, hwnd(), IDOK, Text(4006));
+  cmdOk_.Create(env_, hwnd(), IDOK, Text(Caption::Ok));
 }
 
 std::string frmResults::Summary() const {
   const RemovalReport& report = removal_.report();
-  const auto part = [&](RemovalState state, int caption) {
+  const auto part = [&](RemovalState state, Caption caption) {
     const std::size_t count = report.Count(state);
     return count ? ", " + std::to_string(count) + " " + Text(caption) : std::string();
   };
   return std::to_string(report.Count(RemovalState::Removed) + report.Count(RemovalState::Gone)) +
-         " " + Text(17101) + part(RemovalState::PendingRestart, 17103) +
-         part(RemovalState::Refused, 17104) + part(RemovalState::Failed, 17105);
+         " " + Text(Caption::StateRemoved) +
+         part(RemovalState::PendingRestart, Caption::StatePendingRestart) +
+         part(RemovalState::Refused, Caption::StateRefused) +
+         part(RemovalState::Failed, Caption::StateFailed);
 }
 
 std::string frmResults::Objects() const {
@@ -70,7 +75,7 @@ std::string frmResults::Objects() const {
     text += ForShowing(PlaceText(object.object)) + " - " +
             RemovalStateText(env_.captions, object.result) + "\r\n";
   }
-  return text.empty() ? Text(17106) : text;
+  return text.empty() ? Text(Caption::NoComponentChecked) : text;
 }
 
 void frmResults::OnSize(Area area) {

@@ -22,7 +22,7 @@ class frmResults : public ModalWindow {
 
   SIZE FirstSize() const override;
   bool MayResize() const override { return true; }
-  std::string Title() const override { return Text(4007); }
+  std::string Title() const override { return Text(Caption::RemovalResults); }
   HWND DefaultButton() const override { return cmdOk_.hwnd(); }
   HWND FirstFocus() const override { return cmdOk_.hwnd(); }
   void OnCreate() override;

@@ -48,7 +48,8 @@ RegistryRemover::RegistryRemover(const Parts& parts)
               [this] { TellDenied(); }) {}
 
 void RegistryRemover::TellDenied() {
-  parts_.shell.Message(parts_.captions.Text(2005), parts_.captions.Text(2006));
+  parts_.shell.Message(parts_.captions.Text(Caption::RegistryKeyAccessDenied),
+                       parts_.captions.Text(Caption::AccessDenied));
 }
 
 RemovalResult RegistryRemover::Remove(const FoundKey& key) {

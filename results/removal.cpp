@@ -25,12 +25,14 @@ static_assert(std::size(kCounters) == std::variant_size_v<FoundObject>);
 
 struct StateText {
   RemovalState state;
-  int caption;
+  Caption caption;
 };
 constexpr StateText kStates[] = {
-    {RemovalState::Removed, 17101},        {RemovalState::Gone, 17102},
-    {RemovalState::PendingRestart, 17103}, {RemovalState::Refused, 17104},
-    {RemovalState::Failed, 17105},
+    {RemovalState::Removed, Caption::StateRemoved},
+    {RemovalState::Gone, Caption::StateGone},
+    {RemovalState::PendingRestart, Caption::StatePendingRestart},
+    {RemovalState::Refused, Caption::StateRefused},
+    {RemovalState::Failed, Caption::StateFailed},
 };
 
 RemovalResult Failed(RemovalState state, Outcome why) { return {state, std::move(why)}; }
@@ -151,11 +153,12 @@ void Removal::launchRegEditDelete() {
 
 std::string Removal::Warning() const {
   if (!report_.failed) return {};
-  std::string text = parts_.captions.Text(1849) + "\r\n" + parts_.captions.Text(1850) + "\r\n";
+  std::string text = parts_.captions.Text(Caption::SomeNotRemoved) + "\r\n" +
+                     parts_.captions.Text(Caption::RestartAndScanAgain) + "\r\n";
   std::size_t named = 0;
   for (const RemovedObject& object : report_.objects) {
     if (object.result.done()) continue;
-    if (++named > kMostNamed) return text + "\r\n... " + parts_.captions.Text(17144);
+    if (++named > kMostNamed) return text + "\r\n... " + parts_.captions.Text(Caption::AndMore);
     text += "\r\n" + PlaceText(object.object) + " - " +
             RemovalStateText(parts_.captions, object.result);
   }

@@ -14,7 +14,8 @@
 namespace scourwell {
 namespace {
 
-constexpr int kColumnCaptions[] = {1800, 1801, 1802};
+constexpr Caption kColumnCaptions[] = {Caption::ColumnHitType, Caption::ColumnHitSystem,
+                                       Caption::ColumnHitDetails};
 constexpr int kPicture = 16;
 
 }  // namespace
@@ -27,9 +28,9 @@ ResultsPane::ResultsPane(const WindowEnv& env, HitList& hits, Shell& shell)
 
 void ResultsPane::OnCreate() {
   header_.Create(hwnd(), IDC_ResultsHeader);
-  header_.SetHeading(Text(1865));
+  header_.SetHeading(Text(Caption::DetectedComponents));
   // Made before the list, so that it lies above it.
-  lblEmpty_.Create(env_, hwnd(), IDC_lblEmpty, Text(17026), SS_CENTER);
+  lblEmpty_.Create(env_, hwnd(), IDC_lblEmpty, Text(Caption::NothingFound), SS_CENTER);
   SpyListView_.on_check = [this](const auto& rows, bool checked) { Check(rows, checked); };
   SpyListView_.is_checked = [this](int row) {
     return hits_.row(static_cast<std::size_t>(row)).checked;
@@ -46,18 +47,18 @@ void ResultsPane::OnCreate() {
   images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
   SpyListView_.SetSmallImages(images_.get());
   CreateColumns();
-  AccessKeys keys({Text(17010), Text(17158), Text(17014)});
-  const auto make = [&](Button& button, int id, int caption) {
+  AccessKeys keys({Text(Caption::MenuScan), Text(Caption::MenuTools), Text(Caption::MenuHelp)});
+  const auto make = [&](Button& button, int id, Caption caption) {
     button.Create(env_, hwnd(), id, keys.Add(Text(caption)));
   };
-  make(cmdCheckAll_, IDC_cmdCheckAll, 1803);
-  make(cmdUnCheckAll_, IDC_cmdUnCheckAll, 1804);
-  make(cmdExclude_, IDC_cmdExclude, 1845);
-  make(cmdBackup_, IDC_cmdBackup, 17135);
-  make(cmdViewLog_, IDC_cmdViewLog, 1842);
-  make(cmdDelete_, IDC_cmdDelete, 1401);
-  make(cmdContinue_, IDC_cmdContinue, 17017);
-  make(cmdClose_, IDC_cmdCloseResults, 1402);
+  make(cmdCheckAll_, IDC_cmdCheckAll, Caption::CheckAll);
+  make(cmdUnCheckAll_, IDC_cmdUnCheckAll, Caption::UncheckAll);
+  make(cmdExclude_, IDC_cmdExclude, Caption::Exclude);
+  make(cmdBackup_, IDC_cmdBackup, Caption::Backup);
+  make(cmdViewLog_, IDC_cmdViewLog, Caption::ViewLog);
+  make(cmdDelete_, IDC_cmdDelete, Caption::Delete);
+  make(cmdContinue_, IDC_cmdContinue, Caption::Continue);
+  make(cmdClose_, IDC_cmdCloseResults, Caption::Cancel);
 }
 
 void ResultsPane::CreateColumns() {
@@ -147,8 +148,8 @@ void ResultsPane::EnableButtons() {
 void ResultsPane::ShowCount() {
   EnableButtons();
   const std::size_t checked = hits_.checked_count();
-  header_.SetText(Text(1848) + ": " + std::to_string(hits_.size()) +
-                  (checked ? ", " + std::to_string(checked) + " " + Text(17028) : ""));
+  header_.SetText(Text(Caption::ComponentsInList) + ": " + std::to_string(hits_.size()) +
+                  (checked ? ", " + std::to_string(checked) + " " + Text(Caption::Checked) : ""));
 }
 
 LRESULT ResultsPane::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -231,10 +232,11 @@ void ResultsPane::ShowMenu(POINT at) {
   const MenuHandle menu(CreatePopupMenu());
   const UINT rows = hits_.empty() ? MF_GRAYED : MF_ENABLED;
   const UINT properties = SelectedPath() ? MF_ENABLED : MF_GRAYED;
-  Calls().Append(menu.get(), MF_STRING | rows, IDM_mnuCheckAll, Text(17019));
-  Calls().Append(menu.get(), MF_STRING | rows, IDM_mnuUncheckAll, Text(17020));
+  Calls().Append(menu.get(), MF_STRING | rows, IDM_mnuCheckAll, Text(Caption::MenuCheckAll));
+  Calls().Append(menu.get(), MF_STRING | rows, IDM_mnuUncheckAll, Text(Caption::MenuUncheckAll));
   Calls().Append(menu.get(), MF_SEPARATOR, 0, {});
-  Calls().Append(menu.get(), MF_STRING | properties, IDM_mnuShowProperties, Text(1884));
+  Calls().Append(menu.get(), MF_STRING | properties, IDM_mnuShowProperties,
+                 Text(Caption::MenuShowProperties));
   TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr);
 }
 

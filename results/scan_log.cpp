@@ -17,16 +17,16 @@ void ScanLog::CreateDriveScanLogFile() {
   parts_.log.Trap("CreateDriveScanLogFile", [&]() -> Outcome {
     const HitList& hits = parts_.hits;
     Lines lines;
-    lines.Add("\r\n" + Text(1832)).Add(kShortRule);
+    lines.Add("\r\n" + Text(Caption::LogFolderScan)).Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Finding& found = hits.row(i).finding;
       if (!parts_.pump.Next()) return {};
       const auto* folder = std::get_if<FoundFolder>(&found.object);
       if (folder) lines.Add(found.spy + " folder:" + folder->path);
     }
-    lines.Add(Text(1833));
-    lines.Add(Text(1834) + std::to_string(hits.counters().folders));
-    lines.Add("\r\n" + Text(1835)).Add(kShortRule);
+    lines.Add(Text(Caption::LogFolderResult));
+    lines.Add(Text(Caption::LogSuspiciousFolders) + std::to_string(hits.counters().folders));
+    lines.Add("\r\n" + Text(Caption::LogFileScan)).Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Finding& found = hits.row(i).finding;
       if (!parts_.pump.Next()) return {};
@@ -36,9 +36,9 @@ void ScanLog::CreateDriveScanLogFile() {
       lines.Add(found.spy + " file:" + *path);
       lines.Add(FileLines(*path));
     }
-    lines.Add(Text(1836));
-    lines.Add(Text(1837) + std::to_string(hits.counters().files));
-    lines.Add(Text(1831));
+    lines.Add(Text(Caption::LogFileResult));
+    lines.Add(Text(Caption::LogSuspiciousFiles) + std::to_string(hits.counters().files));
+    lines.Add(Text(Caption::LogEndOfSection));
     return Append(lines.text());
   });
 }
@@ -79,10 +79,12 @@ void ScanLog::FinishScan() {
     const ProgramVersion& version = parts_.version;
     Lines lines;
     lines.Add("\r\n").Add(kLongRule);
-    lines.Add(Text(1851) + " " + std::to_string(parts_.hits.counters().Total()));
+    lines.Add(Text(Caption::LogComponentsFound) + " " +
+              std::to_string(parts_.hits.counters().Total()));
     lines.Add(kLongRule);
-    lines.Add("\r\n" + Text(1852) + " " + parts_.clock.GeneralDate(parts_.clock.Now()));
-    lines.Add(Text(1853)).Add("\r\n").Add(kLongRule);
+    lines.Add("\r\n" + Text(Caption::LogScanFinishedOn) + " " +
+              parts_.clock.GeneralDate(parts_.clock.Now()));
+    lines.Add(Text(Caption::LogSystemInformation)).Add("\r\n").Add(kLongRule);
     lines.Add("Application Version: " + std::to_string(version.major) + "." +
               std::to_string(version.minor) + "." + std::to_string(version.revision));
     lines.Add(kLongRule);

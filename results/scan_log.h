@@ -57,7 +57,7 @@ class ScanLog {
   const std::set<std::string>& written() const { return written_; }
 
  private:
-  std::string Text(int number) const { return parts_.captions.Text(number); }
+  std::string Text(Caption caption) const { return parts_.captions.Text(caption); }
   // What a section says of a file; empty where it is not known.
   struct FileFacts {
     std::string size;  // kilobytes

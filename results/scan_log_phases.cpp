@@ -42,8 +42,11 @@ void ScanLog::CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) {
 Outcome ScanLog::WriteMemorySection(const std::vector<ProcessEntry>& tasklist, Entry* entry) {
   const bool nt = parts_.os.IsWinNT();
   Lines lines;
-  lines.Add(parts_.clock.GeneralDate(parts_.clock.Now()) + " " + Text(1825)).Add(kMemoryRule);
-  lines.Add(Text(1826)).Add(kShortRule).Add(Text(1827) + "\r\n");
+  lines.Add(parts_.clock.GeneralDate(parts_.clock.Now()) + " " + Text(Caption::LogMemoryScan))
+      .Add(kMemoryRule);
+  lines.Add(Text(Caption::LogRunningPrograms))
+      .Add(kShortRule)
+      .Add(Text(Caption::LogLoadedModules) + "\r\n");
   for (const ProcessEntry& process : tasklist) {
     if (!parts_.pump.Next()) return {};
     *entry = {entry->number + 1, process.path, {}};
@@ -53,10 +56,10 @@ Outcome ScanLog::WriteMemorySection(const std::vector<ProcessEntry>& tasklist, E
     // Lined up under the parenthesis.
     lines.Add(nt ? ProcessLines(process, number.size() + 3, entry) : std::string("\r\n"));
   }
-  lines.Add(Text(1828));
+  lines.Add(Text(Caption::LogMemoryResult));
   // The count is the index behind the last entry: it has always been one too high.
-  lines.Add(Text(1829) + std::to_string(tasklist.size() + 1));
-  lines.Add(Text(1830)).Add(Text(1831));
+  lines.Add(Text(Caption::LogTotalModules) + std::to_string(tasklist.size() + 1));
+  lines.Add(Text(Caption::LogSuspiciousModules)).Add(Text(Caption::LogEndOfSection));
   return Append(lines.text());
 }
 
@@ -104,16 +107,16 @@ void ScanLog::CreateCookieScanLogFile() {
   parts_.log.Trap("CreateCookieScanLogFile", [&]() -> Outcome {
     const HitList& hits = parts_.hits;
     Lines lines;
-    lines.Add("\r\n" + Text(1881)).Add(kShortRule);
+    lines.Add("\r\n" + Text(Caption::LogCookieScan)).Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Finding& found = hits.row(i).finding;
       if (!parts_.pump.Next()) return {};
       const auto* cookie = std::get_if<FoundCookie>(&found.object);
       if (cookie) lines.Add(found.spy + " Cookie:" + cookie->path);
     }
-    lines.Add("\r\n").Add(Text(1879));
-    lines.Add(Text(1880) + std::to_string(hits.counters().files));
-    lines.Add(Text(1831));
+    lines.Add("\r\n").Add(Text(Caption::LogCookieResult));
+    lines.Add(Text(Caption::LogSuspiciousCookies) + std::to_string(hits.counters().files));
+    lines.Add(Text(Caption::LogEndOfSection));
     return Append(lines.text());
   });
 }
@@ -123,7 +126,7 @@ void ScanLog::CreateRegistryScanLogFile() {
   parts_.log.Trap("CreateRegistryScanLogFile", [&]() -> Outcome {
     const HitList& hits = parts_.hits;
     Lines lines;
-    lines.Add(Text(1838) + "\r\n").Add(kShortRule);
+    lines.Add(Text(Caption::LogRegistryScan) + "\r\n").Add(kShortRule);
     for (std::size_t i = 0; i < hits.size(); ++i) {
       const Finding& found = hits.row(i).finding;
       if (!parts_.pump.Next()) return {};
@@ -141,9 +144,9 @@ void ScanLog::CreateRegistryScanLogFile() {
       lines.Add("[" + FullKeyPath(value->key) + "]");
       lines.Add("\"" + value->name + "\"=" + value->data);
     }
-    lines.Add(Text(1839));
-    lines.Add(Text(1840) + std::to_string(hits.counters().registry));
-    lines.Add(Text(1831));
+    lines.Add(Text(Caption::LogRegistryResult));
+    lines.Add(Text(Caption::LogSuspiciousKeys) + std::to_string(hits.counters().registry));
+    lines.Add(Text(Caption::LogEndOfSection));
     return Append(lines.text());
   });
 }

@@ -9,13 +9,13 @@ void ScanLog::AddRemoval(const RemovalReport& report) {
   parts_.log.Trap("RemoveSelectedSpy", [&]() -> Outcome {
     Lines lines;
     lines.Add("\r\n").Add(kLongRule);
-    lines.Add(Text(17100) + " " + parts_.clock.GeneralDate(parts_.clock.Now()));
+    lines.Add(Text(Caption::LogRemoval) + " " + parts_.clock.GeneralDate(parts_.clock.Now()));
     lines.Add(kLongRule);
     for (const RemovedObject& object : report.objects) {
       lines.Add(KindText(parts_.captions, KindOf(object.object)) + ": " + PlaceText(object.object) +
                 " - " + RemovalStateText(parts_.captions, object.result));
     }
-    if (report.objects.empty()) lines.Add(Text(17106));
+    if (report.objects.empty()) lines.Add(Text(Caption::NoComponentChecked));
     lines.Add(kLongRule);
     return Append(lines.text());
   });

@@ -10,8 +10,6 @@
 namespace scourwell {
 namespace {
 
-constexpr int kAdvancedScanning = 1530;
-
 std::string_view LastFour(std::string_view name) {
   return name.substr(name.size() - std::min<std::size_t>(name.size(), 4));
 }
@@ -117,7 +115,7 @@ std::optional<std::string_view> PropertyIndex::FindChecksum(std::uint64_t size,
 
 void AdvancedScan::searchFilesAdvanced(const std::string& folder) {
   parts_.log.Trap("searchFilesAdvanced", [&]() -> Outcome {
-    const std::string caption = parts_.captions.Text(kAdvancedScanning) + " - ";
+    const std::string caption = parts_.captions.Text(Caption::AdvancedScanning) + " - ";
     Outcome listed =
         parts_.files.List(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
           parts_.progress.lblScan = caption + entry.name;

@@ -35,7 +35,8 @@ void DriveScan::ScanDrives(const ScanScope& scope) {
       if (!scope.IsDrive(i) || !scope.ticked(i)) continue;
       const ScanScope::Node& node = scope.node(i);
       if (!files_.IsReady(node.key)) continue;
-      progress_.lblScanOption = captions_.Text(1841) + " - " + node.text.substr(0, 2) + " (" +
+      progress_.lblScanOption = captions_.Text(Caption::ScanningDrive) + " - " +
+                                node.text.substr(0, 2) + " (" +
                                 std::string(TrimBlanks(node.text.substr(2))) + ") ...";
       if (!pump_.Next()) return;
       subShowFolderList(node.key);

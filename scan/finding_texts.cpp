@@ -9,14 +9,18 @@ namespace {
 
 struct KindRow {
   std::string_view word;
-  int caption;
+  Caption caption;
   int icon;
 };
 
 // In the order of FindingKind.
 constexpr KindRow kKinds[] = {
-    {"Spy File", 17280, 3},         {"Spy Folder", 17281, 4},         {"Spy Cookie", 17282, 3},
-    {"Spy Registry Key", 17283, 5}, {"Spy Registry Value", 17284, 5}, {"Memory Process", 17285, 9},
+    {"Spy File", Caption::KindFile, 3},
+    {"Spy Folder", Caption::KindFolder, 4},
+    {"Spy Cookie", Caption::KindCookie, 3},
+    {"Spy Registry Key", Caption::KindRegistryKey, 5},
+    {"Spy Registry Value", Caption::KindRegistryValue, 5},
+    {"Memory Process", Caption::KindProcess, 9},
 };
 static_assert(std::size(kKinds) == std::variant_size_v<FoundObject>);
 

@@ -15,19 +15,19 @@ struct SummaryKind {
   int caption_id;
   int scanned_id;
   int infected_id;
-  int caption;
+  Caption caption;
   FindingKind kind;
   std::uint32_t ScanProgress::*scanned;
   std::int16_t HitCounters::*infected;
 };
 constexpr SummaryKind kSummary[] = {
-    {IDC_lblFiles, IDC_lblFilesScanned, IDC_lblFilesInfected, 1858, FindingKind::File,
-     &ScanProgress::scanned_files, &HitCounters::files},
-    {IDC_lblFolders, IDC_lblFoldersScanned, IDC_lblFoldersInfected, 1859, FindingKind::Folder,
-     &ScanProgress::scanned_folders, &HitCounters::folders},
-    {IDC_lblKeys, IDC_lblKeysScanned, IDC_lblKeysInfected, 1860, FindingKind::RegistryKey,
-     &ScanProgress::scanned_keys, &HitCounters::registry},
-    {IDC_lblProcesses, IDC_lblProcessesScanned, IDC_lblProcessesInfected, 1861,
+    {IDC_lblFiles, IDC_lblFilesScanned, IDC_lblFilesInfected, Caption::SummaryFiles,
+     FindingKind::File, &ScanProgress::scanned_files, &HitCounters::files},
+    {IDC_lblFolders, IDC_lblFoldersScanned, IDC_lblFoldersInfected, Caption::SummaryFolders,
+     FindingKind::Folder, &ScanProgress::scanned_folders, &HitCounters::folders},
+    {IDC_lblKeys, IDC_lblKeysScanned, IDC_lblKeysInfected, Caption::SummaryRegistryKeys,
+     FindingKind::RegistryKey, &ScanProgress::scanned_keys, &HitCounters::registry},
+    {IDC_lblProcesses, IDC_lblProcessesScanned, IDC_lblProcessesInfected, Caption::SummaryProcesses,
      FindingKind::Process, &ScanProgress::scanned_processes, &HitCounters::processes},
 };
 constexpr int kPicture = 16;
@@ -88,19 +88,20 @@ void ProgressPane::CreateSummary() {
 }
 
 void ProgressPane::SetCaptions() {
-  header_.SetHeading(Text(1856));
-  header_.ReserveRight(Text(17029) + kWidestTime, Text(17320) + kWidestTime);
-  lblCurrentItem_.SetText(Text(1855));
-  lblSFoldersCaption_.SetText(Text(17040));
-  lblFScanCaption_.SetText(Text(17041));
-  lblScanSummary_.SetText(Text(1864));
-  lblScanned_.SetText(Text(1862));
-  lblInfected_.SetText(Text(1863));
+  header_.SetHeading(Text(Caption::ScanningForSpyware));
+  header_.ReserveRight(Text(Caption::ElapsedTime) + kWidestTime,
+                       Text(Caption::RemainingTime) + kWidestTime);
+  lblCurrentItem_.SetText(Text(Caption::CurrentItem));
+  lblSFoldersCaption_.SetText(Text(Caption::FoldersEntered));
+  lblFScanCaption_.SetText(Text(Caption::FoldersSearched));
+  lblScanSummary_.SetText(Text(Caption::ScanSummary));
+  lblScanned_.SetText(Text(Caption::SummaryScanned));
+  lblInfected_.SetText(Text(Caption::SummaryInfected));
   for (int i = 0; i < kRows; ++i) rows_[i].caption.SetText(Text(kSummary[i].caption));
-  lblDetectedCaption_.SetText(Text(1865));
-  cmdAbort_.SetCaption(metrics(), Text(1885));
-  cmdNext_.SetCaption(metrics(), Text(17016));
-  cmdCancel_.SetCaption(metrics(), Text(1402));
+  lblDetectedCaption_.SetText(Text(Caption::DetectedComponents));
+  cmdAbort_.SetCaption(metrics(), Text(Caption::StopScan));
+  cmdNext_.SetCaption(metrics(), Text(Caption::NextPage));
+  cmdCancel_.SetCaption(metrics(), Text(Caption::Cancel));
 }
 
 void ProgressPane::LanguageChanged() {
@@ -199,7 +200,8 @@ void ProgressPane::OnPaint(HDC dc) {
   }
   for (int i = 0; i < kRows; ++i) {
     const int y = icon_rows_ + i * row_height_ + (row_height_ - PictureSize()) / 2;
-    ImageList_Draw(images_.get(), KindIcon(kSummary[i].kind), dc, summary_.left + inset, y, ILD_NORMAL);
+    ImageList_Draw(images_.get(), KindIcon(kSummary[i].kind), dc, summary_.left + inset, y,
+                   ILD_NORMAL);
   }
 }
 
@@ -224,7 +226,7 @@ void ProgressPane::ScanEnded(bool finished) {
 }
 
 void ProgressPane::ShowEnd() {
-  const std::string state = Text(finished_ ? 1808 : 17002);
+  const std::string state = Text(finished_ ? Caption::ScanFinished : Caption::ScanStopped);
   header_.SetText(state);
   lblScanOption_.SetText(state);
   if (finished_) lblScan_.SetText(state);
@@ -232,7 +234,7 @@ void ProgressPane::ShowEnd() {
 }
 
 void ProgressPane::ShowMissing(const std::string& path) {
-  header_.SetText(Text(17031) + " " + path);
+  header_.SetText(Text(Caption::ScanPathMissing) + " " + path);
   lblScan_.SetText(path);
   RefreshSummary();
 }
@@ -240,7 +242,8 @@ void ProgressPane::ShowMissing(const std::string& path) {
 void ProgressPane::Refresh() {
   header_.SetText(progress_.lblScanStatus);
   RefreshTimes();
-  lblScanOption_.SetText(progress_.loading ? Text(1767) : progress_.lblScanOption);
+  lblScanOption_.SetText(progress_.loading ? Text(Caption::LoadingDefinitions)
+                                           : progress_.lblScanOption);
   lblScan_.SetText(progress_.lblScan);
   lblSFolders_.SetText(std::to_string(progress_.lblSFolders));
   lblFScan_.SetText(std::to_string(progress_.lblFScan));
@@ -267,11 +270,11 @@ void ProgressPane::RefreshTimes() {
   ShowElapsed();
   time_left_.Update(now, progress_.phase);
   const auto left = time_left_.Seconds();
-  header_.SetRightBelow(left ? Text(17320) + " " + ClockText(*left) : "");
+  header_.SetRightBelow(left ? Text(Caption::RemainingTime) + " " + ClockText(*left) : "");
 }
 
 void ProgressPane::ShowElapsed() {
-  header_.SetRight(Text(17029) + " " + ClockText(elapsed_ / 1000));
+  header_.SetRight(Text(Caption::ElapsedTime) + " " + ClockText(elapsed_ / 1000));
 }
 
 void ProgressPane::RefreshSummary() {

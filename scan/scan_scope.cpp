@@ -1,40 +1,42 @@
 #include "scan/scan_scope.h"
 
+#include <optional>
+
 namespace scourwell {
 namespace {
 
 struct FixedNode {
-  int caption;
+  Caption caption;
   const char* key;
   std::size_t parent;
 };
 
 constexpr FixedNode kFixedNodes[] = {
-    {1901, "MyComputer", 0},
-    {1902, "ScanMemory", ScanScope::kMyComputer},
-    {1903, "ScanRegistry", ScanScope::kMyComputer},
-    {1907, "ScanCookie", ScanScope::kMyComputer},
-    {1904, "ScanDrives", ScanScope::kMyComputer},
-    {1905, "QuickScan", ScanScope::kScanRegistry},
-    {1906, "DeepScan", ScanScope::kScanRegistry},
+    {Caption::MyComputer, "MyComputer", 0},
+    {Caption::ScanMemory, "ScanMemory", ScanScope::kMyComputer},
+    {Caption::ScanRegistry, "ScanRegistry", ScanScope::kMyComputer},
+    {Caption::ScanCookies, "ScanCookie", ScanScope::kMyComputer},
+    {Caption::ScanDrives, "ScanDrives", ScanScope::kMyComputer},
+    {Caption::QuickScan, "QuickScan", ScanScope::kScanRegistry},
+    {Caption::DeepScan, "DeepScan", ScanScope::kScanRegistry},
 };
 
-// The caption of a drive's type; 0 for drives that are not scanned.
-int DriveCaption(DriveKind kind) {
+// The caption of a drive's type; none for drives that are not scanned.
+std::optional<Caption> DriveCaption(DriveKind kind) {
   switch (kind) {
     case DriveKind::Removable:
-      return 1908;
+      return Caption::DriveRemovable;
     case DriveKind::Fixed:
-      return 1909;
+      return Caption::DriveFixed;
     case DriveKind::Network:
-      return 1910;
+      return Caption::DriveNetwork;
     default:
-      return 0;
+      return std::nullopt;
   }
 }
 
 std::string DriveText(char letter, DriveKind kind, const Captions& captions) {
-  return std::string(1, letter) + ": " + captions.Text(DriveCaption(kind));
+  return std::string(1, letter) + ": " + captions.Text(DriveCaption(kind).value());
 }
 
 }  // namespace
@@ -45,7 +47,7 @@ void ScanScope::FillTree(const Captions& captions, const std::vector<Drive>& dri
     nodes_.push_back({captions.Text(fixed.caption), fixed.key, fixed.parent});
   }
   for (const Drive& drive : drives) {
-    if (DriveCaption(drive.kind) == 0) continue;
+    if (!DriveCaption(drive.kind)) continue;
     nodes_.push_back({DriveText(drive.letter, drive.kind, captions),
                       std::string(1, drive.letter) + ":\\", kScanDrives, drive.kind});
   }

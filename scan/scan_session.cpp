@@ -57,7 +57,7 @@ void ScanSession::Begin() {
   finished_ = false;
   ClearLists();  // a stopped scan leaves its rows behind
   parts_.progress = {};
-  parts_.progress.lblScanStatus = parts_.captions.Text(1805);
+  parts_.progress.lblScanStatus = parts_.captions.Text(Caption::ScanInProgress);
 }
 
 void ScanSession::StartScan(const ScanScope& scope) {
@@ -93,7 +93,7 @@ void ScanSession::ScanNode(const ScanScope& scope, std::size_t number) {
 
 void ScanSession::ScanMemory() {
   parts_.log.Trap("ScanMemory", [&] {
-    StartPhase(1902);
+    StartPhase(Caption::ScanMemory);
     parts_.memory.ListProcesses();
     parts_.built_in.AddBuiltIn(kBuiltInMemoryStage);
     parts_.loader.Load(kUpdateMemoryList);
@@ -105,7 +105,8 @@ void ScanSession::ScanRegistry(const ScanScope& scope) {
   const bool quick = scope.ticked(ScanScope::kQuickScan);
   const bool deep = scope.ticked(ScanScope::kDeepScan);
   if (!quick && !deep) {
-    parts_.shell.Message(parts_.captions.Text(1700), parts_.captions.Text(17000));
+    parts_.shell.Message(parts_.captions.Text(Caption::NothingToScan),
+                         parts_.captions.Text(Caption::Information));
     return;
   }
   parts_.log.Trap("ScanRegistry", [&] {
@@ -124,18 +125,18 @@ void ScanSession::ScanRegistryView(Registry& registry, RegistryView view, bool q
   RegistryScan scan(registry, parts_.pump, parts_.log, parts_.sink, parts_.progress, parts_.lists,
                     parts_.loader, view);
   if (quick && !parts_.pump.closing()) {
-    StartPhase(1806);
+    StartPhase(Caption::ScanningRegistry);
     scan.QuickPass();
   }
   if (deep && !parts_.pump.closing()) {
-    StartPhase(1807);
+    StartPhase(Caption::DeepScanningRegistry);
     scan.DeepPass();
   }
 }
 
 void ScanSession::ScanCookies() {
   parts_.log.Trap("ScanCookies", [&] {
-    StartPhase(1907);
+    StartPhase(Caption::ScanCookies);
     LoadStage(parts_, {kBuiltInCookieStage, &kUpdateCookieList});
     CookieScan(parts_.files, parts_.pump, parts_.log, parts_.sink, parts_.progress,
                parts_.lists.lstSearch)
@@ -158,8 +159,8 @@ void ScanSession::ScanFolder(const std::string& path) {
     Outcome found = parts_.files.Stat(path, &entry);
     // A network share has no entry of its own, but it can be listed.
     if (!found.ok() && !FolderExists(parts_.files, path)) {
-      parts_.shell.Message(parts_.captions.Text(17031) + "\r\n" + path,
-                           parts_.captions.Text(17000));
+      parts_.shell.Message(parts_.captions.Text(Caption::ScanPathMissing) + "\r\n" + path,
+                           parts_.captions.Text(Caption::Information));
       return std::move(found).With("sPath: ", path);
     }
     BothPasses([&](DriveScan& pass) { pass.ScanPath(path); });
@@ -176,7 +177,7 @@ void ScanSession::ScanFolder(const std::string& path) {
 template <class Walk>
 void ScanSession::BothPasses(Walk&& walk) {
   WalkGoal goal(parts_.progress.phase);
-  StartPass(1882);
+  StartPass(Caption::ScanningForFolders);
   ScanDrivesForAllFolders();
   if (parts_.pump.closing()) return;
   {
@@ -186,7 +187,7 @@ void ScanSession::BothPasses(Walk&& walk) {
     walk(folders);
   }
   if (parts_.pump.closing()) return;
-  StartPass(1883);
+  StartPass(Caption::ScanningForFiles);
   ScanDrivesForAllFiles();
   if (parts_.pump.closing()) return;
   DriveScan files(parts_.files, parts_.pump, parts_.log, parts_.captions, parts_.sink,
@@ -198,12 +199,12 @@ void ScanSession::BothPasses(Walk&& walk) {
   walk(files);
 }
 
-void ScanSession::StartPhase(int caption) {
+void ScanSession::StartPhase(Caption caption) {
   parts_.progress.lblScanOption = parts_.captions.Text(caption);
   parts_.progress.phase.Begin(0);  // until it has counted
 }
 
-void ScanSession::StartPass(int caption) {
+void ScanSession::StartPass(Caption caption) {
   StartPhase(caption);
   parts_.progress.lblSFolders = parts_.progress.lblFScan = 0;
   parts_.progress.scanned_files = parts_.progress.scanned_folders = 0;
@@ -243,7 +244,7 @@ void ScanSession::Finish() {
   ClearLists();
   parts_.progress.phase.Begin(0);
   parts_.report.FinishScan();
-  const std::string finished = parts_.captions.Text(1808);
+  const std::string finished = parts_.captions.Text(Caption::ScanFinished);
   parts_.progress.lblScanStatus = finished;
   parts_.progress.lblScanOption = finished;
   parts_.progress.lblScan = finished;

@@ -64,8 +64,8 @@ class ScanSession {
   AdvancedScan MakeAdvancedScan() const;
   template <class Walk>
   void BothPasses(Walk&& walk);
-  void StartPhase(int caption);
-  void StartPass(int caption);
+  void StartPhase(Caption caption);
+  void StartPass(Caption caption);
   void ClearLists();
   void Finish();
 

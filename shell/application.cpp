@@ -47,7 +47,10 @@ Application::Application(const Ports& ports, const std::string& application_fold
       backups_({ports.files, ports.registry, ports.registry64, ports.clock, ports.pump, ports.shell,
                 log_, ports.code_pages, os_, folders_, settings_}),
       keys_(ports.registry, log_,
-            [this] { ports_.shell.Message(language_.Text(2005), language_.Text(2006)); }),
+            [this] {
+              ports_.shell.Message(language_.Text(Caption::RegistryKeyAccessDenied),
+                                   language_.Text(Caption::AccessDenied));
+            }),
       removal_({{ports.files, ports.system, ports.shell, ports.pump, log_, ports.code_pages, os_,
                  folders_, settings_},
                 ports.processes,
@@ -144,7 +147,7 @@ void Application::Run(Scan&& scan) {
   scanning_ = false;
 }
 
-void Application::BeginWork(int caption) {
+void Application::BeginWork(Caption caption) {
   ports_.pump.set_closing(false);
   progress_.lblScanStatus = language_.Text(caption);
   working_ = true;
@@ -184,17 +187,17 @@ void Application::CountRemoved() {
 }
 
 std::string Application::Title() const {
-  return language_.Text(1753) + " " + std::to_string(version_.major) + "." +
-         std::to_string(version_.minor) + " " + language_.Text(1770) +
+  return language_.Text(Caption::ProgramName) + " " + std::to_string(version_.major) + "." +
+         std::to_string(version_.minor) + " " + language_.Text(Caption::Revision) +
          std::to_string(version_.revision);
 }
 
 // Every section is announced while it is written.
 template <class Write>
 void Application::WriteLog(Write&& write) {
-  progress_.lblScanStatus = language_.Text(16218);
+  progress_.lblScanStatus = language_.Text(Caption::WritingLog);
   write();
-  progress_.lblScanStatus = language_.Text(1805);
+  progress_.lblScanStatus = language_.Text(Caption::ScanInProgress);
 }
 
 void Application::CreateMemoryLogFile(const std::vector<ProcessEntry>& tasklist) {

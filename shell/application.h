@@ -73,7 +73,7 @@ class Application : private ScanReport, private LoadProgress {
 
   // Around the two calls below: the program is busy, and an earlier Stop does not end what the user
   // asks for now. `caption` says what goes on.
-  void BeginWork(int caption);
+  void BeginWork(Caption caption);
   void EndWork() { working_ = false; }
   // A backup of the checked rows. `failed_rows` of the result are rows of the results list.
   BackupReport BackUpChecked(const std::string& name, ArchiveOptions options = {});

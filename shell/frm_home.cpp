@@ -11,14 +11,14 @@ namespace {
 struct FactRow {
   int caption_id;
   int value_id;
-  int caption;
+  Caption caption;
 };
 constexpr FactRow kRows[] = {
-    {IDC_lblScansCaption, IDC_lblScans, 1756},
-    {IDC_lblLastScanCaption, IDC_lblLastScan, 1757},
-    {IDC_lblRemovedCaption, IDC_lblRemoved, 1758},
-    {IDC_lblLanguageCaption, IDC_lblLanguage, 1759},
-    {IDC_lblDefinitionsCaption, IDC_lblDefinitions, 1760},
+    {IDC_lblScansCaption, IDC_lblScans, Caption::NumberOfScans},
+    {IDC_lblLastScanCaption, IDC_lblLastScan, Caption::LastScan},
+    {IDC_lblRemovedCaption, IDC_lblRemoved, Caption::ObjectsRemoved},
+    {IDC_lblLanguageCaption, IDC_lblLanguage, Caption::CurrentLanguage},
+    {IDC_lblDefinitionsCaption, IDC_lblDefinitions, Caption::DefinitionsNumber},
 };
 constexpr int kStatistics = 3;  // the first rows
 constexpr int kTaskPicture = 48;
@@ -58,23 +58,23 @@ void frmHome::OnCreate() {
 }
 
 void frmHome::Refresh() {
-  header_.SetHeading(Text(1754));
-  header_.SetText(Text(1755));
-  lblResults_.SetText(Text(1762));
-  lblComputer_.SetText(Text(1761));
-  lblCompanions_.SetText(Text(16208));
+  header_.SetHeading(Text(Caption::Welcome));
+  header_.SetText(Text(Caption::WelcomeHint));
+  lblResults_.SetText(Text(Caption::LastResults));
+  lblComputer_.SetText(Text(Caption::YourComputer));
+  lblCompanions_.SetText(Text(Caption::CompanionPrograms));
   RefreshButtons();
   RefreshFacts();
   Arrange();
 }
 
 void frmHome::RefreshButtons() {
-  AccessKeys keys({Text(17010), Text(17158), Text(17014)});
+  AccessKeys keys({Text(Caption::MenuScan), Text(Caption::MenuTools), Text(Caption::MenuHelp)});
   const auto refresh = [&](DrawnButton& button, const StartPageButton& row) {
     const std::string hindrance = host_.Hindrance(row.command);
     button.SetText(keys.Add(Text(row.caption)));
     button.SetFaded(!hindrance.empty());
-    tip_.Set(button.hwnd(), hindrance.empty() && row.tip != 0 ? Text(row.tip) : hindrance);
+    tip_.Set(button.hwnd(), hindrance.empty() && row.tip ? Text(*row.tip) : hindrance);
   };
   for (int i = 0; i < kTasks; ++i) refresh(tasks_[i], kTaskPictures[i]);
   for (int i = 0; i < kLinkCount; ++i) refresh(links_[i], kLinks[i]);

@@ -41,7 +41,8 @@ frmMain::frmMain(Application& app, PumpWin& pump, HINSTANCE instance)
 int frmMain::Run(const CommandLine& command, int show) {
   const Outcome loaded = app_.log().TrapOutcome("MDIForm_Load", [&] { Load(command, show); });
   if (!loaded.ok()) {
-    ShowMessage(Text(17003) + "\r\n" + loaded.description(), Text(17001), MB_ICONERROR);
+    ShowMessage(Text(Caption::CouldNotStart) + "\r\n" + loaded.description(), Text(Caption::Error),
+                MB_ICONERROR);
     return 1;
   }
   return pump_.Run();
@@ -207,9 +208,9 @@ void frmMain::PageChanged() {
 }
 
 void frmMain::ShowProgress() {
-  sbrMain_.SetPart(StatusBar::kState, Text(app_.scanning() ? 17024 : 17023));
-  sbrMain_.SetPart(StatusBar::kFound,
-                   std::to_string(app_.hits().counters().Total()) + " " + Text(17027));
+  sbrMain_.SetPart(StatusBar::kState, Text(app_.scanning() ? Caption::Scanning : Caption::Ready));
+  sbrMain_.SetPart(StatusBar::kFound, std::to_string(app_.hits().counters().Total()) + " " +
+                                          Text(Caption::ComponentsFound));
   sbrMain_.SetPart(StatusBar::kLanguage, app_.language().StatusText());
   ShowTitle();
 }

@@ -70,7 +70,8 @@ void frmMain::PostCommand(int id, const char* method) {
 
 std::string frmMain::Hindrance(int id) const {
   if (!IsCompanion(id) || !app_.companions().Find(CompanionOf(id)).empty()) return {};
-  return Text(16212) + "\r\n" + app_.companions().ExpectedPath(CompanionOf(id));
+  return Text(Caption::CompanionNotInstalled) + "\r\n" +
+         app_.companions().ExpectedPath(CompanionOf(id));
 }
 
 void frmMain::EnableCommands() {
@@ -125,13 +126,13 @@ Outcome frmMain::StartScan() {
   if (app_.scope().AnythingTicked()) {
     OpenScan({});
   } else {
-    ShowMessage(Text(1700), Text(17000));
+    ShowMessage(Text(Caption::NothingToScan), Text(Caption::Information));
   }
   return {};
 }
 
 Outcome frmMain::ScanFolder() {
-  const std::string folder = AskForFolder(hwnd(), Text(17022));
+  const std::string folder = AskForFolder(hwnd(), Text(Caption::SelectFolder));
   if (!folder.empty()) OpenScan(folder);
   return {};
 }
@@ -153,8 +154,9 @@ Outcome frmMain::Exit() {
 }
 
 Outcome frmMain::ShowAbout() {
-  ShowMessageWithIcon(shared_.instance, IDI_Scourwell, app_.Title() + "\r\n\r\n" + Text(17030),
-                      Text(1753));
+  ShowMessageWithIcon(shared_.instance, IDI_Scourwell,
+                      app_.Title() + "\r\n\r\n" + Text(Caption::AboutText),
+                      Text(Caption::ProgramName));
   return {};
 }
 
@@ -218,7 +220,9 @@ Outcome frmMain::VisitUsOnline() { return OpenWebPage(kHomePage); }
 
 Outcome frmMain::OpenWebPage(const char* address) {
   Outcome opened = app_.ports().shell.Open(address);
-  if (!opened.ok()) ShowMessage(Text(17309) + "\r\n" + address, Text(17000));
+  if (!opened.ok()) {
+    ShowMessage(Text(Caption::WebPageNotOpened) + "\r\n" + address, Text(Caption::Information));
+  }
   return std::move(opened).With("Address: ", address);
 }
 
@@ -226,7 +230,7 @@ Outcome frmMain::OpenWebPage(const char* address) {
 Outcome frmMain::ShowChangeReport() {
   if (app_.busy() || close_wanted_ || !IsWindowEnabled(hwnd())) return {};
   const std::string report = app_.TakeChangeReport();
-  if (!report.empty()) ShowMessage(report, Text(17000));
+  if (!report.empty()) ShowMessage(report, Text(Caption::Information));
   return {};
 }
 

@@ -19,10 +19,10 @@ void AppendRule(HMENU menu) { Calls().Append(menu, MF_SEPARATOR, 0, {}); }
 
 HMENU ScanMenu(const Captions& captions) {
   HMENU menu = CreatePopupMenu();
-  Append(menu, IDM_mnuStartScan, captions.Text(17011) + "\tF5");
-  Append(menu, IDM_mnuScanFolder, captions.Text(17012));
+  Append(menu, IDM_mnuStartScan, captions.Text(Caption::MenuStartScan) + "\tF5");
+  Append(menu, IDM_mnuScanFolder, captions.Text(Caption::MenuScanFolder));
   AppendRule(menu);
-  Append(menu, IDM_mnuExit, captions.Text(17013));
+  Append(menu, IDM_mnuExit, captions.Text(Caption::MenuExit));
   return menu;
 }
 
@@ -37,28 +37,28 @@ HMENU CompanionMenu(const Captions& captions) {
 
 HMENU ToolsMenu(const Captions& captions) {
   HMENU menu = CreatePopupMenu();
-  Append(menu, IDM_mnuStartupManager, captions.Text(17201));
-  Append(menu, IDM_mnuAdwareUninstaller, captions.Text(17202));
-  Append(menu, IDM_mnuBrowserHelpers, captions.Text(17203));
+  Append(menu, IDM_mnuStartupManager, captions.Text(Caption::MenuStartupManager));
+  Append(menu, IDM_mnuAdwareUninstaller, captions.Text(Caption::MenuAdwareUninstaller));
+  Append(menu, IDM_mnuBrowserHelpers, captions.Text(Caption::MenuBrowserHelperManager));
   AppendRule(menu);
-  Append(menu, IDM_mnuBackups, captions.Text(17149));
-  Append(menu, IDM_mnuIgnoreList, captions.Text(17150));
+  Append(menu, IDM_mnuBackups, captions.Text(Caption::MenuBackupManagement));
+  Append(menu, IDM_mnuIgnoreList, captions.Text(Caption::MenuIgnoreList));
   AppendRule(menu);
-  AppendPopup(menu, CompanionMenu(captions), captions.Text(17305));
-  Append(menu, IDM_mnuLiveUpdate, captions.Text(17301));
+  AppendPopup(menu, CompanionMenu(captions), captions.Text(Caption::MenuCompanionPrograms));
+  Append(menu, IDM_mnuLiveUpdate, captions.Text(Caption::MenuLiveUpdate));
   AppendRule(menu);
-  Append(menu, IDM_mnuOptions, captions.Text(17300));
+  Append(menu, IDM_mnuOptions, captions.Text(Caption::MenuOptions));
   return menu;
 }
 
 HMENU HelpMenu(const Captions& captions) {
   HMENU menu = CreatePopupMenu();
-  Append(menu, IDM_mnuHelpContents, captions.Text(17302) + "\tF1");
+  Append(menu, IDM_mnuHelpContents, captions.Text(Caption::MenuHelpContents) + "\tF1");
   AppendRule(menu);
-  Append(menu, IDM_mnuOnlineHelp, captions.Text(17303));
-  Append(menu, IDM_mnuVisitUsOnline, captions.Text(17304));
+  Append(menu, IDM_mnuOnlineHelp, captions.Text(Caption::MenuOnlineHelp));
+  Append(menu, IDM_mnuVisitUsOnline, captions.Text(Caption::MenuVisitUsOnline));
   AppendRule(menu);
-  Append(menu, IDM_mnuAbout, captions.Text(17015));
+  Append(menu, IDM_mnuAbout, captions.Text(Caption::MenuAbout));
   return menu;
 }
 
@@ -67,9 +67,9 @@ HMENU HelpMenu(const Captions& captions) {
 void frmMainMenu::Create(HWND window, const Captions& captions) {
   MenuHandle old(menu_);
   menu_ = CreateMenu();
-  AppendPopup(menu_, ScanMenu(captions), captions.Text(17010));
-  AppendPopup(menu_, ToolsMenu(captions), captions.Text(17158));
-  AppendPopup(menu_, HelpMenu(captions), captions.Text(17014));
+  AppendPopup(menu_, ScanMenu(captions), captions.Text(Caption::MenuScan));
+  AppendPopup(menu_, ToolsMenu(captions), captions.Text(Caption::MenuTools));
+  AppendPopup(menu_, HelpMenu(captions), captions.Text(Caption::MenuHelp));
   SetMenu(window, menu_);
 }
 

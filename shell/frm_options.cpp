@@ -93,7 +93,7 @@ void frmOptions::ScanStartup() {
   const CheckBox& box = boxes_[BoxIndex(IDC_chkScanStartup)];
   if (form_.SetScanStartup(box.Checked()).ok()) return;
   box.Check(form_.controls().chkScanStartup);
-  ShowMessage(Text(17347), Text(17001), MB_ICONERROR);
+  ShowMessage(Text(Caption::SettingNotWritten), Text(Caption::Error), MB_ICONERROR);
 }
 
 void frmOptions::LanguageChosen() {
@@ -106,16 +106,17 @@ void frmOptions::LanguageChosen() {
 
 void frmOptions::EditLanguage() {
   if (form_.EditLanguagePackFile().ok()) return;
-  ShowMessage(Text(17348) + "\r\n" + form_.controls().CmbLang + kPackExtension, Text(17001),
-              MB_ICONERROR);
+  ShowMessage(
+      Text(Caption::LanguagePackNotOpened) + "\r\n" + form_.controls().CmbLang + kPackExtension,
+      Text(Caption::Error), MB_ICONERROR);
 }
 
 bool frmOptions::Browse(int id) {
   for (std::size_t i = 0; i < kPaths; ++i) {
     if (kPathRows[i].browse != id) continue;
     const std::string typed = paths_[i].text.Text();
-    const std::string folder =
-        AskForFolder(hwnd(), Text(17022), form_.IsMissing(typed) ? std::string() : typed);
+    const std::string folder = AskForFolder(hwnd(), Text(Caption::SelectFolder),
+                                            form_.IsMissing(typed) ? std::string() : typed);
     if (folder.empty()) return true;
     paths_[i].text.SetText(folder);
     CheckFolder(i);
@@ -152,8 +153,13 @@ void frmOptions::Proceed() {
   ReadControls();
   const OptionsForm::Confirmed confirmed = form_.Confirm();
   language_changed_ = confirmed.language;
-  if (confirmed.advanced_scanning) ShowMessage(WithLineBreaks(Text(1534)), Text(1753), 0);
-  if (confirmed.explorer_failed) ShowMessage(Text(17347), Text(17001), MB_ICONERROR);
+  if (confirmed.advanced_scanning) {
+    ShowMessage(WithLineBreaks(Text(Caption::AdvancedScanningUnavailable)),
+                Text(Caption::ProgramName), 0);
+  }
+  if (confirmed.explorer_failed) {
+    ShowMessage(Text(Caption::SettingNotWritten), Text(Caption::Error), MB_ICONERROR);
+  }
   app_.SaveSettings();
   Close();
 }

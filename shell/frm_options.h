@@ -38,7 +38,7 @@ class frmOptions : public ModalWindow {
   };
 
   SIZE FirstSize() const override;
-  std::string Title() const override { return Text(1503); }
+  std::string Title() const override { return Text(Caption::OptionsTitle); }
   HWND DefaultButton() const override { return cmdProceed_.hwnd(); }
   HWND FirstFocus() const override;
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;

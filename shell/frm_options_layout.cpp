@@ -1,5 +1,6 @@
 // How the controls of the options dialog are made and where they lie.
 #include <algorithm>
+#include <optional>
 
 #include "shell/frm_options.h"
 #include "shell/options_table.h"
@@ -38,10 +39,10 @@ void frmOptions::OnCreate() {
     pages_[static_cast<std::size_t>(tab)].Create(hwnd());
     CreateTab(tab);
   }
-  cmdProceed_.Create(env_, hwnd(), IDC_CmdProceed, Text(17252));
-  cmdCancelOptions_.Create(env_, hwnd(), IDC_cmdCancelOptions, Text(17253));
+  cmdProceed_.Create(env_, hwnd(), IDC_CmdProceed, Text(Caption::DialogOk));
+  cmdCancelOptions_.Create(env_, hwnd(), IDC_cmdCancelOptions, Text(Caption::DialogCancel));
   tabs_.Create(env_, hwnd(), IDC_OptionsTabs);
-  for (const int caption : kTabCaptions) tabs_.Add(Text(caption));
+  for (const Caption caption : kTabCaptions) tabs_.Add(Text(caption));
   Fill();
   ShowTab(tabs_.Selected());
 }
@@ -49,9 +50,9 @@ void frmOptions::OnCreate() {
 void frmOptions::CreateTab(int tab) {
   HWND page = pages_[static_cast<std::size_t>(tab)].hwnd();
   // OK and Cancel belong to every tab.
-  AccessKeys keys({Text(17252), Text(17253)});
-  int section = 0;
-  const auto begin_section = [&](int caption) {
+  AccessKeys keys({Text(Caption::DialogOk), Text(Caption::DialogCancel)});
+  std::optional<Caption> section;
+  const auto begin_section = [&](Caption caption) {
     auto& lines = sections_[static_cast<std::size_t>(tab)];
     lines.push_back(std::make_unique<SectionLine>());
     lines.back()->Create(env_, page, Text(caption));
@@ -61,23 +62,25 @@ void frmOptions::CreateTab(int tab) {
     const BoxRow& row = kBoxRows[i];
     if (row.tab != tab) continue;
     if (row.id == IDC_chkExplorer) {
-      begin_section(kLanguageSection);
+      begin_section(Caption::SectionLanguage);
       CreateLanguage(page, &keys);
     }
     if (row.section != section) begin_section(row.section);
     boxes_[i].Create(env_, page, row.id, keys.Add(Text(row.caption)));
   }
   if (tab == kGeneralTab && !form_.explorer_available()) {
-    lblExplorerNote_.Create(env_, page, IDC_lblExplorerNote, Text(17355), SS_LEFT);
+    lblExplorerNote_.Create(env_, page, IDC_lblExplorerNote, Text(Caption::ExplorerUnavailable),
+                            SS_LEFT);
   }
   if (tab != kPathsTab) return;
   for (std::size_t i = 0; i < kPaths; ++i) CreatePath(i, page, &keys);
 }
 
 void frmOptions::CreateLanguage(HWND page, AccessKeys* keys) {
-  lblLang_.CreateWithKey(env_, page, IDC_lblLang, keys->Add(Text(17356)));
+  lblLang_.CreateWithKey(env_, page, IDC_lblLang, keys->Add(Text(Caption::LabelLanguagePack)));
   CmbLang_.Create(env_, page, IDC_CmbLang);
-  cmdEditLanguagePackFile_.Create(env_, page, IDC_cmdEditLanguagePackFile, keys->Add(Text(17340)));
+  cmdEditLanguagePackFile_.Create(env_, page, IDC_cmdEditLanguagePackFile,
+                                  keys->Add(Text(Caption::EditLanguagePack)));
 }
 
 void frmOptions::CreatePath(std::size_t index, HWND page, AccessKeys* keys) {
@@ -86,8 +89,8 @@ void frmOptions::CreatePath(std::size_t index, HWND page, AccessKeys* keys) {
   path.caption.CreateWithKey(env_, page, row.label, keys->Add(Text(row.caption)));
   path.text.Create(env_, page, row.text);
   Calls().Send(path.text.hwnd(), EM_LIMITTEXT, Calls().LongestPath(), 0);
-  path.browse.Create(env_, page, row.browse, keys->Add(Text(17345)));
-  path.hint.Create(env_, page, row.hint, Text(17346), SS_LEFT);
+  path.browse.Create(env_, page, row.browse, keys->Add(Text(Caption::BrowseFolder)));
+  path.hint.Create(env_, page, row.hint, Text(Caption::FolderMissing), SS_LEFT);
 }
 
 void frmOptions::Fill() {
@@ -141,9 +144,9 @@ void frmOptions::OnSize(Area area) {
 int frmOptions::ArrangeTab(int tab, Area area, Layout* layout) const {
   Column column(metrics(), area);
   std::size_t line = 0;  // sections were made in this order
-  int section = 0;
-  const auto begin_section = [&](int caption) {
-    if (section != 0) column.Skip(9);
+  std::optional<Caption> section;
+  const auto begin_section = [&](Caption caption) {
+    if (section) column.Skip(9);
     const Area place = column.Take(metrics().LineHeight());
     if (layout) sections_[static_cast<std::size_t>(tab)][line++]->Place(layout, place);
     column.Skip(4);
@@ -153,7 +156,7 @@ int frmOptions::ArrangeTab(int tab, Area area, Layout* layout) const {
     const BoxRow& row = kBoxRows[i];
     if (row.tab != tab) continue;
     if (row.id == IDC_chkExplorer) {
-      begin_section(kLanguageSection);
+      begin_section(Caption::SectionLanguage);
       column.Take(ArrangeLanguage(column.rest(), layout));
     }
     if (row.section != section) begin_section(row.section);
@@ -165,7 +168,8 @@ int frmOptions::ArrangeTab(int tab, Area area, Layout* layout) const {
   }
   if (tab == kGeneralTab && !form_.explorer_available()) {
     const int indent = metrics().Scale(CheckBox::kBox);  // below the caption
-    Area place = column.Take(metrics().TextHeight(Text(17355), column.width() - indent));
+    Area place = column.Take(
+        metrics().TextHeight(Text(Caption::ExplorerUnavailable), column.width() - indent));
     place.CutLeft(indent);
     if (layout) layout->Place(lblExplorerNote_, place);
   }
@@ -195,7 +199,7 @@ int frmOptions::ArrangePath(std::size_t index, Area area, Layout* layout) const 
   column.Skip(3);
   Area line = column.Take(metrics().FieldHeight());
   column.Skip(3);
-  const Area hint = column.Take(metrics().TextHeight(Text(17346), column.width()));
+  const Area hint = column.Take(metrics().TextHeight(Text(Caption::FolderMissing), column.width()));
   column.Skip(index + 1 < kPaths ? 8 : 0);
   if (layout) {
     const PathControls& path = paths_[index];

@@ -111,7 +111,9 @@ void frmScanSpy::cmdAbort_Click() { app_.ports().pump.set_closing(true); }
 
 Outcome frmScanSpy::cmdNext_Click() {
   if (app_.hits().empty()) {
-    if (!app_.settings().AutoRemove) ShowMessage(Text(1820), Text(17000));
+    if (!app_.settings().AutoRemove) {
+      ShowMessage(Text(Caption::NoSpywareFound), Text(Caption::Information));
+    }
     host_.PostCommand(IDM_mnuHome);
     return {};
   }

@@ -42,7 +42,8 @@ class frmScanSpy : public Page {
   void ShowResults();
   // Backs the checked rows up if the user wants that before removals, then removes them. False
   // when the user thought better of it.
-  void SetBusy(bool busy, int status = 0);
+  void BeginWork(Caption status);
+  void EndWork();
   bool RemoveChecked(bool unattended);
   bool BackUpFirst(bool unattended, std::unordered_set<std::size_t>* kept);
   void cmdDelete_Click();
@@ -50,7 +51,7 @@ class frmScanSpy : public Page {
   void cmdExclude_Click();
   void cmdBackup_Click();
   bool AskForBackupName(std::string* name);
-  std::string NotStored(const BackupReport& report, int caption) const;
+  std::string NotStored(const BackupReport& report, Caption caption) const;
   void ShowNotStored(const BackupReport& report);
 
   Application& app_;

@@ -15,25 +15,31 @@ constexpr std::size_t kMostNamed = 10;  // in a message
 
 }  // namespace
 
-void frmScanSpy::SetBusy(bool busy, int status) {
-  busy ? app_.BeginWork(status) : app_.EndWork();
-  if (SpyFrame_.hwnd()) SpyFrame_.SetBusy(busy, busy ? Text(status) : std::string());
+void frmScanSpy::BeginWork(Caption status) {
+  app_.BeginWork(status);
+  if (SpyFrame_.hwnd()) SpyFrame_.SetBusy(true, Text(status));
+  host_.PageChanged();
+}
+
+void frmScanSpy::EndWork() {
+  app_.EndWork();
+  if (SpyFrame_.hwnd()) SpyFrame_.SetBusy(false, {});
   host_.PageChanged();
 }
 
 bool frmScanSpy::RemoveChecked(bool unattended) {
   std::unordered_set<std::size_t> kept;
   if (!BackUpFirst(unattended, &kept)) return false;
-  SetBusy(true, 16217);
+  BeginWork(Caption::DeletingInProgress);
   app_.RemoveSelectedSpy(kept);
   app_.CountRemoved();
-  SetBusy(false);
+  EndWork();
   // When the program is being closed, what was removed counts all the same; only the windows stay
   // away.
   const bool closing = app_.ports().pump.closing();
   const std::string warning = app_.removal().Warning();
   if (!warning.empty() && !app_.settings().AutoRemove && !closing) {
-    ShowMessage(warning, Text(17001), MB_ICONERROR);
+    ShowMessage(warning, Text(Caption::Error), MB_ICONERROR);
   }
   app_.removal().launchRegEditDelete();
   if (closing) return false;
@@ -43,29 +49,34 @@ bool frmScanSpy::RemoveChecked(bool unattended) {
 
 bool frmScanSpy::BackUpFirst(bool unattended, std::unordered_set<std::size_t>* kept) {
   if (!app_.settings().BackupBeforeRemoval || app_.hits().checked_count() == 0) return true;
-  SetBusy(true, 16216);
+  BeginWork(Caption::BackupInProgress);
   const BackupReport report = app_.BackUpChecked(app_.backups().NameForNow());
-  SetBusy(false);
+  EndWork();
   if (app_.ports().pump.closing()) return false;
   BackupVerdict verdict = JudgeBackup(report, app_.hits().size(), unattended);
   *kept = std::move(verdict.kept);
-  return !verdict.ask || AskYesNo(NotStored(report, 17143) + "\r\n\r\n" + Text(17142), Text(17001));
+  return !verdict.ask || AskYesNo(NotStored(report, Caption::BackupBeforeRemovalIncomplete) +
+                                      "\r\n\r\n" + Text(Caption::AskRemoveWithoutBackup),
+                                  Text(Caption::Error));
 }
 
 // Under the given caption, what is not in the archive, or why there is none.
-std::string frmScanSpy::NotStored(const BackupReport& report, int caption) const {
+std::string frmScanSpy::NotStored(const BackupReport& report, Caption caption) const {
   std::string text = Text(caption);
   if (!report.archive.ok()) text += "\r\n" + report.archive.description();
   for (std::size_t i = 0; i < std::min(report.failures.size(), kMostNamed); ++i) {
     text += "\r\n" + report.failures[i];
   }
-  if (report.failures.size() > kMostNamed) text += "\r\n... " + Text(17144);
+  if (report.failures.size() > kMostNamed) text += "\r\n... " + Text(Caption::AndMore);
   return text;
 }
 
 void frmScanSpy::cmdDelete_Click() {
   if (app_.busy()) return;
-  if (app_.hits().checked_count() > 0 && !AskOkCancel(Text(1824), Text(16008))) return;
+  if (app_.hits().checked_count() > 0 &&
+      !AskOkCancel(Text(Caption::AskRemove), Text(Caption::Confirmation))) {
+    return;
+  }
   static_cast<void>(RemoveChecked(false));
 }
 
@@ -73,33 +84,42 @@ void frmScanSpy::cmdContinue_Click() {
   if (app_.busy()) return;
   app_.log().Trap("cmdContinue", [&] {
     const bool any = app_.hits().checked_count() > 0;
-    if (!AskOkCancel(Text(any ? 1824 : 1821), Text(16008))) return;
+    if (!AskOkCancel(Text(any ? Caption::AskRemove : Caption::NothingChecked),
+                     Text(Caption::Confirmation))) {
+      return;
+    }
     if (!any || RemoveChecked(false)) host_.PostCommand(IDM_mnuHome);
   });
 }
 
 void frmScanSpy::cmdExclude_Click() {
   if (app_.busy()) return;
-  if (app_.hits().checked_count() == 0) return ShowMessage(Text(1821), Text(17000));
-  if (!AskYesNo(Text(1823), Text(16008))) return;
+  if (app_.hits().checked_count() == 0) {
+    return ShowMessage(Text(Caption::NothingChecked), Text(Caption::Information));
+  }
+  if (!AskYesNo(Text(Caption::AskExclude), Text(Caption::Confirmation))) return;
   const Outcome excluded =
       app_.log().TrapOutcome("cmdExclude", [&] { return app_.hits().ExcludeChecked(); });
   SpyFrame_.Refresh();
   if (!excluded.ok()) {
-    ShowMessage(Text(17122) + "\r\n" + excluded.description(), Text(17001), MB_ICONERROR);
+    ShowMessage(Text(Caption::IgnoreListNotChanged) + "\r\n" + excluded.description(),
+                Text(Caption::Error), MB_ICONERROR);
   }
 }
 
 bool frmScanSpy::AskForBackupName(std::string* name) {
   HWND frame = Root();
   for (;;) {
-    if (!InputBox(env_, Text(17136), Text(17137), *name).Ask(frame, name) || name->empty()) {
+    if (!InputBox(env_, Text(Caption::EnterBackupName), Text(Caption::LabelBackupName), *name)
+             .Ask(frame, name) ||
+        name->empty()) {
       return false;
     }
     if (!app_.backups().IsUsableName(*name)) {
-      ShowMessage(Text(17139) + "\r\n" + *name, Text(17001), MB_ICONERROR);
+      ShowMessage(Text(Caption::BackupNameUnusable) + "\r\n" + *name, Text(Caption::Error),
+                  MB_ICONERROR);
     } else if (app_.backups().Exists(*name)) {
-      ShowMessage(Text(17138), Text(17000));
+      ShowMessage(Text(Caption::BackupNameTaken), Text(Caption::Information));
     } else {
       return true;
     }
@@ -112,21 +132,22 @@ void frmScanSpy::cmdBackup_Click() {
   // A full disk is no end: the rest may go elsewhere.
   ArchiveOptions options;
   options.next_volume = [this](const VolumeRequest& request) {
-    return AskForFolder(Root(), Text(17159) + "\r\n" + request.file_name);
+    return AskForFolder(Root(), Text(Caption::BackupDiskFull) + "\r\n" + request.file_name);
   };
-  SetBusy(true, 16216);
+  BeginWork(Caption::BackupInProgress);
   const BackupReport report = app_.BackUpChecked(name, std::move(options));
-  SetBusy(false);
+  EndWork();
   if (app_.ports().pump.closing()) return;
   if (report.archive.ok() && report.failures.empty()) {
-    return ShowMessage(Text(1847), Text(17000));
+    return ShowMessage(Text(Caption::BackupCreated), Text(Caption::Information));
   }
   ShowNotStored(report);
 }
 
 void frmScanSpy::ShowNotStored(const BackupReport& report) {
-  const int caption = report.archive.ok() ? 17141 : 17140;
-  ShowMessage(NotStored(report, caption), Text(17001), MB_ICONERROR);
+  const Caption caption =
+      report.archive.ok() ? Caption::ComponentsNotInBackup : Caption::BackupNotCreated;
+  ShowMessage(NotStored(report, caption), Text(Caption::Error), MB_ICONERROR);
 }
 
 }  // namespace scourwell

@@ -23,7 +23,7 @@ void frmSplash::ShowModal(HWND owner) {
   frame.parent = owner;
   frame.style = WS_POPUP | WS_BORDER;
   frame.place = {left, top, left + width, top + height};
-  frame.title = Text(1753);
+  frame.title = Text(Caption::ProgramName);
   CreateHandle(frame);
   EnableWindow(owner, FALSE);
   // Not ShowWindow: its first call in a process obeys whoever started the program, and that one
@@ -44,13 +44,13 @@ void frmSplash::Close() {
 }
 
 void frmSplash::OnCreate() {
-  lblName_.Create(env_, hwnd(), IDC_lblSplashName, Text(1753));
+  lblName_.Create(env_, hwnd(), IDC_lblSplashName, Text(Caption::ProgramName));
   lblName_.SetFont(metrics().title());
   const ProgramVersion& version = app_.version();
   lblVersion_.Create(env_, hwnd(), IDC_lblSplashVersion,
                      std::to_string(version.major) + "." + std::to_string(version.minor) + " " +
-                         Text(1770) + std::to_string(version.revision));
-  lblText_.Create(env_, hwnd(), IDC_lblSplashText, Text(17030), SS_LEFT);
+                         Text(Caption::Revision) + std::to_string(version.revision));
+  lblText_.Create(env_, hwnd(), IDC_lblSplashText, Text(Caption::AboutText), SS_LEFT);
 }
 
 void frmSplash::OnSize(Area area) {

@@ -75,7 +75,10 @@ void Help::OpenPage(const std::string& page, const std::string& named, const cha
     Outcome result = shell_.Open(path);
     return result.ok() ? Outcome() : std::move(result).With("File: ", path);
   });
-  if (!opened.ok()) shell_.Message(captions_.Text(17157) + "\r\n" + named, captions_.Text(17000));
+  if (!opened.ok()) {
+    shell_.Message(captions_.Text(Caption::HelpNotOpened) + "\r\n" + named,
+                   captions_.Text(Caption::Information));
+  }
 }
 
 }  // namespace scourwell

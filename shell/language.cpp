@@ -37,8 +37,8 @@ std::string Language::SetCaptionfromINI(std::string_view number, std::string_vie
   return std::string(TrimBlanks(CutCharacters(TrimNull(text), kLongestCaption)));
 }
 
-std::string Language::Text(int number) const {
-  return SetCaptionfromINI(std::to_string(number), DefaultCaption(number));
+std::string Language::Text(Caption caption) const {
+  return SetCaptionfromINI(std::to_string(NumberOf(caption)), DefaultCaption(caption));
 }
 
 std::string Language::Name() const {
@@ -46,9 +46,7 @@ std::string Language::Name() const {
   return file.substr(0, file.size() - std::min(file.size(), kExtension));
 }
 
-std::string Language::StatusText() const {
-  return SetCaptionfromINI("1743", "Language:") + " " + Name();
-}
+std::string Language::StatusText() const { return Text(Caption::LanguageInUse) + " " + Name(); }
 
 Outcome Language::Refresh() const {
   const std::string path =

@@ -37,7 +37,7 @@ class Language : public Captions {
   std::string SetCaptionfromINI(std::string_view number, std::string_view fallback) const;
 
   // The same with the English default of the caption table.
-  std::string Text(int number) const override;
+  std::string Text(Caption caption) const override;
 
   // The pack's file name without ".ini".
   std::string Name() const;

@@ -9,8 +9,6 @@ namespace {
 
 constexpr char kRunKey[] = "\\Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 constexpr char kRunValue[] = "ZURANTISPY";
-constexpr int kVerbCaption = 17341;
-
 struct Box {
   bool OptionControls::*control;
   bool AppSettings::*setting;
@@ -138,7 +136,8 @@ void OptionsForm::ConfirmExplorer(Confirmed* confirmed) {
   const bool wanted = controls_.chkExplorer;
   if (!wanted && !explorer_.IsOn()) return;
   const Outcome done = parts_.log.TrapOutcome("chkExplorer", [&] {
-    return wanted ? explorer_.TurnOn(parts_.captions.Text(kVerbCaption)) : explorer_.TurnOff();
+    return wanted ? explorer_.TurnOn(parts_.captions.Text(Caption::ExplorerVerb))
+                  : explorer_.TurnOff();
   });
   // A key that could not be deleted was told of already.
   confirmed->explorer_failed = wanted && !done.ok();

@@ -3,42 +3,58 @@
 // What stands where in the options dialog.
 
 #include "shell/options.h"
+#include "text/caption_ids.h"
 #include "widgets/resource.h"
 
 namespace scourwell::options_table {
 
 enum Tab { kGeneralTab, kScanningTab, kRemovalTab, kPathsTab };
-inline constexpr int kTabCaptions[] = {17351, 1532, 17352, 1515};
-
-inline constexpr int kLanguageSection = 1507;
+inline constexpr Caption kTabCaptions[] = {Caption::TabGeneral, Caption::TabScanning,
+                                           Caption::TabRemoval, Caption::TabPaths};
 
 struct BoxRow {
   Tab tab;
-  int section;  // number of its caption; another one than in the row before begins a new section
+  Caption section;  // another one than in the row before begins a new section
   int id;
-  int caption;
+  Caption caption;
   bool OptionControls::*control;
 };
 
 inline constexpr BoxRow kBoxRows[] = {
-    {kGeneralTab, 1506, IDC_chkScanStartup, 1511, &OptionControls::chkScanStartup},
-    {kGeneralTab, 1506, IDC_chkAutoCheckForUpdate, 1521, &OptionControls::chkAutoCheckForUpdate},
-    {kGeneralTab, 1506, IDC_chkAutosaveLog, 1512, &OptionControls::chkAutosaveLog},
-    {kGeneralTab, 1506, IDC_chkExtraLogInfo, 1531, &OptionControls::chkExtraLogInfo},
-    {kGeneralTab, 17344, IDC_chkExplorer, 17342, &OptionControls::chkExplorer},
-    {kScanningTab, 17353, IDC_chkSpywareAdware, 1522, &OptionControls::chkSpywareAdware},
-    {kScanningTab, 17353, IDC_chkDialers, 1523, &OptionControls::chkDialers},
-    {kScanningTab, 17353, IDC_chkKeyLoggers, 1524, &OptionControls::chkKeyLoggers},
-    {kScanningTab, 17353, IDC_chkTrojans, 1525, &OptionControls::chkTrojans},
-    {kScanningTab, 17353, IDC_chkBHO, 1526, &OptionControls::chkBHO},
-    {kScanningTab, 1527, IDC_chkAllCookies, 1529, &OptionControls::chkAllCookies},
-    {kScanningTab, 1527, IDC_chkAdvancedScanning, 1530, &OptionControls::chkAdvancedScanning},
-    {kScanningTab, 1527, IDC_chkMarkChecked, 1508, &OptionControls::chkMarkChecked},
-    {kRemovalTab, 17354, IDC_ChkRemoveFile, 1510, &OptionControls::ChkRemoveFile},
-    {kRemovalTab, 17354, IDC_chkUseRegEdit, 1520, &OptionControls::chkUseRegEdit},
-    {kRemovalTab, 17354, IDC_ChkAutoRemove, 1509, &OptionControls::ChkAutoRemove},
-    {kRemovalTab, 17350, IDC_chkBackupBeforeRemoval, 17343,
-     &OptionControls::chkBackupBeforeRemoval},
+    {kGeneralTab, Caption::SectionGeneral, IDC_chkScanStartup, Caption::OptionScanAtStartup,
+     &OptionControls::chkScanStartup},
+    {kGeneralTab, Caption::SectionGeneral, IDC_chkAutoCheckForUpdate,
+     Caption::OptionCheckForUpdates, &OptionControls::chkAutoCheckForUpdate},
+    {kGeneralTab, Caption::SectionGeneral, IDC_chkAutosaveLog, Caption::OptionSaveLog,
+     &OptionControls::chkAutosaveLog},
+    {kGeneralTab, Caption::SectionGeneral, IDC_chkExtraLogInfo, Caption::OptionExtraLogInfo,
+     &OptionControls::chkExtraLogInfo},
+    {kGeneralTab, Caption::SectionExplorer, IDC_chkExplorer, Caption::OptionExplorer,
+     &OptionControls::chkExplorer},
+    {kScanningTab, Caption::SectionLookFor, IDC_chkSpywareAdware, Caption::OptionSpyware,
+     &OptionControls::chkSpywareAdware},
+    {kScanningTab, Caption::SectionLookFor, IDC_chkDialers, Caption::OptionDialers,
+     &OptionControls::chkDialers},
+    {kScanningTab, Caption::SectionLookFor, IDC_chkKeyLoggers, Caption::OptionKeyLoggers,
+     &OptionControls::chkKeyLoggers},
+    {kScanningTab, Caption::SectionLookFor, IDC_chkTrojans, Caption::OptionTrojans,
+     &OptionControls::chkTrojans},
+    {kScanningTab, Caption::SectionLookFor, IDC_chkBHO, Caption::OptionHijackers,
+     &OptionControls::chkBHO},
+    {kScanningTab, Caption::SectionScanOptions, IDC_chkAllCookies, Caption::OptionAllCookies,
+     &OptionControls::chkAllCookies},
+    {kScanningTab, Caption::SectionScanOptions, IDC_chkAdvancedScanning, Caption::AdvancedScanning,
+     &OptionControls::chkAdvancedScanning},
+    {kScanningTab, Caption::SectionScanOptions, IDC_chkMarkChecked, Caption::OptionMarkChecked,
+     &OptionControls::chkMarkChecked},
+    {kRemovalTab, Caption::SectionRemoving, IDC_ChkRemoveFile, Caption::OptionRemoveAtRestart,
+     &OptionControls::ChkRemoveFile},
+    {kRemovalTab, Caption::SectionRemoving, IDC_chkUseRegEdit, Caption::OptionUseRegEdit,
+     &OptionControls::chkUseRegEdit},
+    {kRemovalTab, Caption::SectionRemoving, IDC_ChkAutoRemove, Caption::OptionAutoRemove,
+     &OptionControls::ChkAutoRemove},
+    {kRemovalTab, Caption::SectionBackups, IDC_chkBackupBeforeRemoval,
+     Caption::OptionBackupBeforeRemoval, &OptionControls::chkBackupBeforeRemoval},
 };
 
 struct PathRow {
@@ -46,16 +62,16 @@ struct PathRow {
   int text;
   int browse;
   int hint;
-  int caption;
+  Caption caption;
   std::string OptionControls::*control;
 };
 
 inline constexpr PathRow kPathRows[] = {
     {IDC_lblRefFileLocation, IDC_txtRefFileLocation, IDC_cmdBrowseRefFileLocation,
-     IDC_lblRefFileLocationHint, 1528, &OptionControls::txtRefFileLocation},
-    {IDC_lblLogfiles, IDC_txtLogfiles, IDC_cmdBrowseLogfiles, IDC_lblLogfilesHint, 1518,
-     &OptionControls::txtLogfiles},
-    {IDC_lblBackup, IDC_txtBackup, IDC_cmdBrowseBackup, IDC_lblBackupHint, 1519,
+     IDC_lblRefFileLocationHint, Caption::PathDefinitions, &OptionControls::txtRefFileLocation},
+    {IDC_lblLogfiles, IDC_txtLogfiles, IDC_cmdBrowseLogfiles, IDC_lblLogfilesHint,
+     Caption::PathLogFiles, &OptionControls::txtLogfiles},
+    {IDC_lblBackup, IDC_txtBackup, IDC_cmdBrowseBackup, IDC_lblBackupHint, Caption::PathBackups,
      &OptionControls::txtBackup},
 };
 

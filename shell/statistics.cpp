@@ -22,7 +22,7 @@ Outcome Statistics::setNumberOfObjectsRemoved(int removed) { return Raise(kObjec
 
 std::string Statistics::getLastSystemScanDate() {
   const std::string date = store_.Get(kSection, kLastScan);
-  return date.empty() ? captions_.Text(1763) : date;
+  return date.empty() ? captions_.Text(Caption::NeverScanned) : date;
 }
 
 Outcome Statistics::setLastSystemScanDate() {

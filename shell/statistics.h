@@ -18,7 +18,7 @@ class Statistics {
   std::string getNumberOfScans();
   // Counts one more scan.
   Outcome setNumberOfScans();
-  // Caption 1763 when there was none.
+  // Caption::NeverScanned when there was none.
   std::string getLastSystemScanDate();
   // dd-mm-yy @ time
   Outcome setLastSystemScanDate();

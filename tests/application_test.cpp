@@ -186,7 +186,8 @@ TEST_SUITE("application") {
       }
       bool announced = false;
       p.m.pump.on_yield = [&] {
-        announced = announced || p.app.progress().lblScanStatus == p.app.language().Text(16218);
+        announced = announced ||
+                    p.app.progress().lblScanStatus == p.app.language().Text(Caption::WritingLog);
       };
       p.app.Start();
       p.app.FillTree();

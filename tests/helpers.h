@@ -18,7 +18,9 @@ namespace scourwell::test {
 // "<1882>": shows which caption was asked for.
 class NumberCaptions : public Captions {
  public:
-  std::string Text(int number) const override { return "<" + std::to_string(number) + ">"; }
+  std::string Text(Caption caption) const override {
+    return "<" + std::to_string(NumberOf(caption)) + ">";
+  }
 };
 
 // Keeps every finding; `lines()` is one "kind|spy|place" a line.

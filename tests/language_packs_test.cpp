@@ -32,8 +32,8 @@ std::string GoodPack() {
       "; \"#\" inside a message stands for a line break.\r\n"
       "[Language Pack]\r\nCodePage=1252\r\n[Adware Language Pack]\r\n";
   for (std::size_t i = 0; i < kCaptionCount; ++i) {
-    text += std::to_string(kCaptions[i].number) + "=" + std::string(TrimBlanks(kCaptions[i].text)) +
-            "\r\n";
+    text += std::to_string(NumberOf(kCaptions[i].caption)) + "=" +
+            std::string(TrimBlanks(kCaptions[i].text)) + "\r\n";
   }
   return text;
 }

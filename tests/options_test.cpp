@@ -181,7 +181,7 @@ TEST_SUITE("options") {
     CHECK_FALSE(form.Confirm().language);
     CHECK(d.Ok([](OptionsForm& other) { other.controls().CmbLang = "Deutsch"; }).language);
     CHECK(d.Stored("Language", "Name") == "Deutsch.ini");
-    CHECK(d.app.language().Text(1503) == "Optionen");
+    CHECK(d.app.language().Text(Caption::OptionsTitle) == "Optionen");
     static_cast<void>(form.EditLanguagePackFile());
     CHECK(d.m.shell.journal.back() == "Run notepad.exe lang\\English.ini");
     CHECK(d.m.Errors().find("Method: cmdEditLanguagePackFile") != std::string::npos);

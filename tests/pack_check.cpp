@@ -129,17 +129,17 @@ class PackCheck {
 
   void CheckCaptions() {
     for (std::size_t i = 0; i < kCaptionCount; ++i) {
-      const auto found = texts_.find(kCaptions[i].number);
+      const auto found = texts_.find(NumberOf(kCaptions[i].caption));
       if (found == texts_.end()) {
-        Complain(kCaptions[i].number, "missing");
+        Complain(NumberOf(kCaptions[i].caption), "missing");
       } else if (TrimBlanks(found->second).empty()) {
-        Complain(kCaptions[i].number, "empty");
+        Complain(NumberOf(kCaptions[i].caption), "empty");
       } else {
         CheckText(found->first, found->second, TrimBlanks(kCaptions[i].text));
       }
     }
     for (const auto& [number, text] : texts_) {
-      if (DefaultCaption(number).empty()) Complain(number, "no such caption");
+      if (DefaultCaption(static_cast<Caption>(number)).empty()) Complain(number, "no such caption");
     }
   }
 
@@ -200,7 +200,8 @@ class PackCheck {
   // As a window shows it.
   std::string Text(int number) const {
     const auto found = texts_.find(number);
-    return found == texts_.end() ? std::string(DefaultCaption(number)) : found->second;
+    return found == texts_.end() ? std::string(DefaultCaption(static_cast<Caption>(number)))
+                                 : found->second;
   }
 
   void CheckGroup(const PackGroup& group) {

@@ -86,7 +86,7 @@ TEST_SUITE("scan_scope") {
 
   TEST_CASE("another language renames the nodes and keeps the ticks") {
     struct : Captions {
-      std::string Text(int number) const override { return std::to_string(number); }
+      std::string Text(Caption caption) const override { return std::to_string(NumberOf(caption)); }
     } plain;
     ScanScope scope;
     scope.FillTree(NumberCaptions(), {{'C', DriveKind::Fixed}});

@@ -59,24 +59,24 @@ TEST_SUITE("language") {
     CHECK(text("5") == std::string(498, 'y'));  // cut first, trimmed then
     CHECK(text("6") == "a");
     CHECK(text("7") == "fallback");
-    CHECK(s.language.Text(1700) == "Eigene");
-    CHECK(s.language.Text(1808) == "Scan finished");
-    CHECK(s.language.Text(99999) == "");
+    CHECK(s.language.Text(Caption::NothingToScan) == "Eigene");
+    CHECK(s.language.Text(Caption::ScanFinished) == "Scan finished");
+    CHECK(s.language.Text(static_cast<Caption>(99999)) == "");
     CHECK(s.m.Errors() == "");
   }
 
   TEST_CASE("the pack is the one of the setting, as it stands") {
     Speaking s;
-    CHECK(s.language.Text(1808) == "Scan finished");  // no pack
+    CHECK(s.language.Text(Caption::ScanFinished) == "Scan finished");  // no pack
     CHECK(s.language.StatusText() == "Language: English");
     s.Pack("1808=one\r\n");
-    CHECK(s.language.Text(1808) == "one");
+    CHECK(s.language.Text(Caption::ScanFinished) == "one");
     s.Pack("1808=two\r\n");
-    CHECK(s.language.Text(1808) == "two");
+    CHECK(s.language.Text(Caption::ScanFinished) == "two");
     s.Pack("1743=Sprache:\r\n", "C:\\App\\Lang\\Deutsch.ini");
     s.settings.LanguageFile = "Deutsch.ini";
     CHECK(s.language.StatusText() == "Sprache: Deutsch");
-    CHECK(s.language.Text(1808) == "Scan finished");
+    CHECK(s.language.Text(Caption::ScanFinished) == "Scan finished");
     s.settings.LanguageFile = "";
     CHECK(s.language.StatusText() == "Language: ");
     CHECK(s.m.Errors() == "");
@@ -85,7 +85,7 @@ TEST_SUITE("language") {
   TEST_CASE("a useless pack is recorded once, the defaults serve") {
     Speaking s;
     s.m.File(kPack, "no section here");
-    for (int i = 0; i < 3; ++i) CHECK(s.language.Text(1808) == "Scan finished");
+    for (int i = 0; i < 3; ++i) CHECK(s.language.Text(Caption::ScanFinished) == "Scan finished");
     CHECK(s.m.Errors() ==
           "Error Description: The language pack holds no section, "
           "Error Number: 62, Method: SetCaptionfromINI, "
@@ -101,8 +101,8 @@ TEST_SUITE("language") {
       Speaking s;
       s.m.code_pages.system = system;
       s.m.File(kPack, head + kSection + "1808=" + bytes + "\r\n");
-      const std::string text = s.language.Text(1808);
-      CHECK(s.language.Text(1808) == text);
+      const std::string text = s.language.Text(Caption::ScanFinished);
+      CHECK(s.language.Text(Caption::ScanFinished) == text);
       CHECK(s.m.code_pages.asked <= 1);  // once a load, not once a text
       return text + "\n" + s.m.Errors();
     };

@@ -2,13 +2,15 @@
 
 #include <string>
 
+#include "text/caption_ids.h"
+
 namespace scourwell {
 
-// Every visible text, by number: the active language pack first, the English default second.
+// Every visible text: the active language pack first, the English default second.
 class Captions {
  public:
   virtual ~Captions() = default;
-  virtual std::string Text(int number) const = 0;
+  virtual std::string Text(Caption caption) const = 0;
 };
 
 }  // namespace scourwell

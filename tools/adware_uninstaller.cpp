@@ -11,14 +11,15 @@ namespace scourwell {
 namespace {
 
 constexpr char kUninstall[] = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
-constexpr int kColumnCaptions[] = {16002, 17271, 17272, 17273};
+constexpr Caption kColumnCaptions[] = {Caption::ColumnProgram, Caption::ColumnPublisher,
+                                       Caption::ColumnVersion, Caption::ColumnUninstallCommand};
 constexpr RootKey kMachine = RootKey::LocalMachine;
 
 std::string PathOf(const std::string& key) { return std::string(kUninstall) + "\\" + key; }
 
 }  // namespace
 
-std::span<const int> AdwareUninstaller::ColumnCaptions() { return kColumnCaptions; }
+std::span<const Caption> AdwareUninstaller::ColumnCaptions() { return kColumnCaptions; }
 
 std::vector<std::string> AdwareUninstaller::ReadNames(const char* suffix) const {
   std::vector<std::string> names;
@@ -89,7 +90,9 @@ bool AdwareUninstaller::Load(const char* procedure, bool all, const Progress& pr
 }
 
 std::string AdwareUninstaller::StatusText() const {
-  return needs_.captions.Text(shows_all_ ? 16006 : 16000) + " " + std::to_string(rows_.size());
+  return needs_.captions.Text(shows_all_ ? Caption::InstalledPrograms
+                                         : Caption::AdwareProgramsFound) +
+         " " + std::to_string(rows_.size());
 }
 
 // The desktop asks the user for the rights. It takes program and arguments apart from each other,
@@ -118,12 +121,14 @@ bool AdwareUninstaller::Uninstall(std::size_t row) {
 }
 
 std::string AdwareUninstaller::Info(std::size_t row) const {
-  std::string text = needs_.captions.Text(16009) + "\r\n\r\n" + Cell(row, kProgram) + "\r\n";
+  std::string text = needs_.captions.Text(Caption::PublisherAndVersion) + "\r\n\r\n" +
+                     Cell(row, kProgram) + "\r\n";
   needs_.log.Trap("ar cmdViewInfo_Click", [&] {
-    for (const auto& [caption, name] : {std::pair(17271, "Publisher"), {17272, "DisplayVersion"}}) {
+    for (const auto& [caption, name] : {std::pair(Caption::ColumnPublisher, "Publisher"),
+                                        {Caption::ColumnVersion, "DisplayVersion"}}) {
       const std::string value = Read(rows_[row].key, name);
       text += needs_.captions.Text(caption) + ": " +
-              (value.empty() ? needs_.captions.Text(8629) : value) + "\r\n";
+              (value.empty() ? needs_.captions.Text(Caption::NotAvailable) : value) + "\r\n";
     }
   });
   return text;

@@ -60,7 +60,7 @@ class AdwareUninstaller : public TableModel {
   const std::string& key(std::size_t row) const { return rows_[row].key; }
   std::string KeyOf(std::size_t row) const;
 
-  static std::span<const int> ColumnCaptions();
+  static std::span<const Caption> ColumnCaptions();
   // TableModel
   std::size_t size() const override { return rows_.size(); }
   int columns() const override { return kColumns; }

@@ -11,7 +11,9 @@ namespace {
 
 using Fields = ProfileRecord;
 
-constexpr int kColumnCaptions[] = {17225, 17226, 17261, 17262, 17231, 17232, 17233, 17227};
+constexpr Caption kColumnCaptions[] = {
+    Caption::ColumnName, Caption::ColumnStatus,  Caption::ColumnClass,   Caption::ColumnFilePath,
+    Caption::ColumnFile, Caption::ColumnCompany, Caption::ColumnKnownAs, Caption::ColumnLocation};
 
 ProfileRecord DescribeEntry(const Entry& entry) {
   return {
@@ -25,7 +27,7 @@ BhoManager::BhoManager(const Needs& needs)
                    AddPathToFileName(needs.locations.needs().folders.application, "BHOProf.pro"),
                    DescribeEntry, "BHO ") {}
 
-std::span<const int> BhoManager::ColumnCaptions() { return kColumnCaptions; }
+std::span<const Caption> BhoManager::ColumnCaptions() { return kColumnCaptions; }
 
 // A helper's class may be missing: then it has neither name nor file.
 BhoManager::Class BhoManager::ClassOf(const Entry& entry) const {
@@ -54,14 +56,15 @@ FileFacts BhoManager::FactsOf(const Entry& entry) const {
 std::vector<std::string> BhoManager::CellsOf(const Entry& entry, const FileFacts& facts) const {
   const Class named = ClassOf(entry);
   std::vector<std::string> cells(kColumns);
-  cells[kName] = named.name.empty() ? Text(17263) : named.name;
+  cells[kName] = named.name.empty() ? Text(Caption::NoSuchClass) : named.name;
   cells[kStatus] = StatusText(entry.status);
   cells[kClass] = entry.name;
   cells[kFile] = facts.path;
   cells[kFound] = FoundText(facts);
   cells[kCompany] = facts.company;
   cells[kSpy] = facts.spy;
-  cells[kLocation] = entry.place ? Text(entry.place->view64 ? 17265 : 17264)
+  cells[kLocation] = entry.place ? Text(entry.place->view64 ? Caption::LocationWideHelpers
+                                                            : Caption::LocationHelpers)
                                  : entry.record.fields[Fields::kLocation];
   return cells;
 }
@@ -74,8 +77,9 @@ std::string BhoManager::Details(std::size_t row) const {
   text += "\r\n" + KeyOf(row) + "\r\n";
   for (const StoredKey& key : TreeOfText(entry(row).command)) {
     for (const auto& [name, value] : key.values) {
-      text += key.path + (key.path.empty() ? "" : "\\") + (name.empty() ? Text(17236) : name) +
-              " = " + ValueToText(value) + "\r\n";
+      text += key.path + (key.path.empty() ? "" : "\\") +
+              (name.empty() ? Text(Caption::DefaultValue) : name) + " = " + ValueToText(value) +
+              "\r\n";
     }
   }
   return text;

@@ -15,7 +15,7 @@ class BhoManager : public EntryManager {
 
   explicit BhoManager(const Needs& needs);
 
-  static std::span<const int> ColumnCaptions();
+  static std::span<const Caption> ColumnCaptions();
   int columns() const override { return kColumns; }
 
   // Everything there is to tell of a row, one line each.

@@ -82,11 +82,11 @@ std::string EntryManager::KeyOf(std::size_t row) const {
 std::string EntryManager::StatusText(EntryStatus status) const {
   switch (status) {
     case EntryStatus::Enabled:
-      return Text(413);
+      return Text(Caption::StatusEnabled);
     case EntryStatus::Disabled:
-      return Text(423);
+      return Text(Caption::StatusDisabled);
     case EntryStatus::Remove:
-      return Text(424);
+      return Text(Caption::StatusRemove);
   }
   return {};
 }

@@ -74,11 +74,13 @@ class EntryManager : public TableModel {
   bool Trap(const char* procedure, Body&& body);
   // Tells the rows anew; with `facts` their files are looked at again.
   void Tell(bool facts);
-  std::string Text(int number) const { return needs_.captions.Text(number); }
+  std::string Text(Caption caption) const { return needs_.captions.Text(caption); }
   std::string StatusText(EntryStatus status) const;
   // Whether the file is there.
   std::string FoundText(const FileFacts& facts) const {
-    return Text(facts.remote ? 17360 : facts.exists ? 17234 : 17235);
+    return Text(facts.remote   ? Caption::FileOnNetwork
+                : facts.exists ? Caption::FileFound
+                               : Caption::FileMissing);
   }
 
   const Needs needs_;

@@ -34,18 +34,18 @@ SIZE frmAddTask::FirstSize() const {
 }
 
 void frmAddTask::OnCreate() {
-  lblLocation_.CreateWithKey(env_, hwnd(), IDC_lblTaskLocation, Text(417));
+  lblLocation_.CreateWithKey(env_, hwnd(), IDC_lblTaskLocation, Text(Caption::TaskLocation));
   cboLocation_.Create(env_, hwnd(), IDC_cboTaskLocation);
   for (const std::string& place : places_) cboLocation_.Add(place);
   cboLocation_.Select(0);
   cboLocation_.Enable(places_.size() > 1);
-  lblName_.CreateWithKey(env_, hwnd(), IDC_lblTaskName, Text(414));
+  lblName_.CreateWithKey(env_, hwnd(), IDC_lblTaskName, Text(Caption::TaskName));
   txtName_.Create(env_, hwnd(), IDC_txtTaskName, name_);
-  lblProgram_.CreateWithKey(env_, hwnd(), IDC_lblTaskProgram, Text(17250));
+  lblProgram_.CreateWithKey(env_, hwnd(), IDC_lblTaskProgram, Text(Caption::TaskProgram));
   txtProgram_.Create(env_, hwnd(), IDC_txtTaskProgram, program_);
-  cmdBrowse_.Create(env_, hwnd(), IDC_cmdTaskBrowse, Text(17251));
-  cmdOk_.Create(env_, hwnd(), IDC_cmdTaskOk, Text(17252));
-  cmdCancel_.Create(env_, hwnd(), IDC_cmdTaskCancel, Text(17253));
+  cmdBrowse_.Create(env_, hwnd(), IDC_cmdTaskBrowse, Text(Caption::TaskBrowse));
+  cmdOk_.Create(env_, hwnd(), IDC_cmdTaskOk, Text(Caption::DialogOk));
+  cmdCancel_.Create(env_, hwnd(), IDC_cmdTaskCancel, Text(Caption::DialogCancel));
 }
 
 HWND frmAddTask::FirstFocus() const {
@@ -56,7 +56,7 @@ void frmAddTask::OnSize(Area area) {
   Layout layout;
   Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
   int label = 0;
-  for (const int caption : {417, 414, 17250}) {
+  for (const Caption caption : {Caption::TaskLocation, Caption::TaskName, Caption::TaskProgram}) {
     label = std::max(label, metrics().TextWidth(Text(caption)) + metrics().Gap());
   }
   const auto row = [&](const Label& caption) {
@@ -98,7 +98,7 @@ bool frmAddTask::OnCommand(int id) {
 }
 
 void frmAddTask::Browse() {
-  const std::string path = AskForFile(hwnd(), FileDialog::Open, Text(17246), "exe");
+  const std::string path = AskForFile(hwnd(), FileDialog::Open, Text(Caption::ProgramTypes), "exe");
   if (path.empty()) return;
   txtProgram_.SetText(path.find(' ') == std::string::npos ? path : "\"" + path + "\"");
   if (txtName_.Text().empty()) txtName_.SetText(NameOf(path));
@@ -110,7 +110,9 @@ void frmAddTask::Accept() {
   const std::string name = txtName_.Text();
   // Only the unnamed entry of a key may stay without a name.
   const bool named = !TrimBlanks(name).empty() || (places_.size() == 1 && name_.empty());
-  if (TrimBlanks(program).empty() || !named) return ShowMessage(Text(17254), Title());
+  if (TrimBlanks(program).empty() || !named) {
+    return ShowMessage(Text(Caption::NameAndProgramNeeded), Title());
+  }
   name_ = name;
   program_ = std::move(program);
   accepted_ = true;

@@ -14,8 +14,7 @@ namespace scourwell {
 // Asks for the location, name and program of an entry.
 class frmAddTask : public ModalWindow {
  public:
-  // `title`: number of its caption.
-  frmAddTask(const WindowEnv& env, int title) : ModalWindow(env, "frmAddTask"), title_(title) {}
+  frmAddTask(const WindowEnv& env, Caption title) : ModalWindow(env, "frmAddTask"), title_(title) {}
 
   // Before Ask. One location alone cannot be chosen.
   void AddPlace(const std::string& name) { places_.push_back(name); }
@@ -42,7 +41,7 @@ class frmAddTask : public ModalWindow {
   void Accept();
   int RowHeight() const { return metrics().LineHeight() + metrics().Scale(8); }
 
-  int title_;
+  Caption title_;
   std::vector<std::string> places_;
   std::size_t place_ = 0;
   std::string name_;

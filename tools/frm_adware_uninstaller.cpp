@@ -9,7 +9,9 @@
 namespace scourwell {
 
 frmAdwareUninstaller::frmAdwareUninstaller(const WindowEnv& env, ToolBox& tools)
-    : frmTool(env, "frmAdwareUninstaller", "ar ", tools, {16001, 17270, 17274}),
+    : frmTool(env, "frmAdwareUninstaller", "ar ", tools,
+              {Caption::AdwareUninstallerTitle, Caption::AdwareUninstallerHint,
+               Caption::NoInstalledProgram}),
       uninstaller_(tools.uninstaller_needs()) {}
 
 std::span<const frmTool::Column> frmAdwareUninstaller::Columns() const {
@@ -18,10 +20,10 @@ std::span<const frmTool::Column> frmAdwareUninstaller::Columns() const {
 }
 
 std::span<const frmTool::Command> frmAdwareUninstaller::Commands() const {
-  static constexpr Command kCommands[] = {{IDC_cmdToolRemove, 17275},
-                                          {IDC_cmdViewInfo, 17267},
-                                          {IDC_cmdShowAll, 17276},
-                                          {IDC_cmdShowSpies, 17277}};
+  static constexpr Command kCommands[] = {{IDC_cmdToolRemove, Caption::UninstallProgram},
+                                          {IDC_cmdViewInfo, Caption::ShowDetails},
+                                          {IDC_cmdShowAll, Caption::ShowAll},
+                                          {IDC_cmdShowSpies, Caption::ShowAdwareOnly}};
   return kCommands;
 }
 
@@ -57,9 +59,11 @@ void frmAdwareUninstaller::Load(bool all) {
     prgList_.Show(false);
     ShowRows();
   }
-  ShowFailures(uninstaller_.failures(), 17361);
-  if (!all && uninstaller_.size() == 0 && uninstaller_.failures().empty())
-    ShowMessage(ReplaceAll(Text(16011), "#", "\r\n"), Text(16010));
+  ShowFailures(uninstaller_.failures(), Caption::ProgramListNotRead);
+  if (!all && uninstaller_.size() == 0 && uninstaller_.failures().empty()) {
+    ShowMessage(ReplaceAll(Text(Caption::NoAdwareInstalled), "#", "\r\n"),
+                Text(Caption::NoAdwareTitle));
+  }
 }
 
 void frmAdwareUninstaller::EnableCommands() {
@@ -96,12 +100,15 @@ void frmAdwareUninstaller::cmdRemove_Click() {
   std::size_t row = 0;
   if (!Selected(&row)) return;
   const std::string& program = uninstaller_.Cell(row, AdwareUninstaller::kProgram);
-  if (!AskYesNo(Text(16007) + "\r\n\r\n" + program, Text(16008), MB_ICONINFORMATION)) return;
+  if (!AskYesNo(Text(Caption::AskUninstall) + "\r\n\r\n" + program, Text(Caption::Confirmation),
+                MB_ICONINFORMATION)) {
+    return;
+  }
   {
     const BusyPointer busy;
     uninstaller_.Uninstall(row);
   }
-  ShowFailures(uninstaller_.failures(), 17362);
+  ShowFailures(uninstaller_.failures(), Caption::UninstallerNotStarted);
 }
 
 }  // namespace scourwell

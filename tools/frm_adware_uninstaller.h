@@ -13,7 +13,7 @@ class frmAdwareUninstaller : public frmTool {
 
  private:
   const TableModel& Table() const override { return uninstaller_; }
-  std::span<const int> ColumnCaptions() const override {
+  std::span<const Caption> ColumnCaptions() const override {
     return AdwareUninstaller::ColumnCaptions();
   }
   std::span<const Column> Columns() const override;

@@ -6,7 +6,9 @@
 namespace scourwell {
 
 frmBHO::frmBHO(const WindowEnv& env, ToolBox& tools)
-    : frmEntries(env, "frmBHO", "BHO ", tools, {1746, 17260, 17266}),
+    : frmEntries(
+          env, "frmBHO", "BHO ", tools,
+          {Caption::BrowserHelperManager, Caption::BrowserHelperHint, Caption::NoBrowserHelper}),
       manager_(tools.entry_needs()) {}
 
 std::span<const frmTool::Column> frmBHO::Columns() const {
@@ -16,8 +18,9 @@ std::span<const frmTool::Column> frmBHO::Columns() const {
 }
 
 std::span<const frmTool::Command> frmBHO::Commands() const {
-  static constexpr Command kCommands[] = {
-      {IDC_cmdDisable, 17221}, {IDC_cmdApply, 17224}, {IDC_cmdViewInfo, 17267}};
+  static constexpr Command kCommands[] = {{IDC_cmdDisable, Caption::DisableEntry},
+                                          {IDC_cmdApply, Caption::ApplyMarks},
+                                          {IDC_cmdViewInfo, Caption::ShowDetails}};
   return kCommands;
 }
 

@@ -13,7 +13,7 @@ class frmBHO : public frmEntries {
  private:
   EntryManager& manager() override { return manager_; }
   const EntryManager& manager() const override { return manager_; }
-  std::span<const int> ColumnCaptions() const override { return BhoManager::ColumnCaptions(); }
+  std::span<const Caption> ColumnCaptions() const override { return BhoManager::ColumnCaptions(); }
   std::span<const Column> Columns() const override;
   std::span<const Command> Commands() const override;
   void EnableCommands() override;

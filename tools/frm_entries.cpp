@@ -11,8 +11,8 @@ std::string frmEntries::FileOf(std::size_t row) const {
 }
 
 std::string frmEntries::Figures() const {
-  return std::to_string(manager().size()) + " " + Text(17239) + ", " +
-         std::to_string(manager().disabled_count()) + " " + Text(17240);
+  return std::to_string(manager().size()) + " " + Text(Caption::Entries) + ", " +
+         std::to_string(manager().disabled_count()) + " " + Text(Caption::EntriesDisabled);
 }
 
 void frmEntries::Reload() {
@@ -32,7 +32,8 @@ void frmEntries::EnableCommands() {
   std::size_t row = 0;
   const bool any = Selected(&row);
   const bool enabled = any && manager().status(row) == EntryStatus::Enabled;
-  ButtonOf(IDC_cmdDisable).SetText(Text(enabled || !any ? 17221 : 17222));
+  ButtonOf(IDC_cmdDisable)
+      .SetText(Text(enabled || !any ? Caption::DisableEntry : Caption::EnableEntry));
   ButtonOf(IDC_cmdDisable).Enable(any);
   ButtonOf(IDC_cmdApply).Enable(manager().IsChanged());
 }
@@ -60,7 +61,8 @@ void frmEntries::ApplyNow() {
 
 bool frmEntries::MayClose() {
   if (!manager().HasMarks()) return true;
-  const int answer = Calls().Ask({hwnd(), Text(17243), Title(), MB_YESNOCANCEL | MB_ICONQUESTION});
+  const int answer = Calls().Ask(
+      {hwnd(), Text(Caption::AskApplyMarks), Title(), MB_YESNOCANCEL | MB_ICONQUESTION});
   if (answer == IDYES) {
     ApplyNow();
     return manager().failures().empty();

@@ -1,5 +1,7 @@
 #include "tools/frm_startup_manager.h"
 
+#include <optional>
+
 #include "tools/frm_add_task.h"
 #include "widgets/file_dialog.h"
 #include "widgets/message_box.h"
@@ -12,23 +14,29 @@ constexpr char kMenuMethod[] = "FRM Startup - Menu_Click";
 constexpr char kExtension[] = "Pro";
 
 struct MenuEntry {
-  int group;  // caption of the menu that it begins; 0: goes on
+  std::optional<Caption> group;  // of the menu that it begins; none: goes on
   int id;
-  int caption;
+  Caption caption;
 };
 constexpr MenuEntry kMenu[] = {
-    {17206, IDM_keyEdit, 17207},     {0, IDM_keyAutoexec, 17209}, {0, IDM_keyConfig, 17210},
-    {0, IDM_keyRegistry, 17208},     {17211, IDM_keySave, 17212}, {0, IDM_keyLoad, 17213},
-    {17214, IDM_keyResetAll, 17215}, {0, IDM_keyAddTask, 17216},
+    {Caption::MenuEntry, IDM_keyEdit, Caption::MenuEditEntry},
+    {{}, IDM_keyAutoexec, Caption::MenuAutoexec},
+    {{}, IDM_keyConfig, Caption::MenuConfigSys},
+    {{}, IDM_keyRegistry, Caption::MenuRegistryEditor},
+    {Caption::MenuProfile, IDM_keySave, Caption::MenuSaveProfile},
+    {{}, IDM_keyLoad, Caption::MenuLoadProfile},
+    {Caption::MenuTasks, IDM_keyResetAll, Caption::MenuResetAll},
+    {{}, IDM_keyAddTask, Caption::MenuAddTask},
 };
 
 }  // namespace
 
 frmStartupManager::frmStartupManager(const WindowEnv& env, ToolBox& tools)
-    : frmEntries(env, "frmStartupManager", "FRM Startup - ", tools, {1744, 17244, 17237}),
+    : frmEntries(env, "frmStartupManager", "FRM Startup - ", tools,
+                 {Caption::StartupManager, Caption::StartupManagerHint, Caption::NoStartupEntry}),
       manager_(tools.entry_needs()) {}
 
-std::span<const int> frmStartupManager::ColumnCaptions() const {
+std::span<const Caption> frmStartupManager::ColumnCaptions() const {
   return StartupManager::ColumnCaptions();
 }
 
@@ -48,8 +56,9 @@ std::span<const int> frmStartupManager::ColumnOrder() const {
 }
 
 std::span<const frmTool::Command> frmStartupManager::Commands() const {
-  static constexpr Command kCommands[] = {
-      {IDC_cmdDisable, 17221}, {IDC_cmdToolRemove, 17223}, {IDC_cmdApply, 17224}};
+  static constexpr Command kCommands[] = {{IDC_cmdDisable, Caption::DisableEntry},
+                                          {IDC_cmdToolRemove, Caption::RemoveEntry},
+                                          {IDC_cmdApply, Caption::ApplyMarks}};
   return kCommands;
 }
 
@@ -57,9 +66,9 @@ HMENU frmStartupManager::Menu() {
   HMENU bar = CreateMenu();
   HMENU group = nullptr;
   for (const MenuEntry& entry : kMenu) {
-    if (entry.group != 0) {
+    if (entry.group) {
       group = CreatePopupMenu();
-      Calls().Append(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(group), Text(entry.group));
+      Calls().Append(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(group), Text(*entry.group));
     }
     Calls().Append(group, MF_STRING, static_cast<UINT_PTR>(entry.id), Text(entry.caption));
   }
@@ -121,7 +130,7 @@ void frmStartupManager::Edit() {
   }
   if (!manager_.MayEdit(row)) return;
   const Entry& entry = manager_.entry(row);
-  frmAddTask dialog(env_, 17249);
+  frmAddTask dialog(env_, Caption::EditEntryTitle);
   dialog.AddPlace(manager_.PlaceName(*entry.place));
   dialog.SetEntry(entry.name, manager_.EditedCommand(row));
   if (!dialog.Ask(hwnd())) return;
@@ -130,7 +139,7 @@ void frmStartupManager::Edit() {
 }
 
 void frmStartupManager::AddTask() {
-  frmAddTask dialog(env_, 17248);
+  frmAddTask dialog(env_, Caption::AddTaskTitle);
   const std::vector<const StartupLocation*> places = manager_.TaskPlaces();
   for (const StartupLocation* place : places) dialog.AddPlace(manager_.PlaceName(*place));
   if (!dialog.Ask(hwnd())) return;
@@ -139,14 +148,16 @@ void frmStartupManager::AddTask() {
 }
 
 void frmStartupManager::SaveProfile() {
-  const std::string path = AskForFile(hwnd(), FileDialog::Save, Text(17245), kExtension);
+  const std::string path =
+      AskForFile(hwnd(), FileDialog::Save, Text(Caption::ProfileTypes), kExtension);
   if (path.empty()) return;
   manager_.SaveProfile(path);
   ShowResult();
 }
 
 void frmStartupManager::LoadProfile() {
-  const std::string path = AskForFile(hwnd(), FileDialog::Open, Text(17245), kExtension);
+  const std::string path =
+      AskForFile(hwnd(), FileDialog::Open, Text(Caption::ProfileTypes), kExtension);
   if (path.empty()) return;
   manager_.LoadProfile(path);
   ShowResult();

@@ -13,7 +13,7 @@ class frmStartupManager : public frmEntries {
  private:
   EntryManager& manager() override { return manager_; }
   const EntryManager& manager() const override { return manager_; }
-  std::span<const int> ColumnCaptions() const override;
+  std::span<const Caption> ColumnCaptions() const override;
   std::span<const Column> Columns() const override;
   std::span<const int> ColumnOrder() const override;
   std::span<const Command> Commands() const override;

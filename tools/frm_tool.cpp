@@ -42,8 +42,9 @@ SIZE frmTool::SmallestSize() const {
 // Of the row of buttons with its margins.
 int frmTool::ButtonsWidth() const {
   int width = 2 * metrics().Margin() + cmdClose_.width();
-  for (std::size_t i = 0; i < Commands().size(); ++i)
+  for (std::size_t i = 0; i < Commands().size(); ++i) {
     width += buttons_[i].width() + metrics().Gap();
+  }
   return width;
 }
 
@@ -52,7 +53,7 @@ void frmTool::OnCreate() {
   header_.Create(hwnd(), IDC_ToolHeader);
   header_.SetHeading(Text(texts_.title));
   header_.SetText(Text(texts_.explanation));
-  lblFilter_.CreateWithKey(env_, hwnd(), IDC_lblFilter, Text(17204));
+  lblFilter_.CreateWithKey(env_, hwnd(), IDC_lblFilter, Text(Caption::LabelFilter));
   txtFilter_.Create(env_, hwnd(), IDC_txtFilter);
   // Made before the list, so that it lies above it.
   lblEmpty_.Create(env_, hwnd(), IDC_lblToolEmpty, {}, SS_CENTER);
@@ -73,7 +74,7 @@ void frmTool::OnCreate() {
   for (std::size_t i = 0; i < commands.size(); ++i) {
     buttons_[i].Create(env_, hwnd(), commands[i].id, Text(commands[i].caption));
   }
-  cmdClose_.Create(env_, hwnd(), IDC_cmdToolClose, Text(17255));
+  cmdClose_.Create(env_, hwnd(), IDC_cmdToolClose, Text(Caption::CloseTool));
 }
 
 void frmTool::OnSize(Area area) {
@@ -81,7 +82,7 @@ void frmTool::OnSize(Area area) {
   layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
   Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
   Area filter = inner.CutTop(metrics().LineHeight() + metrics().Scale(8));
-  const int label = metrics().TextWidth(Text(17204)) + metrics().Gap();
+  const int label = metrics().TextWidth(Text(Caption::LabelFilter)) + metrics().Gap();
   Area caption = filter.CutLeft(label);
   caption.CutTop(metrics().Scale(4));
   layout.Place(lblFilter_, caption);
@@ -114,7 +115,7 @@ void frmTool::ShowRows() {
     list_.Select(row, true);
     list_.FocusRow(row);
   }
-  lblEmpty_.SetText(Text(Table().size() == 0 ? texts_.empty : 17238));
+  lblEmpty_.SetText(Text(Table().size() == 0 ? texts_.empty : Caption::NothingMatchesFilter));
   lblEmpty_.Show(view_->size() == 0);
   list_.Redraw();
   ShowFigures();
@@ -131,7 +132,7 @@ void frmTool::Enable() {
 void frmTool::ShowFigures() {
   std::string text = Figures();
   if (view_->size() != Table().size()) {
-    text += ", " + std::to_string(view_->size()) + " " + Text(17241);
+    text += ", " + std::to_string(view_->size()) + " " + Text(Caption::EntriesShown);
   }
   lblStatus_.SetText(text);
 }
@@ -150,7 +151,7 @@ Button& frmTool::ButtonOf(int id) {
   return buttons_[i];
 }
 
-void frmTool::ShowFailures(const std::vector<std::string>& failures, int heading) const {
+void frmTool::ShowFailures(const std::vector<std::string>& failures, Caption heading) const {
   if (failures.empty()) return;
   std::string text = Text(heading) + "\r\n";
   for (std::size_t i = 0; i < failures.size() && i < kMostFailures; ++i) {
@@ -158,7 +159,7 @@ void frmTool::ShowFailures(const std::vector<std::string>& failures, int heading
     text += WholeCharacters(failures[i], kLongestFailure);
   }
   if (failures.size() > kMostFailures) text += "\r\n...";
-  ShowMessage(text, Text(17001), MB_ICONWARNING);
+  ShowMessage(text, Text(Caption::Error), MB_ICONWARNING);
 }
 
 bool frmTool::OnKey(WPARAM key) {
@@ -275,11 +276,11 @@ void frmTool::ShowMenu(POINT at) {
   const auto append = [&](bool yes, UINT_PTR id, const std::string& text) {
     Calls().Append(menu.get(), MF_STRING | (yes ? MF_ENABLED : MF_GRAYED), id, text);
   };
-  append(any, IDM_mnuCopyRow, Text(17217) + "\tCtrl+C");
-  append(any && !FileOf(row).empty(), IDM_mnuFileProperties, Text(17218));
-  append(any && !KeyOf(row).empty(), IDM_mnuOpenKey, Text(17219));
+  append(any, IDM_mnuCopyRow, Text(Caption::MenuCopyRow) + "\tCtrl+C");
+  append(any && !FileOf(row).empty(), IDM_mnuFileProperties, Text(Caption::MenuFileProperties));
+  append(any && !KeyOf(row).empty(), IDM_mnuOpenKey, Text(Caption::MenuOpenRegistryKey));
   Calls().Append(menu.get(), MF_SEPARATOR, 0, {});
-  append(true, IDM_mnuRefresh, Text(17220) + "\tF5");
+  append(true, IDM_mnuRefresh, Text(Caption::MenuRefresh) + "\tF5");
   TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr);
 }
 

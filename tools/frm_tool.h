@@ -28,12 +28,12 @@ class frmTool : public ModalWindow {
   };
   struct Command {
     int id;
-    int caption;
+    Caption caption;
   };
   struct Texts {
-    int title;
-    int explanation;
-    int empty;
+    Caption title;
+    Caption explanation;
+    Caption empty;
   };
 
   frmTool(const WindowEnv& env, const char* name, const char* prefix, ToolBox& tools,
@@ -41,7 +41,7 @@ class frmTool : public ModalWindow {
 
   // What a window says of itself, constant as long as it lives.
   virtual const TableModel& Table() const = 0;
-  virtual std::span<const int> ColumnCaptions() const = 0;
+  virtual std::span<const Caption> ColumnCaptions() const = 0;
   virtual std::span<const Column> Columns() const = 0;
   // As they are shown from left to right; empty: as they are numbered.
   virtual std::span<const int> ColumnOrder() const { return {}; }
@@ -62,8 +62,9 @@ class frmTool : public ModalWindow {
   // Of the table; no value when no row is selected.
   bool Selected(std::size_t* row) const;
   Button& ButtonOf(int id);
-  // Messages of failures under the caption of that number, cut to what fits the screen.
-  void ShowFailures(const std::vector<std::string>& failures, int heading = 17242) const;
+  // Messages of failures under that heading, cut to what fits the screen.
+  void ShowFailures(const std::vector<std::string>& failures,
+                    Caption heading = Caption::SomeChangesFailed) const;
 
   std::string Title() const override { return Text(texts_.title); }
   HWND DefaultButton() const override { return nullptr; }

@@ -11,7 +11,10 @@ namespace {
 
 using Fields = ProfileRecord;
 
-constexpr int kColumnCaptions[] = {17225, 17226, 17227, 17228, 17229, 17230, 17231, 17232, 17233};
+constexpr Caption kColumnCaptions[] = {
+    Caption::ColumnName,  Caption::ColumnStatus,   Caption::ColumnLocation,
+    Caption::ColumnScope, Caption::ColumnRunsWhen, Caption::ColumnCommand,
+    Caption::ColumnFile,  Caption::ColumnCompany,  Caption::ColumnKnownAs};
 
 // The same in every language, so that a profile outlives a change of it.
 ProfileRecord DescribeEntry(const Entry& entry) {
@@ -39,17 +42,19 @@ StartupManager::StartupManager(const Needs& needs)
                    AddPathToFileName(needs.locations.needs().folders.application, "SaveProf.pro"),
                    DescribeEntry, "FRM Startup - ") {}
 
-std::span<const int> StartupManager::ColumnCaptions() { return kColumnCaptions; }
+std::span<const Caption> StartupManager::ColumnCaptions() { return kColumnCaptions; }
 
 std::string StartupManager::PlaceName(const StartupLocation& place) const {
   switch (place.kind) {
     case LocationKind::Value:
-      if (place.root == RootKey::CurrentUser) return Text(426);
-      return Text(419) + "(Machine " + std::string(FileNamePart(place.path)) + ")";
+      if (place.root == RootKey::CurrentUser) return Text(Caption::LocationUserRun);
+      return Text(Caption::LocationRegistry) + "(Machine " + std::string(FileNamePart(place.path)) +
+             ")";
     case LocationKind::Shortcut:
-      return Text(place.all_users ? 431 : 430);
+      return Text(place.all_users ? Caption::LocationCommonStartup : Caption::LocationUserStartup);
     default:
-      return Text(EqualsNoCase(place.path, "Load") ? 432 : 433);
+      return Text(EqualsNoCase(place.path, "Load") ? Caption::LocationWinIniLoad
+                                                   : Caption::LocationWinIniRun);
   }
 }
 
@@ -72,13 +77,13 @@ FileFacts StartupManager::FactsOf(const Entry& entry) const {
 
 std::vector<std::string> StartupManager::CellsOf(const Entry& entry, const FileFacts& facts) const {
   std::vector<std::string> cells(kColumns);
-  cells[kName] = entry.name.empty() ? Text(17236) : ShownName(entry.name);
+  cells[kName] = entry.name.empty() ? Text(Caption::DefaultValue) : ShownName(entry.name);
   cells[kStatus] = StatusText(entry.status);
   if (entry.place) {
     const bool all = entry.place->all_users;
     cells[kLocation] = PlaceName(*entry.place);
-    cells[kScope] = Text(all ? 416 : 415);
-    cells[kWhen] = Text(all ? 420 : 418);
+    cells[kScope] = Text(all ? Caption::ScopeAllUsers : Caption::ScopeCurrentUser);
+    cells[kWhen] = Text(all ? Caption::WhenAnyUserLogsOn : Caption::WhenCurrentUserLogsOn);
   } else {
     cells[kLocation] = entry.record.fields[Fields::kLocation];
     cells[kScope] = entry.record.fields[Fields::kScope];

@@ -26,8 +26,7 @@ class StartupManager : public EntryManager {
 
   explicit StartupManager(const Needs& needs);
 
-  // Numbers of the columns' captions.
-  static std::span<const int> ColumnCaptions();
+  static std::span<const Caption> ColumnCaptions();
   int columns() const override { return kColumns; }
 
   // The nine places, as they are called in this language.

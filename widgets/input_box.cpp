@@ -27,8 +27,8 @@ void InputBox::OnCreate() {
   lblPrompt_.Create(env_, hwnd(), IDC_lblPrompt, prompt_);
   txtAnswer_.Create(env_, hwnd(), IDC_txtAnswer, answer_);
   txtAnswer_.SelectAll();
-  cmdOk_.Create(env_, hwnd(), IDOK, Text(4006));
-  cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(1402));
+  cmdOk_.Create(env_, hwnd(), IDOK, Text(Caption::Ok));
+  cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(Caption::Cancel));
 }
 
 void InputBox::OnSize(Area area) {

@@ -52,7 +52,7 @@ class Window {
   virtual int BackColour() const { return COLOR_BTNFACE; }
 
   const Metrics& metrics() const { return env_.metrics; }
-  std::string Text(int number) const { return env_.Text(number); }
+  std::string Text(Caption caption) const { return env_.Text(caption); }
 
   const WindowEnv& env_;
 

@@ -17,7 +17,7 @@ struct WindowEnv {
   // Shows the help about the window of that name.
   std::function<void(const char* window)> help = nullptr;
 
-  std::string Text(int number) const { return captions.Text(number); }
+  std::string Text(Caption caption) const { return captions.Text(caption); }
 };
 
 }  // namespace scourwell
