@@ -2,7 +2,6 @@
 
 #include "machine/cregister.h"
 #include "machine/file_utils.h"
-#include "settings/settings_table.h"
 #include "text/text.h"
 
 namespace scourwell {
@@ -33,38 +32,53 @@ Outcome SettingsStore::Set(const std::string& section, const std::string& key,
 }
 
 void Settings::ReadLanguage() {
-  settings_.LanguageFile = parts_.store.Get("Language", "Name");
-  if (settings_.LanguageFile.empty()) settings_.LanguageFile = "English.ini";
+  for (const SettingRow& row : kSettingRows) {
+    if (row.field == decltype(row.field)(&AppSettings::LanguageFile)) Load(row);
+  }
 }
 
 void Settings::LoadSettings() {
   parts_.log.Trap("LoadSettings", [&] {
-    ReadLanguage();
-    settings_.MarkChecked = parts_.store.Get("Mark", "Checked");
-    if (settings_.MarkChecked.empty()) settings_.MarkChecked = "y";
-    LoadBooleans();
-    const std::string& application = parts_.folders.application;
-    settings_.LogFilePath = ScanLogPath(FolderOr("LogPath", application), parts_.clock.Now());
-    settings_.BackupFolder = FolderOr("BackupPath", application);
-    settings_.DefinitionsFolder =
-        FolderOr("DefinitionsPath", AddPathToFileName(application, "Ini"));
+    for (const SettingRow& row : kSettingRows) Load(row);
     settings_.CookiesFolder =
         CRegister(parts_.registry).QueryString(RootKey::CurrentUser, kShellFolders, "Cookies") +
         "\\";
   });
 }
 
-void Settings::LoadBooleans() {
-  for (const BooleanSetting& setting : kBooleanSettings) {
-    const std::string text = parts_.store.Get(setting.section, setting.key);
-    settings_.*setting.field = text == kTrue || (text.empty() && setting.true_when_empty);
+void Settings::Load(const SettingRow& row) {
+  const std::string stored = parts_.store.Get(row.section, row.key);
+  if (const auto* flag = std::get_if<bool AppSettings::*>(&row.field)) {
+    settings_.** flag = (stored.empty() ? row.initial : stored) == kTrue;
+  } else {
+    settings_.*std::get<std::string AppSettings::*>(row.field) = ValueOf(row, stored);
   }
 }
 
-// The folder that "Path" names under `key`, or the fallback when it is not there.
-std::string Settings::FolderOr(const char* key, const std::string& fallback) {
-  const std::string folder = parts_.store.Get("Path", key);
-  return folder.empty() || !FolderExists(parts_.files, folder) ? fallback : folder;
+std::string Settings::ValueOf(const SettingRow& row, const std::string& stored) const {
+  const std::string& application = parts_.folders.application;
+  const auto folder = [&] {
+    if (!stored.empty() && FolderExists(parts_.files, stored)) return stored;
+    return *row.initial ? AddPathToFileName(application, row.initial) : application;
+  };
+  switch (row.kind) {
+    case SettingKind::Folder:
+      return folder();
+    case SettingKind::LogFile:
+      return ScanLogPath(folder(), parts_.clock.Now());
+    case SettingKind::OwnFolder:
+      return application;
+    default:
+      return stored.empty() ? row.initial : stored;
+  }
+}
+
+std::string Settings::TextOf(const SettingRow& row) const {
+  if (const auto* flag = std::get_if<bool AppSettings::*>(&row.field)) {
+    return settings_.**flag ? kTrue : kFalse;
+  }
+  const std::string& text = settings_.*std::get<std::string AppSettings::*>(row.field);
+  return row.kind == SettingKind::LogFile ? std::string(FolderPart(text)) : text;
 }
 
 void Settings::SaveSettings() {
@@ -78,15 +92,6 @@ Outcome Settings::Save() {
     Outcome written = parts_.store.Set(section, key, text);
     if (first.ok()) first = std::move(written);
   };
-  const auto set_booleans = [&](std::initializer_list<bool AppSettings::*> fields) {
-    for (bool AppSettings::*field : fields) {
-      for (const BooleanSetting& setting : kBooleanSettings) {
-        if (setting.field == field) {
-          set(setting.section, setting.key, settings_.*field ? kTrue : kFalse);
-        }
-      }
-    }
-  };
   const std::string major = std::to_string(parts_.version.major);
   const std::string minor = std::to_string(parts_.version.minor);
   const std::string revision = std::to_string(parts_.version.revision);
@@ -95,19 +100,7 @@ Outcome Settings::Save() {
   set("Version", "MINOR", minor);
   set("Version", "REVISION", revision);
   set("Version", "BUILD", "0");
-  set("Language", "Name", settings_.LanguageFile);
-  set("Mark", "Checked", settings_.MarkChecked);
-  set_booleans({&AppSettings::AutoSave, &AppSettings::UseRegEdit, &AppSettings::AutoCheckForUpdate,
-                &AppSettings::SpywareAdware, &AppSettings::Dialers, &AppSettings::KeyLoggers,
-                &AppSettings::AdvancedScanning, &AppSettings::ExtraLogInfo,
-                &AppSettings::AllCookies, &AppSettings::Trojans, &AppSettings::BHO,
-                &AppSettings::RunStartup});
-  set("Path", "LogPath", std::string(FolderPart(settings_.LogFilePath)));
-  set("Path", "BackupPath", settings_.BackupFolder);
-  set_booleans({&AppSettings::DeleteAfterReboot, &AppSettings::AutoRemove});
-  set("Path", "Install", parts_.folders.application);
-  set("Path", "DefinitionsPath", settings_.DefinitionsFolder);
-  set_booleans({&AppSettings::BackupBeforeRemoval});
+  for (const SettingRow& row : kSettingRows) set(row.section, row.key, TextOf(row));
   Outcome written = WriteINIString(parts_.profiles, parts_.code_pages, parts_.folders.application,
                                    "DEFINITIONS_FILE_LOCATION", settings_.DefinitionsFolder);
   return first.ok() ? std::move(written) : std::move(first);

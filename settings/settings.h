@@ -9,6 +9,7 @@
 #include "settings/app_settings.h"
 #include "settings/kept_texts.h"
 #include "settings/program_version.h"
+#include "settings/settings_table.h"
 
 namespace scourwell {
 
@@ -48,8 +49,9 @@ class Settings {
   void SaveSettings();
 
  private:
-  std::string FolderOr(const char* key, const std::string& fallback);
-  void LoadBooleans();
+  void Load(const SettingRow& row);
+  std::string ValueOf(const SettingRow& row, const std::string& stored) const;
+  std::string TextOf(const SettingRow& row) const;
   Outcome Save();
 
   Parts parts_;

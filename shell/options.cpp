@@ -1,5 +1,8 @@
 #include "shell/options.h"
 
+#include <utility>
+#include <variant>
+
 #include "machine/cregister.h"
 #include "machine/file_utils.h"
 #include "text/text.h"
@@ -9,28 +12,35 @@ namespace {
 
 constexpr char kRunKey[] = "\\Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 constexpr char kRunValue[] = "ZURANTISPY";
-struct Box {
-  bool OptionControls::*control;
-  bool AppSettings::*setting;
+constexpr char kMarked[] = "y";
+constexpr char kUnmarked[] = "n";
+
+// The rows of the settings that a control edits.
+struct EditedSetting {
+  SettingKind kind;
+  std::variant<bool AppSettings::*, std::string AppSettings::*> setting;
+  std::variant<bool OptionControls::*, std::string OptionControls::*> control;
+
+  bool& FlagIn(AppSettings& settings) const {
+    return settings.*std::get<bool AppSettings::*>(setting);
+  }
+  std::string& TextIn(AppSettings& settings) const {
+    return settings.*std::get<std::string AppSettings::*>(setting);
+  }
+  bool& BoxOf(OptionControls& controls) const {
+    return controls.*std::get<bool OptionControls::*>(control);
+  }
+  std::string& LineOf(OptionControls& controls) const {
+    return controls.*std::get<std::string OptionControls::*>(control);
+  }
 };
 
-// "Advanced Scanning" has a rule of its own.
-constexpr Box kBoxes[] = {
-    {&OptionControls::chkAutosaveLog, &AppSettings::AutoSave},
-    {&OptionControls::chkUseRegEdit, &AppSettings::UseRegEdit},
-    {&OptionControls::chkAutoCheckForUpdate, &AppSettings::AutoCheckForUpdate},
-    {&OptionControls::chkSpywareAdware, &AppSettings::SpywareAdware},
-    {&OptionControls::chkDialers, &AppSettings::Dialers},
-    {&OptionControls::chkKeyLoggers, &AppSettings::KeyLoggers},
-    {&OptionControls::chkExtraLogInfo, &AppSettings::ExtraLogInfo},
-    {&OptionControls::chkAllCookies, &AppSettings::AllCookies},
-    {&OptionControls::chkTrojans, &AppSettings::Trojans},
-    {&OptionControls::chkBHO, &AppSettings::BHO},
-    {&OptionControls::chkScanStartup, &AppSettings::RunStartup},
-    {&OptionControls::ChkRemoveFile, &AppSettings::DeleteAfterReboot},
-    {&OptionControls::ChkAutoRemove, &AppSettings::AutoRemove},
-    {&OptionControls::chkBackupBeforeRemoval, &AppSettings::BackupBeforeRemoval},
-};
+#define SCOURWELL_ROW(kind, name, section, key, initial, control) \
+  {SettingKind::kind, &AppSettings::name, &OptionControls::control},
+#define SCOURWELL_NO_ROW(...)
+constexpr EditedSetting kEdited[] = {SCOURWELL_SETTINGS(SCOURWELL_ROW, SCOURWELL_NO_ROW)};
+#undef SCOURWELL_ROW
+#undef SCOURWELL_NO_ROW
 
 std::string LangFolder(const SystemFolders& folders) {
   return AddPathToFileName(folders.application, "Lang");
@@ -48,19 +58,64 @@ OptionsForm::OptionsForm(const Parts& parts)
     : parts_(parts),
       explorer_(parts.registry, parts.keys, parts.os, parts.folders.application),
       languages_(ListLanguages(parts.files, parts.log, LangFolder(parts.folders))) {
-  const AppSettings& settings = parts_.settings;
   for (const LanguageEntry& entry : languages_) {
-    if (EqualsNoCase(entry.name + kPackExtension, settings.LanguageFile)) {
+    if (EqualsNoCase(entry.name + kPackExtension, parts_.settings.LanguageFile)) {
       controls_.CmbLang = entry.name;
     }
   }
-  controls_.chkMarkChecked = settings.MarkChecked == "y";
-  for (const Box& box : kBoxes) controls_.*box.control = settings.*box.setting;
-  controls_.chkAdvancedScanning = settings.AdvancedScanning;
+  Show();
   controls_.chkExplorer = explorer_.IsOn();
-  controls_.txtLogfiles = ShownFolder(settings.LogFilePath);
-  controls_.txtBackup = settings.BackupFolder;
-  controls_.txtRefFileLocation = settings.DefinitionsFolder;
+}
+
+// The language pack has its own ways: what can be chosen is a list.
+void OptionsForm::Show() {
+  AppSettings& settings = parts_.settings;
+  for (const EditedSetting& row : kEdited) {
+    switch (row.kind) {
+      case SettingKind::Flag:
+        row.BoxOf(controls_) = row.FlagIn(settings);
+        break;
+      case SettingKind::Mark:
+        row.BoxOf(controls_) = row.TextIn(settings) == kMarked;
+        break;
+      case SettingKind::Folder:
+        row.LineOf(controls_) = row.TextIn(settings);
+        break;
+      case SettingKind::LogFile:
+        row.LineOf(controls_) = ShownFolder(row.TextIn(settings));
+        break;
+      default:
+        break;
+    }
+  }
+}
+
+void OptionsForm::Take() {
+  AppSettings& settings = parts_.settings;
+  for (const EditedSetting& row : kEdited) {
+    switch (row.kind) {
+      case SettingKind::Flag:
+        row.FlagIn(settings) = row.BoxOf(controls_);
+        break;
+      case SettingKind::Mark:
+        row.TextIn(settings) = row.BoxOf(controls_) ? kMarked : kUnmarked;
+        break;
+      case SettingKind::Folder:
+        row.TextIn(settings) = row.LineOf(controls_);
+        break;
+      case SettingKind::LogFile: {
+        // The run keeps the name of its log. An empty line stands for the program's own folder, as
+        // it will at the next start.
+        const std::string& folder = row.LineOf(controls_);
+        std::string& path = row.TextIn(settings);
+        path = AddPathToFileName(folder.empty() ? parts_.folders.application : folder,
+                                 FileNamePart(path));
+        break;
+      }
+      default:
+        break;
+    }
+  }
 }
 
 int OptionsForm::language_index() const {
@@ -104,19 +159,10 @@ Outcome OptionsForm::EditLanguagePackFile() {
 OptionsForm::Confirmed OptionsForm::Confirm() {
   Confirmed confirmed;
   parts_.log.Trap("CmdProceed", [&] {
-    AppSettings& settings = parts_.settings;
     ConfirmLanguage(&confirmed);
-    settings.MarkChecked = controls_.chkMarkChecked ? "y" : "n";
-    for (const Box& box : kBoxes) settings.*box.setting = controls_.*box.control;
-    confirmed.advanced_scanning = controls_.chkAdvancedScanning;
-    settings.AdvancedScanning = false;
-    // The run keeps the name of its log. An empty box stands for the program's own folder, as it
-    // will at the next start.
-    const std::string& folder = controls_.txtLogfiles;
-    settings.LogFilePath = AddPathToFileName(folder.empty() ? parts_.folders.application : folder,
-                                             FileNamePart(settings.LogFilePath));
-    settings.BackupFolder = controls_.txtBackup;
-    settings.DefinitionsFolder = controls_.txtRefFileLocation;
+    Take();
+    // It cannot be switched on here.
+    confirmed.advanced_scanning = std::exchange(parts_.settings.AdvancedScanning, false);
     ConfirmExplorer(&confirmed);
   });
   return confirmed;

@@ -13,29 +13,17 @@
 
 namespace scourwell {
 
-// What the controls of the options dialog show, by their names.
+// What the controls of the options dialog show, by their names: one for each row of the settings
+// that names a control.
 struct OptionControls {
-  std::string CmbLang;  // name of the chosen pack; empty: none is chosen
-  bool chkMarkChecked = false;
-  bool chkAutosaveLog = false;
-  bool chkUseRegEdit = false;
-  bool chkAutoCheckForUpdate = false;
-  bool chkSpywareAdware = false;
-  bool chkDialers = false;
-  bool chkKeyLoggers = false;
-  bool chkAdvancedScanning = false;
-  bool chkExtraLogInfo = false;
-  bool chkAllCookies = false;
-  bool chkTrojans = false;
-  bool chkBHO = false;
-  bool chkScanStartup = false;
-  bool ChkRemoveFile = false;
-  bool ChkAutoRemove = false;
-  bool chkBackupBeforeRemoval = false;
-  bool chkExplorer = false;
-  std::string txtLogfiles;
-  std::string txtBackup;
-  std::string txtRefFileLocation;
+#define SCOURWELL_CONTROL(kind, name, section, key, initial, control) \
+  SettingTypes<SettingKind::kind>::Control control{};
+#define SCOURWELL_NO_CONTROL(...)
+  SCOURWELL_SETTINGS(SCOURWELL_CONTROL, SCOURWELL_NO_CONTROL)
+#undef SCOURWELL_CONTROL
+#undef SCOURWELL_NO_CONTROL
+
+  bool chkExplorer = false;  // kept in Explorer's part of the registry
 };
 
 // The options dialog without its window.
@@ -78,6 +66,8 @@ class OptionsForm {
   Confirmed Confirm();
 
  private:
+  void Show();
+  void Take();
   void ConfirmLanguage(Confirmed* confirmed);
   void ConfirmExplorer(Confirmed* confirmed);
 

@@ -150,14 +150,15 @@ TEST_SUITE("settings") {
   }
 
   TEST_CASE("only the exact text True is true") {
-    for (const BooleanSetting& setting : kBooleanSettings) {
-      CAPTURE(std::string(setting.key));
+    for (const SettingRow& row : kSettingRows) {
+      if (row.kind != SettingKind::Flag) continue;
+      CAPTURE(std::string(row.key));
       for (const auto& [text, expected] : Rows<const char*, bool>{
-               {"True", true}, {"true", false}, {"1", false}, {"", setting.true_when_empty}}) {
+               {"True", true}, {"true", false}, {"False", false}, {"1", false}}) {
         Stored s;
-        static_cast<void>(s.store.Set(setting.section, setting.key, text));
+        static_cast<void>(s.store.Set(row.section, row.key, text));
         s.both.LoadSettings();
-        CHECK(s.settings.*setting.field == expected);
+        CHECK(s.settings.*std::get<bool AppSettings::*>(row.field) == expected);
       }
     }
   }
