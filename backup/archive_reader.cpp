@@ -43,7 +43,7 @@ Outcome ArchiveReader::ReadBlock(const ArchiveItem& item, std::uint64_t* at, std
   *at += header.length;
   Outcome expanded =
       ExpandBlock(header, std::string_view(stored_).substr(0, header.length), size, &plain_, plain);
-  return expanded.number() == kDeviceError ? Damaged(item) : std::move(expanded);
+  return expanded.code() == kDeviceError ? Damaged(item) : std::move(expanded);
 }
 
 Outcome ArchiveReader::ReadItem(std::size_t number, const Sink& sink) {

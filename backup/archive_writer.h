@@ -62,8 +62,8 @@ class ArchiveWriter {
   void Fail(const std::string& path, Outcome why) {
     result_.failed.push_back({path, std::move(why)});
   }
-  void Note(const std::string& path, int number, const char* text) {
-    result_.notes.push_back({path, Outcome::Failed(number, text)});
+  void Note(const std::string& path, ErrorCode code, const char* text) {
+    result_.notes.push_back({path, Outcome::Failed(code, text)});
   }
   Outcome Abandon(Outcome why);
 

@@ -120,7 +120,7 @@ Outcome Backups::Store(const std::string& name, const std::vector<const FoundObj
     registry.Add(*rows[i]);
     DirEntry there;
     const std::string* path = PathOnDisk(*rows[i]);
-    if (path && parts_.files.Stat(*path, &there).number() != kFileNotFound) {
+    if (path && parts_.files.Stat(*path, &there).code() != kFileNotFound) {
       if (Outcome added = archive.AddFile(*path); !added.ok()) return added;
     }
     if (archive.result().failed.size() > failed || registry.left_out().size() > left_out) {

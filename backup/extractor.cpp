@@ -68,7 +68,7 @@ Outcome Extractor::MakeFolders(const std::string& folder, Holds* holds,
     Outcome found = files_.Stat(layer, &entry);
     if (found.ok() && entry.IsLink()) return Refused("A link lies on the way");
     if (found.ok() && !entry.IsFolder()) return Refused("A file lies in the place of a folder");
-    if (found.number() == kFileNotFound) {
+    if (found.code() == kFileNotFound) {
       found = files_.CreateFolder(layer);
       if (found.ok()) made->push_back(layer);
       std::unique_ptr<FolderHold> hold;
@@ -84,7 +84,7 @@ Outcome Extractor::ExtractFile(ArchiveReader& archive, std::size_t number) {
   const ArchiveItem& item = archive.items()[number];
   DirEntry there;
   Outcome found = files_.Stat(item.path, &there);
-  if (!found.ok() && found.number() != kFileNotFound) return found;
+  if (!found.ok() && found.code() != kFileNotFound) return found;
   if (found.ok() && there.IsLink()) return Refused("A link lies in its place");
   if (found.ok() && there.IsFolder()) return Refused("A folder lies in its place");
   if (found.ok() && HasContent(item, there)) {
@@ -119,7 +119,7 @@ Outcome Extractor::WriteContent(ArchiveReader& archive, std::size_t number, File
 Outcome Extractor::TakePlace(const ArchiveItem& item, FileWriter& writer) {
   DirEntry there;
   Outcome found = files_.Stat(item.path, &there);
-  if (found.number() == kFileNotFound) return writer.Commit();
+  if (found.code() == kFileNotFound) return writer.Commit();
   if (!found.ok()) return found;
   if (there.IsLink() || there.IsFolder()) return Refused("Its place was taken meanwhile");
   return there.modified < item.times.modified ? ReplaceOlder(item.path, there, writer)
@@ -150,7 +150,7 @@ Outcome Extractor::MoveAside(const std::string& path, std::string* kept_as) {
   for (unsigned number = 1; number <= kMostKept; ++number) {
     *kept_as = path + ".kept" + (number == 1 ? "" : std::to_string(number));
     moved = files_.Move(path, *kept_as);
-    if (moved.number() != kFileExists) return moved;
+    if (moved.code() != kFileExists) return moved;
   }
   return moved;
 }
@@ -199,7 +199,7 @@ Outcome Extractor::ExtractScript(ArchiveReader& archive, std::size_t number,
   } else {
     done = files_.Stat(path, &there);
     if (done.ok()) done = Outcome::Failed(kFileExists, "Another script lies in its place");
-    if (done.number() == kFileNotFound) done = files_.OpenWriter(path, &writer);
+    if (done.code() == kFileNotFound) done = files_.OpenWriter(path, &writer);
   }
   if (writer) done = WriteContent(archive, number, *writer);
   if (writer && done.ok()) done = writer->Commit();

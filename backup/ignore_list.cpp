@@ -67,7 +67,7 @@ Outcome IgnoreList::Load(std::vector<IgnoreRecord>* records) {
   records->clear();
   std::string content;
   Outcome read = files_.Read(path_, kLargest, &content);
-  if (read.number() == kFileNotFound) return {};
+  if (read.code() == kFileNotFound) return {};
   if (read.ok()) *records = ParseIgnoreRecords(FromFile(content));
   return read;
 }
@@ -90,7 +90,7 @@ Outcome IgnoreList::Keep(const std::vector<IgnoreRecord>& kept) {
   }
   std::string content;
   Outcome read = files_.Read(scratch, kLargest, &content);
-  if (read.number() == kFileNotFound) {
+  if (read.code() == kFileNotFound) {
     Outcome gone = FileExists(files_, path_) ? files_.EraseFile(path_) : Outcome();
     return gone.ok() ? StateCodePage() : std::move(gone);
   }
@@ -153,7 +153,7 @@ Outcome IgnoreList::Refresh() {
     keys_ = std::move(keys);
     known_ = true;
   });
-  if (read.number() != kFileNotFound) return read;
+  if (read.code() != kFileNotFound) return read;
   keys_.clear();
   known_ = true;
   return {};

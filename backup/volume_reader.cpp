@@ -113,7 +113,7 @@ Outcome VolumeReader::UsePiece(std::size_t piece) {
     if (tried.ok()) answer_ = folder;
     given_up = folder.empty() || questions == kMostQuestions;
   }
-  if (tried.number() == kFileNotFound || tried.number() == kPathNotFound) {
+  if (tried.code() == kFileNotFound || tried.code() == kPathNotFound) {
     return Outcome::Failed(kFileNotFound, "The volume " + NameOf(piece) + " was not found");
   }
   return tried;

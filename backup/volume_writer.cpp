@@ -18,7 +18,7 @@ Outcome MustBeFree(Files& files, const std::string& path) {
   DirEntry entry;
   Outcome found = files.Stat(path, &entry);
   if (found.ok()) return Outcome::Failed(kFileExists, path + " is there already");
-  return found.number() == kFileNotFound ? Outcome() : std::move(found);
+  return found.code() == kFileNotFound ? Outcome() : std::move(found);
 }
 
 }  // namespace
@@ -39,7 +39,7 @@ Outcome VolumeWriter::Open(const std::string& path, std::uint64_t identity,
 }
 
 bool VolumeWriter::MayAskAfter(const Outcome& failed) const {
-  return failed.number() == kDiskFull && options_.next_volume;
+  return failed.code() == kDiskFull && options_.next_volume;
 }
 
 // Looks for a place until one will do or the user gives up.

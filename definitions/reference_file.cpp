@@ -76,7 +76,7 @@ bool ReferenceFile::checkUpdateIni() {
   };
   // A file that is missing or useless is put on record and reads as empty; only what was not
   // foreseen closes the gate.
-  return log_.TrapOutcome("checkUpdateIni", refresh).number() != kOutOfMemory;
+  return log_.TrapOutcome("checkUpdateIni", refresh).code() != kOutOfMemory;
 }
 
 Outcome ReferenceFile::Parse(std::optional<std::string> content) {

@@ -113,9 +113,9 @@ Outcome PathGuard::Allow(const std::string& path, HeldWay* way, std::string* rea
        end = FindSeparator(path, end + 1)) {
     std::unique_ptr<FolderHold> hold;
     Outcome kept = files_.HoldFolder(path.substr(0, end), &hold);
-    if (kept.number() == kFileNotFound || kept.number() == kPathNotFound) break;
+    if (kept.code() == kFileNotFound || kept.code() == kPathNotFound) break;
     if (!kept.ok()) {
-      return Outcome::Failed(kept.number(), kept.description() + ": " + path.substr(0, end));
+      return Outcome::Failed(kept.code(), kept.description() + ": " + path.substr(0, end));
     }
     held.push_back(std::move(hold));
   }

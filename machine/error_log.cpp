@@ -15,13 +15,13 @@ void ErrorLog::LogError(std::string_view message) {
   }
 }
 
-void ErrorLog::LogProcError(int number, std::string_view description, std::string_view method) {
-  LogFailure(Outcome::Failed(number, std::string(description)), method);
+void ErrorLog::LogProcError(ErrorCode code, std::string_view description, std::string_view method) {
+  LogFailure(Outcome::Failed(code, std::string(description)), method);
 }
 
 void ErrorLog::LogFailure(const Outcome& outcome, std::string_view method) {
   std::string message = "Error Description: " + outcome.description() +
-                        ", Error Number: " + std::to_string(outcome.number()) + ", Method: ";
+                        ", Error Number: " + std::to_string(outcome.code().number()) + ", Method: ";
   LogError(message.append(method).append(outcome.notes()));
 }
 

@@ -26,7 +26,7 @@ class ErrorLog {
 
   // Appends one record. Never fails visibly.
   void LogError(std::string_view message);
-  void LogProcError(int number, std::string_view description, std::string_view method);
+  void LogProcError(ErrorCode code, std::string_view description, std::string_view method);
   void LogFailure(const Outcome& outcome, std::string_view method);
 
   // At start-up: deletes a log that has grown past kLimit.

@@ -82,7 +82,7 @@ Outcome DestroyOnReboot(const std::string& path, Files& files, System& system,
   std::string content;
   Outcome present = files.Stat(ini, &entry);
   if (present.ok()) present = files.Read(ini, kWinInitLimit, &content);
-  if (!present.ok() && present.number() != kFileNotFound) return present;
+  if (!present.ok() && present.code() != kFileNotFound) return present;
   return files.Replace(ini, WithRenameEntry(content, line));
 }
 

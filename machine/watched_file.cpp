@@ -14,7 +14,7 @@ Outcome WatchedFile::Refresh(const std::string& first, const std::string& second
   if (!found.ok() && !second.empty()) {
     // Of the two, the one that may be there tells what is wrong.
     Outcome other = Find(second, &changed);
-    if (other.ok() || found.number() == kFileNotFound) found = std::move(other);
+    if (other.ok() || found.code() == kFileNotFound) found = std::move(other);
   }
   if (!found.ok()) return Lose(std::move(found), take);
   if (state_ == State::Read && !changed) return {};
@@ -37,7 +37,7 @@ Outcome WatchedFile::Find(const std::string& path, bool* changed) {
 
 // There is no file, or nobody can tell.
 Outcome WatchedFile::Lose(Outcome why, const Take& take) {
-  const State state = why.number() == kFileNotFound ? State::Missing : State::Unreachable;
+  const State state = why.code() == kFileNotFound ? State::Missing : State::Unreachable;
   if (state_ == state) return {};
   state_ = state;
   take(std::nullopt);

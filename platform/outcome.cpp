@@ -1,10 +1,12 @@
 #include "platform/outcome.h"
 
+#include "platform/registry.h"
+
 namespace scourwell {
 namespace {
 
 struct Text {
-  int number;
+  ErrorNumber number;
   const char* description;
 };
 
@@ -27,11 +29,16 @@ constexpr Text kTexts[] = {
 
 }  // namespace
 
-std::string DescribeError(int number) {
+std::string DescribeError(ErrorCode code) {
   for (const Text& text : kTexts) {
-    if (text.number == number) return text.description;
+    if (code == text.number) return text.description;
   }
-  return "System error " + std::to_string(number);
+  return "System error " + std::to_string(code.number());
+}
+
+Outcome Outcome::OfRegistry(std::int32_t status) {
+  if (status == kRegOk) return {};
+  return Failed(status == kRegAccessDenied ? kPermissionDenied : ErrorCode::Registry(status));
 }
 
 Outcome Outcome::With(std::string_view label, std::string_view value) && {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -7,7 +8,7 @@
 namespace scourwell {
 
 // The classic run-time error numbers that error records carry.
-enum ErrorNumber : int {
+enum class ErrorNumber : std::int32_t {
   kInvalidCall = 5,
   kOverflow = 6,
   kOutOfMemory = 7,
@@ -23,35 +24,78 @@ enum ErrorNumber : int {
   kPathFileAccess = 75,
   kPathNotFound = 76,
 };
+using enum ErrorNumber;
+
+// Who gave a number its meaning: 6 is an overflow, an invalid handle or anything that a component
+// likes.
+enum class ErrorSpace : std::uint8_t {
+  Classic,
+  System,     // codes of the system's calls
+  Registry,   // statuses of its registry calls
+  Component,  // what the entry point of a component returned
+};
+
+// An error by space and number; 0 of any space is none. Codes of different spaces are never equal.
+class ErrorCode {
+ public:
+  constexpr ErrorCode() = default;
+  constexpr ErrorCode(ErrorNumber number) : number_(static_cast<std::int32_t>(number)) {}
+
+  static constexpr ErrorCode System(std::uint32_t code) {
+    return {ErrorSpace::System, static_cast<std::int32_t>(code)};
+  }
+  static constexpr ErrorCode Registry(std::int32_t status) {
+    return {ErrorSpace::Registry, status};
+  }
+  static constexpr ErrorCode Component(std::int32_t result) {
+    return {ErrorSpace::Component, result};
+  }
+
+  constexpr ErrorSpace space() const { return space_; }
+  // For records, which show it alone.
+  constexpr std::int32_t number() const { return number_; }
+  constexpr explicit operator bool() const { return number_ != 0; }
+  friend constexpr bool operator==(ErrorCode, ErrorCode) = default;
+
+ private:
+  constexpr ErrorCode(ErrorSpace space, std::int32_t number) : space_(space), number_(number) {}
+
+  ErrorSpace space_ = ErrorSpace::Classic;
+  std::int32_t number_ = 0;
+};
+
+inline constexpr ErrorCode kNoError;
 
 // The standing description of a classic number; "System error N" for any other.
-std::string DescribeError(int number);
+std::string DescribeError(ErrorCode code);
 
-// The result of an operation that can fail: success, or an error number with a description.
+// The result of an operation that can fail: success, or an error code with a description.
 // A failure may carry notes, the values of the variables that were at work.
 class [[nodiscard]] Outcome {
  public:
   Outcome() = default;
 
-  static Outcome Failed(int number) { return Outcome(number, DescribeError(number)); }
+  static Outcome Failed(ErrorCode code) { return Outcome(code, DescribeError(code)); }
   // `description` should say what was refused or missing, in a sentence for the error log.
-  static Outcome Failed(int number, std::string description) {
-    return Outcome(number, std::move(description));
+  static Outcome Failed(ErrorCode code, std::string description) {
+    return Outcome(code, std::move(description));
   }
+  // Of a registry call; a refusal is the classic one.
+  static Outcome OfRegistry(std::int32_t status);
 
   // Adds ", label value" behind the procedure name of the record, e.g. "sPath: ".
   Outcome With(std::string_view label, std::string_view value) &&;
 
-  bool ok() const { return number_ == 0; }
-  int number() const { return number_; }
+  bool ok() const { return !code_; }
+  ErrorCode code() const { return code_; }
   const std::string& description() const { return description_; }
   const std::string& notes() const { return notes_; }
 
  private:
-  Outcome(int number, std::string description)
-      : number_(number), description_(std::move(description)) {}
+  Outcome(ErrorCode code, std::string description)
+      : code_(code), description_(std::move(description)) {}
 
-  int number_ = 0;
+  ErrorCode code_;
   std::string description_;
   std::string notes_;
 };

@@ -8,7 +8,7 @@
 namespace scourwell {
 
 // A program that asks for more rights than we have: only Shell::Start can get them from the user.
-inline constexpr int kNeedsMoreRights = 740;
+inline constexpr ErrorCode kNeedsMoreRights = ErrorCode::System(740);
 
 // What the desktop does for us.
 class Shell {
@@ -29,7 +29,8 @@ class Shell {
   virtual Outcome Run(const std::string& command_line, std::uint32_t limit) = 0;
   // Loads a library and calls one of its exported functions without arguments, in a
   // process of its own that is ended after 10 s (kDeviceError, as when it crashes). kFileNotFound:
-  // not loadable; kInvalidCall: no such export; a failing HRESULT comes back as it is.
+  // not loadable; kInvalidCall: no such export; a failing HRESULT comes back as it is, as a
+  // component's.
   virtual Outcome CallExport(const std::string& library, const std::string& name) = 0;
   // The path that a shortcut file leads to; empty when it leads to no file. The target need not
   // exist: it is not looked for, the shortcut is not changed, and no window is shown.

@@ -16,12 +16,12 @@ bool IsComponent(std::string_view path) {
 }
 
 bool IsAbsent(const Outcome& asked) {
-  return asked.number() == kFileNotFound || asked.number() == kPathNotFound;
+  return asked.code() == kFileNotFound || asked.code() == kPathNotFound;
 }
 
 RemovalState StateOf(const Outcome& refusal) {
-  const bool refused = refusal.number() == kPermissionDenied ||
-                       refusal.number() == kPathFileAccess || refusal.number() == kBadFileName;
+  const bool refused = refusal.code() == kPermissionDenied || refusal.code() == kPathFileAccess ||
+                       refusal.code() == kBadFileName;
   return refused ? RemovalState::Refused : RemovalState::Failed;
 }
 
@@ -114,7 +114,7 @@ void FileRemover::Unregister(const std::string& path) {
     return;
   }
   Outcome called = parts_.shell.CallExport(path, "DllUnregisterServer");
-  if (!called.ok() && called.number() != kInvalidCall && called.number() != kFileNotFound) {
+  if (!called.ok() && called.code() != kInvalidCall && called.code() != kFileNotFound) {
     parts_.log.LogFailure(std::move(called).With("Unregistering: ", path), "deleteSpyCFType");
   }
 }
@@ -130,8 +130,9 @@ bool FileRemover::Schedule(std::vector<std::string> paths) {
   if (!parts_.settings.DeleteAfterReboot) return false;
   if (!parts_.os.IsWinNT()) std::reverse(paths.begin(), paths.end());
   for (const std::string& path : paths) {
-    if (!DeleteAtNextStart(path, parts_.files, parts_.system, parts_.code_pages, parts_.os).ok())
+    if (!DeleteAtNextStart(path, parts_.files, parts_.system, parts_.code_pages, parts_.os).ok()) {
       return false;
+    }
   }
   return true;
 }
@@ -194,7 +195,7 @@ Outcome FileRemover::DeleteFolderAt(const std::string& path, RemovalResult* resu
 bool FileRemover::Enter(const std::string& path, std::uint32_t attributes, Tree* tree) {
   Tree::Level level = {path, attributes, {}, nullptr};
   Outcome entered = parts_.files.HoldFolder(path, &level.hold);
-  if (entered.number() == kPathFileAccess) return false;
+  if (entered.code() == kPathFileAccess) return false;
   if (entered.ok()) {
     entered = parts_.files.List(AddPathToFileName(path, "*.*"), [&](const DirEntry& entry) {
       level.rest.push_back(entry);
@@ -221,7 +222,7 @@ void FileRemover::RemoveOne(const std::string& path, std::uint32_t attributes, T
   } else {
     removed = Erase(path, attributes);
   }
-  if (removed.ok() || removed.number() == kFileNotFound) return;
+  if (removed.ok() || removed.code() == kFileNotFound) return;
   tree->Note(std::move(removed), path, !(attributes & kFolder));
 }
 
@@ -231,7 +232,7 @@ void FileRemover::Leave(Tree* tree) {
   tree->levels.pop_back();  // and the hold with it
   if (attributes & kInTheWay) static_cast<void>(parts_.files.SetAttributes(path, 0));
   Outcome removed = parts_.files.RemoveFolder(path);
-  if (removed.ok() || removed.number() == kFileNotFound) return;
+  if (removed.ok() || removed.code() == kFileNotFound) return;
   if (attributes & kInTheWay) static_cast<void>(parts_.files.SetAttributes(path, attributes));
   // What is scheduled below it goes first at the next start, the folder after it.
   tree->Note(std::move(removed), path, true);

@@ -14,14 +14,14 @@ namespace {
 RemovalResult FromStatus(RegStatus status) {
   if (status == kRegOk) return {};
   if (status == kRegNotFound) return {RemovalState::Gone, {}};
-  return {RemovalState::Failed,
-          status == kRegAccessDenied
-              ? Outcome::Failed(kPermissionDenied)
-              : Outcome::Failed(status, "Registry error " + std::to_string(status))};
+  return {RemovalState::Failed, status == kRegAccessDenied
+                                    ? Outcome::Failed(kPermissionDenied)
+                                    : Outcome::Failed(ErrorCode::Registry(status),
+                                                      "Registry error " + std::to_string(status))};
 }
 
-RemovalResult Refused(int number, const char* why) {
-  return {RemovalState::Refused, Outcome::Failed(number, why)};
+RemovalResult Refused(ErrorCode code, const char* why) {
+  return {RemovalState::Refused, Outcome::Failed(code, why)};
 }
 
 // Empty when the object may be deleted.
@@ -89,7 +89,7 @@ bool RegistryRemover::AddToScript(const FoundValue& value, RegScript* script) {
 Outcome RegistryRemover::CreateRegistryDeleteFile(const std::vector<const FoundObject*>& rows) {
   // First of all the script of an earlier removal goes: nobody shall run that by mistake.
   Outcome erased = parts_.files.EraseFile(ScriptPath());
-  if (!erased.ok() && erased.number() != kFileNotFound) {
+  if (!erased.ok() && erased.code() != kFileNotFound) {
     return std::move(erased).With("File: ", ScriptPath());
   }
   RegScript script(parts_.code_pages, ReaderOf(parts_.os));
@@ -135,7 +135,7 @@ Outcome RegistryRemover::RunEditor() {
   const std::string script = ScriptPath();
   Outcome started = parts_.shell.Launch(editor + " /S \"" + script + "\"");
   if (started.ok()) return {};
-  const std::string number = std::to_string(started.number());
+  const std::string number = std::to_string(started.code().number());
   return std::move(started)
       .With("regeditFileName: ", script)
       .With("regeditFileLocation: ", editor)

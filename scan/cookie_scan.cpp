@@ -35,7 +35,7 @@ void CookieScan::ScanCookie(const std::string& folder, bool all) {
       progress_.phase.Step();
     }
     progress_.phase.EndPortion();
-    if (listed.ok() || listed.number() == kPathNotFound) return {};
+    if (listed.ok() || listed.code() == kPathNotFound) return {};
     return std::move(listed).With("Folder: ", folder);
   });
 }

@@ -151,7 +151,7 @@ void DriveScan::Confirm(const Level& level, std::uint32_t row) {
     if (entry.IsFolder() == index_.IsFolderRow(row)) Report(level, row, below, ToHit(entry));
     return true;
   });
-  if (listed.ok() || listed.number() == kPathNotFound) return;  // the path may just not be there
+  if (listed.ok() || listed.code() == kPathNotFound) return;  // the path may just not be there
   log_.LogFailure(Outcome(listed).With("retFolderName: ", signature).With("sPath: ", level.path),
                   "subFileSearch");
 }

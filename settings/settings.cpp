@@ -25,10 +25,7 @@ Outcome SettingsStore::Set(const std::string& section, const std::string& key,
                            const std::string& text) {
   const RegStatus status =
       CRegister(registry_).SetString(RootKey::CurrentUser, kStoreKey + section, key, text);
-  if (status == kRegOk) return {};
-  return Outcome::Failed(status == kRegAccessDenied ? kPermissionDenied : status)
-      .With("Section: ", section)
-      .With("Key: ", key);
+  return Outcome::OfRegistry(status).With("Section: ", section).With("Key: ", key);
 }
 
 void Settings::ReadLanguage() {

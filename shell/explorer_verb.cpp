@@ -11,11 +11,6 @@ constexpr const char* kVerbs[] = {"Software\\Classes\\Directory\\shell\\Scourwel
 
 std::string CommandKey(const char* verb) { return std::string(verb) + "\\command"; }
 
-Outcome Failure(RegStatus status, const std::string& key) {
-  return Outcome::Failed(status == kRegAccessDenied ? kPermissionDenied : status)
-      .With("Key: ", key);
-}
-
 }  // namespace
 
 bool ExplorerVerb::IsOn() const {
@@ -34,7 +29,7 @@ Outcome ExplorerVerb::TurnOn(const std::string& caption) {
   const auto set = [&](const std::string& key, const std::string& text) {
     // Explorer reads a text up to its end mark.
     const RegStatus status = registry_.SetValue(kRoot, key, "", {kRegText, text + '\0'});
-    if (status != kRegOk && first.ok()) first = Failure(status, key);
+    if (first.ok()) first = Outcome::OfRegistry(status).With("Key: ", key);
   };
   for (const char* verb : kVerbs) {
     set(verb, caption);
@@ -47,7 +42,8 @@ Outcome ExplorerVerb::TurnOff() {
   Outcome first;
   for (const char* verb : kVerbs) {
     const RegStatus status = keys_.DeleteKey(kRoot, verb);
-    if (status != kRegOk && status != kRegNotFound && first.ok()) first = Failure(status, verb);
+    if (status == kRegNotFound || !first.ok()) continue;
+    first = Outcome::OfRegistry(status).With("Key: ", verb);
   }
   return first;
 }

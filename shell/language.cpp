@@ -56,7 +56,7 @@ Outcome Language::Refresh() const {
     pack_ = IniText();
     if (content) useless = Load(*content).With("File: ", path);
   });
-  if (read.number() == kFileNotFound) return {};  // the defaults serve
+  if (read.code() == kFileNotFound) return {};  // the defaults serve
   return read.ok() ? std::move(useless) : std::move(read);
 }
 
@@ -66,7 +66,7 @@ Outcome Language::Load(const std::string& content) const {
   const unsigned code_page = stated == 0 ? code_pages_.System() : stated;
   std::string text;
   if (Outcome decoded = code_pages_.Decode(code_page, content, &text); !decoded.ok()) {
-    return Outcome::Failed(decoded.number(), "The code page of the language pack is not installed")
+    return Outcome::Failed(decoded.code(), "The code page of the language pack is not installed")
         .With("Code page: ", std::to_string(code_page));
   }
   pack_ = IniText(std::move(text));

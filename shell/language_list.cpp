@@ -18,7 +18,7 @@ constexpr std::size_t kInfoHeader = 40;
 Outcome FindPicture(Files& files, const std::string& path, std::string* picture) {
   std::string content;
   Outcome read = files.Read(path, kLargestPicture, &content);
-  if (read.number() == kFileNotFound) return {};
+  if (read.code() == kFileNotFound) return {};
   if (!read.ok()) return std::move(read).With("File: ", path);
   if (!IsSmallBitmap(content)) {
     return Outcome::Failed(kTypeMismatch, "The picture of a language is damaged")

@@ -141,10 +141,7 @@ Outcome OptionsForm::SetScanStartup(bool ticked) {
       run.DeleteEntry(RootKey::CurrentUser, kRunKey, kRunValue, &status);
       if (status == kRegNotFound) status = kRegOk;
     }
-    if (status != kRegOk) {
-      return Outcome::Failed(status == kRegAccessDenied ? kPermissionDenied : status)
-          .With("Value: ", kRunValue);
-    }
+    if (status != kRegOk) return Outcome::OfRegistry(status).With("Value: ", kRunValue);
     parts_.settings.RunStartup = controls_.chkScanStartup = ticked;
     return {};
   });

@@ -128,17 +128,17 @@ TEST_SUITE("adware_uninstaller") {
     p.Shown(true);
     struct Row {
       std::size_t row;
-      int start_error;
-      int open_error;
+      ErrorCode start_error;
+      ErrorCode open_error;
       bool started;
       bool told;
     };
-    for (const Row& row : {Row{0, 0, 0, true, false},
-                           {0, kNeedsMoreRights, 0, true, false},
+    for (const Row& row : {Row{0, kNoError, kNoError, true, false},
+                           {0, kNeedsMoreRights, kNoError, true, false},
                            {0, kNeedsMoreRights, kPermissionDenied, false, false},
                            {0, kNeedsMoreRights, kFileNotFound, false, true},
-                           {0, kPermissionDenied, 0, false, true},
-                           {1, kFileNotFound, 0, false, false}}) {
+                           {0, kPermissionDenied, kNoError, false, true},
+                           {1, kFileNotFound, kNoError, false, false}}) {
       p.m.shell.start_error = row.start_error;
       p.m.shell.open_error = row.open_error;
       p.m.shell.journal.clear();
@@ -165,7 +165,7 @@ TEST_SUITE("tool_box") {
     CHECK(b.m.registry.Text(kUser, key, "LastKey") ==
           Z("My Computer\\HKEY_LOCAL_MACHINE\\Software"));
     b.m.registry.Find(kUser, key)->Denied();
-    CHECK(tools.OpenRegistry("HKEY_CLASSES_ROOT").number() == kPermissionDenied);
+    CHECK(tools.OpenRegistry("HKEY_CLASSES_ROOT").code() == kPermissionDenied);
     CHECK(tools.OpenText("c:\\autoexec.bat").ok());
     CHECK(Lines(b.m.shell.journal) ==
           "Start C:\\WINDOWS\\regedit.exe \nStart C:\\WINDOWS\\regedit.exe \n"

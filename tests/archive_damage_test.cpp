@@ -10,17 +10,17 @@ namespace {
 constexpr std::uint64_t kFourGigabytes = 1ull << 32;
 constexpr std::uint64_t kMost = ~0ull;
 
-// 0 when the archive opens and all of it reads well.
-int ReadAll(ArchiveBench& b, const std::string& bytes) {
+// No error when the archive opens and all of it reads well.
+ErrorCode ReadAll(ArchiveBench& b, const std::string& bytes) {
   b.m.File(kArchivePath).content = bytes;
   ArchiveReader reader = b.Reader();
   if (const Outcome opened = reader.Open(kArchivePath); !opened.ok()) {
     CHECK(reader.items().empty());
     CHECK_FALSE(opened.description().empty());
-    return opened.number();
+    return opened.code();
   }
   const std::vector<ItemReport> damaged = reader.Verify();
-  return damaged.empty() ? 0 : damaged[0].why.number();
+  return damaged.empty() ? kNoError : damaged[0].why.code();
 }
 
 HandArchive Good() {
@@ -56,13 +56,13 @@ TEST_SUITE("archive_damage") {
     ArchiveBench b;
     MakeSmall(b, 0);
     const std::string whole = b.m.Content(kArchivePath);
-    REQUIRE(ReadAll(b, whole) == 0);
+    REQUIRE(ReadAll(b, whole) == kNoError);
     for (std::size_t size = 0; size < whole.size(); ++size) {
       CAPTURE(size);
       CHECK(ReadAll(b, whole.substr(0, size)) == kPastEndOfFile);
     }
     CHECK(ReadAll(b, whole + "x") == kPastEndOfFile);
-    CHECK(ReadAll(b, whole + whole) != 0);
+    CHECK(ReadAll(b, whole + whole) != kNoError);
   }
 
   TEST_CASE("no changed or missing byte of a piece goes unnoticed") {
@@ -157,20 +157,20 @@ TEST_SUITE("archive_damage") {
     }
     ArchiveBench b;
     HandArchive archive = Good();
-    CHECK(ReadAll(b, archive.Make()) == 0);
+    CHECK(ReadAll(b, archive.Make()) == kNoError);
     archive.items[0].size = archive.items[0].stored = archive.items[0].crc = 0;  // dead data
-    CHECK(ReadAll(b, archive.Make()) == 0);
+    CHECK(ReadAll(b, archive.Make()) == kNoError);
     archive.version = 3;
     CHECK(ReadAll(b, archive.Make()) == kTypeMismatch);
   }
 
   TEST_CASE("other files are no archives") {
     ArchiveBench b;
-    CHECK(b.Reader().Open(kArchivePath).number() == kFileNotFound);
+    CHECK(b.Reader().Open(kArchivePath).code() == kFileNotFound);
     CHECK(ReadAll(b, std::string(1000, '\0')) == kTypeMismatch);
     CHECK(ReadAll(b, Noise(1000)) == kTypeMismatch);
     b.m.files.Find(kArchivePath)->Locked();
-    CHECK(b.Reader().Open(kArchivePath).number() == kPermissionDenied);
+    CHECK(b.Reader().Open(kArchivePath).code() == kPermissionDenied);
   }
 
   TEST_CASE("paths that may be stored") {

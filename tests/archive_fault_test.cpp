@@ -7,7 +7,7 @@ namespace scourwell::test {
 namespace {
 
 constexpr FileTime kStored = 125'000'000'000'000'000;
-constexpr int kErrors[] = {kDiskFull, kPermissionDenied};
+constexpr ErrorCode kErrors[] = {kDiskFull, kPermissionDenied};
 
 // Whether some file of the folder holds the text.
 bool Survives(RestoreBench& b, const std::string& folder, const std::string& text) {
@@ -22,7 +22,7 @@ bool Survives(RestoreBench& b, const std::string& folder, const std::string& tex
 TEST_SUITE("archive_faults") {
   TEST_CASE("a backup is whole or not there, whatever fails") {
     for (const std::uint64_t volume_size : {0, 600}) {
-      for (const int error : kErrors) {
+      for (const ErrorCode error : kErrors) {
         bool done = false;
         for (std::size_t failing = 1; !done; ++failing) {
           CAPTURE(failing);
@@ -46,7 +46,7 @@ TEST_SUITE("archive_faults") {
   }
 
   TEST_CASE("a restore loses nothing, whatever fails") {
-    for (const int error : kErrors) {
+    for (const ErrorCode error : kErrors) {
       bool done = false;
       for (std::size_t failing = 1; !done; ++failing) {
         CAPTURE(failing);

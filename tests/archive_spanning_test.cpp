@@ -17,19 +17,20 @@ struct Spanned : ArchiveBench {
     m.Folder("D:\\disk");
   }
   Outcome StoreSpanned(NextVolume next = {}) { return Store({"C:\\spy"}, {1000, std::move(next)}); }
-  // The first failure, or 0.
-  int Verify(FindVolume find = {}) {
+  // The first failure.
+  ErrorCode Verify(FindVolume find = {}) {
     ArchiveReader reader = Reader();
     if (const Outcome opened = reader.Open(kArchivePath, std::move(find)); !opened.ok()) {
-      return opened.number();
+      return opened.code();
     }
     const std::vector<ItemReport> damaged = reader.Verify();
     if (damaged.empty()) CHECK((ItemText(reader, 1) == content));
-    return damaged.empty() ? 0 : damaged[0].why.number();
+    return damaged.empty() ? kNoError : damaged[0].why.code();
   }
   FindVolume Answer(const std::string& folder) {
     return [this, folder](std::uint32_t number, const std::string& name, const Outcome& problem) {
-      asked.push_back(std::to_string(number) + " " + name + " " + std::to_string(problem.number()));
+      asked.push_back(std::to_string(number) + " " + name + " " +
+                      std::to_string(problem.code().number()));
       return asked.size() > 3 ? std::string() : folder;
     };
   }
@@ -46,7 +47,7 @@ TEST_SUITE("archive_spanning") {
     REQUIRE(b.StoreSpanned().ok());
     CHECK(b.Names("C:\\Backup") == "one.q01\none.q02\none.q03\none.q04\none.q05\none.qzp\n");
     CHECK(b.Piece("qzp").size() <= 1000);
-    CHECK(b.Verify() == 0);
+    CHECK(b.Verify() == kNoError);
     for (const std::string ending : {"q01", "q02", "q03", "q04", "q05"}) {
       CHECK(b.Piece(ending).size() == 1000);
       b.m.files.Remove("C:\\Backup\\one." + ending);
@@ -66,15 +67,15 @@ TEST_SUITE("archive_spanning") {
     REQUIRE(b.StoreSpanned().ok());
     CHECK(b.Piece("q06").size() < 1000);
     CHECK(b.Piece("qzp").size() > 1000);
-    CHECK(b.Verify() == 0);
+    CHECK(b.Verify() == kNoError);
     b.Piece("q02") += "what a full disk left behind the data is ignored";
-    CHECK(b.Verify() == 0);
+    CHECK(b.Verify() == kNoError);
   }
 
   TEST_CASE("a missing, foreign, swapped or cut volume is asked for") {
     struct Row {
       const char* what;
-      int expected;
+      ErrorCode expected;
       void (*change)(Spanned&);
     };
     const Row rows[] = {
@@ -99,7 +100,7 @@ TEST_SUITE("archive_spanning") {
       b.m.File("D:\\disk\\one.q02", b.Piece("q02"));
       row.change(b);
       CHECK(b.Verify() == row.expected);
-      CHECK(b.Verify(b.Answer("D:\\disk")) == 0);
+      CHECK(b.Verify(b.Answer("D:\\disk")) == kNoError);
       REQUIRE(b.asked.size() == 1);
       CHECK(b.asked[0].starts_with("2 one.q02 "));
       // Asked until the answer is empty, and not once more.
@@ -113,14 +114,15 @@ TEST_SUITE("archive_spanning") {
     Spanned b;
     std::string asked;
     REQUIRE(b.StoreSpanned([&](const VolumeRequest& request) {
-               asked += request.file_name + " " + std::to_string(request.problem.number()) + "\n";
+               asked +=
+                   request.file_name + " " + std::to_string(request.problem.code().number()) + "\n";
                if (request.number == 2 && request.problem.ok()) return std::string("D:\\none");
                return std::string(request.number == 6 ? "C:\\Backup" : "D:\\disk");
              }).ok());
     CHECK(asked == "one.q02 0\none.q02 76\none.q03 0\none.q04 0\none.q05 0\none.q06 0\n");
     CHECK(b.Names("C:\\Backup") == "one.q01\none.qzp\n");
     CHECK(b.Names("D:\\disk") == "one.q02\none.q03\none.q04\none.q05\n");
-    CHECK(b.Verify(b.Answer("D:\\disk")) == 0);
+    CHECK(b.Verify(b.Answer("D:\\disk")) == kNoError);
     // Once found, the place is tried for the others without asking.
     CHECK(b.asked.size() == 1);
   }
@@ -129,11 +131,11 @@ TEST_SUITE("archive_spanning") {
     Spanned b;
     CHECK(b.StoreSpanned([](const VolumeRequest& request) {
              return std::string(request.number == 4 ? "" : "D:\\disk");
-           }).number() == kPathNotFound);
+           }).code() == kPathNotFound);
     CHECK(b.Names("C:\\Backup") == "");
     CHECK(b.Names("D:\\disk") == "");
     b.m.File("C:\\Backup\\one.q03", "somebody's");
-    CHECK(b.StoreSpanned().number() == kFileExists);
+    CHECK(b.StoreSpanned().code() == kFileExists);
     CHECK(b.Names("C:\\Backup") == "one.q03\n");
     CHECK(b.Piece("q03") == "somebody's");
   }
@@ -156,7 +158,7 @@ TEST_SUITE("archive_spanning") {
       int questions = 0;
       const NextVolume next = [&](const VolumeRequest& request) {
         ++questions;
-        CHECK(request.problem.number() == kDiskFull);
+        CHECK(request.problem.code() == kDiskFull);
         b.m.files.free_space = 1'000'000;
         return std::string("D:\\disk");
       };
@@ -164,7 +166,7 @@ TEST_SUITE("archive_spanning") {
       if (questions == 0) continue;
       CHECK(questions == 1);
       b.m.File(kArchivePath).content = b.m.Content("D:\\disk\\one.qzp");
-      CHECK(b.Verify() == 0);
+      CHECK(b.Verify() == kNoError);
     }
   }
 
@@ -173,11 +175,11 @@ TEST_SUITE("archive_spanning") {
       CAPTURE(space);
       Spanned b;
       b.m.files.free_space = space;
-      CHECK(b.Store({"C:\\spy"}).number() == kDiskFull);
+      CHECK(b.Store({"C:\\spy"}).code() == kDiskFull);
       CHECK(b.Names("C:\\Backup") == "");
       b.m.files.free_space = space;
       const NextVolume next = [](const VolumeRequest&) { return std::string("D:\\disk"); };
-      CHECK(b.Store({"C:\\spy"}, {0, next}).number() == kDiskFull);
+      CHECK(b.Store({"C:\\spy"}, {0, next}).code() == kDiskFull);
       CHECK(b.Names("C:\\Backup") + b.Names("D:\\disk") == "");
     }
   }

@@ -45,7 +45,7 @@ struct ArchiveBench {
       text += block;
       return Outcome();
     });
-    return read.ok() ? text : "(" + std::to_string(read.number()) + ")";
+    return read.ok() ? text : "(" + std::to_string(read.code().number()) + ")";
   }
   // All items of the archive, one a line: path, kind, attributes, times and content.
   std::string Items() {

@@ -9,7 +9,7 @@ namespace {
 std::string Paths(const std::vector<ItemReport>& reports) {
   std::string text;
   for (const ItemReport& report : reports) {
-    text += report.path + " " + std::to_string(report.why.number()) + "\n";
+    text += report.path + " " + std::to_string(report.why.code().number()) + "\n";
   }
   return text;
 }
@@ -118,7 +118,7 @@ TEST_SUITE("archive") {
     for (const char* name : {"", ".reg", "a\\b.reg", "C:\\x.reg", "..", "nul.reg", "a:b.reg",
                              "a/b.reg", "a.exe", "a.reg.", "a.reg "}) {
       CAPTURE(std::string(name));
-      CHECK(writer.AddScript(name, "x").number() == kBadFileName);
+      CHECK(writer.AddScript(name, "x").code() == kBadFileName);
     }
     REQUIRE(writer.Finish().ok());
     CHECK(writer.path() == kArchivePath);
@@ -175,20 +175,20 @@ TEST_SUITE("archive") {
     b.m.File("C:\\file", "x");
     for (const char* there : {"C:\\Backup\\one.qzp", "C:\\Backup\\ONE.Q01"}) {
       b.m.File(there, "older");
-      CHECK(b.Store({"C:\\file"}).number() == kFileExists);
+      CHECK(b.Store({"C:\\file"}).code() == kFileExists);
       CHECK(b.m.Content(there) == "older");
       b.m.files.Remove(there);
     }
     ArchiveWriter writer(b.m.files, b.m.clock, b.m.pump);
-    CHECK(writer.AddFile("C:\\file").number() == kInvalidCall);
-    CHECK(writer.Finish().number() == kInvalidCall);
-    CHECK(writer.Create("C:\\none\\x.qzp").number() == kPathNotFound);
+    CHECK(writer.AddFile("C:\\file").code() == kInvalidCall);
+    CHECK(writer.Finish().code() == kInvalidCall);
+    CHECK(writer.Create("C:\\none\\x.qzp").code() == kPathNotFound);
     // Once it has failed it stays so.
     CHECK_FALSE(writer.Create(kArchivePath).ok());
-    CHECK(writer.AddFile("C:\\file").number() == kPathNotFound);
+    CHECK(writer.AddFile("C:\\file").code() == kPathNotFound);
     for (const char* path : {"x.qzp", "C:\\Backup\\.qzp", "C:\\Backup\\x.zip", "C:\\Bac*\\x.qzp"}) {
       CAPTURE(std::string(path));
-      CHECK(ArchiveWriter(b.m.files, b.m.clock, b.m.pump).Create(path).number() == kBadFileName);
+      CHECK(ArchiveWriter(b.m.files, b.m.clock, b.m.pump).Create(path).code() == kBadFileName);
     }
   }
 }

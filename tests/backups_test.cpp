@@ -106,7 +106,7 @@ TEST_SUITE("backups") {
     REQUIRE(b.Create(b.backups.NameForNow()).archive.ok());
     CHECK(b.backups.NameForNow() == "2004-03-05 120000 2");
     const std::string content = b.m.Content("C:\\My backups\\2004-03-05 120000.qzp");
-    CHECK(b.Create("2004-03-05 120000").archive.number() == kFileExists);
+    CHECK(b.Create("2004-03-05 120000").archive.code() == kFileExists);
     CHECK(b.m.Content("C:\\My backups\\2004-03-05 120000.qzp") == content);
   }
 
@@ -176,9 +176,9 @@ TEST_SUITE("backups") {
       CAPTURE(std::string(folder));
       b.settings.BackupFolder = folder;
       b.m.files.journal.clear();
-      CHECK(b.Restore("n.qzp").number() == kBadFileName);
-      CHECK(b.Create("m").archive.number() == kBadFileName);
-      CHECK(b.backups.Delete("n.qzp").number() == kBadFileName);
+      CHECK(b.Restore("n.qzp").code() == kBadFileName);
+      CHECK(b.Create("m").archive.code() == kBadFileName);
+      CHECK(b.backups.Delete("n.qzp").code() == kBadFileName);
       CHECK(b.backups.List().empty());
       CHECK(b.m.files.Count("List") + b.m.files.Count("Erase") == 0);
     }

@@ -11,7 +11,7 @@ TEST_SUITE("companions") {
     const auto start = [&](Companion companion) {
       m.shell.journal.clear();
       const Outcome outcome = companions.Start(companion);
-      if (!outcome.ok()) return std::to_string(outcome.number()) + outcome.notes();
+      if (!outcome.ok()) return std::to_string(outcome.code().number()) + outcome.notes();
       return m.shell.journal.at(0);
     };
     m.File("C:\\WINDOWS\\ScourwellUpdate.exe");

@@ -77,13 +77,13 @@ TEST_SUITE("file_utils") {
     b.m.Folder("C:\\Evil");
     const auto schedule = [&](const std::string& path) {
       return DeleteAtNextStart(path, b.m.files, b.m.system, b.m.code_pages, COpSysInfo(b.m.system))
-          .number();
+          .code();
     };
-    CHECK(schedule("C:\\Evil") == 0);
+    CHECK(schedule("C:\\Evil") == kNoError);
     CHECK(Lines(b.m.system.journal) == "Move C:\\Evil > \n");
     CHECK_FALSE(b.m.Has("C:\\WINDOWS\\WinInit.ini"));
     b.m.system.record.platform = 1;
-    CHECK(schedule("C:\\Evil") == 0);
+    CHECK(schedule("C:\\Evil") == kNoError);
     CHECK(b.m.Content("C:\\WINDOWS\\WinInit.ini") == "[Rename]\r\nDIRNUL=C:\\Evil\r\n");
     CHECK(schedule("C:\\none") == kFileNotFound);
     CHECK(b.m.system.journal.size() == 1);
@@ -93,17 +93,17 @@ TEST_SUITE("file_utils") {
     Bench b;
     b.m.File("C:\\evil.exe");
     Node& ini = b.m.File("C:\\WINDOWS\\WinInit.ini", "[Rename]\r\nNUL=C:\\a\r\n");
-    const auto number = [&] {
-      return DestroyOnReboot("C:\\evil.exe", b.m.files, b.m.system, b.m.code_pages).number();
+    const auto code = [&] {
+      return DestroyOnReboot("C:\\evil.exe", b.m.files, b.m.system, b.m.code_pages).code();
     };
     ini.Locked();
-    CHECK(number() == kPermissionDenied);
+    CHECK(code() == kPermissionDenied);
     ini.locked = false;
     b.m.Folder("C:\\WINDOWS").Refuses();
-    CHECK(number() == kPermissionDenied);
+    CHECK(code() == kPermissionDenied);
     b.m.Folder("C:\\WINDOWS").refuses = false;
     b.m.files.faults["Stat C:\\WINDOWS\\WinInit.ini"] = kDeviceError;
-    CHECK(number() != 0);
+    CHECK(code() != kNoError);
     CHECK(ini.content == "[Rename]\r\nNUL=C:\\a\r\n");
   }
 
@@ -122,7 +122,7 @@ TEST_SUITE("file_utils") {
 
   TEST_CASE("processes, errors and the setting file") {
     Bench b;
-    CHECK(KillProcessById(4711, b.m.system).number() == kPermissionDenied);
+    CHECK(KillProcessById(4711, b.m.system).code() == kPermissionDenied);
     CHECK(KillProcessById(7, b.m.system).ok());
     CHECK(Lines(b.m.system.journal) == "Terminate 7\n");
     CHECK(RetrieveError(b.m.system) == "error 5");

@@ -238,7 +238,7 @@ TEST_SUITE("hit_list") {
     for (const char* path : {"C:\\a", "C:\\b", "C:\\c", "C:\\d"}) r.Add(FoundFile{path});
     r.Add(ValueAt("HKEY_CURRENT_USER\\Run", "say \"x\""));
     r.hits.SetChecked(1, false);
-    CHECK(r.hits.ExcludeChecked().number() == kBadFileName);
+    CHECK(r.hits.ExcludeChecked().code() == kBadFileName);
     CHECK(r.Details() == "C:\\b HKEY_CURRENT_USER\\Run\\say \"x\" ");
     CHECK(r.m.Content(kIgnored).starts_with(
         "\"Spy File\",\"C:\\d\",\"spy\"\r\n\"Spy File\",\"C:\\c"));

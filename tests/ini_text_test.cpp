@@ -77,7 +77,7 @@ TEST_SUITE("watched_file") {
       const Outcome outcome = watched.Refresh(
           "C:\\1\\f", "C:\\2\\f",
           [&](std::optional<std::string> content) { events += content.value_or("(none)"); });
-      return events + (outcome.ok() ? "" : " " + std::to_string(outcome.number()));
+      return events + (outcome.ok() ? "" : " " + std::to_string(outcome.code().number()));
     };
     CHECK(look() == "(none) 53");
     CHECK(look() == "");
@@ -116,13 +116,13 @@ TEST_SUITE("watched_file") {
     std::string content = "old";
     const auto look = [&] {
       return watched.Refresh("C:\\f", "", [&](auto news) { content = news.value_or("(none)"); })
-          .number();
+          .code();
     };
     CHECK(look() == kPermissionDenied);
     CHECK(content == "(none)");
-    CHECK(look() == 0);
+    CHECK(look() == kNoError);
     m.files.Find("C:\\f")->locked = false;
-    CHECK(look() == 0);
+    CHECK(look() == kNoError);
     CHECK(content == "x");
   }
 

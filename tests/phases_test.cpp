@@ -101,7 +101,7 @@ TEST_SUITE("memory_scan") {
     p.memory.ListProcesses();
     CHECK(p.memory.Tasklist().size() == 1);
     CHECK(p.m.Failures() == "70 ShowRunningProcesses\n");
-    p.m.processes.error = 0;
+    p.m.processes.error = kNoError;
     p.m.pump.close_at = p.m.pump.yields + 2;
     p.memory.ListProcesses();
     CHECK(p.memory.Tasklist().size() == 1);

@@ -52,8 +52,8 @@ TEST_SUITE("removal") {
   }
 
   TEST_CASE("a component is unregistered by its entry point, and deleted whatever it says") {
-    for (const int error : {0, int{kDeviceError}, int{kInvalidCall}}) {
-      CAPTURE(error);
+    for (const ErrorCode error : {kNoError, ErrorCode(kDeviceError), ErrorCode(kInvalidCall)}) {
+      CAPTURE(error.number());
       Remover r;
       r.m.File("C:\\x.OcX", "x");
       r.m.shell.call_error = error;

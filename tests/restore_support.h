@@ -64,7 +64,7 @@ struct RestoreBench : ArchiveBench {
     std::string text;
     for (const ItemReport& report : result.failed) {
       CHECK_FALSE(report.why.description().empty());
-      text += report.path + " " + std::to_string(report.why.number()) + "\n";
+      text += report.path + " " + std::to_string(report.why.code().number()) + "\n";
     }
     return text;
   }

@@ -228,7 +228,7 @@ TEST_SUITE("statistics") {
       CHECK(statistics.getNumberOfScans() == next);
     }
     s.m.registry.Make(kUser, "Software\\Scourwell\\Statistics").Denied();
-    CHECK(statistics.setNumberOfScans().number() == kPermissionDenied);
+    CHECK(statistics.setNumberOfScans().code() == kPermissionDenied);
   }
 }
 

@@ -248,7 +248,7 @@ TEST_SUITE("startup_profile") {
     CHECK_FALSE(next.Edit(p.RowOf(next, "Machine"), "Machine", "C:\\lost.exe"));
     CHECK(next.EditedCommand(p.RowOf(next, "Machine")) == "C:\\edited.exe");
     // In its place and in the profile: no mark of the user, but something to apply.
-    p.m.files.Find(kSaveProf)->Fails(0);
+    p.m.files.Find(kSaveProf)->Fails(kNoError);
     p.m.registry.Make(kMachine, kRun).Value("Machine", Z("C:\\edited.exe"));
     next.Form_Load();
     CHECK_FALSE(next.HasMarks());

@@ -87,16 +87,30 @@ TEST_SUITE("outcome") {
     CHECK(failed.description() == "File not found");
     CHECK(failed.notes() == ", sPath: C:\\x, I: 3");
     CHECK(Outcome().With("a: ", "b").notes() == "");
-    CHECK(Outcome::Failed(70, "own words").description() == "own words");
-    CHECK(DescribeError(1450) == "System error 1450");
+    CHECK(Outcome::Failed(kPermissionDenied, "own words").description() == "own words");
+    CHECK(DescribeError(ErrorCode::System(1450)) == "System error 1450");
     CHECK(DescribeError(kDiskFull) == "Disk full");
+  }
+
+  TEST_CASE("the same number of another space is another error") {
+    const ErrorCode handle = ErrorCode::System(6);
+    CHECK(handle != kOverflow);
+    CHECK(handle != ErrorCode::Registry(6));
+    CHECK(ErrorCode::Component(6) != ErrorCode::Registry(6));
+    CHECK(handle == ErrorCode::System(6));
+    CHECK(Outcome::Failed(handle).description() == "System error 6");
+    CHECK(Outcome::OfRegistry(kRegOk).ok());
+    CHECK(Outcome::OfRegistry(kRegAccessDenied).code() == kPermissionDenied);
+    const Outcome gone = Outcome::OfRegistry(53);
+    CHECK(gone.code() != kFileNotFound);
+    CHECK(gone.description() == "System error 53");
   }
 }
 
 TEST_SUITE("error_log") {
   TEST_CASE("a record is three quoted fields whose first begins with a line break") {
     Bench b;
-    b.log.LogProcError(53, "File not found", "Timer1_Timer");
+    b.log.LogProcError(kFileNotFound, "File not found", "Timer1_Timer");
     const std::string record =
         "\"\r\nDate: 3/5/2004\",\"Time: 12:00:00 PM\",\"Error Description: File not found, "
         "Error Number: 53, Method: Timer1_Timer\"\r\n";
@@ -110,11 +124,12 @@ TEST_SUITE("error_log") {
     Bench b;
     CHECK(b.log.TrapOutcome("fine", [] {}).ok());
     CHECK(b.m.Has(kErrorLog) == false);
-    CHECK(b.log.TrapOutcome("a", [] { return Outcome::Failed(kDiskFull).With("I: ", "1"); })
-              .number() == kDiskFull);
-    CHECK(b.log.TrapOutcome("b", []() -> Outcome { throw std::bad_alloc(); }).number() ==
+    CHECK(
+        b.log.TrapOutcome("a", [] { return Outcome::Failed(kDiskFull).With("I: ", "1"); }).code() ==
+        kDiskFull);
+    CHECK(b.log.TrapOutcome("b", []() -> Outcome { throw std::bad_alloc(); }).code() ==
           kOutOfMemory);
-    CHECK(b.log.TrapOutcome("c", [] { throw std::out_of_range("text"); }).number() == kInvalidCall);
+    CHECK(b.log.TrapOutcome("c", [] { throw std::out_of_range("text"); }).code() == kInvalidCall);
     CHECK(b.m.Errors() ==
           "Error Description: Disk full, Error Number: 61, Method: a, I: 1\n"
           "Error Description: Out of memory, Error Number: 7, Method: b\n"

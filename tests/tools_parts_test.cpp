@@ -63,7 +63,7 @@ TEST_SUITE("profile_file") {
       std::vector<ProfileRecord> records;
       const Outcome loaded = LoadProfile(b.m.files, b.m.code_pages, kProfile, &records);
       CHECK(records.size() == size / record);
-      CHECK(loaded.number() == (size % record == 0 ? 0 : kPastEndOfFile));
+      CHECK(loaded.code() == (size % record == 0 ? kNoError : kPastEndOfFile));
     }
   }
 
@@ -75,7 +75,7 @@ TEST_SUITE("profile_file") {
     CHECK(LoadProfile(b.m.files, b.m.code_pages, kProfile, &records).ok());
     CHECK(Names(records) == "a/f hex:4/hex:zz ");
     b.m.files.Find(kProfile)->Denied();
-    CHECK(LoadProfile(b.m.files, b.m.code_pages, kProfile, &records).number() == kPermissionDenied);
+    CHECK(LoadProfile(b.m.files, b.m.code_pages, kProfile, &records).code() == kPermissionDenied);
     CHECK(records.size() == 2);
     CHECK_FALSE(SaveProfile(b.m.files, b.m.code_pages, kProfile, {}).ok());
   }

@@ -53,10 +53,10 @@ TEST_SUITE("versions") {
   TEST_CASE("the fixed part is read whole or not at all") {
     FakeVersions versions;
     FixedFileInfo info{9, 9, 9};
-    CHECK(ReadFixedVersion(versions, kPath, &info).number() == kFileNotFound);
+    CHECK(ReadFixedVersion(versions, kPath, &info).code() == kFileNotFound);
     std::string block = Sample().Make();
     versions.blocks[kPath] = block.substr(0, 80);
-    CHECK(ReadFixedVersion(versions, kPath, &info).number() == kFileNotFound);
+    CHECK(ReadFixedVersion(versions, kPath, &info).code() == kFileNotFound);
     CHECK(info.file_version_high == 9);
     versions.blocks[kPath] = block;
     REQUIRE(ReadFixedVersion(versions, kPath, &info).ok());

@@ -100,12 +100,12 @@ std::string AdwareUninstaller::StatusText() const {
 Outcome AdwareUninstaller::Start(const std::string& command) {
   Outcome started =
       needs_.shell.StartCommand(SafeCommand(command, needs_.files, needs_.folders, needs_.system));
-  if (started.number() == kNeedsMoreRights) {
+  if (started.code() == kNeedsMoreRights) {
     const ProgramOf program = FindStarter(command, needs_.files, needs_.folders, needs_.system);
     const bool plain = command.starts_with('"') || program.path.find(' ') == std::string::npos;
     if (program.exists || (program.remote && plain)) {
       started = needs_.shell.Start(program.path, program.arguments);
-      if (started.number() == kPermissionDenied) return started;
+      if (started.code() == kPermissionDenied) return started;
     }
   }
   if (!started.ok() && !TrimBlanks(command).empty()) failures_.push_back(started.description());

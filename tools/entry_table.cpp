@@ -45,7 +45,7 @@ Outcome EntryTable::LoadDisabledItems() {
   Files& files = locations_.needs().files;
   Outcome loaded = LoadProfile(files, locations_.needs().code_pages, profile_path_, &records);
   unreadable_ = {};
-  if (loaded.number() == kPastEndOfFile || loaded.number() == kOverflow) {
+  if (loaded.code() == kPastEndOfFile || loaded.code() == kOverflow) {
     std::string content;
     Outcome copied = files.Read(profile_path_, kLargestProfile, &content);
     if (copied.ok()) copied = files.Replace(profile_path_ + ".bad", content);

@@ -88,7 +88,7 @@ Outcome LoadProfile(Files& files, CodePages& code_pages, const std::string& path
                     std::vector<ProfileRecord>* records) {
   std::string text;
   if (Outcome read = files.Read(path, kLargestProfile, &text); !read.ok()) {
-    const bool missing = read.number() == kFileNotFound;
+    const bool missing = read.code() == kFileNotFound;
     return missing ? Outcome() : std::move(read).With("File: ", path);
   }
   ProfileReading reading = ReadProfileText(text, code_pages);
@@ -108,7 +108,7 @@ Outcome SaveProfile(Files& files, CodePages& code_pages, const std::string& path
                     const std::vector<ProfileRecord>& records) {
   if (!records.empty()) return files.Replace(path, ProfileText(records, code_pages));
   Outcome erased = files.EraseFile(path);
-  return erased.number() == kFileNotFound ? Outcome() : erased;
+  return erased.code() == kFileNotFound ? Outcome() : erased;
 }
 
 }  // namespace scourwell

@@ -59,7 +59,7 @@ class Finder {
     --left_;
     DirEntry entry;
     const Outcome found = files_.Stat(path, &entry);
-    if (found.number() == kDiskNotReady) left_ = 0;
+    if (found.code() == kDiskNotReady) left_ = 0;
     return found.ok() && !entry.IsFolder();
   }
 

@@ -23,7 +23,7 @@ bool IsPlainName(const std::string& name) {
 Outcome EraseEvenReadOnly(Files& files, const std::string& path) {
   DirEntry entry;
   Outcome done = files.Stat(path, &entry);
-  if (done.number() == kFileNotFound || done.number() == kPathNotFound) return {};
+  if (done.code() == kFileNotFound || done.code() == kPathNotFound) return {};
   if (done.ok() && entry.attributes & kReadOnly) {
     done = files.SetAttributes(path, entry.attributes & ~std::uint32_t{kReadOnly});
   }
@@ -74,7 +74,7 @@ Outcome StartupLocations::ListShortcuts(const StartupLocation& place, const Visi
     static_cast<void>(needs_.shell.ShortcutArguments(path, &arguments));
     visit({name, AsProgram(target) + (arguments.empty() ? "" : " ") + arguments});
   }
-  return listed.number() == kPathNotFound ? Outcome() : listed;
+  return listed.code() == kPathNotFound ? Outcome() : listed;
 }
 
 Outcome StartupLocations::KeepShortcut(const StartupLocation& place,

@@ -60,7 +60,7 @@ std::string SideFolder(const SystemFolders& folders) {
 Outcome MakeSideFolder(Files& files, const SystemFolders& folders, const char* part) {
   const std::string side = SideFolder(folders);
   for (const std::string& folder : {side, AddPathToFileName(side, part)}) {
-    if (Outcome made = files.CreateFolder(folder); !made.ok() && made.number() != kFileExists) {
+    if (Outcome made = files.CreateFolder(folder); !made.ok() && made.code() != kFileExists) {
       return made;
     }
   }
@@ -116,7 +116,7 @@ std::string WinIniStore::Original(const std::string& key) const {
 Outcome WinIniStore::KeepOriginal(const std::string& key, const std::string& line) const {
   if (line.empty()) {
     Outcome erased = files_.EraseFile(OriginalPath(key));
-    const bool missing = erased.number() == kFileNotFound || erased.number() == kPathNotFound;
+    const bool missing = erased.code() == kFileNotFound || erased.code() == kPathNotFound;
     return missing ? Outcome() : erased;
   }
   if (Outcome made = MakeSideFolder(files_, folders_, kLines); !made.ok()) return made;

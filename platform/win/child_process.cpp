@@ -61,11 +61,7 @@ bool RunAsChild(int* exit_code) {
 
 Outcome ShellWin::StartProcess(const std::string& command_line, WORD show, KernelHandle* process) {
   PROCESS_INFORMATION info = {};
-  if (!calls_.StartProcess(command_line, show, &info)) {
-    const DWORD error = GetLastError();
-    if (error != kNeedsMoreRights) return FailedWith(error);
-    return Outcome::Failed(kNeedsMoreRights, SystemMessage(error));
-  }
+  if (!calls_.StartProcess(command_line, show, &info)) return FailedWith(GetLastError());
   *process = KernelHandle(info.hProcess);
   CloseHandle(info.hThread);
   return {};
@@ -91,7 +87,8 @@ Outcome ShellWin::CallExport(const std::string& library, const std::string& name
   if (code == kNoEntry) return Outcome::Failed(kInvalidCall).With("Library: ", library);
   const auto result = static_cast<HRESULT>(code);
   if (SUCCEEDED(result)) return {};
-  return Outcome::Failed(result, "The component failed or crashed").With("Library: ", library);
+  return Outcome::Failed(ErrorCode::Component(result), "The component failed or crashed")
+      .With("Library: ", library);
 }
 
 // WinExec returns only once the new program waits for input, and names no reason.

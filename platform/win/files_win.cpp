@@ -18,7 +18,7 @@ Outcome WhyNothing(const FileCalls& calls, DWORD code, const std::string& patter
   if (code == ERROR_NO_MORE_FILES || code == NO_ERROR) return {};
   if (code != ERROR_FILE_NOT_FOUND) {
     Outcome failed = FailedWith(code);
-    return failed.number() == kBadFileName ? Outcome::Failed(kPathNotFound) : std::move(failed);
+    return failed.code() == kBadFileName ? Outcome::Failed(kPathNotFound) : std::move(failed);
   }
   const DWORD attributes = calls.Attributes(std::string(FolderPart(pattern)) + "\\");
   if (attributes != kNoAttributes && (attributes & FILE_ATTRIBUTE_DIRECTORY)) return {};
@@ -92,7 +92,7 @@ Outcome FilesWin::Stat(const std::string& path, DirEntry* entry) {
     return Outcome::Failed(kDiskNotReady);
   }
   Outcome failed = FailedWith(code);
-  const bool absent = failed.number() == kPathNotFound || failed.number() == kBadFileName;
+  const bool absent = failed.code() == kPathNotFound || failed.code() == kBadFileName;
   return absent ? Outcome::Failed(kFileNotFound) : std::move(failed);
 }
 

@@ -1,5 +1,7 @@
 #include "platform/win/win_error.h"
 
+#include <optional>
+
 #include "platform/win/system_calls.h"
 
 namespace scourwell {
@@ -7,7 +9,7 @@ namespace {
 
 struct Mapping {
   DWORD code;
-  int number;
+  ErrorNumber number;
 };
 
 constexpr Mapping kMappings[] = {
@@ -26,14 +28,14 @@ constexpr Mapping kMappings[] = {
     {ERROR_HANDLE_EOF, kPastEndOfFile},        {ERROR_INVALID_PARAMETER, kInvalidCall},
 };
 
-}  // namespace
-
-int ClassicNumber(DWORD code) {
+std::optional<ErrorNumber> ClassicNumber(DWORD code) {
   for (const Mapping& mapping : kMappings) {
     if (mapping.code == code) return mapping.number;
   }
-  return static_cast<int>(code);
+  return std::nullopt;
 }
+
+}  // namespace
 
 std::string SystemMessage(DWORD code) {
   std::string text = RunningSystemCalls().MessageOf(code);
@@ -43,10 +45,10 @@ std::string SystemMessage(DWORD code) {
 
 Outcome FailedWith(DWORD code) {
   if (code == 0) return Outcome::Failed(kDeviceError);  // it failed without saying why
-  const int number = ClassicNumber(code);
-  if (number != static_cast<int>(code)) return Outcome::Failed(number);
+  if (const auto number = ClassicNumber(code)) return Outcome::Failed(*number);
   const std::string message = SystemMessage(code);
-  return message.empty() ? Outcome::Failed(number) : Outcome::Failed(number, message);
+  return message.empty() ? Outcome::Failed(ErrorCode::System(code))
+                         : Outcome::Failed(ErrorCode::System(code), message);
 }
 
 }  // namespace scourwell

@@ -138,7 +138,7 @@ TEST_SUITE("contract_archive") {
     CHECK(p.Restore().kept.empty());
     CHECK(p.Content("Spy Ware\\sub\\text.dat") == "text");
     DirEntry entry;
-    CHECK(p.Stat("Spy Ware\\sub\\text.dat", &entry) == 0);
+    CHECK(p.Stat("Spy Ware\\sub\\text.dat", &entry) == kNoError);
     CHECK((entry.attributes & kCompared) == kSystem);
   }
 }

@@ -22,8 +22,8 @@ TEST_SUITE("contract_file_changes") {
     CHECK(read(10, 5) == "");
     CHECK(read(5'000'000'000, 5) == "");
     std::unique_ptr<FileReader> none;
-    CHECK(disk.files.OpenReader(disk.Path("none"), &none).number() == kFileNotFound);
-    CHECK(disk.files.OpenReader(disk.Path("none\\x"), &none).number() == kPathNotFound);
+    CHECK(disk.files.OpenReader(disk.Path("none"), &none).code() == kFileNotFound);
+    CHECK(disk.files.OpenReader(disk.Path("none\\x"), &none).code() == kPathNotFound);
     disk.machine->MakeFolder(disk.Path("folder"));
     CHECK_FALSE(disk.files.OpenReader(disk.Path("folder"), &none).ok());
     CHECK(none == nullptr);
@@ -48,7 +48,7 @@ TEST_SUITE("contract_file_changes") {
     writer.reset();
     CHECK(disk.Content("file").size() == 6);
     CHECK(disk.Names("*.*") == "file ");
-    CHECK(disk.files.OpenWriter(disk.Path("none\\x"), &writer).number() == kPathNotFound);
+    CHECK(disk.files.OpenWriter(disk.Path("none\\x"), &writer).code() == kPathNotFound);
     CHECK(writer == nullptr);
   }
 
@@ -56,13 +56,13 @@ TEST_SUITE("contract_file_changes") {
     OnDisk disk;
     CHECK(disk.files.CreateFolder(disk.Path("folder")).ok());
     DirEntry entry;
-    CHECK(disk.Stat("folder", &entry) == 0);
+    CHECK(disk.Stat("folder", &entry) == kNoError);
     CHECK(entry.IsFolder());
-    CHECK(disk.files.CreateFolder(disk.Path("FOLDER")).number() == kFileExists);
-    CHECK(disk.files.CreateFolder(disk.Path("none\\x")).number() == kPathNotFound);
+    CHECK(disk.files.CreateFolder(disk.Path("FOLDER")).code() == kFileExists);
+    CHECK(disk.files.CreateFolder(disk.Path("none\\x")).code() == kPathNotFound);
     disk.Make("folder\\file", "x");
-    CHECK(disk.files.CreateFolder(disk.Path("folder\\file")).number() == kFileExists);
-    CHECK(disk.files.RemoveFolder(disk.Path("folder")).number() == kPathFileAccess);
+    CHECK(disk.files.CreateFolder(disk.Path("folder\\file")).code() == kFileExists);
+    CHECK(disk.files.RemoveFolder(disk.Path("folder")).code() == kPathFileAccess);
     CHECK_FALSE(disk.files.RemoveFolder(disk.Path("folder\\file")).ok());
     CHECK(disk.Content("folder\\file") == "x");
     CHECK(disk.files.EraseFile(disk.Path("folder\\file")).ok());
@@ -75,10 +75,10 @@ TEST_SUITE("contract_file_changes") {
     disk.Make("a.txt", "a");
     disk.Make("b.txt", "b");
     disk.machine->MakeFolder(disk.Path("folder"));
-    CHECK(disk.files.Move(disk.Path("a.txt"), disk.Path("B.TXT")).number() == kFileExists);
-    CHECK(disk.files.Move(disk.Path("a.txt"), disk.Path("folder")).number() == kFileExists);
-    CHECK(disk.files.Move(disk.Path("none"), disk.Path("c.txt")).number() == kFileNotFound);
-    CHECK(disk.files.Move(disk.Path("a.txt"), disk.Path("none\\c.txt")).number() == kPathNotFound);
+    CHECK(disk.files.Move(disk.Path("a.txt"), disk.Path("B.TXT")).code() == kFileExists);
+    CHECK(disk.files.Move(disk.Path("a.txt"), disk.Path("folder")).code() == kFileExists);
+    CHECK(disk.files.Move(disk.Path("none"), disk.Path("c.txt")).code() == kFileNotFound);
+    CHECK(disk.files.Move(disk.Path("a.txt"), disk.Path("none\\c.txt")).code() == kPathNotFound);
     CHECK(disk.Content("a.txt") + disk.Content("b.txt") == "ab");
     CHECK(disk.files.Move(disk.Path("a.txt"), disk.Path("folder\\A new name.text")).ok());
     CHECK(disk.Content("folder\\a new name.text") == "a");
@@ -96,7 +96,7 @@ TEST_SUITE("contract_file_changes") {
     for (const std::uint32_t bits : {kReadOnly | kHidden, kSystem + 0u, 0u}) {
       CAPTURE(bits);
       CHECK(disk.files.SetAttributes(disk.Path("file"), bits | kFolder | kLink).ok());
-      CHECK(disk.Stat("file", &entry) == 0);
+      CHECK(disk.Stat("file", &entry) == kNoError);
       CHECK((entry.attributes & kCompared) == bits);
     }
     const FileTimes times = {125'000'000'000'000'000, 127'000'000'000'000'000,
@@ -105,12 +105,12 @@ TEST_SUITE("contract_file_changes") {
       CAPTURE(std::string(name));
       CHECK(disk.files.SetTimes(disk.Path(name), times).ok());
       CHECK(disk.files.SetTimes(disk.Path(name), {0, 0, 0}).ok());
-      CHECK(disk.Stat(name, &entry) == 0);
+      CHECK(disk.Stat(name, &entry) == kNoError);
       CHECK(entry.modified == times.modified);
       CHECK(entry.accessed == times.accessed);
     }
-    CHECK(disk.files.SetAttributes(disk.Path("none"), 0).number() == kFileNotFound);
-    CHECK(disk.files.SetTimes(disk.Path("none"), times).number() == kFileNotFound);
+    CHECK(disk.files.SetAttributes(disk.Path("none"), 0).code() == kFileNotFound);
+    CHECK(disk.files.SetTimes(disk.Path("none"), times).code() == kFileNotFound);
   }
 
   TEST_CASE("a held folder stays where it is, and what lies in it may change") {
@@ -118,8 +118,8 @@ TEST_SUITE("contract_file_changes") {
     disk.machine->MakeFolder(disk.Path("folder"));
     disk.Make("file", "x");
     std::unique_ptr<FolderHold> hold;
-    CHECK(disk.files.HoldFolder(disk.Path("none"), &hold).number() == kFileNotFound);
-    CHECK(disk.files.HoldFolder(disk.Path("file"), &hold).number() == kPathNotFound);
+    CHECK(disk.files.HoldFolder(disk.Path("none"), &hold).code() == kFileNotFound);
+    CHECK(disk.files.HoldFolder(disk.Path("file"), &hold).code() == kPathNotFound);
     CHECK(disk.files.HoldFolder(disk.root.substr(0, 3), &hold).ok());
     REQUIRE(disk.files.HoldFolder(disk.Path("folder"), &hold).ok());
     CHECK_FALSE(disk.files.Move(disk.Path("folder"), disk.Path("moved")).ok());

@@ -51,7 +51,7 @@ TEST_SUITE("contract_files") {
     disk.Make("fixed");
     disk.machine->SetAttributes(disk.root + "fixed", kReadOnly);
     std::vector<DirEntry> entries;
-    CHECK(disk.List("*.*", &entries) == 0);
+    CHECK(disk.List("*.*", &entries) == kNoError);
     constexpr std::uint32_t kCompared = kReadOnly | kHidden | kSystem | kFolder;
     std::map<std::string, std::pair<std::uint32_t, std::uint64_t>> found;
     for (const DirEntry& listed : entries) {
@@ -59,7 +59,7 @@ TEST_SUITE("contract_files") {
       found[listed.name] = {listed.attributes & kCompared, listed.size};
       CHECK(listed.modified != 0);
       DirEntry alone;
-      CHECK(disk.Stat(listed.name, &alone) == 0);
+      CHECK(disk.Stat(listed.name, &alone) == kNoError);
       CHECK(alone.name == listed.name);
       CHECK(alone.attributes == listed.attributes);
       CHECK(alone.size == listed.size);
@@ -100,7 +100,7 @@ TEST_SUITE("contract_files") {
     // Not every volume of the NT family holds halves of pairs.
     DirEntry entry;
     disk.Make(names[3]);
-    if (disk.Stat(names[3], &entry) != 0) names.erase(names.begin() + 3);
+    if (disk.Stat(names[3], &entry) != kNoError) names.erase(names.begin() + 3);
     for (const std::string& parent : parents) {
       CAPTURE(parent);
       for (std::size_t end = parent.find('\\'); end != parent.npos;
@@ -109,7 +109,7 @@ TEST_SUITE("contract_files") {
       }
       for (const std::string& name : names) disk.Make(parent + name, parent + name);
       std::vector<DirEntry> entries;
-      CHECK(disk.List(parent + "*.*", &entries) == 0);
+      CHECK(disk.List(parent + "*.*", &entries) == kNoError);
       std::size_t files = 0;
       for (const DirEntry& listed : entries) {
         files += static_cast<std::size_t>(std::count(names.begin(), names.end(), listed.name));
@@ -141,7 +141,7 @@ TEST_SUITE("contract_files") {
                                      "aux.long"};
     for (const std::string& name : made) disk.Make(name, name);
     std::vector<DirEntry> entries;
-    REQUIRE(disk.List("*.*", &entries) == 0);
+    REQUIRE(disk.List("*.*", &entries) == kNoError);
     std::vector<std::string> reached;
     for (const DirEntry& entry : entries) {
       CAPTURE(entry.name);
@@ -176,11 +176,11 @@ TEST_SUITE("contract_files") {
       CAPTURE(std::string(name));
       CHECK(disk.Stat(name, &entry) == kFileNotFound);
     }
-    CHECK(disk.Stat(std::string(300, 'x'), &entry) != 0);
+    CHECK(disk.Stat(std::string(300, 'x'), &entry) != kNoError);
     CHECK(entry.name == "untouched");
     CHECK(disk.files.Stat(disk.root.substr(0, 3), &entry).ok());  // a root
     CHECK(entry.IsFolder());
-    CHECK(disk.Stat("FILE", &entry) == 0);
+    CHECK(disk.Stat("FILE", &entry) == kNoError);
     CHECK(entry.name == "file");
   }
 
@@ -189,14 +189,14 @@ TEST_SUITE("contract_files") {
     disk.machine->MakeFolder(disk.root + "A long folder name");
     disk.Make("A long folder name\\some long file name.text", "1234567");
     std::vector<DirEntry> entries;
-    CHECK(disk.List("A long folder name\\*.*", &entries) == 0);
+    CHECK(disk.List("A long folder name\\*.*", &entries) == kNoError);
     REQUIRE(entries.size() == 1);
     const std::string short_name = entries[0].short_name;
     if (!short_name.empty()) {
       CHECK(short_name.size() <= 12);
       CHECK(disk.Names("A long folder name\\" + short_name) == "some long file name.text ");
       DirEntry entry;
-      CHECK(disk.Stat("A long folder name\\" + short_name, &entry) == 0);
+      CHECK(disk.Stat("A long folder name\\" + short_name, &entry) == kNoError);
       CHECK(entry.name == "some long file name.text");
     }
     const std::string path =
@@ -208,7 +208,7 @@ TEST_SUITE("contract_files") {
     CHECK(disk.files.ShortPath(disk.root + "none") == "");
     CHECK(disk.files.ShortPath(disk.root + "*") == "");
     disk.Make("short.txt");
-    CHECK(disk.List("short.txt", &entries) == 0);
+    CHECK(disk.List("short.txt", &entries) == kNoError);
     CHECK(entries.back().short_name == "");
   }
 
@@ -218,8 +218,8 @@ TEST_SUITE("contract_files") {
     disk.Make("file", bytes);
     disk.machine->MakeFolder(disk.root + "folder");
     std::string content = "old";
-    CHECK(disk.files.Read(disk.root + "none", 100, &content).number() == kFileNotFound);
-    CHECK(disk.files.Read(disk.root + "file", 7, &content).number() == kOutOfMemory);
+    CHECK(disk.files.Read(disk.root + "none", 100, &content).code() == kFileNotFound);
+    CHECK(disk.files.Read(disk.root + "file", 7, &content).code() == kOutOfMemory);
     CHECK_FALSE(disk.files.Read(disk.root + "folder", 100, &content).ok());
     CHECK(content == "old");
     CHECK(disk.files.Read(disk.root + "FILE", 8, &content).ok());
@@ -262,8 +262,8 @@ TEST_SUITE("contract_files") {
       FAIL_CHECK("visited");
       return true;
     };
-    CHECK(disk.files.ReadBlocks(disk.root + "none", fail).number() == kFileNotFound);
-    CHECK(disk.files.ReadBlocks(disk.root + "none\\x", fail).number() == kPathNotFound);
+    CHECK(disk.files.ReadBlocks(disk.root + "none", fail).code() == kFileNotFound);
+    CHECK(disk.files.ReadBlocks(disk.root + "none\\x", fail).code() == kPathNotFound);
     CHECK_FALSE(disk.files.ReadBlocks(disk.root + "folder", fail).ok());
   }
 
@@ -272,7 +272,7 @@ TEST_SUITE("contract_files") {
     CHECK(disk.files.Append(disk.root + "log", "one\r\n").ok());
     CHECK(disk.files.Append(disk.root + "log", std::string("\0two", 4)).ok());
     CHECK(disk.Content("log") == std::string("one\r\n\0two", 9));
-    CHECK(disk.files.Append(disk.root + "none\\log", "x").number() == kPathNotFound);
+    CHECK(disk.files.Append(disk.root + "none\\log", "x").code() == kPathNotFound);
     disk.machine->SetAttributes(disk.root + "log", kReadOnly);
     // Wine lets the superuser write all the same.
     const bool appended = disk.files.Append(disk.root + "log", "x").ok();
@@ -285,7 +285,7 @@ TEST_SUITE("contract_files") {
     CHECK(disk.files.Replace(disk.root + "FILE.ini", "2nd").ok());
     CHECK(disk.Content("file.ini") == "2nd");
     CHECK(disk.Names("*.*").size() == 9);  // one name and a blank
-    CHECK(disk.files.Replace(disk.root + "none\\file", "x").number() == kPathNotFound);
+    CHECK(disk.files.Replace(disk.root + "none\\file", "x").code() == kPathNotFound);
     disk.machine->SetAttributes(disk.root + "file.ini", kReadOnly);
     const bool replaced = disk.files.Replace(disk.root + "file.ini", "third").ok();
     CHECK(disk.Content("file.ini") == (replaced ? "third" : "2nd"));
@@ -302,8 +302,8 @@ TEST_SUITE("contract_files") {
     disk.machine->SetAttributes(disk.root + "fixed", kReadOnly);
     disk.machine->MakeFolder(disk.root + "folder");
     CHECK(disk.files.EraseFile(disk.root + "FILE").ok());
-    CHECK(disk.files.EraseFile(disk.root + "file").number() == kFileNotFound);
-    CHECK(disk.files.EraseFile(disk.root + "fixed").number() == kPermissionDenied);
+    CHECK(disk.files.EraseFile(disk.root + "file").code() == kFileNotFound);
+    CHECK(disk.files.EraseFile(disk.root + "fixed").code() == kPermissionDenied);
     CHECK_FALSE(disk.files.EraseFile(disk.root + "folder").ok());
     CHECK(disk.Names("*.*") == "fixed folder ");
     disk.machine->SetAttributes(disk.root + "fixed", 0);

@@ -19,26 +19,26 @@ struct OnDisk {
   void Make(const std::string& name, const std::string& content = {}) {
     machine->MakeFile(root + name, content);
   }
-  int List(const std::string& pattern, std::vector<DirEntry>* entries) {
+  ErrorCode List(const std::string& pattern, std::vector<DirEntry>* entries) {
     const auto keep = [&](const DirEntry& entry) {
       entries->push_back(entry);
       return true;
     };
-    return files.List(root + pattern, keep).number();
+    return files.List(root + pattern, keep).code();
   }
   // The names found, in alphabetical order; "!" and the number of a failure.
   std::string Names(const std::string& pattern) {
     std::vector<DirEntry> entries;
-    const int number = List(pattern, &entries);
+    const ErrorCode code = List(pattern, &entries);
     std::vector<std::string> names;
     for (const DirEntry& entry : entries) names.push_back(entry.name);
     std::sort(names.begin(), names.end());
-    std::string text = number ? "!" + std::to_string(number) + " " : "";
+    std::string text = code ? "!" + std::to_string(code.number()) + " " : "";
     for (const std::string& name : names) text += name + " ";
     return text;
   }
-  int Stat(const std::string& name, DirEntry* entry) {
-    return files.Stat(root + name, entry).number();
+  ErrorCode Stat(const std::string& name, DirEntry* entry) {
+    return files.Stat(root + name, entry).code();
   }
   std::string Content(const std::string& name) {
     std::string content = "(none)";

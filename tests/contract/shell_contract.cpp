@@ -20,7 +20,7 @@ TEST_SUITE("contract_shell") {
     CHECK(text == target);
     CHECK(shell.ShortcutArguments(link, &text).ok());
     CHECK(text == "/x \"y z\" %1");
-    CHECK(shell.CreateShortcut(link, "C:\\other.exe", "").number() == kFileExists);
+    CHECK(shell.CreateShortcut(link, "C:\\other.exe", "").code() == kFileExists);
     CHECK(shell.ShortcutTarget(link, &text).ok());
     CHECK(text == target);
     CHECK_FALSE(shell.CreateShortcut(machine->folder() + "\\none\\x.lnk", target, "").ok());
@@ -38,7 +38,7 @@ TEST_SUITE("contract_shell") {
 
   TEST_CASE("a help file that is not there is refused") {
     const auto machine = NewContractMachine();
-    CHECK(machine->shell().ShowHelp(machine->folder() + "\\none.chm", "index.html").number() ==
+    CHECK(machine->shell().ShowHelp(machine->folder() + "\\none.chm", "index.html").code() ==
           kFileNotFound);
   }
 

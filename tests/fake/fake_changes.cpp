@@ -68,14 +68,16 @@ class FakeWriter : public FileWriter {
   FakeWriter(FakeFiles& files, std::string path) : files_(files), path_(std::move(path)) {}
 
   Outcome Write(std::string_view bytes) override {
-    if (const int fault = files_.BeginChange("Write " + path_)) return Outcome::Failed(fault);
+    if (const ErrorCode fault = files_.BeginChange("Write " + path_)) return Outcome::Failed(fault);
     if (bytes.size() > files_.free_space) return Outcome::Failed(kDiskFull);
     files_.free_space -= bytes.size();
     content_ += bytes;
     return {};
   }
   Outcome Commit() override {
-    if (const int fault = files_.BeginChange("Commit " + path_)) return Outcome::Failed(fault);
+    if (const ErrorCode fault = files_.BeginChange("Commit " + path_)) {
+      return Outcome::Failed(fault);
+    }
     return files_.Write(path_, [&](Node& node) { node.content = content_; });
   }
 
@@ -86,7 +88,7 @@ class FakeWriter : public FileWriter {
 };
 
 Outcome FakeFiles::OpenReader(const std::string& path, std::unique_ptr<FileReader>* reader) {
-  if (const int fault = Begin("OpenReader " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = Begin("OpenReader " + path)) return Outcome::Failed(fault);
   const std::string* found = nullptr;
   if (Outcome opened = Open(path, &found); !opened.ok()) return opened;
   *reader = std::make_unique<FakeReader>(*found);
@@ -94,7 +96,7 @@ Outcome FakeFiles::OpenReader(const std::string& path, std::unique_ptr<FileReade
 }
 
 Outcome FakeFiles::OpenWriter(const std::string& path, std::unique_ptr<FileWriter>* writer) {
-  if (const int fault = BeginChange("OpenWriter " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = BeginChange("OpenWriter " + path)) return Outcome::Failed(fault);
   const Place place = Walk(path.substr(0, path.rfind('\\')) + "\\", true);
   if (!place.node || !place.node->IsFolder()) return Outcome::Failed(kPathNotFound);
   if (place.node->refuses) return Outcome::Failed(kPermissionDenied);
@@ -103,7 +105,7 @@ Outcome FakeFiles::OpenWriter(const std::string& path, std::unique_ptr<FileWrite
 }
 
 Outcome FakeFiles::CreateFolder(const std::string& path) {
-  if (const int fault = BeginChange("CreateFolder " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = BeginChange("CreateFolder " + path)) return Outcome::Failed(fault);
   const Place place = Walk(path, false);
   if (place.node) return Outcome::Failed(kFileExists);
   if (place.error != kFileNotFound) return Outcome::Failed(place.error);
@@ -113,7 +115,7 @@ Outcome FakeFiles::CreateFolder(const std::string& path) {
 }
 
 Outcome FakeFiles::RemoveFolder(const std::string& path) {
-  if (const int fault = BeginChange("RemoveFolder " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = BeginChange("RemoveFolder " + path)) return Outcome::Failed(fault);
   const Place place = Walk(path, false);
   if (!place.node) return Outcome::Failed(place.error);
   if (!place.node->IsFolder()) return Outcome::Failed(kPathNotFound);
@@ -127,7 +129,9 @@ Outcome FakeFiles::RemoveFolder(const std::string& path) {
 }
 
 Outcome FakeFiles::Move(const std::string& from, const std::string& to) {
-  if (const int fault = BeginChange("Move " + from + " > " + to)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = BeginChange("Move " + from + " > " + to)) {
+    return Outcome::Failed(fault);
+  }
   const Place source = Walk(from, false);
   if (!source.node) return Outcome::Failed(source.error);
   const Place target = Walk(to, false);
@@ -147,7 +151,7 @@ Outcome FakeFiles::Move(const std::string& from, const std::string& to) {
 }
 
 Outcome FakeFiles::SetAttributes(const std::string& path, std::uint32_t attributes) {
-  if (const int fault = BeginChange("Attributes " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = BeginChange("Attributes " + path)) return Outcome::Failed(fault);
   const Place place = Walk(path, false);
   if (!place.node) return Outcome::Failed(place.error);
   if (place.node->error) return Outcome::Failed(place.node->error);
@@ -156,7 +160,7 @@ Outcome FakeFiles::SetAttributes(const std::string& path, std::uint32_t attribut
 }
 
 Outcome FakeFiles::SetTimes(const std::string& path, const FileTimes& times) {
-  if (const int fault = BeginChange("Times " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = BeginChange("Times " + path)) return Outcome::Failed(fault);
   const Place place = Walk(path, true);
   if (!place.node) return Outcome::Failed(place.error);
   if (times.created) place.node->created = times.created;
@@ -166,7 +170,7 @@ Outcome FakeFiles::SetTimes(const std::string& path, const FileTimes& times) {
 }
 
 Outcome FakeFiles::HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) {
-  if (const int fault = Begin("Hold " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = Begin("Hold " + path)) return Outcome::Failed(fault);
   const Place place = Walk(path, false);
   if (!place.node) return Outcome::Failed(place.error);
   if (!place.node->IsFolder()) return Outcome::Failed(kPathNotFound);

@@ -87,13 +87,13 @@ std::size_t FakeFiles::Count(std::string_view beginning) const {
                     [&](const std::string& call) { return call.starts_with(beginning); }));
 }
 
-int FakeFiles::Begin(const std::string& call) {
+ErrorCode FakeFiles::Begin(const std::string& call) {
   journal.push_back(call);
   const auto fault = faults.find(call);
-  return fault == faults.end() ? 0 : fault->second;
+  return fault == faults.end() ? ErrorCode() : fault->second;
 }
 
-int FakeFiles::BeginChange(const std::string& call) {
+ErrorCode FakeFiles::BeginChange(const std::string& call) {
   if (before_change) before_change();
   if (++changes == failing_change) {
     journal.push_back("Failing " + call);
@@ -144,7 +144,7 @@ FakeFiles::Place FakeFiles::Walk(const std::string& path, bool follow_last, int 
 }
 
 Outcome FakeFiles::List(const std::string& pattern, const Visit& visit) {
-  if (const int fault = Begin("List " + pattern)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = Begin("List " + pattern)) return Outcome::Failed(fault);
   const std::size_t slash = pattern.rfind('\\');
   if (pattern.size() > kLongestPath || slash == pattern.npos) {
     return Outcome::Failed(kPathNotFound);
@@ -171,7 +171,7 @@ Outcome FakeFiles::List(const std::string& pattern, const Visit& visit) {
 }
 
 Outcome FakeFiles::Stat(const std::string& path, DirEntry* entry) {
-  if (const int fault = Begin("Stat " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = Begin("Stat " + path)) return Outcome::Failed(fault);
   const Place place = Walk(path, false);
   if (!place.node) {
     const bool absent = place.error == kPathNotFound && path.size() <= kLongestPath;
@@ -192,7 +192,7 @@ Outcome FakeFiles::Open(const std::string& path, const std::string** content) {
 }
 
 Outcome FakeFiles::Read(const std::string& path, std::uint64_t limit, std::string* content) {
-  if (const int fault = Begin("Read " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = Begin("Read " + path)) return Outcome::Failed(fault);
   const std::string* found = nullptr;
   if (Outcome opened = Open(path, &found); !opened.ok()) return opened;
   if (found->size() > limit) return Outcome::Failed(kOutOfMemory);
@@ -201,7 +201,7 @@ Outcome FakeFiles::Read(const std::string& path, std::uint64_t limit, std::strin
 }
 
 Outcome FakeFiles::ReadBlocks(const std::string& path, const VisitBlock& visit) {
-  if (const int fault = Begin("ReadBlocks " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = Begin("ReadBlocks " + path)) return Outcome::Failed(fault);
   const std::string* found = nullptr;
   if (Outcome opened = Open(path, &found); !opened.ok()) return opened;
   const std::string content = *found;  // the visit may change the file
@@ -230,17 +230,17 @@ Outcome FakeFiles::Write(const std::string& path, const std::function<void(Node&
 }
 
 Outcome FakeFiles::Append(const std::string& path, std::string_view text) {
-  if (const int fault = BeginChange("Append " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = BeginChange("Append " + path)) return Outcome::Failed(fault);
   return Write(path, [&](Node& node) { node.content.append(text); });
 }
 
 Outcome FakeFiles::Replace(const std::string& path, std::string_view text) {
-  if (const int fault = BeginChange("Replace " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = BeginChange("Replace " + path)) return Outcome::Failed(fault);
   return Write(path, [&](Node& node) { node.content = text; });
 }
 
 Outcome FakeFiles::EraseFile(const std::string& path) {
-  if (const int fault = BeginChange("Erase " + path)) return Outcome::Failed(fault);
+  if (const ErrorCode fault = BeginChange("Erase " + path)) return Outcome::Failed(fault);
   const Place place = Walk(path, false);
   if (!place.node) return Outcome::Failed(place.error);
   if (place.node->error) return Outcome::Failed(place.node->error);

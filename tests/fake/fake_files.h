@@ -23,7 +23,7 @@ struct Node {
   FileTime accessed = 0;
   FileTime created = 0;
   int holds = 0;         // so many hold the folder in its place
-  int error = 0;         // listing a folder, reading and changing a file end with it
+  ErrorCode error;       // listing a folder, reading and changing a file end with it
   bool locked = false;   // in use: neither read, changed nor deleted
   bool refuses = false;  // a folder in which nothing can be written
   int showings = -1;     // so many listings show it, then it is gone
@@ -41,8 +41,8 @@ struct Node {
     return *this;
   }
   Node& Denied() { return Fails(kPermissionDenied); }
-  Node& Fails(int number) {
-    error = number;
+  Node& Fails(ErrorCode code) {
+    error = code;
     return *this;
   }
   Node& Locked() {
@@ -74,12 +74,13 @@ bool ListingMatches(std::string_view pattern, std::string_view name);
 
 class FakeFiles : public Files {
  public:
-  std::vector<std::string> journal;   // "List C:\*.*", "Read C:\x", ... in the order of the calls
-  std::map<std::string, int> faults;  // a journal line and the error that such a call ends with
-  bool short_names = true;            // volumes have 8.3 names
-  std::size_t changes = 0;            // writes, renames, deletions and the like so far
-  std::size_t failing_change = 0;     // the one that fails; 0: none
-  int change_error = kDiskFull;       // with this
+  std::vector<std::string> journal;  // "List C:\*.*", "Read C:\x", ... in the order of the calls
+  std::map<std::string, ErrorCode>
+      faults;                          // a journal line and the error that such a call ends with
+  bool short_names = true;             // volumes have 8.3 names
+  std::size_t changes = 0;             // writes, renames, deletions and the like so far
+  std::size_t failing_change = 0;      // the one that fails; 0: none
+  ErrorCode change_error = kDiskFull;  // with this
   std::function<void()> before_change;
   std::uint64_t free_space = ~0ull;  // bytes that writers can still write
 
@@ -122,12 +123,12 @@ class FakeFiles : public Files {
     Node* node = nullptr;
     std::string name;
     std::string short_path;
-    int error = 0;
+    ErrorCode error;
   };
 
   friend class FakeWriter;
-  int Begin(const std::string& call);
-  int BeginChange(const std::string& call);
+  ErrorCode Begin(const std::string& call);
+  ErrorCode BeginChange(const std::string& call);
   Place Walk(const std::string& path, bool follow_last, int links_left = 20);
   Outcome Open(const std::string& path, const std::string** content);
   Outcome Write(const std::string& path, const std::function<void(Node&)>& change);

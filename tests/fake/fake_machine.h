@@ -136,10 +136,10 @@ class FakeShell : public Shell {
 
   std::vector<std::string> journal;  // "Message text/title", "Open path", ...
   std::function<void(const std::string& command)> on_run;
-  int call_error = 0;   // what calling an export ends with
-  int open_error = 0;   // what opening a document ends with
-  int start_error = 0;  // what starting a command line ends with
-  int help_error = 0;   // what showing a page of a help file ends with
+  ErrorCode call_error;   // what calling an export ends with
+  ErrorCode open_error;   // what opening a document ends with
+  ErrorCode start_error;  // what starting a command line ends with
+  ErrorCode help_error;   // what showing a page of a help file ends with
 
   Outcome Open(const std::string& path) override {
     static_cast<void>(Note("Open " + path));
@@ -187,7 +187,7 @@ class FakeProcesses : public Processes {
  public:
   std::vector<ProcessEntry> running;
   std::string asked;  // "status" or "snapshot"
-  int error = 0;      // what a listing ends with, after half of the processes
+  ErrorCode error;    // what a listing ends with, after half of the processes
 
   Outcome ListByStatus(const Visit& visit) override { return List("status", visit); }
   Outcome ListBySnapshot(const Visit& visit) override { return List("snapshot", visit); }
