@@ -31,7 +31,7 @@ class COpSysInfo {
   bool IsWin98() const { return win_98_; }
   bool IsWinME() const { return win_me_; }
   // "Windows 95", "Windows 98", "Windows Me", "Windows NT", "Windows 2000", "Windows XP", or
-  // empty when the system is none of them.
+  // empty when the system is none of them. For showing only: decisions ask the predicates above.
   std::string Platform() const;
   // E.g. "Windows XP v5.1, Build 2600".
   std::string Version() const;

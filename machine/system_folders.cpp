@@ -25,7 +25,7 @@ std::string Bare(std::string_view path) {
 
 std::string getWindowsFolder(System& system, const COpSysInfo& os) {
   std::string folder(TrimBlanks(TrimNull(system.WindowsFolder())));
-  if (folder.empty()) folder = os.Platform() == "Windows NT" ? "C:\\WINNT" : "C:\\WINDOWS";
+  if (folder.empty()) folder = os.IsWinNT() && !os.IsWin2K() ? "C:\\WINNT" : "C:\\WINDOWS";
   return folder;
 }
 

@@ -120,9 +120,7 @@ void FileRemover::Unregister(const std::string& path) {
 }
 
 bool FileRemover::MovesAtReboot() const {
-  if (!parts_.settings.DeleteAfterReboot) return false;
-  const std::string platform = parts_.os.Platform();
-  return platform == "Windows 2000" || platform == "Windows NT" || platform == "Windows XP";
+  return parts_.settings.DeleteAfterReboot && parts_.os.IsWinNT();
 }
 
 // Windows 95, 98 and Me get each entry before the earlier ones.

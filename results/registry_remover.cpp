@@ -121,11 +121,10 @@ void RegistryRemover::launchRegEditDelete() {
 }
 
 Outcome RegistryRemover::RunEditor() {
-  const std::string platform = parts_.os.Platform();
   std::string editor;
   if (parts_.os.IsWin9x()) {
     editor = parts_.folders.windows + "\\Regedit.exe";
-  } else if (platform == "Windows 2000" || platform == "Windows NT" || platform == "Windows XP") {
+  } else if (parts_.os.IsWinNT()) {
     editor = parts_.folders.system + "\\RegEdt32.exe";
   }
   if (editor.empty()) return {};

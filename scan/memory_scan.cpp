@@ -87,8 +87,7 @@ void MemoryScan::CheckMType(std::size_t index, const std::string& spy) {
   const ProcessEntry& process = tasklist_[index];
   const FoundProcess found = {process.path, process.id};
   parts_.log.Trap("CheckMType", [&] { ReportOnce(parts_.sink, found, spy); });
-  const std::string platform = parts_.os.Platform();
-  if (platform != "Windows XP" && platform != "Windows 2000") return;
+  if (!parts_.os.IsWin2K()) return;
   if (tried_[index] || !parts_.sink.Shows(found)) return;
   tried_[index] = true;
   parts_.log.Trap("KillProcessById", [&] { return End(process); });
