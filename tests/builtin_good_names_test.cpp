@@ -26,7 +26,6 @@ std::string SourceLine(const BuiltInRow& row) {
 std::string Findings(const Source& source) {
   // Names of ordinary words that belong to one program all the same.
   constexpr const char* kKnown[] = {"\"Common Files\\GMT\"", "\"%CF%\\GMT\"",
-                                    "\"Program Files\\Save\\Save.exe\"", "\"%PF%\\Save\\Save.exe\"",
                                     "\"%PF%\\ClockSync\\Sync.exe\""};
   Tool tool;
   std::string& text = tool.disk.files[source.file];

@@ -161,21 +161,21 @@ TEST_SUITE("scan_session") {
 
   TEST_CASE("a withdrawn compiled-in row is not searched, the file's own row of the name is") {
     for (const auto& [own, withdrawn, spies] :
-         Rows<bool, bool, const char*>{{false, false, "Gator/Aureate "},
-                                       {true, false, "Gator/Aureate "},
+         Rows<bool, bool, const char*>{{false, false, "BonziBuddy/Aureate "},
+                                       {true, false, "BonziBuddy/Aureate "},
                                        {false, true, ""},
                                        {true, true, "Own/Own "}}) {
       CAPTURE(own);
       CAPTURE(withdrawn);
       Session s;
       s.m.File("D:\\sub\\anadsc.ocx");
-      s.m.Folder("D:\\sub\\Gator.com");
+      s.m.Folder("D:\\sub\\BonziBUDDY");
       if (own) {
         s.definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"Own", "ANADSC.OCX"})
-            .Entry("SAFO", {"SAFOT", "SAFOS"}, {"Own", "gator.com"});
+            .Entry("SAFO", {"SAFOT", "SAFOS"}, {"Own", "bonzibuddy"});
       }
       if (withdrawn) {
-        s.definitions.Value("REMO", "0REMENT", "AnAdsc.ocx").Value("REMO", "1REMENT", "GATOR.COM");
+        s.definitions.Value("REMO", "0REMENT", "AnAdsc.ocx").Value("REMO", "1REMENT", "BONZIBUDDY");
       }
       s.WriteDefinitions();
       s.session.ScanFolder("D:\\sub");
@@ -191,14 +191,14 @@ TEST_SUITE("scan_session") {
         {&AppSettings::BHO, {"H", "Hijacker.CnsMin", "Hijacker.HuntBar"}},
         {&AppSettings::KeyLoggers,
          {"K", "Keylogger.Perfect Keylogger", "Keylogger.Family Keylogger"}},
-        {&AppSettings::SpywareAdware, {"S", "Aureate", "Gator"}}};
+        {&AppSettings::SpywareAdware, {"S", "Aureate", "BonziBuddy"}}};
     for (const auto& [off, unused] : kCategories) {
       Session s;
       for (const char* file :
            {"MSREXE.EXE", "RINGRING1.EXE", "cnsmin.dll", "bpkhk.dll", "anadsc.ocx"}) {
         s.m.File(std::string("D:\\") + file);
       }
-      for (const char* folder : {"HOT Dialer", "HuntBar", "Family Keylogger", "Gator.com"}) {
+      for (const char* folder : {"HOT Dialer", "HuntBar", "Family Keylogger", "BonziBUDDY"}) {
         s.m.Folder(std::string("D:\\") + folder);
       }
       s.settings.*off = false;

@@ -83,7 +83,7 @@ expect 0 wine build 'C:\sources' -o 'C:\a.ref'
 cmp -s "$work/a.ref" "$prefix/drive_c/a.ref" || complain "the Windows build made another file"
 expect 0 wine dump 'C:\a.ref'
 cmp -s "$work/out" "$work/dump.txt" || complain "the Windows build dumped something else"
-expect 1 wine match 'C:\a.ref' spyaxe.exe
+expect 1 wine match 'C:\a.ref' 'SpyAxe\spyaxe.exe'
 WINEPREFIX=$prefix "$project/scripts/wine" --kill
 
 exit $((failures > 0))
