@@ -103,8 +103,20 @@ std::vector<Listed> MakeCatalogue() {
   return all;
 }
 
-constexpr std::string_view kFamilyNames[kFamilies] = {
-    "trojans", "dialers", "hijackers", "keyloggers", "spyware", "cookies", "withdrawn", "release"};
+constexpr std::string_view kFamilyNames[kFamilies] = {"trojans",    "dialers", "hijackers",
+                                                      "keyloggers", "spyware", "cookies",
+                                                      "withdrawn",  "release", "categories"};
+
+struct Prefix {
+  std::string_view text;
+  Family family;
+};
+constexpr Prefix kPrefixes[] = {
+    {"Trojan.", Family::Trojans},       {"Worm.", Family::Trojans},
+    {"Backdoor.", Family::Trojans},     {"Virus.", Family::Trojans},
+    {"Dialer.", Family::Dialers},       {"Hijacker.", Family::Hijackers},
+    {"Keylogger.", Family::KeyLoggers},
+};
 
 // In the order of Kind.
 constexpr std::string_view kKindWords[] = {
@@ -150,7 +162,8 @@ std::optional<std::uint8_t> FindCount(std::string_view key) {
 
 std::optional<std::uint8_t> SequenceFor(Kind kind, Family family) {
   if ((kind == Kind::Withdrawn) != (family == Family::Withdrawn)) return std::nullopt;
-  if (family == Family::Release || (family == Family::Cookies && kind != Kind::Cookie)) {
+  if (family == Family::Release || family == Family::Categories ||
+      (family == Family::Cookies && kind != Kind::Cookie)) {
     return std::nullopt;
   }
   const std::span<const Listed> all = Catalogue();
@@ -170,6 +183,19 @@ std::optional<Family> FindFamily(std::string_view name) {
     if (EqualsNoCase(kFamilyNames[i], name)) return static_cast<Family>(i);
   }
   return std::nullopt;
+}
+
+Family FamilyByName(std::string_view spy) {
+  for (const Prefix& prefix : kPrefixes) {
+    if (StartsWithNoCase(spy, prefix.text)) return prefix.family;
+  }
+  return Family::Spyware;
+}
+
+Family FamilyOf(const Listed& listed, std::string_view spy) {
+  if (listed.kind == Kind::Cookie) return Family::Cookies;
+  if (listed.kind == Kind::Withdrawn) return Family::Withdrawn;
+  return listed.family ? *listed.family : FamilyByName(spy);
 }
 
 std::string_view KindWord(Kind kind) { return kKindWords[static_cast<std::size_t>(kind)]; }

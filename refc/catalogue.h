@@ -19,8 +19,9 @@ enum class Family : std::uint8_t {
   Cookies,
   Withdrawn,
   Release,
+  Categories,
 };
-inline constexpr std::size_t kFamilies = 8;
+inline constexpr std::size_t kFamilies = 9;
 
 // How a row is looked for.
 enum class Kind : std::uint8_t {
@@ -89,6 +90,11 @@ inline constexpr std::array<ReleaseValue, 4> kReleaseValues = {{
 // Names of source files and of "[family]" lines; the same order as Family.
 std::string_view FamilyName(Family family);
 std::optional<Family> FindFamily(std::string_view name);
+
+// Names of spies begin with the family they belong to, those of spyware with none of its words.
+Family FamilyByName(std::string_view spy);
+// The family of a row: that of its list, or by the name of its spy.
+Family FamilyOf(const Listed& listed, std::string_view spy);
 
 // The word that a source says for a kind. Direct kinds and keys below the classes share the words
 // of their plain sisters.

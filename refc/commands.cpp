@@ -8,6 +8,7 @@
 #include "refc/lint.h"
 #include "refc/load.h"
 #include "refc/match.h"
+#include "refc/stats.h"
 
 namespace scourwell::refc {
 namespace {
@@ -30,6 +31,7 @@ class Session {
   int Judge(const Arguments& arguments);
   int MatchItems(const Arguments& arguments);
   int Compare(const Arguments& arguments);
+  int Count(const Arguments& arguments);
 
  private:
   bool WriteChanges(const Arguments& arguments, const DefinitionSet& after,
@@ -179,6 +181,13 @@ int Session::Compare(const Arguments& arguments) {
   return changes.empty() ? kFine : kFound;
 }
 
+int Session::Count(const Arguments& arguments) {
+  if (!LoadAll(arguments.paths)) return kUnusable;
+  Lint(set_, &findings_);
+  ShowStats(set_, findings_, console_.out);
+  return kFine;
+}
+
 struct Command {
   const char* name;
   int (Session::*run)(const Arguments&);
@@ -195,6 +204,7 @@ constexpr Command kCommands[] = {
     {"lint", &Session::Judge, 1, kAnyNumber, ""},
     {"match", &Session::MatchItems, 2, kAnyNumber, ""},
     {"diff", &Session::Compare, 2, 2, " --changes --number "},
+    {"stats", &Session::Count, 1, kAnyNumber, ""},
 };
 
 std::string* OptionOf(const std::string& word, Arguments* arguments) {

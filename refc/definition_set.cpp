@@ -35,6 +35,12 @@ std::uint16_t DefinitionSet::AddText(std::string name, std::string content) {
   return static_cast<std::uint16_t>(texts_.size() - 1);
 }
 
+std::string_view DefinitionSet::LineFrom(Span span, Place place) const {
+  if (span.size == 0) return {};
+  const std::string_view line = std::string_view(texts_[place.text].content).substr(span.begin);
+  return line.substr(0, line.find_first_of("\r\n"));
+}
+
 std::size_t DefinitionSet::row_count() const {
   std::size_t count = 0;
   for (const auto& sequence : rows) count += sequence.size();

@@ -77,6 +77,8 @@ class DefinitionSet {
   std::string_view View(Span span, Place place) const {
     return std::string_view(texts_[place.text].content).substr(span.begin, span.size);
   }
+  // From `span` to the end of its line; empty for an empty span.
+  std::string_view LineFrom(Span span, Place place) const;
   // The value of a release, in the order of kReleaseValues; empty when there is none.
   std::string_view Release(std::size_t which) const {
     return View(release[which].span, release[which].place);
@@ -90,6 +92,15 @@ class DefinitionSet {
   std::vector<std::deque<Row>> rows = std::vector<std::deque<Row>>(Catalogue().size());
   std::array<Single, kReleaseValues.size()> release;
   bool from_source = false;  // rows must say where they are known from
+
+  // A line of the table of categories: a category and what it does, or a spy and its category.
+  struct CategoryLine {
+    Span subject;
+    Span text;
+    bool is;  // "SPY is CATEGORY"
+    Place place;
+  };
+  std::vector<CategoryLine> categories;
 
  private:
   struct Named {

@@ -11,6 +11,7 @@ const char kHelp[] =
   refc match SOURCE ITEM...            says which definitions would hit the items
   refc diff [--changes FILE [--number TEXT]] OLD NEW
                                        lists what was added, removed and changed
+  refc stats SOURCE...                 counts rows by what they are and how sure
   refc --help                          prints this
 
 SOURCE (also OLD and NEW) is a folder with *.tsv files, one such file, or a
@@ -21,10 +22,12 @@ The lines of a *.tsv file have columns with tabs between them:
 
   spy   kind   what to look for   source   comment
 
-The source of the fact is asked for by lint, the comment may be left out.
+The source of the fact is asked for by lint, the comment may be left out. It
+holds a folder token ("%SYS%") where the source names the place of a file that
+is searched everywhere.
 Lines that begin with "#" are comments. The name of the file says the family:
-trojans, dialers, hijackers, keyloggers, spyware, cookies, withdrawn, release;
-a line "[family]" changes it. Files are UTF-8.
+trojans, dialers, hijackers, keyloggers, spyware, cookies, withdrawn, release,
+categories; a line "[family]" changes it. Files are UTF-8.
 
   kind            what to look for
   file, folder    a name (with * and ?), a path below any folder, or, at one
@@ -46,7 +49,8 @@ a line "[family]" changes it. Files are UTF-8.
   withdrawn       (only in the family withdrawn) a compiled-in search value
 
 The family release has two columns: number, updated, added or removed, and the
-text.
+text. The family categories has two as well, a category and what its programs
+do, or three: SPY is CATEGORY, where SPY may end in "*", or be "family trojans".
 
 build     writes nothing unless every row can be stored and will be read.
 dump      prints "{x1F}" for a byte that is no character and "{raw05}" for one
@@ -58,6 +62,9 @@ match     takes paths, names, registry keys (HKEY_...), registry values
 diff      prints "+", "-" and "~" with kind, spy and definition. --changes
           writes a release file with the release number of NEW (or --number)
           and the three texts of changes.
+stats     prints name, tab, number of rows by family, kind, category and
+          certainty, the share of rows with a page, spies with one row only,
+          and rows that can never match.
 
 Exit codes: 0 nothing to report; 1 findings (build and lint: doubtful rows,
 match: hits, diff: differences); 2 wrong usage, or a file that cannot be read

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "refc/built_in.h"
+#include "refc/categories.h"
 #include "refc/lint_rows.h"
 #include "scan/signature_index.h"
 #include "text/text.h"
@@ -28,6 +30,35 @@ void FindDuplicates(const DefinitionSet& set, const std::deque<Row>& rows, Findi
                   Quoted(set.View(row, 1)) + " stands in line " +
                       std::to_string(rows[order[i - 1]].place.line) + " already");
   }
+}
+
+// The rows of a kind, whatever their family.
+template <typename Visit>
+void ForEach(const DefinitionSet& set, Kind kind, const Visit& visit) {
+  for (std::size_t sequence = 0; sequence < Catalogue().size(); ++sequence) {
+    if (Catalogue()[sequence].kind != kind) continue;
+    for (const Row& row : set.rows[sequence]) visit(row);
+  }
+}
+
+// A helper object is half removed when its class stays.
+void FindLoneHelpers(const DefinitionSet& set, Findings* findings) {
+  constexpr std::string_view kHelpers =
+      "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\"
+      "Browser Helper Objects\\";
+  std::vector<std::string_view> classes;
+  ForEach(set, Kind::KeyPart, [&](const Row& row) { classes.push_back(set.View(row, 1)); });
+  std::sort(classes.begin(), classes.end(), NoCaseLess());
+  ForEach(set, Kind::Key, [&](const Row& row) {
+    const std::string_view key = set.View(row, 1);
+    if (!StartsWithNoCase(key, kHelpers)) return;
+    const std::string_view id = key.substr(kHelpers.size());
+    if (std::binary_search(classes.begin(), classes.end(), id, NoCaseLess()) ||
+        BuiltInRows::Get().Has(Kind::KeyPart, id, "")) {
+      return;
+    }
+    findings->Add(row.place, "helper", "the class " + Quoted(id) + " has no key part");
+  });
 }
 
 // Patterns against the good names, in pieces: an index takes several times the room of its rows.
@@ -93,6 +124,8 @@ void Lint(const DefinitionSet& set, Findings* findings) {
     }
     FindDuplicates(set, rows, findings);
   }
+  FindLoneHelpers(set, findings);
+  JudgeCategories(set, findings);
 }
 
 }  // namespace scourwell::refc

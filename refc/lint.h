@@ -19,10 +19,13 @@ namespace scourwell::refc {
 //   broad       would hit much more than one program's own
 //   known-good  a name that Windows or a common program uses
 //   cookie      a fragment of an ordinary site's cookie
+//   short       a file name of fewer than eight characters without a folder
 //   class-id    an identifier of a class that Windows or a common program has
 //   built-in    compiled into the program already
 //   withdrawn   withdraws what is not compiled in
-//   category    the spy's name belongs to another family
+//   reach       a key part that no walk of the registry phase comes by
+//   helper      a helper object whose class is not looked for
+//   category    the spy's name belongs to another family, or the spy to no category
 void Lint(const DefinitionSet& set, Findings* findings);
 
 }  // namespace scourwell::refc

@@ -6,6 +6,7 @@
 #include "machine/system_folders.h"
 #include "refc/built_in.h"
 #include "refc/lint_text.h"
+#include "refc/provenance.h"
 #include "scan/name_pattern.h"
 #include "text/paths.h"
 #include "text/text.h"
@@ -13,33 +14,15 @@
 namespace scourwell::refc {
 namespace {
 
-constexpr std::size_t kLeastDistinctive = 5;
-constexpr std::string_view kSoftware = "Software\\";
-constexpr std::string_view kClasses = "Software\\Classes\\";
-constexpr std::string_view kUninstall = "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
+// A shorter name belongs to several programs, unless something beside it tells them apart.
+constexpr std::size_t kLeastName = 8;
 
 bool HasWildcard(std::string_view text) { return text.find_first_of("*?") != text.npos; }
-
-bool StartsNoCase(std::string_view text, std::string_view beginning) {
-  return StartsWithNoCase(text, beginning);
-}
 
 bool IsNumber(std::string_view text, std::size_t digits) {
   return !text.empty() && text.size() <= digits &&
          text.find_first_not_of("0123456789") == text.npos;
 }
-
-// Names of spies begin with the family they belong to, those of spyware with none of these.
-struct Prefix {
-  std::string_view text;
-  Family family;
-};
-constexpr Prefix kPrefixes[] = {
-    {"Trojan.", Family::Trojans},       {"Worm.", Family::Trojans},
-    {"Backdoor.", Family::Trojans},     {"Virus.", Family::Trojans},
-    {"Dialer.", Family::Dialers},       {"Hijacker.", Family::Hijackers},
-    {"Keylogger.", Family::KeyLoggers},
-};
 
 }  // namespace
 
@@ -59,6 +42,7 @@ RowJudge::RowJudge(const DefinitionSet& set, Findings& findings) : set_(set), fi
 }
 
 void RowJudge::Judge(const Row& row, const Listed& listed) {
+  row_ = &row;
   place_ = row.place;
   spy_ = set_.View(row, 0);
   value_ = set_.View(row, 1);
@@ -99,11 +83,7 @@ void RowJudge::Judge(const Row& row, const Listed& listed) {
 }
 
 void RowJudge::Category(Family family) {
-  std::optional<Family> named;
-  for (const Prefix& prefix : kPrefixes) {
-    if (StartsNoCase(spy_, prefix.text)) named = prefix.family;
-  }
-  if (named.value_or(Family::Spyware) == family) return;
+  if (FamilyByName(spy_) == family) return;
   Complain("category",
            Quoted(spy_) + " does not sound like one of the " + std::string(FamilyName(family)));
 }
@@ -128,9 +108,19 @@ void RowJudge::Searched(bool folder) {
     case PatternKind::Name:
       break;
   }
+  if (!folder) Short();
   if (good_.Has(folder ? GoodList::Folders : GoodList::Files, signature)) {
     Complain("known-good", Quoted(value_) + " ships with Windows or a common program");
   }
+}
+
+// Only a source can say at which place it names the file.
+void RowJudge::Short() {
+  const auto [source, comment] = ProvenanceOf(set_, *row_);
+  if (value_.size() >= kLeastName || source.empty() || comment.find('%') != comment.npos) return;
+  Complain("short", Quoted(value_) +
+                        " has fewer than eight characters: give its folder, or say in the comment "
+                        "behind which token the source names it");
 }
 
 void RowJudge::Direct(bool folder) {
@@ -166,75 +156,6 @@ void RowJudge::Process() {
   }
   if (good_.Has(GoodList::Files, value_)) {
     Complain("known-good", Quoted(value_) + " is a program of Windows or a common one");
-  }
-}
-
-bool RowJudge::IsKnownGoodClass(std::string_view part) {
-  if (!IsClassId(part) || !good_.Has(GoodList::ClassIds, part)) return false;
-  Complain("class-id", std::string(part) + " belongs to Windows or a common program");
-  return true;
-}
-
-void RowJudge::KeyPath(std::string_view key) {
-  const std::string_view below = BelowRoot(key);
-  for (const std::string_view part : Parts(below)) {
-    if (IsKnownGoodClass(part)) return;
-  }
-  std::string canonical(key);
-  if (StartsNoCase(below, kClasses)) {
-    canonical = "HKEY_CLASSES_ROOT\\" + std::string(below.substr(kClasses.size()));
-  }
-  if (const std::string_view good = good_.KeyAtOrBelow(canonical); !good.empty()) {
-    return Complain("known-good", "the key would take " + std::string(good) + " with it");
-  }
-  for (const std::string_view above : {kUninstall, kSoftware}) {
-    if (!StartsNoCase(below, above)) continue;
-    const std::string_view name = below.substr(above.size());
-    if (!HoldsSeparator(name) && good_.Has(GoodList::Folders, name)) {
-      Complain("known-good", Quoted(name) + " is the key of a common program");
-    }
-    return;
-  }
-}
-
-void RowJudge::Key(std::size_t least_parts) {
-  const std::vector<std::string_view> parts = Parts(BelowRoot(value_));
-  if (std::any_of(parts.begin(), parts.end(), [](auto part) { return part.empty(); })) {
-    return Complain("form", Quoted(value_) + " is no path of a key below one of the four roots");
-  }
-  if (parts.size() < least_parts) return Complain("broad", "too much lies below this key");
-  KeyPath(value_);
-}
-
-// Such a row is found anywhere in a path: only what stands for one component may be one.
-void RowJudge::KeyPart() {
-  if (IsClassId(value_)) {
-    IsKnownGoodClass(value_);
-    return;
-  }
-  const bool module = value_.find('/') != value_.npos;
-  if (module ? Distinctive(value_.substr(value_.rfind('/') + 1)) < kLeastDistinctive
-             : Parts(BelowRoot(value_)).size() < 4) {
-    return Complain("broad",
-                    "neither a class identifier, nor a path of four parts below a root, "
-                    "nor the path of one module");
-  }
-  if (const auto good = good_.Holding(GoodList::Keys, Upper(value_)); !good.empty()) {
-    Complain("known-good", "it would find " + std::string(good));
-  }
-}
-
-void RowJudge::Value() {
-  if (!EndsInSeparator(value_) || value_.find("\\\\") != value_.npos || BelowRoot(value_).empty()) {
-    return Complain("form", Quoted(value_) +
-                                " is no key below one of the four roots, or does not "
-                                "end in \"\\\"");
-  }
-  if (IsKnownGoodClass(second_)) return;
-  const std::string_view name = FileNamePart(second_);
-  if (good_.Has(GoodList::RunValues, second_) || good_.Has(GoodList::Files, name) ||
-      good_.Has(GoodList::Files, std::string(name) + ".exe")) {
-    Complain("known-good", Quoted(second_) + " is a value of Windows or a common program");
   }
 }
 

@@ -7,6 +7,9 @@
 
 namespace scourwell::refc {
 
+// Fewer characters of its own make a text too broad.
+inline constexpr std::size_t kLeastDistinctive = 5;
+
 // Judges single rows, each by the rules of its kind.
 class RowJudge {
  public:
@@ -18,6 +21,7 @@ class RowJudge {
   void Searched(bool folder);
   void Direct(bool folder);
   void OwnPart(std::string_view path, bool folder);
+  void Short();
   void Process();
   void Key(std::size_t least_parts);
   void KeyPart();
@@ -38,6 +42,7 @@ class RowJudge {
   Findings& findings_;
   const GoodNames& good_ = GoodNames::Get();
   std::vector<std::string> cookies_;  // of ordinary sites, folded
+  const Row* row_ = nullptr;
   Place place_;
   std::string_view spy_;
   std::string_view value_;

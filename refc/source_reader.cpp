@@ -40,6 +40,7 @@ class Reader {
   void Header(std::string_view name);
   void FamilyRow(std::string_view line);
   void ReleaseRow(std::string_view line);
+  void CategoryRow(std::string_view line);
   void Numbered(std::string_view line);
   void AddRow(Kind kind, std::string_view spy, std::string_view what);
   bool IsStorable(std::string_view value);
@@ -70,6 +71,7 @@ void Reader::Read(std::string_view stem) {
     }
     std::string bad;
     if (const auto line = ToCodePage(content.data() + begin, size, &bad)) {
+      std::fill_n(content.data() + begin + line->size(), size - line->size(), ' ');
       ReadLine(*line);
     } else {
       Complain("characters", "the line holds " + bad);
@@ -88,6 +90,8 @@ void Reader::ReadLine(std::string_view line) {
     Complain("form", "the row stands in no family");
   } else if (*family_ == Family::Release) {
     ReleaseRow(line);
+  } else if (*family_ == Family::Categories) {
+    CategoryRow(line);
   } else {
     FamilyRow(line);
   }
@@ -126,6 +130,16 @@ void Reader::ReleaseRow(std::string_view line) {
     return;
   }
   Complain("form", "a release has no " + Quoted(columns[0]));
+}
+
+void Reader::CategoryRow(std::string_view line) {
+  const std::vector<std::string_view> columns = Columns(line, 3);
+  const bool is = columns.size() == 3;
+  if (columns.size() < 2 || columns[1].empty() || (is && columns[1] != "is") ||
+      columns.back().empty()) {
+    return Complain("form", "a category and what it does are expected, or SPY is CATEGORY");
+  }
+  set_.categories.push_back({SpanOf(columns[0]), SpanOf(columns.back()), is, place_});
 }
 
 void Reader::Numbered(std::string_view line) {

@@ -53,8 +53,23 @@ const Judged kRows[] = {
       "key\tHKEY_CLASSES_ROOT\\CLSID\\{D27CDB6E-AE6D-11CF-96B8-444553540001}",
       "key part\t{D27CDB6E-AE6D-11CF-96B8-444553540001}",
       "key part\tDownloaded Program Files/evilbar.dll",
+      "key part\tHKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Internet Explorer\\Extensions\\Evil\\x",
+      "key part\tHKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs\\"
+      "C:\\evilbar.dll",
       "value\tHKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Run\\\\Evilbar"}},
     {"broad", {"key\tHKEY_LOCAL_MACHINE\\Software", "key part\tEvilbar", "key part\t/a.dll"}},
+    {"reach",
+     {"key part\tHKEY_LOCAL_MACHINE\\Software\\Evilbar\\a\\b",
+      "key part\tHKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\Evilbar",
+      "key part\tHKEY_LOCAL_MACHINE\\Software\\Microsoft\\Internet Explorer\\Toolbar\\Evilbar",
+      "key part\tHKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Runner\\x"}},
+    {"helper",
+     {"key\tHKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\"
+      "Browser Helper Objects\\{D27CDB6E-AE6D-11CF-96B8-444553540001}"}},
+    {"",
+     {"key\tHKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\"
+      "Browser Helper Objects\\{d27cdb6e-AE6D-11CF-96B8-444553540001}\tsource\n"
+      "Spy\tkey part\t{D27CDB6E-AE6D-11CF-96B8-444553540001}"}},
     {"known-good",
      {"key\tHKEY_LOCAL_MACHINE\\Software\\Microsoft",
       "key\tHKEY_LOCAL_MACHINE\\SOFTWARE\\microsoft\\windows\\currentversion\\RUN",
@@ -138,6 +153,50 @@ TEST_SUITE("refc_lint") {
           CHECK(RulesIn(tool.err) == (rule.empty() ? std::set<std::string>() : std::set{rule}));
         }
       }
+    }
+  }
+
+  TEST_CASE("a short file name needs a folder, or a source that names the place") {
+    for (const auto& [row, rule] : Rows<const char*, const char*>{
+             {"file\tevi.exe", "short"},
+             {"file\tevi.exe\thttp://a.b/c\tthe page breaks lines", "short"},
+             {"file\tevi.exe\thttp://a.b/\xC3\xA4\xC3\xB6\tthe page names %SYS%", ""},
+             {"file\tevil.exe", ""},
+             {"file\tEvilbar\\e.exe", ""},
+             {"file\t%SYS%\\evi.exe", ""},
+             {"folder\tevibar", ""}}) {
+      CAPTURE(row);
+      Tool tool;
+      tool.disk.files["a.tsv"] = Source(row);
+      tool.Run({"lint", "a.tsv"});
+      CHECK(RulesIn(tool.err) ==
+            (*rule == 0 ? std::set<std::string>() : std::set<std::string>{rule}));
+    }
+  }
+
+  TEST_CASE("a spy belongs to one category that exists, a line is about a spy that exists") {
+    const std::string rows =
+        "[trojans]\nWorm.A\tfile\tevilworm.exe\ts\nTrojan.B\tfile\teviltrojan.exe\ts\n"
+        "[spyware]\nEvilbar\tfolder\tevilbar\ts\n[categories]\nworm\tspreads\nadware\tnags\n";
+    for (const auto& [lines, finding] : Rows<const char*, const char*>{
+             {"Worm.*\tis\tworm\nfamily trojans\tis\tadware\nEvilbar\tis\tadware\n", ""},
+             {"family trojans\tis\tworm\n", "\"Evilbar\" belongs to no category"},
+             {"family trojans\tis\tworm\nEvilbar\tis\tbad\n", "no category is called \"bad\""},
+             {"family trojans\tis\tworm\nfamily spyware\tis\tadware\nEvil*\tis\tadware\n"
+              "Evilba\tis\tworm\n",
+              "no row is about \"Evilba\""},
+             {"family trojans\tis\tworm\nfamily spyware\tis\tadware\nWorm.B*\tis\tworm\n",
+              "no row is about \"Worm.B*\""},
+             {"family trojans\tis\tworm\nEvilbar\tis\tworm\nevilbar\tis\tadware\n",
+              "\"evilbar\" was said before"},
+             {"family trojans\tis\tworm\nEvilbar\tis\tworm\nEvilbar\tbelongs to\tadware\n",
+              "SPY is CATEGORY"}}) {
+      CAPTURE(lines);
+      Tool tool;
+      tool.disk.files["a.tsv"] = rows + lines;
+      CHECK(tool.Run({"lint", "a.tsv"}) == (*finding == 0 ? 0 : 1));
+      CHECK(tool.err.find(finding) != std::string::npos);
+      CHECK(tool.out == (*finding == 0 ? "3 rows, 0 findings\n" : "3 rows, 1 findings\n"));
     }
   }
 
