@@ -2,8 +2,8 @@
 
 namespace scourwell {
 
-void BuiltInLists::AddBuiltIn(BuiltInStage stage) {
-  for (const BuiltInList* list : stage) AddBuiltIn(*list);
+void BuiltInLists::AddBuiltIn(BuiltInStage stage, const WithdrawnValues& withdrawn) {
+  for (const BuiltInList* list : stage) AddBuiltIn(*list, withdrawn);
 }
 
 void BuiltInLists::AddBuiltIn(const BuiltInList& list) {
@@ -12,7 +12,7 @@ void BuiltInLists::AddBuiltIn(const BuiltInList& list) {
     try {
       for (; n < list.rows.size(); ++n) {
         if (!pump_.Next()) return {};
-        Deliver(list.rows[n]);
+        Deliver(list.rows[n], withdrawn);
       }
     } catch (const std::bad_alloc&) {
       return Outcome::Failed(kOutOfMemory).With("I: ", std::to_string(n));
@@ -21,7 +21,7 @@ void BuiltInLists::AddBuiltIn(const BuiltInList& list) {
   });
 }
 
-void BuiltInLists::Deliver(const BuiltInRow& row) {
+void BuiltInLists::Deliver(const BuiltInRow& row, const WithdrawnValues& withdrawn) {
   switch (row.kind) {
     case BuiltInKind::SearchedFile:
       FillListBox(lists_.lstSearch, "Spy File", row.spy, row.text);
@@ -39,7 +39,7 @@ void BuiltInLists::Deliver(const BuiltInRow& row) {
       FillListBoxRegistryVType(lists_.lstRegistry, row.key, row.spy, row.text);
       return;
     case BuiltInKind::Process:
-      checks_.CheckProcess(row.spy, row.text);
+      if (!withdrawn.contains(row.text)) checks_.CheckProcess(row.spy, row.text);
       return;
     case BuiltInKind::DirectFile:
     case BuiltInKind::DirectFolder:

@@ -95,12 +95,13 @@ class BuiltInLists {
       : lists_(lists), checks_(checks), folders_(folders), pump_(pump), log_(log) {}
 
   // Ends at once when the closing flag is set; a list that fails does not keep the next from
-  // running.
-  void AddBuiltIn(BuiltInStage stage);
-  void AddBuiltIn(const BuiltInList& list);
+  // running. Withdrawn processes are left out here: they are matched at once, while searched rows
+  // can be taken back later.
+  void AddBuiltIn(BuiltInStage stage, const WithdrawnValues& withdrawn = {});
+  void AddBuiltIn(const BuiltInList& list, const WithdrawnValues& withdrawn = {});
 
  private:
-  void Deliver(const BuiltInRow& row);
+  void Deliver(const BuiltInRow& row, const WithdrawnValues& withdrawn);
 
   SignatureLists& lists_;
   DirectChecks& checks_;

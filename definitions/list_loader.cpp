@@ -1,9 +1,6 @@
 #include "definitions/list_loader.h"
 
 #include <algorithm>
-#include <unordered_set>
-
-#include "text/text.h"
 
 namespace scourwell {
 
@@ -108,19 +105,24 @@ Outcome ListLoader::CheckCount(const Sequence& sequence, int entries) {
       .With("I: ", std::to_string(entries));
 }
 
+WithdrawnValues ListLoader::Withdrawn() {
+  WithdrawnValues values;
+  for (int n = 0; n < kMostNames; ++n) {
+    std::string value = reference_.updateListfromINI("REMO", std::to_string(n) + "REMENT");
+    if (value.empty()) break;
+    values.insert(std::move(value));
+  }
+  return values;
+}
+
 void ListLoader::removeFromList() {
   std::size_t row = 0;  // that is compared
   const auto remove = [&] {
-    std::unordered_set<std::string, NoCaseHash, NoCaseEqual> withdrawn;
-    for (int n = 0; n < kMostNames; ++n) {
-      std::string value = reference_.updateListfromINI("REMO", std::to_string(n) + "REMENT");
-      if (value.empty()) break;
-      withdrawn.insert(std::move(value));
-    }
+    const WithdrawnValues withdrawn = Withdrawn();
     if (withdrawn.empty()) return;
     lists_.lstSearch.Retain([&](const SignatureRow& signature) {
       ++row;
-      return withdrawn.find(signature.sub2) == withdrawn.end();
+      return !withdrawn.contains(signature.sub2);
     });
   };
   log_.Trap("removeFromList", [&]() -> Outcome {

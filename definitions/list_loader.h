@@ -2,11 +2,13 @@
 
 #include <set>
 #include <string>
+#include <unordered_set>
 
 #include "definitions/loader_table.h"
 #include "definitions/reference_file.h"
 #include "machine/system_folders.h"
 #include "platform/pump.h"
+#include "text/text.h"
 
 namespace scourwell {
 
@@ -14,6 +16,9 @@ namespace scourwell {
 inline constexpr int kMostEntries = 10001;
 // The removal list and the name lists end earlier: 0 to 1000.
 inline constexpr int kMostNames = 1001;
+
+// Search values of compiled-in rows that the reference file takes back.
+using WithdrawnValues = std::unordered_set<std::string, NoCaseHash, NoCaseEqual>;
 
 // Entries that are looked up the moment they are read.
 class DirectChecks {
@@ -51,7 +56,10 @@ class ListLoader {
   // Reads the loader's sequences. Each ends at its first gap; counts only size the progress bar.
   void Load(const Loader& loader);
 
-  // Takes the rows out of lstSearch whose sub-item 2 the file's section "REMO" withdraws.
+  // What the file's section "REMO" holds.
+  WithdrawnValues Withdrawn();
+
+  // Takes the rows out of lstSearch whose sub-item 2 is withdrawn.
   void removeFromList();
 
  private:

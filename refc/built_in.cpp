@@ -53,7 +53,8 @@ BuiltInRows::BuiltInRows() {
       for (const BuiltInRow& row : list->rows) {
         const Kind kind = kKinds[static_cast<std::size_t>(row.kind)];
         rows_.insert(Join(kind, ValueOf(row), row.key ? row.text : ""));
-        if (kind == Kind::File || kind == Kind::Folder || kind == Kind::Cookie) {
+        if (kind == Kind::File || kind == Kind::Folder || kind == Kind::Cookie ||
+            kind == Kind::Process) {
           searched_.insert(row.text);
         }
       }

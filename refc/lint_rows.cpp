@@ -211,7 +211,7 @@ void RowJudge::Program(bool part) {
 
 void RowJudge::Withdrawn() {
   if (BuiltInRows::Get().CanWithdraw(value_)) return;
-  Complain("withdrawn", "no compiled-in file, folder or cookie is " + Quoted(value_));
+  Complain("withdrawn", "no compiled-in file, folder, cookie or process is " + Quoted(value_));
 }
 
 }  // namespace scourwell::refc

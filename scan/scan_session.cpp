@@ -95,7 +95,7 @@ void ScanSession::ScanMemory() {
   parts_.log.Trap("ScanMemory", [&] {
     StartPhase(Caption::ScanMemory);
     parts_.memory.ListProcesses();
-    parts_.built_in.AddBuiltIn(kBuiltInMemoryStage);
+    parts_.built_in.AddBuiltIn(kBuiltInMemoryStage, parts_.loader.Withdrawn());
     parts_.loader.Load(kUpdateMemoryList);
     if (!parts_.pump.closing()) parts_.report.CreateMemoryLogFile(parts_.memory.Tasklist());
   });

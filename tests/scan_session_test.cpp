@@ -268,6 +268,22 @@ TEST_SUITE("scan_session") {
     CHECK(s.sink.lines() == "Spy File|Company|D:\\renamed.exe\n");
   }
 
+  TEST_CASE("a withdrawn compiled-in process is neither shown nor ended, the file's own one is") {
+    for (const auto& [own, withdrawn, found] :
+         Rows<bool, bool, const char*>{{false, false, "Memory Process|CometCursor|C:\\Comet.exe\n"},
+                                       {false, true, ""},
+                                       {true, true, "Memory Process|Own|C:\\Comet.exe\n"}}) {
+      Session s;
+      s.m.processes.running = {{"C:\\Comet.exe", 7, 0}};
+      if (own) s.definitions.Entry("MEMA", {"MEMAT", "MEMAF"}, {"Own", "comet.exe"});
+      if (withdrawn) s.definitions.Value("REMO", "0REMENT", "COMET.exe");
+      s.WriteDefinitions();
+      s.scope.SetTicked(ScanScope::kScanDrives, false);
+      s.session.StartScan(s.scope);
+      CHECK(s.sink.lines() == found);
+    }
+  }
+
   TEST_CASE("a withdrawn cookie is not looked for") {
     Session s;
     s.settings.CookiesFolder = "D:\\Cookies";

@@ -92,7 +92,8 @@ void KnownSpies::Load() {
   key_parts_.reset();
   files_ = {};
   keys_ = {};
-  for (const BuiltInStage& stage : kFileStages) built_in_files_.AddBuiltIn(stage);
+  const WithdrawnValues withdrawn = file_loader_.Withdrawn();
+  for (const BuiltInStage& stage : kFileStages) built_in_files_.AddBuiltIn(stage, withdrawn);
   file_loader_.removeFromList();
   for (const Loader* loader : kFileLoaders) file_loader_.Load(*loader);
   for (std::size_t i = 0; i < files_.lstSearch.size(); ++i) FileRow(files_.lstSearch[i]);
