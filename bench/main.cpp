@@ -1,5 +1,5 @@
-// bench TREE SCRATCH COOKIES [archive]: prints the figures of bench/README.md, or only those of the
-// backup archives. Run it with bench/run.
+// bench TREE SCRATCH COOKIES [archive | ignoring | definitions FOLDER FOLDER]: prints the figures
+// of bench/README.md, or only some. Run it with bench/run.
 #include "bench/bench.h"
 
 #include <psapi.h>
@@ -31,6 +31,10 @@ int main(int count, char** words) {
   }
   if (count > 4 && std::string_view(words[4]) == "ignoring") {
     BenchIgnoring(words[2]);
+    return 0;
+  }
+  if (count > 6 && std::string_view(words[4]) == "definitions") {
+    BenchDefinitions(words[1], words[5], words[6]);
     return 0;
   }
   BenchPasses(words[1]);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "bench/bench.h"
+#include "bench/stand_ins.h"
 #include "machine/error_log.h"
 #include "platform/win/code_pages_win.h"
 #include "platform/win/desktop_win.h"
