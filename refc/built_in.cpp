@@ -52,6 +52,7 @@ BuiltInRows::BuiltInRows() {
     for (const BuiltInList* list : stage) {
       for (const BuiltInRow& row : list->rows) {
         const Kind kind = kKinds[static_cast<std::size_t>(row.kind)];
+        spies_.insert(row.spy);
         rows_.insert(Join(kind, ValueOf(row), row.key ? row.text : ""));
         if (kind == Kind::File || kind == Kind::Folder || kind == Kind::Cookie ||
             kind == Kind::Process) {
@@ -69,5 +70,7 @@ bool BuiltInRows::Has(Kind kind, std::string_view value, std::string_view second
 bool BuiltInRows::CanWithdraw(std::string_view value) const {
   return searched_.find(value) != searched_.end();
 }
+
+bool BuiltInRows::Names(std::string_view spy) const { return spies_.contains(spy); }
 
 }  // namespace scourwell::refc

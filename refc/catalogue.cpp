@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "definitions/list_loader.h"
+#include "definitions/spy_categories.h"
 #include "text/text.h"
 
 namespace scourwell::refc {
@@ -100,6 +101,12 @@ std::vector<Listed> MakeCatalogue() {
   names("REMO", "REMENT", Kind::Withdrawn);
   names("ADRE", "WCL", Kind::ProgramPart);
   names("ADRE", "ESL", Kind::Program);
+  const auto pairs = [&](const char* subject, const char* text, Kind kind) {
+    all.push_back(
+        {SpyCategories::kSection, {nullptr, subject, text}, nullptr, kind, {}, kMostEntries});
+  };
+  pairs(SpyCategories::kCategoryKey, SpyCategories::kTextKey, Kind::CategoryText);
+  pairs(SpyCategories::kSubjectKey, SpyCategories::kIsKey, Kind::Category);
   return all;
 }
 
@@ -120,10 +127,10 @@ constexpr Prefix kPrefixes[] = {
 
 // In the order of Kind.
 constexpr std::string_view kKindWords[] = {
-    "file",        "folder",       "file",          "folder",        "key part",
-    "value",       "process",      "key",           "key",           "cookie",
-    "company",     "company part", "original name", "internal name", "product",
-    "description", "checksum",     "withdrawn",     "program part",  "program"};
+    "file",          "folder",        "file",          "folder",      "key part", "value",
+    "process",       "key",           "key",           "cookie",      "company",  "company part",
+    "original name", "internal name", "product",       "description", "checksum", "withdrawn",
+    "program part",  "program",       "category text", "category"};
 
 }  // namespace
 
@@ -162,8 +169,8 @@ std::optional<std::uint8_t> FindCount(std::string_view key) {
 
 std::optional<std::uint8_t> SequenceFor(Kind kind, Family family) {
   if ((kind == Kind::Withdrawn) != (family == Family::Withdrawn)) return std::nullopt;
-  if (family == Family::Release || family == Family::Categories ||
-      (family == Family::Cookies && kind != Kind::Cookie)) {
+  if (IsDefinition(kind) == (family == Family::Categories)) return std::nullopt;
+  if (family == Family::Release || (family == Family::Cookies && kind != Kind::Cookie)) {
     return std::nullopt;
   }
   const std::span<const Listed> all = Catalogue();

@@ -43,9 +43,13 @@ enum class Kind : std::uint8_t {
   Description,
   Checksum,
   Withdrawn,
-  ProgramPart,  // of an installed program's name
-  Program,      // an installed program's whole name
+  ProgramPart,   // of an installed program's name
+  Program,       // an installed program's whole name
+  CategoryText,  // what programs of a category do
+  Category,      // of a spy
 };
+// Unlike what is only said about spies.
+inline bool IsDefinition(Kind kind) { return kind != Kind::CategoryText && kind != Kind::Category; }
 
 // One numbered sequence of the reference file, in the order in which files are written.
 struct Listed {

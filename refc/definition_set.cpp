@@ -43,13 +43,16 @@ std::string_view DefinitionSet::LineFrom(Span span, Place place) const {
 
 std::size_t DefinitionSet::row_count() const {
   std::size_t count = 0;
-  for (const auto& sequence : rows) count += sequence.size();
+  for (std::size_t sequence = 0; sequence < rows.size(); ++sequence) {
+    if (IsDefinition(Catalogue()[sequence].kind)) count += rows[sequence].size();
+  }
   return count;
 }
 
 bool DefinitionSet::IsEmpty() const {
   const auto is_missing = [](const Single& single) { return single.place.line == 0; };
-  return row_count() == 0 && std::all_of(release.begin(), release.end(), is_missing);
+  return std::ranges::all_of(rows, [](const auto& sequence) { return sequence.empty(); }) &&
+         std::all_of(release.begin(), release.end(), is_missing);
 }
 
 std::string Describe(const Finding& finding, const DefinitionSet& set) {

@@ -84,6 +84,7 @@ class DefinitionSet {
     return View(release[which].span, release[which].place);
   }
 
+  // Of definitions.
   std::size_t row_count() const;
   // Neither a row nor a value of a release.
   bool IsEmpty() const;
@@ -92,15 +93,6 @@ class DefinitionSet {
   std::vector<std::deque<Row>> rows = std::vector<std::deque<Row>>(Catalogue().size());
   std::array<Single, kReleaseValues.size()> release;
   bool from_source = false;  // rows must say where they are known from
-
-  // A line of the table of categories: a category and what it does, or a spy and its category.
-  struct CategoryLine {
-    Span subject;
-    Span text;
-    bool is;  // "SPY is CATEGORY"
-    Place place;
-  };
-  std::vector<CategoryLine> categories;
 
  private:
   struct Named {

@@ -50,7 +50,7 @@ categories; a line "[family]" changes it. Files are UTF-8.
 
 The family release has two columns: number, updated, added or removed, and the
 text. The family categories has two as well, a category and what its programs
-do, or three: SPY is CATEGORY, where SPY may end in "*", or be "family trojans".
+do, or three: SPY is CATEGORY, where SPY may end in "*", or be "any cookie".
 
 build     writes nothing unless every row can be stored and will be read.
 dump      prints "{x1F}" for a byte that is no character and "{raw05}" for one

@@ -116,6 +116,7 @@ void Lint(const DefinitionSet& set, Findings* findings) {
   for (std::size_t sequence = 0; sequence < all.size(); ++sequence) {
     const std::deque<Row>& rows = set.rows[sequence];
     const Kind kind = all[sequence].kind;
+    if (!IsDefinition(kind)) continue;
     for (const Row& row : rows) judge.Judge(row, all[sequence]);
     if (kind == Kind::File || kind == Kind::Folder) {
       PatternCheck check(set, kind == Kind::Folder, findings);

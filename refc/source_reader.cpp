@@ -43,6 +43,8 @@ class Reader {
   void CategoryRow(std::string_view line);
   void Numbered(std::string_view line);
   void AddRow(Kind kind, std::string_view spy, std::string_view what);
+  void Store(std::uint8_t sequence, std::string_view spy, std::string_view what,
+             std::string_view second);
   bool IsStorable(std::string_view value);
   Span SpanOf(std::string_view piece) const;
   void Complain(const char* rule, std::string reason) {
@@ -139,7 +141,8 @@ void Reader::CategoryRow(std::string_view line) {
       columns.back().empty()) {
     return Complain("form", "a category and what it does are expected, or SPY is CATEGORY");
   }
-  set_.categories.push_back({SpanOf(columns[0]), SpanOf(columns.back()), is, place_});
+  Store(*SequenceFor(is ? Kind::Category : Kind::CategoryText, *family_), {}, columns[0],
+        columns.back());
 }
 
 void Reader::Numbered(std::string_view line) {
@@ -181,8 +184,13 @@ void Reader::AddRow(Kind kind, std::string_view spy, std::string_view what) {
     return Complain("form", "rows of this kind do not belong to the family " +
                                 std::string(FamilyName(*family_)));
   }
-  auto& rows = set_.rows[*sequence];
-  const int most = Catalogue()[*sequence].most;
+  Store(*sequence, spy, what, second);
+}
+
+void Reader::Store(std::uint8_t sequence, std::string_view spy, std::string_view what,
+                   std::string_view second) {
+  auto& rows = set_.rows[sequence];
+  const int most = Catalogue()[sequence].most;
   if (rows.size() >= static_cast<std::size_t>(most)) {
     return Complain("unread",
                     "the program reads " + std::to_string(most) + " entries of a sequence");

@@ -23,7 +23,8 @@ struct Spy {
 
 class Stats {
  public:
-  Stats(const DefinitionSet& set, const Put& out) : set_(set), out_(out), categories_(set) {}
+  Stats(const DefinitionSet& set, const Put& out)
+      : set_(set), out_(out), categories_(CategoriesOf(set)) {}
 
   void Count();
   void Show();
@@ -36,7 +37,7 @@ class Stats {
 
   const DefinitionSet& set_;
   const Put& out_;
-  Categories categories_;
+  SpyCategories categories_;
   Counts families_;
   Counts kinds_;
   Counts categories_count_;
@@ -48,11 +49,12 @@ class Stats {
 void Stats::Count() {
   const std::span<const Listed> lists = Catalogue();
   for (std::size_t sequence = 0; sequence < lists.size(); ++sequence) {
+    if (!IsDefinition(lists[sequence].kind)) continue;
     for (const Row& row : set_.rows[sequence]) {
       const std::string_view name = set_.View(row, 0);
       const std::string_view source = ProvenanceOf(set_, row).source;
       const Family family = FamilyOf(lists[sequence], name);
-      const std::string_view category = categories_.Of(name, family);
+      const std::string_view category = CategoryOf(categories_, lists[sequence], name);
       ++families_[std::string(FamilyName(family))];
       ++kinds_[std::string(KindWord(lists[sequence].kind))];
       ++categories_count_[category.empty() ? "none" : std::string(category)];

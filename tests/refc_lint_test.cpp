@@ -180,17 +180,17 @@ TEST_SUITE("refc_lint") {
         "[trojans]\nWorm.A\tfile\tevilworm.exe\ts\nTrojan.B\tfile\teviltrojan.exe\ts\n"
         "[spyware]\nEvilbar\tfolder\tevilbar\ts\n[categories]\nworm\tspreads\nadware\tnags\n";
     for (const auto& [lines, finding] : Rows<const char*, const char*>{
-             {"Worm.*\tis\tworm\nfamily trojans\tis\tadware\nEvilbar\tis\tadware\n", ""},
-             {"family trojans\tis\tworm\n", "\"Evilbar\" belongs to no category"},
-             {"family trojans\tis\tworm\nEvilbar\tis\tbad\n", "no category is called \"bad\""},
-             {"family trojans\tis\tworm\nfamily spyware\tis\tadware\nEvil*\tis\tadware\n"
+             {"Worm.*\tis\tworm\nTrojan.*\tis\tadware\nEvilbar\tis\tadware\n", ""},
+             {"*\tis\tworm\nany cookie\tis\tworm\nxupiter\tis\tadware\n", ""},
+             {"Worm.*\tis\tworm\nTrojan.*\tis\tworm\n", "\"Evilbar\" belongs to no category"},
+             {"*\tis\tworm\nEvilbar\tis\tbad\n", "no category is called \"bad\""},
+             {"*\tis\tworm\nEvil*\tis\tadware\n"
               "Evilba\tis\tworm\n",
               "no row is about \"Evilba\""},
-             {"family trojans\tis\tworm\nfamily spyware\tis\tadware\nWorm.B*\tis\tworm\n",
-              "no row is about \"Worm.B*\""},
-             {"family trojans\tis\tworm\nEvilbar\tis\tworm\nevilbar\tis\tadware\n",
+             {"*\tis\tworm\nWorm.B*\tis\tworm\n", "no row is about \"Worm.B*\""},
+             {"*\tis\tworm\nEvilbar\tis\tworm\nevilbar\tis\tadware\n",
               "\"evilbar\" was said before"},
-             {"family trojans\tis\tworm\nEvilbar\tis\tworm\nEvilbar\tbelongs to\tadware\n",
+             {"*\tis\tworm\nEvilbar\tis\tworm\nEvilbar\tbelongs to\tadware\n",
               "SPY is CATEGORY"}}) {
       CAPTURE(lines);
       Tool tool;
