@@ -1,6 +1,6 @@
 // refc stats, and the table of walked keys that lint judges key parts by.
 
-#include "platform/registry_access.h"
+#include "machine/registry_place.h"
 #include "refc/walked_keys.h"
 #include "scan/registry_scan.h"
 #include "tests/refc_support.h"
