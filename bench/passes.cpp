@@ -17,19 +17,6 @@ namespace {
 
 constexpr int kRounds = 9;
 
-class PlainCaptions : public Captions {
- public:
-  std::string Text(Caption) const override { return "caption"; }
-};
-
-class CountingSink : public FindingSink {
- public:
-  bool Contains(const FoundObject&) const override { return false; }
-  bool Shows(const FoundObject&) const override { return true; }
-  void AddSpyToListView(const Finding&) override { ++hits; }
-  int hits = 0;
-};
-
 struct Walked {
   int files = 0;
   int folders = 0;

@@ -10,14 +10,14 @@ namespace scourwell::bench {
 
 class PlainCaptions : public Captions {
  public:
-  std::string Text(int) const override { return "caption"; }
+  std::string Text(Caption) const override { return "caption"; }
 };
 
-class CountingSink : public DetectionSink {
+class CountingSink : public FindingSink {
  public:
-  bool Contains(const Detection&) const override { return false; }
-  bool Shows(const Detection&) const override { return true; }
-  void AddSpyToListView(const Detection&) override { ++hits; }
+  bool Contains(const FoundObject&) const override { return false; }
+  bool Shows(const FoundObject&) const override { return true; }
+  void AddSpyToListView(const Finding&) override { ++hits; }
   int hits = 0;
 };
 

@@ -6,7 +6,7 @@ void BuiltInLists::AddBuiltIn(BuiltInStage stage, const WithdrawnValues& withdra
   for (const BuiltInList* list : stage) AddBuiltIn(*list, withdrawn);
 }
 
-void BuiltInLists::AddBuiltIn(const BuiltInList& list) {
+void BuiltInLists::AddBuiltIn(const BuiltInList& list, const WithdrawnValues& withdrawn) {
   log_.Trap(list.name, [&]() -> Outcome {
     std::size_t n = 0;
     try {
