@@ -20,9 +20,11 @@ constexpr int kPicture = 16;
 
 }  // namespace
 
-ResultsPane::ResultsPane(const WindowEnv& env, HitList& hits, Shell& shell)
+ResultsPane::ResultsPane(const WindowEnv& env, HitList& hits, const SpyCategories& categories,
+                         Shell& shell)
     : Pane(env, "ScourwellResults"),
       hits_(hits),
+      categories_(categories),
       shell_(shell),
       header_(env, HeaderPane::Size::Small, {IDC_lblResults, IDC_lblCount, 0}) {}
 
@@ -42,7 +44,9 @@ void ResultsPane::OnCreate() {
   SpyListView_.row_image = [this](std::size_t row) {
     return KindIcon(KindOf(hits_.row(row).finding.object));
   };
-  SpyListView_.row_tip = [this](std::size_t row) { return TipText(hits_.row(row).finding.object); };
+  SpyListView_.row_tip = [this](std::size_t row) {
+    return TipText(hits_.row(row).finding, categories_);
+  };
   SpyListView_.Create(env_, hwnd(), IDC_SpyListView);
   images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
   SpyListView_.SetSmallImages(images_.get());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "definitions/spy_categories.h"
 #include "platform/shell.h"
 #include "results/hit_list.h"
 #include "widgets/button.h"
@@ -13,7 +14,7 @@ namespace scourwell {
 // SpyFrame: what the scan has found. SpyListView is a virtual list that mirrors the HitList.
 class ResultsPane : public Pane {
  public:
-  ResultsPane(const WindowEnv& env, HitList& hits, Shell& shell);
+  ResultsPane(const WindowEnv& env, HitList& hits, const SpyCategories& categories, Shell& shell);
 
   // Shows the rows of the model anew.
   void Refresh();
@@ -46,6 +47,7 @@ class ResultsPane : public Pane {
   void EnableButtons();
 
   HitList& hits_;
+  const SpyCategories& categories_;
   Shell& shell_;
   HeaderPane header_;
   Label lblEmpty_;

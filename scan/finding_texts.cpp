@@ -69,10 +69,17 @@ std::string PlaceText(const FoundObject& object) {
       object);
 }
 
-std::string TipText(const FoundObject& object) {
-  if (const auto* key = std::get_if<FoundKey>(&object)) return FullKeyPath(key->place);
-  if (const auto* value = std::get_if<FoundValue>(&object)) return FullKeyPath(value->key);
-  return PlaceText(object);
+std::string TipText(const Finding& finding, const SpyCategories& categories) {
+  const FoundObject& object = finding.object;
+  std::string text = PlaceText(object);
+  if (const auto* key = std::get_if<FoundKey>(&object)) text = FullKeyPath(key->place);
+  if (const auto* value = std::get_if<FoundValue>(&object)) text = FullKeyPath(value->key);
+  const std::string_view category =
+      categories.Of(finding.spy, std::holds_alternative<FoundCookie>(object));
+  if (category.empty()) return text;
+  text.append(" - ").append(category);
+  const std::string_view says = categories.TextOf(category);
+  return says.empty() ? text : text.append(": ").append(says);
 }
 
 }  // namespace scourwell

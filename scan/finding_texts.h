@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "definitions/spy_categories.h"
 #include "scan/finding.h"
 #include "text/captions.h"
 
@@ -28,8 +29,8 @@ int KindIcon(FindingKind kind);
 // Where it lies: a path, a key, a key with a value's name, a program; " (64-bit)" behind what only
 // 64-bit programs see.
 std::string PlaceText(const FoundObject& object);
-// The path or the key alone.
-std::string TipText(const FoundObject& object);
+// The path or the key alone and, where the definitions say it, what kind of program the spy is.
+std::string TipText(const Finding& finding, const SpyCategories& categories);
 
 // Behind what lies in the registry's 64-bit view.
 inline constexpr std::string_view kView64 = " (64-bit)";

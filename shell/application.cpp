@@ -142,6 +142,7 @@ void Application::Run(Scan&& scan) {
   if (busy()) return;
   scanning_ = true;
   CheckRelease();
+  categories_.Load(reference_);
   scan();
   progress_.loading = false;
   scanning_ = false;

@@ -6,6 +6,7 @@
 #include "backup/ignore_list.h"
 #include "definitions/change_report.h"
 #include "definitions/list_loader.h"
+#include "definitions/spy_categories.h"
 #include "guard/key_remover.h"
 #include "platform/code_pages.h"
 #include "platform/profiles.h"
@@ -95,6 +96,7 @@ class Application : private ScanReport, private LoadProgress {
   Statistics& statistics() { return statistics_; }
   ScanScope& scope() { return scope_; }
   HitList& hits() { return hits_; }
+  const SpyCategories& categories() const { return categories_; }
   IgnoreList& ignore() { return ignore_; }
   Backups& backups() { return backups_; }
   Removal& removal() { return removal_; }
@@ -139,6 +141,7 @@ class Application : private ScanReport, private LoadProgress {
   ScanScope scope_;
   ScanProgress progress_;
   ReferenceFile reference_;
+  SpyCategories categories_;
   ChangeReport changes_;
   std::string change_report_;
   bool started_ = false;

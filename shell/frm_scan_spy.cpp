@@ -24,7 +24,7 @@ frmScanSpy::frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, F
       first_(first),
       path_(std::move(path)),
       SpyStatusFrame_(env, app.progress(), app.hits().counters(), app.ports().clock),
-      SpyFrame_(env, app.hits(), app.ports().shell) {}
+      SpyFrame_(env, app.hits(), app.categories(), app.ports().shell) {}
 
 void frmScanSpy::OnCreate() {
   if (first_ == First::Scan) app_.PrepareScan();

@@ -172,6 +172,20 @@ TEST_SUITE("hit_list") {
     CHECK(r.Details() == "C:\\Evil.exe ");
   }
 
+  TEST_CASE("a tip says where an item lies, and what kind of program its spy is") {
+    SpyCategories categories;
+    categories.AddCategory("tracker", "recognises a visitor");
+    categories.AddSubject("any cookie", "tracker");
+    categories.AddSubject("Worm.*", "worm");
+    for (const auto& [finding, tip] : Rows<Finding, const char*>{
+             {{"Ads", FoundCookie{"C:\\c.txt"}}, "C:\\c.txt - tracker: recognises a visitor"},
+             {{"Ads", FoundFile{"C:\\x"}}, "C:\\x"},
+             {{"Worm.A", ValueAt("HKEY_USERS\\k", "v", {}, true)}, "HKEY_USERS\\k - worm"},
+             {{"Ads", FoundProcess{"C:\\x", 7}}, "C:\\x"}}) {
+      CHECK(TipText(finding, categories) == tip);
+    }
+  }
+
   TEST_CASE("rows arrive ticked when the settings say so") {
     for (const auto& [mark, auto_remove, checked] :
          Rows<const char*, bool, bool>{{"y", false, true},
