@@ -20,7 +20,7 @@ std::vector<RemovalStep> PlanRemoval(const HitList& hits,
   for (std::size_t i = 0; i < hits.size(); ++i) {
     if (hits.row(i).checked) steps.push_back({i, kept.count(i) != 0});
   }
-  std::ranges::stable_partition(steps, [&](const RemovalStep& step) {
+  std::stable_partition(steps.begin(), steps.end(), [&](const RemovalStep& step) {
     return KindOf(hits.row(step.row).finding.object) == FindingKind::Process;
   });
   return steps;

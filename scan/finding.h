@@ -14,6 +14,8 @@ template <class... Answers>
 struct Overloaded : Answers... {
   using Answers::operator()...;
 };
+template <class... Answers>
+Overloaded(Answers...) -> Overloaded<Answers...>;
 
 // What a scan can find on the machine, each kind with what the later steps need of it. List, log,
 // ignore list, backup and removal switch over FoundObject: a new kind does not compile until each

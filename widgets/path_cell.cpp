@@ -45,8 +45,7 @@ void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::s
 }
 
 LRESULT DrawPathColumn(const ListView& list, const NMLVCUSTOMDRAW& draw, int column,
-                       std::size_t rows,
-                       const std::function<std::string(std::size_t row)>& path) {
+                       std::size_t rows, const std::function<std::string(std::size_t row)>& path) {
   if (const auto answer = BeforeCells(draw)) return *answer;
   const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
   if (draw.iSubItem != column || row >= rows) return CDRF_DODEFAULT;

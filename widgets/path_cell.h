@@ -19,7 +19,6 @@ void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::s
 
 // The whole answer to the custom draw of a list of `rows` rows whose `column` holds paths.
 LRESULT DrawPathColumn(const ListView& list, const NMLVCUSTOMDRAW& draw, int column,
-                       std::size_t rows,
-                       const std::function<std::string(std::size_t row)>& path);
+                       std::size_t rows, const std::function<std::string(std::size_t row)>& path);
 
 }  // namespace scourwell
