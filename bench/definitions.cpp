@@ -37,11 +37,8 @@ struct Machine {
   GapPump pump;
 };
 
-class Nothing : public DirectChecks, public LoadProgress {
+class NoProgress : public LoadProgress {
  public:
-  void CheckFile(const std::string&, const std::string&) override {}
-  void CheckFolder(const std::string&, const std::string&) override {}
-  void CheckProcess(const std::string&, const std::string&) override {}
   void Begin(int) override {}
   void Advance() override {}
   void End() override {}
@@ -60,11 +57,11 @@ class File {
                ReferenceFile reference(machine_.files, machine_.clock, machine_.log, settings_,
                                        "C:\\");
                lists_ = {};
-               SignatureLists others;
-               ListLoader loader(reference, lists_, nothing_, nothing_, machine_.pump, machine_.log,
+               DefinitionLists others;
+               ListLoader loader(reference, lists_, no_progress_, machine_.pump, machine_.log,
                                  folders_);
-               ListLoader other_loader(reference, others, nothing_, nothing_, machine_.pump,
-                                       machine_.log, folders_);
+               ListLoader other_loader(reference, others, no_progress_, machine_.pump, machine_.log,
+                                       folders_);
                for (const Loader* each : kSearched) loader.Load(*each);
                for (const Loader* each : kOthers) other_loader.Load(*each);
              }
@@ -77,20 +74,20 @@ class File {
     return Measure([&] {
       for (int i = 0; i < 2; ++i) {
         DriveScan(machine_.files, machine_.pump, machine_.log, captions_, sink_, progress_,
-                  lists_.lstSearch)
+                  lists_.searched)
             .ScanPath(tree);
       }
     });
   }
 
-  std::size_t rows() const { return lists_.lstSearch.size(); }
+  std::size_t rows() const { return lists_.searched.size(); }
 
  private:
   Machine& machine_;
   AppSettings settings_;
   SystemFolders folders_;
-  SignatureLists lists_;
-  Nothing nothing_;
+  DefinitionLists lists_;
+  NoProgress no_progress_;
   PlainCaptions captions_;
   CountingSink sink_;
   ScanProgress progress_;

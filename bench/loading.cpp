@@ -14,6 +14,20 @@ namespace {
 constexpr int kEntries = 10001;
 constexpr int kSamples = 200;
 
+// The sequences of a scan that end in lists of texts: twenty.
+bool IsLoaded(const Sequence& sequence) {
+  switch (sequence.kind) {
+    case DefinitionKind::DirectFile:
+    case DefinitionKind::DirectFolder:
+    case DefinitionKind::Process:
+    case DefinitionKind::Description:
+    case DefinitionKind::Checksum:
+      return false;
+    default:
+      return sequence.count_key != nullptr;
+  }
+}
+
 const Loader* const kLoaders[] = {&kUpdateTrojanList,
                                   &kUpdateDialersFileList,
                                   &kUpdateDialersFolderList,
@@ -32,13 +46,6 @@ const Loader* const kLoaders[] = {&kUpdateTrojanList,
                                   &kUpdateSearchByInternalFileName,
                                   &kUpdateSearchByProductName};
 
-class NoChecks : public DirectChecks {
- public:
-  void CheckFile(const std::string&, const std::string&) override {}
-  void CheckFolder(const std::string&, const std::string&) override {}
-  void CheckProcess(const std::string&, const std::string&) override {}
-};
-
 class NoProgress : public LoadProgress {
  public:
   void Begin(int) override {}
@@ -51,32 +58,24 @@ std::string Scrambled(std::string text) {
   return text;
 }
 
-bool IsDirect(const Sequence& sequence) {
-  return sequence.target == EntryTarget::DirectFile || sequence.target == EntryTarget::DirectFolder;
-}
-
 // The file, with one section after the other; `*sequences` counts what it holds.
 std::string ReferenceText(int* sequences) {
   std::string text;
   std::string counts = "[NTOT]\r\n";
-  std::vector<std::string> sections;
   *sequences = 0;
-  for (const Loader* loader : kLoaders) {
-    for (const Sequence& sequence : loader->sequences) {
-      if (IsDirect(sequence)) continue;
-      ++*sequences;
-      text.append("[").append(sequence.section).append("]\r\n");
-      for (int n = 0; n < kEntries; ++n) {
-        const std::string number = std::to_string(n);
-        text += number + sequence.name_key + "=" + Scrambled("Adware.Bench" + number) + "\r\n";
-        text += number + sequence.value_key + "=" + Scrambled("spyware" + number + ".dll") + "\r\n";
-        if (sequence.value2_key) {
-          text += number + sequence.value2_key + "=" + Scrambled("value" + number) + "\r\n";
-        }
+  for (const Sequence& sequence : Catalogue()) {
+    if (!IsLoaded(sequence)) continue;
+    ++*sequences;
+    text.append("[").append(sequence.section).append("]\r\n");
+    for (int n = 0; n < kEntries; ++n) {
+      const std::string number = std::to_string(n);
+      text += number + sequence.keys[0] + "=" + Scrambled("Adware.Bench" + number) + "\r\n";
+      text += number + sequence.keys[1] + "=" + Scrambled("spyware" + number + ".dll") + "\r\n";
+      if (sequence.keys[2]) {
+        text += number + sequence.keys[2] + "=" + Scrambled("value" + number) + "\r\n";
       }
-      counts +=
-          std::string(sequence.count_key) + "=" + Scrambled(std::to_string(kEntries)) + "\r\n";
     }
+    counts += std::string(sequence.count_key) + "=" + Scrambled(std::to_string(kEntries)) + "\r\n";
   }
   return text + counts;
 }
@@ -116,22 +115,20 @@ void BenchLoading(const char* scratch_folder) {
   }
   PrintMemory("writing the file");
   SystemFolders folders;
-  NoChecks checks;
   NoProgress progress;
   GapPump pump;
   Figures times;
   std::size_t rows = 0;
   for (int i = 0; i < 5; ++i) {
     ReferenceFile reference(files, clock, log, settings, scratch_folder);
-    SignatureLists lists;
-    ListLoader loader(reference, lists, checks, progress, pump, log, folders);
+    DefinitionLists lists;
+    ListLoader loader(reference, lists, progress, pump, log, folders);
     pump.Restart();
     times.values.push_back(Measure([&] {
       for (const Loader* each : kLoaders) loader.Load(*each);
     }));
-    rows = lists.lstSearch.size() + lists.lstRegistry.size() + lists.lstRegKSearch.size() +
-           lists.lstCESearch.size() + lists.lstCWSearch.size() + lists.lstOFNSearch.size() +
-           lists.lstIFNSearch.size() + lists.lstPNSearch.size();
+    rows = lists.searched.size() + lists.key_parts.size() + lists.values.size() +
+           lists.keys.size() + lists.cookies.size() + lists.program_texts.size();
   }
   const double ours = times.Median() / static_cast<double>(rows * 2);
   const double system = SystemLookUp(path);

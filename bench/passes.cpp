@@ -42,8 +42,8 @@ void BareWalk(const std::wstring& folder, Walked* walked) {
 }
 
 // One row in five with a wildcard; a few name what the tree holds.
-SignatureList Rows(int count, const char* type) {
-  SignatureList list;
+DefinitionList<SearchedName> Rows(int count, DiskItem item) {
+  DefinitionList<SearchedName> list;
   for (int i = 0; i < count; ++i) {
     const std::string number = std::to_string(i * 7919 % 1000003);
     std::string signature = "spyware" + number + ".dll";
@@ -53,7 +53,7 @@ SignatureList Rows(int count, const char* type) {
       signature = i % 10 == 0 ? stem + number + "*.*" : "*" + stem + number + ".exe";
     }
     if (i % 1000 == 1) signature = "f" + std::to_string(i % 20) + ".dat";
-    FillListBox(list, type, "Bench", signature);
+    list.Add({"Bench", signature, item});
   }
   return list;
 }
@@ -81,10 +81,10 @@ void BenchPasses(const char* tree) {
   BareWalk(wide_tree, &walked);  // warms the disk cache
   std::printf("tree: %d files in %d folders\n", walked.files, walked.folders);
 
-  for (const char* type : {"Spy Folder", "Spy File"}) {
+  for (const DiskItem item : {DiskItem::Folder, DiskItem::File}) {
+    const bool second = item == DiskItem::File;
     for (const int rows : {100, 1000, 10000}) {
-      const SignatureList list = Rows(rows, type);
-      const bool second = std::string(type) == "Spy File";
+      const DefinitionList<SearchedName> list = Rows(rows, item);
       Figures bare, pass, ratio, build;
       CountingSink sink;
       pump.Restart();
@@ -108,8 +108,8 @@ void BenchPasses(const char* tree) {
       std::printf(
           "%-10s pass, %5d rows: bare walk %6.1f ms, pass %6.1f ms (of it index %4.1f ms), "
           "ratio %.2f (%.2f to %.2f), %d hits a pass, longest time between yields %.1f ms\n",
-          type, rows, bare.Median(), pass.Median(), build.Median(), ratio.Median(), ratio.Min(),
-          ratio.Max(), sink.hits / kRounds, pump.longest());
+          second ? "Spy File" : "Spy Folder", rows, bare.Median(), pass.Median(), build.Median(),
+          ratio.Median(), ratio.Min(), ratio.Max(), sink.hits / kRounds, pump.longest());
     }
   }
 }

@@ -10,7 +10,7 @@
 #include "platform/win/registry_win.h"
 #include "platform/win/system_win.h"
 #include "scan/cookie_scan.h"
-#include "scan/matching.h"
+#include "scan/memory_scan.h"
 #include "scan/registry_scan.h"
 #include "text/text.h"
 
@@ -107,14 +107,13 @@ void BenchPhases(const char* cookies, const char* scratch_folder) {
   const COpSysInfo os(system);
   ManyProcesses processes;
   MemoryScan memory({processes, system, pump, log, os, folders, sink, progress});
-  Matching matching(files, log, folders, sink, memory);
   ReferenceFile reference(files, clock, log, settings, scratch_folder);
-  SignatureLists lists;
-  ListLoader loader(reference, lists, matching, bar, pump, log, folders);
+  DefinitionLists lists;
+  ListLoader loader(reference, lists, bar, pump, log, folders);
 
   MakeClasses();
   for (int i = 0; i < kSignatures; ++i) {
-    FillListBoxRegistrySType(lists.lstSearch, ClassId(1000000 + i), "Bench");
+    lists.key_parts.Add({"Bench", ClassId(1000000 + i)});
   }
   const int keys = BareWalk(HKEY_CLASSES_ROOT, L"CLSID");
   std::printf("registry: %d class keys, %d signatures\n", keys, kSignatures);
@@ -130,22 +129,20 @@ void BenchPhases(const char* cookies, const char* scratch_folder) {
       },
       [&] { RegistryScan(registry, pump, log, sink, progress, lists, loader).DeepPass(); });
 
-  lists.lstSearch.Clear();
   for (int i = 0; i < kSignatures; ++i) {
-    FillListBox(lists.lstSearch, "Spy Cookie", "Bench", "tracker" + std::to_string(i) + "x");
+    lists.cookies.Add({"Bench", "tracker" + std::to_string(i) + "x"});
   }
   Compare(
       "cookie phase, 10,000 cookies", pump, [&] { BareCookies(cookies); },
       [&] {
-        CookieScan(files, pump, log, sink, progress, lists.lstSearch).ScanCookie(cookies, false);
+        CookieScan(files, pump, log, sink, progress, lists.cookies).ScanCookie(cookies, false);
       });
 
   memory.ListProcesses();
-  const double matching_time = Measure([&] {
-    for (int i = 0; i < kSignatures; ++i) {
-      memory.MatchAll("Bench", "spyware" + std::to_string(i) + ".exe");
-    }
-  });
+  for (int i = 0; i < kSignatures; ++i) {
+    lists.processes.Add({"Bench", "spyware" + std::to_string(i) + ".exe"});
+  }
+  const double matching_time = Measure([&] { memory.MatchAll(lists.processes); });
   std::printf("memory phase: %d signatures against %d processes %.1f ms\n", kSignatures,
               static_cast<int>(memory.Tasklist().size()), matching_time);
 }

@@ -1,30 +1,19 @@
 #pragma once
 
 #include <span>
-#include <string>
 
-#include "definitions/list_loader.h"
+#include "definitions/kinds.h"
+#include "machine/error_log.h"
+#include "platform/pump.h"
 
 namespace scourwell {
 
-// What becomes of a row of the definitions that are compiled into the program.
-enum class BuiltInKind {
-  SearchedFile,  // the first four: FillListBox into lstSearch
-  SearchedFolder,
-  Cookie,
-  RegistryKey,    // FillListBoxRegistrySType into lstSearch
-  RegistryValue,  // FillListBoxRegistryVType into lstRegistry
-  DirectFile,     // checked at once
-  DirectFolder,   // checked at once
-  Process,        // matched at once
-};
-
+// One definition that is compiled into the program, in the words of a reference file's entry.
 struct BuiltInRow {
-  BuiltInKind kind;
+  DefinitionKind kind;
   const char* spy;
-  const char* text;  // name, pattern, cookie fragment, key path, value name, or path below `folder`
-  const char* key;   // of a registry value, ending in "\"; else null
-  const std::string SystemFolders::*folder;  // of a direct row; else null
+  const char* value;
+  const char* second = "";
 };
 
 // One procedure of the program: its rows in the order of their file.
@@ -87,24 +76,19 @@ inline constexpr const BuiltInList* kBuiltInMemoryStage[] = {&kBuiltInProcesses}
 inline constexpr const BuiltInList* kBuiltInRegistryStage[] = {
     &kBuiltInRegistry, &kBuiltInRegistryStartupValues, &kBuiltInRegistryAppPathValues};
 
-// Hands the compiled-in definitions to the same places as the reference file's.
+// Hands the compiled-in definitions to the same lists as the reference file's.
 class BuiltInLists {
  public:
-  BuiltInLists(SignatureLists& lists, DirectChecks& checks, const SystemFolders& folders,
-               Pump& pump, ErrorLog& log)
-      : lists_(lists), checks_(checks), folders_(folders), pump_(pump), log_(log) {}
+  BuiltInLists(DefinitionLists& lists, const SystemFolders& folders, Pump& pump, ErrorLog& log)
+      : lists_(lists), folders_(folders), pump_(pump), log_(log) {}
 
   // Ends at once when the closing flag is set; a list that fails does not keep the next from
-  // running. Withdrawn processes are left out here: they are matched at once, while searched rows
-  // can be taken back later.
-  void AddBuiltIn(BuiltInStage stage, const WithdrawnValues& withdrawn = {});
-  void AddBuiltIn(const BuiltInList& list, const WithdrawnValues& withdrawn = {});
+  // running.
+  void AddBuiltIn(BuiltInStage stage);
+  void AddBuiltIn(const BuiltInList& list);
 
  private:
-  void Deliver(const BuiltInRow& row, const WithdrawnValues& withdrawn);
-
-  SignatureLists& lists_;
-  DirectChecks& checks_;
+  DefinitionLists& lists_;
   const SystemFolders& folders_;
   Pump& pump_;
   ErrorLog& log_;

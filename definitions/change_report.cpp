@@ -13,15 +13,16 @@ constexpr char kKey[] = "Number";
 std::string ChangeReport::checkUpdateRefFileChanges() {
   std::string summary;
   log_.Trap("checkUpdateRefFileChanges", [&]() -> Outcome {
-    const std::string release = reference_.updateListfromINI("SETTINGS", "UPDATE-FILE-NUMBER");
+    const std::string release =
+        reference_.updateListfromINI(kReleaseValues[0].section, kReleaseValues[0].key);
     const std::string_view number = TrimBlanks(release);
     if (number.empty() || EqualsNoCase(number, TrimBlanks(kept_.Get(kSection, kKey)))) return {};
     // First, so that a summary is never seen twice.
     if (Outcome stored = kept_.Set(kSection, kKey, release); !stored.ok()) return stored;
     summary = Line(Caption::UpdateFile, release) +
-              Line(Caption::ComponentsUpdated, TextOrNone("SPYWARE DEFINITIONS UPDATED", "SDU0")) +
-              Line(Caption::ComponentsAdded, TextOrNone("SPYWARE DEFINITIONS ADDED", "SDA0")) +
-              Line(Caption::ComponentsRemoved, TextOrNone("SPYWARE DEFINITIONS REMOVED", "SDR0"));
+              Line(Caption::ComponentsUpdated, TextOrNone(kReleaseValues[1])) +
+              Line(Caption::ComponentsAdded, TextOrNone(kReleaseValues[2])) +
+              Line(Caption::ComponentsRemoved, TextOrNone(kReleaseValues[3]));
     return {};
   });
   return summary;
@@ -31,8 +32,8 @@ std::string ChangeReport::Line(Caption label, const std::string& value) const {
   return captions_.Text(label) + " " + value + "\r\n";
 }
 
-std::string ChangeReport::TextOrNone(const char* section, const char* key) {
-  std::string text = reference_.updateListfromINI(section, key);
+std::string ChangeReport::TextOrNone(const ReleaseValue& value) {
+  std::string text = reference_.updateListfromINI(value.section, value.key);
   return text.empty() ? captions_.Text(Caption::NoComponents) : text;
 }
 

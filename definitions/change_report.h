@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "definitions/catalogue.h"
 #include "definitions/reference_file.h"
 #include "settings/kept_texts.h"
 #include "text/captions.h"
@@ -21,7 +22,7 @@ class ChangeReport {
 
  private:
   std::string Line(Caption label, const std::string& value) const;
-  std::string TextOrNone(const char* section, const char* key);
+  std::string TextOrNone(const ReleaseValue& value);
 
   ReferenceFile& reference_;
   KeptTexts& kept_;

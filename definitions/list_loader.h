@@ -1,35 +1,18 @@
 #pragma once
 
+#include <array>
+#include <optional>
 #include <set>
 #include <string>
-#include <unordered_set>
 
-#include "definitions/loader_table.h"
+#include "definitions/catalogue.h"
+#include "definitions/kinds.h"
 #include "definitions/reference_file.h"
 #include "machine/system_folders.h"
 #include "platform/pump.h"
 #include "text/text.h"
 
 namespace scourwell {
-
-// At most this many entries of a sequence are read: 0 to 10000.
-inline constexpr int kMostEntries = 10001;
-// The removal list and the name lists end earlier: 0 to 1000.
-inline constexpr int kMostNames = 1001;
-
-// Search values of compiled-in rows that the reference file takes back.
-using WithdrawnValues = std::unordered_set<std::string, NoCaseHash, NoCaseEqual>;
-
-// Entries that are looked up the moment they are read.
-class DirectChecks {
- public:
-  virtual ~DirectChecks() = default;
-  // The entries of another list follow.
-  virtual void BeginList() {}
-  virtual void CheckFile(const std::string& spy, const std::string& path) = 0;
-  virtual void CheckFolder(const std::string& spy, const std::string& path) = 0;
-  virtual void CheckProcess(const std::string& spy, const std::string& process) = 0;
-};
 
 // The "loading database" window.
 class LoadProgress {
@@ -40,14 +23,19 @@ class LoadProgress {
   virtual void End() = 0;
 };
 
-// Fills the signature lists from the reference file.
+// The texts of entry `n`: spy, value, second value. No value at the end of the sequence: a key of
+// the entry is absent or empty.
+using EntryTexts = std::array<std::string, 3>;
+std::optional<EntryTexts> ReadEntry(ReferenceFile& reference, const Sequence& sequence, int n);
+
+// Fills the definition lists from the reference file, and only that: looking for what they name is
+// up to the phases.
 class ListLoader {
  public:
-  ListLoader(ReferenceFile& reference, SignatureLists& lists, DirectChecks& checks,
-             LoadProgress& progress, Pump& pump, ErrorLog& log, const SystemFolders& folders)
+  ListLoader(ReferenceFile& reference, DefinitionLists& lists, LoadProgress& progress, Pump& pump,
+             ErrorLog& log, const SystemFolders& folders)
       : reference_(reference),
         lists_(lists),
-        checks_(checks),
         progress_(progress),
         pump_(pump),
         log_(log),
@@ -56,24 +44,17 @@ class ListLoader {
   // Reads the loader's sequences. Each ends at its first gap; counts only size the progress bar.
   void Load(const Loader& loader);
 
-  // What the file's section "REMO" holds.
-  WithdrawnValues Withdrawn();
-
-  // Takes the rows out of lstSearch whose sub-item 2 is withdrawn.
+  // Takes out what the file withdraws: searched files and folders, cookies and processes by their
+  // names.
   void removeFromList();
 
  private:
-  // The number of entries read.
   Outcome ReadSequence(const Sequence& sequence, int* bar_left);
-  bool ReadEntry(const Sequence& sequence, int n);
-  void Deliver(const Sequence& sequence, const std::string& name, const std::string& value,
-               const std::string& value2);
   Outcome CheckCount(const Sequence& sequence, int entries);
   int CountOf(const Sequence& sequence);
 
   ReferenceFile& reference_;
-  SignatureLists& lists_;
-  DirectChecks& checks_;
+  DefinitionLists& lists_;
   LoadProgress& progress_;
   Pump& pump_;
   ErrorLog& log_;

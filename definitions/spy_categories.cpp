@@ -3,24 +3,6 @@
 #include "definitions/list_loader.h"
 
 namespace scourwell {
-namespace {
-
-// Hands out the pairs of a sequence, to its first gap.
-template <typename Visit>
-void ForEachPair(ReferenceFile& reference, const char* first_key, const char* second_key,
-                 const Visit& visit) {
-  for (int n = 0; n < kMostEntries; ++n) {
-    const std::string number = std::to_string(n);
-    const std::string first =
-        reference.updateListfromINI(SpyCategories::kSection, number + first_key);
-    const std::string second =
-        reference.updateListfromINI(SpyCategories::kSection, number + second_key);
-    if (first.empty() || second.empty()) return;
-    visit(first, second);
-  }
-}
-
-}  // namespace
 
 void SpyCategories::AddCategory(std::string_view category, std::string_view text) {
   texts_.try_emplace(std::string(category), text);
@@ -34,10 +16,18 @@ void SpyCategories::AddSubject(std::string_view subject, std::string_view catego
 
 void SpyCategories::Load(ReferenceFile& reference) {
   *this = {};
-  ForEachPair(reference, kCategoryKey, kTextKey,
-              [&](const auto& category, const auto& text) { AddCategory(category, text); });
-  ForEachPair(reference, kSubjectKey, kIsKey,
-              [&](const auto& subject, const auto& category) { AddSubject(subject, category); });
+  for (const Sequence& sequence : kSpyCategories.sequences) {
+    for (int n = 0; n < sequence.most; ++n) {
+      const auto entry = ReadEntry(reference, sequence, n);
+      if (!entry) break;
+      const auto& [unused, about, text] = *entry;
+      if (sequence.kind == DefinitionKind::Category) {
+        AddSubject(about, text);
+      } else {
+        AddCategory(about, text);
+      }
+    }
+  }
 }
 
 std::string_view SpyCategories::Of(std::string_view spy, bool by_cookie) const {

@@ -14,11 +14,6 @@ namespace scourwell {
 // or about the rest ("*"); the narrowest one counts.
 class SpyCategories {
  public:
-  static constexpr const char* kSection = "CATE";
-  static constexpr const char* kCategoryKey = "CATEC";  // and what programs of it do
-  static constexpr const char* kTextKey = "CATET";
-  static constexpr const char* kSubjectKey = "CATES";  // and its category
-  static constexpr const char* kIsKey = "CATEI";
   static constexpr std::string_view kAnyCookie = "any cookie";
 
   // Of two lines about the same the first counts.

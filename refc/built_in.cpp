@@ -13,31 +13,9 @@ const BuiltInStage kStages[] = {
     kBuiltInRegistryStage,
 };
 
-struct Token {
-  const std::string SystemFolders::*folder;
-  const char* token;
-};
-const Token kTokens[] = {
-    {&SystemFolders::windows, "%WIN%"},      {&SystemFolders::system, "%SYS%"},
-    {&SystemFolders::app_data, "%AD%"},      {&SystemFolders::temporary, "%TMP%"},
-    {&SystemFolders::program_files, "%PF%"}, {&SystemFolders::common_files, "%CF%"},
-};
-
-// In the order of BuiltInKind.
-constexpr Kind kKinds[] = {Kind::File,  Kind::Folder,     Kind::Cookie,       Kind::KeyPart,
-                           Kind::Value, Kind::DirectFile, Kind::DirectFolder, Kind::Process};
-
 std::string Join(Kind kind, std::string_view value, std::string_view second) {
   std::string key(1, static_cast<char>('a' + static_cast<int>(kind)));
   return key.append(value).append("\n").append(second);
-}
-
-std::string ValueOf(const BuiltInRow& row) {
-  if (row.key) return row.key;
-  for (const Token& token : kTokens) {
-    if (row.folder == token.folder) return std::string(token.token) + row.text;
-  }
-  return row.text;
 }
 
 }  // namespace
@@ -51,12 +29,11 @@ BuiltInRows::BuiltInRows() {
   for (const BuiltInStage stage : kStages) {
     for (const BuiltInList* list : stage) {
       for (const BuiltInRow& row : list->rows) {
-        const Kind kind = kKinds[static_cast<std::size_t>(row.kind)];
         spies_.insert(row.spy);
-        rows_.insert(Join(kind, ValueOf(row), row.key ? row.text : ""));
-        if (kind == Kind::File || kind == Kind::Folder || kind == Kind::Cookie ||
-            kind == Kind::Process) {
-          searched_.insert(row.text);
+        rows_.insert(Join(row.kind, row.value, row.second));
+        if (row.kind == Kind::File || row.kind == Kind::Folder || row.kind == Kind::Cookie ||
+            row.kind == Kind::Process) {
+          searched_.insert(row.value);
         }
       }
     }

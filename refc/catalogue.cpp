@@ -1,114 +1,9 @@
 #include "refc/catalogue.h"
 
-#include <vector>
-
-#include "definitions/list_loader.h"
-#include "definitions/spy_categories.h"
 #include "text/text.h"
 
 namespace scourwell::refc {
 namespace {
-
-struct FamilyLoader {
-  const Loader& loader;
-  std::optional<Family> family;
-};
-
-const FamilyLoader kLoaders[] = {
-    {kUpdateTrojanList, Family::Trojans},
-    {kUpdateDialersFileList, Family::Dialers},
-    {kUpdateDialersFolderList, Family::Dialers},
-    {kUpdateHijackersFileList, Family::Hijackers},
-    {kUpdateHijackersFolderList, Family::Hijackers},
-    {kUpdateKeyLoggersFileList, Family::KeyLoggers},
-    {kUpdateKeyLoggersFolderList, Family::KeyLoggers},
-    {kUpdateSpyFileList, Family::Spyware},
-    {kUpdateSpyFolderList, Family::Spyware},
-    {kUpdateRegistrySVList, {}},
-    {kUpdateMemoryList, {}},
-    {kUpdateRegistryKList, {}},
-    {kUpdateRegistryKOList, {}},
-    {kUpdateCookieList, {}},
-    {kUpdateSearchByCompanyList, {}},
-    {kUpdateSearchByOriginalFileName, {}},
-    {kUpdateSearchByInternalFileName, {}},
-    {kUpdateSearchByProductName, {}},
-    {kUpdateSearchByFileDescription, {}},
-    {kUpdateSearchByFileChecSum, {}},
-};
-
-struct ListKind {
-  SignatureList SignatureLists::*list;
-  Kind kind;
-};
-constexpr ListKind kListKinds[] = {
-    {&SignatureLists::lstCESearch, Kind::Company},
-    {&SignatureLists::lstCWSearch, Kind::CompanyPart},
-    {&SignatureLists::lstOFNSearch, Kind::OriginalName},
-    {&SignatureLists::lstIFNSearch, Kind::InternalName},
-    {&SignatureLists::lstPNSearch, Kind::Product},
-    {&SignatureLists::lstFDSearch, Kind::Description},
-};
-
-Kind RowKind(const Sequence& sequence, const Loader& loader) {
-  for (const ListKind& each : kListKinds) {
-    if (sequence.list == each.list) return each.kind;
-  }
-  if (sequence.list == &SignatureLists::lstRegKSearch) {
-    return &loader == &kUpdateRegistryKOList ? Kind::ClassKey : Kind::Key;
-  }
-  if (EqualsNoCase(sequence.type, kRowSpyFile)) return Kind::File;
-  return EqualsNoCase(sequence.type, kRowSpyFolder) ? Kind::Folder : Kind::Cookie;
-}
-
-Kind KindOf(const Sequence& sequence, const Loader& loader) {
-  switch (sequence.target) {
-    case EntryTarget::Row:
-      return RowKind(sequence, loader);
-    case EntryTarget::KeyRow:
-      return Kind::KeyPart;
-    case EntryTarget::ValueRow:
-      return Kind::Value;
-    case EntryTarget::ChecksumRow:
-      return Kind::Checksum;
-    case EntryTarget::DirectFile:
-      return Kind::DirectFile;
-    case EntryTarget::DirectFolder:
-      return Kind::DirectFolder;
-    case EntryTarget::Process:
-      break;
-  }
-  return Kind::Process;
-}
-
-std::vector<Listed> MakeCatalogue() {
-  std::vector<Listed> all;
-  for (const FamilyLoader& each : kLoaders) {
-    for (const Sequence& s : each.loader.sequences) {
-      all.push_back({s.section,
-                     {s.name_key, s.value_key, s.value2_key},
-                     s.count_key,
-                     KindOf(s, each.loader),
-                     each.family,
-                     kMostEntries});
-    }
-  }
-  // The trojans' searched and direct files are read apart from each other; a section is one piece.
-  std::swap(all[1], all[2]);
-  const auto names = [&](const char* section, const char* key, Kind kind) {
-    all.push_back({section, {nullptr, key, nullptr}, nullptr, kind, {}, kMostNames});
-  };
-  names("REMO", "REMENT", Kind::Withdrawn);
-  names("ADRE", "WCL", Kind::ProgramPart);
-  names("ADRE", "ESL", Kind::Program);
-  const auto pairs = [&](const char* subject, const char* text, Kind kind) {
-    all.push_back(
-        {SpyCategories::kSection, {nullptr, subject, text}, nullptr, kind, {}, kMostEntries});
-  };
-  pairs(SpyCategories::kCategoryKey, SpyCategories::kTextKey, Kind::CategoryText);
-  pairs(SpyCategories::kSubjectKey, SpyCategories::kIsKey, Kind::Category);
-  return all;
-}
 
 constexpr std::string_view kFamilyNames[kFamilies] = {"trojans",    "dialers", "hijackers",
                                                       "keyloggers", "spyware", "cookies",
@@ -125,19 +20,7 @@ constexpr Prefix kPrefixes[] = {
     {"Keylogger.", Family::KeyLoggers},
 };
 
-// In the order of Kind.
-constexpr std::string_view kKindWords[] = {
-    "file",          "folder",        "file",          "folder",      "key part", "value",
-    "process",       "key",           "key",           "cookie",      "company",  "company part",
-    "original name", "internal name", "product",       "description", "checksum", "withdrawn",
-    "program part",  "program",       "category text", "category"};
-
 }  // namespace
-
-std::span<const Listed> Catalogue() {
-  static const std::vector<Listed> catalogue = MakeCatalogue();
-  return catalogue;
-}
 
 std::optional<ListedKey> FindKey(std::string_view section, std::string_view suffix) {
   const std::span<const Listed> all = Catalogue();
@@ -203,15 +86,6 @@ Family FamilyOf(const Listed& listed, std::string_view spy) {
   if (listed.kind == Kind::Cookie) return Family::Cookies;
   if (listed.kind == Kind::Withdrawn) return Family::Withdrawn;
   return listed.family ? *listed.family : FamilyByName(spy);
-}
-
-std::string_view KindWord(Kind kind) { return kKindWords[static_cast<std::size_t>(kind)]; }
-
-std::optional<Kind> FindKind(std::string_view word) {
-  for (std::size_t i = 0; i < std::size(kKindWords); ++i) {
-    if (EqualsNoCase(kKindWords[i], word)) return static_cast<Kind>(i);
-  }
-  return std::nullopt;
 }
 
 }  // namespace scourwell::refc

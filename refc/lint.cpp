@@ -84,9 +84,9 @@ class PatternCheck {
 
 void PatternCheck::Compare() {
   if (rows_.empty()) return;
-  SignatureList list;
+  DefinitionList<SearchedName> list;
   for (const Row* row : rows_) {
-    FillListBox(list, folders_ ? kRowSpyFolder : kRowSpyFile, "", set_.View(*row, 1));
+    list.Add({"", set_.View(*row, 1), folders_ ? DiskItem::Folder : DiskItem::File});
   }
   const SignatureIndex index(list);
   std::vector<SignatureIndex::Nomination> hits;

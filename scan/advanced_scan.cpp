@@ -1,7 +1,6 @@
 #include "scan/advanced_scan.h"
 
 #include <algorithm>
-#include <charconv>
 #include <utility>
 
 #include "machine/file_utils.h"
@@ -19,84 +18,48 @@ bool IsProgram(std::string_view name) {
   return extension == ".EXE" || extension == ".DLL" || extension == ".OCX";
 }
 
-std::optional<std::uint64_t> WholeNumber(std::string_view text) {
-  std::uint64_t number = 0;
-  const char* end = text.data() + text.size();
-  const auto read = std::from_chars(text.data(), end, number);
-  if (read.ec != std::errc() || read.ptr != end) return {};
-  return number;
+std::size_t FieldNumber(VersionField field) {
+  const auto& fields = PropertyIndex::kFields;
+  return static_cast<std::size_t>(std::ranges::find(fields, field) - fields.begin());
 }
 
 }  // namespace
 
-PropertyIndex::PropertyIndex(const SignatureLists& lists)
-    : companies_(lists.lstCWSearch),
-      exact_{{{&lists.lstCESearch, {}},
-              {&lists.lstOFNSearch, {}},
-              {&lists.lstIFNSearch, {}},
-              {&lists.lstPNSearch, {}},
-              {&lists.lstFDSearch, {}}}} {
-  needles_.reserve(companies_.size());
-  for (std::uint32_t row = 0; row < companies_.size(); ++row) {
-    needles_.push_back(Upper(TrimBlanks(companies_[row].sub2)));
-    if (!needles_.back().empty()) proposals_.Add(row, needles_.back());
-  }
-  proposals_.Freeze();
-  for (Exact& exact : exact_) {
-    exact.rows.reserve(exact.list->size());
-    for (std::uint32_t row = 0; row < exact.list->size(); ++row) {
-      exact.rows.try_emplace(TrimBlanks((*exact.list)[row].sub2), row);
+PropertyIndex::PropertyIndex(const DefinitionLists& lists)
+    : texts_(lists.program_texts), checksums_(lists.checksums.begin(), lists.checksums.end()) {
+  for (std::uint32_t row = 0; row < texts_.size(); ++row) {
+    const ProgramText& definition = texts_[row];
+    Field& field = fields_[FieldNumber(definition.field)];
+    const std::string_view text = TrimBlanks(definition.text);
+    if (text.empty()) continue;
+    if (definition.comparison == Comparison::Contained) {
+      field.contained.Add(row, text);
+    } else {
+      field.equal.try_emplace(text, row);
     }
   }
-  for (std::size_t row = 0; row < lists.lstFCSSearch.size(); ++row) {
-    AddChecksum(lists.lstFCSSearch[row]);
-  }
-  std::stable_sort(checksums_.begin(), checksums_.end(),
-                   [](const Checksum& a, const Checksum& b) { return a.size < b.size; });
-}
-
-// Such a row has its spy name as its text, then the size and the checksum.
-void PropertyIndex::AddChecksum(const SignatureRow& row) {
-  const std::optional<std::uint64_t> size = WholeNumber(TrimBlanks(row.sub1));
-  if (size) checksums_.push_back({*size, TrimBlanks(row.sub2), row.text});
+  for (Field& field : fields_) field.contained.Freeze();
+  std::ranges::stable_sort(checksums_, {}, &ContentSum::size);
 }
 
 bool PropertyIndex::empty() const {
-  return proposals_.empty() && checksums_.empty() &&
-         std::all_of(exact_.begin(), exact_.end(),
-                     [](const Exact& exact) { return exact.rows.empty(); });
+  return checksums_.empty() && std::ranges::all_of(fields_, [](const Field& field) {
+           return field.contained.empty() && field.equal.empty();
+         });
 }
 
 std::optional<std::string_view> PropertyIndex::FindText(VersionField field,
                                                         std::string_view text) const {
   if (text.empty()) return {};
-  if (field == kCompanyName) {
-    if (const auto spy = FindCompany(text)) return spy;
-  }
-  for (std::size_t i = 0; i < kFields.size(); ++i) {
-    if (kFields[i] != field) continue;
-    const auto row = exact_[i].rows.find(text);
-    if (row != exact_[i].rows.end()) return (*exact_[i].list)[row->second].sub1;
-  }
-  return {};
+  const Field& known = fields_[FieldNumber(field)];
+  if (const auto row = known.contained.FirstRowIn(text)) return texts_[*row].spy;
+  const auto row = known.equal.find(text);
+  if (row == known.equal.end()) return {};
+  return texts_[row->second].spy;
 }
 
-std::optional<std::string_view> PropertyIndex::FindCompany(std::string_view company) const {
-  std::size_t first = companies_.size();
-  if (!proposals_.empty()) {
-    proposals_.Propose(company, [&](std::uint32_t row) {
-      if (row < first && company.find(needles_[row]) != std::string_view::npos) first = row;
-    });
-  }
-  if (first == companies_.size()) return {};
-  return companies_[first].sub1;
-}
-
-std::vector<PropertyIndex::Checksum>::const_iterator PropertyIndex::FirstOfSize(
-    std::uint64_t size) const {
-  return std::lower_bound(
-      checksums_.begin(), checksums_.end(), size,
-      [](const Checksum& row, std::uint64_t wanted) { return row.size < wanted; });
+std::vector<ContentSum>::const_iterator PropertyIndex::FirstOfSize(std::uint64_t size) const {
+  return std::ranges::lower_bound(checksums_, size, {}, &ContentSum::size);
 }
 
 bool PropertyIndex::KnowsSize(std::uint64_t size) const {
@@ -106,9 +69,8 @@ bool PropertyIndex::KnowsSize(std::uint64_t size) const {
 
 std::optional<std::string_view> PropertyIndex::FindChecksum(std::uint64_t size,
                                                             std::uint8_t checksum) const {
-  const std::string text = std::to_string(checksum);
   for (auto row = FirstOfSize(size); row != checksums_.end() && row->size == size; ++row) {
-    if (row->checksum == text) return row->spy;
+    if (row->checksum == checksum) return row->spy;
   }
   return {};
 }

@@ -8,59 +8,52 @@
 #include <unordered_set>
 #include <vector>
 
-#include "definitions/signature_list.h"
+#include "definitions/definition_list.h"
 #include "machine/error_log.h"
 #include "machine/system_folders.h"
 #include "machine/version_resource.h"
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "platform/shell.h"
+#include "scan/containment_index.h"
 #include "scan/finding.h"
-#include "scan/literal_index.h"
 #include "scan/scan_progress.h"
 #include "text/captions.h"
 #include "text/text.h"
 
 namespace scourwell {
 
-// The rows by which a program file is known, frozen for one pass. Of several rows that a text
+// The definitions by which a program file is known, frozen for one pass. Of several that a text
 // answers the first one counts. The lists must outlive the index and stay unchanged.
 class PropertyIndex {
  public:
-  explicit PropertyIndex(const SignatureLists& lists);
+  explicit PropertyIndex(const DefinitionLists& lists);
 
-  // The texts that rows exist for, in the order in which they are compared.
+  // The texts that definitions exist for, in the order in which they are compared.
   static constexpr std::array<VersionField, 5> kFields = {
       kCompanyName, kOriginalFileName, kInternalName, kProductName, kFileDescription};
 
   bool empty() const;
-  // The spy name of the row that a text of a file answers. `text` is trimmed and upper-cased.
+  // The spy name of the definition that a text of a file answers. `text` is trimmed and
+  // upper-cased.
   std::optional<std::string_view> FindText(VersionField field, std::string_view text) const;
-  // True when some row is about a file of this size.
+  // True when some definition is about a file of this size.
   bool KnowsSize(std::uint64_t size) const;
   std::optional<std::string_view> FindChecksum(std::uint64_t size, std::uint8_t checksum) const;
 
  private:
   using EqualTable = std::unordered_map<std::string_view, std::uint32_t, NoCaseHash, NoCaseEqual>;
-  struct Exact {
-    const SignatureList* list;
-    EqualTable rows;
-  };
-  struct Checksum {
-    std::uint64_t size;
-    std::string_view checksum;
-    std::string_view spy;
+  // The texts of one field, as rows of texts_.
+  struct Field {
+    ContainmentIndex contained;
+    EqualTable equal;
   };
 
-  void AddChecksum(const SignatureRow& row);
-  std::optional<std::string_view> FindCompany(std::string_view company) const;
-  std::vector<Checksum>::const_iterator FirstOfSize(std::uint64_t size) const;
+  std::vector<ContentSum>::const_iterator FirstOfSize(std::uint64_t size) const;
 
-  const SignatureList& companies_;    // by containment
-  std::vector<std::string> needles_;  // of companies_
-  LiteralIndex proposals_;            // of needles_
-  std::array<Exact, 5> exact_;        // by kFields
-  std::vector<Checksum> checksums_;   // by size, then in list order
+  const DefinitionList<ProgramText>& texts_;
+  std::array<Field, kFields.size()> fields_;  // by kFields
+  std::vector<ContentSum> checksums_;         // by size, then in list order
 };
 
 // One pass over folders that knows program files by what they say of themselves and by their
@@ -76,7 +69,7 @@ class AdvancedScan {
     const Captions& captions;
     FindingSink& sink;
     ScanProgress& progress;
-    const SignatureLists& lists;  // unchanged as long as the pass lives
+    const DefinitionLists& lists;  // unchanged as long as the pass lives
     const SystemFolders& folders;
   };
 

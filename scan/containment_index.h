@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "definitions/signature_list.h"
+#include "definitions/definition_list.h"
 #include "scan/literal_index.h"
 
 namespace scourwell {
@@ -15,17 +15,25 @@ namespace scourwell {
 // at a text decides for all of them. Compared without case.
 class ContainmentIndex {
  public:
-  // `signature` says which part of a row is looked for. With a `type`, rows of another row text
-  // are left out.
-  ContainmentIndex(const SignatureList& list, std::string_view SignatureRow::*signature,
-                   std::string_view type = {});
+  ContainmentIndex() = default;
+  // `text` says which text of a definition is looked for.
+  template <class Definition>
+  ContainmentIndex(const DefinitionList<Definition>& list, std::string_view Definition::*text) {
+    for (std::uint32_t row = 0; row < list.size(); ++row) Add(row, list[row].*text);
+    Freeze();
+  }
 
-  // The first row, in list order, whose signature occurs in `text`.
+  // Rows in rising order, then Freeze. An empty text is never found.
+  void Add(std::uint32_t row, std::string_view text);
+  void Freeze();
+
+  bool empty() const { return rows_.empty(); }
+  // The first row whose text occurs in `text`.
   std::optional<std::uint32_t> FirstRowIn(std::string_view text) const;
 
  private:
   LiteralIndex literals_;
-  std::vector<std::string> signatures_;
+  std::vector<std::string> texts_;  // folded
   std::vector<std::uint32_t> rows_;
 };
 

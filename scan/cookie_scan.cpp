@@ -11,14 +11,14 @@ bool IsCookieName(std::string_view name) { return EndsWithNoCase(name, ".txt"); 
 }  // namespace
 
 CookieScan::CookieScan(Files& files, Pump& pump, ErrorLog& log, FindingSink& sink,
-                       ScanProgress& progress, const SignatureList& list)
+                       ScanProgress& progress, const DefinitionList<CookieFragment>& definitions)
     : files_(files),
       pump_(pump),
       log_(log),
       sink_(sink),
       progress_(progress),
-      list_(list),
-      index_(list, &SignatureRow::sub2, kRowSpyCookie) {}
+      definitions_(definitions),
+      index_(definitions, &CookieFragment::fragment) {}
 
 // All names first: then it is known how many there are to compare.
 void CookieScan::ScanCookie(const std::string& folder, bool all) {
@@ -54,7 +54,7 @@ void CookieScan::Check(const std::string& path, const std::string& name, bool al
   progress_.lblScan = path;
   ++progress_.scanned_files;
   if (const auto row = index_.FirstRowIn(name)) {
-    ReportOnce(sink_, FoundCookie{path}, list_[*row].sub1);
+    ReportOnce(sink_, FoundCookie{path}, definitions_[*row].spy);
   } else if (all) {
     ReportOnce(sink_, FoundCookie{path}, "Other");
   }

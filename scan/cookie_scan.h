@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "definitions/signature_list.h"
+#include "definitions/definition_list.h"
 #include "machine/error_log.h"
 #include "platform/files.h"
 #include "platform/pump.h"
@@ -16,13 +16,13 @@ namespace scourwell {
 // The cookie files of the user's browser: one text file a site, named after it.
 class CookieScan {
  public:
-  // `list` must stay unchanged as long as the scan lives.
+  // `definitions` must stay unchanged as long as the scan lives.
   CookieScan(Files& files, Pump& pump, ErrorLog& log, FindingSink& sink, ScanProgress& progress,
-             const SignatureList& list);
+             const DefinitionList<CookieFragment>& definitions);
 
-  // Lists the folder's ordinary ".txt" files whose name holds a cookie signature, under the first
-  // row that does; with `all`, every other one as well, under the name "Other". `folder` may end
-  // in "\". A folder that is not there yields nothing.
+  // Lists the folder's ordinary ".txt" files whose name holds a fragment, under the first
+  // definition that does; with `all`, every other one as well, under the name "Other". `folder` may
+  // end in "\". A folder that is not there yields nothing.
   void ScanCookie(const std::string& folder, bool all);
 
  private:
@@ -34,7 +34,7 @@ class CookieScan {
   ErrorLog& log_;
   FindingSink& sink_;
   ScanProgress& progress_;
-  const SignatureList& list_;
+  const DefinitionList<CookieFragment>& definitions_;
   ContainmentIndex index_;
 };
 

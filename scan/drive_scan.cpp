@@ -14,7 +14,8 @@ constexpr std::string_view kEverything = "*.*";
 }  // namespace
 
 DriveScan::DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& captions,
-                     FindingSink& sink, ScanProgress& progress, const SignatureList& list)
+                     FindingSink& sink, ScanProgress& progress,
+                     const DefinitionList<SearchedName>& list)
     : files_(files),
       pump_(pump),
       log_(log),
@@ -141,7 +142,7 @@ void DriveScan::subFileSearch(const Level& level, std::vector<Match>* matches) {
 }
 
 void DriveScan::Confirm(const Level& level, std::uint32_t row) {
-  const std::string signature = NormalizeSignature(index_.Row(row).sub2);
+  const std::string signature = NormalizeSignature(index_.Row(row).name);
   if (PassesThroughLink(level.path, signature)) return;
   const std::string pattern = AddPathToFileName(level.path, signature);
   // The names lie in the folder that the signature's own path leads to.
@@ -172,15 +173,15 @@ DriveScan::Hit DriveScan::ToHit(const DirEntry& entry) { return {entry.name, ent
 // `below` is the way from the level to the folder of the hit, mostly empty.
 void DriveScan::Report(const Level& level, std::uint32_t row, const std::string& below,
                        const Hit& hit) {
-  const SignatureRow signature = index_.Row(row);
+  const std::string_view spy = index_.Row(row).spy;
   const std::string folder = below.empty() ? level.path : AddPathToFileName(level.path, below);
   const std::string path = AddPathToFileName(folder, hit.name);
   if (!index_.IsFolderRow(row)) {
-    ReportOnce(sink_, FoundFile{path}, signature.sub1);
+    ReportOnce(sink_, FoundFile{path}, spy);
     return;
   }
-  ReportOnce(sink_, FoundFolder{path}, signature.sub1);
-  if (!hit.link) FindFiles(path, signature.sub1);
+  ReportOnce(sink_, FoundFolder{path}, spy);
+  if (!hit.link) FindFiles(path, spy);
 }
 
 // Every file right inside a spy folder is reported with it.
@@ -213,7 +214,7 @@ void DriveScan::SearchOneFile(const std::string& path) {
     bool certain = nomination.certain;
     if (!certain) {
       const Outcome listed = files_.List(
-          AddPathToFileName(level.path, NormalizeSignature(index_.Row(nomination.row).sub2)),
+          AddPathToFileName(level.path, NormalizeSignature(index_.Row(nomination.row).name)),
           [&](const DirEntry& found) {
             certain = EqualsNoCase(found.name, entry.name);
             return !certain;

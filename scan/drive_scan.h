@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "definitions/signature_list.h"
+#include "definitions/definition_list.h"
 #include "machine/error_log.h"
 #include "platform/files.h"
 #include "platform/pump.h"
@@ -22,7 +22,7 @@ namespace scourwell {
 class DriveScan {
  public:
   DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& captions, FindingSink& sink,
-            ScanProgress& progress, const SignatureList& list);
+            ScanProgress& progress, const DefinitionList<SearchedName>& list);
 
   // Files of every folder are examined as well, before its rows are searched.
   void Examine(AdvancedScan* advanced) { advanced_ = advanced; }

@@ -6,6 +6,18 @@
 
 namespace scourwell {
 
+void Matching::LookUp(const DefinitionList<FixedPlace>& places) {
+  refused_ = false;
+  for (const FixedPlace& place : places) {
+    if (!pump_.Next()) return;
+    if (place.item == DiskItem::File) {
+      checkIfFileExistsThenAddToSpyList(place.spy, place.path);
+    } else {
+      checkIfFolderExistsThenAddToSpyList(place.spy, place.path);
+    }
+  }
+}
+
 bool Matching::MayLookUp(const std::string& path) const {
   return IsPlainPath(path) && IsOwnGround(path, folders_);
 }
@@ -18,7 +30,7 @@ Outcome Matching::Refuse(const std::string& path) {
       .With("Path: ", path);
 }
 
-void Matching::checkIfFileExistsThenAddToSpyList(const std::string& spy, const std::string& path) {
+void Matching::checkIfFileExistsThenAddToSpyList(std::string_view spy, std::string_view path) {
   log_.Trap("checkIfFileExistsThenAddToSpyList", [&]() -> Outcome {
     const std::string full = CleanDirString(path, folders_);
     if (full.empty()) return {};
@@ -30,8 +42,7 @@ void Matching::checkIfFileExistsThenAddToSpyList(const std::string& spy, const s
   });
 }
 
-void Matching::checkIfFolderExistsThenAddToSpyList(const std::string& spy,
-                                                   const std::string& path) {
+void Matching::checkIfFolderExistsThenAddToSpyList(std::string_view spy, std::string_view path) {
   log_.Trap("checkIfFolderExistsThenAddToSpyList", [&]() -> Outcome {
     const std::string full = CleanDirString(path, folders_);
     if (full.empty()) return {};

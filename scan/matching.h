@@ -1,49 +1,42 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
-#include "definitions/list_loader.h"
+#include "definitions/definition_list.h"
 #include "machine/error_log.h"
 #include "machine/system_folders.h"
 #include "platform/files.h"
+#include "platform/pump.h"
 #include "scan/finding.h"
-#include "scan/memory_scan.h"
 
 namespace scourwell {
 
-// What definitions ask at once: does this one path exist, does this process run.
-class Matching : public DirectChecks {
+// Definitions that name one place: is there such a file or folder?
+class Matching {
  public:
-  Matching(Files& files, ErrorLog& log, const SystemFolders& folders, FindingSink& sink,
-           MemoryScan& memory)
-      : files_(files), log_(log), folders_(folders), sink_(sink), memory_(memory) {}
+  Matching(Files& files, Pump& pump, ErrorLog& log, const SystemFolders& folders,
+           FindingSink& sink)
+      : files_(files), pump_(pump), log_(log), folders_(folders), sink_(sink) {}
+
+  // Looks the places of a list up, in its order.
+  void LookUp(const DefinitionList<FixedPlace>& places);
 
   // The path may hold a folder token. One that is not a plain absolute path is not looked up: a
   // definition names one object, it does not search. Nor is one that leads to another computer. The
   // first of a list is put on record.
-  void checkIfFileExistsThenAddToSpyList(const std::string& spy, const std::string& path);
-  void checkIfFolderExistsThenAddToSpyList(const std::string& spy, const std::string& path);
-
-  void BeginList() override { refused_ = false; }
-  void CheckFile(const std::string& spy, const std::string& path) override {
-    checkIfFileExistsThenAddToSpyList(spy, path);
-  }
-  void CheckFolder(const std::string& spy, const std::string& path) override {
-    checkIfFolderExistsThenAddToSpyList(spy, path);
-  }
-  void CheckProcess(const std::string& spy, const std::string& process) override {
-    memory_.MatchAll(spy, process);
-  }
+  void checkIfFileExistsThenAddToSpyList(std::string_view spy, std::string_view path);
+  void checkIfFolderExistsThenAddToSpyList(std::string_view spy, std::string_view path);
 
  private:
   bool MayLookUp(const std::string& path) const;
   Outcome Refuse(const std::string& path);
 
   Files& files_;
+  Pump& pump_;
   ErrorLog& log_;
   const SystemFolders& folders_;
   FindingSink& sink_;
-  MemoryScan& memory_;
   bool refused_ = false;  // something of this list
 };
 

@@ -76,14 +76,17 @@ bool MemoryScan::Keep(const ProcessEntry& process) {
   return true;
 }
 
-void MemoryScan::MatchAll(const std::string& spy, const std::string& process) {
-  const std::string folded = Upper(process);
-  for (std::size_t i = 0; i < tasklist_.size() && !parts_.pump.closing(); ++i) {
-    if (compared_[i] == folded) CheckMType(i, spy);
+void MemoryScan::MatchAll(const DefinitionList<ProcessName>& definitions) {
+  for (const ProcessName& definition : definitions) {
+    if (!parts_.pump.Next()) return;
+    const std::string folded = Upper(definition.name);
+    for (std::size_t i = 0; i < tasklist_.size() && !parts_.pump.closing(); ++i) {
+      if (compared_[i] == folded) CheckMType(i, definition.spy);
+    }
   }
 }
 
-void MemoryScan::CheckMType(std::size_t index, const std::string& spy) {
+void MemoryScan::CheckMType(std::size_t index, std::string_view spy) {
   const ProcessEntry& process = tasklist_[index];
   const FoundProcess found = {process.path, process.id};
   parts_.log.Trap("CheckMType", [&] { ReportOnce(parts_.sink, found, spy); });

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "definitions/definition_list.h"
 #include "machine/error_log.h"
 #include "machine/op_sys_info.h"
 #include "machine/system_folders.h"
@@ -38,17 +39,17 @@ class MemoryScan {
 
   // Fills the list of processes in the way of the running family.
   void ListProcesses();
-  // Compares one signature with every listed process: on the NT family by file name, elsewhere by
-  // the whole text, without case. A hit is reported and, on Windows XP and 2000, ended at once
-  // unless the user excludes it.
-  void MatchAll(const std::string& spy, const std::string& process);
+  // Compares each definition, in the order of the list, with every listed process: on the NT family
+  // by file name, elsewhere by the whole text, without case. A hit is reported and, on Windows XP
+  // and 2000, ended at once unless the user excludes it.
+  void MatchAll(const DefinitionList<ProcessName>& definitions);
 
   const std::vector<ProcessEntry>& Tasklist() const { return tasklist_; }
 
  private:
   bool Keep(const ProcessEntry& process);
   // A process whose compared text equals the signature.
-  void CheckMType(std::size_t index, const std::string& spy);
+  void CheckMType(std::size_t index, std::string_view spy);
   Outcome End(const ProcessEntry& process);
 
   Parts parts_;

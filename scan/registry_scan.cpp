@@ -88,7 +88,7 @@ std::string ComparableData(const RegValue& value) {
 }
 
 RegistryScan::RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, FindingSink& sink,
-                           ScanProgress& progress, SignatureLists& lists, ListLoader& loader,
+                           ScanProgress& progress, DefinitionLists& lists, ListLoader& loader,
                            RegistryView view)
     : registry_(registry),
       pump_(pump),
@@ -97,7 +97,7 @@ RegistryScan::RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, Findin
       progress_(progress),
       lists_(lists),
       loader_(loader),
-      index_(lists.lstSearch, &SignatureRow::text),
+      index_(lists.key_parts, &KeyPart::part),
       view_(view) {}
 
 // In the 64-bit view only the machine's software and the classes are different ones.
@@ -118,16 +118,16 @@ void RegistryScan::Report(Found found, std::string_view spy) {
   ReportOnce(sink_, std::move(found), spy);
 }
 
-// The first row of lstSearch that occurs in the examined text names the spy; `found` says what of.
+// The first key part that occurs in the examined text names the spy; `found` says what of.
 template <class Found>
 void RegistryScan::CheckMatching(std::string_view examined, Found&& found) {
-  if (const auto row = index_.FirstRowIn(examined)) Report(found(), lists_.lstSearch[*row].sub1);
+  if (const auto row = index_.FirstRowIn(examined)) Report(found(), lists_.key_parts[*row].spy);
 }
 
 void RegistryScan::QuickPass() {
   log_.Trap("QuickRegistryScan", [&] {
     LoadNamedKeys();
-    Measure(kQuickWalks, lists_.lstRegKSearch.size() + lists_.lstRegistry.size());
+    Measure(kQuickWalks, lists_.keys.size() + lists_.values.size());
     CheckNamedKeys();
     WalkAll(kQuickWalks);
     CheckNamedValues();
@@ -174,55 +174,56 @@ void RegistryScan::Walk(const RegistryWalk& walk) {
 }
 
 void RegistryScan::LoadNamedKeys() {
-  lists_.lstRegKSearch.Clear();
+  lists_.keys.Clear();
   loader_.Load(kUpdateRegistryKList);
   loader_.Load(kUpdateRegistryKOList);
 }
 
 void RegistryScan::CheckNamedKeys() {
-  SignatureList& keys = lists_.lstRegKSearch;
-  progress_.phase.BeginPortion(static_cast<std::uint32_t>(keys.size()));
-  for (std::size_t i = 0; i < keys.size() && pump_.Next(); ++i) {
-    CheckRegistryKType(std::string(keys[i].sub2), keys[i].sub1);
+  progress_.phase.BeginPortion(static_cast<std::uint32_t>(lists_.keys.size()));
+  for (const NamedKey& key : lists_.keys) {
+    if (!pump_.Next()) break;
+    CheckRegistryKType(key);
     progress_.phase.Step();
   }
-  keys.Clear();
+  lists_.keys.Clear();
   if (!pump_.closing()) progress_.phase.EndPortion();
 }
 
-void RegistryScan::CheckRegistryKType(const std::string& full_path, std::string_view spy) {
+void RegistryScan::CheckRegistryKType(const NamedKey& definition) {
   log_.Trap("CheckRegistryKType", [&] {
-    const auto root = HiveIn(FirstPart(full_path));
-    const std::string path = CRegister::SplitKeyPath(BehindFirstPart(full_path));
+    const auto root = HiveIn(FirstPart(definition.path));
+    const std::string path = CRegister::SplitKeyPath(BehindFirstPart(definition.path));
     if (!root || path.empty() || !IsSeen(*root, path)) return;  // a whole hive is no signature
-    progress_.lblScan = full_path;
+    progress_.lblScan = definition.path;
     ++progress_.scanned_keys;
     if (registry_.TryOpen(*root, path, kKeyAllRights) != kRegOk) return;
-    Report(FoundKey{{*root, path}}, spy);
+    Report(FoundKey{{*root, path}}, definition.spy);
   });
 }
 
 void RegistryScan::CheckNamedValues() {
-  const SignatureList& values = lists_.lstRegistry;
-  progress_.phase.BeginPortion(static_cast<std::uint32_t>(values.size()));
-  for (std::size_t i = 0; i < values.size(); ++i) {
+  progress_.phase.BeginPortion(static_cast<std::uint32_t>(lists_.values.size()));
+  for (const NamedValue& value : lists_.values) {
     if (!pump_.Next()) return;
-    CheckNamedValue(values[i]);
+    CheckNamedValue(value);
     progress_.phase.Step();
   }
   progress_.phase.EndPortion();
 }
 
-void RegistryScan::CheckNamedValue(const SignatureRow& row) {
-  const auto root = HiveIn(FirstPart(row.text));
-  if (!root || !HoldsSeparator(row.text)) return;
-  progress_.lblScan = row.text;
+// Values that a definition names are shown below their key in capitals.
+void RegistryScan::CheckNamedValue(const NamedValue& definition) {
+  const std::string key = Upper(definition.key);
+  const auto root = HiveIn(FirstPart(key));
+  if (!root || !HoldsSeparator(key)) return;
+  progress_.lblScan = key;
   RegValue value;
-  const std::string path = CRegister::SplitKeyPath(BehindFirstPart(row.text));
-  const std::string name(row.sub1);
+  const std::string path = CRegister::SplitKeyPath(BehindFirstPart(key));
+  const std::string name(definition.name);
   if (!IsSeen(*root, path)) return;
   if (registry_.QueryValue(*root, path, name, &value) != kRegOk) return;
-  Report(FoundValue{{*root, path}, name, ValueToText(value)}, row.sub2);
+  Report(FoundValue{{*root, path}, name, ValueToText(value)}, definition.spy);
 }
 
 void RegistryScan::WalkValues(RootKey root, const std::string& path) {

@@ -20,8 +20,8 @@ std::string ComparableData(const RegValue& value);
 
 struct RegistryWalk;
 
-// The quick and the deep pass over fixed parts of the registry. The key rows of lstSearch and
-// the value rows of lstRegistry must stay unchanged as long as the scan lives.
+// The quick and the deep pass over fixed parts of the registry. The key
+// parts and the values of `lists` must stay unchanged as long as the scan lives.
 // Which view of the registry is walked.
 struct RegistryView {
   // The second one of a 64-bit Windows: only what differs from the 32-bit one is walked, and what
@@ -34,7 +34,7 @@ struct RegistryView {
 class RegistryScan {
  public:
   RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, FindingSink& sink,
-               ScanProgress& progress, SignatureLists& lists, ListLoader& loader,
+               ScanProgress& progress, DefinitionLists& lists, ListLoader& loader,
                RegistryView view = {});
 
   // Named keys, thirteen keys where spies settle, named values.
@@ -46,9 +46,9 @@ class RegistryScan {
   void LoadNamedKeys();
   void Measure(std::span<const RegistryWalk> walks, std::size_t rows);
   void CheckNamedKeys();
-  void CheckRegistryKType(const std::string& full_path, std::string_view spy);
+  void CheckRegistryKType(const NamedKey& definition);
   void CheckNamedValues();
-  void CheckNamedValue(const SignatureRow& row);
+  void CheckNamedValue(const NamedValue& definition);
   void WalkAll(std::span<const RegistryWalk> walks);
   void Walk(const RegistryWalk& walk);
   void WalkValues(RootKey root, const std::string& path);
@@ -67,7 +67,7 @@ class RegistryScan {
   ErrorLog& log_;
   FindingSink& sink_;
   ScanProgress& progress_;
-  SignatureLists& lists_;
+  DefinitionLists& lists_;
   ListLoader& loader_;
   ContainmentIndex index_;
   RegistryView view_;

@@ -2,6 +2,7 @@
 
 #include "machine/file_utils.h"
 #include "scan/cookie_scan.h"
+#include "scan/matching.h"
 #include "scan/registry_scan.h"
 
 namespace scourwell {
@@ -51,11 +52,18 @@ void LoadStage(const ScanSession::Parts& parts, const Stage& stage) {
   parts.loader.Load(*stage.loader);
 }
 
+// Places that definitions name are looked up category by category, before the folders are walked.
+void LoadCategory(const ScanSession::Parts& parts, const Stage& stage) {
+  LoadStage(parts, stage);
+  Matching(parts.files, parts.pump, parts.log, parts.folders, parts.sink).LookUp(parts.lists.fixed);
+  parts.lists.fixed.Clear();
+}
+
 }  // namespace
 
 void ScanSession::Begin() {
   finished_ = false;
-  ClearLists();  // a stopped scan leaves its rows behind
+  parts_.lists = {};  // a stopped scan leaves its rows behind
   parts_.progress = {};
   parts_.progress.lblScanStatus = parts_.captions.Text(Caption::ScanInProgress);
 }
@@ -95,8 +103,8 @@ void ScanSession::ScanMemory() {
   parts_.log.Trap("ScanMemory", [&] {
     StartPhase(Caption::ScanMemory);
     parts_.memory.ListProcesses();
-    parts_.built_in.AddBuiltIn(kBuiltInMemoryStage, parts_.loader.Withdrawn());
-    parts_.loader.Load(kUpdateMemoryList);
+    LoadStage(parts_, {kBuiltInMemoryStage, &kUpdateMemoryList});
+    parts_.memory.MatchAll(parts_.lists.processes);
     if (!parts_.pump.closing()) parts_.report.CreateMemoryLogFile(parts_.memory.Tasklist());
   });
 }
@@ -110,7 +118,6 @@ void ScanSession::ScanRegistry(const ScanScope& scope) {
     return;
   }
   parts_.log.Trap("ScanRegistry", [&] {
-    parts_.lists.lstRegistry.Clear();
     parts_.built_in.AddBuiltIn(kBuiltInRegistryStage);
     parts_.loader.Load(kUpdateRegistrySVList);
     ScanRegistryView(parts_.registry, {}, quick, deep);
@@ -139,7 +146,7 @@ void ScanSession::ScanCookies() {
     StartPhase(Caption::ScanCookies);
     LoadStage(parts_, {kBuiltInCookieStage, &kUpdateCookieList});
     CookieScan(parts_.files, parts_.pump, parts_.log, parts_.sink, parts_.progress,
-               parts_.lists.lstSearch)
+               parts_.lists.cookies)
         .ScanCookie(parts_.settings.CookiesFolder, parts_.settings.AllCookies);
     if (!parts_.pump.closing()) parts_.report.CreateCookieScanLogFile();
   });
@@ -164,7 +171,7 @@ void ScanSession::ScanFolder(const std::string& path) {
       return std::move(found).With("sPath: ", path);
     }
     BothPasses([&](DriveScan& pass) { pass.ScanPath(path); });
-    ClearLists();
+    parts_.lists = {};
     if (parts_.pump.closing()) return {};
     parts_.report.CreateDriveScanLogFile();
     if (parts_.pump.closing()) return {};
@@ -182,7 +189,7 @@ void ScanSession::BothPasses(Walk&& walk) {
   if (parts_.pump.closing()) return;
   {
     DriveScan folders(parts_.files, parts_.pump, parts_.log, parts_.captions, parts_.sink,
-                      parts_.progress, parts_.lists.lstSearch);
+                      parts_.progress, parts_.lists.searched);
     folders.MeasureBy(&goal);
     walk(folders);
   }
@@ -191,7 +198,7 @@ void ScanSession::BothPasses(Walk&& walk) {
   ScanDrivesForAllFiles();
   if (parts_.pump.closing()) return;
   DriveScan files(parts_.files, parts_.pump, parts_.log, parts_.captions, parts_.sink,
-                  parts_.progress, parts_.lists.lstSearch);
+                  parts_.progress, parts_.lists.searched);
   AdvancedScan advanced = MakeAdvancedScan();
   if (parts_.settings.AdvancedScanning) files.Examine(&advanced);
   files.MeasureBy(&goal);
@@ -208,18 +215,18 @@ void ScanSession::StartPass(Caption caption) {
   StartPhase(caption);
   parts_.progress.lblSFolders = parts_.progress.lblFScan = 0;
   parts_.progress.scanned_files = parts_.progress.scanned_folders = 0;
-  parts_.lists.lstSearch.Clear();
+  parts_.lists.searched.Clear();
 }
 
 void ScanSession::ScanDrivesForAllFolders() {
   for (const Category& category : kCategories) {
-    if (parts_.settings.*category.setting) LoadStage(parts_, category.folders);
+    if (parts_.settings.*category.setting) LoadCategory(parts_, category.folders);
   }
 }
 
 void ScanSession::ScanDrivesForAllFiles() {
   for (const Category& category : kCategories) {
-    if (parts_.settings.*category.setting) LoadStage(parts_, category.files);
+    if (parts_.settings.*category.setting) LoadCategory(parts_, category.files);
   }
   if (!parts_.settings.AdvancedScanning) return;
   for (const Loader* loader : kAdvancedLoaders) parts_.loader.Load(*loader);
@@ -231,17 +238,8 @@ AdvancedScan ScanSession::MakeAdvancedScan() const {
                        parts_.folders});
 }
 
-void ScanSession::ClearLists() {
-  SignatureLists& lists = parts_.lists;
-  for (SignatureList* list :
-       {&lists.lstSearch, &lists.lstCESearch, &lists.lstIFNSearch, &lists.lstCWSearch,
-        &lists.lstFDSearch, &lists.lstOFNSearch, &lists.lstPNSearch, &lists.lstFCSSearch}) {
-    list->Clear();
-  }
-}
-
 void ScanSession::Finish() {
-  ClearLists();
+  parts_.lists = {};
   parts_.progress.phase.Begin(0);
   parts_.report.FinishScan();
   const std::string finished = parts_.captions.Text(Caption::ScanFinished);

@@ -29,7 +29,7 @@ class ScanSession {
     Shell& shell;
     const Captions& captions;
     const AppSettings& settings;
-    SignatureLists& lists;
+    DefinitionLists& lists;
     BuiltInLists& built_in;
     ListLoader& loader;
     MemoryScan& memory;
@@ -66,7 +66,6 @@ class ScanSession {
   void BothPasses(Walk&& walk);
   void StartPhase(Caption caption);
   void StartPass(Caption caption);
-  void ClearLists();
   void Finish();
 
   Parts parts_;

@@ -34,14 +34,10 @@ std::size_t SignatureIndex::NameTable::SlotOf(std::string_view name) const {
   return at;
 }
 
-SignatureIndex::SignatureIndex(const SignatureList& list) : list_(list) {
+SignatureIndex::SignatureIndex(const DefinitionList<SearchedName>& list) : list_(list) {
   names_.Reserve(list.size());
   first_parts_.Reserve(list.size());
-  for (std::uint32_t row = 0; row < list.size(); ++row) {
-    const SignatureRow signature = list[row];
-    if (signature.text != kRowSpyFile && signature.text != kRowSpyFolder) continue;
-    File(row, signature.sub2);
-  }
+  for (std::uint32_t row = 0; row < list.size(); ++row) File(row, list[row].name);
   wildcards_.Freeze();
 }
 

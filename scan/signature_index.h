@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "definitions/signature_list.h"
+#include "definitions/definition_list.h"
 #include "platform/files.h"
 #include "scan/literal_index.h"
 
@@ -18,7 +18,7 @@ namespace scourwell {
 // before it believes a match. The list must outlive the index and stay unchanged.
 class SignatureIndex {
  public:
-  explicit SignatureIndex(const SignatureList& list);
+  explicit SignatureIndex(const DefinitionList<SearchedName>& list);
 
   struct Nomination {
     std::uint32_t row;
@@ -30,8 +30,8 @@ class SignatureIndex {
   // their path begins with.
   void Nominate(const DirEntry& entry, std::vector<Nomination>* nominations) const;
 
-  SignatureRow Row(std::uint32_t row) const { return list_[row]; }
-  bool IsFolderRow(std::uint32_t row) const { return list_[row].text == kRowSpyFolder; }
+  const SearchedName& Row(std::uint32_t row) const { return list_[row]; }
+  bool IsFolderRow(std::uint32_t row) const { return list_[row].item == DiskItem::Folder; }
 
   // Rows that can never be looked for, and the first such signature.
   std::size_t unusable() const { return unusable_; }
@@ -69,7 +69,7 @@ class SignatureIndex {
   void NominateName(std::string_view name, bool folder, bool link,
                     std::vector<Nomination>* nominations) const;
 
-  const SignatureList& list_;
+  const DefinitionList<SearchedName>& list_;
   NameTable names_;
   NameTable first_parts_;
   LiteralIndex wildcards_;

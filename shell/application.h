@@ -15,7 +15,6 @@
 #include "results/hit_list.h"
 #include "results/removal.h"
 #include "results/scan_log.h"
-#include "scan/matching.h"
 #include "scan/scan_session.h"
 #include "settings/settings.h"
 #include "shell/companions.h"
@@ -145,9 +144,8 @@ class Application : private ScanReport, private LoadProgress {
   ChangeReport changes_;
   std::string change_report_;
   bool started_ = false;
-  SignatureLists lists_;
+  DefinitionLists lists_;
   MemoryScan memory_;
-  Matching matching_;
   BuiltInLists built_in_;
   ListLoader loader_;
   ScanSession session_;

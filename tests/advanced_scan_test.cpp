@@ -1,5 +1,6 @@
 #include "scan/advanced_scan.h"
 
+#include "definitions/kinds.h"
 #include "tests/fake/version_block.h"
 #include "tests/support.h"
 
@@ -14,14 +15,15 @@ struct Advanced : Bench {
     folders.windows = "C:\\WINDOWS";
     folders.system = "C:\\WINDOWS\\system32";
   }
-  SignatureLists lists;
+  DefinitionLists lists;
   SystemFolders folders;
   ScanProgress progress;
   AdvancedScan::Parts parts{m.files,  m.versions, m.shell,  m.pump, log,
                             captions, sink,       progress, lists,  folders};
 
-  void Row(SignatureList& list, std::string_view spy, std::string_view value) {
-    FillListBox(list, "Spy X File", spy, value);
+  void Row(DefinitionKind kind, std::string_view spy, std::string_view value,
+           std::string_view second = {}) {
+    AddDefinition(kind, {spy, value, second}, folders, &lists);
   }
   Node& Program(const std::string& path, const std::string& company = "Evil Inc.") {
     return Program(path, VersionBlock().Text("CompanyName", company));
@@ -50,27 +52,27 @@ struct Advanced : Bench {
 
 TEST_SUITE("advanced_scan") {
   TEST_CASE("each list has its own field and its own way to compare") {
-    using L = SignatureLists;
-    for (const auto& [list, field, value, found] :
-         Rows<SignatureList L::*, std::string, std::string, bool>{
-             {&L::lstCWSearch, "CompanyName", "the Bad Guys, inc.", true},
-             {&L::lstCWSearch, "CompanyName", " bad guys ", true},
-             {&L::lstCWSearch, "CompanyName", "Bad  Guys", false},
-             {&L::lstCWSearch, "ProductName", "Bad Guys", false},
-             {&L::lstCESearch, "CompanyName", "  BAD guys ", true},
-             {&L::lstCESearch, "CompanyName", "the Bad Guys", false},
-             {&L::lstOFNSearch, "OriginalFilename", "bad guys", true},
-             {&L::lstOFNSearch, "InternalName", "bad guys", false},
-             {&L::lstIFNSearch, "InternalName", "Bad Guys", true},
-             {&L::lstIFNSearch, "OriginalFilename", "Bad Guys", false},
-             {&L::lstPNSearch, "ProductName", "Bad Guys", true},
-             {&L::lstPNSearch, "FileDescription", "Bad Guys", false},
-             {&L::lstFDSearch, "FileDescription", "Bad Guys", true},
-             {&L::lstFDSearch, "FileDescription", "Bad Guys b", false}}) {
+    using enum DefinitionKind;
+    for (const auto& [kind, field, value, found] :
+         Rows<DefinitionKind, std::string, std::string, bool>{
+             {CompanyPart, "CompanyName", "the Bad Guys, inc.", true},
+             {CompanyPart, "CompanyName", " bad guys ", true},
+             {CompanyPart, "CompanyName", "Bad  Guys", false},
+             {CompanyPart, "ProductName", "Bad Guys", false},
+             {Company, "CompanyName", "  BAD guys ", true},
+             {Company, "CompanyName", "the Bad Guys", false},
+             {OriginalName, "OriginalFilename", "bad guys", true},
+             {OriginalName, "InternalName", "bad guys", false},
+             {InternalName, "InternalName", "Bad Guys", true},
+             {InternalName, "OriginalFilename", "Bad Guys", false},
+             {Product, "ProductName", "Bad Guys", true},
+             {Product, "FileDescription", "Bad Guys", false},
+             {Description, "FileDescription", "Bad Guys", true},
+             {Description, "FileDescription", "Bad Guys b", false}}) {
       Advanced a;
-      a.Row(a.lists.*list, "other", "something else");
-      a.Row(a.lists.*list, "spy", " bad Guys ");
-      a.Row(a.lists.*list, "later", "BAD GUYS");
+      a.Row(kind, "other", "something else");
+      a.Row(kind, "spy", " bad Guys ");
+      a.Row(kind, "later", "BAD GUYS");
       VersionBlock block;
       if (field != "CompanyName") block.Text("CompanyName", "unknown");
       a.Program(kExe, block.Text(field, value));
@@ -83,24 +85,24 @@ TEST_SUITE("advanced_scan") {
   TEST_CASE("the first list and in it the first row win, once per file") {
     Advanced a;
     a.Program(kExe, VersionBlock().Text("CompanyName", "Evil Inc.").Text("ProductName", "Evil"));
-    a.Row(a.lists.lstPNSearch, "by product", "Evil");
+    a.Row(DefinitionKind::Product, "by product", "Evil");
     CHECK(a.Scan() == "Spy File|by product|C:\\Evil\\x.exe\n");
-    a.Row(a.lists.lstCESearch, "by equality", "Evil Inc.");
+    a.Row(DefinitionKind::Company, "by equality", "Evil Inc.");
     CHECK(a.Scan() == "Spy File|by equality|C:\\Evil\\x.exe\n");
-    a.Row(a.lists.lstCWSearch, "empty", "  ");
-    a.Row(a.lists.lstCWSearch, "first", "inc.");
-    a.Row(a.lists.lstCWSearch, "second", "Evil");
+    a.Row(DefinitionKind::CompanyPart, "empty", "  ");
+    a.Row(DefinitionKind::CompanyPart, "first", "inc.");
+    a.Row(DefinitionKind::CompanyPart, "second", "Evil");
     CHECK(a.Scan() == "Spy File|first|C:\\Evil\\x.exe\n");
-    a.lists.lstCWSearch.Clear();
-    a.Row(a.lists.lstCWSearch, "second", "Evil");
-    a.Row(a.lists.lstCWSearch, "first", "inc.");
+    ForgetBeforeLoading(DefinitionKind::CompanyPart, &a.lists);
+    a.Row(DefinitionKind::CompanyPart, "second", "Evil");
+    a.Row(DefinitionKind::CompanyPart, "first", "inc.");
     CHECK(a.Scan() == "Spy File|second|C:\\Evil\\x.exe\n");
   }
 
   TEST_CASE("only programs with a company are examined") {
     Advanced a;
-    a.Row(a.lists.lstPNSearch, "spy", "Evil");
-    FillListBox(a.lists.lstFCSSearch, "by sum", "7", "105");
+    a.Row(DefinitionKind::Product, "spy", "Evil");
+    a.Row(DefinitionKind::Checksum, "by sum", "7", "105");
     const VersionBlock evil =
         VersionBlock().Text("CompanyName", "Evil Inc.").Text("ProductName", "Evil");
     for (const char* name : {"1.exe", "2.EXE", "3.Dll", "4.ocx", "5.sys", "6.exe.txt", "exe",
@@ -127,7 +129,7 @@ TEST_SUITE("advanced_scan") {
              {"C:\\WINDOWS2\\x.exe", "Microsoft Corp.", true},
              {"C:\\x.exe", "Microsoft Corp.", true}}) {
       Advanced a;
-      a.Row(a.lists.lstPNSearch, "spy", "Evil");
+      a.Row(DefinitionKind::Product, "spy", "Evil");
       a.Program(path, VersionBlock().Text("CompanyName", company).Text("ProductName", "Evil"));
       CAPTURE(path);
       CHECK((a.Scan(path.substr(0, path.rfind('\\'))) != "") == found);
@@ -140,16 +142,18 @@ TEST_SUITE("advanced_scan") {
              {"7", "105", true, true},
              {" 7 ", " 105", true, true},
              {"7", "104", true, false},
-             {"7", "", true, false},
+             {"7", "", false, false},
+             {"7", "x", false, false},
+             {"7", "361", false, false},
              {"8", "105", false, false},
              {"7x", "105", false, false},
              {"-7", "105", false, false},
              {"", "105", false, false},
              {"99999999999999999999", "105", false, false}}) {
       Advanced a;
-      FillListBox(a.lists.lstFCSSearch, "large", "4294967303", "105");
-      FillListBox(a.lists.lstFCSSearch, "spy", size, sum);
-      FillListBox(a.lists.lstFCSSearch, "later", size, sum);
+      a.Row(DefinitionKind::Checksum, "large", "4294967303", "105");
+      a.Row(DefinitionKind::Checksum, "spy", size, sum);
+      a.Row(DefinitionKind::Checksum, "later", size, sum);
       a.Program(kExe);
       CAPTURE(size);
       CHECK(a.Scan() == (found ? "Spy File|SPY|C:\\Evil\\x.exe\n" : ""));
@@ -172,7 +176,7 @@ TEST_SUITE("advanced_scan") {
              {"a.lnk", "x.exe", ""},
              {"a.lnk", "C:\\LONGFO~1\\X.EXE", "C:\\Long folder\\X.EXE"}}) {
       Advanced a;
-      a.Row(a.lists.lstCWSearch, "spy", "evil");
+      a.Row(DefinitionKind::CompanyPart, "spy", "evil");
       a.Company(found.empty() ? target : found);
       a.m.File("C:\\Far\\x.exe");
       a.m.File("C:\\Far\\x.txt");
@@ -187,7 +191,7 @@ TEST_SUITE("advanced_scan") {
 
   TEST_CASE("a file is examined once in a pass, whichever way leads to it") {
     Advanced a;
-    a.Row(a.lists.lstCWSearch, "spy", "nobody");
+    a.Row(DefinitionKind::CompanyPart, "spy", "nobody");
     a.Program("C:\\Evil\\Long program.exe");
     a.Shortcut("C:\\Evil\\1.lnk", "C:\\evil\\LONGPR~1.EXE");
     a.Shortcut("C:\\Evil\\2.lnk", "C:\\Evil\\long program.exe");
@@ -203,7 +207,7 @@ TEST_SUITE("advanced_scan") {
 
   TEST_CASE("every entry shows and yields, and a stop ends the search") {
     Advanced a;
-    a.Row(a.lists.lstCWSearch, "spy", "evil");
+    a.Row(DefinitionKind::CompanyPart, "spy", "evil");
     a.m.Folder("C:\\Evil\\folder");
     a.m.File("C:\\Evil\\text.txt");
     a.Program(kExe);
@@ -217,7 +221,7 @@ TEST_SUITE("advanced_scan") {
 
   TEST_CASE("nothing is opened when no row could be answered") {
     Advanced a;
-    a.Row(a.lists.lstCWSearch, "spy", " ");
+    a.Row(DefinitionKind::CompanyPart, "spy", " ");
     a.Program(kExe);
     a.Shortcut("C:\\Evil\\a.lnk", kExe);
     CHECK(a.Scan() == "");
@@ -227,8 +231,8 @@ TEST_SUITE("advanced_scan") {
 
   TEST_CASE("failures are on record and the search goes on") {
     Advanced a;
-    a.Row(a.lists.lstCWSearch, "spy", "evil");
-    FillListBox(a.lists.lstFCSSearch, "sum", "7", "105");
+    a.Row(DefinitionKind::CompanyPart, "spy", "evil");
+    a.Row(DefinitionKind::Checksum, "sum", "7", "105");
     a.m.File("C:\\Evil\\damaged.lnk");
     a.Program("C:\\Evil\\locked.exe", "unknown").Locked();
     a.Program(kExe);
@@ -242,7 +246,7 @@ TEST_SUITE("advanced_scan") {
 
   TEST_CASE("shortcuts to other computers are not followed, the first is on record") {
     Advanced a;
-    a.Row(a.lists.lstCWSearch, "spy", "evil");
+    a.Row(DefinitionKind::CompanyPart, "spy", "evil");
     a.Shortcut("C:\\Evil\\1.lnk", "\\\\dead\\share\\x.exe");
     a.Shortcut("C:\\Evil\\2.lnk", "\\\\dead\\share\\y.exe");
     CHECK(a.Scan() == "");

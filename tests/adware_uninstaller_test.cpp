@@ -217,15 +217,15 @@ TEST_SUITE("known_spies") {
     ToolBench b;
     const auto& rows = kBuiltInSpyFiles.rows;
     const auto row = std::find_if(std::begin(rows), std::end(rows), [](const BuiltInRow& each) {
-      return each.kind == BuiltInKind::SearchedFile &&
-             std::string_view(each.text).find_first_of("*?\\") == std::string_view::npos;
+      return each.kind == DefinitionKind::File &&
+             std::string_view(each.value).find_first_of("*?\\") == std::string_view::npos;
     });
     REQUIRE(row != std::end(rows));
-    const std::string path = std::string("C:\\") + row->text;
+    const std::string path = std::string("C:\\") + row->value;
     CHECK(b.spies.OfFile(path) == "");  // nothing is known before it is read
     b.spies.Refresh();
     CHECK(b.spies.OfFile(path) == row->spy);
-    b.Define(Definitions().Entry("REMO", {"REMENT"}, {row->text}));
+    b.Define(Definitions().Entry("REMO", {"REMENT"}, {row->value}));
     b.spies.Refresh();
     CHECK(b.spies.OfFile(path) == "");
   }

@@ -12,14 +12,9 @@ namespace {
 
 // A row as a line of a source for refc.
 std::string SourceLine(const BuiltInRow& row) {
-  static const SystemFolders kTokens{"", "%WIN%", "%SYS%", "%AD%", "%TMP%", "%PF%", "%CF%", {}};
-  // In the order of BuiltInKind.
-  static const char* const kKinds[] = {"file",  "folder", "cookie", "key part",
-                                       "value", "file",   "folder", "process"};
-  std::string what = row.text;
-  if (row.key) what = std::string(row.key) + "\\" + row.text;
-  if (row.folder) what = kTokens.*row.folder + row.text;
-  return std::string("Spy\t") + kKinds[static_cast<int>(row.kind)] + "\t" + what + "\tknown\n";
+  std::string what = row.value;
+  if (row.kind == DefinitionKind::Value) what += std::string("\\") + row.second;
+  return "Spy\t" + std::string(KindWord(row.kind)) + "\t" + what + "\tknown\n";
 }
 
 // What the rules say of a list, but for each of its rows that it is built in.
@@ -66,9 +61,9 @@ TEST_SUITE("builtin_lists") {
         "\\Software\\Gator.com\\AppInfo\\CME\\"};
     for (const BuiltInList* list : kBuiltInRegistryStage) {
       for (const BuiltInRow& row : list->rows) {
-        if (row.kind != BuiltInKind::RegistryValue) continue;
-        CAPTURE(std::string(row.text));
-        const std::string key(row.key);
+        if (row.kind != DefinitionKind::Value) continue;
+        CAPTURE(std::string(row.second));
+        const std::string key(row.value);
         CHECK(roots.count(key.substr(key.find('\\'))) == 1);
       }
     }

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "tests/builtin_sources.h"
+#include "tests/definition_rows.h"
 #include "tests/support.h"
 
 namespace scourwell::test {
@@ -18,37 +19,26 @@ const BuiltInStage kStages[] = {
     kBuiltInRegistryStage,
 };
 
-// Everything that the lists hand out, as one "target|..." a line.
-struct Delivery : Bench, private DirectChecks {
+// Everything that the lists hand out.
+struct Delivery : Bench {
   SystemFolders folders{"", "C:\\WIN", "C:\\SYS", "C:\\AD", "C:\\TMP", "C:\\PF", "C:\\CF", {}};
-  SignatureLists lists;
-  std::string direct;
-  std::string refuses;  // a direct path whose check fails
-  BuiltInLists built_in{lists, *this, folders, m.pump, log};
+  DefinitionLists lists;
+  BuiltInLists built_in{lists, folders, m.pump, log};
 
   void Add(const BuiltInList& list) { built_in.AddBuiltIn(list); }
   // At most one of the lists is filled by a kind of row, except by kBuiltInRegistry.
-  std::string All() const { return Rows(lists.lstRegistry) + Rows(lists.lstSearch) + direct; }
-
-  static std::string Rows(const SignatureList& list) {
+  std::string All() const {
+    return RowTexts(lists.values) + RowTexts(lists.key_parts) + RowTexts(lists.cookies) +
+           RowTexts(lists.processes) + WithItems(lists.searched) + WithItems(lists.fixed);
+  }
+  template <class Definition>
+  static std::string WithItems(const DefinitionList<Definition>& list) {
+    const std::vector<std::string> rows = Split(RowTexts(list), '\n');
     std::string text;
     for (std::size_t i = 0; i < list.size(); ++i) {
-      text.append(list[i].text).append("|").append(list[i].sub1).append("|");
-      text.append(list[i].sub2).append("\n");
+      text += (list[i].item == DiskItem::Folder ? "folder|" : "file|") + rows[i] + "\n";
     }
     return text;
-  }
-
- private:
-  void CheckFile(const std::string& spy, const std::string& path) override {
-    if (path == refuses) throw std::length_error("too long");
-    direct += "file|" + spy + "|" + path + "\n";
-  }
-  void CheckFolder(const std::string& spy, const std::string& path) override {
-    direct += "folder|" + spy + "|" + path + "\n";
-  }
-  void CheckProcess(const std::string& spy, const std::string& process) override {
-    direct += "process|" + spy + "|" + process + "\n";
   }
 };
 
@@ -65,11 +55,10 @@ std::string Expected(const std::string& file, const std::string& line) {
     cells.erase(cells.begin());
   }
   if (holds("direct")) return kind + "|" + cells[0] + "|" + kFolders.at(cells[1]) + cells[2];
-  if (kind == "key") return Upper(cells[0]) + "|" + cells[1] + "|";
-  if (holds("registry")) return Upper(cells[0]) + "|" + cells[2] + "|" + cells[1];
-  if (holds("processes")) return "process|" + cells[0] + "|" + cells[1];
-  return (holds("cookies") ? "SPY COOKIE|" : "SPY " + Upper(kind) + "|") + cells[0] + "|" +
-         cells[1];
+  if (kind == "key") return cells[1] + "|" + cells[0];
+  if (holds("registry")) return cells[1] + "|" + cells[0] + "|" + cells[2];
+  const bool on_disk = !holds("processes") && !holds("cookies");
+  return (on_disk ? kind + "|" : "") + cells[0] + "|" + cells[1];
 }
 
 }  // namespace
@@ -107,12 +96,10 @@ TEST_SUITE("builtin_lists") {
       all.Add(*source.list);
       some.Add(*source.list);
     }
-    std::string expected;
-    for (const std::string& line : Split(all.direct, '\n')) {
-      if (!line.empty() && line.find("|C:\\WIN\\") == std::string::npos) expected += line + "\n";
-    }
-    CHECK(some.direct == expected);
-    CHECK(some.direct != all.direct);
+    CHECK(some.lists.fixed.size() < all.lists.fixed.size());
+    all.lists.fixed.Remove(
+        [](const FixedPlace& place) { return place.path.starts_with("C:\\WIN\\"); });
+    CHECK(RowTexts(some.lists.fixed) == RowTexts(all.lists.fixed));
   }
 
   TEST_CASE("the closing flag ends a stage at once") {
@@ -132,12 +119,17 @@ TEST_SUITE("builtin_lists") {
 
   TEST_CASE("a list that fails is put on record and the next one runs") {
     Delivery d;
-    d.refuses = "C:\\WIN" + std::string(kBuiltInSpyDirectFiles.rows[0].text);
-    d.built_in.AddBuiltIn(kBuiltInSpyFileStage);
+    d.m.pump.on_yield = [&] {
+      if (d.lists.fixed.size() == 1 && d.lists.searched.empty()) {
+        d.lists.searched.Add({"spy", "x", DiskItem::File});
+        throw std::length_error("too long");
+      }
+    };
+    d.built_in.AddBuiltIn(kBuiltInDialerFileStage);
     CHECK(d.m.Errors() ==
-          "Error Description: too long, Error Number: 5, Method: BuiltInSpyDirectFiles\n");
-    CHECK(d.lists.lstSearch.size() == kBuiltInSpyFiles.rows.size() + kBuiltInSpyFiles2.rows.size());
-    CHECK(Split(d.direct, '\n').size() - 1 == kBuiltInSpyDirectFiles2.rows.size());
+          "Error Description: too long, Error Number: 5, Method: BuiltInDialerDirectFiles\n");
+    CHECK(d.lists.fixed.size() == 1);
+    CHECK(d.lists.searched.size() == 1 + kBuiltInDialerFiles.rows.size());
   }
 }
 

@@ -12,11 +12,11 @@ namespace {
 struct Pass : Bench {
   Pass() { m.AddDrive('D'); }
 
-  SignatureList list;
+  DefinitionList<SearchedName> list;
   ScanProgress progress;
 
-  void FileRow(std::string_view name) { FillListBox(list, "Spy File", "spy", name); }
-  void FolderRow(std::string_view name) { FillListBox(list, "Spy Folder", "spy", name); }
+  void FileRow(std::string_view name) { list.Add({"spy", name, DiskItem::File}); }
+  void FolderRow(std::string_view name) { list.Add({"spy", name, DiskItem::Folder}); }
 
   DriveScan Scan() {
     sink.found.clear();

@@ -1,6 +1,6 @@
 #include "definitions/list_loader.h"
 
-#include "scan/matching.h"
+#include "tests/definition_rows.h"
 #include "tests/support.h"
 
 namespace scourwell::test {
@@ -12,14 +12,10 @@ struct Loading : Bench, private LoadProgress {
   Loading() { folders.windows = "C:\\WINDOWS"; }
 
   SystemFolders folders;
-  SignatureLists lists;
+  DefinitionLists lists;
   Definitions definitions;
   ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
-  ScanProgress scan_progress;
-  COpSysInfo os{m.system};
-  MemoryScan memory{{m.processes, m.system, m.pump, log, os, folders, sink, scan_progress}};
-  Matching matching{m.files, log, folders, sink, memory};
-  ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
+  ListLoader loader{reference, lists, *this, m.pump, log, folders};
   int maximum = -1;
   int advanced = 0;
   int ended = 0;
@@ -29,14 +25,6 @@ struct Loading : Bench, private LoadProgress {
     advanced = 0;
     loader.Load(which);
     CHECK(advanced <= maximum);
-  }
-  static std::string Rows(const SignatureList& list) {
-    std::string text;
-    for (std::size_t i = 0; i < list.size(); ++i) {
-      text.append(list[i].text).append("|").append(list[i].sub1).append("|");
-      text.append(list[i].sub2).append("\n");
-    }
-    return text;
   }
 
  private:
@@ -55,7 +43,6 @@ TEST_SUITE("list_loader") {
          {"TAFI", "TAFO", "DAFI", "DAFO", "HAFI", "HAFO", "KAFI", "KAFO", "SAFI", "SAFO"}) {
       l.definitions.Entry(section, {section + "TD", section + "SD"}, {"spy", "%WIN%\\" + section})
           .Value("NTOT", section + (section == "HAFI" ? "TDDNUM" : "TDNUM"), "1");
-      l.m.files.Put("C:\\WINDOWS\\" + section, section.ends_with("O") ? kFolder : kArchive);
     }
     for (const Loader* loader :
          {&kUpdateTrojanList, &kUpdateDialersFileList, &kUpdateDialersFolderList,
@@ -64,7 +51,11 @@ TEST_SUITE("list_loader") {
       l.Load(*loader);
       CHECK(l.maximum > 0);
     }
-    CHECK(l.sink.found.size() == 10);
+    REQUIRE(l.lists.fixed.size() == 10);
+    for (const FixedPlace& place : l.lists.fixed) {
+      CHECK((place.item == DiskItem::Folder) == place.path.ends_with("FO"));
+      CHECK(place.path.starts_with("C:\\WINDOWS\\"));
+    }
     CHECK(l.m.Errors() == "");
   }
 
@@ -75,17 +66,24 @@ TEST_SUITE("list_loader") {
         .Entry("REGK", {"REGKT", "REGKK"}, {"3", "key"})
         .Entry("REGKO", {"REGKTO", "REGKKO"}, {"4", "key"})
         .Entry("COOK", {"COOKT", "COOKC"}, {"5", "cookie"})
-        .Entry("SBFCS", {"SBFCST", "SBFCSN", "SBFCSS"}, {"6", "size", "sum"});
+        .Entry("SBFCS", {"SBFCST", "SBFCSN", "SBFCSS"}, {"spy", "4294967296", " 255"})
+        .Entry("SBFCS", {"SBFCST", "SBFCSN", "SBFCSS"}, {"spy", "1", "256"})
+        .Entry("MEMA", {"MEMAT", "MEMAF"}, {"7", "process"});
     for (const Loader* loader :
          {&kUpdateRegistrySVList, &kUpdateRegistryKList, &kUpdateRegistryKOList, &kUpdateCookieList,
-          &kUpdateSearchByFileChecSum}) {
+          &kUpdateSearchByFileChecSum, &kUpdateMemoryList}) {
       l.Load(*loader);
     }
-    CHECK(Loading::Rows(l.lists.lstSearch) == "KEY|1|\nSPY COOKIE|5|cookie\n");
-    CHECK(Loading::Rows(l.lists.lstRegistry) == "KEY|value|2\n");
-    CHECK(Loading::Rows(l.lists.lstRegKSearch) == "REG KEY|3|key\nREG KEY|4|key\n");
-    CHECK(Loading::Rows(l.lists.lstFCSSearch) == "6|size|sum\n");
-    CHECK(l.ended == 5);
+    CHECK(RowTexts(l.lists.key_parts) == "1|key\n");
+    CHECK(RowTexts(l.lists.values) == "2|key|value\n");
+    CHECK(RowTexts(l.lists.keys) == "3|key\n4|key\n");
+    CHECK(RowTexts(l.lists.cookies) == "5|cookie\n");
+    CHECK(RowTexts(l.lists.processes) == "7|process\n");
+    REQUIRE(l.lists.checksums.size() == 1);  // the other can be nobody's
+    CHECK(l.lists.checksums[0].spy == "SPY");
+    CHECK(l.lists.checksums[0].size == 4'294'967'296);
+    CHECK(l.lists.checksums[0].checksum == 255);
+    CHECK(l.ended == 6);
   }
 
   TEST_CASE("a sequence ends at its first gap") {
@@ -98,7 +96,7 @@ TEST_SUITE("list_loader") {
         }
       }
       l.Load(kUpdateSpyFileList);
-      CHECK(Loading::Rows(l.lists.lstSearch) == "SPY FILE|0SAFIT|0SAFIS\nSPY FILE|1SAFIT|1SAFIS\n");
+      CHECK(RowTexts(l.lists.searched) == "0SAFIT|0SAFIS\n1SAFIT|1SAFIS\n");
     }
   }
 
@@ -109,7 +107,7 @@ TEST_SUITE("list_loader") {
         .Entry("REGV", {"REGVT", "REGVK", "REGVV"}, {"a", "b", "c"})
         .Value("NTOT", "HAFITDDNUM", "4");
     l.Load(kUpdateRegistrySVList);
-    CHECK(l.lists.lstRegistry.size() == 1);
+    CHECK(l.lists.values.size() == 1);
     l.Load(kUpdateHijackersFileList);
     CHECK(l.maximum == 4);
   }
@@ -121,8 +119,8 @@ TEST_SUITE("list_loader") {
     }
     l.m.clock.frozen = true;
     l.Load(kUpdateSpyFileList);
-    REQUIRE(l.lists.lstSearch.size() == 10'001);
-    CHECK(l.lists.lstSearch[10'000].sub2 == "10000");
+    REQUIRE(l.lists.searched.size() == 10'001);
+    CHECK(l.lists.searched[10'000].name == "10000");
   }
 
   TEST_CASE("counts only size the bar, a wrong one is recorded once per file") {
@@ -149,36 +147,12 @@ TEST_SUITE("list_loader") {
       l.Load(kUpdateSpyFileList);
       CHECK(l.maximum == row.maximum);
       CHECK(l.advanced == row.advanced);
-      CHECK(l.lists.lstSearch.size() == 3);
+      CHECK(l.lists.searched.size() == 3);
       CHECK((l.m.Errors().find("The definitions announce") != std::string::npos) == row.recorded);
       const std::string once = l.m.Errors();
       l.loader.Load(kUpdateSpyFileList);
       CHECK(l.m.Errors() == once);
     }
-  }
-
-  TEST_CASE("direct entries are expanded and checked at once") {
-    Loading l;
-    l.m.File("C:\\WINDOWS\\evil.exe");
-    l.m.Folder("C:\\WINDOWS\\spydir");
-    for (const char* path :
-         {"%WIN%\\EVIL.exe", "%WIN%\\gone.exe", "%Windows%\\x.exe", "C:\\WINDOWS\\evil.exe",
-          "%win%\\evil.exe", "%WIN%\\*.exe", "%WIN%\\spydir", "%PF%", "%WIN%\\EVIL.EXE"}) {
-      l.definitions.Entry("SAFI", {"SAFITD", "SAFISD"}, {"spy", path});
-      l.definitions.Entry("SAFO", {"SAFOTD", "SAFOSD"}, {"spy", path});
-    }
-    l.Load(kUpdateSpyFileList);
-    CHECK(l.sink.lines() == "Spy File|spy|C:\\WINDOWS\\EVIL.exe\n");
-    l.Load(kUpdateSpyFolderList);
-    CHECK(l.sink.lines() ==
-          "Spy File|spy|C:\\WINDOWS\\EVIL.exe\nSpy Folder|spy|C:\\WINDOWS\\spydir\n");
-    const std::string refused =
-        "Error Description: The definition does not name one absolute path, Error Number: 52, "
-        "Method: checkIfFileExistsThenAddToSpyList, Path: ";
-    CHECK(l.m.Errors().starts_with(refused + "%win%\\evil.exe\n"));  // of each list the first
-    CHECK(l.m.Errors().find("*.exe") == std::string::npos);
-    CHECK(l.m.files.Count("List %") == 0);
-    CHECK(l.lists.lstSearch.empty());
   }
 
   TEST_CASE("withdrawn rows go, all of them and whatever their case") {
@@ -188,10 +162,16 @@ TEST_SUITE("list_loader") {
                         .Value("REMO", "3REMENT", "three")
                         .Text());
     for (const char* name : {"evil.EXE", "one", "TWO", "evil.exe", "three"}) {
-      FillListBox(l.lists.lstSearch, "Spy File", "s", name);
+      l.lists.searched.Add({"s", name, DiskItem::File});
+      l.lists.fixed.Add({"s", name, DiskItem::File});
+      l.lists.cookies.Add({"s", name});
+      l.lists.processes.Add({"s", name});
     }
     l.loader.removeFromList();
-    CHECK(Loading::Rows(l.lists.lstSearch) == "SPY FILE|s|one\nSPY FILE|s|three\n");
+    CHECK(RowTexts(l.lists.searched) == "s|one\ns|three\n");
+    CHECK(RowTexts(l.lists.cookies) == "s|one\ns|three\n");
+    CHECK(RowTexts(l.lists.processes) == "s|one\ns|three\n");
+    CHECK(l.lists.fixed.size() == 5);  // places cannot be withdrawn
   }
 
   TEST_CASE("closing ends the loading at that entry") {
@@ -203,7 +183,7 @@ TEST_SUITE("list_loader") {
     l.definitions.Value("NTOT", "TAFITNUM", "5");
     l.m.pump.close_at = 3;
     l.Load(kUpdateTrojanList);
-    CHECK(l.lists.lstSearch.size() == 2);
+    CHECK(l.lists.searched.size() == 2);
     CHECK(l.ended == 1);
     CHECK(l.m.Errors() == "");
   }
@@ -211,47 +191,40 @@ TEST_SUITE("list_loader") {
   TEST_CASE("the lists of the version information are refilled, the others grow") {
     Loading l;
     l.definitions.Entry("SCE", {"SCET", "SCEV"}, {"s", "v"})
+        .Entry("SCW", {"SCWT", "SCWV"}, {"s", "v"})
+        .Entry("SBPN", {"SBPNT", "SBPNF"}, {"s", "product"})
+        .Entry("SBFCS", {"SBFCST", "SBFCSN", "SBFCSS"}, {"s", "7", "1"})
         .Entry("COOK", {"COOKT", "COOKC"}, {"s", "v"});
     for (int i = 0; i < 2; ++i) {
       l.Load(kUpdateSearchByCompanyList);
+      l.Load(kUpdateSearchByProductName);
+      l.Load(kUpdateSearchByFileChecSum);
       l.Load(kUpdateCookieList);
     }
-    CHECK(l.lists.lstCESearch.size() == 1);
-    CHECK(l.lists.lstSearch.size() == 2);
-  }
-
-  TEST_CASE("a definition leads to no server but where the user's own folders lie") {
-    Loading l;
-    l.folders.app_data = "\\\\home\\me\\AppData";
-    for (const char* path : {"\\\\far\\share\\%win%.exe", "%CF%\\\\far\\share\\evil.exe",
-                             "%CF%\\\\home\\me\\AppDataX\\evil.exe", "%AD%\\evil.exe"}) {
-      l.definitions.Entry("SAFI", {"SAFITD", "SAFISD"}, {"spy", path});
-    }
-    l.Load(kUpdateSpyFileList);
-    CHECK(l.m.files.Count("List \\\\") == 1);
-    CHECK(l.m.files.Count("List \\\\home\\me\\AppData\\evil.exe") == 1);
-    CHECK(l.m.Errors() ==
-          "Error Description: The definition names a place on another computer, Error Number: 52, "
-          "Method: checkIfFileExistsThenAddToSpyList, Path: \\\\far\\share\\%win%.exe\n");
+    CHECK(RowTexts(l.lists.program_texts) == "s|v\ns|v\ns|product\n");
+    CHECK(l.lists.checksums.size() == 1);
+    CHECK(l.lists.cookies.size() == 2);
   }
 }
 
-TEST_SUITE("signature_list") {
-  TEST_CASE("rows keep their order, shared texts and duplicates") {
-    SignatureList list;
-    FillListBox(list, " Spy File ", "a", "1");
-    FillListBox(list, "Spy File", "a", "1");
-    FillListBoxRegistryVType(list, " key\\Path ", "spy", "value");
-    FillListBox(list, "x", "", std::string(70'000, 'v'));
-    CHECK(list.size() == 4);
-    CHECK((list[0].text == "SPY FILE" && list[1].sub2 == "1"));
-    CHECK((list[2].text == "KEY\\PATH" && list[2].sub1 == "value" && list[2].sub2 == "spy"));
-    CHECK(list[3].sub2.size() == 65'535);
-    list.Retain([](const SignatureRow& row) { return row.text != "SPY FILE"; });
-    CHECK(list.size() == 2);
-    CHECK(list[0].sub2 == "spy");
-    list.Clear();
-    CHECK(list.empty());
+TEST_SUITE("definition_list") {
+  TEST_CASE("rows keep their order, shared texts and duplicates, wherever the list goes") {
+    DefinitionList<NamedValue> list;
+    for (int i = 0; i < 3000; ++i) {
+      list.Add({"spy", i < 2 ? "key" : std::to_string(i / 2), std::string(i % 97, 'v')});
+    }
+    list.Add({"", "long", std::string(70'000, 'v')});
+    CHECK(list.size() == 3001);
+    CHECK(list[1].key.data() == list[0].key.data());
+    list.Remove([](const NamedValue& row) { return row.key == "1"; });
+    const DefinitionList<NamedValue> moved = std::move(list);
+    REQUIRE(moved.size() == 2999);
+    for (std::size_t row = 2; row < 2998; ++row) {
+      CHECK(moved[row].spy == "spy");
+      CHECK(moved[row].key == std::to_string((row + 2) / 2));
+      CHECK(moved[row].name == std::string((row + 2) % 97, 'v'));
+    }
+    CHECK((moved[2998].spy.empty() && moved[2998].name.size() == 70'000));
   }
 }
 

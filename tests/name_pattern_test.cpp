@@ -108,10 +108,10 @@ TEST_SUITE("literal_index") {
 
 TEST_SUITE("signature_index") {
   TEST_CASE("an entry nominates rows of its own kind by both of its names") {
-    SignatureList list;
-    for (const char* type : {"Spy File", "Spy Folder", "Spy Cookie"}) {
+    DefinitionList<SearchedName> list;
+    for (const DiskItem item : {DiskItem::File, DiskItem::Folder}) {
       for (const char* name : {"Long Name.exe", "LONGNA~1.EXE", "l*e", "long name.exe\\x"}) {
-        FillListBox(list, type, "spy", name);
+        list.Add({"spy", name, item});
       }
     }
     const SignatureIndex index(list);

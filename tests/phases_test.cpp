@@ -16,9 +16,15 @@ struct Phases : ScanBench {
   RegistryScan Registry() {
     return RegistryScan(m.registry, m.pump, log, sink, progress, lists, loader);
   }
+  void KeyPart(std::string_view part, std::string_view spy) { lists.key_parts.Add({spy, part}); }
+  void Match(std::string_view spy, std::string_view process) {
+    lists.processes.Clear();
+    lists.processes.Add({spy, process});
+    memory.MatchAll(lists.processes);
+  }
   std::string Cookies(bool all) {
     sink.found.clear();
-    CookieScan(m.files, m.pump, log, sink, progress, lists.lstSearch)
+    CookieScan(m.files, m.pump, log, sink, progress, lists.cookies)
         .ScanCookie("C:\\Cookies\\", all);
     return sink.lines();
   }
@@ -31,19 +37,19 @@ TEST_SUITE("containment_index") {
     constexpr const char* kPieces[] = {"{A1", "-B2", "}", "RUN\\", "x", "Bar", "bar", ".", "tool"};
     for (std::uint32_t seed = 1; seed <= 200; ++seed) {
       Dice dice(seed);
-      SignatureList list;
+      DefinitionList<KeyPart> list;
       const auto text = [&](std::size_t most) {
         std::string result;
         for (std::size_t i = 1 + dice.Below(most); i > 0; --i) result += dice.Pick(kPieces);
         return result;
       };
-      for (int i = 0; i < 30; ++i) FillListBoxRegistrySType(list, text(3), "spy");
-      const ContainmentIndex index(list, &SignatureRow::text);
+      for (int i = 0; i < 30; ++i) list.Add({"spy", text(3)});
+      const ContainmentIndex index(list, &KeyPart::part);
       for (int i = 0; i < 30; ++i) {
         const std::string examined = text(8);
         std::optional<std::uint32_t> expected;
         for (std::uint32_t row = 0; row < list.size() && !expected; ++row) {
-          if (FindNoCase(examined, list[row].text) != std::string_view::npos) expected = row;
+          if (FindNoCase(examined, list[row].part) != std::string_view::npos) expected = row;
         }
         CAPTURE(seed);
         CAPTURE(examined);
@@ -69,6 +75,7 @@ TEST_SUITE("memory_scan") {
     p.memory.ListProcesses();
     CHECK(p.m.processes.asked == "status");
     p.loader.Load(kUpdateMemoryList);
+    p.memory.MatchAll(p.lists.processes);
     CHECK(p.sink.lines() ==
           "Memory Process|Bad|C:\\a\\Spy.EXE\nMemory Process|Bad|C:\\c\\spy.exe\n"
           "Memory Process|Host|c:\\windows\\SYSTEM32\\svchost.exe\n"
@@ -89,7 +96,7 @@ TEST_SUITE("memory_scan") {
     p.m.processes.running = {{"C:\\A\\SPY.EXE", 7, 0}, {"SPY.EXE", 8, 0}};
     p.memory.ListProcesses();
     CHECK(p.m.processes.asked == "snapshot");
-    p.memory.MatchAll("Bad", "c:\\a\\spy.exe");
+    p.Match("Bad", "c:\\a\\spy.exe");
     CHECK(p.sink.lines() == "Memory Process|Bad|C:\\A\\SPY.EXE\n");
     CHECK(p.m.system.journal.empty());
   }
@@ -105,7 +112,7 @@ TEST_SUITE("memory_scan") {
     p.m.pump.close_at = p.m.pump.yields + 2;
     p.memory.ListProcesses();
     CHECK(p.memory.Tasklist().size() == 1);
-    p.memory.MatchAll("Bad", "a.exe");
+    p.Match("Bad", "a.exe");
     CHECK(p.sink.lines() == "");
   }
 
@@ -114,8 +121,8 @@ TEST_SUITE("memory_scan") {
     p.m.processes.running = {{"C:\\spy.exe", 7, 32}, {"C:\\other\\spy.exe", 8, 32}};
     p.memory.ListProcesses();
     p.m.processes.running[1].path = "C:\\innocent.exe";
-    p.memory.MatchAll("Bad", "spy.exe");
-    p.memory.MatchAll("Worse", "SPY.EXE");
+    p.Match("Bad", "spy.exe");
+    p.Match("Worse", "SPY.EXE");
     CHECK(Lines(p.m.system.journal) == "Terminate 7\n");
     CHECK(p.sink.found.size() == 2);
     CHECK(p.m.Errors() == "");
@@ -127,7 +134,7 @@ TEST_SUITE("memory_scan") {
     p.os = COpSysInfo(p.m.system);
     p.m.processes.running = {{"C:\\spy.exe", 0xFFF0A123, 0}};
     p.memory.ListProcesses();
-    p.memory.MatchAll("Bad", "c:\\spy.exe");
+    p.Match("Bad", "c:\\spy.exe");
     REQUIRE(p.sink.found.size() == 1);
     CHECK(std::get<FoundProcess>(p.sink.found[0].object).id == 0xFFF0A123);
   }
@@ -147,9 +154,9 @@ TEST_SUITE("registry_scan") {
         .Value("Harmless", "notepad.exe")
         .Value("SpyLoader", "C:\\x.exe")
         .Value("Innocent", "C:\\Program Files\\BadBar\\b.exe");
-    FillListBoxRegistrySType(p.lists.lstSearch, "\\run\\spyloader", "Loader");
-    FillListBoxRegistrySType(p.lists.lstSearch, "\\\\badbar\\\\", "Bar");
-    FillListBoxRegistrySType(p.lists.lstSearch, "\\BadBar\\b", "Never: data has doubled \\");
+    p.KeyPart("\\run\\spyloader", "Loader");
+    p.KeyPart("\\\\badbar\\\\", "Bar");
+    p.KeyPart("\\BadBar\\b", "Never: data has doubled \\");
     p.Registry().QuickPass();
     const std::string key = std::string("HKEY_CURRENT_USER\\") + kRun;
     CHECK(p.sink.lines() == "Spy Registry Value|Loader|" + key +
@@ -168,8 +175,8 @@ TEST_SUITE("registry_scan") {
     const std::string module =
         "Software\\Microsoft\\Windows\\CurrentVersion\\moduleusage\\C:/Bad.dll";
     p.m.registry.Make(kLocalMachine, module);
-    FillListBoxRegistrySType(p.lists.lstSearch, "{bad}", "Class");
-    FillListBoxRegistrySType(p.lists.lstSearch, "HKEY_LOCAL_MACHINE\\" + Upper(module), "Module");
+    p.KeyPart("{bad}", "Class");
+    p.KeyPart("HKEY_LOCAL_MACHINE\\" + Upper(module), "Module");
     std::string shown;
     p.m.pump.on_yield = [&] { shown += p.progress.lblScan + "\n"; };
     p.Registry().DeepPass();
@@ -209,7 +216,7 @@ TEST_SUITE("registry_scan") {
           "Spy Registry Key|Other|HKEY_CURRENT_USER\\Software\\Other\n"
           "Spy Registry Value|Val|HKEY_LOCAL_MACHINE\\SOFTWARE\\SPY\\PATH\n");
     CHECK(std::get<FoundValue>(p.sink.found[2].object).data == "x");
-    CHECK(p.lists.lstRegKSearch.empty());
+    CHECK(p.lists.keys.empty());
   }
 
   TEST_CASE("the 64-bit view adds what differs there, and says so") {
@@ -224,7 +231,7 @@ TEST_SUITE("registry_scan") {
         .Entry("REGV", {"REGVT", "REGVK", "REGVV"},
                {"Val", "HKEY_LOCAL_MACHINE\\Software\\Only64\\", "Name"});
     p.WriteDefinitions();
-    FillListBoxRegistrySType(p.lists.lstSearch, "{bad}", "Class");
+    p.KeyPart("{bad}", "Class");
     p.loader.Load(kUpdateRegistrySVList);
     p.Registry().QuickPass();
     p.Registry().DeepPass();
@@ -282,9 +289,8 @@ TEST_SUITE("cookie_scan") {
     p.m.File("C:\\Cookies\\index.dat").Hidden();
     p.m.File("C:\\Cookies\\spylog hidden.txt").Hidden();
     p.m.Folder("C:\\Cookies\\spylog.txt");
-    FillListBoxRegistrySType(p.lists.lstSearch, "NEWS", "not a cookie row");
-    FillListBox(p.lists.lstSearch, "Spy Cookie", "Log", "spylog");
-    FillListBox(p.lists.lstSearch, "Spy Cookie", "Second", "log");
+    p.lists.cookies.Add({"Log", "spylog"});
+    p.lists.cookies.Add({"Second", "log"});
     CHECK(p.Cookies(false) == "Spy Cookie|Log|C:\\Cookies\\USER@SPYLOG[1].TXT\n");
     CHECK(p.Cookies(true) ==
           "Spy Cookie|Log|C:\\Cookies\\USER@SPYLOG[1].TXT\n"

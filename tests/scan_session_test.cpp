@@ -114,7 +114,7 @@ TEST_SUITE("scan_session") {
     CHECK(s.progress.lblScanOption == "<1808>");
     CHECK(s.progress.lblScan == "<1808>");
     CHECK(s.progress.scanned_files == 5);  // of the last pass
-    CHECK(s.lists.lstSearch.empty());
+    CHECK(s.lists.searched.empty());
     CHECK(s.folder_rows == 1);  // the trojan list's: no pass keeps the rows of the one before
     CHECK(s.m.shell.journal.empty());
     CHECK(s.m.Errors() == "");
@@ -226,7 +226,7 @@ TEST_SUITE("scan_session") {
       s.session.ScanFolder("D:\\sub");
       CHECK(s.sink.lines() == (advanced ? "Spy File|Company|D:\\sub\\harmless.exe\n" : ""));
       CHECK(s.m.versions.journal.size() == (advanced ? 1 : 0));
-      CHECK(s.lists.lstCESearch.empty());
+      CHECK(s.lists.program_texts.empty());
       CHECK(s.m.Errors() == "");
     }
   }
@@ -247,7 +247,7 @@ TEST_SUITE("scan_session") {
     SUBCASE("stopped") {
       s.m.pump.close_at = 12;
       s.session.ScanFolder("D:\\sub");
-      CHECK(s.lists.lstSearch.empty());
+      CHECK(s.lists.searched.empty());
       CHECK_FALSE(s.Noted("log"));
     }
     SUBCASE("that is not there") {

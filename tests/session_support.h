@@ -12,13 +12,13 @@ namespace scourwell::test {
 // The parts of a scan, without the session that drives them.
 struct ScanBench : Bench, private LoadProgress {
   SystemFolders folders;
-  SignatureLists lists;
+  DefinitionLists lists;
   ScanProgress progress;
   COpSysInfo os{m.system};
   MemoryScan memory{{m.processes, m.system, m.pump, log, os, folders, sink, progress}};
-  Matching matching{m.files, log, folders, sink, memory};
+  Matching matching{m.files, m.pump, log, folders, sink};
   ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
-  ListLoader loader{reference, lists, matching, *this, m.pump, log, folders};
+  ListLoader loader{reference, lists, *this, m.pump, log, folders};
   Definitions definitions;
 
   void WriteDefinitions() { m.File("C:\\App\\Ini\\update.ref", definitions.Text()); }
@@ -48,21 +48,18 @@ struct Session : ScanBench, private ScanReport {
     m.pump.on_yield = [this] {
       if (look) look();
       Note(progress.lblScanStatus + " " + progress.lblScanOption);
-      folder_rows = 0;
-      for (std::size_t i = 0; i < lists.lstSearch.size(); ++i) {
-        folder_rows += lists.lstSearch[i].text == kRowSpyFolder;
-      }
+      folder_rows = std::ranges::count(lists.searched, DiskItem::Folder, &SearchedName::item);
     };
   }
 
   ScanScope scope;
-  BuiltInLists built_in{lists, matching, folders, m.pump, log};
+  BuiltInLists built_in{lists, folders, m.pump, log};
   ScanSession session{{m.files, m.registry, nullptr, m.pump, log, m.shell, captions, settings,
                        lists, built_in, loader, memory, m.versions, os, folders, sink, *this,
                        progress}};
   std::function<void()> look;  // at each yield
   std::vector<std::string> events;
-  std::size_t folder_rows = 0;  // in the last pass
+  std::ptrdiff_t folder_rows = 0;  // in the last pass
 
   bool Noted(std::string_view event) const {
     return std::find(events.begin(), events.end(), event) != events.end();

@@ -2,7 +2,7 @@
 
 #include <doctest/doctest.h>
 
-#include "definitions/signature_list.h"
+#include "definitions/definition_list.h"
 #include "machine/error_log.h"
 #include "settings/app_settings.h"
 #include "settings/kept_texts.h"

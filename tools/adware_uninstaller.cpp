@@ -21,12 +21,13 @@ std::string PathOf(const std::string& key) { return std::string(kUninstall) + "\
 
 std::span<const Caption> AdwareUninstaller::ColumnCaptions() { return kColumnCaptions; }
 
-std::vector<std::string> AdwareUninstaller::ReadNames(const char* suffix) const {
+std::vector<std::string> AdwareUninstaller::ReadNames(const Loader& loader) const {
+  const Sequence& sequence = loader.sequences[0];
   std::vector<std::string> names;
-  for (int n = 0; n < kMostNames; ++n) {
-    std::string name = needs_.reference.updateListfromINI("ADRE", std::to_string(n) + suffix);
-    if (name.empty()) break;
-    names.push_back(std::move(name));
+  for (int n = 0; n < sequence.most; ++n) {
+    auto entry = ReadEntry(needs_.reference, sequence, n);
+    if (!entry) break;
+    names.push_back(std::move((*entry)[1]));
   }
   return names;
 }
@@ -64,8 +65,8 @@ bool AdwareUninstaller::Load(const char* procedure, bool all, const Progress& pr
   failures_.clear();
   shows_all_ = all;
   const Outcome loaded = needs_.log.TrapOutcome(procedure, [&]() -> Outcome {
-    part_names_ = ReadNames("WCL");
-    exact_names_ = ReadNames("ESL");
+    part_names_ = ReadNames(kUpdateWildcardList);
+    exact_names_ = ReadNames(kUpdateExactSearchList);
     std::vector<std::string> keys;
     const RegStatus status =
         needs_.registry.EnumKeys(kMachine, kUninstall, [&](const std::string& name) {

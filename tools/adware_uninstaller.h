@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "definitions/catalogue.h"
 #include "definitions/reference_file.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
@@ -78,11 +79,11 @@ class AdwareUninstaller : public TableModel {
   bool Load(const char* procedure, bool all, const Progress& progress);
   std::string Read(const std::string& key, const char* value) const;
   Outcome Start(const std::string& command);
-  std::vector<std::string> ReadNames(const char* suffix) const;
+  std::vector<std::string> ReadNames(const Loader& loader) const;
 
   Needs needs_;
-  std::vector<std::string> part_names_;   // "WCL"
-  std::vector<std::string> exact_names_;  // "ESL"
+  std::vector<std::string> part_names_;
+  std::vector<std::string> exact_names_;
   std::vector<Row> rows_;
   std::vector<std::string> failures_;
   bool shows_all_ = false;

@@ -7,18 +7,17 @@
 namespace scourwell {
 namespace {
 
-constexpr const Loader* kFileLoaders[] = {&kUpdateTrojanList,           &kUpdateDialersFileList,
-                                          &kUpdateDialersFolderList,    &kUpdateHijackersFileList,
-                                          &kUpdateHijackersFolderList,  &kUpdateKeyLoggersFileList,
-                                          &kUpdateKeyLoggersFolderList, &kUpdateSpyFileList,
-                                          &kUpdateSpyFolderList,        &kUpdateMemoryList};
-constexpr const Loader* kKeyLoaders[] = {&kUpdateRegistrySVList, &kUpdateRegistryKList,
-                                         &kUpdateRegistryKOList};
-constexpr BuiltInStage kFileStages[] = {
+constexpr const Loader* kLoaders[] = {
+    &kUpdateTrojanList,           &kUpdateDialersFileList,     &kUpdateDialersFolderList,
+    &kUpdateHijackersFileList,    &kUpdateHijackersFolderList, &kUpdateKeyLoggersFileList,
+    &kUpdateKeyLoggersFolderList, &kUpdateSpyFileList,         &kUpdateSpyFolderList,
+    &kUpdateMemoryList,           &kUpdateRegistrySVList,      &kUpdateRegistryKList,
+    &kUpdateRegistryKOList};
+constexpr BuiltInStage kStages[] = {
     kBuiltInTrojanFolderStage,    kBuiltInTrojanFileStage,     kBuiltInDialerFolderStage,
     kBuiltInDialerFileStage,      kBuiltInHijackerFolderStage, kBuiltInHijackerFileStage,
     kBuiltInKeyLoggerFolderStage, kBuiltInKeyLoggerFileStage,  kBuiltInSpyFolderStage,
-    kBuiltInSpyFileStage,         kBuiltInMemoryStage};
+    kBuiltInSpyFileStage,         kBuiltInMemoryStage,         kBuiltInRegistryStage};
 
 std::vector<std::string> FoldedParts(std::string_view path) {
   std::vector<std::string> parts;
@@ -38,43 +37,22 @@ bool HasWildcard(std::string_view text) { return text.find_first_of("*?") != tex
 
 }  // namespace
 
-// Entries that a scan looks up at once are names of one file or folder here. Nothing stops the
-// loading: the stop flag belongs to scans.
-struct KnownSpies::Sink : DirectChecks, LoadProgress, Pump {
-  explicit Sink(KnownSpies& owner) : owner_(owner) {}
-  void CheckFile(const std::string& spy, const std::string& path) override {
-    Add(spy, path, false);
-  }
-  void CheckFolder(const std::string& spy, const std::string& path) override {
-    Add(spy, path, true);
-  }
-  void CheckProcess(const std::string& spy, const std::string& process) override {
-    owner_.file_names_.try_emplace(Upper(TrimBlanks(process)), spy);
-  }
+// Nothing stops the loading: the stop flag belongs to scans.
+struct KnownSpies::Unattended : LoadProgress, Pump {
   void Begin(int) override {}
   void Advance() override {}
   void End() override {}
 
  private:
   void YieldNow() override {}
-  void Add(const std::string& spy, const std::string& path, bool folder) {
-    const std::string full = CleanDirString(path, owner_.folders_);
-    for (const std::string& place : PlacesOf(full, owner_.folders_)) {
-      owner_.patterns_.push_back({FoldedParts(place), folder, spy});
-    }
-  }
-
-  KnownSpies& owner_;
 };
 
 KnownSpies::KnownSpies(ReferenceFile& reference, ErrorLog& log, const SystemFolders& folders)
     : reference_(reference),
       folders_(folders),
-      sink_(std::make_unique<Sink>(*this)),
-      file_loader_(reference, files_, *sink_, *sink_, *sink_, log, folders),
-      key_loader_(reference, keys_, *sink_, *sink_, *sink_, log, folders),
-      built_in_files_(files_, *sink_, folders, *sink_, log),
-      built_in_keys_(keys_, *sink_, folders, *sink_, log) {}
+      unattended_(std::make_unique<Unattended>()),
+      loader_(reference, lists_, *unattended_, *unattended_, log, folders),
+      built_in_(lists_, folders, *unattended_, log) {}
 
 KnownSpies::~KnownSpies() = default;
 
@@ -89,40 +67,45 @@ void KnownSpies::Refresh() {
 void KnownSpies::Load() {
   for (Names* names : {&file_names_, &folder_names_, &values_, &named_keys_}) names->clear();
   patterns_.clear();
-  key_parts_.reset();
-  files_ = {};
-  keys_ = {};
-  const WithdrawnValues withdrawn = file_loader_.Withdrawn();
-  for (const BuiltInStage& stage : kFileStages) built_in_files_.AddBuiltIn(stage, withdrawn);
-  file_loader_.removeFromList();
-  for (const Loader* loader : kFileLoaders) file_loader_.Load(*loader);
-  for (std::size_t i = 0; i < files_.lstSearch.size(); ++i) FileRow(files_.lstSearch[i]);
-  files_ = {};
-  built_in_keys_.AddBuiltIn(kBuiltInRegistryStage);
-  for (const Loader* loader : kKeyLoaders) key_loader_.Load(*loader);
-  for (std::size_t i = 0; i < keys_.lstRegistry.size(); ++i) {
-    const SignatureRow row = keys_.lstRegistry[i];
-    values_.try_emplace(FoldedKey(row.text) + "\n" + Upper(row.sub1), row.sub2);
+  lists_ = {};
+  for (const BuiltInStage& stage : kStages) built_in_.AddBuiltIn(stage);
+  loader_.removeFromList();
+  for (const Loader* loader : kLoaders) loader_.Load(*loader);
+  for (const ProcessName& process : lists_.processes) {
+    file_names_.try_emplace(Upper(TrimBlanks(process.name)), process.spy);
   }
-  for (std::size_t i = 0; i < keys_.lstRegKSearch.size(); ++i) {
-    const SignatureRow row = keys_.lstRegKSearch[i];
-    named_keys_.try_emplace(FoldedKey(row.sub2), row.sub1);
+  for (const FixedPlace& place : lists_.fixed) AddFixed(place);
+  for (const SearchedName& name : lists_.searched) AddSearched(name);
+  for (const NamedValue& value : lists_.values) {
+    values_.try_emplace(FoldedKey(value.key) + "\n" + Upper(value.name), value.spy);
   }
-  key_parts_ = std::make_unique<ContainmentIndex>(keys_.lstSearch, &SignatureRow::text);
+  for (const NamedKey& key : lists_.keys) named_keys_.try_emplace(FoldedKey(key.path), key.spy);
+  // The others are known by now.
+  DefinitionList<KeyPart> key_parts = std::move(lists_.key_parts);
+  lists_ = {};
+  lists_.key_parts = std::move(key_parts);
+  key_parts_ = ContainmentIndex(lists_.key_parts, &KeyPart::part);
 }
 
-void KnownSpies::FileRow(const SignatureRow& row) {
-  const std::string signature = NormalizeSignature(row.sub2);
-  const bool folder = row.text == kRowSpyFolder;
-  if (!folder && row.text != kRowSpyFile) return;
+void KnownSpies::AddFixed(const FixedPlace& definition) {
+  const std::string full = CleanDirString(definition.path, folders_);
+  for (const std::string& place : PlacesOf(full, folders_)) {
+    patterns_.push_back(
+        {FoldedParts(place), definition.item == DiskItem::Folder, std::string(definition.spy)});
+  }
+}
+
+void KnownSpies::AddSearched(const SearchedName& definition) {
+  const std::string signature = NormalizeSignature(definition.name);
+  const bool folder = definition.item == DiskItem::Folder;
   switch (ClassifyPattern(signature)) {
     case PatternKind::Unusable:
       return;
     case PatternKind::Name:
-      (folder ? folder_names_ : file_names_).try_emplace(Upper(signature), row.sub1);
+      (folder ? folder_names_ : file_names_).try_emplace(Upper(signature), definition.spy);
       return;
     default:
-      patterns_.push_back({FoldedParts(signature), folder, std::string(row.sub1)});
+      patterns_.push_back({FoldedParts(signature), folder, std::string(definition.spy)});
   }
 }
 
@@ -168,9 +151,8 @@ std::string KnownSpies::OfKey(std::string_view key) const {
   if (const auto named = named_keys_.find(FoldedKey(key)); named != named_keys_.end()) {
     return named->second;
   }
-  if (!key_parts_) return {};
-  const auto row = key_parts_->FirstRowIn(key);
-  return row ? std::string(keys_.lstSearch[*row].sub1) : std::string();
+  const auto row = key_parts_.FirstRowIn(key);
+  return row ? std::string(lists_.key_parts[*row].spy) : std::string();
 }
 
 }  // namespace scourwell

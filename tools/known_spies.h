@@ -29,7 +29,7 @@ class KnownSpies {
   std::string OfKey(std::string_view key) const;
 
  private:
-  struct Sink;
+  struct Unattended;
   struct Pattern {
     std::vector<std::string> parts;  // folded
     bool folder = false;
@@ -38,18 +38,16 @@ class KnownSpies {
   using Names = std::unordered_map<std::string, std::string>;  // folded name to spy
 
   void Load();
-  void FileRow(const SignatureRow& row);
+  void AddSearched(const SearchedName& definition);
+  void AddFixed(const FixedPlace& definition);
   static bool Matches(const Pattern& pattern, const std::vector<std::string>& path);
 
   ReferenceFile& reference_;
   const SystemFolders& folders_;
-  SignatureLists files_;
-  SignatureLists keys_;
-  std::unique_ptr<Sink> sink_;
-  ListLoader file_loader_;
-  ListLoader key_loader_;
-  BuiltInLists built_in_files_;
-  BuiltInLists built_in_keys_;
+  DefinitionLists lists_;
+  std::unique_ptr<Unattended> unattended_;
+  ListLoader loader_;
+  BuiltInLists built_in_;
   unsigned generation_ = 0;
   bool loaded_ = false;
   Names file_names_;
@@ -57,7 +55,7 @@ class KnownSpies {
   Names values_;
   Names named_keys_;
   std::vector<Pattern> patterns_;
-  std::unique_ptr<ContainmentIndex> key_parts_;
+  ContainmentIndex key_parts_;  // rows of lists_
 };
 
 }  // namespace scourwell

@@ -37,11 +37,11 @@ refuses() {
 message=$(made spyware_files 'X.Y\txyzzy"1.dll\tknown\n') && complain "accepted a quotation mark"
 message=$(made spyware_files '\r\n# note\r\nAdware.X\tsub folder\\xyzzy??.dll\tknown\r\n') ||
     complain "refused a good row: $message"
-grep -qF '{BuiltInKind::SearchedFile, "Adware.X", "sub folder\\xyzzy\?\?.dll", nullptr, nullptr},' \
+grep -qF '{DefinitionKind::File, "Adware.X", "sub folder\\xyzzy\?\?.dll"},' \
     "$scratch/out.cpp" || complain "the row came out wrong"
 made hijacker_direct_entries 'file\tHijacker.X\tapp_data\t\\xyzzy.dll\tknown\n' > "$scratch/log" ||
     complain "refused a direct row: $(cat "$scratch/log")"
-grep -qF '{BuiltInKind::DirectFile, "Hijacker.X", "\\xyzzy.dll", nullptr, &SystemFolders::app_data},' \
+grep -qF '{DefinitionKind::DirectFile, "Hijacker.X", "%AD%\\xyzzy.dll"},' \
     "$scratch/out.cpp" || complain "the direct row came out wrong"
 
 hklm='HKEY_LOCAL_MACHINE\\Software\\Xyzzy'

@@ -20,7 +20,7 @@ TEST_SUITE("contract_matching") {
       for (const TreeItem& item : RandomTree(dice, root, 80)) {
         item.folder ? machine->MakeFolder(item.path) : machine->MakeFile(item.path, "x");
       }
-      SignatureList list;
+      DefinitionList<SearchedName> list;
       const std::vector<std::string> signatures =
           FillRandomRows(dice, 60, ShortNames(files, root), &list);
       CAPTURE(seed);

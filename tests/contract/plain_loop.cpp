@@ -54,10 +54,10 @@ std::string RandomSignature(Dice& dice, const std::vector<std::string>& short_na
 
 class Loop {
  public:
-  Loop(Files& files, const SignatureList& list) : files_(files), list_(list) {}
+  Loop(Files& files, const DefinitionList<SearchedName>& list) : files_(files), list_(list) {}
 
   void Walk(const std::string& folder) {
-    for (std::size_t row = 0; row < list_.size(); ++row) Search(folder, list_[row]);
+    for (const SearchedName& row : list_) Search(folder, row);
     for (const DirEntry& entry : Listing(files_, folder + "\\*.*")) {
       if (entry.IsFolder() && !entry.IsLink()) Walk(folder + "\\" + entry.name);
     }
@@ -66,8 +66,8 @@ class Loop {
   std::string lines() const { return found_.lines(); }
 
  private:
-  void Search(const std::string& folder, const SignatureRow& row) {
-    std::string signature(row.sub2);
+  void Search(const std::string& folder, const SearchedName& row) {
+    std::string signature(row.name);
     // Dots and blanks at the end of a plain name are nobody's.
     if (FileNamePart(signature).find_first_of("*?") == std::string_view::npos) {
       signature.erase(signature.find_last_not_of(". ") + 1);
@@ -78,7 +78,7 @@ class Loop {
         slash == std::string::npos || slash == 0 ? "" : signature.substr(0, slash + 1);
     for (const DirEntry& entry : Listing(files_, folder + "\\" + signature)) {
       const std::string path = folder + "\\" + prefix + entry.name;
-      if (entry.IsFolder() != (row.text == kRowSpyFolder)) continue;
+      if (entry.IsFolder() != (row.item == DiskItem::Folder)) continue;
       Add(row, entry.IsFolder() ? FoundObject(FoundFolder{path}) : FoundFile{path});
       if (!entry.IsFolder() || entry.IsLink()) continue;
       for (const DirEntry& file : Listing(files_, path + "\\*.*")) {
@@ -99,18 +99,19 @@ class Loop {
     return false;
   }
 
-  void Add(const SignatureRow& row, const FoundObject& object) {
-    ReportOnce(found_, object, row.sub1);
+  void Add(const SearchedName& row, const FoundObject& object) {
+    ReportOnce(found_, object, row.spy);
   }
 
   Files& files_;
-  const SignatureList& list_;
+  const DefinitionList<SearchedName>& list_;
   CollectingSink found_;
 };
 
 }  // namespace
 
-std::string PlainLoop(Files& files, const SignatureList& list, const std::string& folder) {
+std::string PlainLoop(Files& files, const DefinitionList<SearchedName>& list,
+                      const std::string& folder) {
   Loop loop(files, list);
   loop.Walk(folder);
   return loop.lines();
@@ -154,13 +155,13 @@ std::vector<std::string> ShortNames(Files& files, const std::string& folder) {
 
 std::vector<std::string> FillRandomRows(Dice& dice, std::size_t count,
                                         const std::vector<std::string>& short_names,
-                                        SignatureList* list) {
+                                        DefinitionList<SearchedName>* list) {
   std::vector<std::string> signatures;
   for (std::size_t row = 0; row < count; ++row) {
     const bool repeat = !signatures.empty() && dice.Chance(8);
     signatures.push_back(repeat ? dice.Pick(signatures) : RandomSignature(dice, short_names));
-    FillListBox(*list, dice.Chance(3) ? "Spy Folder" : "Spy File", std::to_string(row),
-                signatures.back());
+    list->Add({std::to_string(row), signatures.back(),
+               dice.Chance(3) ? DiskItem::Folder : DiskItem::File});
   }
   return signatures;
 }

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "definitions/signature_list.h"
+#include "definitions/definition_list.h"
 #include "platform/files.h"
 #include "tests/helpers.h"
 
@@ -11,7 +11,8 @@ namespace scourwell::test {
 
 // What DriveScan stands for, without an index: one listing per row and folder. The hits have the
 // form of CollectingSink::lines.
-std::string PlainLoop(Files& files, const SignatureList& list, const std::string& folder);
+std::string PlainLoop(Files& files, const DefinitionList<SearchedName>& list,
+                      const std::string& folder);
 // True for a signature that can be looked for.
 bool IsUsable(const std::string& signature);
 
@@ -29,6 +30,6 @@ std::vector<std::string> ShortNames(Files& files, const std::string& folder);
 // Adds rows with exact names, wildcards, relative paths and nonsense; returns their signatures.
 std::vector<std::string> FillRandomRows(Dice& dice, std::size_t count,
                                         const std::vector<std::string>& short_names,
-                                        SignatureList* list);
+                                        DefinitionList<SearchedName>* list);
 
 }  // namespace scourwell::test
