@@ -13,6 +13,12 @@ namespace scourwell {
 
 // The rows of a list whose signature may stand anywhere inside a text, frozen, so that one look
 // at a text decides for all of them. Compared without case.
+//
+// For example, of the key parts
+//     0 "\EvilBar"    1 "{0000000A-"    2 "bar"
+// a LiteralIndex proposes 0 and 2 for the key "HKEY_CLASSES_ROOT\CLSID\EvilBar", since a run of
+// four characters of each, or all three of the shortest, stands in it. Both are found in the key as
+// a whole, and 0 answers: it comes first in the list, as if the parts had been tried one by one.
 class ContainmentIndex {
  public:
   ContainmentIndex() = default;

@@ -13,7 +13,16 @@ namespace scourwell {
 // all literals; a text is cut into such runs and each is looked up. The index proposes, the
 // caller checks: it says yes too often, never too seldom.
 //
-// Literals and texts must be folded by the caller.
+// For example, of the literals
+//     1 "TOOLBAR"    2 "TOOLBOX"    3 "BAR.EXE"
+// the runs "TOOL" and "OOLB" stand in two, all others in one. Each literal goes under the first of
+// its rarest runs: 1 under "OLBA", 2 under "OLBO", 3 under "BAR.". The text "MYTOOLBAR.DLL" is cut
+// into "MYTO", "YTOO", "TOOL", "OOLB", "OLBA", "LBAR", "BAR.", "AR.D" and so on. Nothing lies under
+// "TOOL" and "OOLB", although they begin two literals; "OLBA" proposes 1, which the caller finds in
+// the text, and "BAR." proposes 3, which it does not. Nobody ever looks at 2.
+//
+// A filter of one bit for each hashed run answers for nearly all runs of a foreign text. Literals
+// and texts must be folded by the caller.
 class LiteralIndex {
  public:
   // `literal` must not be empty. All literals are added before Freeze.
