@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "machine/file_utils.h"
+#include "machine/real_path.h"
 
 namespace scourwell {
 namespace {
@@ -62,25 +63,13 @@ Outcome ArchiveWriter::AddFile(const std::string& path) {
     found = files_.Stat(plain, &entry);
   }
   if (found.ok()) {
-    AddTree(TrueName(plain), entry);
+    // Should a folder have to be made again, its 8.3 name would not do.
+    const std::string real = RealPath(files_, plain);
+    AddTree(IsStorablePath(real) ? real : plain, entry);
   } else {
     Fail(path, std::move(found));
   }
   return broken_;
-}
-
-// The path with its parts as they stand on the disk: should a folder have to be made again, its
-// 8.3 name would not do.
-std::string ArchiveWriter::TrueName(const std::string& path) {
-  std::string result = path.substr(0, 2);
-  for (std::size_t at = 2; at < path.size();) {
-    const std::size_t end = PartEnd(path, at + 1);
-    DirEntry entry;
-    const bool known = files_.Stat(path.substr(0, end), &entry).ok();
-    result += kSeparator + (known ? entry.name : path.substr(at + 1, end - at - 1));
-    at = end;
-  }
-  return IsStorablePath(result) ? result : path;
 }
 
 void ArchiveWriter::AddTree(const std::string& path, const DirEntry& entry) {

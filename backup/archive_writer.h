@@ -58,7 +58,6 @@ class ArchiveWriter {
   Outcome StoreContent(FileReader& reader, ArchiveItem* item);
   Outcome StoreBlock(std::string_view plain, ArchiveItem* item);
   bool Keep(ArchiveItem item);
-  std::string TrueName(const std::string& path);
   void Fail(const std::string& path, Outcome why) {
     result_.failed.push_back({path, std::move(why)});
   }

@@ -4,6 +4,7 @@
 
 #include "guard/vital_files.h"
 #include "machine/file_utils.h"
+#include "machine/real_path.h"
 #include "text/text.h"
 
 namespace scourwell {
@@ -17,29 +18,12 @@ bool Holds(std::span<const char* const> names, std::string_view name) {
 
 }  // namespace
 
-// A part that does not exist is taken as it is spelled.
-std::string PathGuard::RealPath(const std::string& path) {
-  const std::size_t root = RootSize(path);
-  if (root >= path.size()) return path;
-  std::string real = path.substr(0, root);
-  for (std::size_t at = root; at < path.size();) {
-    const std::size_t end = PartEnd(path, at);
-    DirEntry entry;
-    const std::string prefix = path.substr(0, end);
-    const bool known = files_.Stat(prefix, &entry).ok();
-    if (at > root) real += kSeparator;
-    real += known ? entry.name : path.substr(at, end - at);
-    at = end + 1;
-  }
-  return real;
-}
-
 void PathGuard::Prepare() {
   if (prepared_) return;
   prepared_ = true;
   const auto protect = [&](std::string_view folder, bool contents = false) {
     if (folder.size() < 3) return;
-    protected_.push_back({RealPath(std::string(WithoutEndSeparators(folder))), contents});
+    protected_.push_back({RealPath(files_, std::string(WithoutEndSeparators(folder))), contents});
   };
   for (const std::string* folder :
        {&folders_.windows, &folders_.system, &folders_.app_data, &folders_.temporary,
@@ -57,9 +41,9 @@ void PathGuard::Prepare() {
     const std::string& above = folders_.*files.above;
     if (above.empty()) continue;
     const std::string folder = AddPathToFileName(above, files.path);
-    vital_.push_back({RealPath(std::string(WithoutEndSeparators(folder))), files.names});
+    vital_.push_back({RealPath(files_, std::string(WithoutEndSeparators(folder))), files.names});
   }
-  own_ = RealPath(std::string(WithoutEndSeparators(folders_.application)));
+  own_ = RealPath(files_, std::string(WithoutEndSeparators(folders_.application)));
   own_shared_ = own_.size() <= 3 || !Judge(own_).ok();
 }
 
@@ -119,7 +103,7 @@ Outcome PathGuard::Allow(const std::string& path, HeldWay* way, std::string* rea
     }
     held.push_back(std::move(hold));
   }
-  const std::string real = RealPath(path);
+  const std::string real = RealPath(files_, path);
   if (IsOwn(real)) {
     return Outcome::Failed(kPermissionDenied,
                            std::string(kRefused) + "it belongs to Scourwell itself");

@@ -38,7 +38,6 @@ class PathGuard {
   };
 
   void Prepare();
-  std::string RealPath(const std::string& path);
   Outcome Judge(const std::string& real) const;
   bool IsVital(const std::string& real) const;
   bool IsOwn(const std::string& real) const;

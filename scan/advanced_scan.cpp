@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "machine/file_utils.h"
+#include "machine/real_path.h"
 #include "scan/checksum.h"
 
 namespace scourwell {
@@ -126,26 +127,8 @@ void AdvancedScan::FollowShortcut(const std::string& link) {
   if (!parts_.files.Stat(target, &entry).ok() || entry.IsFolder()) {
     return;
   }
-  AdvancedFilePropertiesSearch({LongPath(target), entry.size});
-}
-
-// The path with the long names of its parts, so that a file is the same one however a shortcut
-// spells it.
-std::string AdvancedScan::LongPath(const std::string& path) {
-  std::string result = path;
-  for (std::size_t begin = FindSeparator(result) + 1; begin < result.size();) {
-    const std::size_t end = PartEnd(result, begin);
-    const std::string part = result.substr(begin, end - begin);
-    DirEntry entry;
-    if (part.find('~') == std::string::npos ||
-        !parts_.files.Stat(result.substr(0, end), &entry).ok()) {
-      begin = end + 1;
-      continue;
-    }
-    result.replace(begin, part.size(), entry.name);
-    begin += entry.name.size() + 1;
-  }
-  return result;
+  // However the shortcut spells it, it is the file that a listing shows.
+  AdvancedFilePropertiesSearch({RealPath(parts_.files, target), entry.size});
 }
 
 void AdvancedScan::AdvancedFilePropertiesSearch(const Item& item) {

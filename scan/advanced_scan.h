@@ -90,7 +90,6 @@ class AdvancedScan {
   void FollowShortcut(const std::string& link);
   void AdvancedFilePropertiesSearch(const Item& item);
   std::optional<std::string_view> Identify(const Item& item, Outcome* outcome);
-  std::string LongPath(const std::string& path);
   bool IsSystemsOwn(std::string_view path, std::string_view company) const;
 
   Parts parts_;

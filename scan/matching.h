@@ -15,8 +15,7 @@ namespace scourwell {
 // Definitions that name one place: is there such a file or folder?
 class Matching {
  public:
-  Matching(Files& files, Pump& pump, ErrorLog& log, const SystemFolders& folders,
-           FindingSink& sink)
+  Matching(Files& files, Pump& pump, ErrorLog& log, const SystemFolders& folders, FindingSink& sink)
       : files_(files), pump_(pump), log_(log), folders_(folders), sink_(sink) {}
 
   // Looks the places of a list up, in its order.

@@ -164,7 +164,7 @@ TEST_SUITE("advanced_scan") {
   TEST_CASE("shortcuts lead to the programs behind them") {
     for (const auto& [link, target, found] : Rows<std::string, std::string, std::string>{
              {"a.lnk", "C:\\Far\\x.exe", "C:\\Far\\x.exe"},
-             {"a.lnk", "c:\\far\\X.EXE", "c:\\far\\X.EXE"},
+             {"a.lnk", "C:\\far\\X.EXE", "C:\\Far\\x.exe"},
              {"a.LNK", "C:\\Far\\x.exe", ""},
              {"lnk", "C:\\Far\\x.exe", ""},
              {"a.lnk", "", ""},
@@ -174,7 +174,7 @@ TEST_SUITE("advanced_scan") {
              {"a.lnk", "C:\\Far\\?.exe", ""},
              {"a.lnk", "C:\\Far\\.\\x.exe", ""},
              {"a.lnk", "x.exe", ""},
-             {"a.lnk", "C:\\LONGFO~1\\X.EXE", "C:\\Long folder\\X.EXE"}}) {
+             {"a.lnk", "C:\\LONGFO~1\\X.EXE", "C:\\Long folder\\x.exe"}}) {
       Advanced a;
       a.Row(DefinitionKind::CompanyPart, "spy", "evil");
       a.Company(found.empty() ? target : found);

@@ -33,7 +33,6 @@ TEST_SUITE("matching") {
     l.LoadAndLookUp(kUpdateSpyFolderList);
     CHECK(l.sink.lines() ==
           "Spy File|spy|C:\\WINDOWS\\EVIL.exe\nSpy Folder|spy|C:\\WINDOWS\\spydir\n");
-    CHECK(l.sink.found.back().icon == kCodeFolder);
     const std::string refused =
         "Error Description: The definition does not name one absolute path, Error Number: 52, "
         "Method: checkIfFileExistsThenAddToSpyList, Path: ";

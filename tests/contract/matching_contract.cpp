@@ -40,6 +40,49 @@ TEST_SUITE("contract_matching") {
     }
     CHECK(hits > 300);  // the random rows do hit
   }
+
+  TEST_CASE("what is found inside long folders is reached by the path that is shown") {
+    const auto machine = NewContractMachine();
+    Files& files = machine->files();
+    std::string folder = machine->folder() + "\\root";
+    const std::string root = folder;
+    REQUIRE(files.CreateFolder(folder).ok());
+    for (const char letter : {'a', 'b', 'c', 'd'}) {
+      folder += "\\long folder " + std::string(70, letter);
+      REQUIRE(files.CreateFolder(folder).ok());
+      REQUIRE(files.Replace(folder + "\\evil.exe", "x").ok());
+    }
+    for (const char* name : {"\\bad folder", "\\part"})
+      REQUIRE(files.CreateFolder(folder + name).ok());
+    for (const char* name : {"\\bad folder\\any.txt", "\\part\\of way.dll", "\\hijack one.ocx"}) {
+      REQUIRE(files.Replace(folder + name, "x").ok());
+    }
+    DefinitionList<SearchedName> list;
+    list.Add({"1", "EVIL.exe", DiskItem::File});
+    list.Add({"2", "bad fold*", DiskItem::Folder});
+    list.Add({"3", "part\\of way.dll", DiskItem::File});
+    list.Add({"4", "hijack*.ocx", DiskItem::File});
+    QuietPump pump;
+    ErrorLog log(files, machine->clock(), machine->code_pages(), machine->folder() + "\\log.txt");
+    CollectingSink sink;
+    ScanProgress progress;
+    DriveScan(files, pump, log, NumberCaptions(), sink, progress, list).ScanPath(root);
+    CHECK(sink.lines() == PlainLoop(files, list, root));
+    CHECK(sink.found.size() == 8);
+    for (const Finding& found : sink.found) {
+      const std::string path = PlaceText(found.object);
+      CAPTURE(path);
+      DirEntry entry;
+      CHECK(files.Stat(path, &entry).ok());
+      if (!entry.IsFolder()) CHECK(files.EraseFile(path).ok());
+    }
+    CHECK(PlaceText(sink.found.back().object).size() > 340);
+    sink.found.clear();
+    DriveScan(files, pump, log, NumberCaptions(), sink, progress, list).ScanPath(root);
+    CHECK(sink.lines() == "Spy Folder|2|" + folder + "\\bad folder\n");
+    DirEntry entry;
+    CHECK_FALSE(files.Stat(log.path(), &entry).ok());  // nothing failed
+  }
 }
 
 }  // namespace scourwell::test
