@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backup/archive_format.h"
 
 #include "backup/block_codec.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backup/archive_reader.h"
 
 #include <algorithm>

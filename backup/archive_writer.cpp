@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backup/archive_writer.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backup/backups.h"
 
 #include <algorithm>

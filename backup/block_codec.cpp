@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backup/block_codec.h"
 
 #include <zlib.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backup/extractor.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backup/frm_backup.h"
 
 #include <algorithm>

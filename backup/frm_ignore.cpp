@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backup/frm_ignore.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backup/ignore_list.h"
 
 #include "machine/file_utils.h"

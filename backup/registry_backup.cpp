@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backup/registry_backup.h"
 
 #include "machine/cregister.h"

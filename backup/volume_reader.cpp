@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backup/volume_reader.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Backup archives against zlib alone, on the same bytes.
 #include <zlib.h>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Two definitions files, one beside the other: loading them, and the passes over a tree with their
 // rows.
 #include <string>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Detections against a long ignore list. The bare work is reading the file and walking through it.
 #include <algorithm>
 #include <string>

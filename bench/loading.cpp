@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Loading twenty sequences of 10,001 entries, and the system's own look-up of single values.
 #include <string>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // bench TREE SCRATCH COOKIES [archive | ignoring | definitions FOLDER FOLDER]: prints the figures
 // of bench/README.md, or only some. Run it with bench/run.
 #include "bench/bench.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The folder pass and the file pass against a bare walk that lists each folder once and compares
 // nothing.
 #include <string>

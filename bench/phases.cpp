@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The registry, cookie and memory phases against bare walks that list the same and match nothing.
 #include <string>
 

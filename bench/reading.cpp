@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The checksum of a file against reading it, and version texts against the system's own reader.
 #include <string>
 

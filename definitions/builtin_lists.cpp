@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "definitions/builtin_lists.h"
 
 namespace scourwell {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "definitions/catalogue.h"
 
 #include <string_view>

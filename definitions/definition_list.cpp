@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "definitions/definition_list.h"
 
 namespace scourwell {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "definitions/kinds.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "definitions/list_loader.h"
 
 #include <algorithm>

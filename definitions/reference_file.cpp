@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "definitions/reference_file.h"
 
 #include "machine/file_utils.h"

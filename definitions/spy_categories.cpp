@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "definitions/spy_categories.h"
 
 #include "definitions/list_loader.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Stands before the registry editor of Wine, which refuses the switch "/I": starts it without, and
 // waits for it. Every call is noted in "regedit-calls.txt" beside this program.
 #include <windows.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The harmless stand-in of a spy that runs: it waits to be ended.
 #include <windows.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "guard/key_remover.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "guard/path_guard.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "guard/protected_keys.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/cregister.h"
 
 #include "text/paths.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/error_log.h"
 
 namespace scourwell {

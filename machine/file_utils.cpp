@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/file_utils.h"
 
 #include "text/text.h"

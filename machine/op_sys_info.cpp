@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/op_sys_info.h"
 
 #include "text/text.h"

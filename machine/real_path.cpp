@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/real_path.h"
 
 #include "text/paths.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/reg_script.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/registry_place.h"
 
 #include "machine/cregister.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/registry_views.h"
 
 #include <algorithm>

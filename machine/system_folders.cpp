@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/system_folders.h"
 
 #include <algorithm>

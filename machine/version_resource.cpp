@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/version_resource.h"
 
 #include "text/folding.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/version_texts.h"
 
 #include <span>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/watched_file.h"
 
 namespace scourwell {

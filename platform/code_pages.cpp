@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/code_pages.h"
 
 #include "text/escaped.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/outcome.h"
 
 #include "platform/registry.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/versions.h"
 
 #include "text/windows_1252.h"

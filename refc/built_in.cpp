@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/built_in.h"
 
 #include "definitions/builtin_lists.h"

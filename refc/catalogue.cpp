@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/catalogue.h"
 
 #include "text/text.h"

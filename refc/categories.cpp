@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/categories.h"
 
 #include <map>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/code_page.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Windows code page 1252, the program's, and UTF-8, the sources'.

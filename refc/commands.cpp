@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/commands.h"
 
 #include "refc/code_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/definition_set.h"
 
 #include <algorithm>

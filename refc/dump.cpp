@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/dump.h"
 
 #include "refc/escape.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // How odd bytes stand in readable text: "{x1F}" is the byte 31 of code page 1252, "{raw05}" the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/good_names.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/help.h"
 
 namespace scourwell::refc {

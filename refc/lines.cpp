@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/lines.h"
 
 #include "text/ini_text.h"

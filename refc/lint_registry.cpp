@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The rules for rows of the registry.
 #include <algorithm>
 

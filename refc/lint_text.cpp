@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/lint_text.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/load.h"
 
 #include "refc/reference_reader.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // refc: compiles, prints and checks definitions. See docs/definitions.md.
 #include <cstdio>
 #include <new>

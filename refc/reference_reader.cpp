@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/reference_reader.h"
 
 #include "definitions/reference_file.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/sections.h"
 
 #include <algorithm>

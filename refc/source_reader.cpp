@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/source_reader.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/stats.h"
 
 #include <algorithm>

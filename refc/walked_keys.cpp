@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/walked_keys.h"
 
 #include <algorithm>

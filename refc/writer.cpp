@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "refc/writer.h"
 
 #include "definitions/reference_file.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "results/file_remover.h"
 
 #include <algorithm>

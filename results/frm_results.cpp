@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "results/frm_results.h"
 
 #include "results/scan_log.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "results/registry_remover.h"
 
 #include <utility>

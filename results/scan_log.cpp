@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "results/scan_log.h"
 
 #include "machine/file_utils.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The sections of the memory, cookie and registry phases.
 #include "machine/file_utils.h"
 #include "machine/version_texts.h"

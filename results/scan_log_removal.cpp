@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The section that a removal adds to the log: what really came of each object.
 #include "results/log_lines.h"
 #include "results/removal.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/advanced_scan.h"
 
 #include <algorithm>

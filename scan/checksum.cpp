@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/checksum.h"
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/containment_index.h"
 
 #include "text/text.h"

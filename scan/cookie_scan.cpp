@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/cookie_scan.h"
 
 #include "machine/file_utils.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/frm_tree.h"
 
 #include "widgets/image_list.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/literal_index.h"
 
 #include <algorithm>

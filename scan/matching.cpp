@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/matching.h"
 
 #include <utility>

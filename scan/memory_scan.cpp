@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/memory_scan.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/progress_pane.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/registry_scan.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/scan_session.h"
 
 #include "machine/file_utils.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/signature_index.h"
 
 #include "scan/name_pattern.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/walk_goal.h"
 
 namespace scourwell {

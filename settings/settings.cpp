@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/settings.h"
 
 #include "machine/cregister.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/caption_table.h"
 
 #include <algorithm>

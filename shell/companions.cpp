@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/companions.h"
 
 #include "machine/file_utils.h"

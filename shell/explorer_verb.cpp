@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/explorer_verb.h"
 
 #include "machine/file_utils.h"

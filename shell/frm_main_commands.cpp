@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the menus, the keys and the pages of the main window open.
 #include "backup/frm_backup.h"
 #include "backup/frm_ignore.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/frm_main_menu.h"
 
 #include "platform/win/window_calls.h"

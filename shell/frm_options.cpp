@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/frm_options.h"
 
 #include "shell/options_table.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How the controls of the options dialog are made and where they lie.
 #include <algorithm>
 #include <optional>

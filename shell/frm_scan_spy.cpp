@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/frm_scan_spy.h"
 
 #include "machine/file_utils.h"

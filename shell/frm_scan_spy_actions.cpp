@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the scan page does with the rows of the results list.
 #include <algorithm>
 

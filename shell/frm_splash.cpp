@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/frm_splash.h"
 
 #include "widgets/layout.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/help_topics.h"
 
 #include <iterator>

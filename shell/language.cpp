@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/language.h"
 
 #include "machine/file_utils.h"

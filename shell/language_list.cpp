@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/language_list.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/options.h"
 
 #include <utility>

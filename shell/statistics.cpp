@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/statistics.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/application.h"
 
 #include "tests/app_support.h"

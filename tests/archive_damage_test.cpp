@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Archives that are cut off, damaged or made to harm.
 #include <doctest/doctest.h>
 

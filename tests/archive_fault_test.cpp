@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Every write, rename and deletion fails once.
 #include <doctest/doctest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/bho_manager.h"
 
 #include "tests/startup_support.h"

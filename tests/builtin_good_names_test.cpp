@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The compiled-in definitions, judged by the rules for those of a file: names that belong to
 // Windows and to honest programs must not be hit.
 

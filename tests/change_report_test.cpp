@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "definitions/change_report.h"
 
 #include "settings/settings.h"

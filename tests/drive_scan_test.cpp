@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/drive_scan.h"
 
 #include <algorithm>

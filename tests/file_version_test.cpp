@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "machine/file_version.h"
 
 #include "tests/fake/version_block.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "shell/help.h"
 
 #include <set>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // What tests of every kind share: on the fake machine, on the real one and from outside.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "results/hit_list.h"
 #include "backup/ignore_list.h"
 #include "tests/support.h"

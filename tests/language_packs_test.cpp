@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Every pack in lang/ is checked, and the checker is checked with packs that are wrong.
 #include <doctest/doctest.h>
 

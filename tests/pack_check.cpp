@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/pack_check.h"
 
 #include <algorithm>

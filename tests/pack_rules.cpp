@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Where the captions stand. A new menu entry, button or column belongs into these tables.
 #include "tests/pack_rules.h"
 

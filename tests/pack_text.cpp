@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/pack_text.h"
 
 #include <iconv.h>

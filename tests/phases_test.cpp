@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The memory, registry and cookie phases on the fake machine.
 #include "machine/registry_place.h"
 #include "scan/cookie_scan.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // refc match and diff.
 
 #include "refc/diff.h"

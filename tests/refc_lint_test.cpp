@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // refc lint: every rule fires on its bad example, stays silent beside it, and on what we ship.
 
 #include "refc/lint.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // refc stats, and the table of walked keys that lint judges key parts by.
 
 #include "machine/registry_place.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // What the tests of the definitions tool share: a disk in memory, and the tool run on it.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // refc build and dump, its sources, and the words of its command line.
 
 #include "refc/commands.h"

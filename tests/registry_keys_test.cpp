@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "guard/key_remover.h"
 #include "machine/cregister.h"
 #include "machine/registry_place.h"

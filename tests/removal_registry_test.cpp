@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What a removal does to the registry and to processes.
 #include "tests/removal_support.h"
 

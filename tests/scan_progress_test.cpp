@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/session_support.h"
 
 namespace scourwell::test {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/settings.h"
 #include "settings/settings_table.h"
 #include "shell/command_line.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "definitions/spy_categories.h"
 
 #include "tests/refc_support.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the startup manager reads from others: profiles, win.ini, tasks of the user.
 #include "tests/startup_support.h"
 #include "tools/startup_manager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scan/time_left.h"
 
 #include <doctest/doctest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The small parts of the tools: profiles, stored values, lines, commands, views.
 #include "tests/support.h"
 #include "tools/profile_file.h"

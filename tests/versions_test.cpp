@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/versions.h"
 
 #include "machine/version_resource.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "text/folding.h"
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "text/ini_text.h"
 
 #include <algorithm>

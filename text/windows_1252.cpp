@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "text/windows_1252.h"
 
 #include "text/unicode.h"

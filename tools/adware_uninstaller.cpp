@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/adware_uninstaller.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/entry_manager.h"
 
 #include <algorithm>

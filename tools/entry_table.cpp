@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/entry_table.h"
 
 #include <algorithm>

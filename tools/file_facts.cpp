@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/file_facts.h"
 
 #include "machine/version_resource.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/frm_add_task.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/frm_adware_uninstaller.h"
 
 #include "text/text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/frm_bho.h"
 
 #include "widgets/message_box.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/frm_entries.h"
 
 #include "widgets/pointers.h"

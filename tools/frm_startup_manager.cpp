@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/frm_startup_manager.h"
 
 #include <optional>

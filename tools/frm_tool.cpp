@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/frm_tool.h"
 
 #include <windowsx.h>

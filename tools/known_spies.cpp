@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/known_spies.h"
 
 #include "scan/name_pattern.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/program_of.h"
 
 #include <algorithm>

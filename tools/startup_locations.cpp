@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/startup_locations.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/startup_manager.h"
 
 #include "machine/file_utils.h"

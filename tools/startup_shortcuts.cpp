@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Startup folders: a shortcut is kept as the file that it is.
 #include <vector>
 

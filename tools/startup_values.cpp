@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Values of a registry key: each is told from others that its name could stand for.
 #include "text/text.h"
 #include "tools/startup_locations.h"

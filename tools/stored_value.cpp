@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/stored_value.h"
 
 #include <algorithm>

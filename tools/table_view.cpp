@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/table_view.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/tool_box.h"
 
 #include "machine/file_utils.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/win_ini_store.h"
 
 #include <algorithm>

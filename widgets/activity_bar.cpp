@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/activity_bar.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/check_list_view.h"
 
 #include <windowsx.h>

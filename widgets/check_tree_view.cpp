@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/check_tree_view.h"
 
 #include <windowsx.h>

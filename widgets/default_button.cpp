@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/default_button.h"
 
 #include "platform/win/window_calls.h"

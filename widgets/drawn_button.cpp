@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/drawn_button.h"
 
 #include "widgets/back_buffer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/faded_icon.h"
 
 #include "widgets/gdi_handles.h"

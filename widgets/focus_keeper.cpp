@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/focus_keeper.h"
 
 namespace scourwell {

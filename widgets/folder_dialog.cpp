@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/folder_dialog.h"
 
 #include "platform/win/dialog_calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/header_pane.h"
 
 #include <algorithm>

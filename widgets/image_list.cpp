@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/image_list.h"
 
 #include "platform/win/window_calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/input_box.h"
 
 #include "widgets/layout.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/layout.h"
 
 namespace scourwell {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/link_label.h"
 
 #include <algorithm>

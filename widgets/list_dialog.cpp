@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/list_dialog.h"
 
 #include "widgets/button_rows.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/list_view.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/live_label.h"
 
 #include "text/escaped.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/modal_window.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/path_cell.h"
 
 namespace scourwell {

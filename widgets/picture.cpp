@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/picture.h"
 
 #include "platform/win/window_calls.h"

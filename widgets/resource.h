@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Numbers of resources, menu entries and controls. They are stable: tests and assistive programs
 // find the controls by them. Read by the resource compiler too, so there are only #defines here.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/side_menu.h"
 
 #include <algorithm>

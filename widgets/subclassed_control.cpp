@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/subclassed_control.h"
 
 namespace scourwell {

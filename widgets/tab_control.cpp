@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/tab_control.h"
 
 #include "platform/win/control_calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/text_view.h"
 
 #include <optional>

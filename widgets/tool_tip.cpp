@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/tool_tip.h"
 
 #include "platform/win/control_calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/vertical_scroll.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/child_process.h"
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/code_pages_win.h"
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/family.h"
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/family_calls.h"
 
 #include "platform/win/control_calls.h"

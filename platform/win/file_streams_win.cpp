@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/file_streams_win.h"
 
 #include <windows.h>

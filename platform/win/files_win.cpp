@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/files_win.h"
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/late_bind.h"
 
 #include <string>

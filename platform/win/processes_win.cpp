@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/processes_win.h"
 
 #include "platform/win/nt/process_list_nt.h"

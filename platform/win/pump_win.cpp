@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/pump_win.h"
 
 #include "platform/win/window_calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/registry_win.h"
 
 #include "platform/win/family.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/single_instance.h"
 
 #include "platform/win/system_calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/system_folding.h"
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/win_error.h"
 
 #include <optional>

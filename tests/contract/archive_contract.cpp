@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A backup and its restore on a machine: what holds folders must not keep files from being written,
 // and attributes and times must come back as the machine reports them.
 #include "backup/extractor.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/shell.h"
 #include "tests/contract/contract.h"
 #include "tests/fake/fake_machine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <map>
 
 #include "tests/contract/on_disk.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/contract/plain_loop.h"
 
 #include <set>

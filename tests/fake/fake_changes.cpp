@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the fake file system does with streams, folders, names, attributes and times.
 #include <algorithm>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/fake/fake_machine.h"
 #include "text/unicode.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Archives that lie at random, with checksums that are right or not: what is read must be bounded,
 // what comes out must be right, and nothing else may be touched.
 #include "tests/fuzz/mutate.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Reference files and sources, damaged at random: nothing crashes, and the tool never sees another
 // row than the program does.
 #include "definitions/reference_file.h"

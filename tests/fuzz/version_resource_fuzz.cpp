@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Valid version resources, damaged at random: nothing may be read outside of the block, and every
 // text must be made of its characters.
 #include "machine/version_resource.h"

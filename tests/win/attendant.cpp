@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Answers the windows of a Scourwell that runs already, for walks that start it from outside:
 //   attendant close     waits for the outcome of a removal, closes it and ends the program
 //   attendant restore   brings back the newest backup, tells what came of it and ends the program

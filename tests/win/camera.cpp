@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/win/camera.h"
 
 #include "platform/win/native_text.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A component whose unregistration does what its build says.
 #include <windows.h>
 

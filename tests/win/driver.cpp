@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/win/driver.h"
 
 #include <commctrl.h>

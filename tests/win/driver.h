@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Drives and reads Scourwell's windows from another process, as a user would. By wide calls: the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/win/evil_machine.h"
 
 #include "platform/registry.h"

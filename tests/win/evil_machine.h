@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // A machine with one object of each kind to be removed, and the way through the windows of a

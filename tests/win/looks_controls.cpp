@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/win/looks_controls.h"
 
 #include <commctrl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/win/looks_rules.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // The rules that every window of the program keeps, whatever the language and the resolution.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // The windows of the program and the ways to them: read by the test of their looks and by the tour

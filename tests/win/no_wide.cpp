@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Linked into a copy of the program, for the tests alone: takes the wide functions away from it, as
 // Windows 95, 98 and Me do, which export them but let them fail. Wine lets them work whatever
 // version it plays. What is called all the same is written to wide-calls.txt beside the program.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The contract tests' machine made of the real adapters, in a folder and a key of its own.
 #include <windows.h>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The built program with damaged files and a machine that refuses.
 #include <algorithm>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // F1 in the windows of the built program. A stand-in for the browser notes which page it is to
 // show.
 #include "machine/cregister.h"

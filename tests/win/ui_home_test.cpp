@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The start page: every entry of its side menu, every picture, link and entry of the menu bar does
 // its work.
 #include <windows.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A whole visit without the mouse: real key strokes go to whatever window is in front.
 #include "tests/win/ui_tool.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Letters that no single code page has, and paths longer than the old limit, in the program's
 // windows: shown, typed, searched and chosen.
 #include <windows.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The log viewer's search.
 #include "tests/win/ui_machine.h"
 #include "text/text.h"

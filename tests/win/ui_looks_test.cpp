@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Every window of the built program, in every language: whether its texts fit, its controls keep
 // apart and the keyboard gets everywhere.
 #include <algorithm>

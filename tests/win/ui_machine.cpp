@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/win/ui_machine.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // The machine that the built program is tested on: what is planted there, what a run leaves behind.

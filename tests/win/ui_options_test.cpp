@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The options dialog, driven through its window.
 #include <windows.h>
 #include <commctrl.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Removal, backup, restore and exclusion through the windows of the built program.
 #include "platform/registry.h"
 #include "platform/win/files_win.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The built program on a machine of its own, driven through its real windows.
 #include "platform/win/desktop_win.h"
 #include "tests/win/ui_machine.h"

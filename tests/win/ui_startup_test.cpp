@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The startup manager, driven through its window on a planted machine.
 #include <map>
 

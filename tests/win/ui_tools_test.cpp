@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The adware uninstaller and the browser-helper manager, driven through their windows.
 #include "tests/win/ui_tool.h"
 

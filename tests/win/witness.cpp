@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Writes down that it was started, and how: one line of C:\witness.txt per start.
 #include <windows.h>
 

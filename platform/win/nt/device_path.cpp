@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/nt/device_path.h"
 
 #include <windows.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What Windows NT and its successors have of their own.
 #include "platform/win/family_calls.h"
 #include "platform/win/form_control_calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/nt/native_path.h"
 
 #include <windows.h>

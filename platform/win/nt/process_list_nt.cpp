@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/nt/process_list_nt.h"
 
 #include <windows.h>

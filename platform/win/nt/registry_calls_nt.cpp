@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/registry_calls.h"
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/shell_calls.h"
 
 #include <objbase.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/system_calls.h"
 
 #include "platform/win/folder_location.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What Windows 95, 98 and Me have of their own.
 #include <cstddef>
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/file_calls.h"
 #include "platform/win/find_data.h"
 #include "platform/win/native_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/w9x/process_list_9x.h"
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/w9x/reachable_path.h"
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/native_text.h"
 #include "platform/win/registry_calls.h"
 

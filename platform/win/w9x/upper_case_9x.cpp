@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/win/w9x/upper_case_9x.h"
 
 #include <windows.h>
