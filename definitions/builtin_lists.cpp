@@ -7,7 +7,7 @@ void BuiltInLists::AddBuiltIn(BuiltInStage stage) {
   for (const BuiltInList* list : stage) AddBuiltIn(*list);
 }
 
-void BuiltInLists::AddBuiltIn(const BuiltInList& list, const WithdrawnValues& withdrawn) {
+void BuiltInLists::AddBuiltIn(const BuiltInList& list) {
   log_.Trap(list.name, [&]() -> Outcome {
     std::size_t n = 0;
     try {
