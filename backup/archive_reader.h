@@ -28,7 +28,7 @@ class ArchiveReader {
   // version; kPastEndOfFile: cut off; kDeviceError: damaged.
   Outcome Open(const std::string& path, FindVolume find = {});
 
-  // As the archive claims: paths may be hostile, see IsStorablePath and IsScriptName.
+  // What the archive claims: paths may be hostile, see IsStorablePath and IsScriptName.
   const std::vector<ArchiveItem>& items() const { return items_; }
   // How many pieces the archive has.
   std::size_t volumes() const { return volumes_.volumes(); }

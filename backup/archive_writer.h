@@ -49,7 +49,7 @@ class ArchiveWriter {
   Outcome Finish();
 
   const ArchiveResult& result() const { return result_; }
-  // Of the piece with the index; valid after Finish.
+  // The piece with the index; valid after Finish.
   const std::string& path() const { return volumes_.path(); }
 
  private:

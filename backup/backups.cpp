@@ -137,7 +137,7 @@ Outcome Backups::Store(const std::string& name, const std::vector<const FoundObj
   return added.ok() ? archive.Finish() : std::move(added);
 }
 
-// In the order in which they are imported: what knows the true types comes last.
+// Scripts stand in the order in which they are imported: what knows the true types comes last.
 Outcome Backups::AddScripts(const std::string& name, const RegistryBackup& registry,
                             ArchiveWriter* archive) {
   const struct {

@@ -61,12 +61,12 @@ class Backups {
   BackupReport Create(const std::string& name, const std::vector<const FoundObject*>& rows,
                       ArchiveOptions options = {});
 
-  // In the order of the folder's listing.
+  // The archives in the order of the folder's listing.
   std::vector<BackupRow> List();
   // Brings back what the archive holds: files and folders to their places, the scripts through the
   // registry editor, one after another. `find` asks for volumes that do not lie beside it.
   Outcome Restore(const std::string& key, const FindVolume& find, RestoreResult* result);
-  // With the volumes that lie beside it.
+  // The volumes that lie beside it go, too.
   Outcome Delete(const std::string& key);
 
  private:

@@ -27,7 +27,7 @@ class VolumeReader {
   Outcome ReadAt(std::uint64_t offset, char* bytes, std::size_t count);
 
   std::size_t volumes() const { return pieces_.size(); }
-  // Of the archive's form, once it is open.
+  // The version of the archive's form, once it is open.
   std::uint32_t version() const { return header_.version; }
 
  private:

@@ -51,7 +51,7 @@ class VolumeWriter {
   void Discard();
 
   std::uint64_t position() const { return before_ + data_; }
-  // Of the last piece; valid after Finish.
+  // The last piece; valid after Finish.
   const std::string& path() const { return path_; }
 
  private:

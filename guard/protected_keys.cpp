@@ -55,7 +55,7 @@ constexpr const char* kKeys[] = {
     "Software\\Policies\\Microsoft",
 };
 
-// Of the machine alone: one that a user has of its own only hides it.
+// These are keys of the machine alone: one that a user has of its own only hides it.
 constexpr const char* kFileTypes[] = {
     "Classes\\*\\shellex\\ContextMenuHandlers",
     "Classes\\.bat",
@@ -72,7 +72,7 @@ constexpr const char* kFileTypes[] = {
     "Classes\\lnkfile\\shellex",
 };
 
-// With everything below them, too.
+// Everything below these is protected, too.
 constexpr const char* kWholeKeys[] = {
     "HKEY_LOCAL_MACHINE\\HARDWARE",
     "HKEY_LOCAL_MACHINE\\SAM",
@@ -118,8 +118,8 @@ constexpr const char* kServices[] = {
     "VxD\\V86MMGR", "VxD\\VCACHE", "VxD\\VCOMM", "VxD\\VDD", "VxD\\VFAT", "VxD\\VKD", "VxD\\VMM",
     "VxD\\VTDAPI", "VxD\\VWIN32", "VxD\\VXDLDR"};
 
-// Of the machine. Without these Windows does not start, or nobody can log on, or no program starts.
-// What others add beside them (GinaDLL, Taskman, AppInit_DLLs) is not here.
+// Keys of the machine. Without these Windows does not start, or nobody can log on, or no program
+// starts. What others add beside them (GinaDLL, Taskman, AppInit_DLLs) is not here.
 struct VitalValue {
   const char* key;
   const char* name;  // null: each value right in the key

@@ -54,7 +54,7 @@ inline constexpr Folder kFolders[] = {
     {&SystemFolders::system, "spool\\prtprocs"},
     {&SystemFolders::system, "wbem\\Repository"},
 };
-// At the root of each drive, with their contents.
+// These lie at the root of each drive; their contents stay, too.
 inline constexpr const char* kRootFolders[] = {"Boot", "EFI"};
 
 // Windows does not start, or cannot be used, without these. First at the root of each drive.

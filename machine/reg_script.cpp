@@ -130,8 +130,8 @@ bool RegScript::DeleteValue(std::string_view full_path, std::string_view name) {
   return Append("[" + std::string(full_path) + "]\r\n" + ValueNameForScript(name) + "=-\r\n");
 }
 
-// In the value's own type: quoted text where that brings back the same bytes, "dword:" for four
-// bytes of type 4, else "hex(type):" in lines of at most 78 characters.
+// The line keeps the value's own type: quoted text where that brings back the same bytes, "dword:"
+// for four bytes of type 4, else "hex(type):" in lines of at most 78 characters.
 bool RegScript::AddValue(std::string_view name, const RegValue& value) {
   if (HasControl(name) || !CanHold(name)) return false;
   if (IsTextType(value.type) && !CanHold(value.data)) return false;

@@ -33,7 +33,7 @@ class RegScript {
   // characters and, for an ANSI reader, letters that the system's code page lacks.
   bool AddKey(std::string_view full_path);
   bool DeleteKey(std::string_view full_path);
-  // Of the key added last. An empty name is the key's unnamed value.
+  // The value belongs to the key added last. An empty name is the key's unnamed value.
   bool AddValue(std::string_view name, const RegValue& value);
   bool DeleteValue(std::string_view full_path, std::string_view name);
 

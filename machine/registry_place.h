@@ -24,7 +24,7 @@ struct RegistryPlace {
   RootKey root = RootKey::CurrentUser;
   std::string path;  // below the root
 };
-// With the name of its root; that of another root is empty.
+// The path with the name of its root before it; the name of a root that is not classic is empty.
 std::string FullKeyPath(const RegistryPlace& place);
 // False for another root, or none.
 bool SplitRegistryPlace(std::string_view full_path, RegistryPlace* place);

@@ -10,11 +10,11 @@
 namespace scourwell {
 namespace {
 
-// Of each view its own, below the classes of the machine and of a user.
+// Each view has its own of these, below the classes of the machine and of a user.
 constexpr const char* kOwnClasses[] = {"CLSID", "DirectShow", "Interface", "Media Type",
                                        "MediaFoundation"};
 
-// Below SOFTWARE of the machine, the rest of which each view has for itself.
+// These lie below SOFTWARE of the machine, the rest of which each view has for itself.
 constexpr const char* kShared[] = {
     "Clients",
     "Policies",

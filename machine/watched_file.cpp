@@ -13,7 +13,7 @@ Outcome WatchedFile::Refresh(const std::string& first, const std::string& second
   bool changed = false;
   Outcome found = Find(first, &changed);
   if (!found.ok() && !second.empty()) {
-    // Of the two, the one that may be there tells what is wrong.
+    // The one of the two that may be there tells what is wrong.
     Outcome other = Find(second, &changed);
     if (other.ok() || found.code() == kFileNotFound) found = std::move(other);
   }

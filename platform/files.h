@@ -102,12 +102,12 @@ class Files {
   virtual Outcome CreateFolder(const std::string& path) = 0;
   // An empty folder; a link to a folder is removed itself, its target stays.
   virtual Outcome RemoveFolder(const std::string& path) = 0;
-  // Within a volume; kFileExists when anything of the new name is there.
+  // Both lie on one volume; kFileExists when anything of the new name is there.
   virtual Outcome Move(const std::string& from, const std::string& to) = 0;
   // kReadOnly, kHidden, kSystem and kArchive; other bits are passed over.
   virtual Outcome SetAttributes(const std::string& path, std::uint32_t attributes) = 0;
-  // Of a file or folder; a time of 0 stays as it is. Volumes may round them. On Windows 95, 98 and
-  // Me folders refuse.
+  // Sets the times of a file or folder; one of 0 stays as it is. Volumes may round them. On Windows
+  // 95, 98 and Me folders refuse.
   virtual Outcome SetTimes(const std::string& path, const FileTimes& times) = 0;
   // Opens a folder and keeps it in its place. kPathFileAccess: it is a link. A root cannot be
   // swapped and is held without more.

@@ -53,7 +53,7 @@ class ErrorCode {
   }
 
   constexpr ErrorSpace space() const { return space_; }
-  // For records, which show it alone.
+  // The number alone, as records show it.
   constexpr std::int32_t number() const { return number_; }
   constexpr explicit operator bool() const { return number_ != 0; }
   friend constexpr bool operator==(ErrorCode, ErrorCode) = default;
@@ -81,7 +81,7 @@ class [[nodiscard]] Outcome {
   static Outcome Failed(ErrorCode code, std::string description) {
     return Outcome(code, std::move(description));
   }
-  // Of a registry call; a refusal is the classic one.
+  // What a registry call answered; a refusal is the classic one.
   static Outcome OfRegistry(std::int32_t status);
 
   // Adds ", label value" behind the procedure name of the record, e.g. "sPath: ".

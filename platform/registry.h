@@ -54,9 +54,9 @@ constexpr bool IsTextType(std::uint32_t type) {
 
 struct RegValue {
   std::uint32_t type = kRegNone;
-  // Of a text type the text, with or without NULs as it is stored; of any other the bytes.
+  // The text of a text type, with or without NULs as it is stored; the bytes of any other.
   std::string data;
-  // Behind a text: the NT family stores any number of bytes.
+  // A byte behind the last whole character: the NT family stores any number of bytes.
   std::optional<char> half_character = {};
 };
 
@@ -96,7 +96,7 @@ class Registry {
   // The system's own call: on the NT family a key with subkeys gives kRegAccessDenied, on
   // Windows 95, 98 and Me the whole subtree goes. Of a link the link itself goes.
   virtual RegStatus DeleteKeyCall(RootKey root, const std::string& path) = 0;
-  // In the system's order. The key must not be changed during a visit.
+  // Names come in the system's order. The key must not be changed during a visit.
   virtual RegStatus EnumKeys(RootKey root, const std::string& path, const VisitKey& visit) = 0;
   // Every value with its own data, also those that no name of the code page leads to: "?" or a
   // similar letter stands for what it lacks. Data beyond reason is left out and makes the result a

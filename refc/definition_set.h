@@ -45,7 +45,7 @@ class Findings {
   static constexpr std::size_t kMostKept = 1000;
 
   void Add(Place place, const char* rule, std::string reason);
-  // In the order of texts and lines.
+  // They stand in the order of texts and lines.
   const std::vector<Finding>& Sorted();
   std::size_t count() const { return count_; }
   bool Has(std::string_view rule) const;
@@ -90,7 +90,7 @@ class DefinitionSet {
   // Neither a row nor a value of a release.
   bool IsEmpty() const;
 
-  // In the order of Catalogue.
+  // The rows of each sequence, in the order of Catalogue.
   std::vector<std::deque<Row>> rows = std::vector<std::deque<Row>>(Catalogue().size());
   std::array<Single, kReleaseValues.size()> release;
   bool from_source = false;  // rows must say where they are known from

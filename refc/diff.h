@@ -15,7 +15,7 @@ struct Change {
   const Row* after;   // null: removed
 };
 
-// In the order of the sequences, then of the values.
+// Changes stand in the order of the sequences, then of the values.
 std::vector<Change> Diff(const DefinitionSet& before, const DefinitionSet& after);
 
 // The three texts of changes, in the order of kReleaseValues from "updated" on: spies that both

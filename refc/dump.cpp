@@ -9,7 +9,7 @@
 namespace scourwell::refc {
 namespace {
 
-// In pieces, as odd bytes take many times their room.
+// Texts are written in pieces, as odd bytes take many times their room.
 void PutEscaped(std::string_view text, const Put& put) {
   constexpr std::size_t kPiece = 4096;
   for (std::size_t at = 0; at < text.size(); at += kPiece) put(Escaped(text.substr(at, kPiece)));

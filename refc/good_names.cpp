@@ -9,7 +9,7 @@
 namespace scourwell::refc {
 namespace {
 
-// In the order of GoodList.
+// The lists in the order of GoodList.
 const char* const kTexts[kGoodLists] = {kGoodFiles, kGoodFolders,  kGoodRunValues, kGoodSites,
                                         kGoodKeys,  kGoodClassIds, kGoodMakers};
 

@@ -61,7 +61,7 @@ void frmLog::OnSize(Area area) {
   layout.Place(txtFind_, buttons.Shrunk(0, spare));
 }
 
-// In the search field Enter searches.
+// Enter in the search field searches.
 HWND frmLog::DefaultButton() const {
   return GetFocus() == txtFind_.hwnd() ? cmdFind_.hwnd() : cmdCancel_.hwnd();
 }
@@ -92,7 +92,7 @@ bool frmLog::OnCommand(int id) {
   }
 }
 
-// From the selection on, and round.
+// The search goes on from the selection, and round.
 void frmLog::FindNext() {
   const std::string wanted = txtFind_.Text();
   if (wanted.empty()) {

@@ -10,7 +10,7 @@
 namespace scourwell {
 namespace {
 
-// By kind. Cookies count as files: the summary has no line of their own.
+// The counters by kind. Cookies count as files: the summary has no line of their own.
 constexpr std::int16_t HitCounters::*kCounters[] = {
     &HitCounters::files,    &HitCounters::folders,  &HitCounters::files,
     &HitCounters::registry, &HitCounters::registry, &HitCounters::processes,

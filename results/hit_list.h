@@ -31,7 +31,7 @@ class HitList : public FindingSink {
   HitList(IgnoreList& ignore, const AppSettings& settings, const Captions& captions, ErrorLog& log)
       : ignore_(ignore), settings_(settings), captions_(captions), log_(log) {}
 
-  // At the start of a scan: no rows, counters at 0.
+  // The state at the start of a scan: no rows, counters at 0.
   void Clear();
 
   bool Contains(const FoundObject& object) const override;
@@ -68,7 +68,7 @@ class HitList : public FindingSink {
   const Captions& captions_;
   ErrorLog& log_;
   std::vector<Row> rows_;
-  // By identity: whether a row stands for it.
+  // Whether a row stands for an item, by its identity.
   std::unordered_map<std::string, bool, NoCaseHash, NoCaseEqual> seen_;
   HitCounters counters_;
   Column sort_column_ = kType;

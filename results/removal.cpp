@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t kMostNamed = 12;  // objects in one message
 constexpr char kMethod[] = "RemoveSelectedSpy";
 
-// By kind.
+// The counters by kind.
 constexpr std::int32_t RemovalCounters::*kCounters[] = {
     &RemovalCounters::files,    &RemovalCounters::folders,  &RemovalCounters::cookies,
     &RemovalCounters::registry, &RemovalCounters::registry, &RemovalCounters::processes,

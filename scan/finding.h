@@ -55,7 +55,7 @@ struct FoundProcess {
 using FoundObject =
     std::variant<FoundFile, FoundFolder, FoundCookie, FoundKey, FoundValue, FoundProcess>;
 
-// In the order of FoundObject.
+// The kinds in the order of FoundObject.
 enum class FindingKind : std::uint8_t { File, Folder, Cookie, RegistryKey, RegistryValue, Process };
 
 inline FindingKind KindOf(const FoundObject& object) {

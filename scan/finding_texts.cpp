@@ -14,7 +14,7 @@ struct KindRow {
   int icon;
 };
 
-// In the order of FindingKind.
+// The rows in the order of FindingKind.
 constexpr KindRow kKinds[] = {
     {"Spy File", Caption::KindFile, 3},
     {"Spy Folder", Caption::KindFolder, 4},

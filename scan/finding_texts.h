@@ -33,7 +33,7 @@ std::string PlaceText(const FoundObject& object);
 // The path or the key alone and, where the definitions say it, what kind of program the spy is.
 std::string TipText(const Finding& finding, const SpyCategories& categories);
 
-// Behind what lies in the registry's 64-bit view.
+// What stands behind a place in the registry's 64-bit view.
 inline constexpr std::string_view kView64 = " (64-bit)";
 
 }  // namespace scourwell

@@ -18,7 +18,7 @@ enum class PatternKind {
 // blanks at the end of a name. Those behind wildcards stay.
 std::string NormalizeSignature(std::string_view signature);
 
-// Of a normalized signature.
+// What a normalized signature is.
 PatternKind ClassifyPattern(std::string_view signature);
 
 // True when a listing with `pattern` could yield `name` on some Windows. The systems differ in

@@ -101,7 +101,7 @@ RegistryScan::RegistryScan(Registry& registry, Pump& pump, ErrorLog& log, Findin
       index_(lists.key_parts, &KeyPart::part),
       view_(view) {}
 
-// In the 64-bit view only the machine's software and the classes are different ones.
+// Only the machine's software and the classes are different ones in the 64-bit view.
 bool RegistryScan::IsSeen(RootKey root, std::string_view path) const {
   constexpr std::string_view kSoftware = "Software\\";
   return !view_.is_64 || root == RootKey::ClassesRoot ||

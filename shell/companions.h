@@ -31,7 +31,7 @@ class Companions {
   std::string Find(Companion companion) const;
   // Where it is looked for first, for messages.
   std::string ExpectedPath(Companion companion) const;
-  // In a normal window, without waiting for it. kFileNotFound when it is missing.
+  // Starts it in a normal window, without waiting for it. kFileNotFound when it is missing.
   Outcome Start(Companion companion) const;
 
  private:

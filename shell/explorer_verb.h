@@ -20,7 +20,7 @@ class ExplorerVerb {
 
   // Before Windows 2000, Explorer does not look for classes below the user's own key.
   bool Available() const { return os_.IsWin2K(); }
-  // On folders or on drives.
+  // True when it is there on folders or on drives.
   bool IsOn() const;
   // Writes the entry again when it is there: as it would be written today.
   Outcome TurnOn(const std::string& caption);

@@ -151,7 +151,7 @@ int frmHome::LayOut(Layout& layout, Area area, bool header) {
   return inner.top + metrics().Gap() - start;
 }
 
-// In as many rows as their longest words ask for.
+// They take as many rows as their longest words ask for.
 void frmHome::LayOutPictures(Layout& layout, Area* area, PictureButton* pictures, int count) {
   int least = 0;
   for (int i = 0; i < count; ++i) least = std::max(least, pictures[i].LeastWidth());

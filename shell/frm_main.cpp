@@ -89,7 +89,7 @@ void frmMain::ShowComplete(int show) {
   RedrawWindow(hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
-// In the middle of the screen, large enough for the list of results.
+// It opens in the middle of the screen, large enough for the list of results.
 Area frmMain::FirstPlace() const {
   RECT desktop = {};
   Calls().Parameter(SPI_GETWORKAREA, 0, &desktop, 0);

@@ -110,7 +110,7 @@ void frmOptions::Fill() {
   }
 }
 
-// As high as the highest tab asks for.
+// The dialog is as high as the highest tab asks for.
 SIZE frmOptions::FirstSize() const {
   const int inner = metrics().Scale(kWidth);
   const int margins = 2 * metrics().Margin();

@@ -174,7 +174,7 @@ void OptionsForm::ConfirmLanguage(Confirmed* confirmed) {
   confirmed->language = true;
 }
 
-// After the language: the caption follows it.
+// This comes after the language: the caption follows it.
 void OptionsForm::ConfirmExplorer(Confirmed* confirmed) {
   if (!explorer_.Available()) return;
   const bool wanted = controls_.chkExplorer;

@@ -37,7 +37,7 @@ std::string_view BehindFirstPart(std::string_view path);
 std::string_view TakePart(std::string_view* path);
 // The same of a path as people and programs type it: "/" parts too, and several count as one.
 std::string_view TakeTypedPart(std::string_view* path);
-// Without the separators at the end; a drive's root keeps its own.
+// The path without the separators at its end; a drive's root keeps its own.
 std::string_view WithoutEndSeparators(std::string_view path);
 // The path of a process's image, which the NT family names in its own way for what starts before
 // the first logon: "\SystemRoot\System32\smss.exe", "\??\C:\WINDOWS\...".

@@ -26,7 +26,7 @@ class FactFinder {
              const KnownSpies& spies)
       : files_(files), versions_(versions), system_(system), folders_(folders), spies_(spies) {}
 
-  // Of what a command line starts.
+  // The facts of what a command line starts.
   FileFacts OfCommand(std::string_view command) const;
 
  private:

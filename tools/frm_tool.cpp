@@ -40,7 +40,7 @@ SIZE frmTool::SmallestSize() const {
           metrics().Scale(kSmallestHeight)};
 }
 
-// Of the row of buttons with its margins.
+// The width of the row of buttons with its margins.
 int frmTool::ButtonsWidth() const {
   int width = 2 * metrics().Margin() + cmdClose_.width();
   for (std::size_t i = 0; i < Commands().size(); ++i) {

@@ -60,7 +60,7 @@ class frmTool : public ModalWindow {
 
   // The table has changed; the row stays selected if it is still shown.
   void ShowRows();
-  // Of the table; no value when no row is selected.
+  // False when no row of the table is selected.
   bool Selected(std::size_t* row) const;
   Button& ButtonOf(int id);
   // Messages of failures under that heading, cut to what fits the screen.

@@ -23,7 +23,7 @@ class KnownSpies {
   // Reads the definitions if they are others than before; until then nothing is known.
   void Refresh();
 
-  // By its name, by a folder on its path, or as a whole.
+  // The spy that a path belongs to: by its name, by a folder on its way, or as a whole.
   std::string OfFile(std::string_view path) const;
   // Root name and key path without a "\" at the end.
   std::string OfValue(std::string_view key, std::string_view name) const;

@@ -71,7 +71,7 @@ class StartupLocations {
     if (place.kind == LocationKind::Shortcut) return !needs_.folders.Special(place.folder).empty();
     return !place.view64 || needs_.registry64;
   }
-  // In the system's order. A place that does not exist is empty.
+  // Entries come in the system's order. A place that does not exist is empty.
   Outcome List(const StartupLocation& place, const Visit& visit) const;
 
   // Whether the entry in its place is what an end in the middle left of the recorded one. Only

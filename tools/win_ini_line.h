@@ -14,7 +14,7 @@ class WinIniLine {
  public:
   explicit WinIniLine(std::string_view text);
 
-  // As they stand, with their quotes.
+  // The programs as they stand, with their quotes.
   const std::vector<std::string>& programs() const { return programs_; }
   std::string text() const { return Kept(std::vector<bool>(programs_.size(), true)); }
   void Replace(std::string_view program, std::string_view other);

@@ -38,7 +38,7 @@ std::string_view LineOf(std::string_view text, std::string_view key) {
   return {};
 }
 
-// With its quotes.
+// The text with its quotes.
 std::string RawValue(std::string_view line) {
   const std::string_view value = line.substr(std::min(line.find('='), line.size() - 1) + 1);
   const std::size_t begin = value.find_first_not_of(" \t");

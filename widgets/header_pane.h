@@ -22,7 +22,7 @@ class HeaderPane : public Pane {
 
   HeaderPane(const WindowEnv& env, Size size, Ids ids);
 
-  // For the width that its parent has now: a text that is too long for a line takes two.
+  // The height for the width that its parent has now: a text that is too long for a line takes two.
   int Height() const;
   void SetHeading(const std::string& text) { heading_.SetText(text); }
   void SetText(const std::string& text) { text_.SetText(text); }

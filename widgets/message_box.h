@@ -26,7 +26,7 @@ inline bool AskOkCancel(const std::string& text, const std::string& title) {
                       MB_OKCANCEL | MB_ICONQUESTION}) == IDOK;
 }
 
-// With OK and an icon of the program's own.
+// A box with OK and an icon of the program's own.
 inline void ShowMessageWithIcon(HINSTANCE instance, int icon, const std::string& text,
                                 const std::string& title) {
   Calls().Ask(

@@ -44,9 +44,9 @@ class Metrics {
   int TextWidth(HFONT font, const std::string& text) const;
   int TextWidth(const std::string& text) const { return TextWidth(font(), text); }
   int WidestText(std::span<const std::string> texts) const;
-  // Without the "&" of its access key.
+  // The width without the "&" of its access key.
   int CaptionWidth(const std::string& caption) const;
-  // In lines that are broken at that width.
+  // The height in lines that are broken at that width.
   int TextHeight(HFONT font, const std::string& text, int width) const;
 
   int TextHeight(const std::string& text, int width) const {

@@ -17,7 +17,7 @@ SIZE ModalWindow::WholeSize(SIZE client, bool menu) const {
   return {frame.right - frame.left, frame.bottom - frame.top};
 }
 
-// In the middle of its owner, within the screen.
+// It opens in the middle of its owner, within the screen.
 Area ModalWindow::Place(HWND owner, bool menu) const {
   const SIZE size = WholeSize(FirstSize(), menu);
   RECT around = {};

@@ -16,7 +16,7 @@ class ModalWindow : public Window {
  protected:
   using Window::Window;
 
-  // Of the client area, in pixels.
+  // The size of the client area, in pixels.
   virtual SIZE FirstSize() const = 0;
   virtual bool MayResize() const { return false; }
   // The client area that is always left.

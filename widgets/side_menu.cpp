@@ -143,7 +143,7 @@ bool SideMenu::OnKey(WPARAM key) {
   }
 }
 
-// To the next command, past headings.
+// Moves to the next command, past headings.
 void SideMenu::Move(int step) {
   int row = Selected() + step;
   while (row >= 0 && row < static_cast<int>(rows_.size()) && !IsCommand(row)) row += step;

@@ -21,7 +21,7 @@ class TextView : public Control {
   bool SelectNext(const std::string& wanted) const;
 
  private:
-  // In characters as the box counts them.
+  // Positions are characters as the box counts them.
   LONG Count(std::string_view part) const;
   LONG SelectionEnd() const;
   void Select(CHARRANGE place) const;

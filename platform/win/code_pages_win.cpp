@@ -12,7 +12,7 @@ namespace scourwell {
 unsigned CodePagesWin::System() { return GetACP(); }
 
 Outcome CodePagesWin::Decode(unsigned code_page, std::string_view bytes, std::string* text) {
-  // Of the system's own no byte is lost.
+  // No byte of the system's own is lost.
   if (bytes.empty() || code_page == GetACP()) {
     *text = FromNarrow(bytes);
     return {};

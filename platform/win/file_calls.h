@@ -44,11 +44,11 @@ class FileCalls {
   virtual bool IsReady(const std::string& root) const = 0;
 };
 
-// Of Windows NT, 2000, XP and later.
+// The calls of Windows NT, 2000, XP and later.
 const FileCalls& NtFileCalls();
-// Of Windows 95, 98 and Me.
+// The calls of Windows 95, 98 and Me.
 const FileCalls& W9xFileCalls();
-// Of the Windows that runs.
+// Those of the Windows that runs.
 const FileCalls& SystemFileCalls();
 
 // The headers' own name is newer than the oldest target.

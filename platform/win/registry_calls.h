@@ -32,11 +32,11 @@ class RegistryCalls {
   virtual LONG ValueAt(HKEY key, DWORD index, std::string* name, RegValue* value) const = 0;
 };
 
-// Of Windows NT, 2000, XP and later.
+// The calls of Windows NT, 2000, XP and later.
 const RegistryCalls& NtRegistryCalls();
-// Of Windows 95, 98 and Me.
+// The calls of Windows 95, 98 and Me.
 const RegistryCalls& W9xRegistryCalls();
-// Of the Windows that runs.
+// Those of the Windows that runs.
 const RegistryCalls& SystemRegistryCalls();
 
 // Calls `read(bytes, &size)` with growing room until the data fits: systems announce too little,

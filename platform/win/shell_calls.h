@@ -34,11 +34,11 @@ class ShellCalls {
                                 const std::string& arguments) const = 0;
 };
 
-// Of Windows NT, 2000, XP and later.
+// The calls of Windows NT, 2000, XP and later.
 const ShellCalls& NtShellCalls();
-// Of Windows 95, 98 and Me.
+// The calls of Windows 95, 98 and Me.
 const ShellCalls& W9xShellCalls();
-// Of the Windows that runs.
+// Those of the Windows that runs.
 const ShellCalls& RunningShellCalls();
 
 }  // namespace scourwell

@@ -19,7 +19,7 @@ class SystemCalls {
   virtual bool QueryVersion(unsigned record_size, VersionRecord* record) const = 0;
   virtual std::string WindowsFolder() const = 0;
   virtual std::string SystemFolder() const = 0;
-  // Of 32-bit programs on a 64-bit Windows.
+  // The system folder of 32-bit programs on a 64-bit Windows.
   virtual std::string Wow64Folder() const { return {}; }
   virtual std::string TemporaryFolder() const = 0;  // with its trailing "\"
   virtual std::string ShellFolder(int folder_id) const = 0;
@@ -52,11 +52,11 @@ class SystemCalls {
                             const std::string& file) const = 0;
 };
 
-// Of Windows NT, 2000, XP and later.
+// The calls of Windows NT, 2000, XP and later.
 const SystemCalls& NtSystemCalls();
-// Of Windows 95, 98 and Me.
+// The calls of Windows 95, 98 and Me.
 const SystemCalls& W9xSystemCalls();
-// Of the Windows that runs.
+// Those of the Windows that runs.
 const SystemCalls& RunningSystemCalls();
 
 // Reads a text by a call of the kind that returns its length, or the room that it needs: calls

@@ -56,7 +56,7 @@ struct NewBox {
   int icon = 0;  // with MB_USERICON: its number in the program
 };
 
-// In pixels.
+// The size in pixels.
 struct FontSize {
   int height = 0;
   int ascent = 0;
@@ -74,7 +74,7 @@ class WindowCalls : public PlainCalls {
 
   // NFR_UNICODE or NFR_ANSI: the form in which controls are to tell their parents.
   virtual LRESULT NotifyFormat() const = 0;
-  // Of a path that the system takes, in its characters.
+  // The longest path that the system takes, in its characters.
   virtual std::size_t LongestPath() const = 0;
 
   // A class that is there already stays as it is.
@@ -97,7 +97,7 @@ class WindowCalls : public PlainCalls {
   // How many characters of the system a text is.
   virtual std::size_t CountOf(const std::string& text) const = 0;
 
-  // With the flags of DrawText.
+  // The flags are those of DrawText.
   virtual void Draw(HDC dc, const std::string& text, RECT* area, UINT format) const = 0;
   virtual SIZE Extent(HDC dc, const std::string& text) const = 0;
   virtual FontSize SizeOfFont(HDC dc) const = 0;
