@@ -123,6 +123,7 @@ TEST_SUITE("file_utils") {
 
   TEST_CASE("processes, errors and the setting file") {
     Bench b;
+    b.m.processes.running = {{"C:\\spy.exe", 7}, {"C:\\App\\Scourwell.exe", 4711}};
     CHECK(KillProcessById(4711, b.m.system).code() == kPermissionDenied);
     CHECK(KillProcessById(7, b.m.system).ok());
     CHECK(Lines(b.m.system.journal) == "Terminate 7\n");

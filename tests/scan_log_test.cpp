@@ -219,9 +219,10 @@ TEST_SUITE("scan_log") {
     Logging l;
     l.settings.ExtraLogInfo = true;
     l.Program("C:\\Evil\\x.exe", EvilBlock());
-    l.scan_log.CreateMemoryLogFile({{"C:\\Evil\\x.exe", 4242, 256}});
+    l.m.processes.running = {{"C:\\Evil\\x.exe", 4242, 256}};
+    l.scan_log.CreateMemoryLogFile(l.m.processes.running);
     CHECK(l.Text() == kMemoryBegin + ReplaceAll(kEvilProcess, "HIGH", "REALTIME") +
-                          Indented("    ", {"Process identifier :4242", "Module :C:\\a.exe",
+                          Indented("    ", {"Process identifier :4242", "Module :C:\\Evil\\x.exe",
                                             "Module :C:\\b.dll"}) +
                           Indented("    ", kExtra) + "\r\n\r\n" + MemoryEnd("2"));
     l.m.files.Remove("D:\\Logs\\ScanLog.txt");

@@ -2,6 +2,7 @@
 #include "platform/shell.h"
 #include "tests/contract/contract.h"
 #include "tests/fake/fake_machine.h"
+#include "tests/fake/version_block.h"
 
 namespace scourwell::test {
 namespace {
@@ -11,6 +12,15 @@ class FakeContractMachine : public ContractMachine {
   FakeContractMachine() {
     m_.Folder(folder());
     m_.registry.Make(RootKey::CurrentUser, key());
+    for (const char* each : {"C:\\WINDOWS\\system32", "C:\\Temp", "C:\\Users\\me"}) m_.Folder(each);
+    m_.system.shell_folders[kUserFiles] = "C:\\Users\\me";
+    m_.File("C:\\WINDOWS\\system32\\kernel32.dll");
+    VersionBlock version;
+    version.fixed.file_version_high = 0x50001;
+    m_.versions.blocks["C:\\WINDOWS\\system32\\kernel32.dll"] =
+        version.Text("OriginalFilename", "kernel32.dll").Make();
+    m_.processes.running = {{"C:\\WINDOWS\\explorer.exe", 8},
+                            {OwnPath(), m_.system.OwnProcessId()}};
   }
   Files& files() override { return m_.files; }
   Registry& registry() override { return m_.registry; }
@@ -18,6 +28,10 @@ class FakeContractMachine : public ContractMachine {
   Clock& clock() override { return m_.clock; }
   Shell& shell() override { return m_.shell; }
   CodePages& code_pages() override { return m_.code_pages; }
+  System& system() override { return m_.system; }
+  Processes& processes() override { return m_.processes; }
+  Versions& versions() override { return m_.versions; }
+  Pump& pump() override { return m_.pump; }
   std::string folder() override { return "C:\\contract"; }
   bool holds_any_name() override { return true; }
   std::string key() override { return "Software\\Contract"; }
@@ -40,6 +54,16 @@ class FakeContractMachine : public ContractMachine {
     m_.registry.Link(RootKey::CurrentUser, path, target);
     return true;
   }
+  void SetEnvironment(const std::string& name, const std::string& value) override {
+    m_.system.environment[name] = value;
+  }
+  std::string OwnPath() override { return "C:\\contract_tests.exe"; }
+  std::string MovesAtReboot() override {
+    std::string moves;
+    for (const std::string& line : m_.system.journal) moves += line.substr(sizeof "Move") + "\n";
+    return moves;
+  }
+  void Post(std::function<void()> call) override { m_.pump.on_yield = std::move(call); }
 
  private:
   FakeMachine m_;

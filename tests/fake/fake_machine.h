@@ -107,6 +107,29 @@ class FakeClock : public Clock {
   std::string TimeOfDay(const LocalTime& time) override;  // 12:00:00 PM
 };
 
+class FakeProcesses : public Processes {
+ public:
+  std::vector<ProcessEntry> running;
+  std::string asked;  // "status" or "snapshot"
+  ErrorCode error;    // what a listing ends with, after half of the processes
+
+  Outcome ListByStatus(const Visit& visit) override { return List("status", visit); }
+  Outcome ListBySnapshot(const Visit& visit) override { return List("snapshot", visit); }
+  // The image and one library.
+  std::vector<std::string> Modules(std::uint32_t process_id) override;
+  const ProcessEntry* Find(std::uint32_t process_id) const;
+
+ private:
+  Outcome List(const char* way, const Visit& visit) {
+    asked = way;
+    const std::size_t count = error ? running.size() / 2 : running.size();
+    for (std::size_t i = 0; i < count; ++i) {
+      if (!visit(running[i])) return {};
+    }
+    return error ? Outcome::Failed(error) : Outcome();
+  }
+};
+
 class FakeSystem : public System {
  public:
   VersionRecord record{5, 1, 2600, 2, "Service Pack 3", 3, 0, 256, 1};
@@ -115,20 +138,26 @@ class FakeSystem : public System {
   std::string system = "C:\\WINDOWS\\system32";
   std::string temporary = "C:\\Temp\\";
   std::map<int, std::string> shell_folders;
-  std::map<std::string, std::string> environment{{"WinDir", "C:\\WINDOWS"}};
+  std::map<std::string, std::string, NoCaseLess> environment{{"WinDir", "C:\\WINDOWS"}};
   std::vector<std::string> journal;  // "Terminate 7", "Move path > target"
 
+  explicit FakeSystem(const FakeProcesses* processes = nullptr) : processes_(processes) {}
   bool QueryVersion(unsigned record_size, VersionRecord* out) override;
   std::string WindowsFolder() override { return windows; }
   std::string SystemFolder() override { return system; }
   std::string TemporaryFolder() override { return temporary; }
   std::string ShellFolder(int folder_id) override { return shell_folders[folder_id]; }
   std::string Environment(const std::string& name) override { return environment[name]; }
-  std::string ErrorText(std::uint32_t code) override { return "error " + std::to_string(code); }
+  std::string ErrorText(std::uint32_t code) override {
+    return code < 20'000 ? "error " + std::to_string(code) : "";
+  }
   std::uint32_t LastError() override { return 5; }
   std::uint32_t OwnProcessId() override { return 4711; }
   Outcome TerminateProcess(std::uint32_t process_id) override;
   Outcome MoveAtReboot(const std::string& path, const std::string& target) override;
+
+ private:
+  const FakeProcesses* processes_;
 };
 
 class FakeShell : public Shell {
@@ -184,27 +213,6 @@ class FakeShell : public Shell {
   }
 };
 
-class FakeProcesses : public Processes {
- public:
-  std::vector<ProcessEntry> running;
-  std::string asked;  // "status" or "snapshot"
-  ErrorCode error;    // what a listing ends with, after half of the processes
-
-  Outcome ListByStatus(const Visit& visit) override { return List("status", visit); }
-  Outcome ListBySnapshot(const Visit& visit) override { return List("snapshot", visit); }
-  std::vector<std::string> Modules(std::uint32_t) override { return {"C:\\a.exe", "C:\\b.dll"}; }
-
- private:
-  Outcome List(const char* way, const Visit& visit) {
-    asked = way;
-    const std::size_t count = error ? running.size() / 2 : running.size();
-    for (std::size_t i = 0; i < count; ++i) {
-      if (!visit(running[i])) return {};
-    }
-    return error ? Outcome::Failed(error) : Outcome();
-  }
-};
-
 // Knows 1252, the Polish letters of 1250 and the Russian ones of 1251.
 class FakeCodePages : public CodePages {
  public:
@@ -238,10 +246,10 @@ class FakeMachine {
   FakeRegistry registry;
   FakeProfiles profiles{files};
   FakeClock clock;
-  FakeSystem system;
+  FakeProcesses processes;
+  FakeSystem system{&processes};
   FakeShell shell{files};
   FakeVersions versions;
-  FakeProcesses processes;
   FakePump pump;
   FakeCodePages code_pages;
 

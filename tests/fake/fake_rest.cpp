@@ -1,7 +1,8 @@
-// SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <chrono>
 
 #include "tests/fake/fake_machine.h"
+#include "text/paths.h"
 #include "text/unicode.h"
 #include "text/windows_1252.h"
 
@@ -96,17 +97,32 @@ std::string FakeClock::TimeOfDay(const LocalTime& time) {
 bool FakeSystem::QueryVersion(unsigned record_size, VersionRecord* out) {
   if (record_size == kExtendedVersionRecord && !knows_extended) return false;
   *out = record;
+  if (record_size == kBasicVersionRecord) {
+    out->service_pack_major = out->service_pack_minor = out->suite_mask = out->product_type = 0;
+  }
   return true;
 }
 
 Outcome FakeSystem::TerminateProcess(std::uint32_t process_id) {
   journal.push_back("Terminate " + std::to_string(process_id));
-  return {};
+  return processes_ && processes_->Find(process_id) ? Outcome() : Outcome::Failed(kInvalidCall);
 }
 
 Outcome FakeSystem::MoveAtReboot(const std::string& path, const std::string& target) {
+  if (record.platform != 2 || !IsAbsolutePath(path)) return Outcome::Failed(kPathFileAccess);
   journal.push_back("Move " + path + " > " + target);
   return {};
+}
+
+std::vector<std::string> FakeProcesses::Modules(std::uint32_t process_id) {
+  const ProcessEntry* process = Find(process_id);
+  if (!process) return {};
+  return {process->path, "C:\\b.dll"};
+}
+
+const ProcessEntry* FakeProcesses::Find(std::uint32_t process_id) const {
+  const auto found = std::ranges::find(running, process_id, &ProcessEntry::id);
+  return found == running.end() ? nullptr : &*found;
 }
 
 Outcome FakeShell::ReadShortcut(const std::string& link, std::string* target,

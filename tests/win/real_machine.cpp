@@ -11,7 +11,11 @@
 #include "platform/win/files_win.h"
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
+#include "platform/win/processes_win.h"
+#include "platform/win/pump_win.h"
 #include "platform/win/registry_win.h"
+#include "platform/win/system_win.h"
+#include "platform/win/versions_win.h"
 #include "tests/contract/contract.h"
 #include "tests/helpers.h"
 
@@ -20,6 +24,9 @@ namespace {
 
 constexpr char kFolder[] = "C:\\contract";
 constexpr char kKey[] = "Software\\ScourwellContract";
+// What the system moves at the next start.
+constexpr char kSessionManager[] = "SYSTEM\\CurrentControlSet\\Control\\Session Manager";
+constexpr char kMoves[] = "PendingFileRenameOperations";
 
 // Whether this run is to show the side of Windows 95, 98 and Me.
 bool Is9xSide() {
@@ -78,8 +85,17 @@ class RealContractMachine : public ContractMachine {
     HKEY key = nullptr;
     RegCreateKeyA(HKEY_CURRENT_USER, kKey, &key);
     RegCloseKey(key);
+    registry_.QueryValue(RootKey::LocalMachine, kSessionManager, kMoves, &moves_before_);
   }
-  ~RealContractMachine() override { CleanUp(); }
+  ~RealContractMachine() override {
+    CleanUp();
+    if (MovesAtReboot().empty()) return;
+    if (moves_before_.data.empty()) {
+      registry_.DeleteValue(RootKey::LocalMachine, kSessionManager, kMoves);
+    } else {
+      registry_.SetValue(RootKey::LocalMachine, kSessionManager, kMoves, moves_before_);
+    }
+  }
 
   Files& files() override { return files_; }
   Registry& registry() override { return registry_; }
@@ -87,6 +103,10 @@ class RealContractMachine : public ContractMachine {
   Clock& clock() override { return clock_; }
   Shell& shell() override { return shell_; }
   CodePages& code_pages() override { return code_pages_; }
+  System& system() override { return system_port_; }
+  Processes& processes() override { return processes_; }
+  Versions& versions() override { return versions_; }
+  Pump& pump() override { return pump_; }
   std::string folder() override { return kFolder; }
   std::string key() override { return kKey; }
   bool holds_any_name() override { return !Is9xSide(); }
@@ -138,6 +158,36 @@ class RealContractMachine : public ContractMachine {
     RegCloseKey(link);
     return set == ERROR_SUCCESS;
   }
+  void SetEnvironment(const std::string& name, const std::string& value) override {
+    SetEnvironmentVariableW(Wide(name).c_str(), Wide(value).c_str());
+  }
+  std::string OwnPath() override {
+    wchar_t path[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return FromWide(path);
+  }
+  // The system keeps pairs of a path and its target, which is empty for what is deleted.
+  std::string MovesAtReboot() override {
+    RegValue list;
+    registry_.QueryValue(RootKey::LocalMachine, kSessionManager, kMoves, &list);
+    std::vector<std::string> texts;
+    for (std::size_t at = 0; at < list.data.size(); at += texts.back().size() + 1) {
+      texts.emplace_back(list.data.c_str() + at);
+    }
+    std::string moves;
+    for (std::size_t i = 0; i + 1 < texts.size(); i += 2) {
+      const std::string move = ReplaceAll(texts[i] + " > " + texts[i + 1] + "\n", "\\??\\", "");
+      if (move.starts_with(kFolder)) moves += ReplaceAll(move, "> !", "> ");
+    }
+    return moves;
+  }
+  void Post(std::function<void()> call) override {
+    pump_.translate = [call = std::move(call)](MSG*) {
+      call();
+      return true;
+    };
+    PostThreadMessageA(GetCurrentThreadId(), WM_USER, 0, 0);
+  }
 
  private:
   void CleanUp() {
@@ -153,6 +203,11 @@ class RealContractMachine : public ContractMachine {
   ClockWin clock_{system_};
   ShellWin shell_{Is9xSide() ? W9xShellCalls() : NtShellCalls()};
   CodePagesWin code_pages_;
+  SystemWin system_port_{system_};
+  ProcessesWin processes_;
+  VersionsWin versions_{Is9xSide() ? W9xFileCalls() : NtFileCalls()};
+  PumpWin pump_;
+  RegValue moves_before_;
 };
 
 }  // namespace

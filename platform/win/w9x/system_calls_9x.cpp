@@ -5,7 +5,6 @@
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
 #include "platform/win/version_record.h"
-#include "platform/win/w9x/reachable_path.h"
 
 namespace scourwell {
 namespace {
@@ -89,16 +88,10 @@ class W9xCalls : public SystemCalls {
     return FromNarrow({text, size});
   }
 
-  // These systems only have the call; it fails.
-  bool MoveAtReboot(const std::string& path, const std::string& target) const override {
-    const std::optional<std::string> from = ReachablePath(path);
-    const std::optional<std::string> to = ReachablePath(target);
-    if (!from || (!to && !target.empty())) {
-      SetLastError(ERROR_PATH_NOT_FOUND);
-      return false;
-    }
-    return MoveFileExA(from->c_str(), to ? to->c_str() : nullptr,
-                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_DELAY_UNTIL_REBOOT) != FALSE;
+  // These systems only export the call.
+  bool MoveAtReboot(const std::string&, const std::string&) const override {
+    SetLastError(ERROR_CALL_NOT_IMPLEMENTED);
+    return false;
   }
 
   HMODULE Loaded(const char* library) const override { return GetModuleHandleA(library); }
