@@ -259,6 +259,9 @@ TEST_SUITE("explorer_verb") {
     });
     CHECK_FALSE(d.m.registry.Find(kUser, kDriveVerb));
     CHECK(d.m.Errors() == "");
+    d.m.registry.Make(kUser, std::string(kDriveVerb) + "\\command").Denied();
+    CHECK(d.app.Options().controls().chkExplorer);  // it is there, whoever may change it
+    d.m.registry.Find(kUser, std::string(kDriveVerb) + "\\command")->denied = false;
     d.m.registry.Make(kUser, "Software\\Classes\\Directory").Denied();
     d.m.registry.Make(kUser, kFolderVerb).Denied();
     CHECK(d.Ok([](OptionsForm& form) { form.controls().chkExplorer = true; }).explorer_failed);

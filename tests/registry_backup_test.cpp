@@ -46,10 +46,12 @@ TEST_SUITE("registry_backup") {
       CAPTURE(std::string(row.line));
       CHECK(Line(row.name, row.value) == std::string(row.line) + "\r\n");
     }
-    const std::string lines = Line("long", {kRegBinary, std::string(100, 'a')});
-    CHECK(lines.find(",\\\r\n  61,") != std::string::npos);
-    for (std::size_t at = 0, end; (end = lines.find("\r\n", at)) != lines.npos; at = end + 2) {
-      CHECK(end - at <= 80);
+    for (const char* name : {"l", "lo", "lon"}) {
+      const std::string lines = Line(name, {kRegBinary, std::string(100, 'a')});
+      CHECK(lines.find(",\\\r\n  61,") != std::string::npos);
+      for (std::size_t at = 0, end; (end = lines.find("\r\n", at)) != lines.npos; at = end + 2) {
+        CHECK(end - at <= 78);
+      }
     }
   }
 

@@ -131,6 +131,10 @@ TEST_SUITE("registry_keys") {
     CHECK(a.keys.DeleteValue(kUser, "Spy\\way\\a\\b", "v") == kRegAccessDenied);
     CHECK(a.keys.HasLinks(kUser, "Spy"));
     CHECK_FALSE(a.keys.HasLinks(kUser, "Precious"));
+    std::string deep = "Deep";
+    for (int i = 0; i < 513; ++i) deep += "\\k";  // beyond what the system allows, nobody looks
+    registry.Make(kUser, deep);
+    CHECK(a.keys.HasLinks(kUser, "Deep"));
     link.denied = false;
     CHECK(a.keys.DeleteKey(kUser, "Spy") == kRegOk);
     CHECK(registry.Text(kUser, "Precious\\a\\b", "v") == "x");

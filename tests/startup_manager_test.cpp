@@ -168,7 +168,17 @@ TEST_SUITE("startup_manager") {
     ToggleAll(manager);
     CHECK_FALSE(manager.ApplyNow());
     CHECK(p.m.Has(std::string(kUserStartup) + "\\Tray.lnk"));
-    CHECK(p.m.Content(std::string(kKept) + "Tray.lnk").find("t.exe") != std::string::npos);
+    const auto kept = [&] { return p.m.Content(std::string(kKept) + "Tray.lnk"); };
+    CHECK(kept().find("t.exe") != std::string::npos);
+    // It goes without taking along what is kept of the older one.
+    manager.Form_Load();
+    for (std::size_t row = 0; row < manager.size(); ++row) {
+      const bool newer = manager.status(row) == EntryStatus::Enabled;
+      if (newer && manager.entry(row).name == "Tray") manager.cmdRemove_Click(row);
+    }
+    CHECK(manager.ApplyNow());
+    CHECK_FALSE(p.m.Has(std::string(kUserStartup) + "\\Tray.lnk"));
+    CHECK(kept().find("t.exe") != std::string::npos);
   }
 
   TEST_CASE("a shortcut whose file has gone is made from its command") {
