@@ -87,10 +87,7 @@ TEST_SUITE("language") {
     Speaking s;
     s.m.File(kPack, "no section here");
     for (int i = 0; i < 3; ++i) CHECK(s.language.Text(Caption::ScanFinished) == "Scan finished");
-    CHECK(s.m.Errors() ==
-          "Error Description: The language pack holds no section, "
-          "Error Number: 62, Method: SetCaptionfromINI, "
-          "File: C:\\App\\Lang\\English.ini\n");
+    CHECK(s.m.Failures() == "62 SetCaptionfromINI, File: C:\\App\\Lang\\English.ini\n");
     CHECK(WithLineBreaks("a##b#") == "a\r\n\r\nb\r\n");
   }
 
@@ -105,7 +102,7 @@ TEST_SUITE("language") {
       const std::string text = s.language.Text(Caption::ScanFinished);
       CHECK(s.language.Text(Caption::ScanFinished) == text);
       CHECK(s.m.code_pages.asked <= 1);  // once a load, not once a text
-      return text + "\n" + s.m.Errors();
+      return text + "\n" + s.m.Failures();
     };
     const auto stated = [](const std::string& number) {
       return "[Language Pack]\r\nCodePage=" + number + "\r\n";
@@ -117,11 +114,9 @@ TEST_SUITE("language") {
     for (const char* nonsense : {"", "polish", "-1250", "1250x", "1", "0", "999999", "+437"}) {
       CHECK(shown(stated(nonsense), 1252) == western);
     }
-    CHECK(shown(stated("1361"), 1252) ==
-          "Scan finished\n"
-          "Error Description: The code page of the language pack is not installed, "
-          "Error Number: 5, Method: SetCaptionfromINI, Code page: 1361, "
-          "File: C:\\App\\Lang\\English.ini\n");
+    CHECK(
+        shown(stated("1361"), 1252) ==
+        "Scan finished\n5 SetCaptionfromINI, Code page: 1361, File: C:\\App\\Lang\\English.ini\n");
   }
 }
 
