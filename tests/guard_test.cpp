@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/removal_support.h"
 
 namespace scourwell::test {

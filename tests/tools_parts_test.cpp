@@ -266,17 +266,6 @@ TEST_SUITE("program_of") {
     }
   }
 
-  TEST_CASE("a huge command line is dealt with at once") {
-    Bench b;
-    SystemFolders folders;
-    for (const char* part : {"x ", "% ", "\" ", "C:\\a "}) {
-      std::string command;
-      while (command.size() < 10'000) command += part;
-      CHECK_FALSE(FindProgram(command, b.m.files, folders, b.m.system).exists);
-      CHECK(b.m.files.journal.size() < 2000);
-    }
-  }
-
   TEST_CASE("other machines are not asked, and no command takes endless look-ups") {
     Bench b;
     b.m.AddDrive('A', DriveKind::Removable, false);
@@ -292,10 +281,11 @@ TEST_SUITE("program_of") {
                            {"n:\\x.exe ", true, 0},
                            {"rundll32 N:\\x.dll,", true, 100},
                            {"A:\\", false, 1},
+                           {"\"%", false, 100},
                            {"C:\\", false, 100}}) {
       CAPTURE(row.beginning);
       std::string command = row.beginning;
-      while (command.size() < 250) command += "a ";
+      while (command.size() < 10'000) command += "a ";
       b.m.files.journal.clear();
       const ProgramOf program = FindProgram(command, b.m.files, {}, b.m.system);
       CHECK_FALSE(program.exists);
