@@ -50,7 +50,12 @@ void PathGuard::Prepare() {
 
 bool PathGuard::IsOwn(const std::string& real) const {
   if (IsAtOrBelow(own_, real)) return true;
-  return !own_shared_ && IsAtOrBelow(real, own_);
+  if (!IsAtOrBelow(real, own_)) return false;
+  if (!own_shared_) return true;
+  // Beside the program lie others' files: its own are known by their names.
+  std::string_view below = std::string_view(real).substr(own_.size());
+  if (BeginsWithSeparator(below)) below.remove_prefix(1);
+  return Holds(vital::kOwn, FirstPart(below));
 }
 
 bool PathGuard::IsVital(const std::string& real) const {

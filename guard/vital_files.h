@@ -9,6 +9,10 @@
 // tables: what one of them lacks is never asked for there.
 namespace scourwell::vital {
 
+// Scourwell's own files and folders, in whatever folder it lies.
+inline constexpr const char* kOwn[] = {
+    "Scourwell.exe", "Help", "Ini", "Lang", "errorlog.txt", "ignorespylist.txt", "Setting.ini"};
+
 enum class Extent { Itself, Contents };  // Contents: and everything in it
 
 // A folder within one that is protected with its contents has its own rule.

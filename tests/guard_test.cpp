@@ -51,6 +51,12 @@ TEST_SUITE("guard") {
     CHECK(r.RemoveOne(FoundFolder{"C:\\Users\\me\\Desktop\\Evil"}) == "r");
     CHECK(r.RemoveOne(FoundFile{"C:\\Users\\me\\Desktop\\evil.exe"}) == "r");
     CHECK(r.RemoveOne(FoundFolder{"C:\\Users\\me\\Desktop"}) == "R");
+    for (const char* own : {"Scourwell.exe", "Lang\\English.ini", "ini\\update.ref"}) {
+      const std::string path = "C:\\Users\\me\\Desktop\\" + std::string(own);
+      r.m.File(path, "x");
+      CHECK(r.RemoveOne(FoundFile{path}) == "R");
+      CHECK(r.m.Has(path));
+    }
   }
 
   TEST_CASE("what Windows starts with stays, a spy beside it goes") {
