@@ -21,15 +21,18 @@ constexpr Prefix kPrefixes[] = {
     {"Keylogger.", Family::KeyLoggers},
 };
 
+// Rows keep the number of their sequence in a byte.
+std::uint8_t NumberOf(std::size_t sequence) { return static_cast<std::uint8_t>(sequence); }
+
 }  // namespace
 
 std::optional<ListedKey> FindKey(std::string_view section, std::string_view suffix) {
   const std::span<const Listed> all = Catalogue();
-  for (std::uint8_t sequence = 0; sequence < all.size(); ++sequence) {
+  for (std::size_t sequence = 0; sequence < all.size(); ++sequence) {
     if (!EqualsNoCase(all[sequence].section, section)) continue;
     for (std::uint8_t part = 0; part < 3; ++part) {
       const char* key = all[sequence].keys[part];
-      if (key && EqualsNoCase(key, suffix)) return ListedKey{sequence, part};
+      if (key && EqualsNoCase(key, suffix)) return ListedKey{NumberOf(sequence), part};
     }
   }
   return std::nullopt;
@@ -44,9 +47,9 @@ bool IsListSection(std::string_view section) {
 
 std::optional<std::uint8_t> FindCount(std::string_view key) {
   const std::span<const Listed> all = Catalogue();
-  for (std::uint8_t sequence = 0; sequence < all.size(); ++sequence) {
+  for (std::size_t sequence = 0; sequence < all.size(); ++sequence) {
     const char* count_key = all[sequence].count_key;
-    if (count_key && EqualsNoCase(count_key, key)) return sequence;
+    if (count_key && EqualsNoCase(count_key, key)) return NumberOf(sequence);
   }
   return std::nullopt;
 }
@@ -58,9 +61,9 @@ std::optional<std::uint8_t> SequenceFor(Kind kind, Family family) {
     return std::nullopt;
   }
   const std::span<const Listed> all = Catalogue();
-  for (std::uint8_t sequence = 0; sequence < all.size(); ++sequence) {
+  for (std::size_t sequence = 0; sequence < all.size(); ++sequence) {
     if (all[sequence].kind != kind) continue;
-    if (!all[sequence].family || all[sequence].family == family) return sequence;
+    if (!all[sequence].family || all[sequence].family == family) return NumberOf(sequence);
   }
   return std::nullopt;
 }
