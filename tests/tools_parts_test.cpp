@@ -161,6 +161,9 @@ TEST_SUITE("stored_value") {
     CHECK(TextOfTree(tree) == text);
     CHECK(tree.size() == 3);
     CHECK(ReadTree(b.m.registry, root, "A\\none", &tree) == kRegNotFound);
+    // What cannot be reached below a key would be lost with it.
+    b.m.registry.Link(root, "A\\top\\away", "B\\none");
+    CHECK(ReadTree(b.m.registry, root, "A\\top", &tree) == kRegInvalidParameter);
     for (const std::string& bad : {text.substr(0, text.size() - 1), text + ";x", "|" + text,
                                    std::string("key:0"), std::string("key:|x")}) {
       CHECK(TreeOfText(bad).empty());
