@@ -43,6 +43,16 @@ TEST_SUITE("guard") {
     }
   }
 
+  TEST_CASE("folders that hold the program stay") {
+    Remover r;
+    r.folders.application = "D:\\Tools\\Safety\\Scourwell";
+    r.m.AddDrive('D');
+    r.m.File("D:\\Tools\\Safety\\Scourwell\\Scourwell.exe", "x");
+    for (const char* above : {"D:\\Tools", "D:\\Tools\\Safety"}) {
+      CHECK(r.RemoveOne(FoundFolder{above}) == "R");
+    }
+  }
+
   TEST_CASE("beside a program that lies on the desktop a spy goes") {
     Remover r;
     r.folders.application = r.folders.special[0];

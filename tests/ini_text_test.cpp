@@ -111,6 +111,21 @@ TEST_SUITE("watched_file") {
     CHECK(look() == "back");
   }
 
+  TEST_CASE("other paths are looked at in the same instant") {
+    FakeMachine m;
+    m.clock.frozen = true;
+    m.File("C:\\a", "a");
+    m.File("C:\\b", "b");
+    WatchedFile watched(m.files, m.clock, 4);
+    std::string content;
+    const auto take = [&](std::optional<std::string> news) { content = news.value_or("(none)"); };
+    for (const auto& [first, second, read] : Rows<const char*, const char*, const char*>{
+             {"C:\\none", "C:\\a", "a"}, {"C:\\none", "C:\\b", "b"}, {"C:\\a", "C:\\b", "a"}}) {
+      REQUIRE(watched.Refresh(first, second, take).ok());
+      CHECK(content == read);
+    }
+  }
+
   TEST_CASE("an unreadable file is reported once and tried again") {
     FakeMachine m;
     WatchedFile watched(m.files, m.clock, 100);

@@ -130,6 +130,16 @@ TEST_SUITE("memory_scan") {
     CHECK(p.m.Errors() == "");
   }
 
+  TEST_CASE("a process that cannot be looked up again is not ended, and that is recorded") {
+    Phases p;
+    p.m.processes.running = {{"C:\\spy.exe", 7, 32}};
+    p.memory.ListProcesses();
+    p.m.processes.error = kPermissionDenied;
+    p.Match("Bad", "spy.exe");
+    CHECK(p.m.system.journal.empty());
+    CHECK(p.m.Failures().starts_with("70 "));
+  }
+
   TEST_CASE("the identifiers of Windows 98 come back from the row whole") {
     Phases p;
     p.m.system.record = {4, 10, 0x040A08AE, 1, "", 0, 0, 0, 0};

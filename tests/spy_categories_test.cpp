@@ -40,11 +40,14 @@ TEST_SUITE("spy_categories") {
                                              .Entry("CATE", {"CATES", "CATEI"}, {"*", "adware"})
                                              .Value("CATE", "1CATES", "Worm.*")
                                              .Value("CATE", "2CATEI", "worm")
+                                             .Value("CATE", "4CATES", "Evil.*")
+                                             .Value("CATE", "4CATEI", "worm")
                                              .Text());
     ReferenceFile file(b.m.files, b.m.clock, b.log, b.settings, kAppFolder);
     SpyCategories categories;
     categories.Load(file);
     CHECK(categories.Of("Worm.A", false) == "adware");
+    CHECK(categories.Of("Evil.A", false) == "adware");  // the numbers end at the first gap
     CHECK(categories.TextOf("adware") == "");
     b.m.File("C:\\App\\Ini\\update.ref", "");
     categories.Load(file);

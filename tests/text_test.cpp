@@ -5,6 +5,7 @@
 #include "platform/outcome.h"
 #include "platform/versions.h"
 #include "tests/support.h"
+#include "text/paths.h"
 
 namespace scourwell::test {
 
@@ -49,6 +50,16 @@ TEST_SUITE("text") {
     CHECK(TrimBlanks("   ") == "");
     CHECK(TrimNull(std::string_view("ab\0cd", 5)) == "ab");
     CHECK(TrimNull("ab") == "ab");
+  }
+
+  TEST_CASE("separators at the end go, but a root keeps its own") {
+    for (const auto& [path, bare] : Rows<const char*, const char*>{{"C:\\", "C:\\"},
+                                                                   {"C:\\\\", "C:\\"},
+                                                                   {"C:\\a\\\\", "C:\\a"},
+                                                                   {"C:\\a", "C:\\a"},
+                                                                   {"", ""}}) {
+      CHECK(WithoutEndSeparators(path) == bare);
+    }
   }
 
   TEST_CASE("leading numbers") {

@@ -91,6 +91,18 @@ TEST_SUITE("escaped") {
     }
   }
 
+  TEST_CASE("half of a pair is spelled even where it has bytes of its own") {
+    // Alone it goes through, beside anything else it does not.
+    class HalvesAlone : public FakeCodePages {
+     public:
+      std::optional<std::string> Encode(std::string_view text) override {
+        if (text == "\xED\xA0\x80") return "\x80";
+        return FakeCodePages::Encode(text);
+      }
+    } pages;
+    CHECK(pages.Spelled("a\xED\xA0\x80") == "a<U+D800>");
+  }
+
   TEST_CASE("nothing that is shown can hide, turn round or end a line") {
     CHECK(ForShowing("C:\\\u0141\u8868\U0001F600 x") == "C:\\\u0141\u8868\U0001F600 x");
     CHECK(ForShowing("a\u202Eexe.b\r\n\t\x7F") == "a<U+202E>exe.b<U+000D><U+000A><U+0009><U+007F>");
