@@ -218,6 +218,12 @@ TEST_SUITE("win_ini_line") {
     CHECK(line == original);
     CHECK(WithProgram("a new", "b", original) == "a new b");  // changed by others meanwhile
     CHECK(WithProgram("", "b", "") == "b");
+    CHECK(WithProgram(" , ", "b", "") == "b");
+    // Of two programs of one name, each has its place; an open quote swallows none.
+    CHECK(WithProgram(WithoutProgram("a, tw tw \"x", "tw"), "tw", "a, tw tw \"x") ==
+          "a, tw tw \"x");
+    CHECK(WithProgram("a \"x y", "b", "") == "a b \"x y");
+    CHECK(WithProgram("\"x y", "b", "") == "b \"x y");
     CHECK(WithProgram(original, "b", original) == original + " b");
   }
 }

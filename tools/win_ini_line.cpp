@@ -8,6 +8,8 @@ namespace {
 
 bool IsGap(char c) { return c == ' ' || c == ',' || c == '\t'; }
 
+bool HasOpenQuote(std::string_view program) { return std::ranges::count(program, '"') % 2 != 0; }
+
 }  // namespace
 
 WinIniLine::WinIniLine(std::string_view text) {
@@ -42,17 +44,32 @@ std::string WinIniLine::Kept(const std::vector<bool>& keep) const {
   return line + gaps_.back();
 }
 
+// Of programs that read alike, the gap before them tells which one is left.
 std::optional<std::vector<bool>> WinIniLine::FindKept(std::string_view line) const {
-  const std::vector<std::string> left = WinIniLine(line).programs();
+  const WinIniLine left(line);
   std::vector<bool> kept(programs_.size(), false);
   std::size_t next = 0;
-  for (std::size_t i = 0; i < programs_.size() && next < left.size(); ++i) {
-    if (programs_[i] != left[next]) continue;
+  for (std::size_t i = 0; i < programs_.size() && next < left.programs_.size(); ++i) {
+    if (programs_[i] != left.programs_[next]) continue;
+    if (next > 0 && gaps_[i] != left.gaps_[next]) continue;
     kept[i] = true;
     ++next;
   }
-  if (next != left.size() || Kept(kept) != line) return std::nullopt;
+  if (next != left.programs_.size() || Kept(kept) != line) return std::nullopt;
   return kept;
+}
+
+void WinIniLine::Append(std::string_view program) {
+  const bool open = !programs_.empty() && HasOpenQuote(programs_.back());
+  const std::size_t at = programs_.size() - (open ? 1 : 0);
+  programs_.emplace(programs_.begin() + static_cast<std::ptrdiff_t>(at), program);
+  if (programs_.size() == 1) {
+    gaps_ = {"", ""};
+  } else {
+    // Before an open quote, its own gap goes to the new program.
+    const std::size_t gap = open ? at + 1 : at;
+    gaps_.insert(gaps_.begin() + static_cast<std::ptrdiff_t>(gap), " ");
+  }
 }
 
 std::string WithoutProgram(std::string_view line, std::string_view program) {
@@ -86,8 +103,9 @@ std::string WithProgram(std::string_view line, std::string_view program,
       return whole.Kept(*kept);
     }
   }
-  if (WinIniLine(line).programs().empty()) return std::string(program);
-  return std::string(line) + " " + std::string(program);
+  WinIniLine longer(line);
+  longer.Append(program);
+  return longer.text();
 }
 
 std::string AsProgram(const std::string& path) {

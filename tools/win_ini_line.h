@@ -18,6 +18,8 @@ class WinIniLine {
   const std::vector<std::string>& programs() const { return programs_; }
   std::string text() const { return Kept(std::vector<bool>(programs_.size(), true)); }
   void Replace(std::string_view program, std::string_view other);
+  // At the end; before a last program whose quote is open, which would swallow what follows it.
+  void Append(std::string_view program);
   // The line without the programs that `keep` says no to.
   std::string Kept(const std::vector<bool>& keep) const;
   // The programs that `line` still has, if it is this line with others taken out.
