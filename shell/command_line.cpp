@@ -15,6 +15,7 @@ CommandLine ParseCommandLine(std::string_view text) {
   if (text.size() >= 2 && text.front() == '"' && text.back() == '"') {
     text = text.substr(1, text.size() - 2);
   }
+  if (text.empty()) return {};
   // "C:\folder\" and "C:\folder" are the same folder; "C:\" keeps its backslash, "C:" gets one.
   text = WithoutEndSeparators(text);
   std::string path(text);

@@ -234,6 +234,7 @@ TEST_SUITE("command_line") {
     for (const auto& [text, kind, path] : Rows<std::string, Kind, const char*>{
              {"", Kind::Normal, ""},
              {"   ", Kind::Normal, ""},
+             {"\"\"", Kind::Normal, ""},
              {"/STARTUP", Kind::StartScan, ""},
              {" x /startup y", Kind::StartScan, ""},
              {"C:\\a b", Kind::ScanPath, "C:\\a b"},
