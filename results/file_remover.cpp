@@ -107,11 +107,14 @@ Outcome FileRemover::Erase(const std::string& path, std::uint32_t attributes) {
 }
 
 // A component that cannot be unregistered is deleted all the same; one without the entry point has
-// nothing to undo.
+// nothing to undo. What no class names was never registered: its code would run for nothing.
 void FileRemover::Unregister(const std::string& path) {
+  if (!components_.Name(path)) return;
   if (!parts_.os.IsWinNT()) {
-    parts_.log.Trap("deleteSpyCFType",
-                    [&] { return parts_.shell.Start("regsvr32.exe", "/U /s \"" + path + "\""); });
+    parts_.log.Trap("deleteSpyCFType", [&] {
+      return parts_.shell.Start(AddPathToFileName(parts_.folders.system, "regsvr32.exe"),
+                                "/U /s \"" + path + "\"");
+    });
     return;
   }
   Outcome called = parts_.shell.CallExport(path, "DllUnregisterServer");

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "guard/path_guard.h"
+#include "machine/component_registrations.h"
 #include "machine/error_log.h"
 #include "machine/op_sys_info.h"
 #include "platform/pump.h"
@@ -42,11 +43,15 @@ class FileRemover {
     const COpSysInfo& os;
     const SystemFolders& folders;
     const AppSettings& settings;
+    Registry& registry;
   };
 
-  explicit FileRemover(const Parts& parts) : parts_(parts), guard_(parts.files, parts.folders) {}
+  explicit FileRemover(const Parts& parts)
+      : parts_(parts),
+        guard_(parts.files, parts.folders),
+        components_(parts.registry, parts.files, parts.system, parts.folders) {}
 
-  // A file or cookie. Components (dll, ocx) are unregistered first.
+  // A file or cookie. A component (dll, ocx) that a class names is unregistered first.
   RemovalResult deleteSpyCFType(const std::string& path);
   // A folder with everything in it. What is in use is left for the next start of Windows.
   RemovalResult deleteSpyFolder(const std::string& path);
@@ -68,6 +73,7 @@ class FileRemover {
 
   Parts parts_;
   PathGuard guard_;
+  ComponentRegistrations components_;
 };
 
 }  // namespace scourwell

@@ -52,7 +52,7 @@ Application::Application(const Ports& ports, const std::string& application_fold
                                    language_.Text(Caption::AccessDenied));
             }),
       removal_({{ports.files, ports.system, ports.shell, ports.pump, log_, ports.code_pages, os_,
-                 folders_, settings_},
+                 folders_, settings_, ports.registry},
                 ports.processes,
                 ports.registry,
                 ports.registry64,

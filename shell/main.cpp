@@ -33,7 +33,8 @@ std::string ApplicationFolder() {
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
   using namespace scourwell;
   int exit_code = 0;
-  if (RunAsChild(&exit_code)) return exit_code;
+  const std::string arguments = CommandArguments();
+  if (RunAsChild(arguments, &exit_code)) return exit_code;
   const SingleInstance single;
   if (!single.is_first()) return 0;
   UseSystemFolding();
@@ -52,7 +53,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
                    clock, system, shell, versions, processes, pump, code_pages},
                   ApplicationFolder(), kProgramVersion);
   frmMain main_window(app, pump, instance);
-  CommandLine command = ParseCommandLine(CommandArguments());
+  CommandLine command = ParseCommandLine(arguments);
   if (command.kind == CommandLine::Kind::ScanPath) {
     const std::string full = RunningSystemCalls().FullPath(command.path);
     if (!full.empty()) command.path = full;

@@ -37,9 +37,13 @@ struct Remover : Bench {
     return m.system;
   }
   void Add(FoundObject object) { hits.AddSpyToListView({"spy", std::move(object)}); }
+  // A class whose library is the one named.
+  void Register(const std::string& library, const std::string& id = "{1}") {
+    m.registry.Make(RootKey::ClassesRoot, "CLSID\\" + id + "\\InprocServer32").Value("", library);
+  }
   void Run(const std::unordered_set<std::size_t>& left_alone = {}) {
     removal = std::make_unique<Removal>(Removal::Parts{
-        {m.files, m.system, m.shell, m.pump, log, m.code_pages, os, folders, settings},
+        {m.files, m.system, m.shell, m.pump, log, m.code_pages, os, folders, settings, m.registry},
         m.processes,
         m.registry,
         registry64,

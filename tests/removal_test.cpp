@@ -44,11 +44,13 @@ TEST_SUITE("removal") {
     Remover old(false);
     old.m.File("C:\\WINDOWS\\WinInit.ini", "[rename]\r\nNUL=C:\\OTHER\r\n");
     old.m.File("C:\\used.dll", "x").Locked();
+    old.Register("C:\\USED.DLL");
     CHECK(old.RemoveOne(FoundFile{"C:\\used.dll"}) == "p");
     CHECK(old.m.Content("C:\\WINDOWS\\WinInit.ini") ==
           "[rename]\r\nNUL=C:\\used.dll\r\nNUL=C:\\OTHER\r\n");
     CHECK(old.m.system.journal.empty());
-    CHECK(Lines(old.m.shell.journal) == "Start regsvr32.exe /U /s \"C:\\used.dll\"\n");
+    CHECK(Lines(old.m.shell.journal) ==
+          "Start C:\\WINDOWS\\system32\\regsvr32.exe /U /s \"C:\\used.dll\"\n");
     old.settings.DeleteAfterReboot = false;
     CHECK(old.RemoveOne(FoundFile{"C:\\used.dll"}) == "F");
   }
@@ -58,10 +60,37 @@ TEST_SUITE("removal") {
       CAPTURE(error.number());
       Remover r;
       r.m.File("C:\\x.OcX", "x");
+      r.Register("C:\\x.ocx");
       r.m.shell.call_error = error;
       CHECK(r.RemoveOne(FoundFile{"C:\\x.OcX"}) == "r");
       CHECK(r.m.shell.journal[0] == "Call C:\\x.OcX DllUnregisterServer");
       CHECK((r.m.Errors() != "") == (error == kDeviceError));
+    }
+  }
+
+  TEST_CASE("only the library that a class names is loaded to unregister it") {
+    struct Case {
+      const char* registered;
+      bool called;
+    };
+    const Case cases[] = {{"", false},
+                          {"C:\\Planted\\Long name.dll", true},
+                          {" \"c:\\planted\\LONG NAME.DLL\" ", true},
+                          {"%EVIL%\\Long name.dll", true},
+                          {"C:\\Planted\\LONGNA~1.DLL", true},
+                          {"C:\\Program Files\\Long name.dll", false},
+                          {"Long name.dll", false},  // the one of the system folder
+                          {"C:\\Planted\\other.dll", false}};
+    for (const Case& c : cases) {
+      CAPTURE(c.registered);
+      Remover r;
+      r.m.system.environment["EVIL"] = "C:\\Planted";
+      r.m.File("C:\\Planted\\Long name.dll", "x").short_name = "LONGNA~1.DLL";
+      r.Register("C:\\elsewhere.dll", "{0}");
+      if (*c.registered) r.Register(c.registered);
+      CHECK(r.RemoveOne(FoundFile{"C:\\Planted\\Long name.dll"}) == "r");
+      CHECK(Lines(r.m.shell.journal) ==
+            (c.called ? "Call C:\\Planted\\Long name.dll DllUnregisterServer\n" : ""));
     }
   }
 

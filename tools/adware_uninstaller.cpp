@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "definitions/list_loader.h"
+#include "machine/environment.h"
 #include "machine/registry_place.h"
 #include "text/text.h"
 #include "tools/startup_locations.h"

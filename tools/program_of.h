@@ -34,7 +34,4 @@ ProgramOf FindStarter(std::string_view command, Files& files, const SystemFolder
 std::string SafeCommand(const std::string& command, Files& files, const SystemFolders& folders,
                         System& system);
 
-// "%NAME%" replaced by what the environment says; unknown names stay.
-std::string ExpandEnvironment(std::string_view text, System& system);
-
 }  // namespace scourwell

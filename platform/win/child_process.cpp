@@ -6,6 +6,7 @@
 #include <objbase.h>
 
 #include "platform/win/desktop_win.h"
+#include "platform/win/handed_call.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/win_error.h"
 #include "platform/win/window_calls.h"
@@ -13,8 +14,6 @@
 namespace scourwell {
 namespace {
 
-// Set for the child alone; its value is "name of the export|path of the library".
-constexpr char kVariable[] = "SCOURWELL_CALL";
 constexpr DWORD kCallLimit = 10'000;  // milliseconds
 
 // Exit codes of the child besides the entry point's own result: all of them failures no component
@@ -48,15 +47,11 @@ DWORD CallEntry(const std::string& library, const std::string& name) {
 
 }  // namespace
 
-bool RunAsChild(int* exit_code) {
-  const SystemCalls& calls = RunningSystemCalls();
-  const std::string call = calls.Environment(kVariable);
-  if (call.empty()) return false;
-  calls.SetEnvironment(kVariable, std::nullopt);  // what it starts is no child of this kind
+bool RunAsChild(const std::string& arguments, int* exit_code) {
+  const std::optional<HandedCall> call = ReceiveCall(arguments);
+  if (!call) return false;
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX | SEM_NOGPFAULTERRORBOX);
-  const std::size_t bar = call.find('|');
-  if (bar == call.npos) return false;
-  *exit_code = static_cast<int>(CallEntry(call.substr(bar + 1), call.substr(0, bar)));
+  *exit_code = static_cast<int>(CallEntry(call->library, call->name));
   return true;
 }
 
@@ -69,14 +64,15 @@ Outcome ShellWin::StartProcess(const std::string& command_line, WORD show, Kerne
 }
 
 Outcome ShellWin::CallExport(const std::string& library, const std::string& name) {
-  const SystemCalls& system = RunningSystemCalls();
-  const std::string self = system.OwnPath();
+  const std::string self = RunningSystemCalls().OwnPath();
   if (self.empty()) return Outcome::Failed(kPathNotFound);
-  system.SetEnvironment(kVariable, name + "|" + library);
-  KernelHandle child;
-  Outcome started = StartProcess("\"" + self + "\"", SW_HIDE, &child);
-  system.SetEnvironment(kVariable, std::nullopt);
-  if (!started.ok()) return started;
+  CallPipe pipe;
+  PROCESS_INFORMATION info = {};
+  if (!pipe.Send({library, name}) || !calls_.StartRestricted(self, pipe.Arguments(), &info)) {
+    return FailedWith(GetLastError());
+  }
+  CloseHandle(info.hThread);
+  const KernelHandle child(info.hProcess);
   if (!WaitPainting(child.get(), kCallLimit)) {
     TerminateProcess(child.get(), 1);
     return Outcome::Failed(kDeviceError, "The component did not answer and was ended")

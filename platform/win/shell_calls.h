@@ -16,6 +16,9 @@ class ShellCalls {
   // The command line as it stands, the program being looked for as the system does.
   virtual bool StartProcess(const std::string& command_line, WORD show,
                             PROCESS_INFORMATION* process) const = 0;
+  // A hidden process with our inheritable handles and as few rights as the system can give it.
+  virtual bool StartRestricted(const std::string& program, const std::string& arguments,
+                               PROCESS_INFORMATION* process) const = 0;
   // What ShellExecute answers: above 32 for success.
   virtual INT_PTR Execute(const char* verb, const std::string& file,
                           const std::string& arguments) const = 0;

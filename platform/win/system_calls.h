@@ -28,9 +28,6 @@ class SystemCalls {
   // A path made absolute against the current folder; one that names its place already stays.
   virtual std::string FullPath(const std::string& path) const = 0;
   virtual std::string Environment(const std::string& name) const = 0;
-  // No value deletes it.
-  virtual void SetEnvironment(const std::string& name,
-                              const std::optional<std::string>& value) const = 0;
   // The system's message for an error code, as it stands.
   virtual std::string MessageOf(DWORD code) const = 0;
   virtual bool MoveAtReboot(const std::string& path, const std::string& target) const = 0;

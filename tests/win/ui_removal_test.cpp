@@ -111,18 +111,29 @@ TEST_CASE("an unattended scan backs up, removes, tells and counts") {
   CHECK(second.Close());
 }
 
-TEST_CASE("a component is unregistered at a distance") {
+// Three components of definitions, in C:\components; each serves a class, if so wanted.
+void PlantComponents(bool registered) {
   PlantEvil();
   test::Definitions definitions;
-  for (const char* name : {"BEHAVES.DLL", "HANGS.DLL", "CRASHES.DLL"}) {
-    definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"Adware.Evil", name});
+  CreateDirectoryA("C:\\components", nullptr);
+  for (const std::string name : {"behaves.dll", "hangs.dll", "crashes.dll"}) {
+    definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"Adware.Evil", Upper(name)});
+    const std::string path = "C:\\components\\" + name;
+    REQUIRE(CopyFileA(("C:\\" + name).c_str(), path.c_str(), FALSE));
+    const std::string key = "SOFTWARE\\Classes\\CLSID\\{" + name + "}";
+    if (registered) {
+      registry.SetValue(RootKey::LocalMachine, key + "\\InprocServer32", "",
+                        {kRegText, path + '\0'});
+    } else {
+      registry.DeleteKeyCall(RootKey::LocalMachine, key + "\\InprocServer32");
+    }
   }
   PlantContent(kReference, definitions.Text());
-  CreateDirectoryA("C:\\components", nullptr);
-  for (const char* name : {"behaves.dll", "hangs.dll", "crashes.dll"}) {
-    REQUIRE(CopyFileA((std::string("C:\\") + name).c_str(),
-                      (std::string("C:\\components\\") + name).c_str(), FALSE));
-  }
+}
+
+TEST_CASE("a component is unregistered at a distance") {
+  PlantComponents(true);
+  DeleteFileA("C:\\unregistered.txt");
   SetSetting("AutoRemove", "AutoRemove", "True");
   SetSetting("Backup", "BackupBeforeRemoval", "False");
   Program program("\"C:\\components\"");
@@ -139,6 +150,25 @@ TEST_CASE("a component is unregistered at a distance") {
   CHECK(errors.find("did not answer and was ended") != std::string::npos);
   CHECK(errors.find("failed or crashed") != std::string::npos);
   CHECK(program.Close());
+}
+
+TEST_CASE("nobody makes a start of the program load a library") {
+  PlantComponents(false);
+  DeleteFileA("C:\\unregistered.txt");
+  SetEnvironmentVariableA("SCOURWELL_CALL", "DllUnregisterServer|C:\\components\\behaves.dll");
+  for (const char* arguments : {"", "/CALL:00000004:0123456789ABCDEF0123456789ABCDEF"}) {
+    Program program(arguments);
+    CHECK(program.MainWindow());
+    CHECK(program.Close());
+  }
+  SetEnvironmentVariableA("SCOURWELL_CALL", nullptr);
+  SetSetting("AutoRemove", "AutoRemove", "True");
+  SetSetting("Backup", "BackupBeforeRemoval", "False");
+  Program program("\"C:\\components\"");
+  REQUIRE(program.MainWindow());
+  CHECK(CloseOutcome(&program).find("behaves.dll - removed") != std::string::npos);
+  CHECK(program.Close());
+  CHECK(files.ShortPath("C:\\unregistered.txt").empty());
 }
 
 TEST_CASE("what is in use goes at the next start, in the way of the running Windows") {
@@ -216,14 +246,7 @@ TEST_CASE("excluded components stay away until they are taken out of the ignore 
 }
 
 TEST_CASE("what went before the program was closed counts") {
-  PlantEvil();
-  test::Definitions definitions;
-  CreateDirectoryA("C:\\components", nullptr);
-  for (const std::string name : {"behaves.dll", "hangs.dll", "crashes.dll"}) {
-    definitions.Entry("SAFI", {"SAFIT", "SAFIS"}, {"Adware.Evil", Upper(name)});
-    REQUIRE(CopyFileA(("C:\\" + name).c_str(), ("C:\\components\\" + name).c_str(), FALSE));
-  }
-  PlantContent(kReference, definitions.Text());
+  PlantComponents(true);
   SetSetting("AutoRemove", "AutoRemove", "True");
   SetSetting("Backup", "BackupBeforeRemoval", "False");
   Program program("\"C:\\components\"");

@@ -8,6 +8,7 @@
 #include "platform/win/com_pointer.h"
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
+#include "platform/win/nt/restricted_start.h"
 
 namespace scourwell {
 namespace {
@@ -42,6 +43,16 @@ class NtCalls : public ShellCalls {
     std::wstring writable = Wide(command_line);
     return CreateProcessW(nullptr, writable.data(), nullptr, nullptr, FALSE, NORMAL_PRIORITY_CLASS,
                           nullptr, nullptr, &startup, process) != FALSE;
+  }
+
+  bool StartRestricted(const std::string& program, const std::string& arguments,
+                       PROCESS_INFORMATION* process) const override {
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = SW_HIDE;
+    std::wstring writable = Wide("\"" + program + "\" " + arguments);
+    return scourwell::StartRestricted(Wide(program).c_str(), writable.data(), &startup, process);
   }
 
   INT_PTR Execute(const char* verb, const std::string& file,

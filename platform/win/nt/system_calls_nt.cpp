@@ -94,11 +94,6 @@ class NtCalls : public SystemCalls {
     });
   }
 
-  void SetEnvironment(const std::string& name,
-                      const std::optional<std::string>& value) const override {
-    SetEnvironmentVariableW(Wide(name).c_str(), value ? Wide(*value).c_str() : nullptr);
-  }
-
   std::string MessageOf(DWORD code) const override {
     wchar_t text[512];
     const DWORD size = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,

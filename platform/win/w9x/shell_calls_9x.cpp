@@ -49,6 +49,23 @@ class W9xCalls : public ShellCalls {
                           nullptr, nullptr, &startup, process) != FALSE;
   }
 
+  // These systems know no rights.
+  bool StartRestricted(const std::string& program, const std::string& arguments,
+                       PROCESS_INFORMATION* process) const override {
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = SW_HIDE;
+    const std::optional<std::string> path = ExactNarrow(program);
+    if (!path) {
+      SetLastError(ERROR_INVALID_NAME);
+      return false;
+    }
+    std::string writable = "\"" + *path + "\" " + arguments;
+    return CreateProcessA(path->c_str(), writable.data(), nullptr, nullptr, TRUE,
+                          NORMAL_PRIORITY_CLASS, nullptr, nullptr, &startup, process) != FALSE;
+  }
+
   INT_PTR Execute(const char* verb, const std::string& file,
                   const std::string& arguments) const override {
     const std::optional<std::string> path = ExactNarrow(file);

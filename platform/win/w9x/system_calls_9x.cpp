@@ -76,11 +76,6 @@ class W9xCalls : public SystemCalls {
     });
   }
 
-  void SetEnvironment(const std::string& name,
-                      const std::optional<std::string>& value) const override {
-    SetEnvironmentVariableA(Narrow(name).c_str(), value ? Narrow(*value).c_str() : nullptr);
-  }
-
   std::string MessageOf(DWORD code) const override {
     char text[512];
     const DWORD size = FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
