@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-// Stands before the registry editor of Wine, which refuses the switch "/I": starts it without, and
-// waits for it. Every call is noted in "regedit-calls.txt" beside this program.
+// Stands for the registry editor of Wine, which refuses the switch "/I": starts its other copy in
+// the system folder without, and waits for it. Every call is noted in "regedit-calls.txt" beside
+// this program.
 #include <windows.h>
 
 #include <string>
@@ -36,9 +37,9 @@ void Note(const std::string& text) {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
   Note(std::string(GetCommandLineA()) + "\r\n");
-  char windows[MAX_PATH] = "";
-  GetWindowsDirectoryA(windows, sizeof windows);
-  std::string command = "\"" + std::string(windows) + "\\regedit.exe\"" + Arguments();
+  char system[MAX_PATH] = "";
+  GetSystemDirectoryA(system, sizeof system);
+  std::string command = "\"" + std::string(system) + "\\regedt32.exe\"" + Arguments();
   STARTUPINFOA startup = {};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION info = {};

@@ -35,6 +35,13 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
   int exit_code = 0;
   const std::string arguments = CommandArguments();
   if (RunAsChild(arguments, &exit_code)) return exit_code;
+  // What it names may stand in the folder that we are about to leave.
+  CommandLine command = ParseCommandLine(arguments);
+  if (command.kind == CommandLine::Kind::ScanPath) {
+    const std::string full = RunningSystemCalls().FullPath(command.path);
+    if (!full.empty()) command.path = full;
+  }
+  RunningSystemCalls().EnterSystemFolder();
   const SingleInstance single;
   if (!single.is_first()) return 0;
   UseSystemFolding();
@@ -53,10 +60,5 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
                    clock, system, shell, versions, processes, pump, code_pages},
                   ApplicationFolder(), kProgramVersion);
   frmMain main_window(app, pump, instance);
-  CommandLine command = ParseCommandLine(arguments);
-  if (command.kind == CommandLine::Kind::ScanPath) {
-    const std::string full = RunningSystemCalls().FullPath(command.path);
-    if (!full.empty()) command.path = full;
-  }
   return main_window.Run(command, show);
 }

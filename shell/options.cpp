@@ -136,8 +136,8 @@ Outcome OptionsForm::SetScanStartup(bool ticked) {
     CRegister run(parts_.registry);
     if (ticked) {
       const std::string program = AddPathToFileName(parts_.folders.application, "Scourwell.exe");
-      status =
-          run.SetString(RootKey::CurrentUser, kRunKey, kRunValue, program + " /STARTUP" + '\0');
+      status = run.SetString(RootKey::CurrentUser, kRunKey, kRunValue,
+                             "\"" + program + "\" /STARTUP" + '\0');
     } else {
       run.DeleteEntry(RootKey::CurrentUser, kRunKey, kRunValue, &status);
       if (status == kRegNotFound) status = kRegOk;
@@ -150,7 +150,10 @@ Outcome OptionsForm::SetScanStartup(bool ticked) {
 
 Outcome OptionsForm::EditLanguagePackFile() {
   return parts_.log.TrapOutcome("cmdEditLanguagePackFile", [&] {
-    return parts_.shell.StartCommand("notepad.exe lang\\" + controls_.CmbLang + kPackExtension);
+    const std::string editor = AddPathToFileName(parts_.folders.windows, "notepad.exe");
+    const std::string pack = AddPathToFileName(parts_.folders.application,
+                                               "lang\\" + controls_.CmbLang + kPackExtension);
+    return parts_.shell.StartCommand("\"" + editor + "\" \"" + pack + "\"");
   });
 }
 

@@ -113,7 +113,7 @@ TEST_SUITE("options") {
     OptionsForm form = d.app.Options();
     CHECK(form.SetScanStartup(true).ok());
     CHECK(d.m.registry.Text(kUser, kRun, "ZURANTISPY") ==
-          std::string("C:\\App\\Scourwell.exe /STARTUP") + '\0');
+          std::string("\"C:\\App\\Scourwell.exe\" /STARTUP") + '\0');
     CHECK(d.app.settings().RunStartup);
     CHECK(d.app.Options().controls().chkScanStartup);
     d.Ok([](OptionsForm&) {});
@@ -184,7 +184,8 @@ TEST_SUITE("options") {
     CHECK(d.Stored("Language", "Name") == "Deutsch.ini");
     CHECK(d.app.language().Text(Caption::OptionsTitle) == "Optionen");
     static_cast<void>(form.EditLanguagePackFile());
-    CHECK(d.m.shell.journal.back() == "Run notepad.exe lang\\English.ini");
+    CHECK(d.m.shell.journal.back() ==
+          "Run \"C:\\WINDOWS\\notepad.exe\" \"C:\\App\\lang\\English.ini\"");
     CHECK(d.m.Errors().find("Method: cmdEditLanguagePackFile") != std::string::npos);
     // Its pack goes: nothing is chosen, and the setting stays.
     d.m.files.Remove(lang + "Deutsch.ini");

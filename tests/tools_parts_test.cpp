@@ -273,6 +273,11 @@ TEST_SUITE("program_of") {
       CHECK(SafeCommand(name + " -z", b.m.files, folders, b.m.system) ==
             "\"C:\\My Files\\a b.exe\" -z");
     }
+    // What the system would run by mistake is shown, but never started.
+    b.m.File("C:\\My.exe");
+    const std::string bare = "C:\\My Files\\a b.exe -z";
+    CHECK(FindProgram(bare, b.m.files, folders, b.m.system).path == "C:\\My.exe");
+    CHECK(SafeCommand(bare, b.m.files, folders, b.m.system) == "\"C:\\My Files\\a b.exe\" -z");
   }
 
   TEST_CASE("other machines are not asked, and no command takes endless look-ups") {

@@ -104,21 +104,28 @@ ProgramOf Result(Finder& finder, const Parts& parts) {
           std::string(parts.arguments), exists, finder.IsRemote(parts.program)};
 }
 
-ProgramOf Locate(Finder& finder, std::string_view command) {
+enum class Choice { AsTheSystem, Longest };
+
+// Unquoted, the system takes the shortest beginning that leads to a file: "C:\Program.exe" for
+// whatever lies in "C:\Program Files". Whoever wrote the command meant the longest.
+ProgramOf Locate(Finder& finder, std::string_view command, Choice choice) {
   if (command.starts_with('"')) {
     const std::size_t end = std::min(command.find('"', 1), command.size());
     return Result(finder, CutAt(command, 1, end));
   }
-  // Unquoted: the shortest beginning that leads to a file, as the system tries them.
+  ProgramOf longest;
   for (std::size_t end = command.find(' '); end <= kLongestGuess;
        end = command.find(' ', end + 1)) {
     ProgramOf found = Result(finder, CutAt(command, 0, end));
-    if (found.exists) return found;
+    if (!found.exists) continue;
+    if (choice == Choice::AsTheSystem) return found;
+    longest = std::move(found);
   }
   ProgramOf whole = Result(finder, {command, {}});
   // Nothing exists: a path with blanks is named up to its extension, anything else up to the
   // first blank.
   if (whole.exists) return whole;
+  if (longest.exists) return longest;
   const std::size_t extension = FindNoCase(command, ".exe");
   const std::size_t end = extension == command.npos ? command.find(' ') : extension + 4;
   return Result(finder, CutAt(command, 0, std::min(end, command.size())));
@@ -137,7 +144,7 @@ ProgramOf FindProgram(std::string_view command, Files& files, const SystemFolder
 ProgramOf FindStarter(std::string_view command, Files& files, const SystemFolders& folders,
                       System& system) {
   Finder finder(files, folders);
-  return Locate(finder, ExpandEnvironment(TrimBlanks(command), system));
+  return Locate(finder, ExpandEnvironment(TrimBlanks(command), system), Choice::AsTheSystem);
 }
 
 std::string SafeCommand(const std::string& command, Files& files, const SystemFolders& folders,
@@ -145,7 +152,7 @@ std::string SafeCommand(const std::string& command, Files& files, const SystemFo
   const std::string_view trimmed = TrimBlanks(command);
   if (trimmed.empty() || trimmed.starts_with('"')) return command;
   Finder finder(files, folders);
-  const ProgramOf program = Locate(finder, ExpandEnvironment(trimmed, system));
+  const ProgramOf program = Locate(finder, ExpandEnvironment(trimmed, system), Choice::Longest);
   if (!program.exists || program.path.find(' ') == std::string::npos) return command;
   return "\"" + program.path + "\"" + (program.arguments.empty() ? "" : " ") + program.arguments;
 }

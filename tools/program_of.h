@@ -30,7 +30,8 @@ ProgramOf FindStarter(std::string_view command, Files& files, const SystemFolder
                       System& system);
 
 // The same command with its program in quotes, if it has one that exists and needs them: what
-// stands unquoted could start another program.
+// stands unquoted could start another program. Of several it is the one that was meant, with the
+// longest name.
 std::string SafeCommand(const std::string& command, Files& files, const SystemFolders& folders,
                         System& system);
 

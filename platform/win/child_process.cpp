@@ -6,10 +6,12 @@
 #include <objbase.h>
 
 #include "platform/win/desktop_win.h"
+#include "platform/win/file_calls.h"
 #include "platform/win/handed_call.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/win_error.h"
 #include "platform/win/window_calls.h"
+#include "text/paths.h"
 
 namespace scourwell {
 namespace {
@@ -35,6 +37,34 @@ bool WaitPainting(HANDLE process, DWORD limit) {
   }
 }
 
+bool IsFile(const std::string& path) {
+  const DWORD attributes = SystemFileCalls().Attributes(path);
+  return attributes != kNoAttributes && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+// The program that a command line names without a folder. The system would try our folder and the
+// current one first, where anybody may have put one of that name. A name with a folder stays with
+// the command line (*path is empty). False: there is no such program.
+bool FindTrusted(std::string_view command_line, std::string* path) {
+  const bool quoted = command_line.starts_with('"');
+  std::string name(quoted ? command_line.substr(1, command_line.find('"', 1) - 1)
+                          : command_line.substr(0, command_line.find_first_of(" \t")));
+  if (name.empty()) return false;
+  if (name.find_first_of("\\/:") != name.npos) return true;
+  if (name.find('.') == name.npos) name += ".exe";
+  const SystemCalls& system = RunningSystemCalls();
+  std::string places = system.SystemFolder() + ";" + system.WindowsFolder() + ";";
+  places += system.Environment("PATH") + ";";
+  for (std::size_t at = 0, end; (end = places.find(';', at)) != places.npos; at = end + 1) {
+    const std::string place = places.substr(at, end - at);
+    const std::string found = place + (place.ends_with('\\') ? "" : "\\") + name;
+    if (!IsAbsolutePath(place) || !IsFile(found)) continue;
+    *path = found;
+    return true;
+  }
+  return false;
+}
+
 DWORD CallEntry(const std::string& library, const std::string& name) {
   static_cast<void>(CoInitialize(nullptr));
   const HMODULE module = RunningSystemCalls().Load(library);
@@ -56,8 +86,10 @@ bool RunAsChild(const std::string& arguments, int* exit_code) {
 }
 
 Outcome ShellWin::StartProcess(const std::string& command_line, WORD show, KernelHandle* process) {
+  std::string program;
+  if (!FindTrusted(command_line, &program)) return Outcome::Failed(kFileNotFound);
   PROCESS_INFORMATION info = {};
-  if (!calls_.StartProcess(command_line, show, &info)) return FailedWith(GetLastError());
+  if (!calls_.StartProcess(program, command_line, show, &info)) return FailedWith(GetLastError());
   *process = KernelHandle(info.hProcess);
   CloseHandle(info.hThread);
   return {};

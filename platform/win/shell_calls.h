@@ -13,8 +13,8 @@ class ShellCalls {
  public:
   virtual ~ShellCalls() = default;
 
-  // The command line as it stands, the program being looked for as the system does.
-  virtual bool StartProcess(const std::string& command_line, WORD show,
+  // The command line as it stands. An empty program is looked for as the system does.
+  virtual bool StartProcess(const std::string& program, const std::string& command_line, WORD show,
                             PROCESS_INFORMATION* process) const = 0;
   // A hidden process with our inheritable handles and as few rights as the system can give it.
   virtual bool StartRestricted(const std::string& program, const std::string& arguments,

@@ -27,6 +27,9 @@ class SystemCalls {
   virtual std::string OwnPath() const = 0;
   // A path made absolute against the current folder; one that names its place already stays.
   virtual std::string FullPath(const std::string& path) const = 0;
+  // Makes the system folder the current one: what is asked for by its name alone, libraries among
+  // it, must not come from wherever the program was started.
+  virtual void EnterSystemFolder() const = 0;
   virtual std::string Environment(const std::string& name) const = 0;
   // The system's message for an error code, as it stands.
   virtual std::string MessageOf(DWORD code) const = 0;

@@ -28,7 +28,7 @@ make_machine() {
     mkdir -p "$work"
     "$project/build/wine/new-prefix" "$work/prefix"
     cp -r "$project/out/Scourwell" "$drive/Scourwell"
-    cp "$project/build/win32/demo/regedit.exe" "$drive/Scourwell"   # Wine's own refuses what a restoration asks for
+    cp --remove-destination "$project/build/win32/demo/regedit.exe" "$drive/windows"   # Wine's own refuses what a restoration asks for
     mkdir "$drive/run"
     cp "$project/build/win32/tests/win/attendant.exe" "$drive/run"
     "$machine" plant "$work/prefix" "$user"

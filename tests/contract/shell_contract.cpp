@@ -3,6 +3,7 @@
 
 #include "platform/shell.h"
 #include "tests/contract/contract.h"
+#include "text/paths.h"
 
 namespace scourwell::test {
 
@@ -41,6 +42,15 @@ TEST_SUITE("contract_shell") {
     const auto machine = NewContractMachine();
     CHECK(machine->shell().ShowHelp(machine->folder() + "\\none.chm", "index.html").code() ==
           kFileNotFound);
+  }
+
+  TEST_CASE("a program in our own folder is not found by its name alone") {
+    const auto machine = NewContractMachine();
+    const std::string own = machine->OwnPath();
+    const std::string name(FileNamePart(own));
+    for (const std::string& line : {name + " --version", "\"" + name + "\" --version"}) {
+      CHECK(machine->shell().StartCommand(line).code() == kFileNotFound);
+    }
   }
 
   TEST_CASE("a command line that names no program fails") {

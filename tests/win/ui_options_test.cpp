@@ -184,7 +184,7 @@ TEST_CASE("advanced scanning cannot be switched on; scanning at the start acts a
   {
     Options options(program);
     options.Toggle(IDC_chkScanStartup);
-    CHECK(WaitFor([] { return RunValue() == "C:\\Scourwell\\Scourwell.exe /STARTUP"; }));
+    CHECK(WaitFor([] { return RunValue() == "\"C:\\Scourwell\\Scourwell.exe\" /STARTUP"; }));
     options.Press(IDC_cmdCancelOptions);
   }
   CHECK_FALSE(RunValue().empty());

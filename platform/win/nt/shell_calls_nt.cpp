@@ -34,15 +34,17 @@ struct Shortcut {
 
 class NtCalls : public ShellCalls {
  public:
-  bool StartProcess(const std::string& command_line, WORD show,
+  bool StartProcess(const std::string& program, const std::string& command_line, WORD show,
                     PROCESS_INFORMATION* process) const override {
     STARTUPINFOW startup = {};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = show;
     std::wstring writable = Wide(command_line);
-    return CreateProcessW(nullptr, writable.data(), nullptr, nullptr, FALSE, NORMAL_PRIORITY_CLASS,
-                          nullptr, nullptr, &startup, process) != FALSE;
+    const std::wstring path = Wide(program);
+    return CreateProcessW(program.empty() ? nullptr : path.c_str(), writable.data(), nullptr,
+                          nullptr, FALSE, NORMAL_PRIORITY_CLASS, nullptr, nullptr, &startup,
+                          process) != FALSE;
   }
 
   bool StartRestricted(const std::string& program, const std::string& arguments,

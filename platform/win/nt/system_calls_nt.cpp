@@ -87,6 +87,13 @@ class NtCalls : public SystemCalls {
     });
   }
 
+  // From XP on the current folder can be taken out of the search for libraries.
+  void EnterSystemFolder() const override {
+    SetCurrentDirectoryW(Wide(SystemFolder()).c_str());
+    using SetFolder = BOOL(WINAPI*)(LPCWSTR);
+    if (const auto set = LateBind<SetFolder>("kernel32.dll", "SetDllDirectoryW")) set(L"");
+  }
+
   std::string Environment(const std::string& name) const override {
     const std::wstring wide = Wide(name);
     return ReadText([&](wchar_t* text, DWORD room) {

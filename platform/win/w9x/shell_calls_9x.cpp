@@ -34,19 +34,21 @@ struct Shortcut {
 
 class W9xCalls : public ShellCalls {
  public:
-  bool StartProcess(const std::string& command_line, WORD show,
+  bool StartProcess(const std::string& program, const std::string& command_line, WORD show,
                     PROCESS_INFORMATION* process) const override {
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = show;
     std::optional<std::string> writable = ExactNarrow(command_line);
-    if (!writable) {
+    const std::optional<std::string> path = ExactNarrow(program);
+    if (!writable || !path) {
       SetLastError(ERROR_INVALID_NAME);
       return false;
     }
-    return CreateProcessA(nullptr, writable->data(), nullptr, nullptr, FALSE, NORMAL_PRIORITY_CLASS,
-                          nullptr, nullptr, &startup, process) != FALSE;
+    return CreateProcessA(path->empty() ? nullptr : path->c_str(), writable->data(), nullptr,
+                          nullptr, FALSE, NORMAL_PRIORITY_CLASS, nullptr, nullptr, &startup,
+                          process) != FALSE;
   }
 
   // These systems know no rights.

@@ -69,6 +69,8 @@ class W9xCalls : public SystemCalls {
     });
   }
 
+  void EnterSystemFolder() const override { SetCurrentDirectoryA(Narrow(SystemFolder()).c_str()); }
+
   std::string Environment(const std::string& name) const override {
     const std::string narrow = Narrow(name);
     return ReadText([&](char* text, DWORD room) {
