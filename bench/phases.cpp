@@ -131,6 +131,16 @@ void BenchPhases(const char* cookies, const char* scratch_folder) {
       },
       [&] { RegistryScan(registry, pump, log, sink, progress, lists, loader).DeepPass(); });
 
+  // A text of beginnings of signatures makes the matcher look closely everywhere.
+  const ContainmentIndex index(lists.key_parts, &KeyPart::part);
+  const std::string beginning = ClassId(1000000).substr(0, 4);
+  for (const std::size_t kilobytes : {64, 256, 1024}) {
+    std::string text;
+    while (text.size() < kilobytes * 1024) text += beginning;
+    const double time = Measure([&] { static_cast<void>(index.FirstRowIn(text)); });
+    std::printf("one hostile text of %d KB %.1f ms\n", static_cast<int>(kilobytes), time);
+  }
+
   for (int i = 0; i < kSignatures; ++i) {
     lists.cookies.Add({"Bench", "tracker" + std::to_string(i) + "x"});
   }

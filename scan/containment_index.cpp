@@ -20,8 +20,10 @@ std::optional<std::uint32_t> ContainmentIndex::FirstRowIn(std::string_view text)
   if (rows_.empty()) return std::nullopt;
   const std::string folded = Upper(text);
   std::uint32_t best = static_cast<std::uint32_t>(rows_.size());
-  literals_.Propose(folded, [&](std::uint32_t number) {
-    if (number < best && folded.find(texts_[number]) != std::string::npos) best = number;
+  literals_.ProposeAt(folded, [&](std::uint32_t number, std::size_t at) {
+    if (number < best && std::string_view(folded).substr(at).starts_with(texts_[number])) {
+      best = number;
+    }
   });
   if (best == rows_.size()) return std::nullopt;
   return rows_[best];

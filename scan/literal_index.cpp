@@ -40,7 +40,8 @@ void LiteralIndex::Freeze() {
     });
     const std::uint32_t run = Pack(best);
     Slot& slot = slots_[SlotOf(run, best.size())];
-    entries_.push_back({pending.id, slot.size ? slot.first : kEnd});
+    const auto offset = static_cast<std::uint32_t>(best.data() - pending.literal.data());
+    entries_.push_back({pending.id, slot.size ? slot.first : kEnd, offset});
     slot = {run, static_cast<std::uint32_t>(entries_.size() - 1),
             static_cast<std::uint8_t>(best.size())};
     const std::uint32_t bit = Hash(run, best.size()) % kFilterBits;

@@ -33,13 +33,19 @@ class LiteralIndex {
   // Calls `visit(id)` for every literal whose run occurs in the text, once per occurrence.
   template <class Visit>
   void Propose(std::string_view text, Visit&& visit) const {
+    ProposeAt(text, [&](std::uint32_t id, std::size_t) { visit(id); });
+  }
+  // Calls `visit(id, at)`: the literal can only begin at `at`, so that checking it costs no look at
+  // the rest of the text.
+  template <class Visit>
+  void ProposeAt(std::string_view text, Visit&& visit) const {
     for (std::size_t size = 1; size <= kRun; ++size) {
       if (!in_use_[size]) continue;
       for (std::size_t at = 0; at + size <= text.size(); ++at) {
         const std::uint32_t run = Pack(text.substr(at, size));
         if (!MayHold(run, size)) continue;
         for (std::uint32_t e = First(run, size); e != kEnd; e = entries_[e].next) {
-          visit(entries_[e].id);
+          if (entries_[e].offset <= at) visit(entries_[e].id, at - entries_[e].offset);
         }
       }
     }
@@ -54,6 +60,7 @@ class LiteralIndex {
   struct Entry {
     std::uint32_t id;
     std::uint32_t next;
+    std::uint32_t offset;  // of the run in the literal
   };
   struct Slot {
     std::uint32_t run = 0;
