@@ -108,7 +108,7 @@ void BenchPhases(const char* cookies, const char* scratch_folder) {
   ScanProgress progress;
   const COpSysInfo os(system);
   ManyProcesses processes;
-  MemoryScan memory({processes, system, pump, log, os, folders, sink, progress});
+  MemoryScan memory({processes, system, pump, log, os, folders, sink, progress, files});
   ReferenceFile reference(files, clock, log, settings, scratch_folder);
   DefinitionLists lists;
   ListLoader loader(reference, lists, bar, pump, log, folders);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "machine/file_utils.h"
+#include "machine/real_path.h"
 #include "text/text.h"
 
 namespace scourwell {
@@ -69,20 +70,29 @@ void MemoryScan::ListProcesses() {
 bool MemoryScan::Keep(const ProcessEntry& process) {
   if (!parts_.pump.Next()) return false;
   tasklist_.push_back(process);
-  compared_.push_back(
-      Upper(parts_.os.IsWinNT() ? FileNamePart(process.path) : std::string_view(process.path)));
+  compared_.push_back(Compared(process.path));
   tried_.push_back(false);
   parts_.progress.lblScan = process.path;
   ++parts_.progress.scanned_processes;
   return true;
 }
 
+// A process that was started by its 8.3 name is the one of the long name all the same.
+std::string MemoryScan::Compared(const std::string& path) const {
+  const bool may_be_short =
+      path.find('~') != path.npos && IsAbsolutePath(path) && IsOwnGround(path, parts_.folders);
+  const std::string real = may_be_short ? RealPath(parts_.files, path) : path;
+  return Upper(parts_.os.IsWinNT() ? FileNamePart(real) : std::string_view(real));
+}
+
 void MemoryScan::MatchAll(const DefinitionList<ProcessName>& definitions) {
   for (const ProcessName& definition : definitions) {
     if (!parts_.pump.Next()) return;
     const std::string folded = Upper(definition.name);
+    const bool bare = !HoldsSeparator(folded);
     for (std::size_t i = 0; i < tasklist_.size() && !parts_.pump.closing(); ++i) {
-      if (compared_[i] == folded) CheckMType(i, definition.spy);
+      const std::string_view compared = compared_[i];
+      if ((bare ? FileNamePart(compared) : compared) == folded) CheckMType(i, definition.spy);
     }
   }
 }

@@ -8,6 +8,7 @@
 #include "machine/error_log.h"
 #include "machine/op_sys_info.h"
 #include "machine/system_folders.h"
+#include "platform/files.h"
 #include "platform/processes.h"
 #include "platform/pump.h"
 #include "scan/finding.h"
@@ -34,6 +35,7 @@ class MemoryScan {
     const SystemFolders& folders;
     FindingSink& sink;
     ScanProgress& progress;
+    Files& files;
   };
 
   explicit MemoryScan(const Parts& parts) : parts_(parts) {}
@@ -41,7 +43,8 @@ class MemoryScan {
   // Fills the list of processes in the way of the running family.
   void ListProcesses();
   // Compares each definition, in the order of the list, with every listed process: on the NT family
-  // by file name, elsewhere by the whole text, without case. A hit is reported and, on Windows XP
+  // by file name, elsewhere by the whole text, or by the file name where the definition is a bare
+  // one; without case, and by long names. A hit is reported and, on Windows XP
   // and 2000, ended at once unless the user excludes it.
   void MatchAll(const DefinitionList<ProcessName>& definitions);
 
@@ -49,13 +52,14 @@ class MemoryScan {
 
  private:
   bool Keep(const ProcessEntry& process);
+  std::string Compared(const std::string& path) const;
   // A process whose compared text equals the signature.
   void CheckMType(std::size_t index, std::string_view spy);
   Outcome End(const ProcessEntry& process);
 
   Parts parts_;
   std::vector<ProcessEntry> tasklist_;
-  std::vector<std::string> compared_;  // what is compared of each process, folded
+  std::vector<std::string> compared_;  // the path of each process, or its file name; folded
   std::vector<bool> tried_;            // to end; its identifier may be another's by now
 };
 

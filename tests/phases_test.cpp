@@ -91,6 +91,26 @@ TEST_SUITE("memory_scan") {
           "Method: KillProcessById, Process: C:\\d\\scourwell.exe\n");
   }
 
+  TEST_CASE("a process is known by its long name, on Windows 98 by its file name too") {
+    for (const bool nt : {true, false}) {
+      CAPTURE(nt);
+      Phases p;
+      if (!nt) p.m.system.record = {4, 10, 0x040A08AE, 1, "", 0, 0, 0, 0};
+      p.os = COpSysInfo(p.m.system);
+      p.m.File("C:\\Spy Home\\Long spy.exe").short_name = "LONGSP~1.EXE";
+      p.m.files.Find("C:\\Spy Home")->short_name = "SPYHOM~1";
+      p.m.processes.running = {{"C:\\SPYHOM~1\\LONGSP~1.EXE", 7, 0},
+                               {"C:\\SPYHOM~1\\GONE~1.EXE", 8, 0},
+                               {"C:\\My long spy.exe", 9, 0}};
+      p.memory.ListProcesses();
+      p.Match("Bad", "long SPY.exe");
+      CHECK(p.sink.lines() == "Memory Process|Bad|C:\\SPYHOM~1\\LONGSP~1.EXE\n");
+      p.sink.found.clear();
+      p.Match("Bad", "C:\\Spy Home\\long spy.exe");
+      CHECK(p.sink.found.size() == (nt ? 0 : 1));
+    }
+  }
+
   TEST_CASE("Windows 98 compares whole texts and only lists") {
     Phases p;
     p.m.system.record = {4, 10, 0x040A08AE, 1, "", 0, 0, 0, 0};

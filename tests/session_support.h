@@ -16,7 +16,7 @@ struct ScanBench : Bench, private LoadProgress {
   DefinitionLists lists;
   ScanProgress progress;
   COpSysInfo os{m.system};
-  MemoryScan memory{{m.processes, m.system, m.pump, log, os, folders, sink, progress}};
+  MemoryScan memory{{m.processes, m.system, m.pump, log, os, folders, sink, progress, m.files}};
   Matching matching{m.files, m.pump, log, folders, sink};
   ReferenceFile reference{m.files, m.clock, log, settings, kAppFolder};
   ListLoader loader{reference, lists, *this, m.pump, log, folders};
