@@ -121,8 +121,10 @@ void RegistryScan::Report(Found found, std::string_view spy) {
 
 // The first key part that occurs in the examined text names the spy; `found` says what of.
 template <class Found>
-void RegistryScan::CheckMatching(std::string_view examined, Found&& found) {
-  if (const auto row = index_.FirstRowIn(examined)) Report(found(), lists_.key_parts[*row].spy);
+bool RegistryScan::CheckMatching(std::string_view examined, Found&& found) {
+  const auto row = index_.FirstRowIn(examined);
+  if (row) Report(found(), lists_.key_parts[*row].spy);
+  return row.has_value();
 }
 
 void RegistryScan::QuickPass() {
@@ -168,7 +170,7 @@ void RegistryScan::WalkAll(std::span<const RegistryWalk> walks) {
 void RegistryScan::Walk(const RegistryWalk& walk) {
   progress_.lblScan = FullPath(walk.root, walk.key);
   if (walk.walker == Walker::Values) {
-    WalkValues(walk.root, walk.key);
+    WalkValues(walk.root, walk.key, true);
   } else {
     WalkKeys(walk.root, walk.key, 0);
   }
@@ -227,13 +229,13 @@ void RegistryScan::CheckNamedValue(const NamedValue& definition) {
   Report(FoundValue{{*root, path}, name, ValueToText(value)}, definition.spy);
 }
 
-void RegistryScan::WalkValues(RootKey root, const std::string& path) {
+void RegistryScan::WalkValues(RootKey root, const std::string& path, bool steps) {
   log_.Trap("WalkRegistryValues", [&] {
     if (pump_.closing()) return;
     registry_.EnumValues(root, path, [&](const std::string& name, const RegValue& value) {
       if (!pump_.Next()) return false;
       CheckValue(root, path, name, value);
-      progress_.phase.Step();
+      if (steps) progress_.phase.Step();
       return true;
     });
   });
@@ -257,7 +259,10 @@ void RegistryScan::WalkKeys(RootKey root, const std::string& path, unsigned dept
     if (!pump_.Next()) return false;
     const std::string below = path.empty() ? name : path + "\\" + name;
     ShowKey(root, below);
-    CheckMatching(FullPath(root, below), [&] { return FoundKey{{root, below}}; });
+    // A key that is found takes its values along.
+    if (!CheckMatching(FullPath(root, below), [&] { return FoundKey{{root, below}}; })) {
+      WalkValues(root, below, false);
+    }
     WalkKeys(root, below, depth + 1);
     ++progress_.scanned_keys;
     if (depth == 0) progress_.phase.Step();

@@ -52,12 +52,13 @@ class RegistryScan {
   void CheckNamedValue(const NamedValue& definition);
   void WalkAll(std::span<const RegistryWalk> walks);
   void Walk(const RegistryWalk& walk);
-  void WalkValues(RootKey root, const std::string& path);
+  // `steps`: each value is one of the phase.
+  void WalkValues(RootKey root, const std::string& path, bool steps);
   void CheckValue(RootKey root, const std::string& path, const std::string& name,
                   const RegValue& value);
   void WalkKeys(RootKey root, const std::string& path, unsigned depth);
   template <class Found>
-  void CheckMatching(std::string_view examined, Found&& found);
+  bool CheckMatching(std::string_view examined, Found&& found);
   template <class Found>
   void Report(Found found, std::string_view spy);
   bool IsSeen(RootKey root, std::string_view path) const;

@@ -224,6 +224,30 @@ TEST_SUITE("registry_scan") {
     CHECK(p.sink.found.size() == 3);
   }
 
+  TEST_CASE("values below the walked subkeys are found; data below CLSID names its key, too") {
+    Phases p;
+    const std::string extension = "Software\\Microsoft\\Internet Explorer\\Extensions\\{E}";
+    p.m.registry.Make(kLocalMachine, extension).Value("CLSID", "{BAD}");
+    p.m.registry.Make(RootKey::ClassesRoot, "CLSID\\{GOOD}\\TreatAs").Value("", "{bad} 1");
+    // A key that is found takes its values along.
+    p.m.registry.Make(RootKey::ClassesRoot, "CLSID\\{BAD}").Value("", "x");
+    const std::string catalog =
+        "SYSTEM\\CurrentControlSet\\Services\\WinSock2\\Parameters\\Protocol_Catalog9\\"
+        "Catalog_Entries\\000000000099";
+    p.m.registry.Make(kLocalMachine, catalog).Value("PackedCatalogItem", "C:\\{Bad}.dll");
+    p.KeyPart("{bad}", "Class");
+    p.Registry().QuickPass();
+    p.Registry().DeepPass();
+    CHECK(p.sink.lines() ==
+          "Spy Registry Value|Class|HKEY_LOCAL_MACHINE\\" + extension +
+              "\\CLSID\n"
+              "Spy Registry Value|Class|HKEY_CLASSES_ROOT\\CLSID\\{GOOD}\\TreatAs\\\n"
+              "Spy Registry Key|Class|HKEY_CLASSES_ROOT\\CLSID\\{GOOD}\\TreatAs\n"
+              "Spy Registry Key|Class|HKEY_CLASSES_ROOT\\CLSID\\{BAD}\n"
+              "Spy Registry Value|Class|HKEY_LOCAL_MACHINE\\" +
+              catalog + "\\PackedCatalogItem\n");
+  }
+
   TEST_CASE("named keys and values of the definitions") {
     Phases p;
     p.m.registry.Make(kLocalMachine, "Software\\Spy").Value("Path", "x");
