@@ -59,7 +59,11 @@ const Judged kRows[] = {
       "key part\tHKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs\\"
       "C:\\evilbar.dll",
       "value\tHKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Run\\\\Evilbar"}},
-    {"broad", {"key\tHKEY_LOCAL_MACHINE\\Software", "key part\tEvilbar", "key part\t/a.dll"}},
+    {"broad",
+     {"key\tHKEY_LOCAL_MACHINE\\Software", "key part\tEvilbar", "key part\t/a.dll",
+      "key part\t{D27CDB6E-AE6D-11CF-96B8-44455354000}",
+      "key part\t{D27CDB6E-AE6D-11CF-96B8-4445535400012}",
+      "key part\t{G27CDB6E-AE6D-11CF-96B8-444553540001}"}},
     {"reach",
      {"key part\tHKEY_LOCAL_MACHINE\\Software\\Evilbar\\a\\b",
       "key part\tHKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\Evilbar",
