@@ -96,7 +96,10 @@ Outcome StartupLocations::TakeOutShortcut(const StartupLocation& place,
   const std::string path = ShortcutPath(place, entry.name);
   if (path.empty()) return NoSuchEntry();
   const std::string kept = KeptPath(place, entry.name);
-  if (!FileExists(needs_.files, path)) return {};
+  DirEntry there;
+  const Outcome found = needs_.files.Stat(path, &there);
+  if (found.code() == kFileNotFound || found.code() == kPathNotFound) return {};
+  if (!found.ok()) return found;  // what cannot be asked is not gone
   if (FileExists(needs_.files, kept)) return EraseEvenReadOnly(needs_.files, path);
   return MoveExactly(needs_.files, path, FolderPart(kept));
 }

@@ -70,20 +70,19 @@ Outcome MakeSideFolder(Files& files, const SystemFolders& folders, const char* p
 
 std::string WinIniStore::IniPath() const { return AddPathToFileName(folders_.windows, "win.ini"); }
 
-std::string WinIniStore::Content() const {
+Outcome WinIniStore::Content(std::string* text) const {
   std::string bytes;
-  std::string text;
-  static_cast<void>(files_.Read(IniPath(), kLargest, &bytes));
-  static_cast<void>(code_pages_.Decode(code_pages_.System(), bytes, &text));
-  return text;
+  Outcome read = files_.Read(IniPath(), kLargest, &bytes);
+  if (read.code() == kFileNotFound) return {};
+  return read.ok() ? code_pages_.Decode(code_pages_.System(), bytes, text) : read;
 }
 
 // Profile calls drop the outer quotes and cut what is long; where the line really lies, which is
 // the registry on the NT family, it stands whole.
 std::string WinIniStore::Read(const std::string& key) const {
   const std::string value = profiles_.ReadProfile(kSection, key, IniPath());
-  const std::string text = Content();
-  if (!text.empty()) {
+  std::string text;
+  if (Content(&text).ok() && !text.empty()) {
     const std::string_view line = LineOf(text, key);
     std::string raw = line.empty() ? std::string() : RawValue(line);
     if (Answers(raw, value)) return raw;
@@ -98,7 +97,8 @@ std::string WinIniStore::Read(const std::string& key) const {
 
 // A key that is there keeps its spelling.
 Outcome WinIniStore::Write(const std::string& key, const std::string& line) const {
-  const std::string text = Content();
+  std::string text;
+  if (Outcome read = Content(&text); !read.ok()) return read;
   const std::string_view found = LineOf(text, key);
   const std::string spelt(found.empty() ? std::string_view(key) : ReadIniLine(found).name);
   return profiles_.WriteProfile(kSection, spelt, line, IniPath());

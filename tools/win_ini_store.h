@@ -36,7 +36,7 @@ class WinIniStore {
  private:
   std::string IniPath() const;
   // The whole file as a text; empty when it cannot be read.
-  std::string Content() const;
+  Outcome Content(std::string* text) const;  // nothing where there is no file
   std::string OriginalPath(const std::string& key) const;
 
   Files& files_;

@@ -90,6 +90,7 @@ std::size_t FakeFiles::Count(std::string_view beginning) const {
 
 ErrorCode FakeFiles::Begin(const std::string& call) {
   journal.push_back(call);
+  if (const ErrorCode fault = port_faults ? port_faults->Next() : ErrorCode()) return fault;
   const auto fault = faults.find(call);
   return fault == faults.end() ? ErrorCode() : fault->second;
 }

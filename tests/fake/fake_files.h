@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "tests/fake/faults.h"
 
 namespace scourwell::test {
 
@@ -83,6 +84,7 @@ class FakeFiles : public Files {
   std::size_t failing_change = 0;      // the one that fails; 0: none
   ErrorCode change_error = kDiskFull;  // with this
   std::function<void()> before_change;
+  Faults* port_faults = nullptr;
   std::uint64_t free_space = ~0ull;  // bytes that writers can still write
 
   // Made with every folder on the way; an existing item is changed.

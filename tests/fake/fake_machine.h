@@ -51,6 +51,7 @@ class FakeRegistry : public Registry {
   std::vector<std::string> journal;  // "DeleteKey path"
   bool deletes_trees = false;        // as Windows 95, 98 and Me
   std::function<void()> before_change;
+  Faults* port_faults = nullptr;
 
   Key& Make(RootKey root, const std::string& path);
   Key* Find(RootKey root, const std::string& path);
@@ -72,6 +73,7 @@ class FakeRegistry : public Registry {
 
  private:
   Key* Walk(RootKey root, const std::string& path, bool follow_last, int links_left = 20);
+  bool Fails() { return port_faults && port_faults->Next(); }
 
   std::map<RootKey, Key> roots_;
 };
@@ -140,6 +142,7 @@ class FakeSystem : public System {
   std::map<int, std::string> shell_folders;
   std::map<std::string, std::string, NoCaseLess> environment{{"WinDir", "C:\\WINDOWS"}};
   std::vector<std::string> journal;  // "Terminate 7", "Move path > target"
+  Faults* port_faults = nullptr;
 
   explicit FakeSystem(const FakeProcesses* processes = nullptr) : processes_(processes) {}
   bool QueryVersion(unsigned record_size, VersionRecord* out) override;
@@ -170,6 +173,7 @@ class FakeShell : public Shell {
   ErrorCode open_error;   // what opening a document ends with
   ErrorCode start_error;  // what starting a command line ends with
   ErrorCode help_error;   // what showing a page of a help file ends with
+  Faults* port_faults = nullptr;
 
   Outcome Open(const std::string& path) override {
     static_cast<void>(Note("Open " + path));
@@ -209,7 +213,8 @@ class FakeShell : public Shell {
   FakeFiles& files_;
   Outcome Note(std::string line) {
     journal.push_back(std::move(line));
-    return {};
+    const ErrorCode fault = port_faults ? port_faults->Next() : ErrorCode();
+    return fault ? Outcome::Failed(fault) : Outcome();
   }
 };
 
@@ -240,7 +245,11 @@ class FakeMachine {
   FakeMachine() {
     AddDrive('C');
     Folder(kAppFolder);
+    files.port_faults = registry.port_faults = &faults;
+    system.port_faults = shell.port_faults = &faults;
   }
+
+  Faults faults;
 
   FakeFiles files;
   FakeRegistry registry;

@@ -93,6 +93,7 @@ std::string FakeRegistry::Text(RootKey root, const std::string& path, const std:
 }
 
 RegStatus FakeRegistry::TryOpen(RootKey root, const std::string& path, std::uint32_t rights) {
+  if (Fails()) return kRegAccessDenied;
   if (path.starts_with("\\")) return kRegBadPath;
   if (HasNul(path)) return kRegInvalidParameter;
   const Key* key = Find(root, path);
@@ -115,6 +116,7 @@ RegStatus FakeRegistry::QueryValue(RootKey root, const std::string& path, const 
 
 RegStatus FakeRegistry::CreateKey(RootKey root, const std::string& path) {
   if (before_change) before_change();
+  if (Fails()) return kRegAccessDenied;
   if (path.starts_with("\\")) return kRegBadPath;
   if (HasNul(path)) return kRegInvalidParameter;
   // What denies changes denies keys below it too.
@@ -148,6 +150,7 @@ RegStatus FakeRegistry::DeleteValue(RootKey root, const std::string& path,
 }
 
 RegStatus FakeRegistry::IsLink(RootKey root, const std::string& path, bool* is_link) {
+  if (Fails()) return kRegAccessDenied;
   if (HasNul(path)) return kRegInvalidParameter;
   const Key* key = Walk(root, path, false);
   *is_link = key && !key->link.empty();
@@ -156,6 +159,7 @@ RegStatus FakeRegistry::IsLink(RootKey root, const std::string& path, bool* is_l
 
 RegStatus FakeRegistry::DeleteKeyCall(RootKey root, const std::string& path) {
   if (before_change) before_change();
+  if (Fails()) return kRegAccessDenied;
   journal.push_back("DeleteKey " + path);
   std::string name;
   const std::string parent = SplitLast(path, &name);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 #include "tests/fake/fake_machine.h"
 #include "text/paths.h"
@@ -8,6 +9,23 @@
 #include "text/windows_1252.h"
 
 namespace scourwell::test {
+namespace {
+
+// What one call to a port asks of the files is no call of its own.
+class Unfailing {
+ public:
+  explicit Unfailing(FakeFiles& files)
+      : files_(files), faults_(std::exchange(files.port_faults, nullptr)) {}
+  ~Unfailing() { files_.port_faults = faults_; }
+  Unfailing(const Unfailing&) = delete;
+  Unfailing& operator=(const Unfailing&) = delete;
+
+ private:
+  FakeFiles& files_;
+  Faults* faults_;
+};
+
+}  // namespace
 
 FakeProfiles::Found FakeProfiles::Search(const std::string& section, const std::string& key,
                                          const std::string& file) {
@@ -34,6 +52,7 @@ FakeProfiles::Found FakeProfiles::Search(const std::string& section, const std::
 
 std::string FakeProfiles::ReadProfile(const std::string& section, const std::string& key,
                                       const std::string& file) {
+  const Unfailing calls(files_);
   const Found found = Search(section, key, file);
   if (!found.key) return {};
   const std::string& line = found.lines[*found.key];
@@ -47,6 +66,10 @@ std::string FakeProfiles::ReadProfile(const std::string& section, const std::str
 Outcome FakeProfiles::WriteProfile(const std::string& section, const std::string& key,
                                    const std::optional<std::string>& value,
                                    const std::string& file) {
+  if (const ErrorCode fault = files_.port_faults ? files_.port_faults->Next() : ErrorCode()) {
+    return Outcome::Failed(fault);
+  }
+  const Unfailing calls(files_);
   Found found = Search(section, key, file);
   const auto at = [&](std::size_t line) {
     return found.lines.begin() + static_cast<std::ptrdiff_t>(line);
@@ -105,12 +128,18 @@ bool FakeSystem::QueryVersion(unsigned record_size, VersionRecord* out) {
 }
 
 Outcome FakeSystem::TerminateProcess(std::uint32_t process_id) {
+  if (const ErrorCode fault = port_faults ? port_faults->Next() : ErrorCode()) {
+    return Outcome::Failed(fault);
+  }
   journal.push_back("Terminate " + std::to_string(process_id));
   return processes_ && processes_->Find(process_id) ? Outcome() : Outcome::Failed(kInvalidCall);
 }
 
 Outcome FakeSystem::MoveAtReboot(const std::string& path, const std::string& target) {
   if (record.platform != 2 || !IsAbsolutePath(path)) return Outcome::Failed(kPathFileAccess);
+  if (const ErrorCode fault = port_faults ? port_faults->Next() : ErrorCode()) {
+    return Outcome::Failed(fault);
+  }
   journal.push_back("Move " + path + " > " + target);
   return {};
 }
