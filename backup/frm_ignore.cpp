@@ -41,7 +41,9 @@ void frmIgnore::OnCreate() {
 }
 
 void frmIgnore::Load() {
-  env_.log.Trap("CmdRemove_Click", [&] { return ignore_.Load(&records_); });
+  const Outcome loaded =
+      env_.log.TrapOutcome("CmdRemove_Click", [&] { return ignore_.Load(&records_); });
+  SetEmptyText(Text(loaded.ok() ? Caption::NothingExcluded : Caption::IgnoreListNotRead));
   checked_.assign(records_.size(), false);
   IgnoreListView_.SetItemCount(records_.size());
   if (!records_.empty()) IgnoreListView_.FocusRow(0);

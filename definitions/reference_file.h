@@ -41,6 +41,8 @@ class ReferenceFile {
   // descrambled. Empty is the end of every list.
   std::string updateListfromINI(std::string_view section, std::string_view key);
 
+  // Whether the last look-up had a file to look in: else the compiled-in rows are all there is.
+  bool readable() const { return ini_.section_count() != 0; }
   // Where the file is looked for: the definitions folder first.
   std::string path() const { return watched_.path(); }
   // Rises each time another file is parsed.

@@ -4,6 +4,7 @@
 namespace scourwell {
 
 void ErrorLog::LogError(std::string_view message) {
+  ++count_;
   try {
     const LocalTime now = clock_.Now();
     std::string record =

@@ -24,6 +24,8 @@ class ErrorLog {
       : files_(files), clock_(clock), code_pages_(code_pages), path_(std::move(path)) {}
 
   const std::string& path() const { return path_; }
+  // How many records there were since the start.
+  unsigned count() const { return count_; }
 
   // Appends one record. Never fails visibly.
   void LogError(std::string_view message);
@@ -64,6 +66,7 @@ class ErrorLog {
   Clock& clock_;
   CodePages& code_pages_;
   std::string path_;
+  unsigned count_ = 0;
 };
 
 }  // namespace scourwell

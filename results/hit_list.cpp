@@ -29,6 +29,7 @@ void HitList::Clear() {
   rows_.clear();
   seen_.clear();
   counters_ = {};
+  uncertain_ = false;
   sorted_ = ascending_ = false;
 }
 
@@ -44,13 +45,14 @@ bool HitList::Shows(const FoundObject& object) const {
 void HitList::AddSpyToListView(const Finding& finding) {
   log_.Trap("AddSpyToListView", [&]() -> Outcome {
     bool& shown = seen_[IdentityOf(finding.object)];
-    // Where nobody knows what is excluded, nothing is offered for removal.
-    if (ignore_.Matches(IgnoreRecordOf(finding)) || !ignore_.known()) {
+    if (ignore_.Matches(IgnoreRecordOf(finding))) {
       if (Outcome raised = Raise(&counters_.ignored); !raised.ok()) return raised;
     } else {
+      const bool known = ignore_.known();
       const bool checked = settings_.MarkChecked == "y" || settings_.AutoRemove;
-      rows_.push_back({finding, checked});
-      shown = true;
+      rows_.push_back({finding, known && checked});
+      shown = known;
+      uncertain_ = uncertain_ || !known;
     }
     return Count(KindOf(finding.object));
   });

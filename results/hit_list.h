@@ -36,8 +36,8 @@ class HitList : public FindingSink {
 
   bool Contains(const FoundObject& object) const override;
   bool Shows(const FoundObject& object) const override;
-  // Adds a row unless the ignore list holds the finding or cannot be read; counts it in either
-  // case.
+  // Adds a row unless the ignore list holds the finding; counts it in either case. While nobody can
+  // read that list, rows come unchecked: they may be what the user wants to keep.
   void AddSpyToListView(const Finding& finding) override;
 
   std::size_t size() const { return rows_.size(); }
@@ -45,6 +45,8 @@ class HitList : public FindingSink {
   const Row& row(std::size_t index) const { return rows_[index]; }
   std::string Text(std::size_t index, Column column) const;
   const HitCounters& counters() const { return counters_; }
+  // Whether there are rows that the ignore list may hold.
+  bool uncertain() const { return uncertain_; }
 
   void SetChecked(std::size_t index, bool checked) { rows_[index].checked = checked; }
   void CheckAll(bool checked);
@@ -71,6 +73,7 @@ class HitList : public FindingSink {
   // Whether a row stands for an item, by its identity.
   std::unordered_map<std::string, bool, NoCaseHash, NoCaseEqual> seen_;
   HitCounters counters_;
+  bool uncertain_ = false;
   Column sort_column_ = kType;
   bool sorted_ = false;
   bool ascending_ = false;

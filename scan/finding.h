@@ -81,7 +81,7 @@ class FindingSink {
   virtual ~FindingSink() = default;
   // True when this item was handed over since the scan began.
   virtual bool Contains(const FoundObject& object) const = 0;
-  // True when it was, and the user sees it: it is not excluded.
+  // True when it was, and is certainly not excluded.
   virtual bool Shows(const FoundObject& object) const = 0;
   virtual void AddSpyToListView(const Finding& finding) = 0;
 };

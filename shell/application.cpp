@@ -138,13 +138,25 @@ void Application::RunScan(const std::string& path) {
   Run([&] { session_.ScanFolder(path); });
 }
 
+std::string Application::NothingListed() const {
+  const auto excluded = hits_.counters().ignored;
+  if (!session_.finished()) return language_.Text(Caption::ScanStoppedEarly);
+  if (!reference_.readable()) return language_.Text(Caption::ScanBuiltInOnly);
+  if (excluded > 0) {
+    return language_.Text(Caption::ScanAllExcluded) + " " + std::to_string(excluded);
+  }
+  return language_.Text(all_read_ ? Caption::NoSpywareFound : Caption::ScanNotAllRead);
+}
+
 template <class Scan>
 void Application::Run(Scan&& scan) {
   if (busy()) return;
   scanning_ = true;
   CheckRelease();
+  const unsigned errors = log_.count();
   categories_.Load(reference_);
   scan();
+  all_read_ = log_.count() == errors;
   progress_.loading = false;
   scanning_ = false;
 }

@@ -97,6 +97,8 @@ class Application : private ScanReport, private LoadProgress {
   ScanScope& scope() { return scope_; }
   HitList& hits() { return hits_; }
   const SpyCategories& categories() const { return categories_; }
+  // What is true of the last scan, which lists nothing.
+  std::string NothingListed() const;
   IgnoreList& ignore() { return ignore_; }
   Backups& backups() { return backups_; }
   Removal& removal() { return removal_; }
@@ -156,6 +158,7 @@ class Application : private ScanReport, private LoadProgress {
   ToolBox tools_;
   Companions companions_;
   bool scanning_ = false;
+  bool all_read_ = true;  // by the last scan
   bool working_ = false;
 };
 

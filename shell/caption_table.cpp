@@ -383,6 +383,13 @@ const DefaultText kCaptions[] = {
     {Caption::FileOnNetwork, "Network"},
     {Caption::ProgramListNotRead, "The list of programs could not be read:"},
     {Caption::UninstallerNotStarted, "The uninstaller could not be started:"},
+    {Caption::ScanStoppedEarly, "The scan was stopped before it was complete. Until then nothing was found."},
+    {Caption::ScanNotAllRead, "Nothing was found, but not everything could be read. The file errorlog.txt says what."},
+    {Caption::ScanAllExcluded, "Everything that was found is excluded. Number of excluded components:"},
+    {Caption::ScanBuiltInOnly, "Nothing was found, but the definitions file could not be read: only the built-in definitions were used."},
+    {Caption::IgnoreListNotRead, "The list of excluded components cannot be read."},
+    {Caption::ExcludedMayBeListed, "Components that you have excluded may be among the results, so none of them is checked."},
+    {Caption::BuiltInDefinitionsOnly, "built-in definitions only"},
 };
 // clang-format on
 

@@ -95,7 +95,9 @@ void frmHome::RefreshFacts() {
 
 std::string frmHome::DefinitionsNumber() {
   const std::string number = app_.reference().updateListfromINI("SETTINGS", "UPDATE-FILE-NUMBER");
-  return number.empty() ? "0-0-0-0" : number;
+  if (!number.empty()) return number;
+  const bool readable = app_.reference().readable();
+  return readable ? "0-0-0-0" : "0-0-0-0 (" + Text(Caption::BuiltInDefinitionsOnly) + ")";
 }
 
 int frmHome::CaptionWidth() const {

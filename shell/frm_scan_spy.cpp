@@ -113,12 +113,16 @@ void frmScanSpy::cmdAbort_Click() { app_.ports().pump.set_closing(true); }
 Outcome frmScanSpy::cmdNext_Click() {
   if (app_.hits().empty()) {
     if (!app_.settings().AutoRemove) {
-      ShowMessage(Text(Caption::NoSpywareFound), Text(Caption::Information));
+      ShowMessage(app_.NothingListed(), Text(Caption::Information));
     }
     host_.PostCommand(IDM_mnuHome);
     return {};
   }
   ShowResults();
+  if (app_.hits().uncertain()) {
+    ShowMessage(Text(Caption::IgnoreListNotRead) + "\r\n" + Text(Caption::ExcludedMayBeListed),
+                Text(Caption::Information), MB_ICONWARNING);
+  }
   const std::string stale = AddPathToFileName(app_.folders().application, "Remove.reg");
   if (!FileExists(app_.ports().files, stale)) return {};
   return app_.ports().files.EraseFile(stale);

@@ -124,6 +124,44 @@ TEST_SUITE("application") {
     CHECK(p.Finished() == 1);
   }
 
+  TEST_CASE("an empty list is called clean only when everything was read and nothing is excluded") {
+    struct Case {
+      const char* text;
+      std::function<void(Program&)> before;
+    };
+    const Case cases[] = {
+        {"NO known spyware", [](Program&) {}},
+        {"The scan was stopped",
+         [](Program& p) {
+           p.m.pump.on_yield = [&p] {
+             if (p.app.scanning()) p.m.pump.set_closing(true);
+           };
+         }},
+        {"only the built-in definitions",
+         [](Program& p) { p.m.files.Find("C:\\App\\Ini\\update.ref")->locked = true; }},
+        {"excluded components: 1",
+         [](Program& p) {
+           p.m.File("C:\\Clean\\popup.exe");
+           p.m.File("C:\\App\\ignorespylist.txt",
+                    "\"Spy File\",\"C:\\Clean\\popup.exe\",\"Pop\"\r\n");
+         }},
+        {"not everything could be read",
+         [](Program& p) { p.m.Folder("C:\\Clean\\Closed").Denied(); }},
+    };
+    for (const Case& c : cases) {
+      CAPTURE(std::string(c.text));
+      Program p;
+      p.m.File("C:\\Clean\\letter.txt");
+      p.m.files.Remove("C:\\WINDOWS\\direct");
+      c.before(p);
+      p.app.Start();
+      p.app.PrepareScan();
+      p.app.RunScan("C:\\Clean");
+      CHECK(p.Hits() == "");
+      CHECK(p.app.NothingListed().find(c.text) != std::string::npos);
+    }
+  }
+
   TEST_CASE("a new release is told of once, and replaced definitions count in the next scan") {
     Program p;
     const auto release = [&](const std::string& number, const std::string& folder) {

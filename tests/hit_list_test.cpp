@@ -275,13 +275,18 @@ TEST_SUITE("hit_list") {
     CHECK(r.hits.size() == 1);
   }
 
-  TEST_CASE("while the ignore list cannot be read, nothing is offered that it may hold") {
+  TEST_CASE("while the ignore list cannot be read, nothing is checked that it may hold") {
     Results r;
+    r.settings.MarkChecked = "y";
     r.m.File(kIgnored, "\"Spy File\",\"C:\\x\",\"\"\r\n").Locked();
     r.Add(FoundFile{"C:\\x"});
     r.Add(FoundFile{"C:\\y"});
-    CHECK(r.Details() == "");
-    CHECK(r.hits.counters().ignored == 2);
+    CHECK(r.Details() == "C:\\x C:\\y ");
+    CHECK(r.hits.checked_count() == 0);
+    CHECK(r.hits.uncertain());
+    CHECK_FALSE(r.hits.Shows(FoundFile{"C:\\x"}));  // a process would be ended
+    r.hits.Clear();
+    CHECK_FALSE(r.hits.uncertain());
     const std::string errors = r.m.Errors();
     CHECK(std::count(errors.begin(), errors.end(), '\n') == 1);
     r.m.files.Find(kIgnored)->locked = false;

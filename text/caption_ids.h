@@ -424,6 +424,15 @@ enum class Caption : int {
   FileOnNetwork = 17360,
   ProgramListNotRead = 17361,
   UninstallerNotStarted = 17362,
+
+  // What came of a scan besides the list.
+  ScanStoppedEarly = 17370,
+  ScanNotAllRead = 17371,
+  ScanAllExcluded = 17372,
+  ScanBuiltInOnly = 17373,
+  IgnoreListNotRead = 17374,
+  ExcludedMayBeListed = 17375,
+  BuiltInDefinitionsOnly = 17376,
 };
 
 constexpr int NumberOf(Caption caption) { return static_cast<int>(caption); }

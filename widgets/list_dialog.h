@@ -34,6 +34,7 @@ class ListDialog : public ModalWindow {
   void SetHeaderText(const std::string& text) { header_.SetText(text); }
   bool MayResize() const override { return true; }
   void ShowEmpty(bool empty) { lblEmpty_.Show(empty); }
+  void SetEmptyText(const std::string& text) { lblEmpty_.SetText(text); }
 
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
 
