@@ -1,13 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include "scan/cookie_scan.h"
 
+#include <algorithm>
+
 #include "machine/file_utils.h"
 #include "text/text.h"
 
 namespace scourwell {
 namespace {
 
+constexpr std::uint64_t kLargestCookie = 256u << 10;
+constexpr int kRecordLines = 9;  // the last of them is a "*"
+
 bool IsCookieName(std::string_view name) { return EndsWithNoCase(name, ".txt"); }
+
+// "user@site[1].txt"
+bool NamesSite(std::string_view name) {
+  const std::size_t at = name.find('@');
+  const std::size_t open = name.rfind('[');
+  if (at == 0 || at == name.npos || open == name.npos || open < at) return false;
+  const std::string_view end = name.substr(open + 1);
+  const std::size_t digits = std::min(end.find_first_not_of("0123456789"), end.size());
+  return digits > 0 && EqualsNoCase(end.substr(digits), "].txt");
+}
+
+bool HoldsRecord(std::string_view content) {
+  for (int line = 1; line < kRecordLines; ++line) {
+    const std::size_t end = content.find('\n');
+    if (end == content.npos) return false;
+    content.remove_prefix(end + 1);
+  }
+  return content.starts_with("*\n") || content.starts_with("*\r\n");
+}
 
 }  // namespace
 
@@ -51,9 +75,18 @@ Outcome CookieScan::ListCookies(const std::string& folder, std::vector<std::stri
   });
 }
 
+// The folder may be one of the user's own: a setting names it. Newer browsers give cookies names
+// that say nothing.
+bool CookieScan::IsCookie(const std::string& path, const std::string& name) {
+  if (NamesSite(name)) return true;
+  std::string content;
+  return files_.Read(path, kLargestCookie, &content).ok() && HoldsRecord(content);
+}
+
 void CookieScan::Check(const std::string& path, const std::string& name, bool all) {
   progress_.lblScan = path;
   ++progress_.scanned_files;
+  if (!IsCookie(path, name)) return;
   if (const auto row = index_.FirstRowIn(name)) {
     ReportOnce(sink_, FoundCookie{path}, definitions_[*row].spy);
   } else if (all) {

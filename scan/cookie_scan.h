@@ -21,13 +21,14 @@ class CookieScan {
   CookieScan(Files& files, Pump& pump, ErrorLog& log, FindingSink& sink, ScanProgress& progress,
              const DefinitionList<CookieFragment>& definitions);
 
-  // Lists the folder's ordinary ".txt" files whose name holds a fragment, under the first
-  // definition that does; with `all`, every other one as well, under the name "Other". `folder` may
-  // end in "\". A folder that is not there yields nothing.
+  // Lists the folder's ordinary ".txt" files that look like cookies and whose name holds a
+  // fragment, under the first definition that does; with `all`, every other one as well, under the
+  // name "Other". `folder` may end in "\". A folder that is not there yields nothing.
   void ScanCookie(const std::string& folder, bool all);
 
  private:
   Outcome ListCookies(const std::string& folder, std::vector<std::string>* cookies);
+  bool IsCookie(const std::string& path, const std::string& name);
   void Check(const std::string& path, const std::string& name, bool all);
 
   Files& files_;

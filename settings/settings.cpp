@@ -38,10 +38,16 @@ void Settings::ReadLanguage() {
 void Settings::LoadSettings() {
   parts_.log.Trap("LoadSettings", [&] {
     for (const SettingRow& row : kSettingRows) Load(row);
-    settings_.CookiesFolder =
-        CRegister(parts_.registry).QueryString(RootKey::CurrentUser, kShellFolders, "Cookies") +
-        "\\";
+    settings_.CookiesFolder = CookiesFolder() + "\\";
   });
+}
+
+// The copy in the registry may name any folder: it counts only where the shell names none.
+std::string Settings::CookiesFolder() const {
+  const std::string& known = parts_.folders.Special(SpecialFolder::Cookies);
+  return known.empty() ? CRegister(parts_.registry)
+                             .QueryString(RootKey::CurrentUser, kShellFolders, "Cookies")
+                       : known;
 }
 
 void Settings::Load(const SettingRow& row) {

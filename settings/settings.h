@@ -51,6 +51,7 @@ class Settings {
 
  private:
   void Load(const SettingRow& row);
+  std::string CookiesFolder() const;
   std::string ValueOf(const SettingRow& row, const std::string& stored) const;
   std::string TextOf(const SettingRow& row) const;
   Outcome Save();

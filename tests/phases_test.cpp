@@ -353,6 +353,20 @@ TEST_SUITE("cookie_scan") {
           "Spy Cookie|Other|C:\\Cookies\\user@news[1].txt\n");
   }
 
+  TEST_CASE("a text that is no cookie is left alone, whatever its name") {
+    const std::string cookie = "n\nv\nsite/\n0\n1\n2\n3\n4\n*\n";
+    Phases p;
+    p.lists.cookies.Add({"Log", "spylog"});
+    p.m.File("C:\\Cookies\\letter about spylog.txt", "Dear\n\nall\n");
+    p.m.File("C:\\Cookies\\to me@home.txt", cookie.substr(0, cookie.size() - 2));
+    p.m.File("C:\\Cookies\\[1] spylog@x.txt", std::string(9, '\n'));
+    p.m.File("C:\\Cookies\\ABCD1234.txt", cookie);
+    p.m.File("C:\\Cookies\\spylog.txt", ReplaceAll(cookie, "\n", "\r\n"));
+    CHECK(p.Cookies(true) ==
+          "Spy Cookie|Other|C:\\Cookies\\ABCD1234.txt\n"
+          "Spy Cookie|Log|C:\\Cookies\\spylog.txt\n");
+  }
+
   TEST_CASE("no folder, no cookies; a folder that refuses is recorded") {
     Phases p;
     CHECK(p.Cookies(true) == "");

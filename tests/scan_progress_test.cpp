@@ -21,7 +21,7 @@ struct Watched : Session {
     for (int i = 0; i < 40; ++i) {
       m.Folder("D:\\many\\" + std::to_string(i));
       m.Folder("E:\\others\\" + std::to_string(i));
-      m.File("C:\\Cookies\\user@" + std::to_string(i) + ".txt");
+      m.File("C:\\Cookies\\user@" + std::to_string(i) + "[1].txt");
       m.registry.Make(RootKey::ClassesRoot, "CLSID\\{" + std::to_string(i) + "}\\Deep\\er");
       definitions.Entry("REGK", {"REGKT", "REGKK"},
                         {"Key", "HKEY_LOCAL_MACHINE\\None" + std::to_string(i)});

@@ -17,8 +17,9 @@ struct Planted : Session {
     }
     settings.CookiesFolder = "C:\\Cookies";
     m.processes.running = {{"C:\\a.exe", 7, 0}, {"C:\\b.exe", 8, 0}};
-    for (const char* path : {"C:\\Cookies\\1.txt", "C:\\Cookies\\2.txt", "D:\\Sfolder\\1.txt",
-                             "D:\\Sfolder\\2.txt", "D:\\sub\\deep\\evil.exe"}) {
+    for (const char* path :
+         {"C:\\Cookies\\me@1[1].txt", "C:\\Cookies\\me@2[1].txt", "D:\\Sfolder\\1.txt",
+          "D:\\Sfolder\\2.txt", "D:\\sub\\deep\\evil.exe"}) {
       m.File(path);
     }
     for (const char* name : {"ev*.exe", "sub\\deep\\evil.exe"}) {
