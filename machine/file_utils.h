@@ -8,6 +8,7 @@
 #include "machine/op_sys_info.h"
 #include "platform/files.h"
 #include "platform/profiles.h"
+#include "platform/pump.h"
 #include "platform/system.h"
 #include "text/paths.h"
 
@@ -25,17 +26,8 @@ bool FolderExists(Files& files, const std::string& path);
 // recycled or restore data. `parent` is the folder that holds the entry.
 bool DoWeSkipThisFolder(std::string_view parent, const DirEntry& entry);
 
-// Schedules a file or folder for deletion at the next start, by the way that the running system
-// offers.
-Outcome DeleteAtNextStart(const std::string& path, Files& files, System& system,
-                          CodePages& code_pages, const COpSysInfo& os);
-// The way of Windows 95, 98 and Me: an entry in the "[Rename]" section of "WinInit.ini", right
-// under its header. The file is replaced as a whole, never lost; a missing section is added.
-Outcome DestroyOnReboot(const std::string& path, Files& files, System& system,
-                        CodePages& code_pages);
-
-// Ends a process. Scourwell's own is refused as if access were denied.
-Outcome KillProcessById(std::uint32_t process_id, System& system);
+// Ends a process and waits for that. Scourwell's own is refused as if access were denied.
+Outcome KillProcessById(std::uint32_t process_id, System& system, Pump& pump);
 
 // The system's message for the last error code.
 std::string RetrieveError(System& system);

@@ -113,6 +113,18 @@ class Files {
   // swapped and is held without more.
   virtual Outcome HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) = 0;
 
+  // Opens an item without following it, should it be a link. What others keep open can be opened
+  // all the same, to be looked at. Fails when the system cannot say where the item really lies.
+  virtual Outcome OpenItem(const std::string& path, std::unique_ptr<OpenedItem>* item) = 0;
+  // A link is described itself. kFileNotFound: nothing of that name.
+  virtual Outcome Identify(const std::string& path, FileId* id) = 0;
+  // A new folder in which nobody but administrators and the system may do anything; on volumes that
+  // know no rights any folder. kFileExists when anything of that name is there.
+  virtual Outcome CreateGuardedFolder(const std::string& path) = 0;
+  // True when nobody but administrators and the system can put something else in the place of the
+  // folder or of what lies in it, and on volumes that know no links.
+  virtual bool IsGuarded(const std::string& folder) = 0;
+
   // The path with every part in its 8.3 form; empty when the path does not exist.
   virtual std::string ShortPath(const std::string& path) = 0;
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "platform/outcome.h"
@@ -45,10 +46,13 @@ class System {
   virtual std::uint32_t LastError() = 0;
   virtual std::uint32_t OwnProcessId() = 0;
 
-  virtual Outcome TerminateProcess(std::uint32_t process_id) = 0;
-  // Asks for the path to be moved away (an empty target: deleted) at the next start, as the NT
-  // family does; fails on Windows 95, 98 and Me.
-  virtual Outcome MoveAtReboot(const std::string& path, const std::string& target) = 0;
+  // Ends a process and waits, a few seconds at most, until its files are free: `go_on` is called
+  // meanwhile and says whether to wait on.
+  virtual Outcome TerminateProcess(std::uint32_t process_id,
+                                   const std::function<bool()>& go_on) = 0;
+  // Asks for the path to be deleted at the next start, as the NT family does; fails on Windows 95,
+  // 98 and Me.
+  virtual Outcome DeleteAtReboot(const std::string& path) = 0;
 };
 
 }  // namespace scourwell

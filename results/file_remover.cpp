@@ -4,13 +4,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "machine/file_utils.h"
+#include "results/tree_remover.h"
+#include "text/paths.h"
 #include "text/text.h"
 
 namespace scourwell {
 namespace {
-
-constexpr std::uint32_t kInTheWay = kReadOnly | kHidden | kSystem;
 
 bool IsComponent(std::string_view path) {
   return EndsWithNoCase(path, "DLL") || EndsWithNoCase(path, "OCX");
@@ -28,28 +27,12 @@ RemovalState StateOf(const Outcome& refusal) {
 
 }  // namespace
 
-// What is left of a folder to be deleted: the folders entered, the innermost last.
-struct FileRemover::Tree {
-  struct Level {
-    std::string path;
-    std::uint32_t attributes;
-    std::vector<DirEntry> rest;
-    std::unique_ptr<FolderHold> hold;
-  };
-  std::vector<Level> levels;
-  Outcome failure;  // the first one
-  std::string failed_path;
-  std::vector<std::string> in_use;  // for the next start, in the order in which they must go
-  bool all_can_wait = true;
-
-  void Note(Outcome outcome, const std::string& path, bool can_wait) {
-    all_can_wait = all_can_wait && can_wait;
-    if (can_wait) in_use.push_back(path);
-    if (!failure.ok()) return;
-    failure = std::move(outcome);
-    failed_path = path;
-  }
-};
+FileRemover::FileRemover(const Parts& parts)
+    : parts_(parts),
+      guard_(parts.files, parts.folders),
+      components_(parts.registry, parts.files, parts.system, parts.folders),
+      next_start_(
+          {parts.files, parts.system, parts.registry, parts.code_pages, parts.os, parts.folders}) {}
 
 // A blank at the end belongs to the name: without it, the path may be another file's.
 RemovalResult FileRemover::deleteSpyCFType(const std::string& named) {
@@ -75,35 +58,40 @@ Outcome FileRemover::DeleteFileAt(const std::string& path, RemovalResult* result
       return {};
     }
   }
-  Outcome allowed = guard_.Allow(path, &way);
-  if (allowed.ok()) allowed = parts_.files.Stat(path, &entry);
+  std::unique_ptr<OpenedItem> item;
+  Outcome allowed = guard_.Open(path, &way, &item);
+  // A link would lead the loader to a file that nobody asked to unregister. What the component's
+  // own end makes of the place is judged anew.
+  if (allowed.ok() && IsComponent(path) && !(item->attributes() & kLink)) {
+    item.reset();
+    Unregister(path);
+    allowed = guard_.Open(path, &way, &item);
+    if (IsAbsent(allowed)) return {};
+  }
+  if (allowed.ok() && (item->attributes() & kFolder)) {
+    allowed = Outcome::Failed(kPathFileAccess, "It is not a file any more");
+  }
   if (!allowed.ok()) {
     result->state = StateOf(allowed);
     return allowed;
   }
-  const bool scheduled =
-      MovesAtReboot() &&
-      parts_.system.MoveAtReboot(path, parts_.system.TemporaryFolder() + "\\2.txt").ok();
-  // A link would lead the loader to a file that nobody asked to unregister.
-  if (IsComponent(path) && !entry.IsLink()) Unregister(path);
-  Outcome erased = Erase(path, entry.attributes);
-  if (erased.ok()) return {};
-  const bool pending =
-      scheduled || (parts_.settings.DeleteAfterReboot && !parts_.os.IsWinNT() &&
-                    DestroyOnReboot(path, parts_.files, parts_.system, parts_.code_pages).ok());
-  result->state = pending ? RemovalState::PendingRestart : RemovalState::Failed;
+  Outcome erased = item->Erase();
+  if (erased.ok()) {
+    item.reset();
+    Withdraw(path, "deleteSpyCFType");
+    return {};
+  }
+  result->state = RemovalState::Failed;
+  if (!parts_.settings.DeleteAfterReboot) return erased;
+  if (Outcome left = next_start_.Leave(path, item.get()); !left.ok()) return left;
+  result->state = RemovalState::PendingRestart;
   return erased;
 }
 
-Outcome FileRemover::Erase(const std::string& path, std::uint32_t attributes) {
-  if (attributes & kInTheWay) {
-    if (Outcome cleared = parts_.files.SetAttributes(path, 0); !cleared.ok()) return cleared;
-  }
-  Outcome erased = parts_.files.EraseFile(path);
-  if (!erased.ok() && (attributes & kInTheWay)) {
-    static_cast<void>(parts_.files.SetAttributes(path, attributes));
-  }
-  return erased;
+// An earlier removal may have left it for the next start. What comes to lie there until then is no
+// spy of that removal.
+void FileRemover::Withdraw(const std::string& path, const char* method) {
+  parts_.log.Trap(method, [&] { return next_start_.Withdraw(path); });
 }
 
 // A component that cannot be unregistered is deleted all the same; one without the entry point has
@@ -123,22 +111,6 @@ void FileRemover::Unregister(const std::string& path) {
   }
 }
 
-bool FileRemover::MovesAtReboot() const {
-  return parts_.settings.DeleteAfterReboot && parts_.os.IsWinNT();
-}
-
-// Windows 95, 98 and Me get each entry before the earlier ones.
-bool FileRemover::Schedule(std::vector<std::string> paths) {
-  if (!parts_.settings.DeleteAfterReboot) return false;
-  if (!parts_.os.IsWinNT()) std::reverse(paths.begin(), paths.end());
-  for (const std::string& path : paths) {
-    if (!DeleteAtNextStart(path, parts_.files, parts_.system, parts_.code_pages, parts_.os).ok()) {
-      return false;
-    }
-  }
-  return true;
-}
-
 RemovalResult FileRemover::deleteSpyFolder(const std::string& path) {
   RemovalResult result;
   const Outcome deleted = parts_.log.TrapOutcome("deleteSpyFolder", [&] {
@@ -153,91 +125,48 @@ RemovalResult FileRemover::deleteSpyFolder(const std::string& path) {
 Outcome FileRemover::DeleteFolderAt(const std::string& path, RemovalResult* result) {
   HeldWay way;
   DirEntry entry;
-  Outcome allowed = guard_.Allow(path, &way);
-  if (allowed.ok()) {
-    allowed = parts_.files.Stat(path, &entry);
-    if (IsAbsent(allowed)) {
-      result->state = RemovalState::Gone;
-      return {};
-    }
-    if (allowed.ok() && !entry.IsFolder()) {
-      allowed = Outcome::Failed(kPathFileAccess, "It is not a folder any more");
-    }
+  std::unique_ptr<OpenedItem> item;
+  Outcome allowed = guard_.Open(path, &way, &item);
+  if (IsAbsent(allowed)) {
+    result->state = RemovalState::Gone;
+    return {};
+  }
+  if (allowed.ok() && !(item->attributes() & kFolder)) {
+    allowed = Outcome::Failed(kPathFileAccess, "It is not a folder any more");
   }
   if (!allowed.ok()) {
     result->state = StateOf(allowed);
     return allowed;
   }
-  Tree tree;
-  if (entry.IsLink() || !Enter(path, entry.attributes, &tree)) {
-    RemoveOne(path, entry.attributes, &tree);
-  }
-  while (!tree.levels.empty()) {
-    if (!parts_.pump.Next()) {
-      tree.levels.clear();
-      tree.Note(Outcome::Failed(kPathFileAccess, "The removal was stopped"), path, false);
-      break;
+  return Empty(path, std::move(item), result);
+}
+
+// On the NT family each item is left by itself, and a folder that still holds something is not.
+// Windows 95, 98 and Me get each entry before the earlier ones, so a folder is noted before what
+// lies in it, once it is known that all of it can wait.
+Outcome FileRemover::Empty(const std::string& path, std::unique_ptr<OpenedItem> folder,
+                           RemovalResult* result) {
+  std::vector<std::pair<std::string, std::unique_ptr<OpenedItem>>> in_use;
+  const auto leave = [&](const std::string& each, std::unique_ptr<OpenedItem> item,
+                         const Outcome& why) {
+    if (!parts_.settings.DeleteAfterReboot) return why;
+    if (parts_.os.IsWinNT()) {
+      return why.code() == kPathFileAccess ? why : next_start_.Leave(each, item.get());
     }
-    Tree::Level& level = tree.levels.back();
-    if (level.rest.empty()) {
-      Leave(&tree);
-      continue;
-    }
-    const DirEntry next = std::move(level.rest.back());
-    level.rest.pop_back();
-    RemoveEntry(next, &tree);
+    in_use.emplace_back(each, std::move(item));
+    return Outcome();
+  };
+  TreeRemover tree(parts_.files, parts_.pump, leave);
+  Outcome removed = tree.Remove(path, std::move(folder));
+  for (auto left = in_use.rbegin(); removed.ok() && left != in_use.rend(); ++left) {
+    removed = next_start_.Leave(left->first, left->second.get());
   }
-  if (tree.failure.ok()) return {};
-  const bool waits = tree.all_can_wait && Schedule(std::move(tree.in_use));
-  result->state = waits ? RemovalState::PendingRestart : RemovalState::Failed;
-  return std::move(tree.failure).With("Item: ", tree.failed_path);
-}
-
-// False when the folder is a link by now, which is then removed as such.
-bool FileRemover::Enter(const std::string& path, std::uint32_t attributes, Tree* tree) {
-  Tree::Level level = {path, attributes, {}, nullptr};
-  Outcome entered = parts_.files.HoldFolder(path, &level.hold);
-  if (entered.code() == kPathFileAccess) return false;
-  if (entered.ok()) {
-    entered = parts_.files.List(AddPathToFileName(path, "*.*"), [&](const DirEntry& entry) {
-      level.rest.push_back(entry);
-      return true;
-    });
+  if (!removed.ok() || !tree.waiting().ok()) {
+    result->state = removed.ok() ? RemovalState::PendingRestart : RemovalState::Failed;
+    return removed.ok() ? tree.waiting() : std::move(removed);
   }
-  // A folder that cannot be listed may still be empty: its removal tells.
-  tree->levels.push_back(std::move(level));
-  return true;
-}
-
-void FileRemover::RemoveEntry(const DirEntry& entry, Tree* tree) {
-  const std::string folder = tree->levels.back().path;
-  const std::string path = AddPathToFileName(folder, entry.name);
-  if (entry.IsFolder() && !entry.IsLink() && Enter(path, entry.attributes, tree)) return;
-  RemoveOne(path, entry.attributes, tree);
-}
-
-// A file, a link, or a folder that turned into a link.
-void FileRemover::RemoveOne(const std::string& path, std::uint32_t attributes, Tree* tree) {
-  Outcome removed;
-  if (attributes & kFolder) {
-    removed = parts_.files.RemoveFolder(path);
-  } else {
-    removed = Erase(path, attributes);
-  }
-  if (removed.ok() || removed.code() == kFileNotFound) return;
-  tree->Note(std::move(removed), path, !(attributes & kFolder));
-}
-
-void FileRemover::Leave(Tree* tree) {
-  const std::string path = tree->levels.back().path;
-  const std::uint32_t attributes = tree->levels.back().attributes;
-  tree->levels.pop_back();  // and the hold with it
-  if (attributes & kInTheWay) static_cast<void>(parts_.files.SetAttributes(path, 0));
-  Outcome removed = parts_.files.RemoveFolder(path);
-  if (removed.ok() || removed.code() == kFileNotFound) return;
-  if (attributes & kInTheWay) static_cast<void>(parts_.files.SetAttributes(path, attributes));
-  // What is scheduled below it goes first at the next start, the folder after it.
-  tree->Note(std::move(removed), path, true);
+  Withdraw(path, "deleteSpyFolder");
+  return {};
 }
 
 }  // namespace scourwell

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "guard/path_guard.h"
 #include "machine/component_registrations.h"
 #include "machine/error_log.h"
+#include "machine/next_start.h"
 #include "machine/op_sys_info.h"
 #include "platform/pump.h"
 #include "platform/shell.h"
@@ -29,8 +31,10 @@ struct RemovalResult {
   bool done() const { return state == RemovalState::Removed || state == RemovalState::Gone; }
 };
 
-// Deletes files and folders, each on a way that is held against swapping. Links are deleted as the
-// links they are. Every failure leaves an error record.
+// Deletes files and folders, each on a way that is held against swapping and by what was opened
+// there, so that what is deleted is what was judged. Links are deleted as the links they are. What
+// is in use is left for the next start of Windows, where the settings want it. Every failure leaves
+// an error record.
 class FileRemover {
  public:
   struct Parts {
@@ -46,34 +50,24 @@ class FileRemover {
     Registry& registry;
   };
 
-  explicit FileRemover(const Parts& parts)
-      : parts_(parts),
-        guard_(parts.files, parts.folders),
-        components_(parts.registry, parts.files, parts.system, parts.folders) {}
+  explicit FileRemover(const Parts& parts);
 
   // A file or cookie. A component (dll, ocx) that a class names is unregistered first.
   RemovalResult deleteSpyCFType(const std::string& path);
-  // A folder with everything in it. What is in use is left for the next start of Windows.
+  // A folder with everything in it.
   RemovalResult deleteSpyFolder(const std::string& path);
 
  private:
-  struct Tree;
-
   Outcome DeleteFileAt(const std::string& path, RemovalResult* result);
   Outcome DeleteFolderAt(const std::string& path, RemovalResult* result);
-  Outcome Erase(const std::string& path, std::uint32_t attributes);
+  Outcome Empty(const std::string& path, std::unique_ptr<OpenedItem> folder, RemovalResult* result);
   void Unregister(const std::string& path);
-  bool MovesAtReboot() const;
-  bool Schedule(std::vector<std::string> paths);
-
-  bool Enter(const std::string& path, std::uint32_t attributes, Tree* tree);
-  void RemoveEntry(const DirEntry& entry, Tree* tree);
-  void Leave(Tree* tree);
-  void RemoveOne(const std::string& path, std::uint32_t attributes, Tree* tree);
+  void Withdraw(const std::string& path, const char* method);
 
   Parts parts_;
   PathGuard guard_;
   ComponentRegistrations components_;
+  NextStart next_start_;
 };
 
 }  // namespace scourwell

@@ -61,7 +61,7 @@ Removal::Removal(const Parts& parts)
     : parts_(parts),
       files_(parts.files),
       keys_({parts.files.files, parts.files.shell, parts.files.log, parts.files.code_pages,
-             parts.files.os, parts.files.folders, parts.captions, parts.registry,
+             parts.files.os, parts.files.folders, parts.captions, parts.files.registry,
              parts.registry64}) {}
 
 void Removal::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept) {
@@ -133,7 +133,7 @@ RemovalResult Removal::EndProcess(const FoundProcess& process) {
     return Failed(RemovalState::Refused,
                   Outcome::Failed(kPermissionDenied, "A process of Windows itself is not ended"));
   }
-  Outcome ended = KillProcessById(process.id, parts_.files.system);
+  Outcome ended = KillProcessById(process.id, parts_.files.system, parts_.files.pump);
   return ended.ok() ? RemovalResult{} : Failed(RemovalState::Failed, std::move(ended));
 }
 

@@ -47,7 +47,6 @@ class Removal {
   struct Parts {
     FileRemover::Parts files;
     Processes& processes;
-    Registry& registry;
     Registry* registry64;  // null where there is only one view
     const Captions& captions;
     const HitList& hits;

@@ -119,7 +119,7 @@ Outcome MemoryScan::End(const ProcessEntry& process) {
     return !running;
   });
   if (!running) return listed.ok() ? Outcome() : std::move(listed).With("Process: ", process.path);
-  Outcome ended = KillProcessById(process.id, parts_.system);
+  Outcome ended = KillProcessById(process.id, parts_.system, parts_.pump);
   return ended.ok() ? Outcome() : std::move(ended).With("Process: ", process.path);
 }
 

@@ -55,7 +55,6 @@ Application::Application(const Ports& ports, const std::string& application_fold
       removal_({{ports.files, ports.system, ports.shell, ports.pump, log_, ports.code_pages, os_,
                  folders_, settings_, ports.registry},
                 ports.processes,
-                ports.registry,
                 ports.registry64,
                 language_,
                 hits_}),

@@ -54,60 +54,6 @@ TEST_SUITE("file_utils") {
     }
   }
 
-  TEST_CASE("WinInit.ini gets its entry right below the header") {
-    const Rows<std::string, const char*> kFiles{
-        {"", "[Rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\n"},
-        {"[rename]\r\nNUL=C:\\a\r\n", "[rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\nNUL=C:\\a\r\n"},
-        {"[x]\r\n[Rename]", "[x]\r\n[Rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\n"},
-        {";[Rename]\r\n[x]\r\n", "[Rename]\r\nNUL=C:\\SPYWAR~1\\evil.exe\r\n;[Rename]\r\n[x]\r\n"},
-    };
-    for (const auto& [before, after] : kFiles) {
-      Bench b;
-      b.m.File("C:\\Spyware Folder\\evil.exe");
-      if (!before.empty()) b.m.File("C:\\WINDOWS\\WinInit.ini", before);
-      b.m.Folder("C:\\WINDOWS");
-      CHECK(DestroyOnReboot("C:\\Spyware Folder\\evil.exe", b.m.files, b.m.system, b.m.code_pages)
-                .ok());
-      CHECK(b.m.Content("C:\\WINDOWS\\WinInit.ini") == after);
-    }
-  }
-
-  TEST_CASE("the way of the running system deletes at the next start") {
-    Bench b;
-    b.m.Folder("C:\\WINDOWS");
-    b.m.Folder("C:\\Evil");
-    const auto schedule = [&](const std::string& path) {
-      return DeleteAtNextStart(path, b.m.files, b.m.system, b.m.code_pages, COpSysInfo(b.m.system))
-          .code();
-    };
-    CHECK(schedule("C:\\Evil") == kNoError);
-    CHECK(Lines(b.m.system.journal) == "Move C:\\Evil > \n");
-    CHECK_FALSE(b.m.Has("C:\\WINDOWS\\WinInit.ini"));
-    b.m.system.record.platform = 1;
-    CHECK(schedule("C:\\Evil") == kNoError);
-    CHECK(b.m.Content("C:\\WINDOWS\\WinInit.ini") == "[Rename]\r\nDIRNUL=C:\\Evil\r\n");
-    CHECK(schedule("C:\\none") == kFileNotFound);
-    CHECK(b.m.system.journal.size() == 1);
-  }
-
-  TEST_CASE("WinInit.ini survives every failure") {
-    Bench b;
-    b.m.File("C:\\evil.exe");
-    Node& ini = b.m.File("C:\\WINDOWS\\WinInit.ini", "[Rename]\r\nNUL=C:\\a\r\n");
-    const auto code = [&] {
-      return DestroyOnReboot("C:\\evil.exe", b.m.files, b.m.system, b.m.code_pages).code();
-    };
-    ini.Locked();
-    CHECK(code() == kPermissionDenied);
-    ini.locked = false;
-    b.m.Folder("C:\\WINDOWS").Refuses();
-    CHECK(code() == kPermissionDenied);
-    b.m.Folder("C:\\WINDOWS").refuses = false;
-    b.m.files.faults["Stat C:\\WINDOWS\\WinInit.ini"] = kDeviceError;
-    CHECK(code() != kNoError);
-    CHECK(ini.content == "[Rename]\r\nNUL=C:\\a\r\n");
-  }
-
   TEST_CASE("skipped folders") {
     const auto skipped = [](const char* name, std::uint32_t attributes = kFolder) {
       return DoWeSkipThisFolder("C:\\", {name, "", attributes, 0, 0, 0});
@@ -124,8 +70,8 @@ TEST_SUITE("file_utils") {
   TEST_CASE("processes, errors and the setting file") {
     Bench b;
     b.m.processes.running = {{"C:\\spy.exe", 7}, {"C:\\App\\Scourwell.exe", 4711}};
-    CHECK(KillProcessById(4711, b.m.system).code() == kPermissionDenied);
-    CHECK(KillProcessById(7, b.m.system).ok());
+    CHECK(KillProcessById(4711, b.m.system, b.m.pump).code() == kPermissionDenied);
+    CHECK(KillProcessById(7, b.m.system, b.m.pump).ok());
     CHECK(Lines(b.m.system.journal) == "Terminate 7\n");
     CHECK(RetrieveError(b.m.system) == "error 5");
     CHECK(WriteINIString(b.m.profiles, b.m.code_pages, kAppFolder, "KEY", "value").ok());

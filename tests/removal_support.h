@@ -25,6 +25,7 @@ struct Remover : Bench {
   Registry* registry64 = nullptr;
 
   explicit Remover(bool nt = true) : os(Family(nt)) {
+    m.files.knows_links = nt;
     settings.MarkChecked = "y";
     settings.DeleteAfterReboot = true;
     settings.UseRegEdit = true;
@@ -45,7 +46,6 @@ struct Remover : Bench {
     removal = std::make_unique<Removal>(Removal::Parts{
         {m.files, m.system, m.shell, m.pump, log, m.code_pages, os, folders, settings, m.registry},
         m.processes,
-        m.registry,
         registry64,
         captions,
         hits});

@@ -17,7 +17,7 @@ TEST_SUITE("removal") {
     CHECK(r.m.system.journal.empty());
   }
 
-  TEST_CASE("what is not ticked stays, what is left alone is reported, all that is tried counts") {
+  TEST_CASE("what is not ticked stays, what is left alone is reported, what was there counts") {
     Remover r;
     for (const char* path : {"C:\\b.txt", "C:\\left.txt", "C:\\kept.txt"}) r.m.File(path, "x");
     r.m.Folder("C:\\Evil");
@@ -37,8 +37,10 @@ TEST_SUITE("removal") {
   TEST_CASE("what is in use waits for the next start, each family in its way") {
     Remover nt;
     nt.m.File("C:\\used.dll", "x").Locked();
+    nt.m.File("C:\\free.dll", "x");
+    CHECK(nt.RemoveOne(FoundFile{"C:\\free.dll"}) == "r");
     CHECK(nt.RemoveOne(FoundFile{"C:\\used.dll"}) == "p");
-    CHECK(Lines(nt.m.system.journal) == "Move C:\\used.dll > C:\\Temp\\\\2.txt\n");
+    CHECK(Lines(nt.m.system.journal) == "Delete C:\\used.dll\n");
     CHECK(nt.removal->report().failed);
 
     Remover old(false);
@@ -150,12 +152,38 @@ TEST_SUITE("removal") {
   TEST_CASE("a folder in use waits for the next start, what lies in it first") {
     for (const bool nt : {true, false}) {
       Remover r(nt);
-      r.m.File("C:\\Evil\\a\\used.exe", "x").Locked();
+      r.m.File("C:\\Evil\\a\\used.exe", "x").Running();
       CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "p");
+      CHECK(r.m.Has("C:\\Evil") == !nt);
+      const std::string aside = "C:\\WINDOWS\\~scw0000.del";
       CHECK(Lines(r.m.system.journal) + r.m.Content("C:\\WINDOWS\\WinInit.ini") ==
-            (nt ? "Move C:\\Evil\\a\\used.exe > \nMove C:\\Evil\\a > \nMove C:\\Evil > \n"
+            (nt ? "Delete " + aside + "\\used.exe\nDelete " + aside + "\n"
                 : "[Rename]\r\nNUL=C:\\Evil\\a\\used.exe\r\nDIRNUL=C:\\Evil\\a\r\n"
                   "DIRNUL=C:\\Evil\r\n"));
+      r.m.Restart();
+      CHECK_FALSE((r.m.Has("C:\\Evil") || r.m.Has(aside)));
+    }
+  }
+
+  TEST_CASE("of a folder with a file that cannot be moved, the folder never waits") {
+    Remover r;
+    r.m.File("C:\\Evil\\held.exe", "x").Locked();
+    CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "F");
+    CHECK(Lines(r.m.system.journal) == "Delete C:\\Evil\\held.exe\n");
+    r.m.Restart();
+    CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "r");
+  }
+
+  TEST_CASE("what is deleted after all, or comes back, stays as it is at the next start") {
+    for (const bool nt : {true, false}) {
+      Remover r(nt);
+      r.m.File("C:\\Evil\\held.exe", "x").Locked();
+      CHECK(r.RemoveOne(FoundFile{"C:\\Evil\\held.exe"}) == "p");
+      r.m.files.Find("C:\\Evil\\held.exe")->locked = false;
+      CHECK(r.RemoveOne(FoundFile{"C:\\Evil\\held.exe"}) == "r");
+      r.m.File("C:\\Evil\\held.exe", "another's");
+      r.m.Restart();
+      CHECK(r.m.Has("C:\\Evil\\held.exe"));
     }
   }
 
@@ -240,9 +268,8 @@ TEST_SUITE("removal") {
     Remover r;
     r.m.File("C:\\evil.exe", "x").Locked();
     r.m.processes.running = {{"C:\\evil.exe", 7}};
-    r.m.files.before_change = [&] {
-      r.m.files.Find("C:\\evil.exe")->locked = r.m.system.journal.empty();
-    };
+    r.m.system.waits = 3;
+    r.m.system.on_ended = [&] { r.m.files.Find("C:\\evil.exe")->locked = false; };
     r.settings.DeleteAfterReboot = false;
     r.Add(FoundFile{"C:\\evil.exe"});
     r.Add(FoundProcess{"C:\\evil.exe", 7});

@@ -37,6 +37,13 @@ class FileCalls {
   virtual bool BringBack(const std::string& path) const = 0;
   virtual void DropAside(const std::string& path) const = 0;
   virtual std::string ShortPath(const std::string& path) const = 0;
+  // Whether an item may stand for another place.
+  virtual bool KnowsLinks() const = 0;
+  // As the port has them.
+  virtual Outcome OpenItem(const std::string& path, std::unique_ptr<OpenedItem>* item) const = 0;
+  virtual Outcome Identify(const std::string& path, FileId* id) const = 0;
+  virtual bool CreateGuardedFolder(const std::string& path) const = 0;
+  virtual bool IsGuarded(const std::string& folder) const = 0;
   // The whole version resource of a file; false without one.
   virtual bool VersionBlock(const std::string& path, std::string* block) const = 0;
   // `root` is "X:\".

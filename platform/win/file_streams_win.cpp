@@ -170,6 +170,7 @@ Outcome HoldFolderWin(const FileCalls& calls, const std::string& path,
     // Who may not list a folder can still look at it. Windows 95, 98 and Me open no folders and
     // know no links.
     if (!folder) folder = OpenFolder(calls, path, 0);
+    if (!folder && calls.KnowsLinks()) return FailedWith(GetLastError());
   }
   const DWORD attributes = calls.Attributes(path);
   if (attributes == kNoAttributes) return FailedWith(GetLastError());

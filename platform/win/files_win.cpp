@@ -207,6 +207,20 @@ Outcome FilesWin::HoldFolder(const std::string& path, std::unique_ptr<FolderHold
   return HoldFolderWin(calls_, path, hold);
 }
 
+Outcome FilesWin::OpenItem(const std::string& path, std::unique_ptr<OpenedItem>* item) {
+  return calls_.OpenItem(path, item);
+}
+
+Outcome FilesWin::Identify(const std::string& path, FileId* id) {
+  return calls_.Identify(path, id);
+}
+
+Outcome FilesWin::CreateGuardedFolder(const std::string& path) {
+  return calls_.CreateGuardedFolder(path) ? Outcome() : FailedWith(GetLastError());
+}
+
+bool FilesWin::IsGuarded(const std::string& folder) { return calls_.IsGuarded(folder); }
+
 std::string FilesWin::ShortPath(const std::string& path) { return calls_.ShortPath(path); }
 
 std::vector<Drive> FilesWin::Drives() {

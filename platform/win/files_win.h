@@ -25,6 +25,10 @@ class FilesWin : public Files {
   Outcome SetAttributes(const std::string& path, std::uint32_t attributes) override;
   Outcome SetTimes(const std::string& path, const FileTimes& times) override;
   Outcome HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) override;
+  Outcome OpenItem(const std::string& path, std::unique_ptr<OpenedItem>* item) override;
+  Outcome Identify(const std::string& path, FileId* id) override;
+  Outcome CreateGuardedFolder(const std::string& path) override;
+  bool IsGuarded(const std::string& folder) override;
   std::string ShortPath(const std::string& path) override;
   std::vector<Drive> Drives() override;
   bool IsReady(const std::string& root) override;

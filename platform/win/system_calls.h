@@ -33,7 +33,9 @@ class SystemCalls {
   virtual std::string Environment(const std::string& name) const = 0;
   // The system's message for an error code, as it stands.
   virtual std::string MessageOf(DWORD code) const = 0;
-  virtual bool MoveAtReboot(const std::string& path, const std::string& target) const = 0;
+  // With the rights to end a process and to wait for that; null where it is refused.
+  virtual HANDLE OpenToEnd(DWORD process_id) const = 0;
+  virtual bool DeleteAtReboot(const std::string& path) const = 0;
   // A library that the process has loaded already, by its bare name; else null.
   virtual HMODULE Loaded(const char* library) const = 0;
   // By its full path.

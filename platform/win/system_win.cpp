@@ -7,6 +7,12 @@
 #include "platform/win/win_error.h"
 
 namespace scourwell {
+namespace {
+
+constexpr DWORD kLongestEnd = 5000;  // milliseconds
+constexpr DWORD kWaitStep = 20;
+
+}  // namespace
 
 bool SystemWin::QueryVersion(unsigned record_size, VersionRecord* record) {
   return calls_.QueryVersion(record_size, record);
@@ -30,14 +36,24 @@ std::uint32_t SystemWin::LastError() { return GetLastError(); }
 
 std::uint32_t SystemWin::OwnProcessId() { return GetCurrentProcessId(); }
 
-Outcome SystemWin::TerminateProcess(std::uint32_t process_id) {
-  const KernelHandle process(OpenProcess(PROCESS_TERMINATE, FALSE, process_id));
+Outcome SystemWin::TerminateProcess(std::uint32_t process_id, const std::function<bool()>& go_on) {
+  const KernelHandle process(calls_.OpenToEnd(process_id));
   if (!process || !::TerminateProcess(process.get(), 0)) return FailedWith(GetLastError());
-  return {};
+  // The call only begins the end; the image is in use until it has come.
+  const DWORD start = GetTickCount();
+  for (;;) {
+    const DWORD state = WaitForSingleObject(process.get(), kWaitStep);
+    if (state == WAIT_OBJECT_0) return {};
+    if (state != WAIT_TIMEOUT) return FailedWith(GetLastError());
+    if (!go_on()) return {};
+    if (GetTickCount() - start >= kLongestEnd) {
+      return Outcome::Failed(kDeviceError, "The process has not ended in time");
+    }
+  }
 }
 
-Outcome SystemWin::MoveAtReboot(const std::string& path, const std::string& target) {
-  return calls_.MoveAtReboot(path, target) ? Outcome() : FailedWith(GetLastError());
+Outcome SystemWin::DeleteAtReboot(const std::string& path) {
+  return calls_.DeleteAtReboot(path) ? Outcome() : FailedWith(GetLastError());
 }
 
 }  // namespace scourwell

@@ -20,8 +20,8 @@ class SystemWin : public System {
   std::string ErrorText(std::uint32_t code) override;
   std::uint32_t LastError() override;
   std::uint32_t OwnProcessId() override;
-  Outcome TerminateProcess(std::uint32_t process_id) override;
-  Outcome MoveAtReboot(const std::string& path, const std::string& target) override;
+  Outcome TerminateProcess(std::uint32_t process_id, const std::function<bool()>& go_on) override;
+  Outcome DeleteAtReboot(const std::string& path) override;
 
  private:
   const SystemCalls& calls_;

@@ -58,8 +58,8 @@ class ContractMachine {
   virtual void SetEnvironment(const std::string& name, const std::string& value) = 0;
   // The path of the program that runs the tests.
   virtual std::string OwnPath() = 0;
-  // What is noted for the next start about folder(): "path > target", one a line.
-  virtual std::string MovesAtReboot() = 0;
+  // What goes at the next start of folder(), one path a line.
+  virtual std::string DeletedAtReboot() = 0;
   // A message of the user: its call comes when messages are let through.
   virtual void Post(std::function<void()> call) = 0;
 };

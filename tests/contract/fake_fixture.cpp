@@ -58,10 +58,10 @@ class FakeContractMachine : public ContractMachine {
     m_.system.environment[name] = value;
   }
   std::string OwnPath() override { return "C:\\contract_tests.exe"; }
-  std::string MovesAtReboot() override {
-    std::string moves;
-    for (const std::string& line : m_.system.journal) moves += line.substr(sizeof "Move") + "\n";
-    return moves;
+  std::string DeletedAtReboot() override {
+    std::string paths;
+    for (const std::string& line : m_.system.journal) paths += line.substr(sizeof "Delete") + "\n";
+    return paths;
   }
   void Post(std::function<void()> call) override { m_.pump.on_yield = std::move(call); }
 

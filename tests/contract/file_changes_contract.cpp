@@ -130,6 +130,91 @@ TEST_SUITE("contract_file_changes") {
     hold.reset();
     CHECK(disk.files.RemoveFolder(disk.Path("folder")).ok());
   }
+
+  TEST_CASE("an opened item goes whatever its attributes, and what it cannot do leaves it alone") {
+    OnDisk disk;
+    disk.machine->MakeFolder(disk.Path("folder"));
+    disk.Make("folder\\file", "x");
+    disk.machine->SetAttributes(disk.Path("folder\\file"), kReadOnly | kHidden | kSystem);
+    std::unique_ptr<OpenedItem> folder;
+    std::unique_ptr<OpenedItem> item;
+    CHECK(disk.files.OpenItem(disk.Path("none"), &item).code() == kFileNotFound);
+    REQUIRE(disk.files.OpenItem(disk.Path("FOLDER"), &folder).ok());
+    CHECK((folder->attributes() & (kFolder | kLink)) == kFolder);
+    CHECK(folder->Erase().code() == kPathFileAccess);
+    REQUIRE(disk.files.OpenItem(disk.Path("FOLDER\\file"), &item).ok());
+    if (disk.machine->holds_any_name()) {
+      CHECK(folder->true_path() == disk.Path("folder"));
+      CHECK(item->true_path() == disk.Path("folder\\file"));
+    }
+    CHECK((item->attributes() & kReadOnly) != 0);
+    CHECK(item->Erase().ok());
+    item.reset();
+    CHECK(disk.Names("folder\\*.*") == "");
+    CHECK(folder->Erase().ok());
+    folder.reset();
+    CHECK(disk.Names("*.*") == "");
+  }
+
+  TEST_CASE("an opened item moves within its volume and never replaces") {
+    OnDisk disk;
+    disk.Make("file", "x");
+    disk.Make("other", "y");
+    disk.machine->MakeFolder(disk.Path("folder"));
+    std::unique_ptr<OpenedItem> item;
+    REQUIRE(disk.files.OpenItem(disk.Path("file"), &item).ok());
+    CHECK(item->MoveTo(disk.Path("other")).code() == kFileExists);
+    CHECK(item->MoveTo(disk.Path("folder\\A new name.text")).ok());
+    item.reset();
+    CHECK(disk.Content("folder\\A new name.text") == "x");
+    CHECK(disk.Names("*.*") == "folder other ");
+  }
+
+  TEST_CASE("names that a plain call rewrites lead to nothing but themselves") {
+    OnDisk disk;
+    if (!disk.machine->holds_any_name()) return;
+    for (const std::string name : {"x.", "x ", "aux", "nul.txt", "con"}) {
+      CAPTURE(name);
+      disk.Make("x", "innocent");
+      disk.Make(name, "evil");
+      std::unique_ptr<OpenedItem> item;
+      REQUIRE(disk.files.OpenItem(disk.Path(name), &item).ok());
+      CHECK(item->Erase().ok());
+      item.reset();
+      CHECK(disk.Names("*.*") == "x ");
+      CHECK(disk.files.OpenItem(disk.Path(name), &item).code() == kFileNotFound);
+      CHECK(disk.Content("x") == "innocent");
+    }
+  }
+
+  TEST_CASE("an item has one number, whatever it is called") {
+    OnDisk disk;
+    disk.machine->MakeFolder(disk.Path("a long folder name"));
+    disk.Make("a long folder name\\file", "x");
+    FileId id, again, other;
+    CHECK(disk.files.Identify(disk.Path("none"), &id).code() == kFileNotFound);
+    CHECK(disk.files.Identify(disk.Path("none\\file"), &id).code() == kFileNotFound);
+    REQUIRE(disk.files.Identify(disk.Path("a long folder name\\file"), &id).ok());
+    REQUIRE(disk.files.Identify(disk.files.ShortPath(disk.Path("A LONG FOLDER NAME\\FILE")), &again)
+                .ok());
+    REQUIRE(disk.files.Identify(disk.Path("a long folder name"), &other).ok());
+    CHECK(id == again);
+    CHECK((id.index != 0) == disk.machine->holds_any_name());
+    CHECK((id == other) == (id.index == 0));
+    REQUIRE(disk.files.Identify(disk.root.substr(0, 3), &other).ok());
+    CHECK(other.volume == id.volume);
+  }
+
+  TEST_CASE("a folder that is closed to users is one more folder to administrators") {
+    OnDisk disk;
+    if (!disk.machine->holds_any_name()) return;
+    CHECK(disk.files.CreateGuardedFolder(disk.Path("closed")).ok());
+    CHECK(disk.files.CreateGuardedFolder(disk.Path("CLOSED")).code() == kFileExists);
+    CHECK(disk.files.IsGuarded(disk.Path("closed")));
+    disk.Make("closed\\file", "x");
+    CHECK(disk.files.EraseFile(disk.Path("closed\\file")).ok());
+    CHECK(disk.files.RemoveFolder(disk.Path("closed")).ok());
+  }
 }
 
 }  // namespace scourwell::test

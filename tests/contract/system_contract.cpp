@@ -75,20 +75,17 @@ TEST_SUITE("contract_system") {
   }
 
   TEST_CASE("nobody cannot be ended") {
-    CHECK_FALSE(OnSystem().system.TerminateProcess(kNobody).ok());
+    CHECK_FALSE(OnSystem().system.TerminateProcess(kNobody, [] { return true; }).ok());
   }
 
   TEST_CASE("the NT family notes what goes at the next start, the other one refuses") {
     OnSystem s;
     const std::string path = s.machine->folder() + "\\used.dll";
-    const std::string target = s.machine->folder() + "\\away.txt";
     s.machine->MakeFile(path, "x");
     const bool notes = s.machine->holds_any_name();
-    CHECK(s.system.MoveAtReboot(path, "").ok() == notes);
-    CHECK(s.system.MoveAtReboot(path, target).ok() == notes);
-    CHECK_FALSE(s.system.MoveAtReboot("used.dll", "").ok());
-    CHECK(s.machine->MovesAtReboot() ==
-          (notes ? path + " > \n" + path + " > " + target + "\n" : ""));
+    CHECK(s.system.DeleteAtReboot(path).ok() == notes);
+    CHECK_FALSE(s.system.DeleteAtReboot("used.dll").ok());
+    CHECK(s.machine->DeletedAtReboot() == (notes ? path + "\n" : ""));
     DirEntry entry;
     CHECK(s.machine->files().Stat(path, &entry).ok());
   }

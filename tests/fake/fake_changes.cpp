@@ -121,13 +121,8 @@ Outcome FakeFiles::RemoveFolder(const std::string& path) {
   const Place place = Walk(path, false);
   if (!place.node) return Outcome::Failed(place.error);
   if (!place.node->IsFolder()) return Outcome::Failed(kPathNotFound);
-  const Node& node = *place.node;
-  if (!place.folder || node.holds > 0 || node.locked || node.attributes & kReadOnly) {
-    return Outcome::Failed(kPermissionDenied);
-  }
-  if (!node.IsLink() && !node.children.empty()) return Outcome::Failed(kPathFileAccess);
-  Erase(place.folder, place.node);
-  return {};
+  if (place.node->attributes & kReadOnly) return Outcome::Failed(kPermissionDenied);
+  return EraseNode(place.folder, *place.node);
 }
 
 Outcome FakeFiles::Move(const std::string& from, const std::string& to) {
@@ -136,14 +131,18 @@ Outcome FakeFiles::Move(const std::string& from, const std::string& to) {
   }
   const Place source = Walk(from, false);
   if (!source.node) return Outcome::Failed(source.error);
+  return MoveNode(source.folder, source.node, to);
+}
+
+Outcome FakeFiles::MoveNode(Node* folder, Node* moved, const std::string& to) {
   const Place target = Walk(to, false);
-  if (target.node && target.node != source.node) return Outcome::Failed(kFileExists);
+  if (target.node && target.node != moved) return Outcome::Failed(kFileExists);
   if (!target.node && target.error != kFileNotFound) return Outcome::Failed(target.error);
-  const bool in_use = source.node->holds > 0 || source.node->locked || source.node->error;
+  const bool in_use = moved->holds > 0 || moved->locked || moved->error;
   if (in_use || target.folder->refuses) return Outcome::Failed(kPermissionDenied);
-  auto& children = source.folder->children;
+  auto& children = folder->children;
   const auto at = std::find_if(children.begin(), children.end(),
-                               [&](const auto& child) { return child.get() == source.node; });
+                               [&](const auto& child) { return child.get() == moved; });
   std::unique_ptr<Node> node = std::move(*at);
   children.erase(at);
   node->name = target.name;

@@ -50,6 +50,7 @@ void FakeFiles::AddDrive(char letter, DriveKind kind, bool ready) {
   volume.drive = {letter, kind};
   volume.ready = ready;
   volume.root.attributes = kFolder;
+  volume.root.id = ++ids_;
 }
 
 Node& FakeFiles::Put(const std::string& path, std::uint32_t attributes) {
@@ -62,6 +63,7 @@ Node& FakeFiles::Put(const std::string& path, std::uint32_t attributes) {
       made->name = parts[i];
       made->short_name = NewShortName(*node, parts[i]);
       made->attributes = i + 1 == parts.size() ? attributes : std::uint32_t{kFolder};
+      made->id = ++ids_;
       made->modified = made->accessed = made->created = NextTime();
       child = made.get();
       node->children.push_back(std::move(made));
@@ -118,7 +120,14 @@ FakeFiles::Place FakeFiles::Walk(const std::string& path, bool follow_last, int 
     return place;
   }
   place.node = &volume->second.root;
-  place.short_path = path.substr(0, 2);
+  place.short_path = place.true_path = path.substr(0, 2);
+  place.volume = static_cast<std::uint32_t>(Letter(path));
+  if (const Volume& second = volume->second; !second.leads_to.empty()) {
+    const Place behind = Walk(second.leads_to, true, links_left - 1);
+    place.node = behind.node;
+    place.true_path = second.true_root;
+    place.volume = behind.volume;
+  }
   const std::vector<std::string>& parts = *split;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const bool last = i + 1 == parts.size();
@@ -132,9 +141,12 @@ FakeFiles::Place FakeFiles::Walk(const std::string& path, bool follow_last, int 
     }
     const std::string& name = place.node->short_name;
     place.short_path += "\\" + (name.empty() ? place.node->name : name);
+    place.true_path += "\\" + place.node->name;
     if (place.node->IsLink() && (!last || follow_last)) {
       Place target = Walk(place.node->target, true, links_left - 1);
       place.node = target.node;
+      place.true_path = target.true_path;
+      place.volume = target.volume;
       if (!place.node) {
         place.error = kPathNotFound;
         return place;
@@ -142,6 +154,7 @@ FakeFiles::Place FakeFiles::Walk(const std::string& path, bool follow_last, int 
     }
   }
   if (parts.empty()) place.short_path += "\\";
+  if (place.true_path.size() == 2) place.true_path += "\\";
   return place;
 }
 
@@ -246,11 +259,10 @@ Outcome FakeFiles::EraseFile(const std::string& path) {
   const Place place = Walk(path, false);
   if (!place.node) return Outcome::Failed(place.error);
   if (place.node->error) return Outcome::Failed(place.node->error);
-  if (place.node->IsFolder() || place.node->locked || place.node->attributes & kReadOnly) {
+  if (place.node->IsFolder() || place.node->attributes & kReadOnly) {
     return Outcome::Failed(kPermissionDenied);
   }
-  Erase(place.folder, place.node);
-  return {};
+  return EraseNode(place.folder, *place.node);
 }
 
 std::string FakeFiles::ShortPath(const std::string& path) {

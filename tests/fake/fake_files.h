@@ -24,9 +24,12 @@ struct Node {
   FileTime modified = 0;
   FileTime accessed = 0;
   FileTime created = 0;
-  int holds = 0;         // so many hold the folder in its place
-  ErrorCode error;       // listing a folder, reading and changing a file end with it
-  bool locked = false;   // in use: neither read, changed nor deleted
+  int holds = 0;               // so many hold the folder in its place
+  ErrorCode error;             // listing a folder, reading and changing a file end with it
+  bool locked = false;         // in use: neither read, changed, moved nor deleted
+  bool running = false;        // in use: may be moved, not deleted
+  bool open_to_users = false;  // anybody may change what lies in the folder
+  std::uint64_t id = 0;
   bool refuses = false;  // a folder in which nothing can be written
   int showings = -1;     // so many listings show it, then it is gone
   std::vector<std::unique_ptr<Node>> children;
@@ -49,6 +52,14 @@ struct Node {
   }
   Node& Locked() {
     locked = true;
+    return *this;
+  }
+  Node& Running() {
+    running = true;
+    return *this;
+  }
+  Node& OpenToUsers() {
+    open_to_users = true;
     return *this;
   }
   Node& Refuses() {
@@ -85,6 +96,8 @@ class FakeFiles : public Files {
   ErrorCode change_error = kDiskFull;  // with this
   std::function<void()> before_change;
   Faults* port_faults = nullptr;
+  std::function<void(const std::string&)> before_open;  // of an item
+  bool knows_links = true;           // the NT family: items are told by more than their paths
   std::uint64_t free_space = ~0ull;  // bytes that writers can still write
 
   // Made with every folder on the way; an existing item is changed.
@@ -92,6 +105,10 @@ class FakeFiles : public Files {
   void Remove(const std::string& path);
   Node* Find(const std::string& path);
   void AddDrive(char letter, DriveKind kind, bool ready);
+  // A letter that leads to a folder. Items on it truly lie below `true_root`; one on a server has a
+  // name of its own there, and no numbers.
+  void AddSecondLetter(char letter, DriveKind kind, const std::string& folder,
+                       const std::string& true_root);
   FileTime NextTime() { return time_ += 10'000'000; }
   // Calls of the journal that begin so.
   std::size_t Count(std::string_view beginning) const;
@@ -111,6 +128,10 @@ class FakeFiles : public Files {
   Outcome SetAttributes(const std::string& path, std::uint32_t attributes) override;
   Outcome SetTimes(const std::string& path, const FileTimes& times) override;
   Outcome HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) override;
+  Outcome OpenItem(const std::string& path, std::unique_ptr<OpenedItem>* item) override;
+  Outcome Identify(const std::string& path, FileId* id) override;
+  Outcome CreateGuardedFolder(const std::string& path) override;
+  bool IsGuarded(const std::string& folder) override;
   std::string ShortPath(const std::string& path) override;
   std::vector<Drive> Drives() override;
   bool IsReady(const std::string& root) override;
@@ -120,16 +141,21 @@ class FakeFiles : public Files {
     Drive drive;
     bool ready = true;
     Node root;
+    std::string leads_to;   // the folder behind a second letter
+    std::string true_root;  // under which its items truly lie
   };
   struct Place {
     Node* folder = nullptr;  // that holds or would hold the item
     Node* node = nullptr;
     std::string name;
     std::string short_path;
+    std::string true_path;
+    std::uint32_t volume = 0;
     ErrorCode error;
   };
 
   friend class FakeWriter;
+  friend class FakeItem;
   ErrorCode Begin(const std::string& call);
   ErrorCode BeginChange(const std::string& call);
   Place Walk(const std::string& path, bool follow_last, int links_left = 20);
@@ -137,8 +163,11 @@ class FakeFiles : public Files {
   Outcome Write(const std::string& path, const std::function<void(Node&)>& change);
   std::string NewShortName(const Node& folder, const std::string& name) const;
   void Erase(Node* folder, const Node* node);
+  Outcome EraseNode(Node* folder, const Node& node);
+  Outcome MoveNode(Node* folder, Node* node, const std::string& to);
 
   std::map<char, Volume> volumes_;
+  std::uint64_t ids_ = 0;
   FileTime time_ = 126'000'000'000'000'000;  // in April 2000
 };
 

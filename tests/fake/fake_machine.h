@@ -136,15 +136,19 @@ class FakeSystem : public System {
  public:
   VersionRecord record{5, 1, 2600, 2, "Service Pack 3", 3, 0, 256, 1};
   bool knows_extended = true;
+  int waits = 0;                   // so often the end of a process is waited for
+  std::function<void()> on_ended;  // its files are free
   std::string windows = "C:\\WINDOWS";
   std::string system = "C:\\WINDOWS\\system32";
   std::string temporary = "C:\\Temp\\";
   std::map<int, std::string> shell_folders;
   std::map<std::string, std::string, NoCaseLess> environment{{"WinDir", "C:\\WINDOWS"}};
-  std::vector<std::string> journal;  // "Terminate 7", "Move path > target"
+  std::size_t refuses_at = 0;  // so many deletions at the next start, this one is refused; 0: none
+  std::vector<std::string> journal;  // "Terminate 7", "Delete path"
   Faults* port_faults = nullptr;
 
-  explicit FakeSystem(const FakeProcesses* processes = nullptr) : processes_(processes) {}
+  explicit FakeSystem(const FakeProcesses* processes = nullptr, FakeRegistry* registry = nullptr)
+      : processes_(processes), registry_(registry) {}
   bool QueryVersion(unsigned record_size, VersionRecord* out) override;
   std::string WindowsFolder() override { return windows; }
   std::string SystemFolder() override { return system; }
@@ -156,11 +160,12 @@ class FakeSystem : public System {
   }
   std::uint32_t LastError() override { return 5; }
   std::uint32_t OwnProcessId() override { return 4711; }
-  Outcome TerminateProcess(std::uint32_t process_id) override;
-  Outcome MoveAtReboot(const std::string& path, const std::string& target) override;
+  Outcome TerminateProcess(std::uint32_t process_id, const std::function<bool()>& go_on) override;
+  Outcome DeleteAtReboot(const std::string& path) override;
 
  private:
   const FakeProcesses* processes_;
+  FakeRegistry* registry_;  // keeps the list, where there is one
 };
 
 class FakeShell : public Shell {
@@ -256,7 +261,7 @@ class FakeMachine {
   FakeProfiles profiles{files};
   FakeClock clock;
   FakeProcesses processes;
-  FakeSystem system{&processes};
+  FakeSystem system{&processes, &registry};
   FakeShell shell{files};
   FakeVersions versions;
   FakePump pump;
@@ -268,6 +273,9 @@ class FakeMachine {
   Node& File(const std::string& path, std::string content = {});
   Node& Folder(const std::string& path) { return files.Put(path, kFolder); }
   Node& Link(const std::string& path, const std::string& target);
+  // What either family keeps for its next start is carried out, by names as they lead then. Nothing
+  // is in use any more.
+  void Restart();
   // The content of a file; empty when it is missing.
   std::string Content(const std::string& path);
   bool Has(const std::string& path) { return files.Find(path) != nullptr; }

@@ -127,20 +127,16 @@ bool FakeSystem::QueryVersion(unsigned record_size, VersionRecord* out) {
   return true;
 }
 
-Outcome FakeSystem::TerminateProcess(std::uint32_t process_id) {
+Outcome FakeSystem::TerminateProcess(std::uint32_t process_id, const std::function<bool()>& go_on) {
   if (const ErrorCode fault = port_faults ? port_faults->Next() : ErrorCode()) {
     return Outcome::Failed(fault);
   }
   journal.push_back("Terminate " + std::to_string(process_id));
-  return processes_ && processes_->Find(process_id) ? Outcome() : Outcome::Failed(kInvalidCall);
-}
-
-Outcome FakeSystem::MoveAtReboot(const std::string& path, const std::string& target) {
-  if (record.platform != 2 || !IsAbsolutePath(path)) return Outcome::Failed(kPathFileAccess);
-  if (const ErrorCode fault = port_faults ? port_faults->Next() : ErrorCode()) {
-    return Outcome::Failed(fault);
+  if (!processes_ || !processes_->Find(process_id)) return Outcome::Failed(kInvalidCall);
+  for (int i = 0; i < waits; ++i) {
+    if (!go_on()) return {};
   }
-  journal.push_back("Move " + path + " > " + target);
+  if (on_ended) on_ended();
   return {};
 }
 

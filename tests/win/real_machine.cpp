@@ -89,7 +89,7 @@ class RealContractMachine : public ContractMachine {
   }
   ~RealContractMachine() override {
     CleanUp();
-    if (MovesAtReboot().empty()) return;
+    if (DeletedAtReboot().empty()) return;
     if (moves_before_.data.empty()) {
       registry_.DeleteValue(RootKey::LocalMachine, kSessionManager, kMoves);
     } else {
@@ -167,19 +167,19 @@ class RealContractMachine : public ContractMachine {
     return FromWide(path);
   }
   // The system keeps pairs of a path and its target, which is empty for what is deleted.
-  std::string MovesAtReboot() override {
+  std::string DeletedAtReboot() override {
     RegValue list;
     registry_.QueryValue(RootKey::LocalMachine, kSessionManager, kMoves, &list);
     std::vector<std::string> texts;
     for (std::size_t at = 0; at < list.data.size(); at += texts.back().size() + 1) {
       texts.emplace_back(list.data.c_str() + at);
     }
-    std::string moves;
+    std::string paths;
     for (std::size_t i = 0; i + 1 < texts.size(); i += 2) {
-      const std::string move = ReplaceAll(texts[i] + " > " + texts[i + 1] + "\n", "\\??\\", "");
-      if (move.starts_with(kFolder)) moves += ReplaceAll(move, "> !", "> ");
+      const std::string path = ReplaceAll(texts[i], "\\??\\", "");
+      if (path.starts_with(kFolder) && texts[i + 1].empty()) paths += path + "\n";
     }
-    return moves;
+    return paths;
   }
   void Post(std::function<void()> call) override {
     pump_.translate = [call = std::move(call)](MSG*) {

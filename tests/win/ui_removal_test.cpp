@@ -182,9 +182,11 @@ TEST_CASE("what is in use goes at the next start, in the way of the running Wind
                                            "SYSTEM\\CurrentControlSet\\Control\\Session Manager",
                                            "PendingFileRenameOperations"));
     static_cast<void>(files.EraseFile("C:\\windows\\WinInit.ini"));
-    const FileHandle held(CreateFileA("C:\\planted\\EvilHome\\deep\\read me.txt", GENERIC_READ,
-                                      FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
-    REQUIRE(held);
+    // A library in use can be moved, an open file cannot.
+    const char* library = "C:\\planted\\EvilHome\\deep\\used library.dll";
+    REQUIRE(CopyFileA("C:\\behaves.dll", library, FALSE));
+    const ModuleHandle used(LoadLibraryA(library));
+    REQUIRE(used);
     Program program("\"C:\\planted\"");
     REQUIRE(program.MainWindow());
     const std::string outcome = CloseOutcome(&program);
@@ -196,7 +198,10 @@ TEST_CASE("what is in use goes at the next start, in the way of the running Wind
                         "SYSTEM\\CurrentControlSet\\Control\\Session Manager",
                         "PendingFileRenameOperations", &pending);
     const std::string ini = Content("C:\\windows\\WinInit.ini");
-    CHECK((pending.data.find("read me.txt") != std::string::npos) == version.empty());
+    CHECK((pending.data.find("\\~scw0000.del\\used library.dll") != std::string::npos) ==
+          version.empty());
+    CHECK((FolderSnapshot("C:\\planted").find("EvilHome") != std::string::npos) ==
+          !version.empty());
     CHECK(ini.starts_with(version.empty() ? "" : "[Rename]\r\nNUL=C:\\"));
     CHECK((ini.find("\r\nDIRNUL=C:\\planted\\EvilHome\r\n") != std::string::npos) ==
           !version.empty());

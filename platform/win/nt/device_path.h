@@ -5,8 +5,9 @@
 
 namespace scourwell {
 
-// The path on a drive of what the kernel calls "\Device\HarddiskVolume1\folder\file"; empty where
-// no drive letter leads there.
+// The path of what the kernel calls "\Device\HarddiskVolume1\folder\file", "\??\C:\folder\file" or
+// "\Device\LanmanRedirector\;Z:0000000000001234\server\share\file"; empty where neither a drive
+// letter nor a server leads there.
 std::string DosPathOf(const std::string& device_path);
 
 }  // namespace scourwell

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "platform/security_descriptor.h"
 #include "platform/win/file_calls.h"
 #include "platform/win/find_data.h"
+#include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
 #include "platform/win/nt/native_path.h"
+#include "platform/win/nt/opened_item_nt.h"
 #include "platform/win/version_block.h"
 #include "text/paths.h"
 #include "text/text.h"
@@ -99,7 +102,7 @@ class NtCalls : public FileCalls {
       const DWORD size = needed ? GetShortPathNameW(native, short_path.data(), needed) : 0;
       if (size == 0 || size >= needed) return std::string();
       short_path.resize(size);
-      return WithoutPrefix(FromWide(short_path));
+      return WithoutNativePrefix(FromWide(short_path));
     });
   }
 
@@ -107,6 +110,48 @@ class NtCalls : public FileCalls {
     static const VersionReader<wchar_t> reader("GetFileVersionInfoSizeW", "GetFileVersionInfoW");
     return With(path, false,
                 [&](const wchar_t* native) { return reader.ReadBlock(native, block); });
+  }
+
+  bool KnowsLinks() const override { return true; }
+
+  Outcome OpenItem(const std::string& path, std::unique_ptr<OpenedItem>* item) const override {
+    return OpenItemNt(*this, path, item);
+  }
+
+  Outcome Identify(const std::string& path, FileId* id) const override {
+    return IdentifyNt(*this, path, id);
+  }
+
+  bool CreateGuardedFolder(const std::string& path) const override {
+    std::string descriptor = ClosedDescriptor();
+    SECURITY_ATTRIBUTES security = {sizeof security, descriptor.data(), FALSE};
+    return With(path, FALSE, [&](const wchar_t* native) {
+             return CreateDirectoryW(native, &security);
+           }) != FALSE;
+  }
+
+  bool IsGuarded(const std::string& folder) const override {
+    constexpr DWORD kHasLinks = 0x80;
+    DWORD longest = 0;
+    DWORD flags = 0;
+    const std::string root = folder.substr(0, RootSize(folder));
+    if (!GetVolumeInformationW(Wide(root).c_str(), nullptr, 0, nullptr, &longest, &flags, nullptr,
+                               0)) {
+      return false;
+    }
+    if ((flags & kHasLinks) == 0) return true;
+    using GetSecurity = BOOL(WINAPI*)(LPCWSTR, DWORD, void*, DWORD, DWORD*);
+    const auto get = LateBind<GetSecurity>("advapi32.dll", "GetFileSecurityW");
+    if (!get) return false;
+    constexpr DWORD kOwnerAndRights = 0x1 | 0x4;
+    std::string descriptor(1 << 16, '\0');  // the size of the largest list
+    DWORD needed = 0;
+    return With(folder, FALSE,
+                [&](const wchar_t* native) {
+                  return get(native, kOwnerAndRights, descriptor.data(),
+                             static_cast<DWORD>(descriptor.size()), &needed);
+                }) != FALSE &&
+           IsClosedToUsers(descriptor);
   }
 
   UINT DriveType(const std::string& root) const override {
@@ -130,13 +175,6 @@ class NtCalls : public FileCalls {
     return With(from, FALSE, [&](const wchar_t* native) {
              return MoveFileExW(native, target->c_str(), flags);
            }) != FALSE;
-  }
-
-  static std::string WithoutPrefix(const std::string& native) {
-    constexpr std::string_view kOnServer = "\\\\?\\UNC\\";
-    constexpr std::string_view kOnDrive = "\\\\?\\";
-    if (native.starts_with(kOnServer)) return "\\\\" + native.substr(kOnServer.size());
-    return native.starts_with(kOnDrive) ? native.substr(kOnDrive.size()) : native;
   }
 };
 

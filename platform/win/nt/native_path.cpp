@@ -52,6 +52,13 @@ std::optional<std::wstring> NativePath(std::string_view path) {
   return wide;
 }
 
+std::string WithoutNativePrefix(const std::string& native) {
+  constexpr std::string_view kOnServer = "\\\\?\\UNC\\";
+  constexpr std::string_view kOnDrive = "\\\\?\\";
+  if (native.starts_with(kOnServer)) return "\\\\" + native.substr(kOnServer.size());
+  return native.starts_with(kOnDrive) ? native.substr(kOnDrive.size()) : native;
+}
+
 TrueNames::TrueNames() {
   const RedirectionCalls& calls = Redirection();
   switched_ = calls.disable && calls.revert && calls.disable(&before_);

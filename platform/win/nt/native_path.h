@@ -12,6 +12,9 @@ namespace scourwell {
 // that is not absolute or holds "." or ".." parts.
 std::optional<std::wstring> NativePath(std::string_view path);
 
+// The path without that prefix.
+std::string WithoutNativePrefix(const std::string& native);
+
 // While it lives, file calls of this thread see the folders of a 64-bit Windows under their true
 // names. Only for a single file call: libraries that are loaded meanwhile come from the wrong side.
 class TrueNames {

@@ -4,6 +4,7 @@
 #include "platform/win/folder_location.h"
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
+#include "platform/win/nt/debug_privilege.h"
 #include "platform/win/nt/native_path.h"
 #include "platform/win/version_record.h"
 #include "text/paths.h"
@@ -108,15 +109,20 @@ class NtCalls : public SystemCalls {
     return FromWide({text, size});
   }
 
-  bool MoveAtReboot(const std::string& path, const std::string& target) const override {
-    const std::optional<std::wstring> from = NativePath(path);
-    const std::optional<std::wstring> to = NativePath(target);
-    if (!from || (!to && !target.empty())) {
+  // Services belong to the system and refuse everyone else.
+  HANDLE OpenToEnd(DWORD process_id) const override {
+    const DebugPrivilege privilege;
+    return OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, process_id);
+  }
+
+  bool DeleteAtReboot(const std::string& path) const override {
+    const std::optional<std::wstring> native = NativePath(path);
+    if (!native) {
       SetLastError(ERROR_PATH_NOT_FOUND);
       return false;
     }
     const TrueNames true_names;
-    return MoveFileExW(from->c_str(), to ? to->c_str() : nullptr,
+    return MoveFileExW(native->c_str(), nullptr,
                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_DELAY_UNTIL_REBOOT) != FALSE;
   }
 

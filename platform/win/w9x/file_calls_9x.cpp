@@ -3,7 +3,9 @@
 #include "platform/win/find_data.h"
 #include "platform/win/native_text.h"
 #include "platform/win/version_block.h"
+#include "platform/win/w9x/opened_item_9x.h"
 #include "platform/win/w9x/reachable_path.h"
+#include "platform/win/win_error.h"
 #include "text/paths.h"
 
 namespace scourwell {
@@ -147,6 +149,35 @@ class W9xCalls : public FileCalls {
     return With(path, false,
                 [&](const char* reachable) { return reader.ReadBlock(reachable, block); });
   }
+
+  bool KnowsLinks() const override { return false; }
+
+  Outcome OpenItem(const std::string& path, std::unique_ptr<OpenedItem>* item) const override {
+    return OpenItem9x(*this, path, item);
+  }
+
+  // Folders cannot be opened, so that there is no number for every item.
+  Outcome Identify(const std::string& path, FileId* id) const override {
+    if (Attributes(path) == kNoAttributes) {
+      Outcome failed = FailedWith(GetLastError());
+      return failed.code() == kPathNotFound ? Outcome::Failed(kFileNotFound) : std::move(failed);
+    }
+    DWORD serial = 0;
+    DWORD longest = 0;
+    DWORD flags = 0;
+    const std::string root = path.substr(0, RootSize(path));
+    const bool known = GetVolumeInformationA(root.c_str(), nullptr, 0, &serial, &longest, &flags,
+                                             nullptr, 0) != FALSE;
+    *id = {known ? serial : 0, 0};
+    return {};
+  }
+
+  // These systems know no rights.
+  bool CreateGuardedFolder(const std::string&) const override {
+    SetLastError(ERROR_CALL_NOT_IMPLEMENTED);
+    return false;
+  }
+  bool IsGuarded(const std::string&) const override { return true; }
 
   UINT DriveType(const std::string& root) const override { return GetDriveTypeA(root.c_str()); }
 

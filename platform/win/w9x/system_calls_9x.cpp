@@ -85,8 +85,12 @@ class W9xCalls : public SystemCalls {
     return FromNarrow({text, size});
   }
 
+  HANDLE OpenToEnd(DWORD process_id) const override {
+    return OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, process_id);
+  }
+
   // These systems only export the call.
-  bool MoveAtReboot(const std::string&, const std::string&) const override {
+  bool DeleteAtReboot(const std::string&) const override {
     SetLastError(ERROR_CALL_NOT_IMPLEMENTED);
     return false;
   }
