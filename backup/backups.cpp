@@ -17,20 +17,25 @@ constexpr std::uint32_t kImportLimit = 15'000;  // milliseconds for one script
 constexpr unsigned kMostNames = 1000;
 constexpr std::size_t kLongestFileName = 255;  // 16-bit units
 
-// The rules of removal hold for restoring too: an archive is only a file that somebody made.
+// The rules of removal hold for restoring too: an archive is only a file that somebody made. What
+// is put back, or lies there unchanged, must not go at the next start.
 class Guard : public RestoreGuard {
  public:
-  Guard(Files& files, const SystemFolders& folders) : guard_(files, folders) {}
+  explicit Guard(const Backups::Parts& parts)
+      : guard_(parts.files, parts.folders),
+        next_start_({parts.files, parts.system, parts.registry, parts.code_pages, parts.os,
+                     parts.folders}) {}
 
   Outcome Allow(const std::string& path, std::vector<std::unique_ptr<FolderHold>>* holds) override {
     HeldWay way;
     Outcome allowed = guard_.Allow(path, &way);
     for (auto& hold : way) holds->push_back(std::move(hold));
-    return allowed;
+    return allowed.ok() ? next_start_.Withdraw(path) : std::move(allowed);
   }
 
  private:
   PathGuard guard_;
+  NextStart next_start_;
 };
 
 // A listing compares 8.3 names too: its "*.reg" finds "notes.registry".
@@ -181,7 +186,7 @@ Outcome Backups::Restore(const std::string& key, const FindVolume& find, Restore
     if (Outcome opened = archive.Open(PathOf(key), find); !opened.ok()) {
       return std::move(opened).With("Archive: ", key);
     }
-    Guard guard(parts_.files, parts_.folders);
+    Guard guard(parts_);
     Extractor extractor(parts_.files, parts_.pump, guard);
     Outcome extracted = extractor.ExtractAll(archive, parts_.settings.BackupFolder);
     *result = extractor.result();

@@ -10,6 +10,7 @@
 #include "backup/volume_reader.h"
 #include "guard/path_guard.h"
 #include "machine/error_log.h"
+#include "machine/next_start.h"
 #include "machine/op_sys_info.h"
 #include "platform/shell.h"
 #include "settings/app_settings.h"
@@ -46,6 +47,7 @@ class Backups {
     const COpSysInfo& os;
     const SystemFolders& folders;
     const AppSettings& settings;
+    System& system;
   };
 
   explicit Backups(const Parts& parts) : parts_(parts) {}

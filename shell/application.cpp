@@ -46,7 +46,7 @@ Application::Application(const Ports& ports, const std::string& application_fold
                 language_, settings_, lists_, built_in_, loader_, memory_, ports.versions, os_,
                 folders_, hits_, *this, progress_}),
       backups_({ports.files, ports.registry, ports.registry64, ports.clock, ports.pump, ports.shell,
-                log_, ports.code_pages, os_, folders_, settings_}),
+                log_, ports.code_pages, os_, folders_, settings_, ports.system}),
       keys_(ports.registry, log_,
             [this] {
               ports_.shell.Message(language_.Text(Caption::RegistryKeyAccessDenied),

@@ -9,7 +9,7 @@ struct Manager : Bench {
   SystemFolders folders{kAppFolder, "C:\\WINDOWS", "C:\\WINDOWS\\system32", "", "", "", "", {}};
   COpSysInfo os{m.system};
   Backups backups{{m.files, m.registry, nullptr, m.clock, m.pump, m.shell, log, m.code_pages, os,
-                   folders, settings}};
+                   folders, settings, m.system}};
   std::vector<FoundObject> rows;
   RestoreResult restored;
 
@@ -185,12 +185,28 @@ TEST_SUITE("backups") {
     }
   }
 
+  TEST_CASE("what was to go at the next start stays, once it has been restored") {
+    Manager b;
+    for (const char* path : {"C:\\gone.exe", "C:\\there.exe", "C:\\other.exe"}) b.m.File(path, "x");
+    b.Add(FoundFile{"C:\\gone.exe"});
+    b.Add(FoundFile{"C:\\there.exe"});
+    REQUIRE(b.Create("n").archive.ok());
+    for (const char* path : {"C:\\gone.exe", "C:\\there.exe", "C:\\other.exe"}) {
+      REQUIRE(b.m.system.DeleteAtReboot(path).ok());
+    }
+    b.m.files.Remove("C:\\gone.exe");
+    REQUIRE(b.Restore("n.qzp").ok());
+    b.m.Restart();
+    CHECK((b.m.Has("C:\\gone.exe") && b.m.Has("C:\\there.exe")));
+    CHECK_FALSE(b.m.Has("C:\\other.exe"));
+  }
+
   TEST_CASE("what lies in the 64-bit view comes back through the 64-bit importer alone") {
     Manager b;
     FakeRegistry view64;
     view64.Make(RootKey::LocalMachine, "Software\\Evil").Value("v", "x", kRegBinary);
     Backups backups({b.m.files, b.m.registry, &view64, b.m.clock, b.m.pump, b.m.shell, b.log,
-                     b.m.code_pages, b.os, b.folders, b.settings});
+                     b.m.code_pages, b.os, b.folders, b.settings, b.m.system});
     const FoundObject row = ValueAt("HKEY_LOCAL_MACHINE\\Software\\Evil", "v", "x", true);
     REQUIRE(backups.Create("n", {&row}).archive.ok());
     std::string imported;
