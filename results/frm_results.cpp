@@ -63,8 +63,8 @@ std::string frmResults::Summary() const {
     const std::size_t count = report.Count(state);
     return count ? ", " + std::to_string(count) + " " + Text(caption) : std::string();
   };
-  return std::to_string(report.Count(RemovalState::Removed) + report.Count(RemovalState::Gone)) +
-         " " + Text(Caption::StateRemoved) +
+  return std::to_string(report.Count(RemovalState::Removed)) + " " + Text(Caption::StateRemoved) +
+         part(RemovalState::Gone, Caption::StateGone) +
          part(RemovalState::PendingRestart, Caption::StatePendingRestart) +
          part(RemovalState::Refused, Caption::StateRefused) +
          part(RemovalState::Failed, Caption::StateFailed);

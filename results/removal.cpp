@@ -94,7 +94,9 @@ RemovedObject Removal::Carry(const RemovalStep& step) {
                            Outcome::Failed(kPathFileAccess, "It could not be backed up"))};
   }
   RemovedObject removed = {object, Remove(object)};
-  ++(counters_.*kCounters[static_cast<std::size_t>(KindOf(object))]);
+  if (removed.result.state != RemovalState::Gone) {
+    ++(counters_.*kCounters[static_cast<std::size_t>(KindOf(object))]);
+  }
   return removed;
 }
 

@@ -15,8 +15,8 @@
 
 namespace scourwell {
 
-// The counters of the last removal. They rise after each attempt, whatever came of it;
-// RemovalReport::objects tells what really happened.
+// The counters of the last removal. They rise after each attempt, whatever came of it, but not for
+// what was not there any more; RemovalReport::objects tells what really happened.
 struct RemovalCounters {
   std::int32_t total_found = 0;
   std::int32_t files = 0;

@@ -30,8 +30,12 @@ TEST_SUITE("removal") {
     CHECK(r.States() == "rrgF");
     CHECK((r.m.Has("C:\\left.txt") && r.m.Has("C:\\kept.txt")));
     const RemovalCounters& counters = r.removal->counters();
-    CHECK((counters.files == 1 && counters.cookies == 1 && counters.folders == 1));
+    CHECK((counters.files == 0 && counters.cookies == 1 && counters.folders == 1));
     CHECK(counters.total_found == 5);
+    // Once more, on the same list.
+    r.Run({3});
+    CHECK(r.States() == "gggF");
+    CHECK((r.removal->counters().cookies == 0 && r.removal->counters().folders == 0));
   }
 
   TEST_CASE("what is in use waits for the next start, each family in its way") {
