@@ -111,7 +111,7 @@ struct BackupBench : Bench {
   }
   Backups Manager() {
     return Backups({m.files, m.registry, nullptr, m.clock, m.pump, m.shell, log, m.code_pages, os,
-                    folders, settings});
+                    folders, settings, m.system});
   }
   BackupReport Create(const std::string& name) {
     std::vector<const FoundObject*> pointers;

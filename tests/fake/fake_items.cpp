@@ -91,6 +91,9 @@ Outcome FakeFiles::OpenItem(const std::string& path, std::unique_ptr<OpenedItem>
 }
 
 Outcome FakeFiles::Identify(const std::string& path, FileId* id) {
+  if (const ErrorCode fault = port_faults ? port_faults->Next() : ErrorCode()) {
+    return Outcome::Failed(fault);
+  }
   const Place place = Walk(path, false);
   if (!place.node) {
     return Outcome::Failed(place.error == kPathNotFound ? ErrorCode(kFileNotFound) : place.error);

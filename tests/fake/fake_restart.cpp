@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 
 // The next start of the fake machine, and what is noted for it.
-#include "text/paths.h"
+#include <utility>
 
 #include "tests/fake/fake_machine.h"
+#include "text/paths.h"
 
 namespace scourwell::test {
 namespace {
@@ -22,14 +23,19 @@ void SetFree(Node* node) {
 // Pairs of a path and its target, which is empty for what is deleted; an empty text ends them.
 Outcome FakeSystem::DeleteAtReboot(const std::string& path) {
   if (record.platform != 2 || !IsAbsolutePath(path)) return Outcome::Failed(kPathFileAccess);
+  if (const ErrorCode fault = port_faults ? port_faults->Next() : ErrorCode()) {
+    return Outcome::Failed(fault);
+  }
   journal.push_back("Delete " + path);
   if (refuses_at != 0 && --refuses_at == 0) return Outcome::Failed(kPermissionDenied);
   if (!registry_) return {};
+  Faults* const faults = std::exchange(registry_->port_faults, nullptr);  // one call in all
   RegValue list;
   registry_->QueryValue(RootKey::LocalMachine, kSessionManager, kMoves, &list);
   if (!list.data.empty()) list.data.pop_back();
   list.data.append(kNative).append(path).append(3, '\0');
   registry_->SetValue(RootKey::LocalMachine, kSessionManager, kMoves, {kRegMultiText, list.data});
+  registry_->port_faults = faults;
   return {};
 }
 
