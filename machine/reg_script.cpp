@@ -11,6 +11,7 @@ namespace {
 
 constexpr char kAnsiHeader[] = "REGEDIT4\r\n";
 constexpr char kUnicodeHeader[] = "Windows Registry Editor Version 5.00\r\n";
+constexpr char kMark[] = "; Scourwell wrote this for the registry editor and erases it\r\n";
 constexpr std::size_t kLineWidth = 78;
 constexpr char kEscape = '\\';
 constexpr char kDigits[] = "0123456789abcdef";
@@ -162,9 +163,16 @@ bool RegScript::AppendBoth(std::string_view start, const RegValue& value) {
   return true;
 }
 
-std::string RegScript::Bytes() const {
-  if (reader_ == ScriptReader::Ansi || only_ascii_) return ansi_;
-  return "\xFF\xFE" + Utf16Bytes(unicode_);
+std::string RegScript::Bytes(bool marked) const {
+  const bool ansi = reader_ == ScriptReader::Ansi || only_ascii_;
+  std::string text = ansi ? ansi_ : unicode_;
+  if (marked) text.insert(std::string_view(ansi ? kAnsiHeader : kUnicodeHeader).size(), kMark);
+  return ansi ? text : "\xFF\xFE" + Utf16Bytes(text);
+}
+
+bool BearsScriptMark(std::string_view beginning) {
+  return beginning.starts_with(std::string(kAnsiHeader) + kMark) ||
+         beginning.starts_with("\xFF\xFE" + Utf16Bytes(std::string(kUnicodeHeader) + kMark));
 }
 
 }  // namespace scourwell

@@ -39,8 +39,8 @@ class RegScript {
 
   // Nothing but the header.
   bool empty() const { return empty_; }
-  // The bytes of the script file.
-  std::string Bytes() const;
+  // The bytes of the script file. With the mark, a comment says whose it is.
+  std::string Bytes(bool marked = false) const;
 
  private:
   bool Append(std::string_view line);
@@ -54,6 +54,9 @@ class RegScript {
   std::string ansi_;     // bytes; given up at the first character that is not ASCII
   std::string unicode_;  // as a text; only for a reader of it
 };
+
+// True for the beginning of a script that was written with the mark.
+bool BearsScriptMark(std::string_view beginning);
 
 // A text between quotes, escaped.
 std::string QuotedForScript(std::string_view text);
