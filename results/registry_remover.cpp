@@ -110,7 +110,7 @@ Outcome RegistryRemover::CreateRegistryDeleteFile(const std::vector<const FoundO
   }
   Outcome written = parts_.files.Replace(ScriptPath(), script.Bytes());
   if (!written.ok()) return std::move(written).With("File: ", ScriptPath());
-  script_written_ = true;
+  script_written_ = !script.empty();
   if (left_out.empty()) return {};
   return Outcome::Failed(kBadFileName, "A registry entry does not go into the script")
       .With("Entry: ", left_out);
@@ -126,7 +126,9 @@ Outcome RegistryRemover::RunEditor() {
   if (parts_.os.IsWin9x()) {
     editor = parts_.folders.windows + "\\Regedit.exe";
   } else if (parts_.os.IsWinNT()) {
-    editor = parts_.folders.system + "\\RegEdt32.exe";
+    // That of Windows NT 4 and 2000 cannot read scripts.
+    editor = parts_.os.IsWinXP() ? parts_.folders.system + "\\RegEdt32.exe"
+                                 : parts_.folders.windows + "\\Regedit.exe";
   }
   if (editor.empty()) return {};
   // Not every system has the second editor.

@@ -36,7 +36,8 @@ class RegistryRemover {
   // Makes "Remove.reg" anew: the rows of the 32-bit view, the only one that the editor sees, which
   // Remove would delete. Rows of other kinds are passed over.
   void WriteScript(const std::vector<const FoundObject*>& rows);
-  // Runs the registry editor on that script, if it could be written; does not wait for it.
+  // Runs the registry editor on that script, if it was written and says anything; does not wait for
+  // it.
   void launchRegEditDelete();
 
  private:
@@ -51,7 +52,7 @@ class RegistryRemover {
   Parts parts_;
   KeyRemover keys_;
   KeyRemover keys64_;
-  bool script_written_ = false;
+  bool script_written_ = false;  // and holds more than its header
 };
 
 }  // namespace scourwell

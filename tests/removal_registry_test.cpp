@@ -59,18 +59,30 @@ TEST_SUITE("removal") {
     CHECK(r.removal->counters().processes == 2);
   }
 
-  TEST_CASE("the registry editor gets the script in the form of its family") {
-    for (const bool nt : {true, false}) {
-      Remover r(nt);
+  TEST_CASE("the script goes to the editor that reads it, and only when it says anything") {
+    const std::string other = "Launch C:\\WINDOWS\\Regedit.exe /S \"C:\\App\\Remove.reg\"\n";
+    for (const auto& [system, command] : Rows<VersionRecord, std::string>{
+             {{5, 1, 2600, 2, "", 0, 0, 0, 0},
+              "Launch C:\\WINDOWS\\system32\\RegEdt32.exe /S \"C:\\App\\Remove.reg\"\n"},
+             {{5, 0, 2195, 2, "", 0, 0, 0, 0}, other},
+             {{4, 0, 1381, 2, "", 0, 0, 0, 0}, other},
+             {{4, 10, 2222, 1, " A ", 0, 0, 0, 0}, other},
+         }) {
+      Remover r;
+      r.m.system.record = system;
+      r.os = COpSysInfo(r.m.system);
+      r.Run();
+      r.removal->launchRegEditDelete();
+      CHECK(r.m.Content("C:\\App\\Remove.reg") == "REGEDIT4\r\n");
+      CHECK(r.m.shell.journal.empty());
+      r.Add(KeyAt("HKEY_CURRENT_USER\\Software\\Evil"));
       r.Run();
       r.settings.UseRegEdit = false;
       r.removal->launchRegEditDelete();
       CHECK(r.m.shell.journal.empty());
       r.settings.UseRegEdit = true;
       r.removal->launchRegEditDelete();
-      CHECK(Lines(r.m.shell.journal) ==
-            (nt ? "Launch C:\\WINDOWS\\system32\\RegEdt32.exe /S \"C:\\App\\Remove.reg\"\n"
-                : "Launch C:\\WINDOWS\\Regedit.exe /S \"C:\\App\\Remove.reg\"\n"));
+      CHECK(Lines(r.m.shell.journal) == command);
     }
   }
 
