@@ -124,6 +124,10 @@ class Files {
   // True when nobody but administrators and the system can put something else in the place of the
   // folder or of what lies in it, and on volumes that know no links.
   virtual bool IsGuarded(const std::string& folder) = 0;
+  // Who may do what with a file or folder, as the system says it: bytes for SetSecurity. Empty
+  // where the system or the volume knows nothing of it.
+  virtual std::string Security(const std::string& path) = 0;
+  virtual Outcome SetSecurity(const std::string& path, const std::string& descriptor) = 0;
 
   // The path with every part in its 8.3 form; empty when the path does not exist.
   virtual std::string ShortPath(const std::string& path) = 0;

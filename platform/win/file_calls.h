@@ -36,6 +36,9 @@ class FileCalls {
   // it into its place again, unless there is a file: true when it did. DropAside erases it.
   virtual bool BringBack(const std::string& path) const = 0;
   virtual void DropAside(const std::string& path) const = 0;
+  // The security descriptor; empty where there is none.
+  virtual std::string Security(const std::string&) const { return {}; }
+  virtual bool SetSecurity(const std::string&, const std::string&) const { return true; }
   virtual std::string ShortPath(const std::string& path) const = 0;
   // Whether an item may stand for another place.
   virtual bool KnowsLinks() const = 0;

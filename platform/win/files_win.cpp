@@ -186,21 +186,19 @@ Outcome FilesWin::SetAttributes(const std::string& path, std::uint32_t attribute
 
 Outcome FilesWin::SetTimes(const std::string& path, const FileTimes& times) {
   constexpr DWORD kWriteAttributes = 0x100;  // enough, also for read-only files, on the NT family
-  FileHandle file;
-  for (const DWORD access : {kWriteAttributes, DWORD{GENERIC_WRITE}}) {
-    file = calls_.Open(path, access, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING,
-                       FILE_FLAG_BACKUP_SEMANTICS);
-    if (file) break;
-  }
-  if (!file) return FailedWith(GetLastError());
   const FileTime wanted[] = {times.created, times.accessed, times.modified};
   FILETIME set[3];
   for (int i = 0; i < 3; ++i) {
     set[i] = {static_cast<DWORD>(wanted[i]), static_cast<DWORD>(wanted[i] >> 32)};
   }
   const auto pointer = [&](int i) { return wanted[i] ? &set[i] : nullptr; };
-  return SetFileTime(file.get(), pointer(0), pointer(1), pointer(2)) ? Outcome()
-                                                                     : FailedWith(GetLastError());
+  // Windows 95, 98 and Me may open a file for the first right and then refuse the times.
+  for (const DWORD access : {kWriteAttributes, DWORD{GENERIC_WRITE}}) {
+    const FileHandle file = calls_.Open(path, access, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    if (file && SetFileTime(file.get(), pointer(0), pointer(1), pointer(2))) return {};
+  }
+  return FailedWith(GetLastError());
 }
 
 Outcome FilesWin::HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) {
@@ -220,6 +218,13 @@ Outcome FilesWin::CreateGuardedFolder(const std::string& path) {
 }
 
 bool FilesWin::IsGuarded(const std::string& folder) { return calls_.IsGuarded(folder); }
+
+std::string FilesWin::Security(const std::string& path) { return calls_.Security(path); }
+
+Outcome FilesWin::SetSecurity(const std::string& path, const std::string& descriptor) {
+  if (descriptor.empty() || calls_.SetSecurity(path, descriptor)) return {};
+  return FailedWith(GetLastError());
+}
 
 std::string FilesWin::ShortPath(const std::string& path) { return calls_.ShortPath(path); }
 

@@ -29,6 +29,8 @@ class FilesWin : public Files {
   Outcome Identify(const std::string& path, FileId* id) override;
   Outcome CreateGuardedFolder(const std::string& path) override;
   bool IsGuarded(const std::string& folder) override;
+  std::string Security(const std::string& path) override;
+  Outcome SetSecurity(const std::string& path, const std::string& descriptor) override;
   std::string ShortPath(const std::string& path) override;
   std::vector<Drive> Drives() override;
   bool IsReady(const std::string& root) override;

@@ -160,6 +160,14 @@ Outcome FakeFiles::SetAttributes(const std::string& path, std::uint32_t attribut
   return {};
 }
 
+Outcome FakeFiles::SetSecurity(const std::string& path, const std::string& descriptor) {
+  if (const ErrorCode error = BeginChange("Security " + path)) return Outcome::Failed(error);
+  Node* node = Find(path);
+  if (!node) return Outcome::Failed(kFileNotFound);
+  node->security = descriptor;
+  return {};
+}
+
 Outcome FakeFiles::SetTimes(const std::string& path, const FileTimes& times) {
   if (const ErrorCode fault = BeginChange("Times " + path)) return Outcome::Failed(fault);
   const Place place = Walk(path, true);

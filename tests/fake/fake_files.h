@@ -20,6 +20,7 @@ struct Node {
   std::string short_name;
   std::string content;
   std::string target;  // of a link
+  std::string security;
   std::uint32_t attributes = 0;
   FileTime modified = 0;
   FileTime accessed = 0;
@@ -132,6 +133,11 @@ class FakeFiles : public Files {
   Outcome Identify(const std::string& path, FileId* id) override;
   Outcome CreateGuardedFolder(const std::string& path) override;
   bool IsGuarded(const std::string& folder) override;
+  std::string Security(const std::string& path) override {
+    const Node* node = Find(path);
+    return node ? node->security : std::string();
+  }
+  Outcome SetSecurity(const std::string& path, const std::string& descriptor) override;
   std::string ShortPath(const std::string& path) override;
   std::vector<Drive> Drives() override;
   bool IsReady(const std::string& root) override;
