@@ -3,6 +3,7 @@
 
 #include "backup/block_codec.h"
 #include "backup/byte_order.h"
+#include "backup/sha256.h"
 #include "machine/file_utils.h"
 #include "text/text.h"
 
@@ -12,6 +13,8 @@ namespace {
 constexpr std::string_view kPieceMagic("SWQZP\r\n\x1A", 8);
 constexpr std::string_view kTrailerMagic("QZPEND\r\n", 8);
 constexpr std::size_t kItemSize = 60;  // without its path
+constexpr std::size_t kMoreOfItem = kDigestSize + 4;
+constexpr std::uint64_t kSecurityExtra = 1;
 constexpr std::size_t kLongestItemPath = 0xFFFF;
 
 Outcome Damaged(const char* what) {
@@ -30,7 +33,25 @@ bool SizesFit(const ArchiveItem& item) {
   return item.stored >= 5 * blocks && item.stored <= item.size + 4 * blocks;
 }
 
-ArchiveItem TakeItem(NumberReader& from, bool* valid) {
+std::string ExtrasOf(const ArchiveItem& item) {
+  std::string extras;
+  if (item.security.empty()) return extras;
+  PutNumber(&extras, kSecurityExtra, 1);
+  PutNumber(&extras, item.security.size(), 4);
+  return extras + item.security;
+}
+
+void TakeExtras(std::string_view bytes, ArchiveItem* item, bool* valid) {
+  NumberReader from(bytes);
+  while (from.left() > 0 && *valid) {
+    const std::uint64_t tag = from.Take(1);
+    const std::string_view extra = from.TakeText(from.Take32());
+    if (tag == kSecurityExtra) item->security = extra;
+    *valid = !from.failed();
+  }
+}
+
+ArchiveItem TakeItem(NumberReader& from, std::uint32_t version, bool* valid) {
   ArchiveItem item;
   const std::uint64_t kind = from.Take(1);
   const std::uint64_t reserved = from.Take(1);
@@ -44,9 +65,30 @@ ArchiveItem TakeItem(NumberReader& from, bool* valid) {
   item.offset = from.Take(8);
   item.stored = from.Take(8);
   item.crc = from.Take32();
+  std::uint32_t extras = 0;
+  if (version >= kArchiveVersion) {
+    item.digest = from.TakeText(kDigestSize);
+    if (item.digest == std::string(kDigestSize, '\0')) item.digest.clear();
+    extras = from.Take32();
+  }
   item.path = from.TakeText(length);
+  const std::string_view more = from.TakeText(extras);
   *valid = !from.failed() && kind >= 1 && kind <= 3 && reserved == 0 && length > 0;
+  TakeExtras(more, &item, valid);
   return item;
+}
+
+// They end before the mark.
+bool TakeSpies(NumberReader& from, std::vector<ArchiveSpy>* spies) {
+  const std::uint32_t count = from.Take32();
+  if (count > from.left() / 4) return false;
+  for (std::uint32_t i = 0; i < count && !from.failed(); ++i) {
+    ArchiveSpy& spy = spies->emplace_back();
+    spy.spy = from.TakeText(from.Take(2));
+    spy.place = from.TakeText(from.Take(2));
+  }
+  from.TakeText(kDigestSize);
+  return !from.failed();
 }
 
 }  // namespace
@@ -70,7 +112,7 @@ Outcome DecodePieceHeader(std::string_view bytes, PieceHeader* header) {
     return Outcome::Failed(kTypeMismatch, "The file is not a backup archive");
   }
   header->version = from.Take32();
-  if (header->version != kArchiveVersion && header->version != kAnsiArchiveVersion) {
+  if (header->version < kAnsiArchiveVersion || header->version > kArchiveVersion) {
     return Outcome::Failed(
         kTypeMismatch, "The archive has the unknown version " + std::to_string(header->version));
   }
@@ -107,7 +149,9 @@ Outcome DecodeTrailer(std::string_view bytes, ArchiveTrailer* trailer) {
   return {};
 }
 
-std::size_t EncodedSize(const ArchiveItem& item) { return kItemSize + item.path.size(); }
+std::size_t EncodedSize(const ArchiveItem& item) {
+  return kItemSize + kMoreOfItem + item.path.size() + ExtrasOf(item).size();
+}
 
 std::string EncodeIndex(const ArchiveIndex& index) {
   std::string bytes;
@@ -124,12 +168,30 @@ std::string EncodeIndex(const ArchiveIndex& index) {
       PutNumber(&bytes, number, 8);
     }
     PutNumber(&bytes, item.crc, 4);
-    bytes += item.path;
+    const std::string extras = ExtrasOf(item);
+    bytes += item.digest.empty() ? std::string(kDigestSize, '\0') : item.digest;
+    PutNumber(&bytes, extras.size(), 4);
+    bytes += item.path + extras;
+  }
+  PutNumber(&bytes, index.spies.size(), 4);
+  for (const ArchiveSpy& spy : index.spies) {
+    for (const std::string* text : {&spy.spy, &spy.place}) {
+      PutNumber(&bytes, text->size(), 2);
+      bytes += *text;
+    }
   }
   return bytes;
 }
 
-Outcome DecodeIndex(std::string_view bytes, std::uint64_t last_data, ArchiveIndex* index) {
+std::string MarkOf(std::string_view index, std::uint64_t identity, std::string_view key) {
+  if (key.empty()) return std::string(kDigestSize, '\0');
+  std::string bytes;
+  PutNumber(&bytes, identity, 8);
+  return KeyedDigest(key, bytes.append(index));
+}
+
+Outcome DecodeIndex(std::string_view bytes, std::uint64_t last_data, std::uint32_t version,
+                    ArchiveIndex* index) {
   NumberReader from(bytes);
   const std::uint32_t volumes = from.Take32();
   if (volumes > kMostVolumes || volumes > from.left() / 8) return Damaged("it has no volume list");
@@ -149,7 +211,7 @@ Outcome DecodeIndex(std::string_view bytes, std::uint64_t last_data, ArchiveInde
   std::uint64_t end = 0;
   for (std::uint32_t i = 0; i < count; ++i) {
     bool valid = false;
-    index->items.push_back(TakeItem(from, &valid));
+    index->items.push_back(TakeItem(from, version, &valid));
     const ArchiveItem& item = index->items.back();
     if (!valid || !SizesFit(item)) return Damaged("its list holds an impossible item");
     // Items that share data could make a small archive expand without end.
@@ -157,6 +219,9 @@ Outcome DecodeIndex(std::string_view bytes, std::uint64_t last_data, ArchiveInde
       return Damaged("an item lies outside of its data");
     }
     end = item.offset + item.stored;
+  }
+  if (version >= kArchiveVersion && !TakeSpies(from, &index->spies)) {
+    return Damaged("its list of spies is cut off");
   }
   return from.left() == 0 ? Outcome() : Damaged("its list is too long");
 }

@@ -15,8 +15,10 @@ namespace scourwell {
 // archive, another version, another archive), kPastEndOfFile (something is missing) or
 // kDeviceError (damaged).
 
-inline constexpr unsigned kArchiveVersion = 2;
-// Its paths are bytes of the ANSI code page of the machine; otherwise it is the same.
+inline constexpr unsigned kArchiveVersion = 3;
+// Its items have neither digests nor extras, and its index ends behind them.
+inline constexpr unsigned kPlainArchiveVersion = 2;
+// The same, and its paths are bytes of the ANSI code page of the machine.
 inline constexpr unsigned kAnsiArchiveVersion = 1;
 inline constexpr std::size_t kPieceHeaderSize = 32;
 inline constexpr std::size_t kTrailerSize = 40;
@@ -36,6 +38,8 @@ struct ArchiveItem {
   std::uint64_t offset = 0;  // of the first block, within the data of all pieces
   std::uint64_t stored = 0;  // bytes of all its blocks with their headers
   std::uint32_t crc = 0;     // of the content
+  std::string digest;        // SHA-256 of the content; empty: unknown
+  std::string security;      // the system's descriptor of who may do what; empty: unknown
 };
 
 struct PieceHeader {
@@ -51,9 +55,16 @@ struct ArchiveTrailer {
   std::uint32_t index_crc = 0;
 };
 
+// The spy to which what lies at or below a place belongs.
+struct ArchiveSpy {
+  std::string spy;
+  std::string place;  // a path or a key
+};
+
 struct ArchiveIndex {
   std::vector<std::uint64_t> volumes;  // bytes of data in each piece but the last
   std::vector<ArchiveItem> items;      // in the order of their data
+  std::vector<ArchiveSpy> spies;
 };
 
 std::string EncodePieceHeader(const PieceHeader& header);
@@ -63,8 +74,12 @@ Outcome DecodeTrailer(std::string_view bytes, ArchiveTrailer* trailer);
 // The bytes that an item adds to the index.
 std::size_t EncodedSize(const ArchiveItem& item);
 std::string EncodeIndex(const ArchiveIndex& index);
-// `last_data`: bytes of data in the last piece. Paths are not judged.
-Outcome DecodeIndex(std::string_view bytes, std::uint64_t last_data, ArchiveIndex* index);
+// The keyed digest of an index, of kDigestSize bytes, that ends it: only who knows the key of the
+// machine can make it. Without a key it says nothing.
+std::string MarkOf(std::string_view index, std::uint64_t identity, std::string_view key);
+// `last_data`: bytes of data in the last piece. Paths are not judged, and the mark is passed over.
+Outcome DecodeIndex(std::string_view bytes, std::uint64_t last_data, std::uint32_t version,
+                    ArchiveIndex* index);
 
 // "name.q01", "name.q100".
 std::string VolumeName(std::string_view name, std::uint32_t number);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "backup/block_codec.h"
+#include "backup/sha256.h"
 
 namespace scourwell {
 namespace {
@@ -16,10 +17,10 @@ Outcome Damaged(const ArchiveItem& item) {
 
 }  // namespace
 
-Outcome ArchiveReader::Open(const std::string& path, FindVolume find) {
-  Outcome opened = volumes_.Open(path, std::move(find), &items_);
+Outcome ArchiveReader::Open(const std::string& path, FindVolume find, const std::string& key) {
+  Outcome opened = volumes_.Open(path, std::move(find), key, &index_);
   if (!opened.ok() || volumes_.version() != kAnsiArchiveVersion) return opened;
-  for (ArchiveItem& item : items_) {
+  for (ArchiveItem& item : index_.items) {
     const std::string bytes = std::move(item.path);
     if (!code_pages_.Decode(code_pages_.System(), bytes, &item.path).ok()) {
       return Outcome::Failed(kDeviceError, "The archive is damaged: it holds impossible names");
@@ -48,27 +49,31 @@ Outcome ArchiveReader::ReadBlock(const ArchiveItem& item, std::uint64_t* at, std
 }
 
 Outcome ArchiveReader::ReadItem(std::size_t number, const Sink& sink) {
-  if (number >= items_.size()) return Outcome::Failed(kInvalidCall);
-  const ArchiveItem& item = items_[number];
+  if (number >= index_.items.size()) return Outcome::Failed(kInvalidCall);
+  const ArchiveItem& item = index_.items[number];
   std::uint64_t at = item.offset;
   std::uint32_t crc = 0;
+  Sha256 digest;
   for (std::uint64_t left = item.size; left > 0;) {
     if (!pump_.Next()) return Outcome::Failed(kInvalidCall, "Stopped before the end");
     const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(left, kArchiveBlock));
     std::string_view plain;
     if (Outcome read = ReadBlock(item, &at, size, &plain); !read.ok()) return read;
     crc = Crc32(plain, crc);
+    if (!item.digest.empty()) digest.Add(plain);
     if (Outcome taken = sink(plain); !taken.ok()) return taken;
     left -= size;
   }
-  return at == item.offset + item.stored && crc == item.crc ? Outcome() : Damaged(item);
+  const bool right = at == item.offset + item.stored && crc == item.crc &&
+                     (item.digest.empty() || digest.Finish() == item.digest);
+  return right ? Outcome() : Damaged(item);
 }
 
 std::vector<ItemReport> ArchiveReader::Verify() {
   std::vector<ItemReport> damaged;
-  for (std::size_t i = 0; i < items_.size() && !pump_.closing(); ++i) {
+  for (std::size_t i = 0; i < index_.items.size() && !pump_.closing(); ++i) {
     Outcome read = ReadItem(i, [](std::string_view) { return Outcome(); });
-    if (!read.ok()) damaged.push_back({items_[i].path, std::move(read)});
+    if (!read.ok()) damaged.push_back({index_.items[i].path, std::move(read)});
   }
   return damaged;
 }

@@ -25,11 +25,14 @@ class ArchiveReader {
 
   // Once. Reads the index alone, which lies in the last piece ("name.qzp"). Other volumes are
   // looked for beside it first, then where `find` says. kTypeMismatch: no archive, or another
-  // version; kPastEndOfFile: cut off; kDeviceError: damaged.
-  Outcome Open(const std::string& path, FindVolume find = {});
+  // version; kPastEndOfFile: cut off; kDeviceError: damaged. `key`: of this machine.
+  Outcome Open(const std::string& path, FindVolume find = {}, const std::string& key = {});
 
   // What the archive claims: paths may be hostile, see IsStorablePath and IsScriptName.
-  const std::vector<ArchiveItem>& items() const { return items_; }
+  const std::vector<ArchiveItem>& items() const { return index_.items; }
+  const std::vector<ArchiveSpy>& spies() const { return index_.spies; }
+  // False as well for what is older than the marks.
+  bool made_here() const { return volumes_.made_here(); }
   // How many pieces the archive has.
   std::size_t volumes() const { return volumes_.volumes(); }
 
@@ -46,7 +49,7 @@ class ArchiveReader {
   Pump& pump_;
   CodePages& code_pages_;
   VolumeReader volumes_;
-  std::vector<ArchiveItem> items_;
+  ArchiveIndex index_;
   std::string stored_;
   std::string plain_;
 };

@@ -57,12 +57,10 @@ Outcome ArchiveWriter::AddFile(const std::string& path) {
   if (!open_) return broken_.ok() ? Outcome::Failed(kInvalidCall) : broken_;
   const std::string plain = std::string(WithoutEndSeparators(path));
   DirEntry entry;
-  Outcome found;
-  if (!IsStorablePath(plain)) {
-    found = Outcome::Failed(kBadFileName, "The path cannot be stored");
-  } else {
-    found = files_.Stat(plain, &entry);
-  }
+  Outcome found = Outcome::Failed(kBadFileName, "The path cannot be stored");
+  std::vector<std::unique_ptr<FolderHold>> way;
+  if (IsStorablePath(plain)) found = HoldWay(plain, &way);
+  if (found.ok()) found = files_.Stat(plain, &entry);
   if (found.ok()) {
     // Should a folder have to be made again, its 8.3 name would not do.
     const std::string real = RealPath(files_, plain);
@@ -71,6 +69,18 @@ Outcome ArchiveWriter::AddFile(const std::string& path) {
     Fail(path, std::move(found));
   }
   return broken_;
+}
+
+// As a removal does: what lies behind a link among the folders above belongs to somebody else.
+Outcome ArchiveWriter::HoldWay(const std::string& path,
+                               std::vector<std::unique_ptr<FolderHold>>* way) {
+  for (std::size_t end = FindSeparator(path, RootSize(path)); end != path.npos;
+       end = FindSeparator(path, end + 1)) {
+    std::unique_ptr<FolderHold> hold;
+    if (Outcome held = files_.HoldFolder(path.substr(0, end), &hold); !held.ok()) return held;
+    way->push_back(std::move(hold));
+  }
+  return {};
 }
 
 void ArchiveWriter::AddTree(const std::string& path, const DirEntry& entry) {
@@ -96,16 +106,22 @@ void ArchiveWriter::AddFolder(const std::string& path, const DirEntry& entry) {
     });
   }
   if (!listed.ok()) return Fail(path, std::move(listed));
-  if (stored_.count(path) == 0 &&
-      !Keep(ItemFor(ItemKind::Folder, path, entry, volumes_.position())))
-    return;
+  if (stored_.count(path) == 0) {
+    ArchiveItem item = ItemFor(ItemKind::Folder, path, entry, volumes_.position());
+    item.security = files_.Security(path);
+    if (!Keep(std::move(item))) return;
+  }
   for (const DirEntry& child : found) AddTree(AddPathToFileName(path, child.name), child);
+}
+
+bool ArchiveWriter::RoomFor(std::size_t bytes) const {
+  return index_size_ + bytes <= kLargestIndex - (kMostVolumes + 1) * 8 - kDigestSize;
 }
 
 // Fails what would make the index larger than it is ever read.
 bool ArchiveWriter::Keep(ArchiveItem item) {
   const std::size_t size = EncodedSize(item);
-  if (index_size_ + size > kLargestIndex - (kMostVolumes + 1) * 8) {
+  if (!RoomFor(size)) {
     Fail(item.path, Outcome::Failed(kOverflow, "The archive holds too many items"));
     return false;
   }
@@ -123,6 +139,7 @@ void ArchiveWriter::AddContent(const std::string& path, const DirEntry& entry) {
     return Fail(path, std::move(opened));
   }
   ArchiveItem item = ItemFor(ItemKind::File, path, entry, volumes_.position());
+  item.security = files_.Security(path);
   Outcome stored = StoreContent(*reader, &item);
   if (!broken_.ok()) return;
   if (!stored.ok()) return Fail(path, std::move(stored));
@@ -133,6 +150,7 @@ void ArchiveWriter::AddContent(const std::string& path, const DirEntry& entry) {
 // What was stored of a file that fails midway stays in the data, but no item owns it.
 Outcome ArchiveWriter::StoreContent(FileReader& reader, ArchiveItem* item) {
   std::size_t filled = kArchiveBlock;
+  Sha256 digest;
   while (filled == kArchiveBlock) {
     if (Outcome read = reader.ReadAt(item->size, block_.data(), kArchiveBlock, &filled);
         !read.ok()) {
@@ -140,18 +158,21 @@ Outcome ArchiveWriter::StoreContent(FileReader& reader, ArchiveItem* item) {
     }
     if (filled == 0) break;
     if (item->size > kLargestSize - filled) return Outcome::Failed(kOverflow);
-    if (Outcome stored = StoreBlock({block_.data(), filled}, item); !stored.ok()) return stored;
+    if (Outcome stored = StoreBlock({block_.data(), filled}, item, &digest); !stored.ok())
+      return stored;
   }
+  item->digest = digest.Finish();
   return {};
 }
 
-Outcome ArchiveWriter::StoreBlock(std::string_view plain, ArchiveItem* item) {
+Outcome ArchiveWriter::StoreBlock(std::string_view plain, ArchiveItem* item, Sha256* digest) {
   std::string_view stored;
   Outcome packed = packer_.Pack(plain, &stored);
   if (packed.ok()) packed = volumes_.Write(stored);
   if (packed.ok() && !pump_.Next()) packed = Stopped();
   if (!packed.ok()) return Abandon(std::move(packed));
   item->crc = Crc32(plain, item->crc);
+  digest->Add(plain);
   item->size += plain.size();
   item->stored += stored.size();
   return {};
@@ -164,18 +185,30 @@ Outcome ArchiveWriter::AddScript(const std::string& name, std::string_view text)
   item.kind = ItemKind::Script;
   item.path = name;
   item.offset = volumes_.position();
+  Sha256 digest;
   while (!text.empty()) {
     const std::string_view block = text.substr(0, kArchiveBlock);
-    if (Outcome stored = StoreBlock(block, &item); !stored.ok()) return stored;
+    if (Outcome stored = StoreBlock(block, &item, &digest); !stored.ok()) return stored;
     text.remove_prefix(block.size());
   }
+  item.digest = digest.Finish();
   return Keep(std::move(item)) ? Outcome() : Outcome::Failed(kOverflow);
 }
 
-Outcome ArchiveWriter::Finish() {
+// A text that is cut would name another place.
+void ArchiveWriter::AddSpy(const std::string& spy, const std::string& place) {
+  constexpr std::size_t kLongest = 0xFFFF;
+  const std::size_t size = 4 + spy.size() + place.size();
+  if (spy.size() > kLongest || place.size() > kLongest || !RoomFor(size)) return;
+  index_size_ += size;
+  spies_.push_back({spy, place});
+}
+
+Outcome ArchiveWriter::Finish(const std::string& key) {
   if (!open_) return broken_.ok() ? Outcome::Failed(kInvalidCall) : broken_;
   if (pump_.closing()) return Abandon(Stopped());
-  if (Outcome finished = volumes_.Finish(items_); !finished.ok()) {
+  if (Outcome finished = volumes_.Finish({{}, std::move(items_), std::move(spies_)}, key);
+      !finished.ok()) {
     return Abandon(std::move(finished));
   }
   open_ = false;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "backup/block_codec.h"
+#include "backup/sha256.h"
 #include "backup/volume_writer.h"
 #include "platform/clock.h"
 #include "platform/files.h"
@@ -45,20 +46,24 @@ class ArchiveWriter {
   Outcome AddFile(const std::string& path);
   // A registry script with a bare file name. kBadFileName: it is none.
   Outcome AddScript(const std::string& name, std::string_view text);
-  // Once, as the last call.
-  Outcome Finish();
+  // The spy to which what lies at or below a place belongs.
+  void AddSpy(const std::string& spy, const std::string& place);
+  // Once, as the last call. `key`: the archive bears the mark of this machine.
+  Outcome Finish(const std::string& key = {});
 
   const ArchiveResult& result() const { return result_; }
   // The piece with the index; valid after Finish.
   const std::string& path() const { return volumes_.path(); }
 
  private:
+  Outcome HoldWay(const std::string& path, std::vector<std::unique_ptr<FolderHold>>* way);
   void AddTree(const std::string& path, const DirEntry& entry);
   void AddFolder(const std::string& path, const DirEntry& entry);
   void AddContent(const std::string& path, const DirEntry& entry);
   Outcome StoreContent(FileReader& reader, ArchiveItem* item);
-  Outcome StoreBlock(std::string_view plain, ArchiveItem* item);
+  Outcome StoreBlock(std::string_view plain, ArchiveItem* item, Sha256* digest);
   bool Keep(ArchiveItem item);
+  bool RoomFor(std::size_t bytes) const;
   void Fail(const std::string& path, Outcome why) {
     result_.failed.push_back({path, std::move(why)});
   }
@@ -74,6 +79,7 @@ class ArchiveWriter {
   BlockPacker packer_;
   std::string block_;
   std::vector<ArchiveItem> items_;
+  std::vector<ArchiveSpy> spies_;
   std::unordered_set<std::string, NoCaseHash, NoCaseEqual> stored_;
   std::size_t index_size_ = 0;
   bool open_ = false;

@@ -11,32 +11,10 @@ namespace scourwell {
 namespace {
 
 constexpr char kEnding[] = ".qzp";
-constexpr char kScriptEnding[] = ".reg";
-constexpr char kExport64[] = "export64.reg";
-constexpr std::uint32_t kImportLimit = 15'000;  // milliseconds for one script
+constexpr char kFirstEnding[] = ".q01";
+constexpr int kMostQuestions = 100;  // for one piece
 constexpr unsigned kMostNames = 1000;
 constexpr std::size_t kLongestFileName = 255;  // 16-bit units
-
-// The rules of removal hold for restoring too: an archive is only a file that somebody made. What
-// is put back, or lies there unchanged, must not go at the next start.
-class Guard : public RestoreGuard {
- public:
-  explicit Guard(const Backups::Parts& parts)
-      : guard_(parts.files, parts.folders),
-        next_start_({parts.files, parts.system, parts.registry, parts.code_pages, parts.os,
-                     parts.folders}) {}
-
-  Outcome Allow(const std::string& path, std::vector<std::unique_ptr<FolderHold>>* holds) override {
-    HeldWay way;
-    Outcome allowed = guard_.Allow(path, &way);
-    for (auto& hold : way) holds->push_back(std::move(hold));
-    return allowed.ok() ? next_start_.Withdraw(path) : std::move(allowed);
-  }
-
- private:
-  PathGuard guard_;
-  NextStart next_start_;
-};
 
 // A listing compares 8.3 names too: its "*.reg" finds "notes.registry".
 bool HasEnding(std::string_view name, std::string_view ending) {
@@ -44,7 +22,19 @@ bool HasEnding(std::string_view name, std::string_view ending) {
 }
 
 std::string Stem(const std::string& key) {
-  return HasEnding(key, kEnding) ? key.substr(0, key.size() - 4) : key;
+  return HasEnding(key, kEnding) || HasEnding(key, kFirstEnding) ? key.substr(0, key.size() - 4)
+                                                                 : key;
+}
+
+bool IsBareName(const std::string& key) {
+  return !key.empty() && !HoldsSeparator(key) && key.find_first_of("/:*?") == key.npos;
+}
+
+// The key of a finding that lies in the registry.
+std::string KeyOf(const FoundObject& object) {
+  if (const auto* key = std::get_if<FoundKey>(&object)) return FullKeyPath(key->place);
+  if (const auto* value = std::get_if<FoundValue>(&object)) return FullKeyPath(value->key);
+  return {};
 }
 
 }  // namespace
@@ -66,7 +56,7 @@ bool Backups::IsUsableName(const std::string& name) const {
   }
   if (name.front() == ' ' || name.back() == ' ' || name.front() == '.') return false;
   return IsPlainPath(PathOf(name + kEnding)) &&
-         ToUtf16(name + kExport64).size() <= kLongestFileName;
+         ToUtf16(name + kExported64Ending).size() <= kLongestFileName;
 }
 
 bool Backups::Exists(const std::string& name) const {
@@ -83,19 +73,7 @@ std::string Backups::NameForNow() const {
   return name;
 }
 
-// Leftovers of an earlier run must never be imported by mistake.
-void Backups::DeleteScripts() {
-  std::vector<std::string> names;
-  static_cast<void>(parts_.files.List(PathOf("*.reg"), [&](const DirEntry& entry) {
-    if (!entry.IsFolder() && HasEnding(entry.name, kScriptEnding)) names.push_back(entry.name);
-    return true;
-  }));
-  for (const std::string& name : names) {
-    parts_.log.Trap("cmdBackup", [&] { return parts_.files.EraseFile(PathOf(name)); });
-  }
-}
-
-BackupReport Backups::Create(const std::string& name, const std::vector<const FoundObject*>& rows,
+BackupReport Backups::Create(const std::string& name, const std::vector<const Finding*>& rows,
                              ArchiveOptions options) {
   BackupReport report;
   report.archive = parts_.log.TrapOutcome("cmdBackup", [&]() -> Outcome {
@@ -109,26 +87,21 @@ BackupReport Backups::Create(const std::string& name, const std::vector<const Fo
   return report;
 }
 
-Outcome Backups::Store(const std::string& name, const std::vector<const FoundObject*>& rows,
+Outcome Backups::Store(const std::string& name, const std::vector<const Finding*>& rows,
                        ArchiveOptions options, BackupReport* report) {
   if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
   if (!IsUsableName(name)) return Outcome::Failed(kBadFileName);
-  DeleteScripts();
+  RestoreRun::EraseScripts(parts_.files, parts_.settings.BackupFolder, parts_.log);
   ArchiveWriter archive(parts_.files, parts_.clock, parts_.pump);
   if (Outcome made = archive.Create(PathOf(name + kEnding), std::move(options)); !made.ok()) {
     return made;
   }
   RegistryBackup registry(parts_.registry, parts_.registry64, parts_.pump, parts_.code_pages,
-                          ReaderOf(parts_.os));
+                          ScriptReader::Unicode);
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const std::size_t failed = archive.result().failed.size();
     const std::size_t left_out = registry.left_out().size();
-    registry.Add(*rows[i]);
-    DirEntry there;
-    const std::string* path = PathOnDisk(*rows[i]);
-    if (path && parts_.files.Stat(*path, &there).code() != kFileNotFound) {
-      if (Outcome added = archive.AddFile(*path); !added.ok()) return added;
-    }
+    if (Outcome added = StoreRow(*rows[i], &registry, &archive); !added.ok()) return added;
     if (archive.result().failed.size() > failed || registry.left_out().size() > left_out) {
       report->failed_rows.push_back(i);
     }
@@ -136,10 +109,40 @@ Outcome Backups::Store(const std::string& name, const std::vector<const FoundObj
   for (const ItemReport& item : archive.result().failed) {
     report->failures.push_back(item.path + ": " + item.why.description());
   }
+  // What is stored only in part belongs to the report, but hinders nothing.
+  for (const ItemReport& item : archive.result().notes) {
+    report->failures.push_back(item.path + ": " + item.why.description());
+  }
   report->failures.insert(report->failures.end(), registry.left_out().begin(),
                           registry.left_out().end());
-  Outcome added = AddScripts(name, registry, &archive);
-  return added.ok() ? archive.Finish() : std::move(added);
+  Outcome done = AddScripts(name, registry, &archive);
+  if (done.ok()) done = archive.Finish(KeyOfMachine(parts_.kept, parts_.system));
+  if (done.ok()) RememberPlace(archive.path());
+  return done;
+}
+
+Outcome Backups::StoreRow(const Finding& row, RegistryBackup* registry, ArchiveWriter* archive) {
+  registry->Add(row.object);
+  const std::string* path = PathOnDisk(row.object);
+  archive->AddSpy(row.spy, path ? std::string(WithoutEndSeparators(*path)) : KeyOf(row.object));
+  DirEntry there;
+  if (!path || parts_.files.Stat(*path, &there).code() == kFileNotFound) return {};
+  return archive->AddFile(*path);
+}
+
+// Without this, an archive that was continued on another disk would never be seen again.
+void Backups::RememberPlace(const std::string& path) {
+  const std::string_view name = FileNamePart(path);
+  ArchivePlace place{std::string(name), path.substr(0, path.size() - name.size())};
+  DirEntry there;
+  if (parts_.files.Stat(path, &there).ok()) {
+    place.size = there.size;
+    place.modified = there.modified;
+  }
+  const bool inside = EqualsNoCase(WithoutEndSeparators(place.folder),
+                                   WithoutEndSeparators(parts_.settings.BackupFolder));
+  parts_.log.Trap("cmdBackup",
+                  [&] { return inside ? places_.Forget(place.key) : places_.Remember(place); });
 }
 
 // Scripts stand in the order in which they are imported: what knows the true types comes last.
@@ -150,10 +153,10 @@ Outcome Backups::AddScripts(const std::string& name, const RegistryBackup& regis
     const RegScript* script;
     bool always;
   } scripts[] = {
-      {"key.reg", &registry.keys(), true},
-      {"val.reg", &registry.values(), true},
-      {"export.reg", &registry.exported(), false},
-      {kExport64, &registry.exported64(), false},
+      {kKeysEnding, &registry.keys(), true},
+      {kValuesEnding, &registry.values(), true},
+      {kExportedEnding, &registry.exported(), false},
+      {kExported64Ending, &registry.exported64(), false},
   };
   for (const auto& [ending, script, always] : scripts) {
     if (script->empty() && !always) continue;
@@ -166,83 +169,107 @@ Outcome Backups::AddScripts(const std::string& name, const RegistryBackup& regis
 
 std::vector<BackupRow> Backups::List() {
   std::vector<BackupRow> rows;
+  std::vector<BackupRow> begun;  // first volumes
   parts_.log.Trap("frmBackup_Load", [&]() -> Outcome {
     if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
-    return parts_.files.List(PathOf("*.qzp"), [&](const DirEntry& entry) {
-      if (!entry.IsFolder() && HasEnding(entry.name, kEnding)) {
+    Outcome listed = parts_.files.List(PathOf("*.q*"), [&](const DirEntry& entry) {
+      if (entry.IsFolder()) return true;
+      if (HasEnding(entry.name, kEnding)) {
         rows.push_back({entry.name, entry.size, entry.modified});
+      } else if (HasEnding(entry.name, kFirstEnding)) {
+        begun.push_back({Stem(entry.name) + kEnding, entry.size, entry.modified, std::string()});
       }
       return true;
     });
+    const auto add = [&](BackupRow row) {
+      const auto is_it = [&](const BackupRow& each) { return EqualsNoCase(each.key, row.key); };
+      if (std::ranges::none_of(rows, is_it)) rows.push_back(std::move(row));
+    };
+    for (ArchivePlace& place : places_.All()) {
+      add({place.key, place.size, place.modified, std::move(place.folder)});
+    }
+    for (BackupRow& row : begun) add(std::move(row));
+    return listed;
   });
   return rows;
 }
 
-Outcome Backups::Restore(const std::string& key, const FindVolume& find, RestoreResult* result) {
+// In the backup folder, where it was left, or where somebody says.
+Outcome Backups::FindLastPiece(const std::string& key, const FindVolume& find, std::string* path) {
+  *path = PathOf(key);
+  if (FileExists(parts_.files, *path)) return {};
+  if (const auto place = places_.Find(key)) {
+    *path = AddPathToFileName(place->folder, key);
+    if (FileExists(parts_.files, *path)) return {};
+  } else if (!FileExists(parts_.files, PathOf(VolumeName(Stem(key), 1)))) {
+    return Outcome::Failed(kFileNotFound);
+  }
+  const Outcome missing = Outcome::Failed(kFileNotFound, "The last piece was not found: " + *path);
+  for (int questions = 0; find && questions < kMostQuestions; ++questions) {
+    const std::string folder = find(0, key, missing);
+    if (folder.empty()) break;
+    *path = AddPathToFileName(folder, key);
+    if (FileExists(parts_.files, *path)) return {};
+  }
+  return missing;
+}
+
+// The first pieces of an archive that ends elsewhere lie here. A piece that does not fit is asked
+// for, so the folder is answered only once for each.
+FindVolume Backups::InBackupFolder(FindVolume find) const {
+  return [this, find = std::move(find), tried = 0u](std::uint32_t number, const std::string& name,
+                                                    const Outcome& problem) mutable {
+    if (tried != number && FileExists(parts_.files, PathOf(name))) {
+      tried = number;
+      return parts_.settings.BackupFolder;
+    }
+    return find ? find(number, name, problem) : std::string();
+  };
+}
+
+Outcome Backups::Open(const std::string& key, const FindVolume& find,
+                      std::unique_ptr<RestoreRun>* run) {
   return parts_.log.TrapOutcome("cmdRestore", [&]() -> Outcome {
     if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
-    DeleteScripts();
-    ArchiveReader archive(parts_.files, parts_.pump, parts_.code_pages);
-    if (Outcome opened = archive.Open(PathOf(key), find); !opened.ok()) {
-      return std::move(opened).With("Archive: ", key);
-    }
-    Guard guard(parts_);
-    Extractor extractor(parts_.files, parts_.pump, guard);
-    Outcome extracted = extractor.ExtractAll(archive, parts_.settings.BackupFolder);
-    *result = extractor.result();
-    for (const ItemReport& item : result->failed) {
-      Outcome record = item.why;
-      parts_.log.LogFailure(std::move(record).With("Path: ", item.path), "cmdRestore");
-    }
-    if (!extracted.ok()) return std::move(extracted).With("Archive: ", key);
-    for (const std::string& script : result->scripts) Import(script);
+    if (!IsBareName(key)) return Outcome::Failed(kBadFileName);
+    RestoreRun::EraseScripts(parts_.files, parts_.settings.BackupFolder, parts_.log);
+    std::string path;
+    Outcome opened = FindLastPiece(key, find, &path);
+    auto made = std::make_unique<RestoreRun>(
+        RestoreRun::Parts{parts_.files, parts_.registry, parts_.registry64, parts_.system, parts_.pump,
+                          parts_.shell, parts_.log, parts_.code_pages, parts_.os, parts_.folders,
+                          parts_.settings.BackupFolder, KeyOfMachine(parts_.kept, parts_.system)});
+    if (opened.ok()) opened = made->Open(path, InBackupFolder(find));
+    if (!opened.ok()) return std::move(opened).With("Archive: ", key);
+    *run = std::move(made);
     return {};
   });
 }
 
-// What writes into the 64-bit view. A 64-bit Windows gives our kind of program the 32-bit editor
-// even by the full path of the other one; only when it starts a program, "Sysnative" is a name of
-// the true system folder.
-std::string Backups::Importer64() const {
-  if (FileExists(parts_.files, AddPathToFileName(parts_.folders.system, "reg.exe"))) {
-    return AddPathToFileName(parts_.folders.windows, "Sysnative\\reg.exe") + " import";
-  }
-  return AddPathToFileName(parts_.folders.windows, "regedit.exe") + " /S";
-}
-
-// Each waits for the one before, so that the last word is the last script's.
-void Backups::Import(const std::string& script) {
-  parts_.log.Trap("cmdRestore", [&]() -> Outcome {
-    DirEntry entry;
-    if (!parts_.files.Stat(script, &entry).ok() || entry.size == 0) return {};
-    std::string path = script;
-    if (path.find(' ') != path.npos) path = parts_.files.ShortPath(script);
-    if (path.empty() || path.find(' ') != path.npos) path = "\"" + script + "\"";
-    std::string command = "regedit /I /S " + path;
-    if (Upper(script).ends_with(Upper(kExport64))) {
-      command = Importer64() + " \"" + script + "\"";
-    }
-    Outcome ran = parts_.shell.Run(command, kImportLimit);
-    return ran.ok() ? Outcome() : std::move(ran).With("Script: ", script);
-  });
+Outcome Backups::Restore(RestoreRun& run, const std::vector<bool>& chosen, RestoreResult* result) {
+  return parts_.log.TrapOutcome("cmdRestore", [&] { return run.Restore(chosen, result); });
 }
 
 // The archive first: without its last piece the volumes are worth nothing.
 Outcome Backups::Delete(const std::string& key) {
   return parts_.log.TrapOutcome("cmdClean", [&]() -> Outcome {
     if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
-    if (key.empty() || HoldsSeparator(key) || key.find_first_of("/:*?") != key.npos) {
-      return Outcome::Failed(kBadFileName);
-    }
-    if (Outcome erased = parts_.files.EraseFile(PathOf(key)); !erased.ok()) {
-      return std::move(erased).With("Archive: ", key);
+    if (!IsBareName(key)) return Outcome::Failed(kBadFileName);
+    std::string path;
+    Outcome found = FindLastPiece(key, {}, &path);
+    const bool begun = FileExists(parts_.files, PathOf(VolumeName(Stem(key), 1)));
+    const bool known = found.ok() || begun || places_.Find(key);
+    if (found.ok() || !known) found = parts_.files.EraseFile(path);
+    // A disk that is not there keeps its piece.
+    if (!found.ok() && !(known && found.code() == kFileNotFound)) {
+      return std::move(found).With("Archive: ", key);
     }
     for (std::uint32_t number = 1; number <= kMostVolumes; ++number) {
       const std::string volume = PathOf(VolumeName(Stem(key), number));
       if (!FileExists(parts_.files, volume)) break;
       if (Outcome erased = parts_.files.EraseFile(volume); !erased.ok()) return erased;
     }
-    return {};
+    return places_.Forget(key);
   });
 }
 

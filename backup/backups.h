@@ -4,11 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "backup/archive_places.h"
 #include "backup/archive_writer.h"
-#include "backup/extractor.h"
 #include "backup/registry_backup.h"
-#include "backup/volume_reader.h"
-#include "guard/path_guard.h"
+#include "backup/restore_run.h"
 #include "machine/error_log.h"
 #include "machine/next_start.h"
 #include "machine/op_sys_info.h"
@@ -22,6 +21,9 @@ struct BackupRow {
   std::string key;  // its file name
   std::uint64_t size = 0;
   FileTime modified = 0;
+  // Where its last piece lies when it was continued outside of the backup folder; empty: nobody
+  // knows.
+  std::optional<std::string> elsewhere = {};
 };
 
 struct BackupReport {
@@ -42,12 +44,13 @@ class Backups {
     Clock& clock;
     Pump& pump;
     Shell& shell;
+    System& system;
+    KeptTexts& kept;
     ErrorLog& log;
     CodePages& code_pages;
     const COpSysInfo& os;
     const SystemFolders& folders;
     const AppSettings& settings;
-    System& system;
   };
 
   explicit Backups(const Parts& parts) : parts_(parts) {}
@@ -60,29 +63,33 @@ class Backups {
 
   // Stores the rows in a new archive. Rows that are neither files, folders, cookies nor registry
   // entries, and files that are gone, need no backup.
-  BackupReport Create(const std::string& name, const std::vector<const FoundObject*>& rows,
+  BackupReport Create(const std::string& name, const std::vector<const Finding*>& rows,
                       ArchiveOptions options = {});
 
-  // The archives in the order of the folder's listing.
+  // The archives in the order of the folder's listing, then those whose last piece lies elsewhere.
   std::vector<BackupRow> List();
-  // Brings back what the archive holds: files and folders to their places, the scripts through the
-  // registry editor, one after another. `find` asks for volumes that do not lie beside it.
-  Outcome Restore(const std::string& key, const FindVolume& find, RestoreResult* result);
+  // Reads what an archive holds, for a choice of what comes back. `find` asks for pieces that lie
+  // neither beside it nor in the backup folder.
+  Outcome Open(const std::string& key, const FindVolume& find, std::unique_ptr<RestoreRun>* run);
+  // Brings back what is chosen of it.
+  Outcome Restore(RestoreRun& run, const std::vector<bool>& chosen, RestoreResult* result);
   // The volumes that lie beside it go, too.
   Outcome Delete(const std::string& key);
 
  private:
   std::string PathOf(std::string_view file_name) const;
   Outcome CheckFolder() const;
-  void DeleteScripts();
-  Outcome Store(const std::string& name, const std::vector<const FoundObject*>& rows,
+  Outcome Store(const std::string& name, const std::vector<const Finding*>& rows,
                 ArchiveOptions options, BackupReport* report);
+  Outcome StoreRow(const Finding& row, RegistryBackup* registry, ArchiveWriter* archive);
+  void RememberPlace(const std::string& path);
+  Outcome FindLastPiece(const std::string& key, const FindVolume& find, std::string* path);
+  FindVolume InBackupFolder(FindVolume find) const;
   Outcome AddScripts(const std::string& name, const RegistryBackup& registry,
                      ArchiveWriter* archive);
-  void Import(const std::string& script);
-  std::string Importer64() const;
 
   Parts parts_;
+  ArchivePlaces places_{parts_.kept};
 };
 
 }  // namespace scourwell

@@ -18,10 +18,9 @@ Outcome Refused(const char* why) { return Outcome::Failed(kPathFileAccess, why);
 
 }  // namespace
 
-Outcome Extractor::ExtractAll(ArchiveReader& archive, const std::string& script_folder) {
+Outcome Extractor::ExtractAll(ArchiveReader& archive) {
   for (std::size_t i = 0; i < archive.items().size() && pump_.Next(); ++i) {
-    const bool script = archive.items()[i].kind == ItemKind::Script;
-    static_cast<void>(script ? ExtractScript(archive, i, script_folder) : ExtractItem(archive, i));
+    if (archive.items()[i].kind != ItemKind::Script) static_cast<void>(ExtractItem(archive, i));
   }
   FinishFolders();
   if (!pump_.closing()) return {};
@@ -52,12 +51,18 @@ Outcome Extractor::Extract(ArchiveReader& archive, std::size_t number) {
       MakeFolders(folder ? item.path : std::string(FolderPart(item.path)), &holds, &made);
   // What was made must be held as well, and may have been swapped since.
   if (done.ok() && !made.empty()) done = guard_.Allow(item.path, &holds);
-  if (done.ok() && folder) folders_.push_back(item);
+  if (done.ok() && folder) KeepFolder(item, archive.made_here());
   if (done.ok() && !folder) done = ExtractFile(archive, number);
   if (done.ok()) return done;
   holds.clear();
   for (; !made.empty(); made.pop_back()) static_cast<void>(files_.RemoveFolder(made.back()));
   return done;
+}
+
+// Another machine's users are not ours.
+void Extractor::KeepFolder(const ArchiveItem& item, bool made_here) {
+  folders_.push_back(item);
+  if (!made_here) folders_.back().security.clear();
 }
 
 Outcome Extractor::MakeFolders(const std::string& folder, Holds* holds,
@@ -96,7 +101,7 @@ Outcome Extractor::ExtractFile(ArchiveReader& archive, std::size_t number) {
   if (Outcome opened = files_.OpenWriter(item.path, &writer); !opened.ok()) return opened;
   if (Outcome written = WriteContent(archive, number, *writer); !written.ok()) return written;
   if (Outcome taken = TakePlace(item, *writer); !taken.ok()) return taken;
-  Stamp(item);
+  Stamp(item, archive.made_here());
   return {};
 }
 
@@ -157,8 +162,12 @@ Outcome Extractor::MoveAside(const std::string& path, std::string* kept_as) {
 }
 
 // Times first: a read-only file may refuse them.
-void Extractor::Stamp(const ArchiveItem& item) {
+void Extractor::Stamp(const ArchiveItem& item, bool made_here) {
   Outcome stamped = files_.SetTimes(item.path, item.times);
+  if (made_here && !item.security.empty()) {
+    Outcome secured = files_.SetSecurity(item.path, item.security);
+    if (stamped.ok()) stamped = std::move(secured);
+  }
   Outcome marked = files_.SetAttributes(item.path, item.attributes & kSettable);
   if (stamped.ok()) stamped = std::move(marked);
   if (!stamped.ok()) result_.notes.push_back({item.path, std::move(stamped)});
@@ -179,37 +188,12 @@ void Extractor::FinishFolders() {
       allowed = Refused("The folder was swapped meanwhile");
     }
     if (allowed.ok()) {
-      Stamp(item);
+      Stamp(item, !item.security.empty());
     } else {
       result_.notes.push_back({item.path, std::move(allowed)});
     }
   }
   folders_.clear();
-}
-
-Outcome Extractor::ExtractScript(ArchiveReader& archive, std::size_t number,
-                                 const std::string& folder) {
-  if (number >= archive.items().size()) return Outcome::Failed(kInvalidCall);
-  const ArchiveItem& item = archive.items()[number];
-  const std::string path = AddPathToFileName(folder, item.path);
-  DirEntry there;
-  std::unique_ptr<FileWriter> writer;
-  Outcome done;
-  if (item.kind != ItemKind::Script || !IsScriptName(item.path)) {
-    done = Outcome::Failed(kBadFileName, "The archive names a script that is not allowed");
-  } else {
-    done = files_.Stat(path, &there);
-    if (done.ok()) done = Outcome::Failed(kFileExists, "Another script lies in its place");
-    if (done.code() == kFileNotFound) done = files_.OpenWriter(path, &writer);
-  }
-  if (writer) done = WriteContent(archive, number, *writer);
-  if (writer && done.ok()) done = writer->Commit();
-  if (done.ok()) {
-    result_.scripts.push_back(path);
-  } else {
-    result_.failed.push_back({item.path, done});
-  }
-  return done;
 }
 
 }  // namespace scourwell

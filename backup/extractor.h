@@ -18,12 +18,11 @@ struct KeptFile {
 };
 
 struct RestoreResult {
-  std::size_t restored = 0;          // files and folders that are back, unchanged ones included
-  std::size_t unchanged = 0;         // files that were there with the same content
-  std::vector<ItemReport> failed;    // not back, and why
-  std::vector<ItemReport> notes;     // back, but not with these attributes or times
-  std::vector<KeptFile> kept;        // what lay there and was not older
-  std::vector<std::string> scripts;  // full paths of the scripts that were written
+  std::size_t restored = 0;        // files and folders that are back, unchanged ones included
+  std::size_t unchanged = 0;       // files that were there with the same content
+  std::vector<ItemReport> failed;  // not back, and why
+  std::vector<ItemReport> notes;   // back, but not with these attributes or times
+  std::vector<KeptFile> kept;      // what lay there and was not older
 };
 
 // Puts what an archive holds back in its places. A file takes its place only when all of it has
@@ -33,15 +32,13 @@ class Extractor {
   Extractor(Files& files, Pump& pump, RestoreGuard& guard)
       : files_(files), pump_(pump), guard_(guard) {}
 
-  // Everything; scripts go to `script_folder`. What fails is listed in the result and does not
-  // stop the rest. A failure means that the program is closing.
-  Outcome ExtractAll(ArchiveReader& archive, const std::string& script_folder);
+  // All files and folders. What fails is listed in the result and does not stop the rest. A failure
+  // means that the program is closing.
+  Outcome ExtractAll(ArchiveReader& archive);
 
   // One file or folder; a failure is listed in the result as well. Missing folders are made. A
   // file of the same content stays as it is, an older one is replaced, any other is kept aside.
   Outcome ExtractItem(ArchiveReader& archive, std::size_t item);
-  // One script, which replaces nothing.
-  Outcome ExtractScript(ArchiveReader& archive, std::size_t item, const std::string& folder);
   // Gives the folders their attributes and times, the deepest first. Once, after all items.
   void FinishFolders();
 
@@ -59,7 +56,8 @@ class Extractor {
   Outcome ReplaceOlder(const std::string& path, const DirEntry& there, FileWriter& writer);
   Outcome ReplaceNewer(const std::string& path, FileWriter& writer);
   Outcome MoveAside(const std::string& path, std::string* kept_as);
-  void Stamp(const ArchiveItem& item);
+  void KeepFolder(const ArchiveItem& item, bool made_here);
+  void Stamp(const ArchiveItem& item, bool made_here);
 
   Files& files_;
   Pump& pump_;

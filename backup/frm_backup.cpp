@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "backup/frm_backup_contents.h"
 #include "text/text.h"
 #include "widgets/access_keys.h"
 #include "widgets/folder_dialog.h"
@@ -82,7 +83,9 @@ LRESULT frmBackup::OnNotify(NMHDR* header) {
 
 std::string frmBackup::Cell(const BackupRow& backup, int column) const {
   if (column == kDate) return clock_.GeneralDate(clock_.ToLocal(backup.modified));
-  return column == kName ? backup.key : std::to_string(backup.size);
+  if (column == kSize) return std::to_string(backup.size);
+  if (!backup.elsewhere) return backup.key;
+  return backup.key + " (" + (backup.elsewhere->empty() ? "?" : *backup.elsewhere) + ")";
 }
 
 bool frmBackup::OnCommand(int id) {
@@ -112,26 +115,39 @@ void frmBackup::Busy(bool busy) {
   SelectionChanged();
 }
 
+// Nothing changes before the user has seen what the archive holds.
 void frmBackup::cmdRestore_Click() {
   const int row = Selected();
   if (row < 0) return;
   const std::string key = rows_[static_cast<std::size_t>(row)].key;
-  if (!AskYesNo(Text(Caption::AskRestoreBackup) + "\r\n\r\n" + key, Text(Caption::Confirmation))) {
-    return;
-  }
+  const std::unique_ptr<RestoreRun> run = OpenRun(key);
+  if (!run) return;
+  frmBackupContents contents(env_, *run, key, help_);
+  contents.ShowModal(hwnd());
+  if (!contents.confirmed()) return;
   SetHeaderText(Text(Caption::RestoreInProgress));
   Busy(true);
   RestoreResult result;
-  const Outcome outcome = backups_.Restore(
-      key,
-      [&](std::uint32_t, const std::string& file_name, const Outcome&) {
-        return AskForVolume(file_name);
-      },
-      &result);
+  const Outcome outcome = backups_.Restore(*run, contents.chosen(), &result);
   Busy(false);
   Load();
   SetFocus(BackupList_.hwnd());
   ShowRestored(outcome, result);
+}
+
+std::unique_ptr<RestoreRun> frmBackup::OpenRun(const std::string& key) {
+  Busy(true);
+  std::unique_ptr<RestoreRun> run;
+  const Outcome opened = backups_.Open(
+      key,
+      [&](std::uint32_t, const std::string& file_name, const Outcome&) {
+        return AskForVolume(file_name);
+      },
+      &run);
+  Busy(false);
+  SetFocus(BackupList_.hwnd());
+  if (!opened.ok()) ShowRestored(opened, {});
+  return run;
 }
 
 std::string frmBackup::AskForVolume(const std::string& file_name) {

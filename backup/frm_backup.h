@@ -36,6 +36,7 @@ class frmBackup : public ListDialog {
   void cmdRestore_Click();
   void cmdClean_Click();
   void Busy(bool busy);
+  std::unique_ptr<RestoreRun> OpenRun(const std::string& key);
   void ShowRestored(const Outcome& outcome, const RestoreResult& result);
   std::string AskForVolume(const std::string& file_name);
 

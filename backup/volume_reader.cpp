@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "backup/block_codec.h"
+#include "backup/sha256.h"
 #include "machine/file_utils.h"
 #include "text/text.h"
 
@@ -29,16 +30,23 @@ Outcome ReadHeader(FileReader& reader, PieceHeader* header) {
 
 }  // namespace
 
-Outcome VolumeReader::Open(const std::string& path, FindVolume find,
-                           std::vector<ArchiveItem>* items) {
+Outcome VolumeReader::Open(const std::string& path, FindVolume find, const std::string& key,
+                           ArchiveIndex* index) {
   path_ = path;
   find_ = std::move(find);
   if (Outcome opened = files_.OpenReader(path, &last_); !opened.ok()) return opened;
   if (Outcome read = ReadHeader(*last_, &header_); !read.ok()) return read;
-  return ReadIndex(last_->size(), items);
+  return ReadIndex(last_->size(), key, index);
 }
 
-Outcome VolumeReader::ReadIndex(std::uint64_t file_size, std::vector<ArchiveItem>* items) {
+bool VolumeReader::HasMark(std::string_view index, const std::string& key) const {
+  if (version() < kArchiveVersion || key.empty() || index.size() < kDigestSize) return false;
+  const std::size_t end = index.size() - kDigestSize;
+  return MarkOf(index.substr(0, end), header_.identity, key) == index.substr(end);
+}
+
+Outcome VolumeReader::ReadIndex(std::uint64_t file_size, const std::string& key,
+                                ArchiveIndex* index) {
   const Outcome cut = Outcome::Failed(kPastEndOfFile, "The archive is cut off");
   const Outcome damaged = Outcome::Failed(kDeviceError,
                                           "The archive is damaged: its parts do not "
@@ -62,16 +70,19 @@ Outcome VolumeReader::ReadIndex(std::uint64_t file_size, std::vector<ArchiveItem
     return read;
   }
   if (Crc32(text) != trailer.index_crc) return damaged;
-  ArchiveIndex index;
-  if (Outcome decoded = DecodeIndex(text, trailer.data, &index); !decoded.ok()) return decoded;
-  if (header_.number != index.volumes.size() + 1) return damaged;
-  index.volumes.push_back(trailer.data);
+  ArchiveIndex read_index;
+  Outcome decoded = DecodeIndex(text, trailer.data, version(), &read_index);
+  if (!decoded.ok()) return decoded;
+  if (header_.number != read_index.volumes.size() + 1) return damaged;
+  read_index.volumes.push_back(trailer.data);
   std::uint64_t start = 0;
-  for (const std::uint64_t size : index.volumes) {
+  for (const std::uint64_t size : read_index.volumes) {
     pieces_.push_back({start, size, false});
     start += size;
   }
-  *items = std::move(index.items);
+  made_here_ = HasMark(text, key);
+  read_index.volumes.clear();
+  *index = std::move(read_index);
   return {};
 }
 

@@ -21,12 +21,16 @@ class VolumeReader {
  public:
   explicit VolumeReader(Files& files) : files_(files) {}
 
-  // `path` is that of the last piece. Fails as archive_format.h says, or as the file does.
-  Outcome Open(const std::string& path, FindVolume find, std::vector<ArchiveItem>* items);
+  // `path` is that of the last piece. Fails as archive_format.h says, or as the file does. `key`:
+  // of this machine. *index has no volumes.
+  Outcome Open(const std::string& path, FindVolume find, const std::string& key,
+               ArchiveIndex* index);
   // Fills all of the bytes or fails. kFileNotFound: nobody knows where a volume is.
   Outcome ReadAt(std::uint64_t offset, char* bytes, std::size_t count);
 
   std::size_t volumes() const { return pieces_.size(); }
+  // True when the archive bears the mark of the key.
+  bool made_here() const { return made_here_; }
   // The version of the archive's form, once it is open.
   std::uint32_t version() const { return header_.version; }
 
@@ -37,7 +41,8 @@ class VolumeReader {
     bool given_up = false;  // nobody is asked for it again
   };
 
-  Outcome ReadIndex(std::uint64_t file_size, std::vector<ArchiveItem>* items);
+  Outcome ReadIndex(std::uint64_t file_size, const std::string& key, ArchiveIndex* index);
+  bool HasMark(std::string_view index, const std::string& key) const;
   Outcome UsePiece(std::size_t piece);
   Outcome TryFolder(const std::string& folder, std::size_t piece);
   std::string NameOf(std::size_t piece) const;
@@ -45,6 +50,7 @@ class VolumeReader {
   Files& files_;
   FindVolume find_;
   PieceHeader header_;
+  bool made_here_ = false;
   std::string path_;
   std::string answer_;  // the folder that served when somebody was asked
   std::vector<Piece> pieces_;

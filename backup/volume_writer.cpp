@@ -87,7 +87,7 @@ Outcome VolumeWriter::NextPiece(Outcome problem) {
     const std::string path = PiecePath();
     if (Outcome written = writer_->Commit(); !written.ok()) return written;
     written_.push_back(path);
-    volumes_.push_back(data_);
+    index_.volumes.push_back(data_);
     before_ += data_;
     data_ = 0;
     ++number_;
@@ -118,14 +118,15 @@ Outcome VolumeWriter::Write(std::string_view bytes) {
   return {};
 }
 
-std::string VolumeWriter::Tail(const std::vector<ArchiveItem>& items) const {
-  std::string index = EncodeIndex({volumes_, items});
+std::string VolumeWriter::Tail() {
+  std::string index = EncodeIndex(index_);
+  index += MarkOf(index, identity_, key_);
   return index.append(EncodeTrailer({identity_, data_, index.size(), Crc32(index)}));
 }
 
-Outcome VolumeWriter::WriteTail(const std::vector<ArchiveItem>& items) {
+Outcome VolumeWriter::WriteTail() {
   for (int tries = 0;; ++tries) {
-    const std::string tail = Tail(items);
+    const std::string tail = Tail();
     const std::uint64_t size = kPieceHeaderSize + data_ + tail.size();
     Outcome written;
     if (options_.volume_size == 0 || size <= options_.volume_size || data_ == 0) {
@@ -136,8 +137,11 @@ Outcome VolumeWriter::WriteTail(const std::vector<ArchiveItem>& items) {
   }
 }
 
-Outcome VolumeWriter::Finish(const std::vector<ArchiveItem>& items) {
-  if (Outcome written = WriteTail(items); !written.ok()) return written;
+Outcome VolumeWriter::Finish(ArchiveIndex index, const std::string& key) {
+  index.volumes = std::move(index_.volumes);
+  index_ = std::move(index);
+  key_ = key;
+  if (Outcome written = WriteTail(); !written.ok()) return written;
   if (Outcome written = writer_->Commit(); !written.ok()) return written;
   writer_.reset();
   written_.push_back(PiecePath());

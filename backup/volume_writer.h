@@ -45,8 +45,8 @@ class VolumeWriter {
   // Appends to the data.
   Outcome Write(std::string_view bytes);
   // Appends the index with these items and commits. The last piece holds the whole index, if need
-  // be beyond the size of a volume.
-  Outcome Finish(const std::vector<ArchiveItem>& items);
+  // be beyond the size of a volume. `index`: without its volumes; `key`: of this machine.
+  Outcome Finish(ArchiveIndex index, const std::string& key);
   // Removes all pieces, unless the archive was finished.
   void Discard();
 
@@ -58,9 +58,9 @@ class VolumeWriter {
   Outcome StartPiece(VolumeRequest request, bool ask);
   Outcome TryPiece(const std::string& folder);
   Outcome NextPiece(Outcome problem);
-  Outcome WriteTail(const std::vector<ArchiveItem>& items);
+  Outcome WriteTail();
   bool MayAskAfter(const Outcome& failed) const;
-  std::string Tail(const std::vector<ArchiveItem>& items) const;
+  std::string Tail();
   std::string PiecePath() const;
   void EraseIfOurs(const std::string& path);
 
@@ -74,7 +74,8 @@ class VolumeWriter {
   std::uint32_t number_ = 1;
   std::uint64_t data_ = 0;    // in the current piece
   std::uint64_t before_ = 0;  // in those before
-  std::vector<std::uint64_t> volumes_;
+  ArchiveIndex index_;
+  std::string key_;
   std::vector<std::string> written_;  // pieces that have taken their places
 };
 

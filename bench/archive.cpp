@@ -86,7 +86,7 @@ void BenchRestore(FilesWin& files, GapPump& pump, const Copies& copies, const st
     ArchiveReader reader(files, pump, code_pages);
     Extractor extractor(files, pump, guard);
     times.values.push_back(Measure([&] {
-      if (reader.Open(path).ok()) extractor.ExtractAll(reader, copies.folder).ok();
+      if (reader.Open(path).ok()) extractor.ExtractAll(reader).ok();
     }));
     if (extractor.result().restored != copies.paths.size() + 1) std::printf("cannot restore\n");
   }

@@ -46,6 +46,9 @@ class System {
   virtual std::uint32_t LastError() = 0;
   virtual std::uint32_t OwnProcessId() = 0;
 
+  // Bytes that nobody can guess; empty where the system has no source of them.
+  virtual std::string RandomBytes(std::size_t count) = 0;
+
   // Ends a process and waits, a few seconds at most, until its files are free: `go_on` is called
   // meanwhile and says whether to wait on.
   virtual Outcome TerminateProcess(std::uint32_t process_id,

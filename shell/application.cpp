@@ -46,7 +46,7 @@ Application::Application(const Ports& ports, const std::string& application_fold
                 language_, settings_, lists_, built_in_, loader_, memory_, ports.versions, os_,
                 folders_, hits_, *this, progress_}),
       backups_({ports.files, ports.registry, ports.registry64, ports.clock, ports.pump, ports.shell,
-                log_, ports.code_pages, os_, folders_, settings_, ports.system}),
+                ports.system, store_, log_, ports.code_pages, os_, folders_, settings_}),
       keys_(ports.registry, log_,
             [this] {
               ports_.shell.Message(language_.Text(Caption::RegistryKeyAccessDenied),
@@ -168,11 +168,11 @@ void Application::BeginWork(Caption caption) {
 
 BackupReport Application::BackUpChecked(const std::string& name, ArchiveOptions options) {
   if (scanning_) return {Outcome::Failed(kPermissionDenied), {}, {}};
-  std::vector<const FoundObject*> rows;
+  std::vector<const Finding*> rows;
   std::vector<std::size_t> indexes;
   for (std::size_t i = 0; i < hits_.size(); ++i) {
     if (!hits_.row(i).checked) continue;
-    rows.push_back(&hits_.row(i).finding.object);
+    rows.push_back(&hits_.row(i).finding);
     indexes.push_back(i);
   }
   BackupReport report = backups_.Create(name, rows, std::move(options));

@@ -13,6 +13,7 @@ const HelpTopic kHelpTopics[] = {
     {"SpyFrame", "results.html", 1004},
     {"frmResults", "removal.html", 1005},
     {"frmBackup", "backups.html", 1006},
+    {"frmBackupContents", "backups.html", 1006},
     {"InputBox", "backups.html", 1006},
     {"frmIgnore", "ignore.html", 1007},
     {"frmLog", "log.html", 1008},

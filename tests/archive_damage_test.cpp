@@ -162,7 +162,7 @@ TEST_SUITE("archive_damage") {
     CHECK(ReadAll(b, archive.Make()) == kNoError);
     archive.items[0].size = archive.items[0].stored = archive.items[0].crc = 0;  // dead data
     CHECK(ReadAll(b, archive.Make()) == kNoError);
-    archive.version = 3;
+    archive.version = 4;
     CHECK(ReadAll(b, archive.Make()) == kTypeMismatch);
   }
 

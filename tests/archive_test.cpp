@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <doctest/doctest.h>
 
+#include "backup/sha256.h"
 #include "tests/archive_support.h"
 #include "tests/hand_archive.h"
 
@@ -95,13 +96,13 @@ TEST_SUITE("archive") {
     b.m.File("C:\\precious\\file", "precious");
     b.m.Link("C:\\spy\\link", "C:\\precious");
     ArchiveResult result;
-    REQUIRE(b.Store({"C:\\none", "C:\\spy", "C:\\spy\\link", "spy", "C:\\", "\\\\host\\share\\x",
-                     "C:\\x\\..\\spy"},
+    REQUIRE(b.Store({"C:\\none", "C:\\spy", "C:\\spy\\link", "C:\\spy\\link\\file", "spy", "C:\\",
+                     "\\\\host\\share\\x", "C:\\x\\..\\spy"},
                     {}, &result)
                 .ok());
     CHECK(Paths(result.failed) ==
           "C:\\none 53\nC:\\spy\\locked 70\nC:\\spy\\denied 70\n"
-          "C:\\spy\\closed 70\nC:\\spy\\lost?name 52\n"
+          "C:\\spy\\closed 70\nC:\\spy\\lost?name 52\nC:\\spy\\link\\file 75\n"
           "spy 52\nC:\\ 52\n\\\\host\\share\\x 52\nC:\\x\\..\\spy 52\n");
     CHECK(Paths(result.notes) == "C:\\spy\\link 75\nC:\\spy\\link 75\n");
     ArchiveReader reader = b.Reader();
@@ -109,6 +110,28 @@ TEST_SUITE("archive") {
     std::string stored;
     for (const ArchiveItem& item : reader.items()) stored += item.path + "\n";
     CHECK(stored == "C:\\spy\nC:\\spy\\good\n");
+  }
+
+  TEST_CASE("digests are those that others make") {
+    const auto hex = [](const std::string& bytes) {
+      std::string text;
+      for (const char c : bytes) text += Hex(static_cast<unsigned char>(c), 2);
+      return text;
+    };
+    CHECK(hex(Sha256Of("abc")) ==
+          "BA7816BF8F01CFEA414140DE5DAE2223B00361A396177A9CB410FF61F20015AD");
+    Sha256 million;
+    for (std::size_t left = 1'000'000, part = 1; left > 0; part = part * 3 % 1009 + 1) {
+      million.Add(std::string(std::min(left, part), 'a'));
+      left -= std::min(left, part);
+    }
+    CHECK(hex(million.Finish()) ==
+          "CDC76E5C9914FB9281A1C7E284D73E67F1809A48A497200E046D39CCC7112CD0");
+    CHECK(hex(KeyedDigest("Jefe", "what do ya want for nothing?")) ==
+          "5BDCC146BF60754E6A042426089575C75A003F089D2739839DEC58B964EC3843");
+    CHECK(hex(KeyedDigest(std::string(131, '\xAA'),
+                          "Test Using Larger Than Block-Size Key - Hash Key First")) ==
+          "60E431591EE0B67F0D8A26AACBF5B77F8E0BC6213728C5140546040F0EE37F54");
   }
 
   TEST_CASE("scripts lie in the archive under bare names") {

@@ -1,39 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "backup/backups.h"
-#include "tests/support.h"
+#include "tests/archive_support.h"
+#include "tests/backup_support.h"
 
 namespace scourwell::test {
-namespace {
-
-struct Manager : Bench {
-  SystemFolders folders{kAppFolder, "C:\\WINDOWS", "C:\\WINDOWS\\system32", "", "", "", "", {}};
-  COpSysInfo os{m.system};
-  Backups backups{{m.files, m.registry, nullptr, m.clock, m.pump, m.shell, log, m.code_pages, os,
-                   folders, settings, m.system}};
-  std::vector<FoundObject> rows;
-  RestoreResult restored;
-
-  Manager() {
-    settings.BackupFolder = "C:\\My backups";
-    m.Folder("C:\\My backups");
-    m.Folder("C:\\WINDOWS\\system32");
-  }
-  void Add(FoundObject object) { rows.push_back(std::move(object)); }
-  BackupReport Create(const std::string& name) {
-    std::vector<const FoundObject*> pointers;
-    for (const FoundObject& row : rows) pointers.push_back(&row);
-    return backups.Create(name, pointers);
-  }
-  Outcome Restore(const std::string& key) { return backups.Restore(key, {}, &restored); }
-  std::string Names() {
-    std::string text;
-    for (const auto& child : m.files.Find("C:\\My backups")->children) text += child->name + " ";
-    return text;
-  }
-};
-
-}  // namespace
-
 TEST_SUITE("backups") {
   TEST_CASE("what was stored comes back, and the scripts are imported in their order") {
     Manager b;
@@ -50,7 +19,7 @@ TEST_SUITE("backups") {
     const BackupReport report = b.Create("name");
     CHECK(report.archive.ok());
     CHECK(report.failed_rows.empty());
-    CHECK(b.Names() == "name.qzp ");
+    CHECK(b.Names() == "left.reg name.qzp ");
     b.m.files.Remove("C:\\x.exe");
     b.m.files.Remove("C:\\Evil");
 
@@ -58,18 +27,20 @@ TEST_SUITE("backups") {
     std::string imported;
     b.m.shell.on_run = [&](const std::string& command) {
       const std::string path(command.substr(14));
-      imported += command + "=" + std::to_string(b.m.Content(path).size()) + "\n";
+      imported += command + "\n" + b.m.Content(path);
     };
     CHECK(b.Restore("name.qzp").ok());
     CHECK(b.restored.failed.empty());
     CHECK(b.m.Content("C:\\x.exe") == "one");
     CHECK((b.m.files.Find("C:\\x.exe")->attributes & kReadOnly) != 0);
     CHECK(b.m.Content("C:\\Evil\\deep\\y.dll") == "two");
-    CHECK_FALSE(b.m.Has("C:\\My backups\\other.reg"));
-    CHECK(imported ==
-          "regedit /I /S C:\\MYBACK~1\\namekey.reg=48\n"
-          "regedit /I /S C:\\MYBACK~1\\nameval.reg=10\n"
-          "regedit /I /S C:\\MYBACK~1\\NAMEEX~1.REG=60\n");
+    // A script without a line needs no editor.
+    const std::string mark =
+        "REGEDIT4\r\n; Scourwell wrote this for the registry editor and erases it\r\n\r\n";
+    const std::string line = mark + "[HKEY_LOCAL_MACHINE\\Software\\Evil]\r\n";
+    CHECK(imported == "regedit /I /S C:\\MYBACK~1\\namekey.reg\n" + line +
+                          "regedit /I /S C:\\MYBACK~1\\NAMEEX~1.REG\n" + line + "\"n\"=hex:78\r\n");
+    CHECK(b.Names() == "left.reg name.qzp other.reg ");
     CHECK(b.m.Errors() == "");
     // Without a short form, a path with blanks is quoted.
     b.m.files.short_names = false;
@@ -165,14 +136,24 @@ TEST_SUITE("backups") {
     }
   }
 
-  TEST_CASE("clearing scripts erases nothing else, and only in a full path") {
+  TEST_CASE("only scripts of ours are cleared, and only in a full path") {
     Manager b;
-    for (const char* name : {"notes.registry", "x.regtrans-ms", "old.qzp2", "left.reg"}) {
-      b.m.File(std::string("C:\\My backups\\") + name, "x");
+    FakeCodePages pages;
+    RegScript ours(pages, ScriptReader::Unicode);
+    REQUIRE(ours.AddKey("HKEY_CURRENT_USER\\\u0141"));
+    for (const auto& [name, content] : Rows<std::string, std::string>{
+             {"notes.registry", ours.Bytes(true)},
+             {"user.reg", ours.Bytes(true)},
+             {"userkey.reg", "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\mine]\r\n"},
+             {"userexport.reg", ours.Bytes(false)},
+             {"oldkey.reg", ours.Bytes(true)},
+             {"OLDEXPORT64.REG", ours.Bytes(true)},
+         }) {
+      b.m.File("C:\\My backups\\" + name, content);
     }
     CHECK(b.backups.List().empty());
     CHECK(b.Create("n").archive.ok());
-    CHECK(b.Names() == "notes.registry x.regtrans-ms old.qzp2 n.qzp ");
+    CHECK(b.Names() == "notes.registry user.reg userkey.reg userexport.reg n.qzp ");
     for (const char* folder : {"", "backups", "\\backups", "C:backups"}) {
       CAPTURE(std::string(folder));
       b.settings.BackupFolder = folder;
@@ -205,25 +186,75 @@ TEST_SUITE("backups") {
     Manager b;
     FakeRegistry view64;
     view64.Make(RootKey::LocalMachine, "Software\\Evil").Value("v", "x", kRegBinary);
-    Backups backups({b.m.files, b.m.registry, &view64, b.m.clock, b.m.pump, b.m.shell, b.log,
-                     b.m.code_pages, b.os, b.folders, b.settings, b.m.system});
-    const FoundObject row = ValueAt("HKEY_LOCAL_MACHINE\\Software\\Evil", "v", "x", true);
+    Backups backups({b.m.files, b.m.registry, &view64, b.m.clock, b.m.pump, b.m.shell, b.m.system,
+                     b.kept, b.log, b.m.code_pages, b.os, b.folders, b.settings});
+    const Finding row{"", ValueAt("HKEY_LOCAL_MACHINE\\Software\\Evil", "v", "x", true)};
     REQUIRE(backups.Create("n", {&row}).archive.ok());
     std::string imported;
     b.m.shell.on_run = [&](const std::string& command) { imported += command + "\n"; };
     for (const bool native : {false, true}) {
       if (native) b.m.File("C:\\WINDOWS\\system32\\reg.exe");
+      view64.DeleteValue(RootKey::LocalMachine, "Software\\Evil", "v");
       RestoreResult result;
-      CHECK(backups.Restore("n.qzp", {}, &result).ok());
+      CHECK(RestoreAll(backups, "n.qzp", &result).ok());
+      CHECK(result.failed.empty());
+      CHECK(view64.Text(RootKey::LocalMachine, "Software\\Evil", "v") == "x");
     }
-    const std::string empty =
-        "regedit /I /S C:\\MYBACK~1\\nkey.reg\nregedit /I /S C:\\MYBACK~1\\nval.reg\n";
-    CHECK(imported == empty + "C:\\WINDOWS\\regedit.exe /S \"C:\\My backups\\nexport64.reg\"\n" +
-                          empty +
-                          "C:\\WINDOWS\\Sysnative\\reg.exe import "
-                          "\"C:\\My backups\\nexport64.reg\"\n");
-    CHECK(b.m.Content("C:\\My backups\\nkey.reg") == "REGEDIT4\r\n");
-    CHECK(b.m.Content("C:\\My backups\\nval.reg") == "REGEDIT4\r\n");
+    CHECK(imported ==
+          "C:\\WINDOWS\\regedit.exe /S \"C:\\My backups\\nexport64.reg\"\n"
+          "C:\\WINDOWS\\Sysnative\\reg.exe import \"C:\\My backups\\nexport64.reg\"\n");
+    CHECK_FALSE(b.m.registry.Find(RootKey::LocalMachine, "Software"));
+    // Where there is one view only, what belongs to the other is named.
+    RestoreResult result;
+    CHECK(RestoreAll(b.backups, "n.qzp", &result).ok());
+    CHECK(result.failed.size() == 1);
+    CHECK_FALSE(b.m.registry.Find(RootKey::LocalMachine, "Software"));
+  }
+
+  TEST_CASE("an archive that ends on another disk is seen, found and asked for") {
+    Manager b;
+    b.m.AddDrive('A');
+    b.m.AddDrive('B');
+    b.m.File("C:\\x.exe", std::string(3000, 'x'));
+    b.m.File("C:\\noise", Noise(2000));
+    b.Add(FoundFile{"C:\\noise"});
+    REQUIRE(b.Create("n", {1000, [](const VolumeRequest&) { return std::string("A:\\"); }})
+                .archive.ok());
+    CHECK(b.Names() == "n.q01 ");
+    const std::vector<BackupRow> rows = b.backups.List();
+    REQUIRE(rows.size() == 1);
+    CHECK(rows[0].key == "n.qzp");
+    CHECK(rows[0].elsewhere == "A:\\");
+    CHECK(rows[0].size == b.m.Content("A:\\n.qzp").size());
+    b.m.files.Remove("C:\\noise");
+    CHECK(b.Restore("n.qzp").ok());
+    CHECK(b.m.Content("C:\\noise") == Noise(2000));
+    // Now the disk is in another drive, and what was remembered is lost.
+    for (const char* name : {"n.q02", "n.qzp"}) {
+      b.m.File(std::string("B:\\") + name, b.m.Content(std::string("A:\\") + name));
+      b.m.files.Remove(std::string("A:\\") + name);
+    }
+    b.m.files.Remove("C:\\noise");
+    CHECK_FALSE(b.Restore("n.qzp").ok());
+    for (const bool known : {true, false}) {
+      if (!known) b.kept.texts["Backup/Elsewhere"] = "..\\n.qzp|x|1|2?|||?";
+      REQUIRE(b.backups.List().size() == 1);
+      CHECK(b.backups.List()[0].elsewhere == (known ? "A:\\" : ""));
+      b.m.files.Remove("C:\\noise");
+      std::string asked;
+      CHECK(RestoreAll(b.backups, "n.qzp", &b.restored,
+                       [&](std::uint32_t, const std::string& name, const Outcome&) {
+                         asked += name + " ";
+                         return std::string("B:\\");
+                       })
+                .ok());
+      CHECK(asked == "n.qzp ");
+      CHECK(b.m.Content("C:\\noise") == Noise(2000));
+    }
+    // The piece on a disk that is not there stays.
+    CHECK(b.backups.Delete("n.qzp").ok());
+    CHECK(b.backups.List().empty());
+    CHECK(b.m.Has("B:\\n.qzp"));
   }
 }
 

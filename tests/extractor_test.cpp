@@ -130,8 +130,7 @@ TEST_SUITE("extractor") {
          {"C:\\x\\..\\precious\\a", "..\\a", "a", "\\\\host\\share\\a", "\\\\.\\C:\\a", "C:a",
           "C:\\a\\", "C:\\file:stream", "C:\\WINDOWS\\a", "C:\\link\\a", "C:\\link\\new\\a",
           "C:\\link", "C:\\folder", "C:\\file\\a", "Q:\\a"}},
-        {2, {"C:\\link\\sub", "C:\\link", "C:\\file"}},
-        {3, {"C:\\Backup\\x.reg", "..\\x.reg", "x.exe"}}};
+        {2, {"C:\\link\\sub", "C:\\link", "C:\\file"}}};
     HandArchive archive;
     archive.Add(1, "C:\\first", "1");
     for (const auto& [kind, paths] : hostile) {
@@ -166,23 +165,6 @@ TEST_SUITE("extractor") {
     CHECK(b.Failures() == "C:\\spy\\sub\\file 75\n");
     CHECK(b.result.notes.size() == 1);
     CHECK(b.Tree("C:\\precious") == before);
-  }
-
-  TEST_CASE("scripts come out under their names and replace nothing") {
-    RestoreBench b;
-    HandArchive archive;
-    archive.Add(3, "one.reg", "1");
-    archive.Add(3, "ONE.REG", "2");
-    archive.Add(3, "there.reg", "3");
-    archive.Add(3, "bad.reg", "4").crc = 4;
-    b.m.File(kArchivePath).content = archive.Make();
-    b.m.File("C:\\Backup\\there.reg", "locked before").Locked();
-    REQUIRE(b.Restore().ok());
-    CHECK(b.Failures() == "ONE.REG 58\nthere.reg 58\nbad.reg 57\n");
-    CHECK(Lines(b.result.scripts) == "C:\\Backup\\one.reg\n");
-    CHECK(b.m.Content("C:\\Backup\\one.reg") == "1");
-    CHECK(b.m.Content("C:\\Backup\\there.reg") == "locked before");
-    CHECK_FALSE(b.m.Has("C:\\Backup\\bad.reg"));
   }
 
   TEST_CASE("a locked file, a full disk and attributes that refuse are reported") {

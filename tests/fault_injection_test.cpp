@@ -5,7 +5,7 @@
 // or claimed that is not so, and doing the job once more finishes it.
 #include <cstdio>
 
-#include "backup/backups.h"
+#include "tests/backup_support.h"
 #include "tests/removal_support.h"
 #include "tests/startup_support.h"
 
@@ -97,8 +97,9 @@ struct RemovalJob : Remover {
 struct BackupBench : Bench {
   SystemFolders folders{kAppFolder, "C:\\WINDOWS", "C:\\WINDOWS\\system32", "", "", "", "", {}};
   COpSysInfo os{m.system};
-  const std::vector<FoundObject> rows = {FoundFile{"C:\\x.exe"}, FoundFolder{"C:\\Evil"},
-                                         KeyAt("HKEY_LOCAL_MACHINE\\Software\\Evil")};
+  const std::vector<Finding> rows = {{"spy", FoundFile{"C:\\x.exe"}},
+                                     {"spy", FoundFolder{"C:\\Evil"}},
+                                     {"spy", KeyAt("HKEY_LOCAL_MACHINE\\Software\\Evil")}};
   RestoreResult restored;
 
   BackupBench() {
@@ -110,19 +111,24 @@ struct BackupBench : Bench {
     m.registry.Make(kMachine, "Software\\Evil").Value("n", Z("x"));
   }
   Backups Manager() {
-    return Backups({m.files, m.registry, nullptr, m.clock, m.pump, m.shell, log, m.code_pages, os,
-                    folders, settings, m.system});
+    return Backups({m.files, m.registry, nullptr, m.clock, m.pump, m.shell, m.system, kept, log,
+                    m.code_pages, os, folders, settings});
   }
   BackupReport Create(const std::string& name) {
-    std::vector<const FoundObject*> pointers;
-    for (const FoundObject& row : rows) pointers.push_back(&row);
+    std::vector<const Finding*> pointers;
+    for (const Finding& row : rows) pointers.push_back(&row);
     return Manager().Create(name, pointers);
   }
-  Outcome Restore(const std::string& key) { return Manager().Restore(key, {}, &restored); }
+  Outcome Restore(const std::string& key) {
+    Backups manager = Manager();
+    return RestoreAll(manager, key, &restored);
+  }
   void RemoveAll() {
     m.files.Remove("C:\\x.exe");
     m.files.Remove("C:\\Evil");
+    m.registry.Find(kMachine, "Software\\Evil")->values.clear();
   }
+  bool IsValueThere() { return m.registry.Find(kMachine, "Software\\Evil")->values.size() == 1; }
   std::size_t FilesThere() {
     return (m.Content("C:\\x.exe") == "one") + (m.Content("C:\\Evil\\deep\\y.dll") == "two");
   }
@@ -174,11 +180,12 @@ struct RestoreJob : BackupBench {
   }
   void CheckClaims() {
     CHECK(m.Has("C:\\x.exe"));
-    if (done.ok() && restored.failed.empty()) CHECK(FilesThere() == 2);
+    if (done.ok() && restored.failed.empty()) CHECK((FilesThere() == 2 && IsValueThere()));
   }
   void CheckDone() {
     CHECK(done.ok());
     CHECK(restored.failed.empty());
+    CHECK(IsValueThere());
     CHECK(FilesThere() == 2);
   }
 };

@@ -40,7 +40,7 @@ struct RestoreBench : ArchiveBench {
     ArchiveReader reader = Reader();
     if (Outcome opened = reader.Open(kArchivePath); !opened.ok()) return opened;
     Extractor extractor(m.files, m.pump, guard);
-    Outcome done = extractor.ExtractAll(reader, "C:\\Backup");
+    Outcome done = extractor.ExtractAll(reader);
     result = extractor.result();
     return done;
   }

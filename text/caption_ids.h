@@ -305,6 +305,12 @@ enum class Caption : int {
   HelpNotOpened = 17157,
   MenuTools = 17158,
   BackupDiskFull = 17159,
+  BackupContents = 17160,
+  BackupMadeElsewhere = 17161,
+  ItemMissing = 17162,
+  ItemUnchanged = 17163,
+  ItemDifferent = 17164,
+  ItemStartsProgram = 17165,
 
   // The startup manager, and what it shares with the other tools.
   MenuStartupManager = 17201,

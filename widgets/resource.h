@@ -209,6 +209,13 @@
 #define IDC_cmdRestore 1665
 #define IDC_cmdClean 1666
 
+// frmBackupContents
+#define IDC_ContentsHeader 1670
+#define IDC_lblContentsHeading 1671
+#define IDC_lblContentsText 1672
+#define IDC_lblContentsEmpty 1673
+#define IDC_ContentsList 1674
+
 // InputBox
 #define IDC_lblPrompt 1680
 #define IDC_txtAnswer 1681

@@ -20,6 +20,7 @@ class SystemWin : public System {
   std::string ErrorText(std::uint32_t code) override;
   std::uint32_t LastError() override;
   std::uint32_t OwnProcessId() override;
+  std::string RandomBytes(std::size_t count) override;
   Outcome TerminateProcess(std::uint32_t process_id, const std::function<bool()>& go_on) override;
   Outcome DeleteAtReboot(const std::string& path) override;
 

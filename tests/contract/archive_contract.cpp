@@ -5,11 +5,13 @@
 #include "backup/extractor.h"
 #include "guard/path_guard.h"
 #include "tests/contract/on_disk.h"
+#include "tests/helpers.h"
 #include "text/text.h"
 
 namespace scourwell::test {
 namespace {
 
+constexpr char kOwnKey[] = "machine";
 constexpr FileTime kSomeTime = 125'000'000'000'000'000;
 constexpr std::uint32_t kCompared = kReadOnly | kHidden | kSystem | kFolder;
 
@@ -60,7 +62,8 @@ struct Planted : OnDisk {
     for (const DirEntry& entry : Entries(folder)) {
       const std::string path = folder + "\\" + entry.name;
       text += path + " " + std::to_string(entry.attributes & kCompared) + " " +
-              std::to_string(entry.modified) + " " + std::to_string(entry.size) + "\n";
+              std::to_string(entry.modified) + " " + std::to_string(entry.size) + " " +
+              files.Security(path) + "\n";
       std::string content;
       if (entry.IsFolder()) {
         text += Tree(path);
@@ -88,18 +91,15 @@ struct Planted : OnDisk {
     REQUIRE(writer.Create(archive, {volume_size, {}}).ok());
     REQUIRE(writer.AddFile(path).ok());
     REQUIRE(writer.AddScript("one.reg", "REGEDIT4\r\n").ok());
-    REQUIRE(writer.Finish().ok());
+    REQUIRE(writer.Finish(kOwnKey).ok());
     CHECK(writer.result().failed.empty());
   }
   RestoreResult Restore() {
     HoldingGuard guard(files);
     ArchiveReader reader(files, pump, machine->code_pages());
-    REQUIRE(reader.Open(archive).ok());
+    REQUIRE(reader.Open(archive, {}, kOwnKey).ok());
     Extractor extractor(files, pump, guard);
-    CHECK(extractor.ExtractAll(reader, machine->folder()).ok());
-    for (const std::string& script : extractor.result().scripts) {
-      CHECK(files.EraseFile(script).ok());
-    }
+    CHECK(extractor.ExtractAll(reader).ok());
     for (const ItemReport& report : extractor.result().failed) {
       FAIL_CHECK(report.path, ": ", report.why.description());
     }
@@ -120,9 +120,29 @@ TEST_SUITE("contract_archive") {
       const RestoreResult restored = p.Restore();
       CHECK(restored.notes.empty());
       CHECK(restored.restored == 6);
-      CHECK(restored.scripts.size() == 1);
       CHECK((p.Tree(p.machine->folder()) == before));
     }
+  }
+
+  TEST_CASE("hundreds of files come back byte for byte") {
+    Planted p;
+    Dice dice(20040310);
+    for (int i = 0; i < 359; ++i) {
+      const std::string folder = p.spy + "\\sub\\" + std::to_string(i % 20);
+      if (i < 20) p.machine->MakeFolder(folder);
+      std::string content(dice.Below(i % 50 == 0 ? 300'000 : 3000), '\0');
+      for (char& c : content) c = static_cast<char>(dice.Below(dice.Chance(3) ? 256 : 4));
+      const std::string path = folder + "\\File " + std::to_string(i) + ".dat";
+      p.machine->MakeFile(path, content);
+      p.machine->SetAttributes(path, i % 4 ? 0u : i % 3 ? kReadOnly : kHidden);
+    }
+    p.Store(p.spy);
+    const std::string before = p.Tree(p.machine->folder());
+    p.Remove(p.spy);
+    const RestoreResult restored = p.Restore();
+    CHECK(restored.notes.empty());
+    CHECK(restored.restored == 6 + 20 + 359);
+    CHECK((p.Tree(p.machine->folder()) == before));
   }
 
   TEST_CASE("what is not older is kept aside, a read-only older file is replaced") {

@@ -160,10 +160,13 @@ class FakeSystem : public System {
   }
   std::uint32_t LastError() override { return 5; }
   std::uint32_t OwnProcessId() override { return 4711; }
+  // Different each time.
+  std::string RandomBytes(std::size_t count) override { return std::string(count, ++random_); }
   Outcome TerminateProcess(std::uint32_t process_id, const std::function<bool()>& go_on) override;
   Outcome DeleteAtReboot(const std::string& path) override;
 
  private:
+  char random_ = 0;
   const FakeProcesses* processes_;
   FakeRegistry* registry_;  // keeps the list, where there is one
 };
@@ -174,6 +177,7 @@ class FakeShell : public Shell {
 
   std::vector<std::string> journal;  // "Message text/title", "Open path", ...
   std::function<void(const std::string& command)> on_run;
+  ErrorCode run_error;    // what a command ends with that is waited for
   ErrorCode call_error;   // what calling an export ends with
   ErrorCode open_error;   // what opening a document ends with
   ErrorCode start_error;  // what starting a command line ends with
@@ -192,7 +196,8 @@ class FakeShell : public Shell {
   Outcome Launch(const std::string& command) override { return Note("Launch " + command); }
   Outcome Run(const std::string& command, std::uint32_t) override {
     if (on_run) on_run(command);
-    return Note("Run " + command);
+    static_cast<void>(Note("Run " + command));
+    return run_error ? Outcome::Failed(run_error) : Outcome();
   }
   Outcome CallExport(const std::string& library, const std::string& name) override {
     static_cast<void>(Note("Call " + library + " " + name));

@@ -59,7 +59,9 @@ bool Restore() {
               static_cast<unsigned>(ListRows(Control(manager, IDC_BackupList)).size()));
   if (!restore) return false;
   Click(restore);
-  if (!Answer(WaitForWindow(kMessageBox), IDYES)) return false;
+  const HWND contents = WaitForWindow("frmBackupContents");
+  if (!contents || !ReadyControl(contents, IDC_cmdRestore, kPatience)) return false;
+  Click(ReadyControl(contents, IDC_cmdRestore));
   const HWND done = WaitForWindow(kMessageBox);
   if (!done) return false;
   std::printf("%s\n", Text(GetDlgItem(done, 0xFFFF)).c_str());

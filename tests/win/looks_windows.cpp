@@ -111,6 +111,11 @@ void LeaveForBackups(Tour& tour) {
   Choose<IDM_mnuBackups>(tour);
 }
 
+void ShowContents(Tour& tour) {
+  Choose<IDM_mnuBackups>(tour);
+  Click(ReadyControl(tour.program.WindowOfClass("frmBackup"), IDC_cmdRestore));
+}
+
 }  // namespace
 
 std::span<const LooksWindow> LooksWindows() {
@@ -138,6 +143,7 @@ std::span<const LooksWindow> LooksWindows() {
       {"removal", "frmResults", Delete, true, {}},
       {"results-empty", nullptr, EmptyResults, true, kMenuBar},
       {"backups", "frmBackup", LeaveForBackups, true, {}},
+      {"backup-contents", "frmBackupContents", ShowContents, true, {}},
   };
   return kWindows;
 }

@@ -88,8 +88,8 @@ TEST_CASE("a scan, a stop, a removal, a restore, another language and the end by
   Press(VK_HOME);
   Press(VK_SPACE);
   PressKeyOf(ReadyControl(backups, IDC_cmdRestore));
-  REQUIRE(InFront(program.Window("Confirmation")));
-  Press('Y');
+  REQUIRE(InFront(program.Window("Contents of the Backup")));
+  Press(VK_RETURN);
   REQUIRE(InFront(program.Window("Information")));
   CHECK(Content("C:\\planted\\deep\\spyone.dll").size() == 2048);
   Press(VK_RETURN);

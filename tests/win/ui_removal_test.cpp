@@ -13,6 +13,22 @@ namespace {
 FilesWin files;
 RegistryWin registry;
 
+// The list says what there is to do, and all of it is checked.
+void ConfirmRestore(Program* program) {
+  const HWND contents = program->Window("Contents of the Backup");
+  REQUIRE(contents);
+  const HWND restore = ReadyControl(contents, IDC_cmdRestore);
+  const auto rows = ListRows(Control(contents, IDC_ContentsList));
+  CHECK(rows.size() > 3);
+  bool found = false;
+  for (const auto& row : rows) {
+    CHECK(row.checked);
+    found = found || (row.texts[2] == "C:\\planted\\evil.dll" && row.texts[4] == "missing");
+  }
+  CHECK(found);
+  Click(restore);
+}
+
 }  // namespace
 
 TEST_SUITE_BEGIN("ui_removal");
@@ -52,7 +68,7 @@ TEST_CASE("what was backed up and removed comes back byte for byte") {
   REQUIRE(ListRows(list).size() == 1);
   CHECK(ListRows(list)[0].texts[1] == "test one.qzp");
   Click(ReadyControl(manager, IDC_cmdRestore));
-  Answer(&program, "Confirmation", IDYES);
+  ConfirmRestore(&program);
   const HWND done = program.Window("Information", 60000);
   REQUIRE(done);
   PostMessageW(done, WM_COMMAND, IDOK, 0);
@@ -97,7 +113,7 @@ TEST_CASE("an unattended scan backs up, removes, tells and counts") {
   REQUIRE(manager);
   REQUIRE(ListRows(Control(manager, IDC_BackupList)).size() == 1);
   Click(ReadyControl(manager, IDC_cmdRestore));
-  Answer(&second, "Confirmation", IDYES);
+  ConfirmRestore(&second);
   const HWND done = second.Window("Information", 60000);
   REQUIRE(done);
   PostMessageW(done, WM_COMMAND, IDOK, 0);

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "backup/frm_backup_contents.h"
+
+#include <algorithm>
+
+#include "scan/finding_texts.h"
+#include "widgets/access_keys.h"
+#include "widgets/path_cell.h"
+#include "widgets/resource.h"
+
+namespace scourwell {
+
+frmBackupContents::frmBackupContents(const WindowEnv& env, const RestoreRun& run, std::string name,
+                                     std::function<void()> help)
+    : ListDialog(
+          env, "frmBackupContents",
+          {IDC_ContentsHeader, IDC_lblContentsHeading, IDC_lblContentsText, IDC_lblContentsEmpty}),
+      run_(run),
+      name_(std::move(name)),
+      help_(std::move(help)),
+      chosen_(run.AllButDoubtful()) {
+  // What is refused would only fail.
+  for (std::size_t i = 0; i < chosen_.size(); ++i) {
+    if (!Item(i).refused.ok()) chosen_[i] = false;
+  }
+}
+
+SIZE frmBackupContents::FirstSize() const { return {metrics().Scale(624), metrics().Scale(380)}; }
+
+void frmBackupContents::OnCreate() {
+  CreateHeader(name_, Text(Caption::NoComponentChecked));
+  ContentsList_.on_check = [this](const auto& rows, bool checked) { Check(rows, checked); };
+  ContentsList_.is_checked = [this](int row) { return chosen_[static_cast<std::size_t>(row)]; };
+  ContentsList_.row_count = [this] { return chosen_.size(); };
+  ContentsList_.cell_text = [this](std::size_t row, int column) { return Cell(Item(row), column); };
+  ContentsList_.Create(env_, hwnd(), IDC_ContentsList);
+  const int type = metrics().WidestText(KindTexts(env_.captions)) + metrics().Scale(40);
+  std::vector<std::string> states;
+  for (const Caption each : {Caption::ItemMissing, Caption::ItemUnchanged, Caption::ItemDifferent,
+                             Caption::ItemStartsProgram}) {
+    states.push_back(Text(each));
+  }
+  const int status = metrics().WidestText(states) + metrics().Scale(14);
+  ContentsList_.AddColumn(kType, Text(Caption::ColumnHitType), type);
+  ContentsList_.AddColumn(kSystem, Text(Caption::ColumnHitSystem), metrics().Scale(80));
+  ContentsList_.AddColumn(kPlace, Text(Caption::ColumnHitDetails), metrics().Scale(200));
+  ContentsList_.AddColumn(kSize, Text(Caption::ColumnBackupSize), metrics().Scale(60));
+  ContentsList_.AddColumn(kStatus, Text(Caption::ColumnStatus), status);
+  AccessKeys keys;
+  cmdCheckAll_.Create(env_, hwnd(), IDC_cmdCheckAll, keys.Add(Text(Caption::CheckAll)));
+  cmdUnCheckAll_.Create(env_, hwnd(), IDC_cmdUnCheckAll, keys.Add(Text(Caption::UncheckAll)));
+  cmdRestore_.Create(env_, hwnd(), IDC_cmdRestore, keys.Add(Text(Caption::RestoreBackup)));
+  cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(Caption::Cancel));
+  cmdHelp_.Create(env_, hwnd(), IDC_cmdHelp, keys.Add(Text(Caption::Help)));
+  ContentsList_.SetItemCount(chosen_.size());
+  if (!chosen_.empty()) ContentsList_.FocusRow(0);
+  ShowEmpty(chosen_.empty());
+  ShowCount();
+}
+
+void frmBackupContents::ShowCount() {
+  const auto checked = std::count(chosen_.begin(), chosen_.end(), true);
+  const std::string count = std::to_string(checked) + " " + Text(Caption::Checked);
+  SetHeaderText(Text(run_.foreign() ? Caption::BackupMadeElsewhere : Caption::AskRestoreBackup) +
+                " (" + count + ")");
+  cmdRestore_.Enable(checked > 0);
+}
+
+void frmBackupContents::OnSize(Area area) {
+  Arrange(area, ContentsList_, {&cmdCheckAll_, &cmdUnCheckAll_},
+          {&cmdHelp_, &cmdCancel_, &cmdRestore_});
+  RECT client = {};
+  GetClientRect(ContentsList_.hwnd(), &client);
+  int left = client.right;
+  for (const Column other : {kType, kSystem, kSize, kStatus}) {
+    left -= ContentsList_.ColumnWidth(other);
+  }
+  ContentsList_.SetColumnWidth(kPlace, std::max(left, metrics().Scale(120)));
+}
+
+std::string frmBackupContents::Cell(const BackupItem& item, int column) const {
+  switch (column) {
+    case kType:
+      return KindText(env_.captions, KindOf(item.object));
+    case kSystem:
+      return item.spy;
+    case kPlace:
+      return PlaceText(item.object);
+    case kSize:
+      return std::to_string(item.size);
+    default:
+      return Status(item);
+  }
+}
+
+std::string frmBackupContents::Status(const BackupItem& item) const {
+  if (!item.refused.ok()) {
+    return Text(Caption::StateRefused) + ": " + item.refused.description();
+  }
+  if (item.state == ItemState::Same) return Text(Caption::ItemUnchanged);
+  if (item.starts_program) return Text(Caption::ItemStartsProgram);
+  return Text(item.state == ItemState::Missing ? Caption::ItemMissing : Caption::ItemDifferent);
+}
+
+void frmBackupContents::Check(const std::vector<std::size_t>& rows, bool checked) {
+  for (const std::size_t row : rows) {
+    if (row < chosen_.size() && Item(row).refused.ok()) chosen_[row] = checked;
+  }
+  ContentsList_.Redraw();
+  ShowCount();
+}
+
+void frmBackupContents::CheckAll(bool checked) {
+  for (std::size_t i = 0; i < chosen_.size(); ++i) chosen_[i] = checked && Item(i).refused.ok();
+  ContentsList_.Redraw();
+  ShowCount();
+}
+
+bool frmBackupContents::OnCommand(int id) {
+  switch (id) {
+    case IDC_cmdCheckAll:
+      CheckAll(true);
+      return true;
+    case IDC_cmdUnCheckAll:
+      CheckAll(false);
+      return true;
+    case IDC_cmdRestore:
+      confirmed_ = true;
+      Close();
+      return true;
+    case IDC_cmdHelp:
+      help_();
+      return true;
+    case IDCANCEL:
+      Close();
+      return true;
+    default:
+      return false;
+  }
+}
+
+LRESULT frmBackupContents::OnNotify(NMHDR* header) {
+  if (const auto answer = ContentsList_.Answer(header)) return *answer;
+  if (header->hwndFrom != ContentsList_.hwnd() || header->code != NM_CUSTOMDRAW) return 0;
+  const auto& draw = *reinterpret_cast<const NMLVCUSTOMDRAW*>(header);
+  return DrawPathColumn(ContentsList_, draw, kPlace, chosen_.size(),
+                        [&](std::size_t row) { return PlaceText(Item(row).object); });
+}
+
+}  // namespace scourwell
