@@ -235,10 +235,10 @@ Outcome Backups::Open(const std::string& key, const FindVolume& find,
     RestoreRun::EraseScripts(parts_.files, parts_.settings.BackupFolder, parts_.log);
     std::string path;
     Outcome opened = FindLastPiece(key, find, &path);
-    auto made = std::make_unique<RestoreRun>(
-        RestoreRun::Parts{parts_.files, parts_.registry, parts_.registry64, parts_.system, parts_.pump,
-                          parts_.shell, parts_.log, parts_.code_pages, parts_.os, parts_.folders,
-                          parts_.settings.BackupFolder, KeyOfMachine(parts_.kept, parts_.system)});
+    auto made = std::make_unique<RestoreRun>(RestoreRun::Parts{
+        parts_.files, parts_.registry, parts_.registry64, parts_.system, parts_.pump, parts_.shell,
+        parts_.log, parts_.code_pages, parts_.os, parts_.folders, parts_.settings.BackupFolder,
+        KeyOfMachine(parts_.kept, parts_.system)});
     if (opened.ok()) opened = made->Open(path, InBackupFolder(find));
     if (!opened.ok()) return std::move(opened).With("Archive: ", key);
     *run = std::move(made);

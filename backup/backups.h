@@ -9,7 +9,6 @@
 #include "backup/registry_backup.h"
 #include "backup/restore_run.h"
 #include "machine/error_log.h"
-#include "machine/next_start.h"
 #include "machine/op_sys_info.h"
 #include "platform/shell.h"
 #include "settings/app_settings.h"
