@@ -167,6 +167,25 @@ TEST_SUITE("extractor") {
     CHECK(b.Tree("C:\\precious") == before);
   }
 
+  TEST_CASE("what takes the place while the content comes stays") {
+    for (const bool link : {false, true}) {
+      RestoreBench b;
+      b.m.File("C:\\spy", "x");
+      b.m.File("C:\\precious", "y");
+      REQUIRE(b.Store({"C:\\spy"}).ok());
+      b.m.files.Remove("C:\\spy");
+      b.m.files.before_change = [&] {
+        if (b.m.Has("C:\\spy")) return;
+        link ? b.m.Link("C:\\spy", "C:\\precious") : b.m.Folder("C:\\spy");
+      };
+      REQUIRE(b.Restore().ok());
+      b.m.files.before_change = nullptr;
+      CHECK(b.Failures() == "C:\\spy 75\n");
+      CHECK((b.m.files.Find("C:\\spy")->IsFolder() || link));
+      CHECK(b.m.Content("C:\\precious") == "y");
+    }
+  }
+
   TEST_CASE("a locked file, a full disk and attributes that refuse are reported") {
     RestoreBench b;
     b.m.File("C:\\locked", "right").Times(kOld, kOld);

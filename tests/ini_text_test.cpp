@@ -25,6 +25,7 @@ TEST_SUITE("ini_text") {
         {"[s]\nj=1\n[t]\nk=3\n[s]\nk=2", "(none)"},
         {"[t]\nk=1\n[S]\nK=2", "2"},
         {"k=0\n[s]\nk=1", "1"},
+        {"s=0\n[s]\nk=1", "1"},
         {"\t[ s ] ; x\n  k \t=  a b  \r\n", "a b"},
         {"[s]\rk=1\r[t]\rk=2\r", "1"},
         {"[s]\nk=\" quoted \"", " quoted "},

@@ -282,6 +282,14 @@ TEST_SUITE("removal") {
     CHECK(KindOf(r.removal->report().objects[0].object) == FindingKind::File);
   }
 
+  TEST_CASE("a process that could not be looked for is not said to be gone") {
+    Remover r;
+    r.m.processes.error = kPermissionDenied;
+    CHECK(r.RemoveOne(FoundProcess{"C:\\evil.exe", 7}) == "F");
+    r.m.processes.error = kNoError;
+    CHECK(r.RemoveOne(FoundProcess{"C:\\evil.exe", 7}) == "g");
+  }
+
   TEST_CASE("what a registry editor would reach through a link does not go into the script") {
     Remover r;
     r.m.registry.Make(RootKey::LocalMachine, "SOFTWARE\\Precious").Value("v", "x");

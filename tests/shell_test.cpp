@@ -145,6 +145,16 @@ TEST_SUITE("settings") {
     CHECK(s.m.Errors() == "");
   }
 
+  TEST_CASE("the language is known before the other settings") {
+    Stored s;
+    s.m.registry.Make(kUser, "Software\\Scourwell\\Language").Value("Name", "German.ini");
+    s.m.registry.Make(kUser, "Software\\Scourwell\\Mark").Value("Checked", "n");
+    const std::string checked = s.settings.MarkChecked;
+    s.both.ReadLanguage();
+    CHECK(s.settings.LanguageFile == "German.ini");
+    CHECK(s.settings.MarkChecked == checked);
+  }
+
   TEST_CASE("only the exact text True is true") {
     for (const SettingRow& row : kSettingRows) {
       if (row.kind != SettingKind::Flag) continue;
