@@ -160,25 +160,39 @@ void ScanSession::ScanDrivesForAll(const ScanScope& scope) {
   });
 }
 
-void ScanSession::ScanFolder(const std::string& path) {
+// One that is not there keeps none of the others from being scanned.
+void ScanSession::ScanFolders(const std::vector<std::string>& paths) {
   parts_.log.Trap("ScanFolder", [&]() -> Outcome {
     Begin();
-    DirEntry entry;
-    Outcome found = parts_.files.Stat(path, &entry);
-    // A network share has no entry of its own, but it can be listed.
-    if (!found.ok() && !FolderExists(parts_.files, path)) {
-      parts_.shell.Message(parts_.captions.Text(Caption::ScanPathMissing) + "\r\n" + path,
-                           parts_.captions.Text(Caption::Information));
-      return std::move(found).With("sPath: ", path);
+    Outcome first;
+    std::vector<std::string> there;
+    for (const std::string& path : paths) {
+      Outcome found = FindPath(path);
+      if (found.ok()) there.push_back(path);
+      if (first.ok()) first = std::move(found);
     }
-    BothPasses([&](DriveScan& pass) { pass.ScanPath(path); });
+    if (there.empty()) return first;
+    BothPasses([&](DriveScan& pass) {
+      for (const std::string& path : there) {
+        if (!parts_.pump.closing()) pass.ScanPath(path);
+      }
+    });
     parts_.lists = {};
-    if (parts_.pump.closing()) return {};
+    if (parts_.pump.closing()) return first;
     parts_.report.CreateDriveScanLogFile();
-    if (parts_.pump.closing()) return {};
-    Finish();
-    return {};
+    if (!parts_.pump.closing()) Finish();
+    return first;
   });
+}
+
+Outcome ScanSession::FindPath(const std::string& path) const {
+  DirEntry entry;
+  Outcome found = parts_.files.Stat(path, &entry);
+  // A network share has no entry of its own, but it can be listed.
+  if (found.ok() || FolderExists(parts_.files, path)) return {};
+  parts_.shell.Message(parts_.captions.Text(Caption::ScanPathMissing) + "\r\n" + path,
+                       parts_.captions.Text(Caption::Information));
+  return std::move(found).With("sPath: ", path);
 }
 
 // Folders first, then files; the second pass is skipped when the first was stopped.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "definitions/builtin_lists.h"
 #include "definitions/list_loader.h"
@@ -46,14 +47,15 @@ class ScanSession {
 
   // Scans what is ticked. A stopped scan ends without log and finish.
   void StartScan(const ScanScope& scope);
-  // The two passes over one folder (or one file) instead of the drives.
-  void ScanFolder(const std::string& path);
+  // The two passes over folders (or files) instead of the drives.
+  void ScanFolders(const std::vector<std::string>& paths);
 
   // True when the last scan came to its end.
   bool finished() const { return finished_; }
 
  private:
   void Begin();
+  Outcome FindPath(const std::string& path) const;
   void ScanNode(const ScanScope& scope, std::size_t number);
   void ScanMemory();
   void ScanRegistry(const ScanScope& scope);

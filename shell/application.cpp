@@ -133,8 +133,8 @@ void Application::RunScan() {
   Run([&] { session_.StartScan(scope_); });
 }
 
-void Application::RunScan(const std::string& path) {
-  Run([&] { session_.ScanFolder(path); });
+void Application::RunScan(const std::vector<std::string>& paths) {
+  Run([&] { session_.ScanFolders(paths); });
 }
 
 std::string Application::NothingListed() const {

@@ -68,9 +68,9 @@ class Application : private ScanReport, private LoadProgress {
   // When the scan window opens: no results, the closing flag cleared. A Stop from here on counts,
   // even before the scan has begun.
   void PrepareScan();
-  // A scan of what is ticked, or of one path. Returns when it has ended or was stopped.
+  // A scan of what is ticked, or of some paths. Returns when it has ended or was stopped.
   void RunScan();
-  void RunScan(const std::string& path);
+  void RunScan(const std::vector<std::string>& paths);
 
   // Around the two calls below: the program is busy, and an earlier Stop does not end what the user
   // asks for now. `caption` says what goes on.

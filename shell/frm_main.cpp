@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "machine/file_utils.h"
+#include "platform/win/single_instance.h"
 #include "shell/frm_splash.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
@@ -29,7 +30,7 @@ BOOL CALLBACK ForwardColours(HWND window, LPARAM) {
 }  // namespace
 
 frmMain::frmMain(Application& app, PumpWin& pump, HINSTANCE instance)
-    : Window(shared_, "frmMain"),
+    : Window(shared_, kName),
       shared_{instance, metrics_, app.log(), app.language()},
       app_(app),
       pump_(pump),
@@ -56,7 +57,9 @@ void frmMain::Load(const CommandLine& command, int show) {
   frame.style = WS_OVERLAPPEDWINDOW;
   frame.place = FirstPlace();
   frame.title = app_.Title();
+  wanted_.Add(command);
   CreateHandle(frame);
+  ReceiveRequests(hwnd());
   app_.ReadLanguage();
   frmSplash splash(shared_, app_);
   splash.ShowModal(hwnd());
@@ -66,21 +69,21 @@ void frmMain::Load(const CommandLine& command, int show) {
   menu_.Create(hwnd(), app_.language());
   FillSideMenu();
   pump_.translate = [this](MSG* message) { return keys_.Translate(hwnd(), page(), message); };
-  OpenFirstPage(command);
+  OpenFirstPage();
   ShowTitle();
   ShowComplete(show);
   splash.Close();
-  if (command.kind == CommandLine::Kind::StartScan) static_cast<void>(StartScan());
+  ready_ = true;
+  if (wanted_.TakeEverything()) static_cast<void>(StartScan());
   SetTimer(hwnd(), kTimer1, kUpdateDelay, nullptr);
 }
 
-void frmMain::OpenFirstPage(const CommandLine& command) {
-  if (command.kind != CommandLine::Kind::ScanPath) {
+void frmMain::OpenFirstPage() {
+  if (wanted_.HasPaths()) {
+    OpenFolders(frmScanSpy::First::Scan);
+  } else {
     static_cast<void>(ShowHome());
-    return;
   }
-  OpenScan(command.path);
-  ShowTree(false);
 }
 
 // All of it at once, not piece by piece.
@@ -149,6 +152,8 @@ LRESULT frmMain::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_SYSCOLORCHANGE:
       EnumChildWindows(hwnd(), ForwardColours, 0);
       break;
+    case WM_COPYDATA:
+      return TakeRequest(wparam, lparam);
     case WM_CLOSE:
       Close();
       return 0;
@@ -189,7 +194,7 @@ void frmMain::OnSize(Area area) {
 }
 
 void frmMain::OnTimer(UINT_PTR id) {
-  if (id != kTimer1) return;
+  if (id != kTimer1) return StartWantedScan();
   KillTimer(hwnd(), kTimer1);
   app_.log().Trap("Timer1_Timer", [&]() -> Outcome {
     if (!app_.settings().AutoCheckForUpdate) return {};

@@ -12,6 +12,7 @@
 #include "shell/frm_main_menu.h"
 #include "shell/frm_scan_spy.h"
 #include "shell/help.h"
+#include "shell/start_request.h"
 #include "widgets/focus_keeper.h"
 #include "widgets/page_keys.h"
 #include "widgets/side_menu.h"
@@ -24,6 +25,9 @@ namespace scourwell {
 // It owns start-up and shutdown.
 class frmMain : public Window, public FormHost {
  public:
+  // By which a second start finds the window.
+  static constexpr char kName[] = "frmMain";
+
   frmMain(Application& app, PumpWin& pump, HINSTANCE instance);
 
   // Start-up, the message loop, shutdown. Returns the exit code.
@@ -31,7 +35,7 @@ class frmMain : public Window, public FormHost {
 
  private:
   void Load(const CommandLine& command, int show);
-  void OpenFirstPage(const CommandLine& command);
+  void OpenFirstPage();
   void ShowComplete(int show);
   Area FirstPlace() const;
   SIZE SmallestSize() const;
@@ -74,8 +78,12 @@ class frmMain : public Window, public FormHost {
   Outcome ShowChangeReport();
 
   Outcome OpenWebPage(const char* address);
-  void OpenScan(const std::string& path);
-  void OpenScanPage(frmScanSpy::First first, const std::string& path);
+  void OpenScanPage(frmScanSpy::First first, std::vector<std::string> paths);
+  void OpenFolders(frmScanSpy::First first);
+  Outcome ScanTicked(frmScanSpy::First first);
+  // What second starts of the program ask for.
+  LRESULT TakeRequest(WPARAM wparam, LPARAM lparam);
+  void StartWantedScan();
   Outcome ShowContextHelp();
   void EnableCommands();
   void FillSideMenu();
@@ -111,6 +119,8 @@ class frmMain : public Window, public FormHost {
   int posted_ = 0;
   const char* posted_method_ = nullptr;
   std::string title_;
+  WantedScans wanted_;
+  bool ready_ = false;  // the first page is there
   bool close_wanted_ = false;
 };
 

@@ -123,10 +123,12 @@ Outcome frmMain::ShowHome() {
   return {};
 }
 
-Outcome frmMain::StartScan() {
+Outcome frmMain::StartScan() { return ScanTicked(frmScanSpy::First::Scan); }
+
+Outcome frmMain::ScanTicked(frmScanSpy::First first) {
   if (app_.busy()) return {};
   if (app_.scope().AnythingTicked()) {
-    OpenScan({});
+    OpenScanPage(first, {});
   } else {
     ShowMessage(Text(Caption::NothingToScan), Text(Caption::Information));
   }
@@ -135,14 +137,12 @@ Outcome frmMain::StartScan() {
 
 Outcome frmMain::ScanFolder() {
   const std::string folder = AskForFolder(hwnd(), Text(Caption::SelectFolder));
-  if (!folder.empty()) OpenScan(folder);
+  if (!folder.empty()) OpenScanPage(frmScanSpy::First::Scan, {folder});
   return {};
 }
 
-void frmMain::OpenScan(const std::string& path) { OpenScanPage(frmScanSpy::First::Scan, path); }
-
-void frmMain::OpenScanPage(frmScanSpy::First first, const std::string& path) {
-  scan_ = std::make_unique<frmScanSpy>(shared_, app_, *this, first, path);
+void frmMain::OpenScanPage(frmScanSpy::First first, std::vector<std::string> paths) {
+  scan_ = std::make_unique<frmScanSpy>(shared_, app_, *this, first, std::move(paths));
   scan_->CreateIn(client_);
   if (home_) home_->Show(false);
   OnSize(ClientArea());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frm_scan_spy.h"
 
+#include <algorithm>
+
 #include "machine/file_utils.h"
 #include "results/frm_log.h"
 #include "widgets/layout.h"
@@ -18,17 +20,17 @@ constexpr UINT kRefreshInterval = 60;
 }  // namespace
 
 frmScanSpy::frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, First first,
-                       std::string path)
+                       std::vector<std::string> paths)
     : Page(env, "frmScanSpy"),
       app_(app),
       host_(host),
       first_(first),
-      path_(std::move(path)),
+      paths_(std::move(paths)),
       SpyStatusFrame_(env, app.progress(), app.hits().counters(), app.ports().clock),
       SpyFrame_(env, app.hits(), app.categories(), app.ports().shell) {}
 
 void frmScanSpy::OnCreate() {
-  if (first_ == First::Scan) app_.PrepareScan();
+  if (first_ != First::Results) app_.PrepareScan();
   SpyStatusFrame_.Create(hwnd(), IDC_SpyStatusFrame);
   if (first_ == First::Results) return ShowResults();
   SetTimer(hwnd(), kStartTimer, kStartDelay, nullptr);
@@ -48,18 +50,19 @@ void frmScanSpy::OnTimer(UINT_PTR id) {
 
 // The scan runs inside this call; the pump lets the windows live.
 void frmScanSpy::RunScan() {
-  if (!path_.empty() && !PathExists()) {
-    SpyStatusFrame_.ShowMissing(path_);
+  if (!paths_.empty() && !AnyPathExists()) {
+    SpyStatusFrame_.ShowMissing(paths_.front());
     return host_.PageChanged();
   }
   SpyStatusFrame_.ScanBegan();
   SetTimer(hwnd(), kRefreshTimer, kRefreshInterval, nullptr);
   host_.PageChanged();
-  path_.empty() ? app_.RunScan() : app_.RunScan(path_);
+  paths_.empty() ? app_.RunScan() : app_.RunScan(paths_);
   KillTimer(hwnd(), kRefreshTimer);
   SpyStatusFrame_.ScanEnded(app_.session().finished());
   host_.PageChanged();
-  if (app_.settings().AutoRemove && app_.session().finished() && !app_.hits().empty() && !leave_) {
+  const bool unattended = app_.settings().AutoRemove && first_ == First::Scan;
+  if (unattended && app_.session().finished() && !app_.hits().empty() && !leave_) {
     RemoveChecked(true);
     SpyStatusFrame_.ScanEnded(true);
     host_.PageChanged();
@@ -67,8 +70,11 @@ void frmScanSpy::RunScan() {
   if (leave_) host_.PostCommand(IDM_mnuHome);
 }
 
-bool frmScanSpy::PathExists() const {
-  return FolderExists(app_.ports().files, path_) || FileExists(app_.ports().files, path_);
+bool frmScanSpy::AnyPathExists() const {
+  Files& files = app_.ports().files;
+  return std::any_of(paths_.begin(), paths_.end(), [&](const std::string& path) {
+    return FolderExists(files, path) || FileExists(files, path);
+  });
 }
 
 void frmScanSpy::ShowProgress() {

@@ -12,11 +12,13 @@ namespace scourwell {
 // The scan page: starts its scan by itself, shows its progress, then its results.
 class frmScanSpy : public Page {
  public:
-  // What the page does when it comes up: a scan, or nothing but show what the last one found.
-  enum class First { Scan, Results };
+  // What the page does when it comes up: a scan, or nothing but show what the last one found. After
+  // a scan that another start of the program has asked for, nothing is removed unattended.
+  enum class First { Scan, HandedScan, Results };
 
-  // `path`: a folder or file to scan; empty: what is ticked in the tree.
-  frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, First first, std::string path);
+  // `paths`: folders or files to scan; none: what is ticked in the tree.
+  frmScanSpy(const WindowEnv& env, Application& app, FormHost& host, First first,
+             std::vector<std::string> paths);
 
   bool ShowsResults() const { return SpyFrame_.Shown(); }
   // The page of a scan that has ended. A list of results is opened anew instead.
@@ -34,7 +36,7 @@ class frmScanSpy : public Page {
   void OnTimer(UINT_PTR id) override;
 
   void RunScan();
-  bool PathExists() const;
+  bool AnyPathExists() const;
   void ShowProgress();
   void cmdAbort_Click();
   Outcome cmdNext_Click();
@@ -58,7 +60,7 @@ class frmScanSpy : public Page {
   Application& app_;
   FormHost& host_;
   First first_;
-  std::string path_;
+  std::vector<std::string> paths_;
   ProgressPane SpyStatusFrame_;
   ResultsPane SpyFrame_;
   bool leave_ = false;  // for the start page, once the scan has returned

@@ -16,7 +16,9 @@
 #include "platform/win/versions_win.h"
 #include "shell/application.h"
 #include "shell/frm_main.h"
+#include "shell/start_request.h"
 #include "shell/version.h"
+#include "widgets/message_box.h"
 
 namespace {
 
@@ -25,6 +27,19 @@ std::string ApplicationFolder() {
   const std::string path = scourwell::RunningSystemCalls().OwnPath();
   const std::string folder(scourwell::FolderPart(path));
   return folder.size() == 2 ? folder + "\\" : folder;  // a drive root keeps its backslash
+}
+
+// A second start that came to nothing. It reads the language, and no more.
+int SayWhyNot(scourwell::Application& app, scourwell::StartAnswer answer, const std::string& path) {
+  using namespace scourwell;
+  app.ReadLanguage();
+  const Language& language = app.language();
+  std::string text = language.Text(answer == StartAnswer::Busy      ? Caption::StartBusy
+                                   : answer == StartAnswer::Refused ? Caption::StartRefused
+                                                                    : Caption::StartNoAnswer);
+  if (answer != StartAnswer::None && !path.empty()) text += "\r\n\r\n" + path;
+  ShowMessage(text, language.Text(Caption::ProgramName));
+  return answer == StartAnswer::None ? 1 : 0;
 }
 
 }  // namespace
@@ -42,9 +57,13 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
     if (!full.empty()) command.path = full;
   }
   RunningSystemCalls().EnterSystemFolder();
-  const SingleInstance single;
-  if (!single.is_first()) return 0;
+  SingleInstance single;
   UseSystemFolding();
+  StartAnswer answer = StartAnswer::None;
+  if (!single.is_first()) {
+    answer = single.HandOver(instance, frmMain::kName, PackRequest(command));
+    if (answer == StartAnswer::Taken) return 0;
+  }
   FilesWin files;
   RegistryWin registry;
   RegistryWin registry64(RegistryWin::kView64);
@@ -59,6 +78,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
   Application app({files, registry, RegistryWin::HasTwoViews() ? &registry64 : nullptr, profiles,
                    clock, system, shell, versions, processes, pump, code_pages},
                   ApplicationFolder(), kProgramVersion);
+  if (!single.is_first()) return SayWhyNot(app, answer, command.path);
   frmMain main_window(app, pump, instance);
   return main_window.Run(command, show);
 }

@@ -83,7 +83,7 @@ TEST_SUITE("application") {
     }
     CHECK(log.find("popup.exe") == std::string::npos);
     p.app.PrepareScan();
-    p.app.RunScan("C:\\Programs");
+    p.app.RunScan({{"C:\\Programs"}});
     CHECK(p.app.hits().size() == 3);  // direct entries are checked again
     CHECK(p.Finished() == 2);
     CHECK(p.app.statistics().getNumberOfScans() == "2");
@@ -91,7 +91,7 @@ TEST_SUITE("application") {
     const std::string elsewhere = "C:\\Programs\\ScanLog.txt";
     p.app.settings().LogFilePath = elsewhere;
     p.app.PrepareScan();
-    p.app.RunScan("C:\\Programs");
+    p.app.RunScan({{"C:\\Programs"}});
     p.app.Shutdown();
     CHECK(p.m.Has(kLog));
     CHECK(p.m.Has(elsewhere));
@@ -156,7 +156,7 @@ TEST_SUITE("application") {
       c.before(p);
       p.app.Start();
       p.app.PrepareScan();
-      p.app.RunScan("C:\\Clean");
+      p.app.RunScan({{"C:\\Clean"}});
       CHECK(p.Hits() == "");
       CHECK(p.app.NothingListed().find(c.text) != std::string::npos);
     }

@@ -90,11 +90,11 @@ TEST_SUITE("scan_progress") {
 
   TEST_CASE("one folder on the command line is counted as well, one file has nothing to count") {
     Watched folder;
-    folder.session.ScanFolder("D:\\many");
+    folder.session.ScanFolders({"D:\\many"});
     REQUIRE(folder.Counted("<1883>"));
     CHECK(folder.Counted("<1883>")->total == 41);
     Watched file;
-    file.session.ScanFolder("D:\\Tfile.exe");
+    file.session.ScanFolders({"D:\\Tfile.exe"});
     CHECK(file.Counted("<18") == nullptr);
     CHECK(file.session.finished());
   }

@@ -181,7 +181,7 @@ TEST_SUITE("scan_session") {
         s.definitions.Value("REMO", "0REMENT", "AnAdsc.ocx").Value("REMO", "1REMENT", "BONZIBUDDY");
       }
       s.WriteDefinitions();
-      s.session.ScanFolder("D:\\sub");
+      s.session.ScanFolders({"D:\\sub"});
       CHECK(s.Spies() == spies);
       CHECK(s.m.Errors() == "");
     }
@@ -226,7 +226,7 @@ TEST_SUITE("scan_session") {
           VersionBlock().Text("CompanyName", "Evil Inc.").Make();
       s.definitions.Entry("SCE", {"SCET", "SCEV"}, {"Company", "evil inc."});
       s.WriteDefinitions();
-      s.session.ScanFolder("D:\\sub");
+      s.session.ScanFolders({"D:\\sub"});
       CHECK(s.sink.lines() == (advanced ? "Spy File|Company|D:\\sub\\harmless.exe\n" : ""));
       CHECK(s.m.versions.journal.size() == (advanced ? 1 : 0));
       CHECK(s.lists.program_texts.empty());
@@ -238,23 +238,30 @@ TEST_SUITE("scan_session") {
     Session s;
     s.m.File("D:\\sub\\Sfile.exe");
     SUBCASE("and what lies below it") {
-      s.session.ScanFolder("D:\\sub");
+      s.session.ScanFolders({"D:\\sub"});
       CHECK(s.sink.lines() == "Spy File|S|D:\\sub\\Sfile.exe\n");
       CHECK(s.Noted("log"));
       CHECK(s.Noted("finish"));
     }
     SUBCASE("a whole drive") {
-      s.session.ScanFolder("D:\\");
+      s.session.ScanFolders({"D:\\"});
       CHECK(s.sink.found.size() == 11);
     }
     SUBCASE("stopped") {
       s.m.pump.close_at = 12;
-      s.session.ScanFolder("D:\\sub");
+      s.session.ScanFolders({"D:\\sub"});
       CHECK(s.lists.searched.empty());
       CHECK_FALSE(s.Noted("log"));
     }
+    SUBCASE("and another, and one that is not there") {
+      s.m.File("D:\\other\\Sfile.exe");
+      s.session.ScanFolders({"D:\\none", "D:\\other", "D:\\sub"});
+      CHECK(s.sink.lines() == "Spy File|S|D:\\other\\Sfile.exe\nSpy File|S|D:\\sub\\Sfile.exe\n");
+      CHECK(s.Noted("finish"));
+      CHECK(s.m.Errors().find("D:\\none") != std::string::npos);
+    }
     SUBCASE("that is not there") {
-      s.session.ScanFolder("D:\\none");
+      s.session.ScanFolders({"D:\\none"});
       CHECK(Lines(s.m.shell.journal) == "Message <17031>\r\nD:\\none/<17000>\n");
     }
     CHECK(s.session.finished() == s.Noted("finish"));
@@ -267,7 +274,7 @@ TEST_SUITE("scan_session") {
     s.m.versions.blocks["D:\\renamed.exe"] = VersionBlock().Text("CompanyName", "Evil Inc.").Make();
     s.definitions.Entry("SCE", {"SCET", "SCEV"}, {"Company", "evil inc."});
     s.WriteDefinitions();
-    s.session.ScanFolder("D:\\renamed.exe");
+    s.session.ScanFolders({"D:\\renamed.exe"});
     CHECK(s.sink.lines() == "Spy File|Company|D:\\renamed.exe\n");
   }
 

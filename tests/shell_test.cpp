@@ -3,6 +3,7 @@
 #include "settings/settings_table.h"
 #include "shell/command_line.h"
 #include "shell/language.h"
+#include "shell/start_request.h"
 #include "shell/statistics.h"
 #include "tests/support.h"
 
@@ -261,6 +262,50 @@ TEST_SUITE("command_line") {
       CHECK(line.kind == kind);
       CHECK(line.path == path);
     }
+  }
+
+  TEST_CASE("a request of another start comes as it was sent, or not at all") {
+    using Kind = CommandLine::Kind;
+    for (const CommandLine& sent :
+         {CommandLine{Kind::Normal, ""}, CommandLine{Kind::StartScan, ""},
+          CommandLine{Kind::ScanPath, "C:\\"}, CommandLine{Kind::ScanPath, "C:\\Łódka 表\\x"},
+          CommandLine{Kind::ScanPath, "\\\\server\\share\\a b"}}) {
+      CAPTURE(sent.path);
+      const std::string bytes = PackRequest(sent);
+      const auto came = UnpackRequest(bytes);
+      REQUIRE(came);
+      CHECK(came->kind == sent.kind);
+      CHECK(came->path == sent.path);
+      for (std::size_t cut = 0; cut < bytes.size(); ++cut) {
+        CHECK_FALSE(UnpackRequest(std::string_view(bytes).substr(0, cut)));
+      }
+      CHECK_FALSE(UnpackRequest(bytes + "x"));
+      CHECK_FALSE(UnpackRequest(bytes + std::string(1, '\0')));
+    }
+    for (const std::string text :
+         {"", "R", "Nx", "Sx", "P", "Prelative", "PC:", "PC:\\a\\..\\b", "PC:\\a\\.", "PC:\\*.exe",
+          "PC:/a", "P\\\\?\\C:\\a", "P\\\\.\\PhysicalDrive0", "PC:\\a\nb", "PC:\\a|b", "PC:\\\xFFx",
+          "pC:\\a"}) {
+      CAPTURE(text);
+      CHECK_FALSE(UnpackRequest(text + '\0'));
+    }
+    CHECK_FALSE(UnpackRequest("PC:\\" + std::string(100000, 'x') + '\0'));
+  }
+
+  TEST_CASE("folders that are asked for one by one make one scan, each once") {
+    WantedScans wanted;
+    for (const char* path : {"C:\\a\\deep", "D:\\b", "c:\\A", "C:\\a", "C:\\ab", "D:\\"}) {
+      wanted.Add({CommandLine::Kind::ScanPath, path});
+    }
+    CHECK(wanted.HasPaths());
+    CHECK(wanted.TakePaths() == std::vector<std::string>{"c:\\A", "C:\\ab", "D:\\"});
+    CHECK_FALSE(wanted.HasPaths());
+    CHECK_FALSE(wanted.TakeEverything());
+    wanted.Add({CommandLine::Kind::StartScan, ""});
+    wanted.Add({CommandLine::Kind::Normal, ""});
+    CHECK_FALSE(wanted.HasPaths());
+    CHECK(wanted.TakeEverything());
+    CHECK_FALSE(wanted.TakeEverything());
   }
 }
 

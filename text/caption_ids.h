@@ -439,6 +439,11 @@ enum class Caption : int {
   IgnoreListNotRead = 17374,
   ExcludedMayBeListed = 17375,
   BuiltInDefinitionsOnly = 17376,
+
+  // What a second start of the program says.
+  StartBusy = 17420,
+  StartRefused = 17421,
+  StartNoAnswer = 17422,
 };
 
 constexpr int NumberOf(Caption caption) { return static_cast<int>(caption); }

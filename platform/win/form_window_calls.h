@@ -49,6 +49,13 @@ class FormWindowCalls : public WindowCalls {
     return Form::FromNative(text);
   }
 
+  std::string ClassName(HWND window) const override {
+    String name(kLongestClassName + 1, '\0');
+    const int size = Form::kGetClassName(window, name.data(), static_cast<int>(name.size()));
+    name.resize(static_cast<std::size_t>(size));
+    return Form::FromNative(name);
+  }
+
   LRESULT SendText(HWND window, UINT message, WPARAM wparam,
                    const std::string& text) const override {
     const String native = Form::Native(text);
@@ -119,6 +126,8 @@ class FormWindowCalls : public WindowCalls {
   HFONT Font(const LOGFONTW& font) const override { return Form::MakeFont(font); }
 
  private:
+  static constexpr std::size_t kLongestClassName = 256;
+
   typename Form::FontFacts Stock(int number) const {
     typename Form::FontFacts font = {};
     Facts(GetStockObject(number), sizeof font, &font);

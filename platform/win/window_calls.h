@@ -24,6 +24,7 @@ struct PlainCalls {
   decltype(&SetWindowLongW) SetLong;
   decltype(&SystemParametersInfoW) Parameter;
   decltype(&GetObjectW) Facts;  // of a GDI object that holds no text
+  decltype(&SendMessageTimeoutW) SendFor;
 };
 
 struct NewClass {
@@ -82,6 +83,8 @@ class WindowCalls : public PlainCalls {
   virtual HWND Create(const NewWindow& made) const = 0;
   virtual void SetText(HWND window, const std::string& text) const = 0;
   virtual std::string Text(HWND window) const = 0;
+  // Empty where there is no such window.
+  virtual std::string ClassName(HWND window) const = 0;
   // A message whose last parameter is a text.
   virtual LRESULT SendText(HWND window, UINT message, WPARAM wparam,
                            const std::string& text) const = 0;

@@ -89,24 +89,6 @@ TEST_CASE("a first start fills the store with the defaults") {
   CHECK(ScanLogs().empty());
 }
 
-TEST_CASE("a second start ends at once, and with AutoSave off the log ends with the first") {
-  PlantMachine();
-  SetSetting("AutoSave", "AutoSave", "False");
-  Program first("/STARTUP");
-  REQUIRE(first.MainWindow());
-  REQUIRE(WaitFor(LogIsComplete, 60000));
-  SetSetting("Mark", "Checked", "n");
-  Program second("");
-  CHECK(second.Ended(5000));
-  CHECK(second.ExitCode() == 0);
-  CHECK(Setting("Mark", "Checked") == "n");
-  CHECK(ScanLogs().size() == 1);
-  CHECK_FALSE(first.Ended(0));
-  REQUIRE(first.Close());
-  CHECK(ScanLogs().empty());
-  CHECK(Setting("AutoSave", "AutoSave") == "False");
-}
-
 TEST_CASE("a path on the command line is scanned alone, without the tree") {
   PlantMachine();
   PlantFile("C:\\planted\\spyone.dll", 1);            // beside the folder, not in it

@@ -27,7 +27,8 @@ struct WideForm {
             PeekMessageW,          DispatchMessageW,      IsDialogMessageW,
             TranslateAcceleratorW, DefWindowProcW,        DefFrameProcW,
             DefMDIChildProcW,      CallWindowProcW,       GetWindowLongW,
-            SetWindowLongW,        SystemParametersInfoW, GetObjectW};
+            SetWindowLongW,        SystemParametersInfoW, GetObjectW,
+            SendMessageTimeoutW};
   }
   static constexpr LRESULT kNotifyFormat = NFR_UNICODE;
   static constexpr std::size_t kLongestPath = 32766;
@@ -43,6 +44,7 @@ struct WideForm {
   static constexpr auto kSetWindowText = SetWindowTextW;
   static constexpr auto kGetWindowTextLength = GetWindowTextLengthW;
   static constexpr auto kGetWindowText = GetWindowTextW;
+  static constexpr auto kGetClassName = GetClassNameW;
   static constexpr auto kMessageBox = MessageBoxIndirectW;
   static constexpr auto kAppendMenu = AppendMenuW;
   static constexpr auto kLoadImage = LoadImageW;

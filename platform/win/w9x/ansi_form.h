@@ -27,7 +27,8 @@ struct AnsiForm {
             PeekMessageA,          DispatchMessageA,      IsDialogMessageA,
             TranslateAcceleratorA, DefWindowProcA,        DefFrameProcA,
             DefMDIChildProcA,      CallWindowProcA,       GetWindowLongA,
-            SetWindowLongA,        SystemParametersInfoA, GetObjectA};
+            SetWindowLongA,        SystemParametersInfoA, GetObjectA,
+            SendMessageTimeoutA};
   }
   static constexpr LRESULT kNotifyFormat = NFR_ANSI;
   static constexpr std::size_t kLongestPath = MAX_PATH - 1;
@@ -43,6 +44,7 @@ struct AnsiForm {
   static constexpr auto kSetWindowText = SetWindowTextA;
   static constexpr auto kGetWindowTextLength = GetWindowTextLengthA;
   static constexpr auto kGetWindowText = GetWindowTextA;
+  static constexpr auto kGetClassName = GetClassNameA;
   static constexpr auto kMessageBox = MessageBoxIndirectA;
   static constexpr auto kAppendMenu = AppendMenuA;
   static constexpr auto kLoadImage = LoadImageA;
