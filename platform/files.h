@@ -85,7 +85,8 @@ class Files {
   // The content in blocks of kBlockSize, the last one shorter; a file may have any size.
   virtual Outcome ReadBlocks(const std::string& path, const VisitBlock& visit) = 0;
 
-  // Appends, creating the file when there is none. The folder must exist.
+  // Appends, creating the file when there is none. The folder must exist. A link, or a file that
+  // has another name as well, is refused.
   virtual Outcome Append(const std::string& path, std::string_view text) = 0;
 
   // Replaces the whole content: written beside and renamed, so that the old content survives

@@ -40,6 +40,18 @@ Outcome ReadUpTo(HANDLE file, char* bytes, std::size_t size, std::size_t* filled
   return {};
 }
 
+// The header's own name is newer than the oldest target.
+constexpr DWORD kOpenItself = 0x00200000;
+constexpr DWORD kLinkAttribute = 0x400;
+
+// A link, or a file with a second name: whoever may write into a folder can have either lead to a
+// file that only an administrator may change.
+bool StandsElsewhere(HANDLE file) {
+  BY_HANDLE_FILE_INFORMATION facts = {};
+  return !GetFileInformationByHandle(file, &facts) || facts.nNumberOfLinks > 1 ||
+         (facts.dwFileAttributes & kLinkAttribute);
+}
+
 DriveKind ToKind(UINT type) {
   switch (type) {
     case DRIVE_NO_ROOT_DIR:
@@ -133,9 +145,11 @@ Outcome FilesWin::ReadBlocks(const std::string& path, const VisitBlock& visit) {
 
 Outcome FilesWin::Append(const std::string& path, std::string_view text) {
   calls_.BringBack(path);
-  const FileHandle file =
-      calls_.Open(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL);
+  const DWORD itself = calls_.KnowsLinks() ? kOpenItself : 0;
+  const FileHandle file = calls_.Open(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS,
+                                      FILE_ATTRIBUTE_NORMAL | itself);
   if (!file) return FailedWith(GetLastError());
+  if (itself && StandsElsewhere(file.get())) return FailedWith(ERROR_ACCESS_DENIED);
   LONG high = 0;
   SetLastError(NO_ERROR);
   if (SetFilePointer(file.get(), 0, &high, FILE_END) == 0xFFFFFFFF && GetLastError() != NO_ERROR) {

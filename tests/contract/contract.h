@@ -48,6 +48,8 @@ class ContractMachine {
   // Made without help of the ports under test. The parent folder exists.
   virtual void MakeFolder(const std::string& path) = 0;
   virtual void MakeFile(const std::string& path, const std::string& content) = 0;
+  // Another name of a file. False where files have but one.
+  virtual bool MakeSecondName(const std::string& name, const std::string& path) = 0;
   // Some of kReadOnly, kHidden and kSystem, and no others of these.
   virtual void SetAttributes(const std::string& path, std::uint32_t attributes) = 0;
   // In key(): a text value whose name is one character that no code page has, and one whose name is

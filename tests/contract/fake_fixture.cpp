@@ -50,6 +50,7 @@ class FakeContractMachine : public ContractMachine {
     key.Value(name, data);
     return true;
   }
+  bool MakeSecondName(const std::string&, const std::string&) override { return false; }
   bool MakeKeyLink(const std::string& path, const std::string& target) override {
     m_.registry.Link(RootKey::CurrentUser, path, target);
     return true;

@@ -274,6 +274,11 @@ TEST_SUITE("contract_files") {
     CHECK(disk.files.Append(disk.root + "log", std::string("\0two", 4)).ok());
     CHECK(disk.Content("log") == std::string("one\r\n\0two", 9));
     CHECK(disk.files.Append(disk.root + "none\\log", "x").code() == kPathNotFound);
+    disk.machine->MakeFile(disk.root + "precious", "dear");
+    if (disk.machine->MakeSecondName(disk.root + "led astray", disk.root + "precious")) {
+      CHECK(disk.files.Append(disk.root + "led astray", "x").code() == kPermissionDenied);
+      CHECK(disk.Content("precious") == "dear");
+    }
     disk.machine->SetAttributes(disk.root + "log", kReadOnly);
     // Wine lets the superuser write all the same.
     const bool appended = disk.files.Append(disk.root + "log", "x").ok();

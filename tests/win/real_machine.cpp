@@ -144,6 +144,11 @@ class RealContractMachine : public ContractMachine {
     RegCloseKey(key);
     return made;
   }
+  bool MakeSecondName(const std::string& name, const std::string& path) override {
+    using Link = BOOL(WINAPI*)(const wchar_t*, const wchar_t*, void*);
+    const auto link = LateBind<Link>("kernel32.dll", "CreateHardLinkW");
+    return !Is9xSide() && link && link(Native(name).c_str(), Native(path).c_str(), nullptr);
+  }
   bool MakeKeyLink(const std::string& path, const std::string& target) override {
     const std::wstring native = NativeName(target);
     HKEY link = nullptr;
