@@ -71,6 +71,12 @@ std::optional<RootKey> HiveIn(std::string_view text) {
   return std::nullopt;
 }
 
+// A key that is not there is no failure.
+Outcome Refusal(RegStatus status, RootKey root, const std::string& path) {
+  if (status != kRegAccessDenied) return {};
+  return Outcome::OfRegistry(status).With("Key: ", FullPath(root, path));
+}
+
 const RegistryPlace& KeyOf(const FoundKey& key) { return key.place; }
 const RegistryPlace& KeyOf(const FoundValue& value) { return value.key; }
 
@@ -193,15 +199,19 @@ void RegistryScan::CheckNamedKeys() {
   if (!pump_.closing()) progress_.phase.EndPortion();
 }
 
+// Those who may not change a key may read it all the same. One that they may not even read makes a
+// record: the scan has not seen everything.
 void RegistryScan::CheckRegistryKType(const NamedKey& definition) {
-  log_.Trap("CheckRegistryKType", [&] {
+  log_.Trap("CheckRegistryKType", [&]() -> Outcome {
     const auto root = HiveIn(FirstPart(definition.path));
     const std::string path = CRegister::SplitKeyPath(BehindFirstPart(definition.path));
-    if (!root || path.empty() || !IsSeen(*root, path)) return;  // a whole hive is no signature
+    if (!root || path.empty() || !IsSeen(*root, path)) return {};  // a whole hive is no signature
     progress_.lblScan = definition.path;
     ++progress_.scanned_keys;
-    if (registry_.TryOpen(*root, path, kKeyAllRights) != kRegOk) return;
-    Report(FoundKey{{*root, path}}, definition.spy);
+    RegStatus opened = registry_.TryOpen(*root, path, kKeyAllRights);
+    if (opened == kRegAccessDenied) opened = registry_.TryOpen(*root, path, kKeyRead);
+    if (opened == kRegOk) Report(FoundKey{{*root, path}}, definition.spy);
+    return Refusal(opened, *root, path);
   });
 }
 
@@ -230,14 +240,15 @@ void RegistryScan::CheckNamedValue(const NamedValue& definition) {
 }
 
 void RegistryScan::WalkValues(RootKey root, const std::string& path, bool steps) {
-  log_.Trap("WalkRegistryValues", [&] {
-    if (pump_.closing()) return;
-    registry_.EnumValues(root, path, [&](const std::string& name, const RegValue& value) {
+  log_.Trap("WalkRegistryValues", [&]() -> Outcome {
+    if (pump_.closing()) return {};
+    const auto visit = [&](const std::string& name, const RegValue& value) {
       if (!pump_.Next()) return false;
       CheckValue(root, path, name, value);
       if (steps) progress_.phase.Step();
       return true;
-    });
+    };
+    return Refusal(registry_.EnumValues(root, path, visit), root, path);
   });
 }
 

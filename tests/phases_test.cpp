@@ -275,6 +275,24 @@ TEST_SUITE("registry_scan") {
     CHECK(p.lists.keys.empty());
   }
 
+  TEST_CASE("a key that may only be read is found; one that may not even be read is recorded") {
+    Phases p;
+    p.m.registry.Make(kLocalMachine, "Software\\Spy").denied = true;
+    p.m.registry.Make(kLocalMachine, "Software\\Secret").unreadable = true;
+    p.m.registry.Make(kCurrentUser, kRun).unreadable = true;
+    for (const char* name : {"Spy", "Secret", "Absent"}) {
+      p.definitions.Entry("REGK", {"REGKT", "REGKK"},
+                          {"Key", std::string("HKEY_LOCAL_MACHINE\\Software\\") + name});
+    }
+    p.WriteDefinitions();
+    p.Registry().QuickPass();
+    CHECK(p.sink.lines() == "Spy Registry Key|Key|HKEY_LOCAL_MACHINE\\Software\\Spy\n");
+    CHECK(p.m.Failures() ==
+          "70 CheckRegistryKType, Key: HKEY_LOCAL_MACHINE\\Software\\Secret\n"
+          "70 WalkRegistryValues, Key: HKEY_CURRENT_USER\\" +
+              std::string(kRun) + "\n");
+  }
+
   TEST_CASE("the 64-bit view adds what differs there, and says so") {
     Phases p;
     FakeRegistry view64;
