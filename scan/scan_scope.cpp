@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "scan/scan_scope.h"
 
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace scourwell {
 namespace {
@@ -43,6 +45,11 @@ std::string DriveText(char letter, DriveKind kind, const Captions& captions) {
 }  // namespace
 
 void ScanScope::FillTree(const Captions& captions, const std::vector<Drive>& drives) {
+  Build(captions, drives);
+  SetTicked(kMyComputer, true);
+}
+
+void ScanScope::Build(const Captions& captions, const std::vector<Drive>& drives) {
   nodes_.clear();
   for (const FixedNode& fixed : kFixedNodes) {
     nodes_.push_back({captions.Text(fixed.caption), fixed.key, fixed.parent});
@@ -52,15 +59,22 @@ void ScanScope::FillTree(const Captions& captions, const std::vector<Drive>& dri
     nodes_.push_back({DriveText(drive.letter, drive.kind, captions),
                       std::string(1, drive.letter) + ":\\", kScanDrives, drive.kind});
   }
-  SetTicked(kMyComputer, true);
 }
 
-void ScanScope::Rename(const Captions& captions) {
-  for (std::size_t i = 0; i < nodes_.size(); ++i) {
-    Node& node = nodes_[i];
-    node.text = i < kDeepScan ? captions.Text(kFixedNodes[i].caption)
-                              : DriveText(node.key.front(), node.drive, captions);
+bool ScanScope::Refill(const Captions& captions, const std::vector<Drive>& drives) {
+  const std::vector<Node> old = std::move(nodes_);
+  Build(captions, drives);
+  std::size_t kept = 0;
+  for (Node& node : nodes_) {
+    const auto same = std::find_if(old.begin(), old.end(), [&](const Node& other) {
+      return other.key == node.key && other.drive == node.drive;
+    });
+    kept += same != old.end();
+    node.ticked = same == old.end() ? old[kScanDrives - 1].ticked : same->ticked;
   }
+  // The last drive that was ticked may have gone.
+  if (kept < old.size() && !AnyChildTicked(kScanDrives)) SetTicked(kScanDrives, false);
+  return kept != old.size() || kept != nodes_.size();
 }
 
 void ScanScope::SetTicked(std::size_t number, bool ticked) {

@@ -37,8 +37,9 @@ class ScanScope {
   // Rebuilds the nodes: the seven fixed ones, then one per removable, fixed or network drive.
   // The root starts ticked, and with it everything below.
   void FillTree(const Captions& captions, const std::vector<Drive>& drives);
-  // The texts anew, in another language; ticks stay.
-  void Rename(const Captions& captions);
+  // The same anew, in another language or with other drives; ticks stay. A new drive is ticked when
+  // the drives are. True when drives have come or gone.
+  bool Refill(const Captions& captions, const std::vector<Drive>& drives);
 
   std::size_t count() const { return nodes_.size(); }
   const Node& node(std::size_t number) const { return nodes_[number - 1]; }
@@ -52,6 +53,7 @@ class ScanScope {
   bool AnythingTicked() const;
 
  private:
+  void Build(const Captions& captions, const std::vector<Drive>& drives);
   void TickBelow(std::size_t number, bool ticked);
   bool AnyChildTicked(std::size_t number) const;
 

@@ -104,6 +104,8 @@ std::string Application::TakeChangeReport() {
 
 void Application::FillTree() { scope_.FillTree(language_, ports_.files.Drives()); }
 
+bool Application::RefillTree() { return scope_.Refill(language_, ports_.files.Drives()); }
+
 void Application::Shutdown() {
   if (!started_) return;
   log_.Trap("MDIForm_Unload", [&]() -> Outcome {

@@ -61,6 +61,8 @@ class Application : private ScanReport, private LoadProgress {
   std::string TakeChangeReport();
   // Rebuilds the scan scope from the drives of the machine.
   void FillTree();
+  // The same with the ticks as they are. True when drives have come or gone.
+  bool RefillTree();
   // The end of the run: an unsaved scan log goes, the settings are saved. Nothing before Start():
   // there are no settings yet.
   void Shutdown();

@@ -152,6 +152,10 @@ LRESULT frmMain::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_SYSCOLORCHANGE:
       EnumChildWindows(hwnd(), ForwardColours, 0);
       break;
+    case WM_DEVICECHANGE:
+      drives_changed_ = true;
+      FollowDrives();
+      break;
     case WM_COPYDATA:
       return TakeRequest(wparam, lparam);
     case WM_CLOSE:
@@ -205,6 +209,7 @@ void frmMain::OnTimer(UINT_PTR id) {
 
 void frmMain::PageChanged() {
   const bool scanning = app_.busy();
+  FollowDrives();
   EnableCommands();
   tree_.Enable(!scanning);
   ShowProgress();

@@ -88,6 +88,7 @@ class frmMain : public Window, public FormHost {
   void EnableCommands();
   void FillSideMenu();
   void LanguageChanged();
+  void FollowDrives();
   bool TreeFits(int width) const;
   bool SideMenuFits(int width) const;
 
@@ -120,6 +121,7 @@ class frmMain : public Window, public FormHost {
   const char* posted_method_ = nullptr;
   std::string title_;
   WantedScans wanted_;
+  bool drives_changed_ = false;
   bool ready_ = false;  // the first page is there
   bool close_wanted_ = false;
 };

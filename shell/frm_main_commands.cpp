@@ -95,8 +95,15 @@ void frmMain::FillSideMenu() {
   MenuXP1_.Fill(std::move(items));
 }
 
+// A scan goes by the numbers of the nodes, so that they stay as long as it runs.
+void frmMain::FollowDrives() {
+  if (!ready_ || !drives_changed_ || app_.busy()) return;
+  drives_changed_ = false;
+  if (app_.RefillTree()) tree_.FillTree();
+}
+
 void frmMain::LanguageChanged() {
-  app_.scope().Rename(app_.language());
+  app_.RefillTree();
   tree_.FillTree();
   menu_.Create(hwnd(), app_.language());
   FillSideMenu();

@@ -86,18 +86,43 @@ TEST_SUITE("scan_scope") {
     }
   }
 
-  TEST_CASE("another language renames the nodes and keeps the ticks") {
+  TEST_CASE("another language or other drives keep the ticks") {
     struct : Captions {
       std::string Text(Caption caption) const override { return std::to_string(NumberOf(caption)); }
     } plain;
-    ScanScope scope;
-    scope.FillTree(NumberCaptions(), {{'C', DriveKind::Fixed}});
-    scope.SetTicked(8, false);
-    scope.Rename(plain);
-    CHECK(scope.node(7).text == "1906");
-    CHECK(scope.node(8).text == "C: 1909");
-    CHECK_FALSE(scope.ticked(8));
-    CHECK(scope.ticked(7));
+    constexpr Drive kC{'C', DriveKind::Fixed}, kD{'D', DriveKind::Fixed},
+        kE{'E', DriveKind::Removable};
+    using Drives = std::vector<Drive>;
+    struct Row {
+      std::vector<std::size_t> cleared;
+      Drives before;
+      Drives after;
+      bool changed;
+      std::string drives;  // "+" behind one that is ticked
+      bool all_drives;
+    };
+    for (const Row& row :
+         {Row{{8}, {kC, kD}, {kC, kD}, false, "C: 1909 D: 1909+ ", true},
+          Row{{8}, {kC, kD}, {kC, kD, kE}, true, "C: 1909 D: 1909+ E: 1908+ ", true},
+          Row{{8}, {kC, kE}, {kC}, true, "C: 1909 ", false},
+          Row{{9}, {kC, kE}, {kE, kC}, false, "E: 1908 C: 1909+ ", true},
+          Row{{5}, {kC}, {kC, kE}, true, "C: 1909 E: 1908 ", false},
+          Row{{}, {kC, kD}, {kC, {'D', DriveKind::Network}}, true, "C: 1909+ D: 1910+ ", true}}) {
+      ScanScope scope;
+      scope.FillTree(NumberCaptions(), row.before);
+      for (const std::size_t number : row.cleared) scope.SetTicked(number, false);
+      scope.SetTicked(ScanScope::kScanMemory, false);
+      CHECK(scope.Refill(plain, row.after) == row.changed);
+      std::string drives;
+      for (std::size_t i = ScanScope::kFirstDrive; i <= scope.count(); ++i) {
+        drives += scope.node(i).text + (scope.ticked(i) ? "+ " : " ");
+      }
+      CHECK(drives == row.drives);
+      CHECK(scope.ticked(ScanScope::kScanDrives) == row.all_drives);
+      CHECK_FALSE(scope.ticked(ScanScope::kScanMemory));
+      CHECK(scope.ticked(ScanScope::kDeepScan));
+      CHECK(scope.node(ScanScope::kDeepScan).text == "1906");
+    }
   }
 }
 
