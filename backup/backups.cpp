@@ -73,6 +73,13 @@ std::string Backups::NameForNow() const {
   return name;
 }
 
+bool Backups::Needs(const FoundObject& object) const {
+  DirEntry there;
+  const std::string* path = PathOnDisk(object);
+  if (path) return parts_.files.Stat(*path, &there).code() != kFileNotFound;
+  return KindOf(object) != FindingKind::Process;
+}
+
 BackupReport Backups::Create(const std::string& name, const std::vector<const Finding*>& rows,
                              ArchiveOptions options) {
   BackupReport report;

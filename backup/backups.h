@@ -60,6 +60,8 @@ class Backups {
   // "2004-03-05 120000", or with a number behind it where that is taken.
   std::string NameForNow() const;
 
+  // False for what an archive cannot hold or what is not there any more.
+  bool Needs(const FoundObject& object) const;
   // Stores the rows in a new archive. Rows that are neither files, folders, cookies nor registry
   // entries, and files that are gone, need no backup.
   BackupReport Create(const std::string& name, const std::vector<const Finding*>& rows,

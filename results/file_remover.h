@@ -12,24 +12,10 @@
 #include "platform/pump.h"
 #include "platform/shell.h"
 #include "platform/system.h"
+#include "results/removal_result.h"
 #include "settings/app_settings.h"
 
 namespace scourwell {
-
-enum class RemovalState {
-  Removed,
-  Gone,            // was not there any more
-  PendingRestart,  // in use; Windows takes it away at its next start
-  Refused,         // protected
-  Failed,
-};
-
-struct RemovalResult {
-  RemovalState state = RemovalState::Removed;
-  Outcome why;  // of a refusal or failure
-
-  bool done() const { return state == RemovalState::Removed || state == RemovalState::Gone; }
-};
 
 // Deletes files and folders, each on a way that is held against swapping and by what was opened
 // there, so that what is deleted is what was judged. Links are deleted as the links they are. What

@@ -29,7 +29,7 @@ void HitList::Clear() {
   rows_.clear();
   seen_.clear();
   counters_ = {};
-  uncertain_ = false;
+  uncertain_ = settled_ = false;
   sorted_ = ascending_ = false;
 }
 
@@ -69,13 +69,22 @@ std::string HitList::Text(std::size_t index, Column column) const {
       return finding.spy;
     case kDetails:
       return PlaceText(finding.object);
+    case kState:
+      return rows_[index].result ? RemovalStateText(captions_, *rows_[index].result) : "";
     default:
       return KindText(captions_, KindOf(finding.object));
   }
 }
 
 void HitList::CheckAll(bool checked) {
-  for (Row& row : rows_) row.checked = checked;
+  for (std::size_t i = 0; i < rows_.size(); ++i) SetChecked(i, checked);
+}
+
+void HitList::Settle(std::size_t index, const RemovalResult& result) {
+  settled_ = true;
+  Row& row = rows_[index];
+  row.result = result;
+  if (row.gone() || result.state == RemovalState::PendingRestart) row.checked = false;
 }
 
 std::size_t HitList::checked_count() const {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -11,6 +12,7 @@
 
 #include "backup/ignore_list.h"
 #include "machine/error_log.h"
+#include "results/removal_result.h"
 #include "scan/finding.h"
 #include "scan/hit_counters.h"
 #include "settings/app_settings.h"
@@ -25,8 +27,12 @@ class HitList : public FindingSink {
   struct Row {
     Finding finding;
     bool checked = false;
+    std::optional<RemovalResult> result = {};  // of the last attempt to remove it
+
+    // Nothing is left of it to be removed.
+    bool gone() const { return result && result->done(); }
   };
-  enum Column { kType, kSystem, kDetails };
+  enum Column { kType, kSystem, kDetails, kState };
 
   HitList(IgnoreList& ignore, const AppSettings& settings, const Captions& captions, ErrorLog& log)
       : ignore_(ignore), settings_(settings), captions_(captions), log_(log) {}
@@ -48,9 +54,16 @@ class HitList : public FindingSink {
   // Whether there are rows that the ignore list may hold.
   bool uncertain() const { return uncertain_; }
 
-  void SetChecked(std::size_t index, bool checked) { rows_[index].checked = checked; }
+  // What is gone cannot be checked.
+  void SetChecked(std::size_t index, bool checked) {
+    rows_[index].checked = checked && !rows_[index].gone();
+  }
   void CheckAll(bool checked);
   std::size_t checked_count() const;
+  // A removal has tried the row. What is gone, or goes at the next start, loses its check mark.
+  void Settle(std::size_t index, const RemovalResult& result);
+  // Whether a removal has tried any row.
+  bool settled() const { return settled_; }
   // Moves the checked rows to the ignore list, from the last to the first. The counters stay.
   // Rows that the list cannot hold stay too, and the result says so.
   Outcome ExcludeChecked();
@@ -74,6 +87,7 @@ class HitList : public FindingSink {
   std::unordered_map<std::string, bool, NoCaseHash, NoCaseEqual> seen_;
   HitCounters counters_;
   bool uncertain_ = false;
+  bool settled_ = false;
   Column sort_column_ = kType;
   bool sorted_ = false;
   bool ascending_ = false;

@@ -24,32 +24,9 @@ constexpr std::int32_t RemovalCounters::*kCounters[] = {
 };
 static_assert(std::size(kCounters) == std::variant_size_v<FoundObject>);
 
-struct StateText {
-  RemovalState state;
-  Caption caption;
-};
-constexpr StateText kStates[] = {
-    {RemovalState::Removed, Caption::StateRemoved},
-    {RemovalState::Gone, Caption::StateGone},
-    {RemovalState::PendingRestart, Caption::StatePendingRestart},
-    {RemovalState::Refused, Caption::StateRefused},
-    {RemovalState::Failed, Caption::StateFailed},
-};
-
 RemovalResult Failed(RemovalState state, Outcome why) { return {state, std::move(why)}; }
 
 }  // namespace
-
-std::string RemovalStateText(const Captions& captions, const RemovalResult& result) {
-  std::string text;
-  for (const StateText& each : kStates) {
-    if (each.state == result.state) text = captions.Text(each.caption);
-  }
-  if (!result.why.ok() && result.state != RemovalState::PendingRestart) {
-    text += " (" + result.why.description() + ")";
-  }
-  return text;
-}
 
 std::size_t RemovalReport::Count(RemovalState state) const {
   return static_cast<std::size_t>(
@@ -70,31 +47,35 @@ void Removal::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept) {
   report_ = {};
   std::vector<RemovalStep> steps = PlanRemoval(parts_.hits, kept);
   WriteScript(steps);
-  std::vector<std::pair<std::size_t, RemovedObject>> done;
+  std::vector<std::pair<RemovalStep, RemovedObject>> done;
   for (const RemovalStep& step : steps) {
     if (!parts_.files.pump.Next()) break;
-    done.emplace_back(step.row, Carry(step));
+    done.emplace_back(step, Carry(step));
   }
   if (done.size() < steps.size()) {
     // Stopped: the editor leaves what was not reached, too.
     steps.resize(done.size());
     WriteScript(steps);
   }
-  std::ranges::sort(done, {}, [](const auto& object) { return object.first; });
-  for (auto& [row, object] : done) {
+  std::ranges::sort(done, {}, [](const auto& object) { return object.first.row; });
+  for (auto& [step, object] : done) {
     report_.failed = report_.failed || !object.result.done();
+    if (!step.kept) parts_.hits.Settle(step.row, object.result);
     report_.objects.push_back(std::move(object));
   }
 }
 
 RemovedObject Removal::Carry(const RemovalStep& step) {
-  const FoundObject& object = parts_.hits.row(step.row).finding.object;
+  const HitList::Row& row = parts_.hits.row(step.row);
+  const FoundObject& object = row.finding.object;
   if (step.kept) {
-    return {object, Failed(RemovalState::Failed,
-                           Outcome::Failed(kPathFileAccess, "It could not be backed up"))};
+    return {row.finding.spy, object,
+            Failed(RemovalState::Failed,
+                   Outcome::Failed(kPathFileAccess, "It could not be backed up"))};
   }
-  RemovedObject removed = {object, Remove(object)};
+  RemovedObject removed = {row.finding.spy, object, Remove(object)};
   if (removed.result.state != RemovalState::Gone) {
+    if (row.result) ++report_.repeated;
     ++(counters_.*kCounters[static_cast<std::size_t>(KindOf(object))]);
   }
   return removed;

@@ -11,6 +11,7 @@
 #include "results/hit_list.h"
 #include "results/registry_remover.h"
 #include "results/removal_plan.h"
+#include "results/removal_result.h"
 #include "text/captions.h"
 
 namespace scourwell {
@@ -27,6 +28,7 @@ struct RemovalCounters {
 };
 
 struct RemovedObject {
+  std::string spy;
   FoundObject object;
   RemovalResult result;
 };
@@ -34,14 +36,13 @@ struct RemovedObject {
 struct RemovalReport {
   std::vector<RemovedObject> objects;  // the checked rows, in their order
   bool failed = false;                 // something is still there
+  std::int32_t repeated = 0;           // attempts on what an earlier removal had tried
 
   std::size_t Count(RemovalState state) const;
 };
 
-// "removed", "refused (It is protected: ...)" and so on.
-std::string RemovalStateText(const Captions& captions, const RemovalResult& result);
-
-// Deletes the checked rows of the results list from the machine. The rows stay in the list.
+// Deletes the checked rows of the results list from the machine. The rows stay in the list, which
+// says what came of each.
 class Removal {
  public:
   struct Parts {
@@ -49,7 +50,7 @@ class Removal {
     Processes& processes;
     Registry* registry64;  // null where there is only one view
     const Captions& captions;
-    const HitList& hits;
+    HitList& hits;
   };
 
   explicit Removal(const Parts& parts);

@@ -4,6 +4,8 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <optional>
+#include <unordered_set>
 
 #include "scan/finding_texts.h"
 #include "widgets/access_keys.h"
@@ -18,6 +20,9 @@ namespace {
 constexpr Caption kColumnCaptions[] = {Caption::ColumnHitType, Caption::ColumnHitSystem,
                                        Caption::ColumnHitDetails};
 constexpr int kPicture = 16;
+constexpr RemovalState kStates[] = {RemovalState::Removed, RemovalState::Gone,
+                                    RemovalState::PendingRestart, RemovalState::Refused,
+                                    RemovalState::Failed};
 
 }  // namespace
 
@@ -46,7 +51,8 @@ void ResultsPane::OnCreate() {
     return KindIcon(KindOf(hits_.row(row).finding.object));
   };
   SpyListView_.row_tip = [this](std::size_t row) {
-    return TipText(hits_.row(row).finding, categories_);
+    const std::string state = hits_.Text(row, HitList::kState);
+    return TipText(hits_.row(row).finding, categories_) + (state.empty() ? "" : " - " + state);
   };
   SpyListView_.Create(env_, hwnd(), IDC_SpyListView);
   images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
@@ -107,15 +113,41 @@ void ResultsPane::OnSize(Area area) {
   FitColumns();
 }
 
-// The last column takes what the others leave, and the middle one narrows with the list: each of
-// them until the user sets its width.
+// There is nothing to say in this column before a removal.
+void ResultsPane::ShowStates() {
+  if (shows_states_ || !hits_.settled()) return;
+  shows_states_ = true;
+  int width = 0;
+  for (const RemovalState state : kStates) {
+    width = std::max(width, SpyListView_.TextWidth(RemovalStateWord(env_.captions, state)));
+  }
+  SpyListView_.AddColumn(HitList::kState, Text(Caption::ColumnState),
+                         width + 4 * ListView::CellPadding());
+  FitColumns();
+}
+
+int ResultsPane::SystemWidth() const {
+  int width = 0;
+  std::unordered_set<std::string> measured;
+  for (std::size_t row = 0; row < hits_.size(); ++row) {
+    std::string spy = hits_.Text(row, HitList::kSystem);
+    if (!measured.insert(spy).second) continue;
+    width = std::max(width, SpyListView_.TextWidth(spy));
+  }
+  return width + 4 * ListView::CellPadding();
+}
+
+// The names of the spies get what they need as long as the places have more; the places take what
+// is left. Each column does so until the user sets its width.
 void ResultsPane::FitColumns() {
   RECT client = {};
   GetClientRect(SpyListView_.hwnd(), &client);
-  const int left = client.right - SpyListView_.ColumnWidth(HitList::kType);
+  const int left = client.right - SpyListView_.ColumnWidth(HitList::kType) -
+                   (shows_states_ ? SpyListView_.ColumnWidth(HitList::kState) : 0);
   int system = SpyListView_.ColumnWidth(HitList::kSystem);
   if (system == system_width_) {
-    system = system_width_ = std::clamp(left / 3, metrics().Scale(90), metrics().Scale(160));
+    system = system_width_ =
+        std::clamp(needed_width_, metrics().Scale(90), std::max(left * 2 / 5, metrics().Scale(90)));
     SpyListView_.SetColumnWidth(HitList::kSystem, system);
   }
   if (SpyListView_.ColumnWidth(HitList::kDetails) != details_width_) return;
@@ -125,18 +157,22 @@ void ResultsPane::FitColumns() {
 
 void ResultsPane::Refresh() {
   SpyListView_.SetItemCount(hits_.size());
+  needed_width_ = SystemWidth();
   SpyListView_.ShowSortArrow(hits_.sorted() ? hits_.sort_column() : -1, hits_.ascending());
   SpyListView_.Select(-1, false);  // its row numbers may name other rows now
   if (!hits_.empty()) SpyListView_.FocusRow(0);
   // A list that was emptied says nothing about the computer.
   lblEmpty_.Show(hits_.empty() && hits_.counters().Total() == 0);
   FitColumns();
+  ShowStates();
   ShowCount();
 }
 
 void ResultsPane::SetBusy(bool busy, const std::string& status) {
   busy_ = busy;
   SpyListView_.Enable(!busy);
+  ShowStates();
+  SpyListView_.Redraw();
   ShowCount();
   if (busy) header_.SetText(status);
 }
@@ -196,15 +232,22 @@ LRESULT ResultsPane::OnNotify(NMHDR* header) {
       Sort(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem);
       return 0;
     case NM_CUSTOMDRAW:
-      return Draw(*reinterpret_cast<const NMLVCUSTOMDRAW*>(header));
+      return Draw(*reinterpret_cast<NMLVCUSTOMDRAW*>(header));
     default:
       return 0;
   }
 }
 
-LRESULT ResultsPane::Draw(const NMLVCUSTOMDRAW& draw) const {
-  return DrawPathColumn(SpyListView_, draw, HitList::kDetails, hits_.size(),
-                        [&](std::size_t row) { return hits_.Text(row, HitList::kDetails); });
+// What is gone is grey, and a path that is cut keeps its end.
+LRESULT ResultsPane::Draw(NMLVCUSTOMDRAW& draw) const {
+  if (const auto answer = BeforeCells(draw)) return *answer;
+  const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
+  if (row >= hits_.size()) return CDRF_DODEFAULT;
+  std::optional<COLORREF> colour;
+  if (hits_.row(row).gone()) colour = draw.clrText = GetSysColor(COLOR_GRAYTEXT);
+  if (draw.iSubItem != HitList::kDetails) return CDRF_DODEFAULT;
+  DrawPathCell(SpyListView_, draw, hits_.Text(row, HitList::kDetails), colour);
+  return CDRF_SKIPDEFAULT;
 }
 
 void ResultsPane::Check(const std::vector<std::size_t>& rows, bool checked) {

@@ -22,6 +22,7 @@ class ResultsPane : public Pane {
   // A scan that was stopped early may have left no log.
   void EnableLog(bool enabled) { has_log_ = enabled; }
   // While rows are removed or backed up nothing can be pressed; `status` says what goes on.
+  // Afterwards the rows say what came of them.
   void SetBusy(bool busy, const std::string& status = {});
 
   HWND FirstFocus() const;
@@ -37,7 +38,9 @@ class ResultsPane : public Pane {
 
   void CreateColumns();
   void FitColumns();
-  LRESULT Draw(const NMLVCUSTOMDRAW& draw) const;
+  void ShowStates();
+  int SystemWidth() const;
+  LRESULT Draw(NMLVCUSTOMDRAW& draw) const;
   void Check(const std::vector<std::size_t>& rows, bool checked);
   void CheckAll(bool checked);
   void Sort(int column);
@@ -64,6 +67,8 @@ class ResultsPane : public Pane {
   ImageListHandle images_;
   bool has_log_ = true;
   bool busy_ = false;
+  bool shows_states_ = false;
+  int needed_width_ = 0;  // by the names of the spies
   int system_width_ = 0;  // as last fitted
   int details_width_ = 0;
 };

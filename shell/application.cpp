@@ -168,6 +168,13 @@ void Application::BeginWork(Caption caption) {
   working_ = true;
 }
 
+bool Application::AnyToBackUp() const {
+  for (std::size_t i = 0; i < hits_.size(); ++i) {
+    if (hits_.row(i).checked && backups_.Needs(hits_.row(i).finding.object)) return true;
+  }
+  return false;
+}
+
 BackupReport Application::BackUpChecked(const std::string& name, ArchiveOptions options) {
   if (scanning_) return {Outcome::Failed(kPermissionDenied), {}, {}};
   std::vector<const Finding*> rows;
@@ -191,7 +198,7 @@ void Application::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept)
 void Application::CountRemoved() {
   log_.Trap("frmResults_Load", [&]() -> Outcome {
     const RemovalCounters& counters = removal_.counters();
-    std::int64_t sum = 0;
+    std::int64_t sum = -removal_.report().repeated;
     for (const std::int32_t count : {counters.files, counters.folders, counters.registry,
                                      counters.cookies, counters.processes}) {
       sum += count;

@@ -78,11 +78,14 @@ class Application : private ScanReport, private LoadProgress {
   // asks for now. `caption` says what goes on.
   void BeginWork(Caption caption);
   void EndWork() { working_ = false; }
+  // Whether a backup of the checked rows would hold anything.
+  bool AnyToBackUp() const;
   // A backup of the checked rows. `failed_rows` of the result are rows of the results list.
   BackupReport BackUpChecked(const std::string& name, ArchiveOptions options = {});
   // Deletes the checked rows but those in `kept`, and writes the log's section about it.
   void RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept);
-  // Adds what the last removal counted to the statistics. Once, when its summary is shown.
+  // Adds what the last removal counted to the statistics, each row once, however often it was
+  // tried. Once, when its summary is shown.
   void CountRemoved();
 
   // "Scourwell 1.0 Rev.0"

@@ -50,7 +50,7 @@ bool frmScanSpy::RemoveChecked(bool unattended) {
 }
 
 bool frmScanSpy::BackUpFirst(bool unattended, std::unordered_set<std::size_t>* kept) {
-  if (!app_.settings().BackupBeforeRemoval || app_.hits().checked_count() == 0) return true;
+  if (!app_.settings().BackupBeforeRemoval || !app_.AnyToBackUp()) return true;
   BeginWork(Caption::BackupInProgress);
   const BackupReport report = app_.BackUpChecked(app_.backups().NameForNow());
   EndWork();
@@ -86,8 +86,10 @@ void frmScanSpy::cmdContinue_Click() {
   if (app_.busy()) return;
   app_.log().Trap("cmdContinue", [&] {
     const bool any = app_.hits().checked_count() > 0;
-    if (!AskOkCancel(Text(any ? Caption::AskRemove : Caption::NothingChecked),
-                     Text(Caption::Confirmation))) {
+    // Who has removed rows before has left the others alone on purpose.
+    const bool asks = any || !app_.hits().settled();
+    if (asks && !AskOkCancel(Text(any ? Caption::AskRemove : Caption::NothingChecked),
+                             Text(Caption::Confirmation))) {
       return;
     }
     if (!any || RemoveChecked(false)) host_.PostCommand(IDM_mnuHome);

@@ -209,6 +209,34 @@ TEST_SUITE("application") {
     CHECK(p.m.Errors() == "");
   }
 
+  TEST_CASE("each row counts once as removed, and nothing is no reason for a backup") {
+    Program p;
+    p.app.Start();
+    p.app.FillTree();
+    p.app.PrepareScan();
+    p.app.RunScan();
+    REQUIRE(p.app.hits().size() == 4);
+    p.m.files.Find("C:\\Programs\\popup.exe")->locked = true;
+    const auto remove = [&] {
+      p.app.RemoveSelectedSpy({});
+      p.app.CountRemoved();
+      return p.app.statistics().getNumberOfObjectsRemoved();
+    };
+    CHECK(p.app.AnyToBackUp());
+    const std::string first = remove();
+    CHECK(first != "0");
+    CHECK_FALSE(p.m.Has("C:\\WINDOWS\\direct"));
+    p.app.hits().CheckAll(true);  // what is locked is all that can be tried again
+    REQUIRE(p.app.hits().checked_count() == 1);
+    CHECK(remove() == first);
+    p.app.hits().CheckAll(true);
+    CHECK(p.app.AnyToBackUp());
+    p.m.files.Remove("C:\\Programs\\popup.exe");
+    CHECK_FALSE(p.app.AnyToBackUp());
+    p.app.PrepareScan();
+    CHECK_FALSE(p.app.hits().settled());
+  }
+
   TEST_CASE("an excluded process runs on; its file is told of") {
     for (const bool excluded : {false, true}) {
       Program p;

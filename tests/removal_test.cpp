@@ -38,6 +38,38 @@ TEST_SUITE("removal") {
     CHECK((r.removal->counters().cookies == 0 && r.removal->counters().folders == 0));
   }
 
+  TEST_CASE("the list says what came of each row, and what is gone is not asked for again") {
+    Remover r;
+    r.m.File("C:\\here.txt", "x");
+    r.m.File("C:\\used.txt", "x").Locked();
+    r.m.File("C:\\stays.txt", "x");
+    for (const char* path : {"C:\\here.txt", "C:\\none.txt", "C:\\used.txt", "C:\\stays.txt"}) {
+      r.Add(FoundFile{path});
+    }
+    CHECK_FALSE(r.hits.settled());
+    CHECK(r.hits.Text(0, HitList::kState) == "");
+    r.Run({3});
+    CHECK(r.States() == "rgpF");
+    CHECK(r.hits.settled());
+    const auto state = [&](std::size_t row) { return r.hits.Text(row, HitList::kState); };
+    CHECK(state(0) == r.captions.Text(Caption::StateRemoved));
+    CHECK(state(1) == r.captions.Text(Caption::StateGone));
+    CHECK(state(2) == r.captions.Text(Caption::StatePendingRestart));
+    CHECK(state(3) == "");  // not tried
+    CHECK(r.hits.checked_count() == 1);
+    // What waits may be tried once more, what is gone may not, and the states go with their rows.
+    r.hits.CheckAll(true);
+    CHECK(r.hits.checked_count() == 2);
+    r.hits.SortBy(HitList::kDetails);
+    r.hits.SortBy(HitList::kDetails);
+    CHECK(state(0) == r.captions.Text(Caption::StatePendingRestart));
+    r.settings.DeleteAfterReboot = false;
+    r.Run();
+    CHECK(r.States() == "Fr");
+    CHECK(r.removal->report().repeated == 1);  // the one that waited
+    CHECK(r.hits.checked_count() == 1);
+  }
+
   TEST_CASE("what is in use waits for the next start, each family in its way") {
     Remover nt;
     nt.m.File("C:\\used.dll", "x").Locked();

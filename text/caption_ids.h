@@ -444,6 +444,7 @@ enum class Caption : int {
   StartBusy = 17420,
   StartRefused = 17421,
   StartNoAnswer = 17422,
+  ColumnState = 17410,
 };
 
 constexpr int NumberOf(Caption caption) { return static_cast<int>(caption); }

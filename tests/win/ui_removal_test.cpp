@@ -84,6 +84,44 @@ TEST_CASE("what was backed up and removed comes back byte for byte") {
   CHECK(Errors() == "");
 }
 
+TEST_CASE("what was removed says so in the list and is neither asked for nor backed up again") {
+  PlantEvil();
+  SetSetting("Backup", "BackupBeforeRemoval", "True");
+  const auto backups = [] {
+    std::vector<std::string> names;
+    static_cast<void>(files.List("C:\\Scourwell\\*.qzp", [&](const DirEntry& entry) {
+      names.push_back("C:\\Scourwell\\" + entry.name);
+      return true;
+    }));
+    return names;
+  };
+  REQUIRE(backups().empty());
+  Program program("\"C:\\planted\"");
+  HWND top = ScanToResults(&program);
+  const HWND list = Control(top, IDC_SpyListView);
+  CHECK(ListRows(list)[0].texts.size() == 3);
+  Click(ReadyControl(top, IDC_cmdDelete));
+  Answer(&program, "Confirmation", IDOK);
+  CHECK(CloseOutcome(&program).find("C:\\planted\\EvilHome - removed") != std::string::npos);
+  const std::string counted = Setting("Statistics", "NUMBER OF OBJECTS");
+  const std::vector<ListRow> rows = ListRows(list);
+  REQUIRE_FALSE(rows.empty());
+  for (const ListRow& row : rows) {
+    CAPTURE(row.texts[2]);
+    CHECK_FALSE(row.checked);
+    REQUIRE(row.texts.size() == 4);
+    CHECK((row.texts[3] == "removed" || row.texts[3] == "was not there any more"));
+  }
+  CHECK(backups().size() == 1);
+  Click(ReadyControl(top, IDC_cmdCheckAll));
+  Click(ReadyControl(top, IDC_cmdContinue));
+  CHECK(ReadyControl(top, IDC_imgSearch, 10000));  // the start page, without a question
+  CHECK(backups().size() == 1);
+  CHECK(Setting("Statistics", "NUMBER OF OBJECTS") == counted);
+  CHECK(program.Close());
+  for (const std::string& backup : backups()) Erase(backup);
+}
+
 TEST_CASE("an unattended scan backs up, removes, tells and counts") {
   PlantEvil();
   SetSetting("AutoRemove", "AutoRemove", "True");

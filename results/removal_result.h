@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "platform/outcome.h"
+#include "text/captions.h"
+
+namespace scourwell {
+
+enum class RemovalState {
+  Removed,
+  Gone,            // was not there any more
+  PendingRestart,  // in use; Windows takes it away at its next start
+  Refused,         // protected
+  Failed,
+};
+
+struct RemovalResult {
+  RemovalState state = RemovalState::Removed;
+  Outcome why;  // of a refusal or failure
+
+  bool done() const { return state == RemovalState::Removed || state == RemovalState::Gone; }
+};
+
+// "removed", "refused" and so on.
+std::string RemovalStateWord(const Captions& captions, RemovalState state);
+// The same with its reason: "refused (It is protected: ...)".
+std::string RemovalStateText(const Captions& captions, const RemovalResult& result);
+
+}  // namespace scourwell
