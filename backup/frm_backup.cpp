@@ -177,7 +177,8 @@ void frmBackup::cmdClean_Click() {
   const int row = Selected();
   if (row < 0) return;
   const std::string key = rows_[static_cast<std::size_t>(row)].key;
-  if (!AskYesNo(Text(Caption::AskDeleteBackup) + "\r\n\r\n" + key, Text(Caption::Confirmation))) {
+  if (!AskYesNo(Text(Caption::AskDeleteBackup) + "\r\n\r\n" + key, Text(Caption::Confirmation),
+                kBeforeLoss)) {
     return;
   }
   const Outcome deleted = backups_.Delete(key);

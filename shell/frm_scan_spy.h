@@ -47,6 +47,7 @@ class frmScanSpy : public Page {
   // when the user thought better of it.
   void BeginWork(Caption status);
   void EndWork();
+  bool AskRemove() const;
   bool RemoveChecked(bool unattended);
   bool BackUpFirst(bool unattended, std::unordered_set<std::size_t>* kept);
   void cmdDelete_Click();

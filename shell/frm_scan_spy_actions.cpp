@@ -59,7 +59,7 @@ bool frmScanSpy::BackUpFirst(bool unattended, std::unordered_set<std::size_t>* k
   *kept = std::move(verdict.kept);
   return !verdict.ask || AskYesNo(NotStored(report, Caption::BackupBeforeRemovalIncomplete) +
                                       "\r\n\r\n" + Text(Caption::AskRemoveWithoutBackup),
-                                  Text(Caption::Error));
+                                  Text(Caption::Error), kBeforeLoss);
 }
 
 // Under the given caption, what is not in the archive, or why there is none.
@@ -73,12 +73,15 @@ std::string frmScanSpy::NotStored(const BackupReport& report, Caption caption) c
   return text;
 }
 
+// Without a backup there is no way back.
+bool frmScanSpy::AskRemove() const {
+  return AskOkCancel(Text(Caption::AskRemove), Text(Caption::Confirmation),
+                     app_.settings().BackupBeforeRemoval ? MB_ICONQUESTION : kBeforeLoss);
+}
+
 void frmScanSpy::cmdDelete_Click() {
   if (app_.busy()) return;
-  if (app_.hits().checked_count() > 0 &&
-      !AskOkCancel(Text(Caption::AskRemove), Text(Caption::Confirmation))) {
-    return;
-  }
+  if (app_.hits().checked_count() > 0 && !AskRemove()) return;
   static_cast<void>(RemoveChecked(false));
 }
 
@@ -87,11 +90,9 @@ void frmScanSpy::cmdContinue_Click() {
   app_.log().Trap("cmdContinue", [&] {
     const bool any = app_.hits().checked_count() > 0;
     // Who has removed rows before has left the others alone on purpose.
-    const bool asks = any || !app_.hits().settled();
-    if (asks && !AskOkCancel(Text(any ? Caption::AskRemove : Caption::NothingChecked),
-                             Text(Caption::Confirmation))) {
-      return;
-    }
+    const bool leaves = !any && (app_.hits().settled() || AskOkCancel(Text(Caption::NothingChecked),
+                                                                      Text(Caption::Confirmation)));
+    if (any ? !AskRemove() : !leaves) return;
     if (!any || RemoveChecked(false)) host_.PostCommand(IDM_mnuHome);
   });
 }
@@ -101,7 +102,7 @@ void frmScanSpy::cmdExclude_Click() {
   if (app_.hits().checked_count() == 0) {
     return ShowMessage(Text(Caption::NothingChecked), Text(Caption::Information));
   }
-  if (!AskYesNo(Text(Caption::AskExclude), Text(Caption::Confirmation))) return;
+  if (!AskYesNo(Text(Caption::AskExclude), Text(Caption::Confirmation), kBeforeLoss)) return;
   const Outcome excluded =
       app_.log().TrapOutcome("cmdExclude", [&] { return app_.hits().ExcludeChecked(); });
   SpyFrame_.Refresh();

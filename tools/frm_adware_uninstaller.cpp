@@ -102,7 +102,7 @@ void frmAdwareUninstaller::cmdRemove_Click() {
   if (!Selected(&row)) return;
   const std::string& program = uninstaller_.Cell(row, AdwareUninstaller::kProgram);
   if (!AskYesNo(Text(Caption::AskUninstall) + "\r\n\r\n" + program, Text(Caption::Confirmation),
-                MB_ICONINFORMATION)) {
+                kBeforeLoss)) {
     return;
   }
   {

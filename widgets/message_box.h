@@ -21,10 +21,13 @@ inline bool AskYesNo(const std::string& text, const std::string& title,
 }
 
 // OK or Cancel.
-inline bool AskOkCancel(const std::string& text, const std::string& title) {
-  return Calls().Ask({GetActiveWindow(), LinesForShowing(text), title,
-                      MB_OKCANCEL | MB_ICONQUESTION}) == IDOK;
+inline bool AskOkCancel(const std::string& text, const std::string& title,
+                        UINT icon = MB_ICONQUESTION) {
+  return Calls().Ask({GetActiveWindow(), LinesForShowing(text), title, MB_OKCANCEL | icon}) == IDOK;
 }
+
+// With the icon of a question about what cannot be undone: Enter alone means No, or Cancel.
+inline constexpr UINT kBeforeLoss = MB_ICONWARNING | MB_DEFBUTTON2;
 
 // A box with OK and an icon of the program's own.
 inline void ShowMessageWithIcon(HINSTANCE instance, int icon, const std::string& text,

@@ -104,6 +104,18 @@ void Answer(Program* program, const std::string& title, int button) {
   CHECK(WaitFor([&] { return !IsWindow(box); }));
 }
 
+void AnswerAgainst(Program* program, const std::string& title, int default_button, int button) {
+  const HWND box = program->Window(title);
+  REQUIRE(box);
+  // The box of Wine does not know its own default button, but that button does.
+  const auto is_default = [&] {
+    const LONG style = GetWindowLongW(GetDlgItem(box, default_button), GWL_STYLE);
+    return (style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+  };
+  CHECK(WaitFor(is_default, 5000));
+  Answer(program, title, button);
+}
+
 std::string CloseOutcome(Program* program) {
   const HWND outcome = program->Window("Spy ware removal results", 60000);
   REQUIRE(outcome);

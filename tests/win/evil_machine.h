@@ -21,6 +21,8 @@ HWND ScanToResults(Program* program);
 std::string Details(HWND list);
 // Answers a message box or dialog, if it has that title, and waits until it is gone.
 void Answer(Program* program, const std::string& title, int button);
+// The same, after a look at which button Enter alone would press.
+void AnswerAgainst(Program* program, const std::string& title, int default_button, int button);
 // The objects of the outcome window, which is then closed.
 std::string CloseOutcome(Program* program);
 

@@ -53,7 +53,7 @@ TEST_CASE("what was backed up and removed comes back byte for byte") {
   CHECK(files.ShortPath("C:\\Scourwell\\test one.qzp") != "");
 
   Click(ReadyControl(top, IDC_cmdDelete));
-  Answer(&program, "Confirmation", IDOK);
+  AnswerAgainst(&program, "Confirmation", IDCANCEL, IDOK);
   CHECK(CloseOutcome(&program).find("C:\\planted\\EvilHome - removed") != std::string::npos);
   CHECK(FolderSnapshot("C:\\planted").find("EvilHome") == std::string::npos);
   CHECK(FolderSnapshot("C:\\planted").find("evil.dll") == std::string::npos);
@@ -77,7 +77,7 @@ TEST_CASE("what was backed up and removed comes back byte for byte") {
   CHECK(FolderSnapshot("C:\\precious") == precious);
 
   Click(ReadyControl(manager, IDC_cmdClean));
-  Answer(&program, "Confirmation", IDYES);
+  AnswerAgainst(&program, "Confirmation", IDNO, IDYES);
   CHECK(WaitFor([&] { return ListRows(list).empty(); }));
   Click(Control(manager, IDCANCEL));
   CHECK(program.Close());
@@ -277,7 +277,7 @@ TEST_CASE("excluded components stay away until they are taken out of the ignore 
     all = details(&program, &top);
     REQUIRE(all.find("evil.dll") != std::string::npos);
     Click(ReadyControl(top, IDC_cmdExclude));
-    Answer(&program, "Confirmation", IDYES);
+    AnswerAgainst(&program, "Confirmation", IDNO, IDYES);
     CHECK(WaitFor([&] { return ListRows(Control(top, IDC_SpyListView)).empty(); }));
     CHECK(program.Close());
   }
