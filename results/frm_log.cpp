@@ -3,7 +3,9 @@
 
 #include "machine/file_utils.h"
 #include "text/escaped.h"
+#include "text/text.h"
 #include "widgets/access_keys.h"
+#include "widgets/button_rows.h"
 #include "widgets/file_dialog.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
@@ -11,25 +13,39 @@
 
 namespace scourwell {
 
-frmLog::frmLog(const WindowEnv& env, Files& files, CodePages& code_pages, std::string path)
-    : ModalWindow(env, "frmLog"), files_(files), code_pages_(code_pages), path_(std::move(path)) {}
+frmLog::frmLog(const WindowEnv& env, Files& files, CodePages& code_pages, std::string path,
+               std::function<void()> save_report)
+    : ModalWindow(env, "frmLog"),
+      files_(files),
+      code_pages_(code_pages),
+      path_(std::move(path)),
+      path_of_report_(path_),
+      save_report_(std::move(save_report)) {}
 
 SIZE frmLog::FirstSize() const { return {metrics().Scale(600), metrics().Scale(400)}; }
 
 void frmLog::OnCreate() {
-  txtFile_.Create(env_, hwnd(), IDC_txtFile);
   lblFind_.CreateWithKey(env_, hwnd(), IDC_lblFind, Text(Caption::LabelFind));
   txtFind_.Create(env_, hwnd(), IDC_txtFind);
   AccessKeys keys({Text(Caption::LabelFind)});
   cmdFind_.Create(env_, hwnd(), IDC_cmdFind, keys.Add(Text(Caption::FindNext)));
+  txtFile_.Create(env_, hwnd(), IDC_txtFile);
+  cmdOpen_.Create(env_, hwnd(), IDC_cmdOpen, keys.Add(Text(Caption::OpenLog)));
+  cmdReport_.Create(env_, hwnd(), IDC_cmdReport, keys.Add(Text(Caption::SaveReport)));
   cmdSave_.Create(env_, hwnd(), IDC_cmdSave, keys.Add(Text(Caption::SaveLog)));
   cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(Caption::CloseLog));
+  Load();
+}
+
+void frmLog::Load() {
   const Outcome loaded = env_.log.TrapOutcome("frmLog_Load", [&]() -> Outcome {
+    bytes_.clear();
     Outcome read = files_.Read(path_, kLargest, &bytes_);
     Show();
     return read.ok() ? Outcome() : std::move(read).With("LogFile: ", path_);
   });
   cmdSave_.Enable(loaded.ok());
+  cmdReport_.Enable(save_report_ && EqualsNoCase(path_, path_of_report_));
   if (!loaded.ok()) {
     ShowMessage(path_ + "\r\n" + loaded.description(), Text(Caption::Error), MB_ICONERROR);
   }
@@ -45,13 +61,13 @@ void frmLog::Show() {
 void frmLog::OnSize(Area area) {
   Layout layout;
   Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
-  Area buttons = inner.CutBottom(metrics().ButtonHeight());
-  inner.CutBottom(metrics().Gap());
+  const Button* const left[] = {&cmdOpen_, &cmdReport_};
+  const Button* const right[] = {&cmdCancel_, &cmdSave_};
+  PlaceButtons(layout, metrics(), &inner, left, right);
+  inner.CutBottom(metrics().Margin());
+  Area buttons = inner.CutTop(metrics().ButtonHeight());
+  inner.CutTop(metrics().Gap());
   layout.Place(txtFile_, inner);
-  layout.Place(cmdCancel_, buttons.CutRight(cmdCancel_.width()));
-  buttons.CutRight(metrics().Gap());
-  layout.Place(cmdSave_, buttons.CutRight(cmdSave_.width()));
-  buttons.CutRight(metrics().WideMargin());
   Area label = buttons.CutLeft(metrics().TextWidth(Text(Caption::LabelFind)) + metrics().Gap());
   const int down = (metrics().ButtonHeight() - metrics().LineHeight()) / 2;
   layout.Place(lblFind_, {label.left, label.top + down, label.right, label.bottom});
@@ -81,6 +97,12 @@ bool frmLog::OnCommand(int id) {
     case IDC_cmdFind:
       FindNext();
       return true;
+    case IDC_cmdOpen:
+      Open();
+      return true;
+    case IDC_cmdReport:
+      save_report_();
+      return true;
     case IDC_cmdSave:
       Save();
       return true;
@@ -100,6 +122,15 @@ void frmLog::FindNext() {
   } else if (!txtFile_.SelectNext(wanted)) {
     ShowMessage(Text(Caption::TextNotFound) + "\r\n" + wanted, Text(Caption::Information));
   }
+}
+
+// The dialog begins in the folder of the log that is shown.
+void frmLog::Open() {
+  std::string path = AskForFile(hwnd(), FileDialog::Open, Text(Caption::LogFileTypes), "txt",
+                                Text(Caption::OpenLogTitle), path_);
+  if (path.empty()) return;
+  path_ = std::move(path);
+  Load();
 }
 
 void frmLog::Save() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+
 #include "platform/code_pages.h"
 #include "platform/files.h"
 #include "widgets/button.h"
@@ -11,12 +13,16 @@
 
 namespace scourwell {
 
-// The log viewer: the whole scan log, with a search and a way to save it elsewhere.
+// The log viewer: a whole scan log, with a search and a way to save it elsewhere. Logs of earlier
+// runs can be opened in it.
 class frmLog : public ModalWindow {
  public:
   static constexpr std::uint64_t kLargest = 64u << 20;  // bytes of a log that is shown
 
-  frmLog(const WindowEnv& env, Files& files, CodePages& code_pages, std::string path);
+  // `save_report` saves the report of the scan that the log at `path` is about; null where the
+  // program knows of no such scan.
+  frmLog(const WindowEnv& env, Files& files, CodePages& code_pages, std::string path,
+         std::function<void()> save_report);
 
  private:
   SIZE FirstSize() const override;
@@ -29,18 +35,24 @@ class frmLog : public ModalWindow {
   void OnSize(Area area) override;
   bool OnCommand(int id) override;
 
+  void Load();
   void Show();
+  void Open();
   void FindNext();
   void Save();
 
   Files& files_;
   CodePages& code_pages_;
   std::string path_;
-  std::string bytes_;  // of the file  // as the file has it
+  std::string bytes_;  // as the file has them
+  std::string path_of_report_;
+  std::function<void()> save_report_;
   TextView txtFile_;
   Label lblFind_;
   Edit txtFind_;
   Button cmdFind_;
+  Button cmdOpen_;
+  Button cmdReport_;
   Button cmdSave_;
   Button cmdCancel_;
 };

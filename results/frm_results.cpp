@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "results/frm_results.h"
 
-#include "results/scan_log.h"
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 #include "scan/finding_texts.h"
-#include "text/escaped.h"
+#include "widgets/access_keys.h"
+#include "widgets/image_list.h"
 #include "widgets/layout.h"
+#include "widgets/path_cell.h"
 #include "widgets/resource.h"
 
 namespace scourwell {
@@ -22,13 +27,19 @@ constexpr Line kLineTable[] = {
     {Caption::CookiesRemoved, &RemovalCounters::cookies},
     {Caption::ProcessesEnded, &RemovalCounters::processes},
 };
-constexpr int kObjectLines = 7;
+constexpr int kObjectLines = 8;
+constexpr int kPicture = 16;
+constexpr Caption kColumns[] = {Caption::ColumnHitType, Caption::ColumnHitSystem,
+                                Caption::ColumnHitDetails, Caption::ColumnState};
 
 }  // namespace
 
-frmResults::frmResults(const WindowEnv& env, const Removal& removal)
+frmResults::frmResults(const WindowEnv& env, const Removal& removal,
+                       std::function<void()> save_report)
     : ModalWindow(env, "frmResults"),
       removal_(removal),
+      summary_(env.captions, removal.report()),
+      save_report_(std::move(save_report)),
       header_(env, HeaderPane::Size::Small, {IDC_lblRemovalHeading, IDC_lblRemovalSummary, 0}) {}
 
 SIZE frmResults::FirstSize() const {
@@ -37,13 +48,13 @@ SIZE frmResults::FirstSize() const {
                      2 * metrics().Gap() + metrics().LineHeight() +
                      kObjectLines * metrics().LineHeight() + metrics().Margin() +
                      metrics().ButtonHeight();
-  return {metrics().Scale(560), height};
+  return {metrics().Scale(600), height};
 }
 
 void frmResults::OnCreate() {
   header_.Create(hwnd(), IDC_RemovalHeader);
   header_.SetHeading(Text(Caption::RemovalResults));
-  header_.SetText(Summary());
+  header_.SetText(summary_.Counts());
   for (int i = 0; i < kLines; ++i) {
     const auto at = static_cast<std::size_t>(i);
     captions_[at].Create(env_, hwnd(), IDC_lblTotalCaption + 2 * i, Text(kLineTable[i].caption));
@@ -51,56 +62,102 @@ void frmResults::OnCreate() {
                        std::to_string(removal_.counters().*kLineTable[i].counter), SS_RIGHT);
     values_[at].SetFont(metrics().bold());
   }
-  lblObjects_.Create(env_, hwnd(), IDC_lblObjects, Text(Caption::StateOfEach));
-  txtObjects_.Create(env_, hwnd(), IDC_txtObjects);
-  txtObjects_.SetText(Objects());
+  const bool any = summary_.size() > 0;
+  lblObjects_.Create(env_, hwnd(), IDC_lblObjects,
+                     Text(any ? Caption::StateOfEach : Caption::NoComponentChecked));
+  CreateList();
+  AccessKeys keys;
+  cmdReport_.Create(env_, hwnd(), IDC_cmdReport, keys.Add(Text(Caption::SaveReport)));
   cmdOk_.Create(env_, hwnd(), IDOK, Text(Caption::Ok));
 }
 
-std::string frmResults::Summary() const {
-  const RemovalReport& report = removal_.report();
-  const auto part = [&](RemovalState state, Caption caption) {
-    const std::size_t count = report.Count(state);
-    return count ? ", " + std::to_string(count) + " " + Text(caption) : std::string();
+void frmResults::CreateList() {
+  lstObjects_.row_count = [this] { return summary_.size(); };
+  lstObjects_.cell_text = [this](std::size_t row, int column) {
+    return summary_.Text(row, static_cast<RemovalSummary::Column>(column));
   };
-  return std::to_string(report.Count(RemovalState::Removed)) + " " + Text(Caption::StateRemoved) +
-         part(RemovalState::Gone, Caption::StateGone) +
-         part(RemovalState::PendingRestart, Caption::StatePendingRestart) +
-         part(RemovalState::Refused, Caption::StateRefused) +
-         part(RemovalState::Failed, Caption::StateFailed);
+  lstObjects_.row_image = [this](std::size_t row) {
+    return KindIcon(KindOf(summary_.object(row)));
+  };
+  lstObjects_.Create(env_, hwnd(), IDC_lstObjects);
+  images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
+  lstObjects_.SetSmallImages(images_.get());
+  const int picture = 2 * kPicture * metrics().PictureFactor();
+  const int widths[] = {metrics().WidestText(KindTexts(env_.captions)) + picture,
+                        metrics().Scale(110), metrics().Scale(120), metrics().Scale(150)};
+  for (int i = 0; i < static_cast<int>(std::size(widths)); ++i) {
+    lstObjects_.AddColumn(i, Text(kColumns[i]), widths[i]);
+  }
+  lstObjects_.SetItemCount(summary_.size());
+  lstObjects_.ShowSortArrow(summary_.sort_column(), summary_.ascending());
 }
 
-std::string frmResults::Objects() const {
-  std::string text;
-  for (const RemovedObject& object : removal_.report().objects) {
-    text += ForShowing(PlaceText(object.object)) + " - " +
-            RemovalStateText(env_.captions, object.result) + "\r\n";
+// The places take what the other columns leave.
+void frmResults::FitColumns() {
+  RECT client = {};
+  GetClientRect(lstObjects_.hwnd(), &client);
+  int left = client.right;
+  for (const int column :
+       {RemovalSummary::kType, RemovalSummary::kSystem, RemovalSummary::kState}) {
+    left -= lstObjects_.ColumnWidth(column);
   }
-  return text.empty() ? Text(Caption::NoComponentChecked) : text;
+  lstObjects_.SetColumnWidth(RemovalSummary::kDetails, std::max(left, metrics().Scale(120)));
+}
+
+LRESULT frmResults::OnNotify(NMHDR* header) {
+  if (const auto answer = lstObjects_.Answer(header)) return *answer;
+  if (header->hwndFrom != lstObjects_.hwnd()) return 0;
+  switch (header->code) {
+    case LVN_COLUMNCLICK:
+      summary_.SortBy(
+          static_cast<RemovalSummary::Column>(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem));
+      lstObjects_.Select(-1, false);
+      lstObjects_.ShowSortArrow(summary_.sort_column(), summary_.ascending());
+      lstObjects_.Redraw();
+      return 0;
+    case NM_CUSTOMDRAW:
+      return DrawPathColumn(lstObjects_, *reinterpret_cast<NMLVCUSTOMDRAW*>(header),
+                            RemovalSummary::kDetails, summary_.size(), [this](std::size_t row) {
+                              return summary_.Text(row, RemovalSummary::kDetails);
+                            });
+    default:
+      return 0;
+  }
 }
 
 void frmResults::OnSize(Area area) {
-  Layout layout;
-  layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
-  Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
-  Area buttons = inner.CutBottom(metrics().ButtonHeight());
-  inner.CutBottom(metrics().Margin());
-  layout.Place(cmdOk_, buttons.CutRight(cmdOk_.width()));
-  for (std::size_t i = 0; i < kLines; ++i) {
-    Area line = inner.CutTop(metrics().LineHeight() + metrics().Scale(4));
-    layout.Place(values_[i], line.CutRight(metrics().Scale(70)));
-    layout.Place(captions_[i], line);
+  {
+    Layout layout;
+    layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
+    Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
+    Area buttons = inner.CutBottom(metrics().ButtonHeight());
+    inner.CutBottom(metrics().Margin());
+    layout.Place(cmdOk_, buttons.CutRight(cmdOk_.width()));
+    layout.Place(cmdReport_, buttons.CutLeft(cmdReport_.width()));
+    for (std::size_t i = 0; i < kLines; ++i) {
+      Area line = inner.CutTop(metrics().LineHeight() + metrics().Scale(4));
+      layout.Place(values_[i], line.CutRight(metrics().Scale(70)));
+      layout.Place(captions_[i], line);
+    }
+    inner.CutTop(metrics().Gap());
+    layout.Place(lblObjects_, inner.CutTop(metrics().LineHeight()));
+    inner.CutTop(metrics().Scale(3));
+    layout.Place(lstObjects_, inner);
   }
-  inner.CutTop(metrics().Gap());
-  layout.Place(lblObjects_, inner.CutTop(metrics().LineHeight()));
-  inner.CutTop(metrics().Scale(3));
-  layout.Place(txtObjects_, inner);
+  FitColumns();
 }
 
 bool frmResults::OnCommand(int id) {
-  if (id != IDOK) return false;
-  Close();
-  return true;
+  switch (id) {
+    case IDC_cmdReport:
+      save_report_();
+      return true;
+    case IDOK:
+      Close();
+      return true;
+    default:
+      return false;
+  }
 }
 
 }  // namespace scourwell

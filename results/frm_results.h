@@ -2,21 +2,25 @@
 #pragma once
 
 #include <array>
+#include <functional>
 
 #include "results/removal.h"
+#include "results/removal_summary.h"
 #include "widgets/button.h"
+#include "widgets/gdi_handles.h"
 #include "widgets/header_pane.h"
 #include "widgets/label.h"
 #include "widgets/modal_window.h"
-#include "widgets/text_view.h"
+#include "widgets/report_list_view.h"
 
 namespace scourwell {
 
 // frmResults: what the last removal did. The six numbers count attempts; the list below them tells
-// what really came of each object.
+// what really came of each object, what is still there first.
 class frmResults : public ModalWindow {
  public:
-  frmResults(const WindowEnv& env, const Removal& removal);
+  // `save_report` asks for a file and writes the report of the scan into it.
+  frmResults(const WindowEnv& env, const Removal& removal, std::function<void()> save_report);
 
  private:
   static constexpr int kLines = 6;
@@ -29,16 +33,21 @@ class frmResults : public ModalWindow {
   void OnCreate() override;
   void OnSize(Area area) override;
   bool OnCommand(int id) override;
+  LRESULT OnNotify(NMHDR* header) override;
 
-  std::string Objects() const;
-  std::string Summary() const;
+  void CreateList();
+  void FitColumns();
 
   const Removal& removal_;
+  RemovalSummary summary_;
+  std::function<void()> save_report_;
   HeaderPane header_;
   std::array<Label, kLines> captions_;
   std::array<Label, kLines> values_;
   Label lblObjects_;
-  TextView txtObjects_;
+  ReportListView lstObjects_;
+  ImageListHandle images_;
+  Button cmdReport_;
   Button cmdOk_;
 };
 

@@ -18,6 +18,22 @@ constexpr StateText kStates[] = {
 
 }  // namespace
 
+int RankOf(const std::optional<RemovalResult>& result) {
+  if (!result) return 3;
+  switch (result->state) {
+    case RemovalState::Failed:
+      return 0;
+    case RemovalState::Refused:
+      return 1;
+    case RemovalState::PendingRestart:
+      return 2;
+    case RemovalState::Removed:
+      return 4;
+    default:
+      return 5;
+  }
+}
+
 std::string RemovalStateWord(const Captions& captions, RemovalState state) {
   for (const StateText& each : kStates) {
     if (each.state == state) return captions.Text(each.caption);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/outcome.h"
@@ -22,6 +23,10 @@ struct RemovalResult {
 
   bool done() const { return state == RemovalState::Removed || state == RemovalState::Gone; }
 };
+
+// The place in an order in which what is still there comes first and what needs no look comes last.
+inline constexpr int kRanks = 6;
+int RankOf(const std::optional<RemovalResult>& result);
 
 // "removed", "refused" and so on.
 std::string RemovalStateWord(const Captions& captions, RemovalState state);

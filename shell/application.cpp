@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "machine/file_utils.h"
+#include "results/report_html.h"
 #include "text/unicode.h"
 
 namespace scourwell {
@@ -193,6 +194,31 @@ void Application::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept)
   if (scanning_) return;
   removal_.RemoveSelectedSpy(kept);
   scan_log_.AddRemoval(removal_.report());
+}
+
+std::string Application::LastLog() const {
+  if (FileExists(ports_.files, settings_.LogFilePath)) return settings_.LogFilePath;
+  const std::string folder(FolderPart(settings_.LogFilePath));
+  std::string newest;
+  FileTime latest = 0;
+  static_cast<void>(
+      ports_.files.List(AddPathToFileName(folder, "ScanLog*.txt"), [&](const DirEntry& entry) {
+        if (entry.IsFolder() || (!newest.empty() && entry.modified < latest)) return true;
+        newest = AddPathToFileName(folder, entry.name);
+        latest = entry.modified;
+        return true;
+      }));
+  return newest;
+}
+
+Outcome Application::WriteReport(const std::string& path) {
+  return log_.TrapOutcome("cmdReport_Click", [&] {
+    std::string number = reference_.updateListfromINI("SETTINGS", "UPDATE-FILE-NUMBER");
+    if (number.empty()) number = "0-0-0-0";
+    return scourwell::WriteReport(
+        ports_.files, path, language_,
+        {Title(), number, ports_.clock.GeneralDate(ports_.clock.Now()), ReportRowsOf(hits_)});
+  });
 }
 
 void Application::CountRemoved() {

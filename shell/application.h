@@ -84,6 +84,11 @@ class Application : private ScanReport, private LoadProgress {
   BackupReport BackUpChecked(const std::string& name, ArchiveOptions options = {});
   // Deletes the checked rows but those in `kept`, and writes the log's section about it.
   void RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept);
+  // The log of this run, or the newest that an earlier one left beside its place. Empty when there
+  // is none.
+  std::string LastLog() const;
+  // A report of what the last scan listed and what became of it.
+  Outcome WriteReport(const std::string& path);
   // Adds what the last removal counted to the statistics, each row once, however often it was
   // tried. Once, when its summary is shown.
   void CountRemoved();

@@ -209,6 +209,25 @@ TEST_SUITE("application") {
     CHECK(p.m.Errors() == "");
   }
 
+  TEST_CASE("the log of this run is shown, or else the newest one beside its place") {
+    Program p;
+    p.app.Start();
+    CHECK(p.app.LastLog() == "");
+    p.m.File("C:\\App\\ScanLog01-01-04-1.txt").modified = 200;
+    p.m.File("C:\\App\\ScanLog02-01-04-1.txt").modified = 300;
+    p.m.File("C:\\App\\ScanLog03-01-04-1.txt").modified = 100;
+    p.m.File("C:\\App\\notes.txt").modified = 900;
+    CHECK(p.app.LastLog() == "C:\\App\\ScanLog02-01-04-1.txt");
+    p.app.PrepareScan();
+    p.app.RunScan("C:\\Programs");
+    CHECK(p.app.LastLog() == kLog);
+    CHECK(p.app.WriteReport("C:\\report.html").ok());
+    CHECK(p.m.Content("C:\\report.html").find("Scourwell 1.0 Rev.7") != std::string::npos);
+    p.m.File("C:\\closed.html").Locked();
+    CHECK_FALSE(p.app.WriteReport("C:\\closed.html").ok());
+    CHECK(p.m.Errors().find("C:\\closed.html") != std::string::npos);
+  }
+
   TEST_CASE("each row counts once as removed, and nothing is no reason for a backup") {
     Program p;
     p.app.Start();

@@ -44,6 +44,12 @@
 #define IDM_mnuShowProperties 40013
 #define IDM_mnuDelete 40014
 #define IDM_mnuExclude 40015
+#define IDM_mnuCheckSpy 40016
+#define IDM_mnuUncheckSpy 40017
+#define IDM_mnuOpenFolder 40018
+#define IDM_mnuCopyFinding 40019
+#define IDM_mnuLastResults 40020
+#define IDM_mnuViewLog 40021
 
 // The tools: entries of frmMain
 #define IDM_mnuStartupManager 40100
@@ -176,12 +182,13 @@
 #define IDC_cmdBackup 1412
 #define IDC_cmdContinue 1413
 
-// frmResults
+// frmResults; its IDC_cmdReport is on the page of the results and in frmLog, too
 #define IDC_RemovalHeader 1600
 #define IDC_lblRemovalHeading 1601
 #define IDC_lblRemovalSummary 1602
 #define IDC_lblObjects 1603
-#define IDC_txtObjects 1604
+#define IDC_lstObjects 1604
+#define IDC_cmdReport 1605
 #define IDC_lblTotalCaption 1610  // six pairs: caption, value
 
 // frmLog
@@ -190,6 +197,7 @@
 #define IDC_txtFind 1632
 #define IDC_cmdFind 1633
 #define IDC_cmdSave 1634
+#define IDC_cmdOpen 1635
 
 // frmIgnore
 #define IDC_IgnoreHeader 1640

@@ -119,7 +119,10 @@ void AnswerAgainst(Program* program, const std::string& title, int default_butto
 std::string CloseOutcome(Program* program) {
   const HWND outcome = program->Window("Spy ware removal results", 60000);
   REQUIRE(outcome);
-  const std::string text = Text(Control(outcome, IDC_txtObjects));
+  std::string text;
+  for (const ListRow& row : ListRows(Control(outcome, IDC_lstObjects))) {
+    text += row.texts[2] + " - " + row.texts[3] + "\n";
+  }
   Click(Control(outcome, IDOK));
   CHECK(WaitFor([&] { return !IsWindow(outcome); }));
   return text;
