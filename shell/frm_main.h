@@ -64,6 +64,8 @@ class frmMain : public Window, public FormHost {
   Outcome ShowHome();
   Outcome StartScan();
   Outcome ScanFolder();
+  Outcome ShowLastResults();
+  Outcome ViewLog();
   Outcome Exit();
   Outcome ShowAbout();
   Outcome ShowBackups();

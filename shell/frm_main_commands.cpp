@@ -4,9 +4,11 @@
 #include "backup/frm_backup.h"
 #include "backup/frm_ignore.h"
 #include "machine/file_utils.h"
+#include "results/frm_log.h"
 #include "shell/command_table.h"
 #include "shell/frm_main.h"
 #include "shell/frm_options.h"
+#include "shell/frm_report.h"
 #include "tools/frm_adware_uninstaller.h"
 #include "tools/frm_bho.h"
 #include "tools/frm_startup_manager.h"
@@ -29,6 +31,8 @@ Companion CompanionOf(int id) { return static_cast<Companion>(id - IDM_FirstComp
 const frmMain::Command frmMain::kCommands[] = {
     {IDM_mnuStartScan, &frmMain::StartScan, true},
     {IDM_mnuScanFolder, &frmMain::ScanFolder, true},
+    {IDM_mnuLastResults, &frmMain::ShowLastResults, true},
+    {IDM_mnuViewLog, &frmMain::ViewLog, true},
     {IDM_mnuBackups, &frmMain::ShowBackups, true},
     {IDM_mnuIgnoreList, &frmMain::ShowIgnoreList, true},
     {IDM_mnuStartupManager, &frmMain::ShowStartupManager, true},
@@ -80,6 +84,7 @@ void frmMain::EnableCommands() {
   for (const Command& command : kCommands) {
     menu_.Enable(command.id, !command.needs_quiet || !app_.busy());
   }
+  menu_.Enable(IDM_mnuLastResults, !app_.busy() && !app_.hits().empty());
   for (int id = IDM_FirstCompanion; id <= IDM_LastCompanion; ++id) {
     menu_.Enable(id, Hindrance(id).empty());
   }
@@ -145,6 +150,24 @@ Outcome frmMain::ScanTicked(frmScanSpy::First first) {
 Outcome frmMain::ScanFolder() {
   const std::string folder = AskForFolder(hwnd(), Text(Caption::SelectFolder));
   if (!folder.empty()) OpenScanPage(frmScanSpy::First::Scan, {folder});
+  return {};
+}
+
+// Whoever left the page of a scan comes back to what it found.
+Outcome frmMain::ShowLastResults() {
+  if (!app_.hits().empty()) OpenScanPage(frmScanSpy::First::Results, {});
+  return {};
+}
+
+Outcome frmMain::ViewLog() {
+  const std::string log = app_.LastLog();
+  if (log.empty()) {
+    ShowMessage(Text(Caption::NoLogYet), Text(Caption::Information));
+    return {};
+  }
+  std::function<void()> report;
+  if (log == app_.settings().LogFilePath) report = [this] { SaveReport(shared_, app_); };
+  frmLog(shared_, app_.ports().files, app_.ports().code_pages, log, report).ShowModal(hwnd());
   return {};
 }
 

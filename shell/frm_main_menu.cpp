@@ -23,6 +23,9 @@ HMENU ScanMenu(const Captions& captions) {
   Append(menu, IDM_mnuStartScan, captions.Text(Caption::MenuStartScan) + "\tF5");
   Append(menu, IDM_mnuScanFolder, captions.Text(Caption::MenuScanFolder));
   AppendRule(menu);
+  Append(menu, IDM_mnuLastResults, captions.Text(Caption::MenuLastResults));
+  Append(menu, IDM_mnuViewLog, captions.Text(Caption::MenuViewLog));
+  AppendRule(menu);
   Append(menu, IDM_mnuExit, captions.Text(Caption::MenuExit));
   return menu;
 }

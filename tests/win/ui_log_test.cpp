@@ -63,6 +63,32 @@ TEST_CASE("the log viewer finds a text without case, from place to place and rou
   CHECK(Errors() == "");
 }
 
+TEST_CASE("the log is reached from the start page, that of an earlier run too") {
+  PlantMachine();
+  std::string text;
+  for (const bool scans : {true, false}) {
+    Program program(scans ? "C:\\planted" : "");
+    const HWND top = program.MainWindow();
+    REQUIRE(top);
+    if (scans) {
+      REQUIRE(WaitFor(LogIsComplete, 60000));
+      Click(ReadyControl(top, IDC_cmdCancel));
+      text = LogText();
+    }
+    REQUIRE(ReadyControl(top, IDC_imgSearch));
+    Command(top, IDM_mnuViewLog);
+    const HWND viewer = program.WindowOfClass("frmLog");
+    REQUIRE(viewer);
+    CHECK(Text(Control(viewer, IDC_txtFile)).find("C:\\planted\\") != std::string::npos);
+    // Only this run knows what its scan has found.
+    CHECK((IsWindowEnabled(Control(viewer, IDC_cmdReport)) != FALSE) == scans);
+    PostMessageW(viewer, WM_CLOSE, 0, 0);
+    CHECK(WaitFor([&] { return !IsWindow(viewer); }));
+    CHECK(program.Close());
+  }
+  CHECK(LogText() == text);
+}
+
 TEST_SUITE_END();
 
 }  // namespace scourwell::ui
