@@ -30,6 +30,7 @@ void HitList::Clear() {
   seen_.clear();
   counters_ = {};
   uncertain_ = settled_ = false;
+  excluded_ = 0;
   sorted_ = ascending_ = false;
 }
 
@@ -80,6 +81,21 @@ void HitList::CheckAll(bool checked) {
   for (std::size_t i = 0; i < rows_.size(); ++i) SetChecked(i, checked);
 }
 
+void HitList::CheckSpy(const std::string& spy, bool checked) {
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (EqualsNoCase(rows_[i].finding.spy, spy)) SetChecked(i, checked);
+  }
+}
+
+std::string HitList::Line(std::size_t index) const {
+  std::string line = Text(index, kType);
+  for (const Column column : {kSystem, kDetails, kState}) {
+    const std::string text = Text(index, column);
+    if (!text.empty()) line += "\t" + text;
+  }
+  return line;
+}
+
 void HitList::Settle(std::size_t index, const RemovalResult& result) {
   settled_ = true;
   Row& row = rows_[index];
@@ -92,22 +108,34 @@ std::size_t HitList::checked_count() const {
       std::count_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.checked; }));
 }
 
-Outcome HitList::ExcludeChecked() {
+std::vector<std::size_t> HitList::CheckedRows() const {
+  std::vector<std::size_t> rows;
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (rows_[i].checked) rows.push_back(i);
+  }
+  return rows;
+}
+
+std::size_t HitList::excluded() const {
+  return excluded_ + static_cast<std::size_t>(counters_.ignored);
+}
+
+Outcome HitList::Exclude(const std::vector<std::size_t>& rows) {
   std::vector<IgnoreRecord> records;
   std::vector<std::size_t> excluded;
   Outcome left;
-  for (std::size_t i = rows_.size(); i-- > 0;) {
-    if (!rows_[i].checked) continue;
-    IgnoreRecord record = IgnoreRecordOf(rows_[i].finding);
+  for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+    IgnoreRecord record = IgnoreRecordOf(rows_[*row].finding);
     if (!CanBeIgnored(record)) {
       left = Outcome::Failed(kBadFileName, "A name with a quotation mark cannot be excluded")
                  .With("Component: ", record.details);
       continue;
     }
     records.push_back(std::move(record));
-    excluded.push_back(i);
+    excluded.push_back(*row);
   }
   if (Outcome written = ignore_.Append(records); !written.ok()) return written;
+  excluded_ += excluded.size();
   std::size_t kept = 0;
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     if (!excluded.empty() && excluded.back() == i) {

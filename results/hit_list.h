@@ -50,6 +50,8 @@ class HitList : public FindingSink {
   bool empty() const { return rows_.empty(); }
   const Row& row(std::size_t index) const { return rows_[index]; }
   std::string Text(std::size_t index, Column column) const;
+  // All of them with tabs between, for the clipboard.
+  std::string Line(std::size_t index) const;
   const HitCounters& counters() const { return counters_; }
   // Whether there are rows that the ignore list may hold.
   bool uncertain() const { return uncertain_; }
@@ -59,14 +61,19 @@ class HitList : public FindingSink {
     rows_[index].checked = checked && !rows_[index].gone();
   }
   void CheckAll(bool checked);
+  // All rows of one spy.
+  void CheckSpy(const std::string& spy, bool checked);
   std::size_t checked_count() const;
   // A removal has tried the row. What is gone, or goes at the next start, loses its check mark.
   void Settle(std::size_t index, const RemovalResult& result);
   // Whether a removal has tried any row.
   bool settled() const { return settled_; }
-  // Moves the checked rows to the ignore list, from the last to the first. The counters stay.
-  // Rows that the list cannot hold stay too, and the result says so.
-  Outcome ExcludeChecked();
+  std::vector<std::size_t> CheckedRows() const;
+  // Moves rows, given in their order, to the ignore list, from the last to the first. The counters
+  // stay. Rows that the list cannot hold stay too, and the result says so.
+  Outcome Exclude(const std::vector<std::size_t>& rows);
+  // What the scan found and the list does not show, because it is excluded by now.
+  std::size_t excluded() const;
 
   // A click on a column's header: sorts by it, ascending first, the other way at each next click.
   // Texts compare without case; equal rows keep their order.
@@ -86,6 +93,7 @@ class HitList : public FindingSink {
   // Whether a row stands for an item, by its identity.
   std::unordered_map<std::string, bool, NoCaseHash, NoCaseEqual> seen_;
   HitCounters counters_;
+  std::size_t excluded_ = 0;  // since the scan
   bool uncertain_ = false;
   bool settled_ = false;
   Column sort_column_ = kType;

@@ -3,26 +3,17 @@
 
 #include <windowsx.h>
 
-#include <algorithm>
-#include <optional>
-#include <unordered_set>
-
 #include "scan/finding_texts.h"
 #include "widgets/access_keys.h"
+#include "widgets/button_rows.h"
 #include "widgets/image_list.h"
 #include "widgets/layout.h"
-#include "widgets/path_cell.h"
 #include "widgets/resource.h"
 
 namespace scourwell {
 namespace {
 
-constexpr Caption kColumnCaptions[] = {Caption::ColumnHitType, Caption::ColumnHitSystem,
-                                       Caption::ColumnHitDetails};
 constexpr int kPicture = 16;
-constexpr RemovalState kStates[] = {RemovalState::Removed, RemovalState::Gone,
-                                    RemovalState::PendingRestart, RemovalState::Refused,
-                                    RemovalState::Failed};
 
 }  // namespace
 
@@ -67,19 +58,10 @@ void ResultsPane::OnCreate() {
   make(cmdExclude_, IDC_cmdExclude, Caption::Exclude);
   make(cmdBackup_, IDC_cmdBackup, Caption::Backup);
   make(cmdViewLog_, IDC_cmdViewLog, Caption::ViewLog);
+  make(cmdReport_, IDC_cmdReport, Caption::SaveReport);
   make(cmdDelete_, IDC_cmdDelete, Caption::Delete);
   make(cmdContinue_, IDC_cmdContinue, Caption::Continue);
   make(cmdClose_, IDC_cmdCloseResults, Caption::Cancel);
-}
-
-void ResultsPane::CreateColumns() {
-  const int boxes = metrics().Scale(16) + 2 * kPicture * metrics().PictureFactor();
-  const int type = metrics().WidestText(KindTexts(env_.captions)) + boxes;
-  system_width_ = metrics().Scale(160);
-  const int widths[] = {type, system_width_, metrics().Scale(200)};
-  for (int i = 0; i < 3; ++i) SpyListView_.AddColumn(i, Text(kColumnCaptions[i]), widths[i]);
-  system_width_ = SpyListView_.ColumnWidth(HitList::kSystem);
-  details_width_ = SpyListView_.ColumnWidth(HitList::kDetails);
 }
 
 void ResultsPane::OnSize(Area area) {
@@ -87,72 +69,20 @@ void ResultsPane::OnSize(Area area) {
     Layout layout;
     layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
     Area inner = area.Shrunk(metrics().Margin(), metrics().Margin());
-    Area buttons = inner.CutBottom(metrics().ButtonHeight());
+    const Button* const below_left[] = {&cmdViewLog_, &cmdReport_};
+    const Button* const below_right[] = {&cmdClose_, &cmdContinue_, &cmdDelete_};
+    PlaceButtons(layout, metrics(), &inner, below_left, below_right);
     inner.CutBottom(metrics().Gap());
-    Area actions = inner.CutBottom(metrics().ButtonHeight());
+    const Button* const left[] = {&cmdCheckAll_, &cmdUnCheckAll_};
+    const Button* const right[] = {&cmdBackup_, &cmdExclude_};
+    PlaceButtons(layout, metrics(), &inner, left, right);
     inner.CutBottom(metrics().Gap());
     layout.Place(SpyListView_, inner);
     const int line = metrics().LineHeight();
     Area empty = inner.Shrunk(metrics().Scale(4), inner.height() / 2 - line);
     layout.Place(lblEmpty_, {empty.left, empty.top, empty.right, empty.top + 2 * line});
-    const int gap = metrics().Gap();
-    for (const Button* button : {&cmdCheckAll_, &cmdUnCheckAll_}) {
-      layout.Place(*button, actions.CutLeft(button->width()));
-      actions.CutLeft(gap);
-    }
-    for (const Button* button : {&cmdBackup_, &cmdExclude_}) {
-      layout.Place(*button, actions.CutRight(button->width()));
-      actions.CutRight(gap);
-    }
-    layout.Place(cmdViewLog_, buttons.CutLeft(cmdViewLog_.width()));
-    for (const Button* button : {&cmdClose_, &cmdContinue_, &cmdDelete_}) {
-      layout.Place(*button, buttons.CutRight(button->width()));
-      buttons.CutRight(gap);
-    }
   }
   FitColumns();
-}
-
-// There is nothing to say in this column before a removal.
-void ResultsPane::ShowStates() {
-  if (shows_states_ || !hits_.settled()) return;
-  shows_states_ = true;
-  int width = 0;
-  for (const RemovalState state : kStates) {
-    width = std::max(width, SpyListView_.TextWidth(RemovalStateWord(env_.captions, state)));
-  }
-  SpyListView_.AddColumn(HitList::kState, Text(Caption::ColumnState),
-                         width + 4 * ListView::CellPadding());
-  FitColumns();
-}
-
-int ResultsPane::SystemWidth() const {
-  int width = 0;
-  std::unordered_set<std::string> measured;
-  for (std::size_t row = 0; row < hits_.size(); ++row) {
-    std::string spy = hits_.Text(row, HitList::kSystem);
-    if (!measured.insert(spy).second) continue;
-    width = std::max(width, SpyListView_.TextWidth(spy));
-  }
-  return width + 4 * ListView::CellPadding();
-}
-
-// The names of the spies get what they need as long as the places have more; the places take what
-// is left. Each column does so until the user sets its width.
-void ResultsPane::FitColumns() {
-  RECT client = {};
-  GetClientRect(SpyListView_.hwnd(), &client);
-  const int left = client.right - SpyListView_.ColumnWidth(HitList::kType) -
-                   (shows_states_ ? SpyListView_.ColumnWidth(HitList::kState) : 0);
-  int system = SpyListView_.ColumnWidth(HitList::kSystem);
-  if (system == system_width_) {
-    system = system_width_ =
-        std::clamp(needed_width_, metrics().Scale(90), std::max(left * 2 / 5, metrics().Scale(90)));
-    SpyListView_.SetColumnWidth(HitList::kSystem, system);
-  }
-  if (SpyListView_.ColumnWidth(HitList::kDetails) != details_width_) return;
-  details_width_ = std::max(left - system, metrics().Scale(120));
-  SpyListView_.SetColumnWidth(HitList::kDetails, details_width_);
 }
 
 void ResultsPane::Refresh() {
@@ -183,14 +113,18 @@ void ResultsPane::EnableButtons() {
   const bool checked = any && hits_.checked_count() > 0;
   for (const Button* button : {&cmdExclude_, &cmdBackup_}) button->Enable(checked);
   cmdViewLog_.Enable(!busy_ && has_log_);
+  cmdReport_.Enable(!busy_);
   for (const Button* button : {&cmdContinue_, &cmdClose_}) button->Enable(!busy_);
 }
 
 void ResultsPane::ShowCount() {
   EnableButtons();
-  const std::size_t checked = hits_.checked_count();
+  const auto part = [&](std::size_t count, Caption caption) {
+    return count ? ", " + std::to_string(count) + " " + Text(caption) : std::string();
+  };
   header_.SetText(Text(Caption::ComponentsInList) + ": " + std::to_string(hits_.size()) +
-                  (checked ? ", " + std::to_string(checked) + " " + Text(Caption::Checked) : ""));
+                  part(hits_.checked_count(), Caption::Checked) +
+                  part(hits_.excluded(), Caption::Excluded));
 }
 
 LRESULT ResultsPane::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -216,11 +150,8 @@ bool ResultsPane::OnCommand(int id) {
     case IDM_mnuUncheckAll:
       CheckAll(false);
       return true;
-    case IDM_mnuShowProperties:
-      env_.log.Trap("mnuShowProperties - Scan Spy", [&] { return mnuShowProperties(); });
-      return true;
     default:
-      return Pane::OnCommand(id);
+      return OnMenuCommand(id) || Pane::OnCommand(id);
   }
 }
 
@@ -238,18 +169,6 @@ LRESULT ResultsPane::OnNotify(NMHDR* header) {
   }
 }
 
-// What is gone is grey, and a path that is cut keeps its end.
-LRESULT ResultsPane::Draw(NMLVCUSTOMDRAW& draw) const {
-  if (const auto answer = BeforeCells(draw)) return *answer;
-  const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
-  if (row >= hits_.size()) return CDRF_DODEFAULT;
-  std::optional<COLORREF> colour;
-  if (hits_.row(row).gone()) colour = draw.clrText = GetSysColor(COLOR_GRAYTEXT);
-  if (draw.iSubItem != HitList::kDetails) return CDRF_DODEFAULT;
-  DrawPathCell(SpyListView_, draw, hits_.Text(row, HitList::kDetails), colour);
-  return CDRF_SKIPDEFAULT;
-}
-
 void ResultsPane::Check(const std::vector<std::size_t>& rows, bool checked) {
   for (const std::size_t row : rows) {
     if (row < hits_.size()) hits_.SetChecked(row, checked);
@@ -262,41 +181,6 @@ void ResultsPane::CheckAll(bool checked) {
   hits_.CheckAll(checked);
   SpyListView_.Redraw();
   ShowCount();
-}
-
-// The selection goes: its row numbers name other rows now.
-void ResultsPane::Sort(int column) {
-  hits_.SortBy(static_cast<HitList::Column>(column));
-  SpyListView_.Select(-1, false);
-  SpyListView_.ShowSortArrow(column, hits_.ascending());
-  SpyListView_.Redraw();
-}
-
-void ResultsPane::ShowMenu(POINT at) {
-  if (at.x == -1 && at.y == -1) {  // from the keyboard
-    at = {metrics().Scale(40), metrics().Scale(40)};
-    ClientToScreen(SpyListView_.hwnd(), &at);
-  }
-  const MenuHandle menu(CreatePopupMenu());
-  const UINT rows = hits_.empty() ? MF_GRAYED : MF_ENABLED;
-  const UINT properties = SelectedPath() ? MF_ENABLED : MF_GRAYED;
-  Calls().Append(menu.get(), MF_STRING | rows, IDM_mnuCheckAll, Text(Caption::MenuCheckAll));
-  Calls().Append(menu.get(), MF_STRING | rows, IDM_mnuUncheckAll, Text(Caption::MenuUncheckAll));
-  Calls().Append(menu.get(), MF_SEPARATOR, 0, {});
-  Calls().Append(menu.get(), MF_STRING | properties, IDM_mnuShowProperties,
-                 Text(Caption::MenuShowProperties));
-  TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr);
-}
-
-// Only things that lie on a disk have a property sheet.
-const std::string* ResultsPane::SelectedPath() const {
-  const int row = SpyListView_.NextSelected(-1);
-  return row < 0 ? nullptr : PathOnDisk(hits_.row(static_cast<std::size_t>(row)).finding.object);
-}
-
-Outcome ResultsPane::mnuShowProperties() {
-  const std::string* path = SelectedPath();
-  return path ? shell_.ShowProperties(*path) : Outcome();
 }
 
 HWND ResultsPane::FirstFocus() const { return SpyListView_.hwnd(); }

@@ -25,6 +25,9 @@ class ResultsPane : public Pane {
   // Afterwards the rows say what came of them.
   void SetBusy(bool busy, const std::string& status = {});
 
+  // Of what is listed, by index.
+  std::vector<std::size_t> SelectedRows() const;
+
   HWND FirstFocus() const;
   HWND CloseButton() const { return cmdClose_.hwnd(); }
   HWND ContinueButton() const { return cmdContinue_.hwnd(); }
@@ -45,6 +48,10 @@ class ResultsPane : public Pane {
   void CheckAll(bool checked);
   void Sort(int column);
   void ShowMenu(POINT at);
+  bool OnMenuCommand(int id);
+  void CheckSpies(bool checked);
+  std::string SelectedFolder() const;
+  Outcome mnuCopy();
   Outcome mnuShowProperties();
   const std::string* SelectedPath() const;
   void ShowCount();
@@ -62,6 +69,7 @@ class ResultsPane : public Pane {
   Button cmdExclude_;
   Button cmdBackup_;
   Button cmdViewLog_;
+  Button cmdReport_;
   Button cmdContinue_;
   Button cmdClose_;
   ImageListHandle images_;

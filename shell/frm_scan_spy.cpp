@@ -5,6 +5,7 @@
 
 #include "machine/file_utils.h"
 #include "results/frm_log.h"
+#include "shell/frm_report.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
 #include "widgets/resource.h"
@@ -97,6 +98,9 @@ bool frmScanSpy::OnCommand(int id) {
     case IDC_cmdViewLog:
       ViewLog();
       return true;
+    case IDC_cmdReport:
+      if (!app_.busy()) SaveReport(env_, app_);
+      return true;
     case IDC_cmdDelete:
       cmdDelete_Click();
       return true;
@@ -105,6 +109,9 @@ bool frmScanSpy::OnCommand(int id) {
       return true;
     case IDC_cmdExclude:
       cmdExclude_Click();
+      return true;
+    case IDM_mnuExclude:
+      if (!app_.busy()) Exclude(SpyFrame_.SelectedRows());
       return true;
     case IDC_cmdBackup:
       cmdBackup_Click();
@@ -151,8 +158,9 @@ void frmScanSpy::cmdCancel_Click() {
 }
 
 void frmScanSpy::ViewLog() {
-  frmLog(env_, app_.ports().files, app_.ports().code_pages, app_.settings().LogFilePath)
-      .ShowModal(Root());
+  frmLog(env_, app_.ports().files, app_.ports().code_pages, app_.settings().LogFilePath, [this] {
+    SaveReport(env_, app_);
+  }).ShowModal(Root());
 }
 
 HWND frmScanSpy::DefaultButton() const {

@@ -53,6 +53,8 @@ class frmScanSpy : public Page {
   void cmdDelete_Click();
   void cmdContinue_Click();
   void cmdExclude_Click();
+  // Asks first, and says how many.
+  void Exclude(const std::vector<std::size_t>& rows);
   void cmdBackup_Click();
   bool AskForBackupName(std::string* name);
   std::string NotStored(const BackupReport& report, Caption caption) const;

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "results/frm_results.h"
+#include "shell/frm_report.h"
 #include "shell/frm_scan_spy.h"
 #include "widgets/folder_dialog.h"
 #include "widgets/input_box.h"
@@ -45,7 +46,7 @@ bool frmScanSpy::RemoveChecked(bool unattended) {
   }
   app_.removal().launchRegEditDelete();
   if (closing) return false;
-  frmResults(env_, app_.removal()).ShowModal(Root());
+  frmResults(env_, app_.removal(), [this] { SaveReport(env_, app_); }).ShowModal(Root());
   return true;
 }
 
@@ -98,13 +99,17 @@ void frmScanSpy::cmdContinue_Click() {
 }
 
 void frmScanSpy::cmdExclude_Click() {
-  if (app_.busy()) return;
-  if (app_.hits().checked_count() == 0) {
-    return ShowMessage(Text(Caption::NothingChecked), Text(Caption::Information));
-  }
-  if (!AskYesNo(Text(Caption::AskExclude), Text(Caption::Confirmation), kBeforeLoss)) return;
+  if (!app_.busy()) Exclude(app_.hits().CheckedRows());
+}
+
+void frmScanSpy::Exclude(const std::vector<std::size_t>& rows) {
+  if (rows.empty()) return ShowMessage(Text(Caption::NothingChecked), Text(Caption::Information));
+  const std::string question = Text(Caption::AskExclude) + "\r\n\r\n" +
+                               Text(Caption::NumberOfComponents) + " " +
+                               std::to_string(rows.size());
+  if (!AskYesNo(question, Text(Caption::Confirmation), kBeforeLoss)) return;
   const Outcome excluded =
-      app_.log().TrapOutcome("cmdExclude", [&] { return app_.hits().ExcludeChecked(); });
+      app_.log().TrapOutcome("cmdExclude", [&] { return app_.hits().Exclude(rows); });
   SpyFrame_.Refresh();
   if (!excluded.ok()) {
     ShowMessage(Text(Caption::IgnoreListNotChanged) + "\r\n" + excluded.description(),

@@ -248,30 +248,54 @@ TEST_SUITE("hit_list") {
     CHECK(r.Details() == many);
   }
 
+  TEST_CASE("all rows of one spy are checked together, whatever the case of its name") {
+    Results r;
+    r.Add(FoundFile{"C:\\a"}, "Bar");
+    r.Add(FoundFile{"C:\\b"}, "Barn");
+    r.Add(FoundFolder{"C:\\c"}, "BAR");
+    r.hits.CheckSpy("bar", true);
+    CHECK(r.hits.CheckedRows() == std::vector<std::size_t>{0, 2});
+    r.hits.Settle(0, {});
+    r.hits.CheckSpy("bar", true);
+    CHECK(r.hits.CheckedRows() == std::vector<std::size_t>{2});
+    r.hits.CheckSpy("Bar", false);
+    CHECK(r.hits.CheckedRows().empty());
+    const std::string kind = r.hits.Text(0, HitList::kType);
+    CHECK(r.hits.Line(1) == kind + "\tBarn\tC:\\b");
+    CHECK(r.hits.Line(0) == kind + "\tBar\tC:\\a\t" + r.captions.Text(Caption::StateRemoved));
+  }
+
   TEST_CASE("excluded rows leave the list and come back when their records go") {
     Results r;
     r.settings.MarkChecked = "y";
     for (const char* path : {"C:\\a", "C:\\b", "C:\\c", "C:\\d"}) r.Add(FoundFile{path});
     r.Add(ValueAt("HKEY_CURRENT_USER\\Run", "say \"x\""));
     r.hits.SetChecked(1, false);
-    CHECK(r.hits.ExcludeChecked().code() == kBadFileName);
+    CHECK(r.hits.Exclude(r.hits.CheckedRows()).code() == kBadFileName);
     CHECK(r.Details() == "C:\\b HKEY_CURRENT_USER\\Run\\say \"x\" ");
     CHECK(r.m.Content(kIgnored).starts_with(
         "\"Spy File\",\"C:\\d\",\"spy\"\r\n\"Spy File\",\"C:\\c"));
     CHECK(r.hits.counters().files == 4);
     CHECK(r.hits.counters().ignored == 0);
+    CHECK(r.hits.excluded() == 3);
     r.hits.Clear();
+    CHECK(r.hits.excluded() == 0);
     for (const char* path : {"C:\\a", "C:\\b", "C:\\C"}) r.Add(FoundFile{path});
     CHECK(r.Details() == "C:\\b C:\\C ");
     CHECK(r.hits.counters().files == 3);
     CHECK(r.hits.counters().ignored == 1);
+    CHECK(r.hits.excluded() == 1);
+    // A row that is not checked, while others are.
+    CHECK(r.hits.Exclude({0}).ok());
+    CHECK(r.Details() == "C:\\C ");
+    CHECK(r.hits.excluded() == 2);
     CHECK(r.ignore.Keep({}).ok());
     r.hits.Clear();
     r.Add(FoundFile{"C:\\a"});
     CHECK(r.Details() == "C:\\a ");
     // A list that cannot be written keeps its rows.
     r.m.files.failing_change = r.m.files.changes + 1;
-    CHECK_FALSE(r.hits.ExcludeChecked().ok());
+    CHECK_FALSE(r.hits.Exclude(r.hits.CheckedRows()).ok());
     CHECK(r.hits.size() == 1);
   }
 

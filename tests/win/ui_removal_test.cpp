@@ -98,11 +98,17 @@ TEST_CASE("what was removed says so in the list and is neither asked for nor bac
   REQUIRE(backups().empty());
   Program program("\"C:\\planted\"");
   HWND top = ScanToResults(&program);
-  const HWND list = Control(top, IDC_SpyListView);
+  HWND list = Control(top, IDC_SpyListView);
   CHECK(ListRows(list)[0].texts.size() == 3);
   Click(ReadyControl(top, IDC_cmdDelete));
   Answer(&program, "Confirmation", IDOK);
   CHECK(CloseOutcome(&program).find("C:\\planted\\EvilHome - removed") != std::string::npos);
+  // Who leaves the list comes back to it, as it was.
+  Click(ReadyControl(top, IDC_cmdCloseResults));
+  REQUIRE(ReadyControl(top, IDC_imgSearch));
+  Command(top, IDM_mnuLastResults);
+  list = ReadyControl(top, IDC_SpyListView);
+  REQUIRE(list);
   const std::string counted = Setting("Statistics", "NUMBER OF OBJECTS");
   const std::vector<ListRow> rows = ListRows(list);
   REQUIRE_FALSE(rows.empty());

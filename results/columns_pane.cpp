@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+
+// The columns of the ResultsPane.
+#include <algorithm>
+#include <unordered_set>
+
+#include "results/results_pane.h"
+#include "scan/finding_texts.h"
+#include "widgets/path_cell.h"
+
+namespace scourwell {
+namespace {
+
+constexpr Caption kColumnCaptions[] = {Caption::ColumnHitType, Caption::ColumnHitSystem,
+                                       Caption::ColumnHitDetails};
+constexpr int kPicture = 16;
+constexpr RemovalState kStates[] = {RemovalState::Removed, RemovalState::Gone,
+                                    RemovalState::PendingRestart, RemovalState::Refused,
+                                    RemovalState::Failed};
+
+}  // namespace
+
+void ResultsPane::CreateColumns() {
+  const int boxes = metrics().Scale(16) + 2 * kPicture * metrics().PictureFactor();
+  const int type = metrics().WidestText(KindTexts(env_.captions)) + boxes;
+  system_width_ = metrics().Scale(160);
+  const int widths[] = {type, system_width_, metrics().Scale(200)};
+  for (int i = 0; i < 3; ++i) SpyListView_.AddColumn(i, Text(kColumnCaptions[i]), widths[i]);
+  system_width_ = SpyListView_.ColumnWidth(HitList::kSystem);
+  details_width_ = SpyListView_.ColumnWidth(HitList::kDetails);
+}
+
+// There is nothing to say in this column before a removal.
+void ResultsPane::ShowStates() {
+  if (shows_states_ || !hits_.settled()) return;
+  shows_states_ = true;
+  int width = 0;
+  for (const RemovalState state : kStates) {
+    width = std::max(width, SpyListView_.TextWidth(RemovalStateWord(env_.captions, state)));
+  }
+  SpyListView_.AddColumn(HitList::kState, Text(Caption::ColumnState),
+                         width + 4 * ListView::CellPadding());
+  FitColumns();
+}
+
+int ResultsPane::SystemWidth() const {
+  int width = 0;
+  std::unordered_set<std::string> measured;
+  for (std::size_t row = 0; row < hits_.size(); ++row) {
+    std::string spy = hits_.Text(row, HitList::kSystem);
+    if (!measured.insert(spy).second) continue;
+    width = std::max(width, SpyListView_.TextWidth(spy));
+  }
+  return width + 4 * ListView::CellPadding();
+}
+
+// The names of the spies get what they need as long as the places have more; the places take what
+// is left. Each column does so until the user sets its width.
+void ResultsPane::FitColumns() {
+  RECT client = {};
+  GetClientRect(SpyListView_.hwnd(), &client);
+  const int left = client.right - SpyListView_.ColumnWidth(HitList::kType) -
+                   (shows_states_ ? SpyListView_.ColumnWidth(HitList::kState) : 0);
+  int system = SpyListView_.ColumnWidth(HitList::kSystem);
+  if (system == system_width_) {
+    system = system_width_ =
+        std::clamp(needed_width_, metrics().Scale(90), std::max(left * 2 / 5, metrics().Scale(90)));
+    SpyListView_.SetColumnWidth(HitList::kSystem, system);
+  }
+  if (SpyListView_.ColumnWidth(HitList::kDetails) != details_width_) return;
+  details_width_ = std::max(left - system, metrics().Scale(120));
+  SpyListView_.SetColumnWidth(HitList::kDetails, details_width_);
+}
+
+// The selection goes: its row numbers name other rows now.
+void ResultsPane::Sort(int column) {
+  hits_.SortBy(static_cast<HitList::Column>(column));
+  SpyListView_.Select(-1, false);
+  SpyListView_.ShowSortArrow(column, hits_.ascending());
+  SpyListView_.Redraw();
+}
+
+// What is gone is grey, and a path that is cut keeps its end.
+LRESULT ResultsPane::Draw(NMLVCUSTOMDRAW& draw) const {
+  if (const auto answer = BeforeCells(draw)) return *answer;
+  const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
+  if (row >= hits_.size()) return CDRF_DODEFAULT;
+  const bool gone = hits_.row(row).gone();
+  const COLORREF colour = GetSysColor(gone ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT);
+  draw.clrText = colour;
+  if (draw.iSubItem != HitList::kDetails) return CDRF_NEWFONT;
+  DrawPathCell(SpyListView_, draw, hits_.Text(row, HitList::kDetails), colour);
+  return CDRF_SKIPDEFAULT;
+}
+
+}  // namespace scourwell
