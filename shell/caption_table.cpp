@@ -411,7 +411,7 @@ const DefaultText kCaptions[] = {
     {Caption::StateNotTried, "not removed"},
     {Caption::ReportNotSaved, "The report could not be saved:"},
     {Caption::MenuLastResults, "&Last Results"},
-    {Caption::MenuViewLog, "View &Log..."},
+    {Caption::MenuViewLog, "&View Log..."},
     {Caption::OpenLog, "Open..."},
     {Caption::OpenLogTitle, "Open a scan log"},
     {Caption::NoLogYet, "There is no scan log yet."},
