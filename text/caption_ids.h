@@ -441,9 +441,9 @@ enum class Caption : int {
   BuiltInDefinitionsOnly = 17376,
 
   // What a second start of the program says.
-  StartBusy = 17420,
-  StartRefused = 17421,
-  StartNoAnswer = 17422,
+  StartBusy = 17450,
+  StartRefused = 17451,
+  StartNoAnswer = 17452,
   ColumnState = 17410,
   SaveReport = 17411,
   ReportFileTypes = 17412,
