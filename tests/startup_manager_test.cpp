@@ -194,6 +194,38 @@ TEST_SUITE("startup_manager") {
           FakeShell::MakeShortcut("C:\\My Files\\t.exe", "/q"));
     CHECK(manager.disabled_count() == 1);
   }
+
+  TEST_CASE("marks outlive reading anew, on the entries that are still there") {
+    Planted p;
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    for (const char* name : {"Machine", "two", "Tray"}) {
+      manager.cmdDisable_Click(p.RowOf(manager, name));
+    }
+    CHECK(manager.SaveProfile("C:\\mine.pro"));
+    manager.ResetAll();
+    REQUIRE(p.m.registry.DeleteValue(kMachine, kRun, "Machine") == kRegOk);
+    manager.Form_Load();
+    CHECK(manager.LoadProfile("C:\\mine.pro"));
+    manager.cmdRemove_Click(p.RowOf(manager, "Once"));
+    manager.cmdDisable_Click(p.RowOf(manager, "User"));
+    p.m.registry.Make(kMachine, kRun).Value("Aaa", Z("C:\\new.exe"));
+    REQUIRE(p.m.registry.DeleteValue(kUser, kRun, "User") == kRegOk);
+    manager.Refresh();
+    const auto status = [&](const char* name) { return manager.status(p.RowOf(manager, name)); };
+    for (const char* name : {"Machine", "two", "Tray"}) {
+      CHECK(status(name) == EntryStatus::Disabled);  // "Machine" only in the user's profile
+    }
+    CHECK(status("Once") == EntryStatus::Remove);
+    CHECK(status("Aaa") == EntryStatus::Enabled);
+    CHECK(p.Cells(manager, {0}).find("User|") == std::string::npos);
+    CHECK(manager.disabled_count() == 3);
+    manager.Refresh();
+    CHECK(manager.disabled_count() == 3);
+    CHECK(manager.ApplyNow());
+    CHECK_FALSE(manager.HasMarks());
+    CHECK(p.m.registry.Text(kMachine, kRun, "Aaa") == Z("C:\\new.exe"));
+  }
 }
 
 }  // namespace scourwell::test

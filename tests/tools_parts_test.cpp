@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 
-// The small parts of the tools: profiles, stored values, lines, commands, views.
+// The small parts of the tools: profiles, stored values, lines, commands.
 #include "tests/support.h"
 #include "tools/profile_file.h"
 #include "tools/program_of.h"
 #include "tools/stored_value.h"
-#include "tools/table_view.h"
 #include "tools/win_ini_line.h"
 
 namespace scourwell::test {
@@ -307,46 +306,6 @@ TEST_SUITE("program_of") {
       CHECK(b.m.files.Count("Stat") <= row.look_ups);
       CHECK(b.m.files.Count("Stat \\\\") + b.m.files.Count("Stat N:") == 0);
     }
-  }
-}
-
-TEST_SUITE("table_view") {
-  struct Texts : TableModel {
-    std::vector<std::vector<std::string>> rows = {
-        {"beta", "x"}, {"Alpha", "y z"}, {"gamma\t", "X"}};
-    std::size_t size() const override { return rows.size(); }
-    int columns() const override { return 2; }
-    const std::string& Cell(std::size_t row, int column) const override {
-      return rows[row][static_cast<std::size_t>(column)];
-    }
-  };
-
-  TEST_CASE("filtered by words, sorted by a column, the other way at the next click") {
-    Texts texts;
-    TableView view(texts);
-    const auto shown = [&] {
-      std::string names;
-      for (std::size_t i = 0; i < view.size(); ++i) names += texts.Cell(view.Row(i), 0)[0];
-      return names;
-    };
-    CHECK(shown() == "bAg");
-    view.SortBy(0);
-    CHECK(shown() == "Abg");
-    view.SortBy(0);
-    CHECK(shown() == "gbA");
-    view.SortBy(1);
-    CHECK(shown() == "bgA");
-    view.SetFilter("  A  z ");
-    CHECK(shown() == "A");
-    CHECK(view.Line(0) == "Alpha\ty z");
-    CHECK(view.Find(1) == 0);
-    CHECK(view.Find(0) == -1);
-    view.SetFilter("none");
-    CHECK(shown() == "");
-    view.SetFilter("");
-    texts.rows.pop_back();
-    view.Update();
-    CHECK(shown() == "bA");
   }
 }
 

@@ -69,6 +69,7 @@ class AdwareUninstaller : public TableModel {
   const std::string& Cell(std::size_t row, int column) const override {
     return rows_[row].cells[static_cast<std::size_t>(column)];
   }
+  std::string Identity(std::size_t row) const override { return rows_[row].key; }
 
  private:
   struct Row {

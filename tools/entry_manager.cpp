@@ -7,10 +7,14 @@
 
 namespace scourwell {
 
-void EntryManager::Form_Load() {
+void EntryManager::Form_Load() { Read(&EntryTable::Fill); }
+
+void EntryManager::Refresh() { Read(&EntryTable::Refresh); }
+
+void EntryManager::Read(void (EntryTable::*fill)(std::vector<Outcome>*)) {
   Trap("Form_Load", [&](std::vector<Outcome>* failures) {
     needs_.spies.Refresh();
-    table_.Fill(failures);
+    (table_.*fill)(failures);
     Tell(true);
   });
 }
@@ -78,6 +82,13 @@ std::string EntryManager::KeyOf(std::size_t row) const {
     default:
       return {};
   }
+}
+
+// A place may hold two entries of one name, and a NUL stands in no label.
+std::string EntryManager::Identity(std::size_t row) const {
+  const Entry& entry = table_[row];
+  return (entry.place ? entry.place->label : entry.record.fields[ProfileRecord::kLocation]) + '\0' +
+         entry.name + '\0' + entry.command;
 }
 
 std::string EntryManager::StatusText(EntryStatus status) const {

@@ -28,6 +28,8 @@ class EntryManager : public TableModel {
 
   // Reads everything anew; marks are lost.
   void Form_Load();
+  // Reads everything anew; marks stay on the entries that are still there.
+  void Refresh();
   void cmdDisable_Click(std::size_t row);
   void cmdRemove_Click(std::size_t row);
   // Afterwards the rows say how things stand. False when something failed.
@@ -54,6 +56,7 @@ class EntryManager : public TableModel {
   const std::string& Cell(std::size_t row, int column) const override {
     return rows_[row].cells[static_cast<std::size_t>(column)];
   }
+  std::string Identity(std::size_t row) const override;
 
  protected:
   struct Row {
@@ -70,6 +73,7 @@ class EntryManager : public TableModel {
   virtual FileFacts FactsOf(const Entry& entry) const = 0;
   virtual std::vector<std::string> CellsOf(const Entry& entry, const FileFacts& facts) const = 0;
 
+  void Read(void (EntryTable::*fill)(std::vector<Outcome>* failures));
   // Runs `body`, which fills the list of failures, and puts each on record.
   template <class Body>
   bool Trap(const char* procedure, Body&& body);

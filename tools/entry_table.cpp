@@ -2,6 +2,7 @@
 #include "tools/entry_table.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "text/text.h"
 
@@ -15,6 +16,13 @@ PlaceEntry PlaceOf(const Entry& entry) { return {entry.name, entry.command}; }
 bool IsSame(const Entry& entry, const StartupLocation* place, const std::string& name,
             const std::string& command) {
   return entry.place == place && entry.command == command && EqualsNoCase(entry.name, name);
+}
+
+// The user has set a mark, or brought the entry by a profile of his choice.
+bool IsMarked(const Entry& entry) {
+  const bool enabled = entry.status == EntryStatus::Enabled;
+  const bool brought = !entry.present && !entry.held;
+  return entry.status == EntryStatus::Remove || enabled != entry.present || brought;
 }
 
 void Note(Outcome outcome, const Entry& entry, std::vector<Outcome>* failures) {
@@ -38,6 +46,27 @@ void EntryTable::Fill(std::vector<Outcome>* failures) {
   }
   Outcome loaded = LoadDisabledItems();
   if (!loaded.ok()) failures->push_back(std::move(loaded));
+}
+
+void EntryTable::Refresh(std::vector<Outcome>* failures) {
+  std::vector<Entry> marked;
+  std::copy_if(entries_.begin(), entries_.end(), std::back_inserter(marked), IsMarked);
+  Fill(failures);
+  for (Entry& mark : marked) {
+    const auto is_same = [&](const Entry& entry) {
+      return IsSame(entry, mark.place, mark.name, mark.command);
+    };
+    const bool known = std::any_of(entries_.begin(), entries_.end(), is_same);
+    // Of entries that read alike, each takes one mark.
+    const auto other = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+      return is_same(entry) && entry.status != mark.status;
+    });
+    if (other != entries_.end()) {
+      other->status = mark.status;
+    } else if (!known && !mark.present && !mark.held) {
+      entries_.push_back(std::move(mark));
+    }
+  }
 }
 
 // What cannot be read as records must not be lost when the file is written anew.
@@ -118,11 +147,7 @@ bool EntryTable::IsChanged() const {
 }
 
 bool EntryTable::HasMarks() const {
-  return std::any_of(entries_.begin(), entries_.end(), [](const Entry& entry) {
-    const bool enabled = entry.status == EntryStatus::Enabled;
-    const bool brought = !entry.present && !entry.held;  // by a profile of the user's choice
-    return entry.status == EntryStatus::Remove || enabled != entry.present || brought;
-  });
+  return std::any_of(entries_.begin(), entries_.end(), IsMarked);
 }
 
 ProfileRecord EntryTable::RecordOf(const Entry& entry) const {

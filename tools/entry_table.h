@@ -43,6 +43,8 @@ class EntryTable {
 
   // Reads places and profile anew; marks are lost. Failures are appended, the rest is listed.
   void Fill(std::vector<Outcome>* failures);
+  // The same, but marks stay on the entries that are still there.
+  void Refresh(std::vector<Outcome>* failures);
 
   std::size_t size() const { return entries_.size(); }
   const Entry& operator[](std::size_t row) const { return entries_[row]; }

@@ -19,7 +19,7 @@ std::string frmEntries::Figures() const {
 void frmEntries::Reload() {
   {
     const BusyPointer busy;
-    manager().Form_Load();
+    manager().Refresh();
   }
   ShowResult();
 }

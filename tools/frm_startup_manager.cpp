@@ -136,6 +136,7 @@ void frmStartupManager::Edit() {
   dialog.SetEntry(entry.name, manager_.EditedCommand(row));
   if (!dialog.Ask(hwnd())) return;
   manager_.Edit(row, dialog.name(), dialog.program());
+  ChooseRow(row);
   ShowResult();
 }
 

@@ -104,23 +104,28 @@ void frmTool::OnSize(Area area) {
 }
 
 void frmTool::ShowRows() {
-  std::size_t selected = 0;
-  const bool had = Selected(&selected);
+  const int before = list_.Selected();
   view_->Update();
-  list_.Select(-1, false);
-  list_.SetItemCount(view_->size());
   list_.ShowSortArrow(view_->sort_column(), view_->ascending());
-  const int shown = had ? view_->Find(selected) : -1;
-  const int row = shown < 0 && view_->size() > 0 ? 0 : shown;
-  if (row >= 0) {
-    list_.Select(row, true);
-    list_.FocusRow(row);
-  }
+  ShowSelection(before);
   lblEmpty_.SetText(Text(Table().size() == 0 ? texts_.empty : Caption::NothingMatchesFilter));
   lblEmpty_.Show(view_->size() == 0);
   list_.Redraw();
   ShowFigures();
   Enable();
+}
+
+// Without a choice the keyboard waits where the last one was, with nothing selected.
+void frmTool::ShowSelection(int before) {
+  filling_ = true;
+  if (shown_ == 0) view_->Choose(0);
+  list_.Select(-1, false);
+  list_.SetItemCount(shown_ = view_->size());
+  const int chosen = view_->Chosen();
+  if (chosen >= 0) list_.Select(chosen, true);
+  const int focus = chosen >= 0 ? chosen : std::min(before, static_cast<int>(view_->size()) - 1);
+  if (focus >= 0) list_.FocusRow(focus);
+  filling_ = false;
 }
 
 // A button that can no longer be pressed must not keep the keyboard to itself.
@@ -196,18 +201,12 @@ LRESULT frmTool::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
 
 void frmTool::Filter() {
   view_->SetFilter(txtFilter_.Text());
+  if (view_->Chosen() < 0) view_->Choose(0);  // what was typed for is there to be used
   ShowRows();
 }
 
 void frmTool::Sort(int column) {
-  std::size_t selected = 0;
-  const bool had = Selected(&selected);
   view_->SortBy(column);
-  list_.Select(-1, false);
-  if (const int shown = had ? view_->Find(selected) : -1; shown >= 0) {
-    list_.Select(shown, true);
-    list_.FocusRow(shown);
-  }
   ShowRows();
 }
 
@@ -239,6 +238,8 @@ LRESULT frmTool::OnNotify(NMHDR* header) {
       Sort(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem);
       return 0;
     case LVN_ITEMCHANGED:
+      if (filling_) return 0;
+      view_->Choose(list_.Selected());
       Enable();
       return 0;
     case NM_CUSTOMDRAW:

@@ -58,10 +58,13 @@ class frmTool : public ModalWindow {
   // A command of its own.
   virtual bool OnToolCommand(int id) = 0;
 
-  // The table has changed; the row stays selected if it is still shown.
+  // The table has changed; the row stays selected if it is still shown, and no other takes its
+  // place: the next key must not act on what the user did not choose.
   void ShowRows();
   // False when no row of the table is selected.
   bool Selected(std::size_t* row) const;
+  // A row that is shown, after a change that made it another one.
+  void ChooseRow(std::size_t row) { view_->Choose(view_->Find(row)); }
   Button& ButtonOf(int id);
   // Messages of failures under that heading, cut to what fits the screen.
   void ShowFailures(const std::vector<std::string>& failures,
@@ -93,6 +96,7 @@ class frmTool : public ModalWindow {
   void Sort(int column);
   void ShowMenu(POINT at);
   void ShowFigures();
+  void ShowSelection(int before);
   void Enable();
   bool OnRowCommand(int id);
 
@@ -104,6 +108,8 @@ class frmTool : public ModalWindow {
   Edit txtFilter_;
   Label lblEmpty_;
   ReportListView list_;
+  std::size_t shown_ = 0;
+  bool filling_ = false;  // the list's own changes are no choice of the user
   LiveLabel lblStatus_;
   std::array<Button, kMostButtons> buttons_;
   Button cmdClose_;

@@ -7,7 +7,30 @@
 
 namespace scourwell {
 
+// Two rows may read alike: the one that stayed where it was comes first.
+void TableView::FindChosen() {
+  if (!choice_) return;
+  const auto is_choice = [&](std::size_t row) { return table_.Identity(row) == choice_->identity; };
+  if (choice_->row < table_.size() && is_choice(choice_->row)) return;
+  for (std::size_t row = 0; row < table_.size(); ++row) {
+    if (!is_choice(row)) continue;
+    choice_->row = row;
+    return;
+  }
+  choice_.reset();
+}
+
+void TableView::Choose(int index) {
+  choice_.reset();
+  if (index < 0 || static_cast<std::size_t>(index) >= rows_.size()) return;
+  const std::size_t row = rows_[static_cast<std::size_t>(index)];
+  if (row < table_.size()) choice_ = Choice{row, table_.Identity(row)};
+}
+
+int TableView::Chosen() const { return choice_ ? Find(choice_->row) : -1; }
+
 void TableView::Update() {
+  FindChosen();
   rows_.clear();
   for (std::size_t row = 0; row < table_.size(); ++row) {
     if (Passes(row)) rows_.push_back(row);
