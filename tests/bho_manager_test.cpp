@@ -64,6 +64,27 @@ TEST_SUITE("bho_manager") {
     CHECK(h.m.Errors() == "");
   }
 
+  TEST_CASE("a helper is called by its class, else by its own key, else by its file") {
+    constexpr char kFull[] = "C:\\Program Files\\Bar Co\\new bar.dll";
+    const auto name = [&](const std::string& class_name, const std::string& key_name,
+                          const std::string& file) {
+      ToolBench b;
+      Helpers::Helper(b.m.registry, kBar);
+      if (!key_name.empty()) Helpers::Helper(b.m.registry, kBar).Value("", Z(key_name));
+      if (!file.empty()) Helpers::Class(b.m.registry, kBar, class_name, file);
+      b.m.File("C:\\Program.exe");
+      BhoManager manager(b.needs);
+      manager.Form_Load();
+      return manager.Cell(0, BhoManager::kName) + "|" + manager.Cell(0, BhoManager::kFile);
+    };
+    CHECK(name("Class", "Key", kFull) == std::string("Class|") + kFull);
+    CHECK(name("", "Key", std::string("\"") + kFull + "\"") == std::string("Key|") + kFull);
+    CHECK(name("", "", kFull) == std::string("new bar.dll|") + kFull);
+    CHECK(name("", "", " ") == std::string(kBar) + "|");
+    CHECK(name("", "Key", "") == "Key <17263>|");
+    CHECK(name("", "", "") == "<17263>|");
+  }
+
   TEST_CASE("a disabled helper leaves the browser's list and comes back with all its values") {
     Helpers h;
     const std::string before = h.State();

@@ -33,17 +33,18 @@ std::span<const Caption> BhoManager::ColumnCaptions() { return kColumnCaptions; 
 // A helper's class may be missing: then it has neither name nor file.
 BhoManager::Class BhoManager::ClassOf(const Entry& entry) const {
   const StartupLocations::Needs& machine = needs_.locations.needs();
-  if (!entry.place || HoldsSeparator(entry.name)) return {};
-  if (entry.place->view64 && !machine.registry64) return {};
+  if (!entry.place || HoldsSeparator(entry.name)) return {{}, {}, true};
+  if (entry.place->view64 && !machine.registry64) return {{}, {}, true};
   Registry& registry = entry.place->view64 ? *machine.registry64 : machine.registry;
   CRegister access(registry);
   const std::string key = "CLSID\\" + entry.name;
   return {access.QueryString(RootKey::ClassesRoot, key, ""),
-          access.QueryString(RootKey::ClassesRoot, key + "\\InprocServer32", "")};
+          access.QueryString(RootKey::ClassesRoot, key + "\\InprocServer32", ""),
+          registry.TryOpen(RootKey::ClassesRoot, key, kKeyRead) == kRegNotFound};
 }
 
 FileFacts BhoManager::FactsOf(const Entry& entry) const {
-  FileFacts facts = needs_.facts.OfCommand(ClassOf(entry).file);
+  FileFacts facts = needs_.facts.OfFile(ClassOf(entry).file);
   if (!entry.place) return facts;
   const std::string helper =
       std::string(NameFromRoot(entry.place->root)) + "\\" + entry.place->path + "\\" + entry.name;
@@ -54,10 +55,24 @@ FileFacts BhoManager::FactsOf(const Entry& entry) const {
   return facts;
 }
 
-std::vector<std::string> BhoManager::CellsOf(const Entry& entry, const FileFacts& facts) const {
+// The class has the name; without one there, the helper's own key or the file gives it.
+std::string BhoManager::NameOf(const Entry& entry, const FileFacts& facts) const {
   const Class named = ClassOf(entry);
+  std::string name = named.name;
+  for (const StoredKey& key : TreeOfText(entry.command)) {
+    for (const auto& [value_name, value] : key.values) {
+      const bool own = key.path.empty() && value_name.empty() && value.type == kRegText;
+      if (own && name.empty()) name = TrimNull(value.data);
+    }
+  }
+  if (name.empty()) name = FileNamePart(facts.path);
+  if (named.missing) return name + (name.empty() ? "" : " ") + Text(Caption::NoSuchClass);
+  return name.empty() ? entry.name : name;
+}
+
+std::vector<std::string> BhoManager::CellsOf(const Entry& entry, const FileFacts& facts) const {
   std::vector<std::string> cells(kColumns);
-  cells[kName] = named.name.empty() ? Text(Caption::NoSuchClass) : named.name;
+  cells[kName] = NameOf(entry, facts);
   cells[kStatus] = StatusText(entry.status);
   cells[kClass] = entry.name;
   cells[kFile] = facts.path;

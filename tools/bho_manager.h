@@ -26,8 +26,10 @@ class BhoManager : public EntryManager {
   struct Class {
     std::string name;
     std::string file;
+    bool missing = false;  // nothing is registered under that class
   };
   Class ClassOf(const Entry& entry) const;
+  std::string NameOf(const Entry& entry, const FileFacts& facts) const;
   FileFacts FactsOf(const Entry& entry) const override;
   std::vector<std::string> CellsOf(const Entry& entry, const FileFacts& facts) const override;
 };

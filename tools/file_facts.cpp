@@ -2,6 +2,7 @@
 #include "tools/file_facts.h"
 
 #include "machine/version_resource.h"
+#include "text/text.h"
 
 namespace scourwell {
 
@@ -16,6 +17,12 @@ FileFacts FactFinder::OfCommand(std::string_view command) const {
   if (!facts.exists || !versions_.ReadBlock(facts.path, &block).ok()) return facts;
   facts.company = VersionResource(block, versions_).Text(kCompanyName).value_or("");
   return facts;
+}
+
+FileFacts FactFinder::OfFile(const std::string& path) const {
+  const std::string_view trimmed = TrimBlanks(path);
+  if (trimmed.empty() || trimmed.starts_with('"')) return OfCommand(trimmed);
+  return OfCommand("\"" + std::string(trimmed) + "\"");
 }
 
 }  // namespace scourwell

@@ -28,6 +28,8 @@ class FactFinder {
 
   // The facts of what a command line starts.
   FileFacts OfCommand(std::string_view command) const;
+  // Those of a file that is loaded, not started: its path takes no arguments and needs no quotes.
+  FileFacts OfFile(const std::string& path) const;
 
  private:
   Files& files_;

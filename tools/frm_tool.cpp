@@ -7,7 +7,6 @@
 
 #include "text/unicode.h"
 #include "widgets/button_rows.h"
-#include "widgets/file_dialog.h"
 #include "widgets/message_box.h"
 #include "widgets/path_cell.h"
 #include "widgets/resource.h"
@@ -21,7 +20,7 @@ constexpr int kHeight = 500;
 constexpr int kSmallestWidth = 560;
 constexpr int kSmallestHeight = 320;
 constexpr std::size_t kMostFailures = 8;
-constexpr std::size_t kLongestFailure = 200;
+constexpr std::size_t kLongestLine = 200;
 
 }  // namespace
 
@@ -62,6 +61,9 @@ void frmTool::OnCreate() {
   list_.row_count = [this] { return view_->size(); };
   list_.cell_text = [this](std::size_t row, int column) {
     return IsRow(row) ? Table().Cell(view_->Row(row), column) : std::string();
+  };
+  list_.row_tip = [this](std::size_t row) {
+    return IsRow(row) ? TipOf(view_->Row(row)) : std::string();
   };
   list_.Create(env_, hwnd(), IDC_lstTool);
   const auto captions = ColumnCaptions();
@@ -128,6 +130,19 @@ void frmTool::ShowSelection(int before) {
   filling_ = false;
 }
 
+// What narrow columns cut off, the tip has whole.
+std::string frmTool::TipOf(std::size_t row) const {
+  std::string tip;
+  for (int column = 0; column < Table().columns(); ++column) {
+    const std::string& cell = Table().Cell(row, column);
+    const int needed = list_.TextWidth(cell) + 2 * ReportListView::CellPadding();
+    if (needed <= list_.ColumnWidth(column)) continue;
+    if (!tip.empty()) tip += " | ";
+    tip += WholeCharacters(cell, kLongestLine);
+  }
+  return tip;
+}
+
 // A button that can no longer be pressed must not keep the keyboard to itself.
 void frmTool::Enable() {
   HWND focus = GetFocus();
@@ -162,21 +177,10 @@ void frmTool::ShowFailures(const std::vector<std::string>& failures, Caption hea
   std::string text = Text(heading) + "\r\n";
   for (std::size_t i = 0; i < failures.size() && i < kMostFailures; ++i) {
     text += "\r\n";
-    text += WholeCharacters(failures[i], kLongestFailure);
+    text += WholeCharacters(failures[i], kLongestLine);
   }
   if (failures.size() > kMostFailures) text += "\r\n...";
   ShowMessage(text, Text(Caption::Error), MB_ICONWARNING);
-}
-
-bool frmTool::OnKey(WPARAM key) {
-  const bool control = GetKeyState(VK_CONTROL) < 0;
-  if (key == VK_F5) return OnRowCommand(IDM_mnuRefresh);
-  if (key == 'F' && control) return SetFocus(txtFilter_.hwnd()), true;
-  if (GetFocus() != list_.hwnd()) return false;
-  if ((key == 'C' || key == VK_INSERT) && control) return OnRowCommand(IDM_mnuCopyRow);
-  if (key == VK_DELETE) return OnToolCommand(IDC_cmdToolRemove);
-  if (key == VK_SPACE) return OnToolCommand(IDC_cmdDisable);
-  return false;
 }
 
 LRESULT frmTool::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -215,21 +219,6 @@ bool frmTool::OnCommand(int id) {
   return OnRowCommand(id) || OnToolCommand(id);
 }
 
-bool frmTool::OnRowCommand(int id) {
-  if (id == IDM_mnuRefresh) return Reload(), true;
-  if (id != IDM_mnuCopyRow && id != IDM_mnuFileProperties && id != IDM_mnuOpenKey) return false;
-  std::size_t row = 0;
-  if (!Selected(&row)) return true;
-  const std::string name = std::string(prefix_) + "Menu_Click";
-  env_.log.Trap(name.c_str(), [&]() -> Outcome {
-    if (id == IDM_mnuFileProperties) return tools_.shell().ShowProperties(FileOf(row));
-    if (id == IDM_mnuOpenKey) return tools_.OpenRegistry(KeyOf(row));
-    const auto shown = static_cast<std::size_t>(list_.Selected());
-    return CopyText(hwnd(), view_->Line(shown)) ? Outcome() : Outcome::Failed(kPermissionDenied);
-  });
-  return true;
-}
-
 LRESULT frmTool::OnNotify(NMHDR* header) {
   if (const auto answer = list_.Answer(header)) return *answer;
   if (header->hwndFrom != list_.hwnd()) return 0;
@@ -265,25 +254,6 @@ LRESULT frmTool::Draw(NMLVCUSTOMDRAW* draw) const {
   if (column == 0 || !Columns()[column].path) return CDRF_NEWFONT;
   DrawPathCell(list_, *draw, Table().Cell(row, draw->iSubItem), colour);
   return CDRF_SKIPDEFAULT;
-}
-
-void frmTool::ShowMenu(POINT at) {
-  if (at.x == -1 && at.y == -1) {  // from the keyboard
-    at = {metrics().Scale(40), metrics().Scale(40)};
-    ClientToScreen(list_.hwnd(), &at);
-  }
-  std::size_t row = 0;
-  const bool any = Selected(&row);
-  const MenuHandle menu(CreatePopupMenu());
-  const auto append = [&](bool yes, UINT_PTR id, const std::string& text) {
-    Calls().Append(menu.get(), MF_STRING | (yes ? MF_ENABLED : MF_GRAYED), id, text);
-  };
-  append(any, IDM_mnuCopyRow, Text(Caption::MenuCopyRow) + "\tCtrl+C");
-  append(any && !FileOf(row).empty(), IDM_mnuFileProperties, Text(Caption::MenuFileProperties));
-  append(any && !KeyOf(row).empty(), IDM_mnuOpenKey, Text(Caption::MenuOpenRegistryKey));
-  Calls().Append(menu.get(), MF_SEPARATOR, 0, {});
-  append(true, IDM_mnuRefresh, Text(Caption::MenuRefresh) + "\tF5");
-  TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr);
 }
 
 }  // namespace scourwell

@@ -96,6 +96,7 @@ class frmTool : public ModalWindow {
   void Sort(int column);
   void ShowMenu(POINT at);
   void ShowFigures();
+  std::string TipOf(std::size_t row) const;
   void ShowSelection(int before);
   void Enable();
   bool OnRowCommand(int id);

@@ -21,6 +21,7 @@ struct Parts {
 constexpr int kMostLookUps = 100;
 // A path with blanks and without quotes is looked for up to here, in bytes.
 constexpr std::size_t kLongestGuess = 1024;
+constexpr std::string_view kEndsWord = " \t,\"/";
 
 class Finder {
  public:
@@ -104,6 +105,39 @@ ProgramOf Result(Finder& finder, const Parts& parts) {
           std::string(parts.arguments), exists, finder.IsRemote(parts.program)};
 }
 
+// What ends the name of a program.
+constexpr std::string_view kExtensions[] = {".exe", ".com", ".bat", ".cmd", ".pif", ".scr",
+                                            ".dll", ".ocx", ".vbs", ".js",  ".lnk", ".hta"};
+
+// Where the first argument begins that is a path of its own or stands in quotes.
+std::size_t BeginOfPathArgument(std::string_view command) {
+  std::size_t blank = command.find(' ');
+  while (blank != command.npos) {
+    const std::string_view rest = command.substr(blank + 1);
+    if (IsAbsolutePath(rest) || rest.starts_with('"')) break;
+    blank = command.find(' ', blank + 1);
+  }
+  return std::min(blank, command.size());
+}
+
+// Where an unquoted name that leads nowhere ends: behind the first extension that ends a word, else
+// at the first blank.
+std::size_t EndOfName(std::string_view command) {
+  const std::string_view name = command.substr(0, BeginOfPathArgument(command));
+  std::size_t end = name.npos;
+  for (const std::string_view extension : kExtensions) {
+    for (std::size_t behind = 0;;) {
+      const std::size_t found = FindNoCase(name.substr(behind), extension);
+      if (found == name.npos) break;
+      behind += found + extension.size();
+      if (behind < name.size() && kEndsWord.find(name[behind]) == kEndsWord.npos) continue;
+      end = std::min(end, behind);
+      break;
+    }
+  }
+  return std::min(end == name.npos ? name.find(' ') : end, name.size());
+}
+
 enum class Choice { AsTheSystem, Longest };
 
 // Unquoted, the system takes the shortest beginning that leads to a file: "C:\Program.exe" for
@@ -126,9 +160,7 @@ ProgramOf Locate(Finder& finder, std::string_view command, Choice choice) {
   // first blank.
   if (whole.exists) return whole;
   if (longest.exists) return longest;
-  const std::size_t extension = FindNoCase(command, ".exe");
-  const std::size_t end = extension == command.npos ? command.find(' ') : extension + 4;
-  return Result(finder, CutAt(command, 0, std::min(end, command.size())));
+  return Result(finder, CutAt(command, 0, EndOfName(command)));
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ class ReportListView : public ListView {
                  WS_TABSTOP | WS_CLIPSIBLINGS | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS |
                      LVS_SINGLESEL | LVS_SHAREIMAGELISTS,
                  WS_EX_CLIENTEDGE, id);
-    SetExtendedStyle(LVS_EX_FULLROWSELECT);
+    SetExtendedStyle(LVS_EX_FULLROWSELECT | (row_tip ? LVS_EX_INFOTIP : 0));
     SetRowHeight(env.metrics.RowHeight());
     Subclass(env, "ReportListView");
   }

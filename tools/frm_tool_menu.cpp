@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+
+// What keys and the popup menu do with the selected row.
+#include "tools/frm_tool.h"
+#include "widgets/file_dialog.h"
+#include "widgets/resource.h"
+
+namespace scourwell {
+
+bool frmTool::OnKey(WPARAM key) {
+  const bool control = GetKeyState(VK_CONTROL) < 0;
+  if (key == VK_F5) return OnRowCommand(IDM_mnuRefresh);
+  if (key == 'F' && control) return SetFocus(txtFilter_.hwnd()), true;
+  if (GetFocus() != list_.hwnd()) return false;
+  if ((key == 'C' || key == VK_INSERT) && control) return OnRowCommand(IDM_mnuCopyRow);
+  if (key == VK_DELETE) return OnToolCommand(IDC_cmdToolRemove);
+  if (key == VK_SPACE) return OnToolCommand(IDC_cmdDisable);
+  return false;
+}
+
+bool frmTool::OnRowCommand(int id) {
+  if (id == IDM_mnuRefresh) return Reload(), true;
+  if (id != IDM_mnuCopyRow && id != IDM_mnuFileProperties && id != IDM_mnuOpenKey) return false;
+  std::size_t row = 0;
+  if (!Selected(&row)) return true;
+  const std::string name = std::string(prefix_) + "Menu_Click";
+  env_.log.Trap(name.c_str(), [&]() -> Outcome {
+    if (id == IDM_mnuFileProperties) return tools_.shell().ShowProperties(FileOf(row));
+    if (id == IDM_mnuOpenKey) return tools_.OpenRegistry(KeyOf(row));
+    const auto shown = static_cast<std::size_t>(list_.Selected());
+    return CopyText(hwnd(), view_->Line(shown)) ? Outcome() : Outcome::Failed(kPermissionDenied);
+  });
+  return true;
+}
+
+void frmTool::ShowMenu(POINT at) {
+  if (at.x == -1 && at.y == -1) {  // from the keyboard
+    at = {metrics().Scale(40), metrics().Scale(40)};
+    ClientToScreen(list_.hwnd(), &at);
+  }
+  std::size_t row = 0;
+  const bool any = Selected(&row);
+  const MenuHandle menu(CreatePopupMenu());
+  const auto append = [&](bool yes, UINT_PTR id, const std::string& text) {
+    Calls().Append(menu.get(), MF_STRING | (yes ? MF_ENABLED : MF_GRAYED), id, text);
+  };
+  append(any, IDM_mnuCopyRow, Text(Caption::MenuCopyRow) + "\tCtrl+C");
+  append(any && !FileOf(row).empty(), IDM_mnuFileProperties, Text(Caption::MenuFileProperties));
+  append(any && !KeyOf(row).empty(), IDM_mnuOpenKey, Text(Caption::MenuOpenRegistryKey));
+  Calls().Append(menu.get(), MF_SEPARATOR, 0, {});
+  append(true, IDM_mnuRefresh, Text(Caption::MenuRefresh) + "\tF5");
+  TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr);
+}
+
+}  // namespace scourwell
