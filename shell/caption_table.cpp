@@ -422,6 +422,8 @@ const DefaultText kCaptions[] = {
     {Caption::MenuCopyFinding, "C&opy"},
     {Caption::Excluded, "excluded"},
     {Caption::NumberOfComponents, "Number of components:"},
+    {Caption::StatusPending, "(pending)"},
+    {Caption::AskRemoveEntries, "Remove these entries for good?"},
 };
 // clang-format on
 

@@ -134,7 +134,7 @@ TEST_SUITE("startup_manager") {
     for (const char* name : {"Tray", "Machine", "C:\\one.exe"}) {
       manager.cmdRemove_Click(p.RowOf(manager, name));
     }
-    CHECK(manager.Cell(0, StartupManager::kStatus) == "<424>");
+    CHECK(manager.Cell(0, StartupManager::kStatus) == "<424> <17401>");
     CHECK(manager.ApplyNow());
     CHECK(manager.size() == 12);
     manager.Form_Load();
@@ -225,6 +225,72 @@ TEST_SUITE("startup_manager") {
     CHECK(manager.ApplyNow());
     CHECK_FALSE(manager.HasMarks());
     CHECK(p.m.registry.Text(kMachine, kRun, "Aaa") == Z("C:\\new.exe"));
+  }
+
+  TEST_CASE("a mark shows as one until it is applied, and can be taken back") {
+    Planted p;
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    const auto status = [&] { return manager.Cell(0, StartupManager::kStatus); };
+    manager.cmdDisable_Click(0);
+    CHECK(status() == "<423> <17401>");
+    REQUIRE(manager.ApplyNow());
+    CHECK(status() == "<423>");
+    manager.cmdRemove_Click(0);
+    CHECK(status() == "<424> <17401>");
+    CHECK(manager.Removals() == std::vector<std::string>{"Machine"});
+    manager.cmdDisable_Click(0);
+    CHECK(status() == "<423>");  // what it was, not a mark of another kind
+    CHECK_FALSE(manager.HasMarks());
+    CHECK(manager.Removals().empty());
+  }
+
+  TEST_CASE("a shortcut that is made anew beside the disabled one is an entry of its own") {
+    const std::string path = std::string(kUserStartup) + "\\Tray.lnk";
+    Planted p;
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    const std::string kept = p.m.Content(path);
+    manager.cmdDisable_Click(p.RowOf(manager, "Tray"));
+    REQUIRE(manager.ApplyNow());
+    // The same target, another file.
+    p.m.File(path, FakeShell::MakeShortcut("C:\\My Files\\t.exe", "/q") + "\n");
+    manager.Form_Load();
+    const auto count = [&] {
+      std::size_t rows = 0;
+      for (std::size_t row = 0; row < manager.size(); ++row) {
+        rows += manager.entry(row).name == "Tray" ? 1 : 0;
+      }
+      return rows;
+    };
+    REQUIRE(count() == 2);
+    CHECK(manager.ApplyNow());
+    CHECK(p.m.Content(std::string(kKept) + "Tray.lnk") == kept);
+    manager.cmdRemove_Click(p.RowOf(manager, "Tray"));  // the one in its place comes first
+    CHECK(manager.ApplyNow());
+    CHECK_FALSE(p.m.Has(path));
+    CHECK(count() == 1);
+    manager.ResetAll();
+    CHECK(manager.ApplyNow());
+    CHECK(p.m.Content(path) == kept);
+  }
+
+  TEST_CASE("programs of the 64-bit view are listed, disabled and put back there") {
+    Planted p;
+    p.registry64.Make(kMachine, kRun).Value("Wide", Z("C:\\wide.exe"));
+    const std::string before = p.State();
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    const std::size_t row = p.RowOf(manager, "Wide");
+    CHECK(manager.Cell(row, StartupManager::kLocation) == "<419>(Machine Run, 64-bit)");
+    manager.cmdDisable_Click(row);
+    REQUIRE(manager.ApplyNow());
+    CHECK(p.registry64.Text(kMachine, kRun, "Wide") == "(none)");
+    StartupManager next(p.needs);
+    next.Form_Load();
+    next.ResetAll();
+    CHECK(next.ApplyNow());
+    CHECK(p.State() == before);
   }
 }
 

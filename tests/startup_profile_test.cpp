@@ -178,6 +178,10 @@ TEST_SUITE("startup_profile") {
     CHECK(p.m.Content(std::string(kUserStartup) + "\\Link.lnk") ==
           FakeShell::MakeShortcut("C:\\My Files\\b.exe", "/x"));
     const std::size_t rows = manager.size();
+    // A line parts its programs by blanks: an argument would be started as another one.
+    CHECK_FALSE(manager.AddTask(places[5], "any", "\"C:\\My Files\\b.exe\" /x"));
+    CHECK_FALSE(manager.Edit(p.RowOf(manager, "two"), "", "three.exe /x"));
+    CHECK(p.m.Content(kWinIni).find("/x") == std::string::npos);
     CHECK_FALSE(manager.AddTask(places[0], "new", "C:\\x.exe"));
     CHECK_FALSE(manager.AddTask(places[0], " ", "C:\\x.exe"));
     CHECK_FALSE(manager.AddTask(places[0], "y", " "));
@@ -294,8 +298,8 @@ TEST_SUITE("startup_profile") {
     b.folders.special[static_cast<std::size_t>(SpecialFolder::CommonStartUp)].clear();
     StartupManager manager(b.needs);
     manager.Form_Load();
-    CHECK(manager.TaskPlaces().size() == 8);
-    CHECK(manager.AddTask(*manager.TaskPlaces().back(), "Dll", "rundll32 C:\\bar.dll,Start"));
+    CHECK(manager.TaskPlaces().size() == 11);
+    CHECK(manager.AddTask(*manager.TaskPlaces()[7], "Dll", "rundll32 C:\\bar.dll,Start"));
     CHECK(b.m.Content(std::string(kUserStartup) + "\\Dll.lnk") ==
           FakeShell::MakeShortcut("C:\\WINDOWS\\system32\\rundll32.exe", "C:\\bar.dll,Start"));
     CHECK(manager.facts(0).path == "C:\\bar.dll");

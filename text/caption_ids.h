@@ -467,6 +467,8 @@ enum class Caption : int {
   MenuCopyFinding = 17433,
   Excluded = 17434,
   NumberOfComponents = 17435,
+  StatusPending = 17401,
+  AskRemoveEntries = 17402,
 };
 
 constexpr int NumberOf(Caption caption) { return static_cast<int>(caption); }

@@ -73,7 +73,7 @@ std::string BhoManager::NameOf(const Entry& entry, const FileFacts& facts) const
 std::vector<std::string> BhoManager::CellsOf(const Entry& entry, const FileFacts& facts) const {
   std::vector<std::string> cells(kColumns);
   cells[kName] = NameOf(entry, facts);
-  cells[kStatus] = StatusText(entry.status);
+  cells[kStatus] = StatusText(entry);
   cells[kClass] = entry.name;
   cells[kFile] = facts.path;
   cells[kFound] = FoundText(facts);
@@ -86,11 +86,7 @@ std::vector<std::string> BhoManager::CellsOf(const Entry& entry, const FileFacts
 }
 
 std::string BhoManager::Details(std::size_t row) const {
-  std::string text;
-  for (int column = 0; column < kColumns; ++column) {
-    text += Text(kColumnCaptions[column]) + ": " + Cell(row, column) + "\r\n";
-  }
-  text += "\r\n" + KeyOf(row) + "\r\n";
+  std::string text = EntryManager::Details(row);
   for (const StoredKey& key : TreeOfText(entry(row).command)) {
     for (const auto& [name, value] : key.values) {
       text += key.path + (key.path.empty() ? "" : "\\") +

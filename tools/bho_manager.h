@@ -19,8 +19,7 @@ class BhoManager : public EntryManager {
   static std::span<const Caption> ColumnCaptions();
   int columns() const override { return kColumns; }
 
-  // Everything there is to tell of a row, one line each.
-  std::string Details(std::size_t row) const;
+  std::string Details(std::size_t row) const override;
 
  private:
   struct Class {
@@ -30,6 +29,7 @@ class BhoManager : public EntryManager {
   };
   Class ClassOf(const Entry& entry) const;
   std::string NameOf(const Entry& entry, const FileFacts& facts) const;
+  std::span<const Caption> Captions() const override { return ColumnCaptions(); }
   FileFacts FactsOf(const Entry& entry) const override;
   std::vector<std::string> CellsOf(const Entry& entry, const FileFacts& facts) const override;
 };

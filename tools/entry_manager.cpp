@@ -91,16 +91,27 @@ std::string EntryManager::Identity(std::size_t row) const {
          entry.name + '\0' + entry.command;
 }
 
-std::string EntryManager::StatusText(EntryStatus status) const {
-  switch (status) {
-    case EntryStatus::Enabled:
-      return Text(Caption::StatusEnabled);
-    case EntryStatus::Disabled:
-      return Text(Caption::StatusDisabled);
-    case EntryStatus::Remove:
-      return Text(Caption::StatusRemove);
+std::vector<std::string> EntryManager::Removals() const {
+  std::vector<std::string> names;
+  for (std::size_t row = 0; row < table_.size(); ++row) {
+    if (table_[row].status == EntryStatus::Remove) names.push_back(Cell(row, 0));
   }
-  return {};
+  return names;
+}
+
+std::string EntryManager::Details(std::size_t row) const {
+  std::string text;
+  for (int column = 0; column < columns(); ++column) {
+    text += Text(Captions()[static_cast<std::size_t>(column)]) + ": " + Cell(row, column) + "\r\n";
+  }
+  return text + "\r\n" + KeyOf(row) + "\r\n";
+}
+
+std::string EntryManager::StatusText(const Entry& entry) const {
+  static constexpr Caption kStatus[] = {Caption::StatusEnabled, Caption::StatusDisabled,
+                                        Caption::StatusRemove};
+  const std::string text = Text(kStatus[static_cast<std::size_t>(entry.status)]);
+  return HasMark(entry) ? text + " " + Text(Caption::StatusPending) : text;
 }
 
 void EntryManager::Tell(bool facts) {

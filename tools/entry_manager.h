@@ -45,6 +45,10 @@ class EntryManager : public TableModel {
   EntryStatus status(std::size_t row) const { return table_[row].status; }
   const Entry& entry(std::size_t row) const { return table_[row]; }
   const FileFacts& facts(std::size_t row) const { return rows_[row].facts; }
+  // The names of the entries that Apply would remove for good.
+  std::vector<std::string> Removals() const;
+  // Everything there is to tell of a row, one line each.
+  virtual std::string Details(std::size_t row) const;
   // The registry key that holds the entry, with its root; empty when none does.
   std::string KeyOf(std::size_t row) const;
 
@@ -70,6 +74,7 @@ class EntryManager : public TableModel {
         table_(needs.locations, places, std::move(profile_path), describe),
         prefix_(prefix) {}
 
+  virtual std::span<const Caption> Captions() const = 0;
   virtual FileFacts FactsOf(const Entry& entry) const = 0;
   virtual std::vector<std::string> CellsOf(const Entry& entry, const FileFacts& facts) const = 0;
 
@@ -80,7 +85,8 @@ class EntryManager : public TableModel {
   // Tells the rows anew; with `facts` their files are looked at again.
   void Tell(bool facts);
   std::string Text(Caption caption) const { return needs_.captions.Text(caption); }
-  std::string StatusText(EntryStatus status) const;
+  // A mark that was not applied yet says so.
+  std::string StatusText(const Entry& entry) const;
   // Whether the file is there.
   std::string FoundText(const FileFacts& facts) const {
     return Text(facts.remote   ? Caption::FileOnNetwork

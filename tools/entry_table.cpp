@@ -18,18 +18,17 @@ bool IsSame(const Entry& entry, const StartupLocation* place, const std::string&
   return entry.place == place && entry.command == command && EqualsNoCase(entry.name, name);
 }
 
-// The user has set a mark, or brought the entry by a profile of his choice.
-bool IsMarked(const Entry& entry) {
-  const bool enabled = entry.status == EntryStatus::Enabled;
-  const bool brought = !entry.present && !entry.held;
-  return entry.status == EntryStatus::Remove || enabled != entry.present || brought;
-}
-
 void Note(Outcome outcome, const Entry& entry, std::vector<Outcome>* failures) {
   if (!outcome.ok()) failures->push_back(std::move(outcome).With("Entry: ", entry.name));
 }
 
 }  // namespace
+
+bool HasMark(const Entry& entry) {
+  const bool enabled = entry.status == EntryStatus::Enabled;
+  const bool brought = !entry.present && !entry.held;
+  return entry.status == EntryStatus::Remove || enabled != entry.present || brought;
+}
 
 void EntryTable::Fill(std::vector<Outcome>* failures) {
   entries_.clear();
@@ -50,7 +49,7 @@ void EntryTable::Fill(std::vector<Outcome>* failures) {
 
 void EntryTable::Refresh(std::vector<Outcome>* failures) {
   std::vector<Entry> marked;
-  std::copy_if(entries_.begin(), entries_.end(), std::back_inserter(marked), IsMarked);
+  std::copy_if(entries_.begin(), entries_.end(), std::back_inserter(marked), HasMark);
   Fill(failures);
   for (Entry& mark : marked) {
     const auto is_same = [&](const Entry& entry) {
@@ -106,6 +105,7 @@ void EntryTable::AddRecord(const ProfileRecord& record, bool held) {
       entry.partial = true;
     }
     if (!IsSame(entry, place, name, command)) continue;
+    if (held && place && entry.present && locations_.IsAnother(*place, PlaceOf(entry))) continue;
     if (held) entry.held = true;
     if (!held) entry.status = EntryStatus::Disabled;
     return;
@@ -131,8 +131,10 @@ bool EntryTable::IsMissing(const StartupLocation& place, const std::string& comm
 }
 
 void EntryTable::ToggleDisabled(std::size_t row) {
-  EntryStatus& status = entries_[row].status;
-  status = status == EntryStatus::Enabled ? EntryStatus::Disabled : EntryStatus::Enabled;
+  Entry& entry = entries_[row];
+  const bool enable = entry.status == EntryStatus::Disabled ||
+                      (entry.status == EntryStatus::Remove && entry.present);
+  entry.status = enable ? EntryStatus::Enabled : EntryStatus::Disabled;
 }
 
 void EntryTable::ResetAll() {
@@ -146,9 +148,7 @@ bool EntryTable::IsChanged() const {
   });
 }
 
-bool EntryTable::HasMarks() const {
-  return std::any_of(entries_.begin(), entries_.end(), IsMarked);
-}
+bool EntryTable::HasMarks() const { return std::any_of(entries_.begin(), entries_.end(), HasMark); }
 
 ProfileRecord EntryTable::RecordOf(const Entry& entry) const {
   return entry.place ? describe_(entry) : entry.record;

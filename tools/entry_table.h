@@ -24,6 +24,9 @@ struct Entry {
   ProfileRecord record;                    // as it was read; only of those that were
 };
 
+// The user has set a mark, or brought the entry by a profile of his choice.
+bool HasMark(const Entry& entry);
+
 // Entries of some places with the marks of the user, and the profile that is the only record of
 // the disabled ones. Marks change nothing in the system until Apply.
 //
@@ -49,7 +52,7 @@ class EntryTable {
   std::size_t size() const { return entries_.size(); }
   const Entry& operator[](std::size_t row) const { return entries_[row]; }
 
-  // Between Enabled and Disabled; a row to be removed becomes enabled.
+  // Between Enabled and Disabled; a row to be removed becomes what it is in the system.
   void ToggleDisabled(std::size_t row);
   void MarkRemove(std::size_t row) { entries_[row].status = EntryStatus::Remove; }
   // Every row to Enabled.

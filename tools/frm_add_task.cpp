@@ -38,7 +38,7 @@ void frmAddTask::OnCreate() {
   lblLocation_.CreateWithKey(env_, hwnd(), IDC_lblTaskLocation, Text(Caption::TaskLocation));
   cboLocation_.Create(env_, hwnd(), IDC_cboTaskLocation);
   for (const std::string& place : places_) cboLocation_.Add(place);
-  cboLocation_.Select(0);
+  cboLocation_.Select(static_cast<int>(place_));
   cboLocation_.Enable(places_.size() > 1);
   lblName_.CreateWithKey(env_, hwnd(), IDC_lblTaskName, Text(Caption::TaskName));
   txtName_.Create(env_, hwnd(), IDC_txtTaskName, name_);

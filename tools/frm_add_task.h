@@ -19,6 +19,7 @@ class frmAddTask : public ModalWindow {
 
   // Before Ask. One location alone cannot be chosen.
   void AddPlace(const std::string& name) { places_.push_back(name); }
+  void SetPlace(std::size_t place) { place_ = place; }
   void SetEntry(const std::string& name, const std::string& program) {
     name_ = name;
     program_ = program;

@@ -28,6 +28,10 @@ std::span<const frmTool::Command> frmAdwareUninstaller::Commands() const {
   return kCommands;
 }
 
+std::span<const frmTool::Command> frmAdwareUninstaller::MenuCommands() const {
+  return Commands().first(2);
+}
+
 void frmAdwareUninstaller::OnCreate() {
   frmTool::OnCreate();
   prgList_.Create(env_, hwnd(), IDC_prgTool);
@@ -67,11 +71,19 @@ void frmAdwareUninstaller::Load(bool all) {
   }
 }
 
+std::string frmAdwareUninstaller::EmptyText() const {
+  if (uninstaller_.shows_all()) return frmTool::EmptyText();
+  return ReplaceAll(Text(Caption::NoAdwareInstalled), "##", "\r\n");
+}
+
 void frmAdwareUninstaller::EnableCommands() {
   std::size_t row = 0;
   const bool any = Selected(&row);
   ButtonOf(IDC_cmdToolRemove).Enable(any);
   ButtonOf(IDC_cmdViewInfo).Enable(any);
+  // The view that is on has nothing to press.
+  ButtonOf(IDC_cmdShowAll).Enable(!uninstaller_.shows_all());
+  ButtonOf(IDC_cmdShowSpies).Enable(uninstaller_.shows_all());
 }
 
 bool frmAdwareUninstaller::OnToolCommand(int id) {

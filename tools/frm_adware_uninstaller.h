@@ -19,6 +19,7 @@ class frmAdwareUninstaller : public frmTool {
   }
   std::span<const Column> Columns() const override;
   std::span<const Command> Commands() const override;
+  std::span<const Command> MenuCommands() const override;
   void OnCreate() override;
   void OnSize(Area area) override;
   std::string FileOf(std::size_t row) const override { return uninstaller_.FileOf(row); }
@@ -26,6 +27,7 @@ class frmAdwareUninstaller : public frmTool {
   bool IsMarked(std::size_t row) const override { return uninstaller_.IsAdware(row); }
   std::string Figures() const override { return uninstaller_.StatusText(); }
   void Reload() override { Load(uninstaller_.shows_all()); }
+  std::string EmptyText() const override;
   void EnableCommands() override;
   bool OnToolCommand(int id) override;
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/frm_bho.h"
 
-#include "widgets/message_box.h"
 #include "widgets/resource.h"
 
 namespace scourwell {
@@ -13,7 +12,7 @@ frmBHO::frmBHO(const WindowEnv& env, ToolBox& tools)
       manager_(tools.entry_needs()) {}
 
 std::span<const frmTool::Column> frmBHO::Columns() const {
-  static constexpr Column kColumns[] = {{130, false}, {60, false},  {150, false}, {190, true},
+  static constexpr Column kColumns[] = {{130, false}, {100, false}, {150, false}, {190, true},
                                         {55, false},  {100, false}, {110, false}, {90, false}};
   return kColumns;
 }
@@ -31,11 +30,10 @@ void frmBHO::EnableCommands() {
   ButtonOf(IDC_cmdViewInfo).Enable(Selected(&row));
 }
 
-bool frmBHO::OnToolCommand(int id) {
-  if (id != IDC_cmdViewInfo) return frmEntries::OnToolCommand(id);
-  std::size_t row = 0;
-  if (Selected(&row)) ShowMessage(manager_.Details(row), Title());
-  return true;
+std::span<const frmTool::Command> frmBHO::MenuCommands() const {
+  static constexpr Command kCommands[] = {{IDC_cmdDisable, Caption::DisableEntry},
+                                          {IDC_cmdViewInfo, Caption::ShowDetails}};
+  return kCommands;
 }
 
 }  // namespace scourwell

@@ -17,8 +17,8 @@ class frmBHO : public frmEntries {
   std::span<const Caption> ColumnCaptions() const override { return BhoManager::ColumnCaptions(); }
   std::span<const Column> Columns() const override;
   std::span<const Command> Commands() const override;
+  std::span<const Command> MenuCommands() const override;
   void EnableCommands() override;
-  bool OnToolCommand(int id) override;
 
   BhoManager manager_;
 };

@@ -1,10 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "tools/frm_entries.h"
 
+#include "text/unicode.h"
+#include "widgets/message_box.h"
 #include "widgets/pointers.h"
 #include "widgets/resource.h"
 
 namespace scourwell {
+namespace {
+
+constexpr std::size_t kMostNamed = 12;  // in a message
+constexpr std::size_t kLongestName = 100;
+
+}  // namespace
 
 std::string frmEntries::FileOf(std::size_t row) const {
   const FileFacts& facts = manager().facts(row);
@@ -47,17 +55,33 @@ bool frmEntries::OnToolCommand(int id) {
       return ShowResult(), true;
     case IDC_cmdApply:
       return ApplyNow(), true;
+    case IDC_cmdViewInfo:
+      if (Selected(&row)) ShowMessage(manager().Details(row), Title());
+      return true;
     default:
       return false;
   }
 }
 
-void frmEntries::ApplyNow() {
+bool frmEntries::AskAboutRemovals() {
+  const std::vector<std::string> names = manager().Removals();
+  if (names.empty()) return true;
+  std::string text = Text(Caption::AskRemoveEntries) + "\r\n";
+  for (std::size_t i = 0; i < names.size() && i < kMostNamed; ++i) {
+    text += "\r\n" + std::string(WholeCharacters(names[i], kLongestName));
+  }
+  if (names.size() > kMostNamed) text += "\r\n...";
+  return AskYesNo(text, Text(Caption::Confirmation), MB_ICONWARNING | MB_DEFBUTTON2);
+}
+
+bool frmEntries::ApplyNow() {
+  if (!AskAboutRemovals()) return false;
   {
     const BusyPointer busy;
     manager().ApplyNow();
   }
   ShowResult();
+  return true;
 }
 
 bool frmEntries::MayClose() {
@@ -65,8 +89,7 @@ bool frmEntries::MayClose() {
   const int answer = Calls().Ask(
       {hwnd(), Text(Caption::AskApplyMarks), Title(), MB_YESNOCANCEL | MB_ICONQUESTION});
   if (answer == IDYES) {
-    ApplyNow();
-    return manager().failures().empty();
+    return ApplyNow() && manager().failures().empty();
   }
   return answer == IDNO;
 }

@@ -29,7 +29,9 @@ class frmEntries : public frmTool {
   bool MayClose() override;
 
  private:
-  void ApplyNow();
+  bool AskAboutRemovals();
+  // False when the user keeps what he had marked for removal.
+  bool ApplyNow();
 };
 
 }  // namespace scourwell

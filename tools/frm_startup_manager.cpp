@@ -42,7 +42,7 @@ std::span<const Caption> frmStartupManager::ColumnCaptions() const {
 }
 
 std::span<const frmTool::Column> frmStartupManager::Columns() const {
-  static constexpr Column kColumns[] = {{120, false}, {60, false},  {165, false},
+  static constexpr Column kColumns[] = {{120, false}, {100, false}, {165, false},
                                         {75, false},  {145, false}, {200, true},
                                         {55, false},  {90, false},  {85, false}};
   return kColumns;
@@ -60,6 +60,14 @@ std::span<const frmTool::Command> frmStartupManager::Commands() const {
   static constexpr Command kCommands[] = {{IDC_cmdDisable, Caption::DisableEntry},
                                           {IDC_cmdToolRemove, Caption::RemoveEntry},
                                           {IDC_cmdApply, Caption::ApplyMarks}};
+  return kCommands;
+}
+
+std::span<const frmTool::Command> frmStartupManager::MenuCommands() const {
+  static constexpr Command kCommands[] = {{IDC_cmdDisable, Caption::DisableEntry},
+                                          {IDC_cmdToolRemove, Caption::RemoveEntry},
+                                          {IDM_keyEdit, Caption::MenuEditEntry},
+                                          {IDC_cmdViewInfo, Caption::ShowDetails}};
   return kCommands;
 }
 
@@ -120,7 +128,8 @@ bool frmStartupManager::OnMenu(int id) {
   }
 }
 
-// A shortcut has properties of its own, which are what there is to edit.
+// A shortcut has properties of its own, which are what there is to edit. What could not be written
+// is asked for again, as it was typed.
 void frmStartupManager::Edit() {
   std::size_t row = 0;
   if (!Selected(&row)) return;
@@ -131,22 +140,36 @@ void frmStartupManager::Edit() {
   }
   if (!manager_.MayEdit(row)) return;
   const Entry& entry = manager_.entry(row);
-  frmAddTask dialog(env_, Caption::EditEntryTitle);
-  dialog.AddPlace(manager_.PlaceName(*entry.place));
-  dialog.SetEntry(entry.name, manager_.EditedCommand(row));
-  if (!dialog.Ask(hwnd())) return;
-  manager_.Edit(row, dialog.name(), dialog.program());
-  ChooseRow(row);
-  ShowResult();
+  std::string name = entry.name;
+  std::string command = manager_.EditedCommand(row);
+  for (bool edited = false; !edited; ShowResult()) {
+    frmAddTask dialog(env_, Caption::EditEntryTitle);
+    dialog.AddPlace(manager_.PlaceName(*entry.place));
+    dialog.SetEntry(name, command);
+    if (!dialog.Ask(hwnd())) return;
+    name = dialog.name();
+    command = dialog.program();
+    edited = manager_.Edit(row, name, command);
+    ChooseRow(row);
+  }
 }
 
 void frmStartupManager::AddTask() {
-  frmAddTask dialog(env_, Caption::AddTaskTitle);
   const std::vector<const StartupLocation*> places = manager_.TaskPlaces();
-  for (const StartupLocation* place : places) dialog.AddPlace(manager_.PlaceName(*place));
-  if (!dialog.Ask(hwnd())) return;
-  manager_.AddTask(*places[dialog.place()], dialog.name(), dialog.program());
-  ShowResult();
+  std::string name;
+  std::string program;
+  std::size_t chosen = 0;
+  for (bool added = false; !added; ShowResult()) {
+    frmAddTask dialog(env_, Caption::AddTaskTitle);
+    for (const StartupLocation* place : places) dialog.AddPlace(manager_.PlaceName(*place));
+    dialog.SetPlace(chosen);
+    dialog.SetEntry(name, program);
+    if (!dialog.Ask(hwnd())) return;
+    chosen = dialog.place();
+    name = dialog.name();
+    program = dialog.program();
+    added = manager_.AddTask(*places[chosen], name, program);
+  }
 }
 
 void frmStartupManager::SaveProfile() {

@@ -18,6 +18,7 @@ class frmStartupManager : public frmEntries {
   std::span<const Column> Columns() const override;
   std::span<const int> ColumnOrder() const override;
   std::span<const Command> Commands() const override;
+  std::span<const Command> MenuCommands() const override;
   HMENU Menu() override;
   void EnableCommands() override;
   bool OnToolCommand(int id) override;

@@ -110,7 +110,7 @@ void frmTool::ShowRows() {
   view_->Update();
   list_.ShowSortArrow(view_->sort_column(), view_->ascending());
   ShowSelection(before);
-  lblEmpty_.SetText(Text(Table().size() == 0 ? texts_.empty : Caption::NothingMatchesFilter));
+  lblEmpty_.SetText(Table().size() == 0 ? EmptyText() : Text(Caption::NothingMatchesFilter));
   lblEmpty_.Show(view_->size() == 0);
   list_.Redraw();
   ShowFigures();
@@ -230,6 +230,9 @@ LRESULT frmTool::OnNotify(NMHDR* header) {
       if (filling_) return 0;
       view_->Choose(list_.Selected());
       Enable();
+      return 0;
+    case NM_DBLCLK:
+      OnToolCommand(IDC_cmdViewInfo);
       return 0;
     case NM_CUSTOMDRAW:
       return Draw(reinterpret_cast<NMLVCUSTOMDRAW*>(header));

@@ -48,11 +48,16 @@ class frmTool : public ModalWindow {
   virtual std::span<const int> ColumnOrder() const { return {}; }
   virtual std::span<const Command> Commands() const = 0;
 
+  // Those that act on one row: in its popup menu.
+  virtual std::span<const Command> MenuCommands() const = 0;
+
   // What it says of its rows.
   virtual std::string FileOf(std::size_t row) const = 0;
   virtual std::string KeyOf(std::size_t row) const = 0;
   virtual bool IsMarked(std::size_t row) const = 0;
   virtual std::string Figures() const = 0;
+  // Where there is no row at all.
+  virtual std::string EmptyText() const { return Text(texts_.empty); }
   virtual void Reload() = 0;
   virtual void EnableCommands() = 0;
   // A command of its own.
@@ -95,6 +100,7 @@ class frmTool : public ModalWindow {
   void Filter();
   void Sort(int column);
   void ShowMenu(POINT at);
+  void AppendCommands(HMENU menu, bool any);
   void ShowFigures();
   std::string TipOf(std::size_t row) const;
   void ShowSelection(int before);

@@ -14,6 +14,7 @@ bool frmTool::OnKey(WPARAM key) {
   if (GetFocus() != list_.hwnd()) return false;
   if ((key == 'C' || key == VK_INSERT) && control) return OnRowCommand(IDM_mnuCopyRow);
   if (key == VK_DELETE) return OnToolCommand(IDC_cmdToolRemove);
+  if (key == VK_RETURN) return OnToolCommand(IDC_cmdViewInfo);
   if (key == VK_SPACE) return OnToolCommand(IDC_cmdDisable);
   return false;
 }
@@ -33,6 +34,20 @@ bool frmTool::OnRowCommand(int id) {
   return true;
 }
 
+// As its button, or its entry in the menu bar, has it at the moment.
+void frmTool::AppendCommands(HMENU menu, bool any) {
+  for (const Command& command : MenuCommands()) {
+    const auto id = static_cast<UINT>(command.id);
+    const HWND button = GetDlgItem(hwnd(), command.id);
+    const UINT entry = GetMenuState(GetMenu(hwnd()), id, MF_BYCOMMAND);
+    const bool grayed = button ? !IsWindowEnabled(button) : entry != ~0u && (entry & MF_GRAYED);
+    const std::string text = button ? Calls().Text(button) : Text(command.caption);
+    Calls().Append(menu, MF_STRING | (any && !grayed ? MF_ENABLED : MF_GRAYED), id, text);
+  }
+  SetMenuDefaultItem(menu, IDC_cmdViewInfo, FALSE);
+  Calls().Append(menu, MF_SEPARATOR, 0, {});
+}
+
 void frmTool::ShowMenu(POINT at) {
   if (at.x == -1 && at.y == -1) {  // from the keyboard
     at = {metrics().Scale(40), metrics().Scale(40)};
@@ -44,6 +59,7 @@ void frmTool::ShowMenu(POINT at) {
   const auto append = [&](bool yes, UINT_PTR id, const std::string& text) {
     Calls().Append(menu.get(), MF_STRING | (yes ? MF_ENABLED : MF_GRAYED), id, text);
   };
+  AppendCommands(menu.get(), any);
   append(any, IDM_mnuCopyRow, Text(Caption::MenuCopyRow) + "\tCtrl+C");
   append(any && !FileOf(row).empty(), IDM_mnuFileProperties, Text(Caption::MenuFileProperties));
   append(any && !KeyOf(row).empty(), IDM_mnuOpenKey, Text(Caption::MenuOpenRegistryKey));

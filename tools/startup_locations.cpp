@@ -33,12 +33,15 @@ constexpr StartupLocation kPlaces[] = {
     {"Win.ini Run", Kind::WinIni, true, kUser, "Run", kNoFolder},
     {"StartUp (Current User)", Kind::Shortcut, false, kUser, "Current User", SpecialFolder::StartUp},
     {"StartUp (All Users)", Kind::Shortcut, true, kUser, "All Users", SpecialFolder::CommonStartUp},
+    {"Registry(Machine Run, 64-bit)", Kind::Value, true, kMachine, SW_CURRENT_VERSION "Run", kNoFolder, true},
+    {"Registry(Machine RunOnce, 64-bit)", Kind::Value, true, kMachine, SW_CURRENT_VERSION "RunOnce", kNoFolder, true},
+    {"Registry(Machine RunOnceEx, 64-bit)", Kind::Value, true, kMachine, SW_CURRENT_VERSION "RunOnceEx", kNoFolder, true},
     {"Browser Helper Objects", Kind::Key, true, kMachine, kHelpers, kNoFolder},
     {"Browser Helper Objects (64-bit)", Kind::Key, true, kMachine, kHelpers, kNoFolder, true},
 };
 // clang-format on
 #undef SW_CURRENT_VERSION
-constexpr std::size_t kStartupPlaces = 9;
+constexpr std::size_t kStartupPlaces = 12;
 
 // A key's own name: below its place, nowhere else.
 bool IsKeyName(const std::string& name) {
@@ -127,6 +130,10 @@ Outcome StartupLocations::ListKeys(const StartupLocation& place, const Visit& vi
     visit({name, TextOfTree(tree)});
   }
   return status == kRegNotFound ? Outcome() : FromRegistry(status);
+}
+
+bool StartupLocations::IsAnother(const StartupLocation& place, const PlaceEntry& found) const {
+  return place.kind == LocationKind::Shortcut && IsAnotherShortcut(place, found);
 }
 
 bool StartupLocations::IsRestOf(const StartupLocation& place, const PlaceEntry& found,

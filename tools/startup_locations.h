@@ -35,7 +35,8 @@ struct StartupLocation {
   bool view64 = false;
 };
 
-// The nine of the startup manager, in the order in which they are listed.
+// Those of the startup manager, in the order in which they are listed: nine, then what only the
+// view of 64-bit programs has.
 std::span<const StartupLocation> StartupPlaces();
 // Where browser helpers are registered: the view of 32-bit programs, then that of 64-bit ones.
 std::span<const StartupLocation> HelperPlaces();
@@ -79,6 +80,10 @@ class StartupLocations {
   bool IsRestOf(const StartupLocation& place, const PlaceEntry& found,
                 const std::string& recorded) const;
 
+  // Whether the entry in its place was made anew by others, after the recorded one of its name had
+  // been taken out. Only what is kept aside can tell.
+  bool IsAnother(const StartupLocation& place, const PlaceEntry& found) const;
+
   // How many times less a line names the program than it did before any were taken out.
   std::size_t MissingFromLine(const StartupLocation& place, const std::string& program) const;
 
@@ -109,6 +114,7 @@ class StartupLocations {
   }
   Outcome ListValues(const StartupLocation& place, const Visit& visit) const;
   Outcome ListKeys(const StartupLocation& place, const Visit& visit) const;
+  bool IsAnotherShortcut(const StartupLocation& place, const PlaceEntry& found) const;
   Outcome ListShortcuts(const StartupLocation& place, const Visit& visit) const;
   Outcome KeepShortcut(const StartupLocation& place, const PlaceEntry& entry) const;
   Outcome CheckAddress(const StartupLocation& place, const PlaceEntry& entry) const;

@@ -4,6 +4,7 @@
 #include "machine/file_utils.h"
 #include "machine/registry_place.h"
 #include "text/text.h"
+#include "tools/program_of.h"
 #include "tools/stored_value.h"
 #include "tools/win_ini_line.h"
 
@@ -34,6 +35,10 @@ std::string ShownName(const std::string& name) {
   return ReplaceAll(name, std::string_view("\0", 1), "\\0");
 }
 
+Outcome NoArgumentsInLine() {
+  return Outcome::Failed(kInvalidCall, "A line of win.ini takes no arguments");
+}
+
 bool IsText(std::uint32_t type) { return type == kRegText || type == kRegExpandText; }
 
 }  // namespace
@@ -50,7 +55,7 @@ std::string StartupManager::PlaceName(const StartupLocation& place) const {
     case LocationKind::Value:
       if (place.root == RootKey::CurrentUser) return Text(Caption::LocationUserRun);
       return Text(Caption::LocationRegistry) + "(Machine " + std::string(FileNamePart(place.path)) +
-             ")";
+             (place.view64 ? ", 64-bit)" : ")");
     case LocationKind::Shortcut:
       return Text(place.all_users ? Caption::LocationCommonStartup : Caption::LocationUserStartup);
     default:
@@ -79,7 +84,7 @@ FileFacts StartupManager::FactsOf(const Entry& entry) const {
 std::vector<std::string> StartupManager::CellsOf(const Entry& entry, const FileFacts& facts) const {
   std::vector<std::string> cells(kColumns);
   cells[kName] = entry.name.empty() ? Text(Caption::DefaultValue) : ShownName(entry.name);
-  cells[kStatus] = StatusText(entry.status);
+  cells[kStatus] = StatusText(entry);
   if (entry.place) {
     const bool all = entry.place->all_users;
     cells[kLocation] = PlaceName(*entry.place);
@@ -114,6 +119,12 @@ PlaceEntry StartupManager::EntryOf(const StartupLocation& place, const std::stri
   }
 }
 
+// Each blank begins another program there, and quotes would make one name of all.
+bool StartupManager::HasArguments(const std::string& program) const {
+  const StartupLocations::Needs& machine = needs_.locations.needs();
+  return !FindStarter(program, machine.files, machine.folders, machine.system).arguments.empty();
+}
+
 bool StartupManager::AddTask(const StartupLocation& place, const std::string& name,
                              const std::string& program) {
   return Trap("keyAddTask", [&](std::vector<Outcome>* failures) {
@@ -121,6 +132,8 @@ bool StartupManager::AddTask(const StartupLocation& place, const std::string& na
     const bool named = place.kind == LocationKind::WinIni || !TrimBlanks(name).empty();
     if (!named || TrimBlanks(program).empty()) {
       added = NoSuchEntry();
+    } else if (place.kind == LocationKind::WinIni && HasArguments(program)) {
+      added = NoArgumentsInLine();
     } else {
       added = table_.Add(place, EntryOf(place, std::string(TrimBlanks(name)), program));
     }
@@ -150,10 +163,13 @@ std::string StartupManager::EditedCommand(std::size_t row) const {
 bool StartupManager::Edit(std::size_t row, const std::string& name, const std::string& command) {
   return Trap("keyEdit", [&](std::vector<Outcome>* failures) {
     Outcome edited = NoSuchEntry();
-    if (MayEdit(row) && !TrimBlanks(command).empty()) {
+    const bool line = MayEdit(row) && table_[row].place->kind == LocationKind::WinIni;
+    if (line && HasArguments(command)) {
+      edited = NoArgumentsInLine();
+    } else if (MayEdit(row) && !TrimBlanks(command).empty()) {
       const Entry& entry = table_[row];
       PlaceEntry changed{name, TextOfValue({ValueOfText(entry.command).type, command + '\0'})};
-      if (entry.place->kind == LocationKind::WinIni) changed = EntryOf(*entry.place, name, command);
+      if (line) changed = EntryOf(*entry.place, name, command);
       edited = table_.Edit(row, changed);
     }
     if (!edited.ok()) failures->push_back(std::move(edited).With("Entry: ", name));

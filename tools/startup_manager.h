@@ -30,10 +30,10 @@ class StartupManager : public EntryManager {
   static std::span<const Caption> ColumnCaptions();
   int columns() const override { return kColumns; }
 
-  // The nine places, as they are called in this language.
+  // The places, as they are called in this language.
   std::string PlaceName(const StartupLocation& place) const;
 
-  // Those of the nine that this Windows has.
+  // Those that this Windows has.
   std::vector<const StartupLocation*> TaskPlaces() const;
   // A new entry of the place, written at once. The program may come with arguments.
   bool AddTask(const StartupLocation& place, const std::string& name, const std::string& program);
@@ -46,8 +46,10 @@ class StartupManager : public EntryManager {
   bool Edit(std::size_t row, const std::string& name, const std::string& command);
 
  private:
+  std::span<const Caption> Captions() const override { return ColumnCaptions(); }
   FileFacts FactsOf(const Entry& entry) const override;
   std::vector<std::string> CellsOf(const Entry& entry, const FileFacts& facts) const override;
+  bool HasArguments(const std::string& program) const;
   PlaceEntry EntryOf(const StartupLocation& place, const std::string& name,
                      const std::string& program) const;
 };

@@ -79,6 +79,14 @@ Outcome StartupLocations::ListShortcuts(const StartupLocation& place, const Visi
   return listed.code() == kPathNotFound ? Outcome() : listed;
 }
 
+// A run that ended in between left two files that are the same.
+bool StartupLocations::IsAnotherShortcut(const StartupLocation& place,
+                                         const PlaceEntry& found) const {
+  const std::string kept = KeptPath(place, found.name);
+  return FileExists(needs_.files, kept) &&
+         !SameContent(needs_.files, ShortcutPath(place, found.name), kept);
+}
+
 Outcome StartupLocations::KeepShortcut(const StartupLocation& place,
                                        const PlaceEntry& entry) const {
   const std::string path = ShortcutPath(place, entry.name);

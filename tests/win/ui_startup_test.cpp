@@ -132,14 +132,14 @@ TEST_CASE("startup entries of all places are disabled, come back as they were, a
   CHECK(WaitFor([&] { return Content("C:\\planted\\mine.Pro") == Content(kSaveProf); }));
 
   Command(tool.window, IDM_keyResetAll);
-  CHECK(WaitFor([&] { return CountOf(tool.list, "Enabled") == 11; }));
+  CHECK(WaitFor([&] { return CountOf(tool.list, "Enabled (pending)") == 11; }));
   tool.Apply();
   CHECK(State() == before);
   CHECK(Content(kSaveProf).empty());
 
   Command(tool.window, IDM_keyLoad);
   AnswerFileDialog(program, "Open", "C:\\planted\\mine.Pro");
-  CHECK(WaitFor([&] { return CountOf(tool.list, "Disabled") == 11; }));
+  CHECK(WaitFor([&] { return CountOf(tool.list, "Disabled (pending)") == 11; }));
   Command(tool.window, IDM_keyResetAll);
   CHECK(WaitFor([&] { return CountOf(tool.list, "Enabled") == 11; }));
 
@@ -147,8 +147,13 @@ TEST_CASE("startup entries of all places are disabled, come back as they were, a
     SelectRow(tool.list, RowOf(tool.list, name));
     Click(ReadyControl(tool.window, IDC_cmdToolRemove));
   }
-  CHECK(WaitFor([&] { return CountOf(tool.list, "Remove") == 3; }));
-  tool.Apply();
+  CHECK(WaitFor([&] { return CountOf(tool.list, "Remove (pending)") == 3; }));
+  for (const int answer : {IDNO, IDYES}) {
+    CHECK_FALSE(Content(UserLink()).empty());
+    Click(ReadyControl(tool.window, IDC_cmdApply));
+    Answer(program.Window("Confirmation"), answer);
+  }
+  CHECK(WaitFor([&] { return !IsWindowEnabled(Control(tool.window, IDC_cmdApply)); }));
   CHECK(CountOf(tool.list, "Enabled") == 8);
   CHECK(State().find("Planted data=none\n") != std::string::npos);
   CHECK(Content(UserLink()).empty());
@@ -178,7 +183,7 @@ TEST_CASE("a task is added by the dialog, and marks are not lost by closing") {
         "C:\\windows\\notepad.exe /x");
   SelectRow(tool.list, RowOf(tool.list, "Planted task"));
   Click(ReadyControl(tool.window, IDC_cmdToolRemove));
-  CHECK(WaitFor([&] { return CountOf(tool.list, "Remove") == 1; }));
+  CHECK(WaitFor([&] { return CountOf(tool.list, "Remove (pending)") == 1; }));
   PostMessageW(tool.window, WM_CLOSE, 0, 0);
   HWND box = nullptr;
   REQUIRE(WaitFor([&] {
@@ -186,6 +191,7 @@ TEST_CASE("a task is added by the dialog, and marks are not lost by closing") {
     return box != tool.window;
   }));
   Answer(box, IDYES);
+  Answer(program.Window("Confirmation"), IDYES);
   CHECK(WaitFor([&] { return !IsWindow(tool.window); }));
   CHECK(CRegister(registry).QueryString(kMachine, Run("Run"), "Planted task") == "");
   CHECK(program.Close());

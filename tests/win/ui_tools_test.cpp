@@ -59,7 +59,10 @@ TEST_CASE("known adware is listed and its uninstaller started after the question
     Click(ReadyControl(tool.window, IDC_cmdShowSpies));
     Answer(program.Window("Information"), IDOK);
     CHECK(ListRows(tool.list).empty());
-    CHECK(Text(Control(tool.window, IDC_lblToolEmpty)) == "No installed program is registered.");
+    CHECK(Text(Control(tool.window, IDC_lblToolEmpty)) ==
+          "No known adware program is installed.\r\nShow All lists every installed program.");
+    CHECK_FALSE(IsWindowEnabled(Control(tool.window, IDC_cmdShowSpies)));
+    CHECK(IsWindowEnabled(Control(tool.window, IDC_cmdShowAll)));
     CHECK(program.Close());
   }
   for (const char* key : {"planted a", "planted b", "planted c", "zzz last"}) {
