@@ -396,9 +396,8 @@ const DefaultText kCaptions[] = {
     {Caption::IgnoreListNotRead, "The list of excluded components cannot be read."},
     {Caption::ExcludedMayBeListed, "Components that you have excluded may be among the results, so none of them is checked."},
     {Caption::BuiltInDefinitionsOnly, "built-in definitions only"},
-    {Caption::StartBusy, "Scourwell is open and busy: a scan or a removal runs, or one of its windows waits for you. Choose this again afterwards."},
-    {Caption::StartRefused, "Scourwell is open, but it cannot scan this:"},
-    {Caption::StartNoAnswer, "Scourwell cannot start: it runs already and does not answer, or another program holds its name. End that program or restart Windows, then try again."},
+    {Caption::StatusPending, "(pending)"},
+    {Caption::AskRemoveEntries, "Remove these entries for good?"},
     {Caption::ColumnState, "Result"},
     {Caption::SaveReport, "Save Report..."},
     {Caption::ReportFileTypes, "Reports (*.html)|*.html"},
@@ -422,8 +421,9 @@ const DefaultText kCaptions[] = {
     {Caption::MenuCopyFinding, "C&opy"},
     {Caption::Excluded, "excluded"},
     {Caption::NumberOfComponents, "Number of components:"},
-    {Caption::StatusPending, "(pending)"},
-    {Caption::AskRemoveEntries, "Remove these entries for good?"},
+    {Caption::StartBusy, "Scourwell is open and busy: a scan or a removal runs, or one of its windows waits for you. Choose this again afterwards."},
+    {Caption::StartRefused, "Scourwell is open, but it cannot scan this:"},
+    {Caption::StartNoAnswer, "Scourwell cannot start: it runs already and does not answer, or another program holds its name. End that program or restart Windows, then try again."},
 };
 // clang-format on
 
