@@ -219,7 +219,7 @@ TEST_SUITE("application") {
     p.m.File("C:\\App\\notes.txt").modified = 900;
     CHECK(p.app.LastLog() == "C:\\App\\ScanLog02-01-04-1.txt");
     p.app.PrepareScan();
-    p.app.RunScan("C:\\Programs");
+    p.app.RunScan({{"C:\\Programs"}});
     CHECK(p.app.LastLog() == kLog);
     CHECK(p.app.WriteReport("C:\\report.html").ok());
     CHECK(p.m.Content("C:\\report.html").find("Scourwell 1.0 Rev.7") != std::string::npos);
