@@ -198,6 +198,8 @@ TEST_SUITE("next_start") {
       other[entry + 1] = 0;
       other[entry] = 9;
       CHECK_FALSE(IsClosedToUsers(other));
+      other[entry] = 1;  // what is denied to somebody gives nobody anything
+      CHECK(IsClosedToUsers(other));
     }
   }
 }

@@ -60,6 +60,10 @@ TEST_SUITE("text") {
                                                                    {"", ""}}) {
       CHECK(WithoutEndSeparators(path) == bare);
     }
+    for (const char* path : {"", "C:", "C:x", "C;\\x", "1:\\x", "\\x", "x\\y"}) {
+      CAPTURE(std::string(path));
+      CHECK_FALSE(IsAbsolutePath(path));
+    }
   }
 
   TEST_CASE("leading numbers") {
