@@ -124,7 +124,6 @@ RemovalResult FileRemover::deleteSpyFolder(const std::string& path) {
 
 Outcome FileRemover::DeleteFolderAt(const std::string& path, RemovalResult* result) {
   HeldWay way;
-  DirEntry entry;
   std::unique_ptr<OpenedItem> item;
   Outcome allowed = guard_.Open(path, &way, &item);
   if (IsAbsent(allowed)) {
