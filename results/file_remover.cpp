@@ -15,10 +15,6 @@ bool IsComponent(std::string_view path) {
   return EndsWithNoCase(path, "DLL") || EndsWithNoCase(path, "OCX");
 }
 
-bool IsAbsent(const Outcome& asked) {
-  return asked.code() == kFileNotFound || asked.code() == kPathNotFound;
-}
-
 RemovalState StateOf(const Outcome& refusal) {
   const bool refused = refusal.code() == kPermissionDenied || refusal.code() == kPathFileAccess ||
                        refusal.code() == kBadFileName;

@@ -118,7 +118,7 @@ std::string ReportHtml(const Captions& captions, const Report& report) {
   html += Element("p", captions.Text(Caption::DefinitionsNumber) + " " + report.definitions);
   html += "\r\n" + Element("p", captions.Text(Caption::ReportTime) + " " + report.time) + "\r\n";
   if (report.rows.empty()) {
-    html += Element("p", captions.Text(Caption::NothingFound)) + "\r\n";
+    html += Element("p", report.without_rows) + "\r\n";
   } else {
     Sums kinds;
     Sums spies;

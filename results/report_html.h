@@ -24,6 +24,7 @@ struct Report {
   std::string definitions;  // the number of their release
   std::string time;
   std::vector<ReportRow> rows;  // what is still there comes first in the page
+  std::string without_rows;     // what is true of a scan that lists nothing
 };
 
 // The rows of the results list.

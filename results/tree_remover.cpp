@@ -6,14 +6,6 @@
 #include "text/paths.h"
 
 namespace scourwell {
-namespace {
-
-bool IsAbsent(const Outcome& outcome) {
-  return outcome.code() == kFileNotFound || outcome.code() == kPathNotFound;
-}
-
-}  // namespace
-
 Outcome TreeRemover::Remove(const std::string& path, std::unique_ptr<OpenedItem> folder) {
   root_ = folder->true_path();
   Take(path, std::move(folder));

@@ -11,6 +11,10 @@
 
 namespace scourwell {
 
+inline bool IsAbsent(const Outcome& asked) {
+  return asked.code() == kFileNotFound || asked.code() == kPathNotFound;
+}
+
 // Deletes an opened folder with everything in it. Every entry is opened itself and deleted only
 // when it truly lies below that folder: what a name leads to after a swap stays. Links go as links.
 class TreeRemover {

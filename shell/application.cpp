@@ -215,9 +215,9 @@ Outcome Application::WriteReport(const std::string& path) {
   return log_.TrapOutcome("cmdReport_Click", [&] {
     std::string number = reference_.updateListfromINI("SETTINGS", "UPDATE-FILE-NUMBER");
     if (number.empty()) number = "0-0-0-0";
-    return scourwell::WriteReport(
-        ports_.files, path, language_,
-        {Title(), number, ports_.clock.GeneralDate(ports_.clock.Now()), ReportRowsOf(hits_)});
+    return scourwell::WriteReport(ports_.files, path, language_,
+                                  {Title(), number, ports_.clock.GeneralDate(ports_.clock.Now()),
+                                   ReportRowsOf(hits_), NothingListed()});
   });
 }
 

@@ -74,7 +74,7 @@ TEST_SUITE("report") {
     r.Run();
     REQUIRE(r.States() == "Fr");
     CHECK(WriteReport(r.m.files, kReport, r.captions,
-                      {"Program 1.0", "7-1", "today & <now>", ReportRowsOf(r.hits)})
+                      {"Program 1.0", "7-1", "today & <now>", ReportRowsOf(r.hits), ""})
               .ok());
     const std::string html = r.m.Content(kReport);
     CAPTURE(html);
@@ -116,8 +116,9 @@ TEST_SUITE("report") {
     r.m.File(kReport, "an older one").Locked();
     CHECK_FALSE(WriteReport(r.m.files, kReport, r.captions, {}).ok());
     CHECK(r.m.Content(kReport) == "an older one");
-    CHECK(ReportHtml(r.captions, {}).find(Shown(r.captions.Text(Caption::NothingFound))) !=
-          std::string::npos);
+    Report stopped;
+    stopped.without_rows = "stopped <early>";
+    CHECK(ReportHtml(r.captions, stopped).find("stopped &lt;early&gt;") != std::string::npos);
   }
 }
 
