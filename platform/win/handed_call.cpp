@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win/handed_call.h"
 
-#include <array>
 #include <cstdint>
 
-#include "platform/win/late_bind.h"
+#include "platform/win/random_bytes.h"
 #include "text/text.h"
 
 namespace scourwell {
@@ -14,12 +13,6 @@ constexpr std::string_view kSwitch = "/CALL:";
 constexpr DWORD kLongest = 8192;  // bytes; no loader takes paths of that length
 constexpr std::size_t kSecretDigits = 32;
 constexpr char kDigits[] = "0123456789ABCDEF";
-
-std::string Hex(std::uint32_t number) {
-  std::string text(8, '0');
-  for (std::size_t i = 0; i < 8; ++i) text[i] = kDigits[(number >> (28 - 4 * i)) & 0xF];
-  return text;
-}
 
 bool FromHex(std::string_view text, std::uint32_t* number) {
   *number = 0;
@@ -31,26 +24,13 @@ bool FromHex(std::string_view text, std::uint32_t* number) {
   return text.size() == 8;
 }
 
-// From the system's generator, which XP brought; before, from what only this process knows.
-std::string NewSecret() {
-  using Generate = BOOLEAN(WINAPI*)(void*, ULONG);
-  std::array<std::uint32_t, kSecretDigits / 8> parts = {};
-  const auto generate = LateBind<Generate>("advapi32.dll", "SystemFunction036");
-  if (!generate || !generate(parts.data(), sizeof parts)) {
-    LARGE_INTEGER count = {};
-    QueryPerformanceCounter(&count);
-    parts = {count.LowPart, static_cast<std::uint32_t>(count.HighPart) ^ GetTickCount(),
-             GetCurrentProcessId() * 0x9E3779B9u, GetCurrentThreadId() * 0x85EBCA6Bu};
-  }
-  std::string secret;
-  for (const std::uint32_t part : parts) secret += Hex(part);
-  return secret;
-}
-
 }  // namespace
 
 bool CallPipe::Send(const HandedCall& call) {
-  secret_ = NewSecret();
+  secret_.clear();
+  for (const char byte : RandomBytes(kSecretDigits / 2)) {
+    secret_ += Hex(static_cast<unsigned char>(byte), 2);
+  }
   const std::string text = secret_ + call.name + "|" + call.library;
   if (text.size() > kLongest) {
     SetLastError(ERROR_FILENAME_EXCED_RANGE);
@@ -75,7 +55,7 @@ bool CallPipe::Send(const HandedCall& call) {
 // Handles of the NT family fit into 32 bits on every Windows.
 std::string CallPipe::Arguments() const {
   const auto handle = reinterpret_cast<std::uintptr_t>(reading_end_.get());
-  return std::string(kSwitch) + Hex(static_cast<std::uint32_t>(handle)) + ":" + secret_;
+  return std::string(kSwitch) + Hex(static_cast<std::uint32_t>(handle), 8) + ":" + secret_;
 }
 
 std::optional<HandedCall> ReceiveCall(std::string_view arguments) {

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "platform/win/late_bind.h"
+#include "platform/win/random_bytes.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/win_error.h"
 
@@ -37,33 +37,7 @@ std::uint32_t SystemWin::LastError() { return GetLastError(); }
 
 std::uint32_t SystemWin::OwnProcessId() { return GetCurrentProcessId(); }
 
-// The oldest Windows have no source. Nobody else works on such a machine at the same time, so that
-// the moment will do.
-std::string SystemWin::RandomBytes(std::size_t count) {
-  using Generate = BOOLEAN(WINAPI*)(void*, ULONG);
-  using Acquire = BOOL(WINAPI*)(ULONG_PTR*, const char*, const char*, DWORD, DWORD);
-  using Fill = BOOL(WINAPI*)(ULONG_PTR, DWORD, BYTE*);
-  constexpr DWORD kAnyProvider = 1;           // PROV_RSA_FULL
-  constexpr DWORD kWithoutKeys = 0xF0000000;  // CRYPT_VERIFYCONTEXT
-  std::string bytes(count, '\0');
-  const auto size = static_cast<DWORD>(count);
-  if (const auto generate = LateBind<Generate>("advapi32.dll", "SystemFunction036")) {
-    if (generate(bytes.data(), size)) return bytes;
-  }
-  ULONG_PTR provider = 0;
-  const auto acquire = LateBind<Acquire>("advapi32.dll", "CryptAcquireContextA");
-  const auto fill = LateBind<Fill>("advapi32.dll", "CryptGenRandom");
-  if (acquire && fill && acquire(&provider, nullptr, nullptr, kAnyProvider, kWithoutKeys)) {
-    if (fill(provider, size, reinterpret_cast<BYTE*>(bytes.data()))) return bytes;
-  }
-  LARGE_INTEGER counter = {};
-  for (char& c : bytes) {
-    Sleep(1);
-    QueryPerformanceCounter(&counter);
-    c = static_cast<char>(counter.LowPart ^ counter.LowPart >> 8 ^ GetTickCount());
-  }
-  return bytes;
-}
+std::string SystemWin::RandomBytes(std::size_t count) { return scourwell::RandomBytes(count); }
 
 Outcome SystemWin::TerminateProcess(std::uint32_t process_id, const std::function<bool()>& go_on) {
   const KernelHandle process(calls_.OpenToEnd(process_id));
