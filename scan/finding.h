@@ -69,6 +69,9 @@ const std::string* PathOnDisk(const FoundObject& object);
 struct Finding {
   std::string spy;
   FoundObject object;
+  // Whose HKEY_CURRENT_USER or cookies, on a machine that does not run. A running one shows those
+  // of one user only, and says nothing here.
+  std::string user = {};
 };
 
 // What tells one item from another, to be compared without case: a running program and its file
