@@ -73,6 +73,11 @@ class Files {
   // without "." and "..". No match is success with no visit. kPathNotFound: no such folder;
   // kPermissionDenied: may not be listed; kDiskNotReady: no medium.
   virtual Outcome List(const std::string& pattern, const Visit& visit) = 0;
+  // The same for a walk, which needs the names and of the attributes kFolder and kLink alone: the
+  // rest of an entry may be missing where it would have to be asked for.
+  virtual Outcome ListNames(const std::string& pattern, const Visit& visit) {
+    return List(pattern, visit);
+  }
 
   // One file or folder by its exact path (no wildcards). kFileNotFound: nothing of that name;
   // kDiskNotReady: no medium or server that could tell.

@@ -81,7 +81,7 @@ void AdvancedScan::searchFilesAdvanced(const std::string& folder) {
   parts_.log.Trap("searchFilesAdvanced", [&]() -> Outcome {
     const std::string caption = parts_.captions.Text(Caption::AdvancedScanning) + " - ";
     Outcome listed =
-        parts_.files.List(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
+        parts_.files.ListNames(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
           parts_.progress.lblScan = caption + entry.name;
           if (!parts_.pump.Next()) return false;
           if (!entry.IsFolder()) Search(folder, entry);
@@ -152,11 +152,19 @@ std::optional<std::string_view> AdvancedScan::Identify(const Item& item, Outcome
     if (field == kCompanyName && (text.empty() || IsSystemsOwn(item.path, text))) return {};
     if (const auto spy = index_.FindText(field, text)) return spy;
   }
-  if (!index_.KnowsSize(item.size)) return {};
+  const std::uint64_t size = SizeOf(item);
+  if (!index_.KnowsSize(size)) return {};
   std::optional<std::uint8_t> checksum;
   *outcome = GetFileCheckSum(parts_.files, parts_.pump, item.path, &checksum);
   if (!checksum) return {};
-  return index_.FindChecksum(item.size, *checksum);
+  return index_.FindChecksum(size, *checksum);
+}
+
+// A listing for a walk need not tell sizes.
+std::uint64_t AdvancedScan::SizeOf(const Item& item) const {
+  DirEntry entry;
+  if (item.size == 0 && parts_.files.Stat(item.path, &entry).ok()) return entry.size;
+  return item.size;
 }
 
 // The files of Windows itself, right inside its two folders.

@@ -91,6 +91,7 @@ class AdvancedScan {
   void FollowShortcut(const std::string& link);
   void AdvancedFilePropertiesSearch(const Item& item);
   std::optional<std::string_view> Identify(const Item& item, Outcome* outcome);
+  std::uint64_t SizeOf(const Item& item) const;
   bool IsSystemsOwn(std::string_view path, std::string_view company) const;
 
   Parts parts_;

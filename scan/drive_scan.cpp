@@ -98,7 +98,7 @@ void DriveScan::Enter(std::string path, std::vector<Level>* levels) {
 
 Outcome DriveScan::ListFolder(Level* level, std::vector<Match>* matches) {
   std::vector<SignatureIndex::Nomination> nominations;
-  return files_.List(AddPathToFileName(level->path, kEverything), [&](const DirEntry& entry) {
+  return files_.ListNames(AddPathToFileName(level->path, kEverything), [&](const DirEntry& entry) {
     if (!pump_.Next()) return false;
     nominations.clear();
     index_.Nominate(entry, &nominations);
@@ -189,7 +189,7 @@ void DriveScan::Report(const Level& level, std::uint32_t row, const std::string&
 void DriveScan::FindFiles(const std::string& folder, std::string_view spy) {
   log_.Trap("FindFiles", [&]() -> Outcome {
     Outcome listed =
-        files_.List(AddPathToFileName(folder, kEverything), [&](const DirEntry& entry) {
+        files_.ListNames(AddPathToFileName(folder, kEverything), [&](const DirEntry& entry) {
           if (!pump_.Next()) return false;
           if (entry.IsFolder()) return true;
           ReportOnce(sink_, FoundFile{AddPathToFileName(folder, entry.name)}, spy);
