@@ -21,6 +21,8 @@ struct MountedDrive {
 // on the disk may be any bytes (see DiskName). Nobody but us is expected to change the disk.
 class PosixFiles : public Files {
  public:
+  class Tree;
+
   explicit PosixFiles(const std::vector<MountedDrive>& drives);
   ~PosixFiles() override;
 
@@ -35,6 +37,7 @@ class PosixFiles : public Files {
   bool IsReadOnly(char letter) const;
 
   Outcome List(const std::string& pattern, const Visit& visit) override;
+  Outcome ListNames(const std::string& pattern, const Visit& visit) override;
   Outcome Stat(const std::string& path, DirEntry* entry) override;
   Outcome Read(const std::string& path, std::uint64_t limit, std::string* content) override;
   Outcome ReadBlocks(const std::string& path, const VisitBlock& visit) override;
@@ -60,7 +63,8 @@ class PosixFiles : public Files {
   bool IsReady(const std::string& root) override;
 
  private:
-  class Tree;
+  Outcome ListAny(const std::string& pattern, bool all, const Visit& visit);
+
   std::unique_ptr<Tree> tree_;
 };
 

@@ -7,7 +7,8 @@ set -euo pipefail
 
 everything=(
     cmake ninja-build
-    g++ zlib1g-dev doctest-dev                      # native build and tests
+    g++ zlib1g-dev doctest-dev pkg-config           # native build and tests
+    libhivex-dev libcreg-dev                        # registries of machines that do not run
     g++-mingw-w64-i686-win32 libz-mingw-w64-dev     # Windows build
     fp-utils python3                                # compiles the help; judges it
     clang-format

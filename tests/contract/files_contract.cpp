@@ -202,7 +202,7 @@ TEST_SUITE("contract_files") {
     }
     const std::string path =
         disk.files.ShortPath(disk.root + "a long FOLDER name\\Some long file name.text");
-    CHECK(path.size() <= disk.root.size() + 25);
+    if (!short_name.empty()) CHECK(path.size() <= disk.root.size() + 25);
     std::string content;
     CHECK(disk.files.Read(path, 100, &content).ok());
     CHECK(content == "1234567");
