@@ -14,7 +14,8 @@ void BuiltInLists::AddBuiltIn(const BuiltInList& list) {
       for (; n < list.rows.size(); ++n) {
         if (!pump_.Next()) return {};
         const BuiltInRow& row = list.rows[n];
-        AddDefinition(row.kind, {row.spy, row.value, row.second}, folders_, &lists_);
+        AddDefinition(row.kind, {row.spy, row.value, row.second, DefinitionSource::BuiltIn},
+                      folders_, &lists_);
       }
     } catch (const std::bad_alloc&) {
       return Outcome::Failed(kOutOfMemory).With("I: ", std::to_string(n));

@@ -37,6 +37,13 @@ enum class DefinitionKind : std::uint8_t {
 };
 inline constexpr std::size_t kDefinitionKinds = 22;
 
+// Who says so: a finding shows whose word it stands on.
+enum class DefinitionSource : std::uint8_t {
+  BuiltIn,  // compiled into the program
+  File,     // the reference file
+  Setting,  // no definition: the user wants all of them
+};
+
 // What a scan looks for, one type for each way of looking. The texts are spelled as the definition
 // spells them; who compares folds. `spy` is the name that a finding is reported under. kTexts says
 // which members a DefinitionList has to keep.
@@ -48,6 +55,7 @@ struct SearchedName {
   std::string_view spy;
   std::string_view name;  // or a pattern, or a relative path that ends in either
   DiskItem item;
+  DefinitionSource source = DefinitionSource::File;
   static constexpr std::array kTexts = {&SearchedName::spy, &SearchedName::name};
 };
 
@@ -56,6 +64,7 @@ struct FixedPlace {
   std::string_view spy;
   std::string_view path;  // its folder token has given way to the folder
   DiskItem item;
+  DefinitionSource source = DefinitionSource::File;
   static constexpr std::array kTexts = {&FixedPlace::spy, &FixedPlace::path};
 };
 
@@ -63,12 +72,14 @@ struct FixedPlace {
 struct KeyPart {
   std::string_view spy;
   std::string_view part;
+  DefinitionSource source = DefinitionSource::File;
   static constexpr std::array kTexts = {&KeyPart::spy, &KeyPart::part};
 };
 
 struct NamedKey {
   std::string_view spy;
   std::string_view path;  // from the root's name on
+  DefinitionSource source = DefinitionSource::File;
   static constexpr std::array kTexts = {&NamedKey::spy, &NamedKey::path};
 };
 
@@ -76,18 +87,21 @@ struct NamedValue {
   std::string_view spy;
   std::string_view key;  // from the root's name on, with a "\" at its end
   std::string_view name;
+  DefinitionSource source = DefinitionSource::File;
   static constexpr std::array kTexts = {&NamedValue::spy, &NamedValue::key, &NamedValue::name};
 };
 
 struct ProcessName {
   std::string_view spy;
   std::string_view name;  // of its file
+  DefinitionSource source = DefinitionSource::File;
   static constexpr std::array kTexts = {&ProcessName::spy, &ProcessName::name};
 };
 
 struct CookieFragment {
   std::string_view spy;
   std::string_view fragment;  // of a cookie file's name
+  DefinitionSource source = DefinitionSource::File;
   static constexpr std::array kTexts = {&CookieFragment::spy, &CookieFragment::fragment};
 };
 
@@ -99,6 +113,7 @@ struct ProgramText {
   std::string_view text;
   VersionField field;
   Comparison comparison;  // of `text` with the file's
+  DefinitionSource source = DefinitionSource::File;
   static constexpr std::array kTexts = {&ProgramText::spy, &ProgramText::text};
 };
 
@@ -107,6 +122,7 @@ struct ContentSum {
   std::string_view spy;
   std::uint64_t size;
   std::uint8_t checksum;
+  DefinitionSource source = DefinitionSource::File;
   static constexpr std::array kTexts = {&ContentSum::spy};
 };
 

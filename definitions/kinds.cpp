@@ -24,7 +24,7 @@ std::optional<Number> WholeNumber(std::string_view text) {
 
 template <DiskItem kItem>
 void AddSearched(const DefinitionEntry& entry, const Folders&, Lists* lists) {
-  lists->searched.Add({entry.spy, entry.value, kItem});
+  lists->searched.Add({entry.spy, entry.value, kItem, entry.source});
 }
 
 template <DiskItem kItem>
@@ -32,32 +32,32 @@ void AddFixed(const DefinitionEntry& entry, const Folders& folders, Lists* lists
   const std::string path = ExpandFolderToken(entry.value, folders).value_or("");
   // The path would lie below the root of whatever drive is the current one.
   const bool folder_unknown = BeginsWithSeparator(path) && !IsAbsolutePath(path);
-  if (!path.empty() && !folder_unknown) lists->fixed.Add({entry.spy, path, kItem});
+  if (!path.empty() && !folder_unknown) lists->fixed.Add({entry.spy, path, kItem, entry.source});
 }
 
 void AddKeyPart(const DefinitionEntry& entry, const Folders&, Lists* lists) {
-  lists->key_parts.Add({entry.spy, TrimBlanks(entry.value)});
+  lists->key_parts.Add({entry.spy, TrimBlanks(entry.value), entry.source});
 }
 
 void AddValue(const DefinitionEntry& entry, const Folders&, Lists* lists) {
-  lists->values.Add({entry.spy, TrimBlanks(entry.value), entry.second});
+  lists->values.Add({entry.spy, TrimBlanks(entry.value), entry.second, entry.source});
 }
 
 void AddProcess(const DefinitionEntry& entry, const Folders&, Lists* lists) {
-  lists->processes.Add({entry.spy, entry.value});
+  lists->processes.Add({entry.spy, entry.value, entry.source});
 }
 
 void AddKey(const DefinitionEntry& entry, const Folders&, Lists* lists) {
-  lists->keys.Add({entry.spy, entry.value});
+  lists->keys.Add({entry.spy, entry.value, entry.source});
 }
 
 void AddCookie(const DefinitionEntry& entry, const Folders&, Lists* lists) {
-  lists->cookies.Add({entry.spy, entry.value});
+  lists->cookies.Add({entry.spy, entry.value, entry.source});
 }
 
 template <VersionField kField, Comparison kComparison>
 void AddVersionText(const DefinitionEntry& entry, const Folders&, Lists* lists) {
-  lists->program_texts.Add({entry.spy, entry.value, kField, kComparison});
+  lists->program_texts.Add({entry.spy, entry.value, kField, kComparison, entry.source});
 }
 
 template <VersionField kField, Comparison kComparison>
@@ -70,7 +70,8 @@ void ForgetVersionTexts(Lists* lists) {
 void AddChecksum(const DefinitionEntry& entry, const Folders&, Lists* lists) {
   const auto size = WholeNumber<std::uint64_t>(entry.value);
   const auto checksum = WholeNumber<std::uint8_t>(entry.second);
-  if (size && checksum) lists->checksums.Add({Upper(TrimBlanks(entry.spy)), *size, *checksum});
+  if (!size || !checksum) return;
+  lists->checksums.Add({Upper(TrimBlanks(entry.spy)), *size, *checksum, entry.source});
 }
 
 void ForgetChecksums(Lists* lists) { lists->checksums.Clear(); }

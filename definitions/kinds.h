@@ -14,6 +14,7 @@ struct DefinitionEntry {
   std::string_view spy;
   std::string_view value;
   std::string_view second;  // of kinds that say two things: a value's name, a checksum
+  DefinitionSource source = DefinitionSource::File;
 };
 
 // Puts a definition into the list of its kind. One that can never be found is left out: a place

@@ -50,14 +50,16 @@ bool PropertyIndex::empty() const {
          });
 }
 
-std::optional<std::string_view> PropertyIndex::FindText(VersionField field,
-                                                        std::string_view text) const {
+std::optional<Evidence> PropertyIndex::FindText(VersionField field, std::string_view text) const {
   if (text.empty()) return {};
   const Field& known = fields_[FieldNumber(field)];
-  if (const auto row = known.contained.FirstRowIn(text)) return texts_[*row].spy;
+  const auto of = [&](std::uint32_t row, Certainty certainty) {
+    return Evidence{texts_[row].spy, certainty, texts_[row].source};
+  };
+  if (const auto row = known.contained.FirstRowIn(text)) return of(*row, Certainty::Part);
   const auto row = known.equal.find(text);
   if (row == known.equal.end()) return {};
-  return texts_[row->second].spy;
+  return of(row->second, Certainty::Content);
 }
 
 std::vector<ContentSum>::const_iterator PropertyIndex::FirstOfSize(std::uint64_t size) const {
@@ -69,10 +71,12 @@ bool PropertyIndex::KnowsSize(std::uint64_t size) const {
   return row != checksums_.end() && row->size == size;
 }
 
-std::optional<std::string_view> PropertyIndex::FindChecksum(std::uint64_t size,
-                                                            std::uint8_t checksum) const {
+std::optional<Evidence> PropertyIndex::FindChecksum(std::uint64_t size,
+                                                    std::uint8_t checksum) const {
   for (auto row = FirstOfSize(size); row != checksums_.end() && row->size == size; ++row) {
-    if (row->checksum == checksum) return row->spy;
+    if (row->checksum == checksum) {
+      return Evidence{row->spy, Certainty::Content, row->source};
+    }
   }
   return {};
 }
@@ -136,21 +140,21 @@ void AdvancedScan::AdvancedFilePropertiesSearch(const Item& item) {
   parts_.log.Trap("AdvancedFilePropertiesSearch", [&]() -> Outcome {
     if (!examined_.insert(item.path).second) return {};
     Outcome outcome;
-    if (const std::optional<std::string_view> spy = Identify(item, &outcome)) {
-      ReportOnce(parts_.sink, FoundFile{item.path}, *spy);
+    if (const std::optional<Evidence> evidence = Identify(item, &outcome)) {
+      ReportOnce(parts_.sink, FoundFile{item.path}, *evidence);
     }
     return outcome.ok() ? Outcome() : std::move(outcome).With("sPath: ", item.path);
   });
 }
 
-// The spy name of the first row that the file answers.
-std::optional<std::string_view> AdvancedScan::Identify(const Item& item, Outcome* outcome) {
+// By the first row that the file answers.
+std::optional<Evidence> AdvancedScan::Identify(const Item& item, Outcome* outcome) {
   if (!parts_.versions.ReadBlock(item.path, &block_).ok()) return {};
   const VersionResource resource(block_, parts_.versions);
   for (const VersionField field : PropertyIndex::kFields) {
     const std::string text = Upper(TrimBlanks(resource.Text(field).value_or("")));
     if (field == kCompanyName && (text.empty() || IsSystemsOwn(item.path, text))) return {};
-    if (const auto spy = index_.FindText(field, text)) return spy;
+    if (const auto evidence = index_.FindText(field, text)) return evidence;
   }
   const std::uint64_t size = SizeOf(item);
   if (!index_.KnowsSize(size)) return {};

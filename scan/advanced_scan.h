@@ -35,12 +35,12 @@ class PropertyIndex {
       kCompanyName, kOriginalFileName, kInternalName, kProductName, kFileDescription};
 
   bool empty() const;
-  // The spy name of the definition that a text of a file answers. `text` is trimmed and
+  // What the definition says that a text of a file answers. `text` is trimmed and
   // upper-cased.
-  std::optional<std::string_view> FindText(VersionField field, std::string_view text) const;
+  std::optional<Evidence> FindText(VersionField field, std::string_view text) const;
   // True when some definition is about a file of this size.
   bool KnowsSize(std::uint64_t size) const;
-  std::optional<std::string_view> FindChecksum(std::uint64_t size, std::uint8_t checksum) const;
+  std::optional<Evidence> FindChecksum(std::uint64_t size, std::uint8_t checksum) const;
 
  private:
   using EqualTable = std::unordered_map<std::string_view, std::uint32_t, NoCaseHash, NoCaseEqual>;
@@ -90,7 +90,7 @@ class AdvancedScan {
   void Search(const std::string& folder, const DirEntry& entry);
   void FollowShortcut(const std::string& link);
   void AdvancedFilePropertiesSearch(const Item& item);
-  std::optional<std::string_view> Identify(const Item& item, Outcome* outcome);
+  std::optional<Evidence> Identify(const Item& item, Outcome* outcome);
   std::uint64_t SizeOf(const Item& item) const;
   bool IsSystemsOwn(std::string_view path, std::string_view company) const;
 

@@ -88,9 +88,10 @@ void CookieScan::Check(const std::string& path, const std::string& name, bool al
   ++progress_.scanned_files;
   if (!IsCookie(path, name)) return;
   if (const auto row = index_.FirstRowIn(name)) {
-    ReportOnce(sink_, FoundCookie{path}, definitions_[*row].spy);
+    const CookieFragment& definition = definitions_[*row];
+    ReportOnce(sink_, FoundCookie{path}, {definition.spy, Certainty::Part, definition.source});
   } else if (all) {
-    ReportOnce(sink_, FoundCookie{path}, "Other");
+    ReportOnce(sink_, FoundCookie{path}, {"Other", Certainty::Beside, DefinitionSource::Setting});
   }
 }
 

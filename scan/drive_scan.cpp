@@ -171,28 +171,34 @@ bool DriveScan::PassesThroughLink(const std::string& folder, std::string_view si
 
 DriveScan::Hit DriveScan::ToHit(const DirEntry& entry) { return {entry.name, entry.IsLink()}; }
 
+Evidence DriveScan::EvidenceOf(std::uint32_t row) const {
+  const SearchedName& definition = index_.Row(row);
+  const bool pattern = definition.name.find_first_of("*?") != std::string_view::npos;
+  return {definition.spy, pattern ? Certainty::Part : Certainty::Name, definition.source};
+}
+
 // `below` is the way from the level to the folder of the hit, mostly empty.
 void DriveScan::Report(const Level& level, std::uint32_t row, const std::string& below,
                        const Hit& hit) {
-  const std::string_view spy = index_.Row(row).spy;
+  const Evidence evidence = EvidenceOf(row);
   const std::string folder = below.empty() ? level.path : AddPathToFileName(level.path, below);
   const std::string path = AddPathToFileName(folder, hit.name);
   if (!index_.IsFolderRow(row)) {
-    ReportOnce(sink_, FoundFile{path}, spy);
+    ReportOnce(sink_, FoundFile{path}, evidence);
     return;
   }
-  ReportOnce(sink_, FoundFolder{path}, spy);
-  if (!hit.link) FindFiles(path, spy);
+  ReportOnce(sink_, FoundFolder{path}, evidence);
+  if (!hit.link) FindFiles(path, {evidence.spy, Certainty::Beside, evidence.source});
 }
 
 // Every file right inside a spy folder is reported with it.
-void DriveScan::FindFiles(const std::string& folder, std::string_view spy) {
+void DriveScan::FindFiles(const std::string& folder, const Evidence& evidence) {
   log_.Trap("FindFiles", [&]() -> Outcome {
     Outcome listed =
         files_.ListNames(AddPathToFileName(folder, kEverything), [&](const DirEntry& entry) {
           if (!pump_.Next()) return false;
           if (entry.IsFolder()) return true;
-          ReportOnce(sink_, FoundFile{AddPathToFileName(folder, entry.name)}, spy);
+          ReportOnce(sink_, FoundFile{AddPathToFileName(folder, entry.name)}, evidence);
           return true;
         });
     return listed.ok() ? Outcome() : std::move(listed).With("sPath: ", folder);

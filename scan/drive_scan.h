@@ -60,8 +60,9 @@ class DriveScan {
   void EnterSubfolder(std::vector<Level>* levels);
   void subFileSearch(const Level& level, std::vector<Match>* matches);
   void Confirm(const Level& level, std::uint32_t row);
+  Evidence EvidenceOf(std::uint32_t row) const;
   void Report(const Level& level, std::uint32_t row, const std::string& below, const Hit& hit);
-  void FindFiles(const std::string& folder, std::string_view spy);
+  void FindFiles(const std::string& folder, const Evidence& evidence);
   bool PassesThroughLink(const std::string& folder, std::string_view signature);
   static Hit ToHit(const DirEntry& entry);
   void SearchOneFile(const std::string& path);

@@ -30,9 +30,10 @@ std::string IdentityOf(const FoundObject& object) {
   return identity + PlaceText(object);
 }
 
-bool ReportOnce(FindingSink& sink, FoundObject object, std::string_view spy) {
+bool ReportOnce(FindingSink& sink, FoundObject object, const Evidence& evidence) {
   if (sink.Contains(object)) return false;
-  sink.AddSpyToListView({std::string(spy), std::move(object)});
+  sink.AddSpyToListView(
+      {std::string(evidence.spy), std::move(object), evidence.certainty, evidence.source});
   return true;
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <variant>
 
+#include "definitions/definition.h"
 #include "machine/registry_place.h"
 
 namespace scourwell {
@@ -65,10 +66,28 @@ inline FindingKind KindOf(const FoundObject& object) {
 // The path of what lies on a disk; null for everything else.
 const std::string* PathOnDisk(const FoundObject& object);
 
+// How a definition knew what it found, the surest way first.
+enum class Certainty : std::uint8_t {
+  Place,    // it names this file, folder, key or value and no other
+  Name,     // the whole name of a file, a folder or a process
+  Content,  // a text or the sum of a program
+  Part,     // a pattern, or a part of a name, of a key or of data
+  Beside,   // nothing of its own: it lies in a folder that was found, or is one of all cookies
+};
+
+// Why a finding is one: the spy whose definition names it.
+struct Evidence {
+  std::string_view spy;
+  Certainty certainty = Certainty::Name;
+  DefinitionSource source = DefinitionSource::File;
+};
+
 // One thing found, under the name of the spy whose definition names it.
 struct Finding {
   std::string spy;
   FoundObject object;
+  Certainty certainty = Certainty::Name;
+  DefinitionSource source = DefinitionSource::File;
   // Whose HKEY_CURRENT_USER or cookies, on a machine that does not run. A running one shows those
   // of one user only, and says nothing here.
   std::string user = {};
@@ -90,6 +109,6 @@ class FindingSink {
 };
 
 // Hands an item over unless it is there already. Returns whether it was new.
-bool ReportOnce(FindingSink& sink, FoundObject object, std::string_view spy);
+bool ReportOnce(FindingSink& sink, FoundObject object, const Evidence& evidence);
 
 }  // namespace scourwell

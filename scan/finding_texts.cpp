@@ -53,6 +53,32 @@ std::vector<std::string> KindTexts(const Captions& captions) {
   return texts;
 }
 
+std::string_view CertaintyWord(Certainty certainty) {
+  switch (certainty) {
+    case Certainty::Place:
+      return "high";
+    case Certainty::Name:
+    case Certainty::Content:
+      return "medium";
+    case Certainty::Part:
+    case Certainty::Beside:
+      break;
+  }
+  return "low";
+}
+
+std::string_view SourceWord(DefinitionSource source) {
+  switch (source) {
+    case DefinitionSource::BuiltIn:
+      return "built-in";
+    case DefinitionSource::Setting:
+      return "setting";
+    case DefinitionSource::File:
+      break;
+  }
+  return "file";
+}
+
 int KindIcon(FindingKind kind) { return RowOf(kind).icon; }
 
 std::string PlaceText(const FoundObject& object) {

@@ -24,6 +24,10 @@ std::optional<FindingKind> KindOfWord(std::string_view word);
 std::string KindText(const Captions& captions, FindingKind kind);
 // Those of all kinds.
 std::vector<std::string> KindTexts(const Captions& captions);
+// The words of files that programs read: "high", "medium" or "low" ...
+std::string_view CertaintyWord(Certainty certainty);
+// ... and "built-in", "file" or "setting".
+std::string_view SourceWord(DefinitionSource source);
 // The picture in the list of results.
 int KindIcon(FindingKind kind);
 

@@ -11,10 +11,11 @@ void Matching::LookUp(const DefinitionList<FixedPlace>& places) {
   refused_ = false;
   for (const FixedPlace& place : places) {
     if (!pump_.Next()) return;
+    const Evidence evidence = {place.spy, Certainty::Place, place.source};
     if (place.item == DiskItem::File) {
-      checkIfFileExistsThenAddToSpyList(place.spy, place.path);
+      checkIfFileExistsThenAddToSpyList(evidence, place.path);
     } else {
-      checkIfFolderExistsThenAddToSpyList(place.spy, place.path);
+      checkIfFolderExistsThenAddToSpyList(evidence, place.path);
     }
   }
 }
@@ -31,25 +32,26 @@ Outcome Matching::Refuse(const std::string& path) {
       .With("Path: ", path);
 }
 
-void Matching::checkIfFileExistsThenAddToSpyList(std::string_view spy, std::string_view path) {
+void Matching::checkIfFileExistsThenAddToSpyList(const Evidence& evidence, std::string_view path) {
   log_.Trap("checkIfFileExistsThenAddToSpyList", [&]() -> Outcome {
     const std::string full = CleanDirString(path, folders_);
     if (full.empty()) return {};
     if (!MayLookUp(full)) return Refuse(full);
     for (const std::string& place : PlacesOf(full, folders_)) {
-      if (FileExists(files_, place)) ReportOnce(sink_, FoundFile{place}, spy);
+      if (FileExists(files_, place)) ReportOnce(sink_, FoundFile{place}, evidence);
     }
     return {};
   });
 }
 
-void Matching::checkIfFolderExistsThenAddToSpyList(std::string_view spy, std::string_view path) {
+void Matching::checkIfFolderExistsThenAddToSpyList(const Evidence& evidence,
+                                                   std::string_view path) {
   log_.Trap("checkIfFolderExistsThenAddToSpyList", [&]() -> Outcome {
     const std::string full = CleanDirString(path, folders_);
     if (full.empty()) return {};
     if (!MayLookUp(full)) return Refuse(full);
     for (const std::string& place : PlacesOf(full, folders_)) {
-      if (FolderExists(files_, place)) ReportOnce(sink_, FoundFolder{place}, spy);
+      if (FolderExists(files_, place)) ReportOnce(sink_, FoundFolder{place}, evidence);
     }
     return {};
   });

@@ -25,8 +25,8 @@ class Matching {
   // The path may hold a folder token. One that is not a plain absolute path is not looked up: a
   // definition names one object, it does not search. Nor is one that leads to another computer. The
   // first of a list is put on record.
-  void checkIfFileExistsThenAddToSpyList(std::string_view spy, std::string_view path);
-  void checkIfFolderExistsThenAddToSpyList(std::string_view spy, std::string_view path);
+  void checkIfFileExistsThenAddToSpyList(const Evidence& evidence, std::string_view path);
+  void checkIfFolderExistsThenAddToSpyList(const Evidence& evidence, std::string_view path);
 
  private:
   bool MayLookUp(const std::string& path) const;

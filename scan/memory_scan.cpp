@@ -92,15 +92,17 @@ void MemoryScan::MatchAll(const DefinitionList<ProcessName>& definitions) {
     const bool bare = !HoldsSeparator(folded);
     for (std::size_t i = 0; i < tasklist_.size() && !parts_.pump.closing(); ++i) {
       const std::string_view compared = compared_[i];
-      if ((bare ? FileNamePart(compared) : compared) == folded) CheckMType(i, definition.spy);
+      if ((bare ? FileNamePart(compared) : compared) == folded) {
+        CheckMType(i, {definition.spy, Certainty::Name, definition.source});
+      }
     }
   }
 }
 
-void MemoryScan::CheckMType(std::size_t index, std::string_view spy) {
+void MemoryScan::CheckMType(std::size_t index, const Evidence& evidence) {
   const ProcessEntry& process = tasklist_[index];
   const FoundProcess found = {process.path, process.id};
-  parts_.log.Trap("CheckMType", [&] { ReportOnce(parts_.sink, found, spy); });
+  parts_.log.Trap("CheckMType", [&] { ReportOnce(parts_.sink, found, evidence); });
   if (!parts_.os.IsWin2K()) return;
   if (tried_[index] || !parts_.sink.Shows(found)) return;
   tried_[index] = true;

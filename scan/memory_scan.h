@@ -54,7 +54,7 @@ class MemoryScan {
   bool Keep(const ProcessEntry& process);
   std::string Compared(const std::string& path) const;
   // A process whose compared text equals the signature.
-  void CheckMType(std::size_t index, std::string_view spy);
+  void CheckMType(std::size_t index, const Evidence& evidence);
   Outcome End(const ProcessEntry& process);
 
   Parts parts_;

@@ -115,22 +115,24 @@ bool RegistryScan::IsSeen(RootKey root, std::string_view path) const {
 }
 
 template <class Found>
-void RegistryScan::Report(Found found, std::string_view spy) {
+void RegistryScan::Report(Found found, const Evidence& evidence) {
   // What the first pass has seen in a shared key is the same thing.
   if (view_.is_64 && view_.shares && IsSharedByViews(FullKeyPath(KeyOf(found))) &&
       sink_.Contains(found)) {
     return;
   }
   found.view64 = view_.is_64;
-  ReportOnce(sink_, std::move(found), spy);
+  ReportOnce(sink_, std::move(found), evidence);
 }
 
 // The first key part that occurs in the examined text names the spy; `found` says what of.
 template <class Found>
 bool RegistryScan::CheckMatching(std::string_view examined, Found&& found) {
   const auto row = index_.FirstRowIn(examined);
-  if (row) Report(found(), lists_.key_parts[*row].spy);
-  return row.has_value();
+  if (!row) return false;
+  const KeyPart& definition = lists_.key_parts[*row];
+  Report(found(), {definition.spy, Certainty::Part, definition.source});
+  return true;
 }
 
 void RegistryScan::QuickPass() {
@@ -210,7 +212,9 @@ void RegistryScan::CheckRegistryKType(const NamedKey& definition) {
     ++progress_.scanned_keys;
     RegStatus opened = registry_.TryOpen(*root, path, kKeyAllRights);
     if (opened == kRegAccessDenied) opened = registry_.TryOpen(*root, path, kKeyRead);
-    if (opened == kRegOk) Report(FoundKey{{*root, path}}, definition.spy);
+    if (opened == kRegOk) {
+      Report(FoundKey{{*root, path}}, {definition.spy, Certainty::Place, definition.source});
+    }
     return Refusal(opened, *root, path);
   });
 }
@@ -236,7 +240,8 @@ void RegistryScan::CheckNamedValue(const NamedValue& definition) {
   const std::string name(definition.name);
   if (!IsSeen(*root, path)) return;
   if (registry_.QueryValue(*root, path, name, &value) != kRegOk) return;
-  Report(FoundValue{{*root, path}, name, ValueToText(value)}, definition.spy);
+  Report(FoundValue{{*root, path}, name, ValueToText(value)},
+         {definition.spy, Certainty::Place, definition.source});
 }
 
 void RegistryScan::WalkValues(RootKey root, const std::string& path, bool steps) {

@@ -60,7 +60,7 @@ class RegistryScan {
   template <class Found>
   bool CheckMatching(std::string_view examined, Found&& found);
   template <class Found>
-  void Report(Found found, std::string_view spy);
+  void Report(Found found, const Evidence& evidence);
   bool IsSeen(RootKey root, std::string_view path) const;
   void ShowKey(RootKey root, const std::string& path);
 

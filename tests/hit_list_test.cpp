@@ -168,8 +168,8 @@ TEST_SUITE("hit_list") {
 
   TEST_CASE("an item is reported once whatever its case") {
     Results r;
-    CHECK(ReportOnce(r.hits, FoundFile{"C:\\Evil.exe"}, "spy"));
-    CHECK_FALSE(ReportOnce(r.hits, FoundFile{"c:\\EVIL.EXE"}, "other"));
+    CHECK(ReportOnce(r.hits, FoundFile{"C:\\Evil.exe"}, {"spy"}));
+    CHECK_FALSE(ReportOnce(r.hits, FoundFile{"c:\\EVIL.EXE"}, {"other"}));
     CHECK(r.hits.size() == 1);
     CHECK(r.Details() == "C:\\Evil.exe ");
   }
@@ -328,8 +328,8 @@ TEST_SUITE("hit_list") {
     r.Add(FoundProcess{"C:\\spy.exe", 7});
     CHECK(r.hits.Contains(FoundProcess{"C:\\SPY.exe", 7}));
     CHECK_FALSE(r.hits.Contains(FoundProcess{"C:\\spy.exe", 8}));
-    CHECK(ReportOnce(r.hits, FoundFile{"C:\\Spy.exe"}, "spy"));
-    CHECK_FALSE(ReportOnce(r.hits, FoundCookie{"C:\\spy.exe"}, "spy"));
+    CHECK(ReportOnce(r.hits, FoundFile{"C:\\Spy.exe"}, {"spy"}));
+    CHECK_FALSE(ReportOnce(r.hits, FoundCookie{"C:\\spy.exe"}, {"spy"}));
   }
 }
 

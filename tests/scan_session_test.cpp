@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "tests/session_support.h"
 
+#include <map>
 #include <set>
 
+#include "scan/finding_texts.h"
 #include "tests/fake/version_block.h"
 #include "text/captions.h"
+#include "text/paths.h"
 
 namespace scourwell::test {
 namespace {
@@ -256,6 +259,58 @@ TEST_SUITE("scan_session") {
       CHECK(s.m.versions.journal.size() == (advanced ? 1 : 0));
       CHECK(s.lists.program_texts.empty());
       CHECK(s.m.Errors() == "");
+    }
+  }
+
+  TEST_CASE("a finding says how it is known, and whose word that is") {
+    Session s;
+    s.folders.windows = "D:\\WINDOWS";
+    s.settings.AdvancedScanning = s.settings.AllCookies = true;
+    s.settings.CookiesFolder = "D:\\Cookies\\";
+    for (const char* file : {"D:\\WINDOWS\\placed.exe", "D:\\sub\\anadsc.ocx", "D:\\sub\\wild7.dll",
+                             "D:\\sub\\program.exe", "D:\\part.exe", "D:\\Sfolder\\inside.txt",
+                             "D:\\Cookies\\me@spylog[1].txt", "D:\\Cookies\\me@news[1].txt"}) {
+      s.m.File(file);
+    }
+    s.m.versions.blocks["D:\\sub\\program.exe"] =
+        VersionBlock().Text("CompanyName", "Evil Inc.").Make();
+    s.m.versions.blocks["D:\\part.exe"] = VersionBlock().Text("CompanyName", "My Nasty Ltd").Make();
+    s.m.registry.Make(RootKey::LocalMachine, "Software\\Spy");
+    s.m.registry.Make(RootKey::CurrentUser, "Software\\Microsoft\\Internet Explorer\\Main")
+        .Value("Start Page", "http://nasty.example");
+    s.m.processes.running = {{"D:\\run.exe", 7, 32}};
+    s.definitions.Entry("SAFI", {"SAFITD", "SAFISD"}, {"P", "%WIN%\\placed.exe"})
+        .Entry("SAFI", {"SAFIT", "SAFIS"}, {"W", "wild?.dll"})
+        .Entry("SCE", {"SCET", "SCEV"}, {"C", "evil inc."})
+        .Entry("SCW", {"SCWT", "SCWV"}, {"I", "nasty"})
+        .Entry("REGK", {"REGKT", "REGKK"}, {"R", "HKEY_LOCAL_MACHINE\\Software\\Spy"})
+        .Entry("REGS", {"REGST", "REGSK"}, {"K", "nasty.example"})
+        .Entry("MEMA", {"MEMAT", "MEMAF"}, {"M", "run.exe"})
+        .Entry("COOK", {"COOKT", "COOKC"}, {"L", "spylog"});
+    s.WriteDefinitions();
+    s.session.StartScan(s.scope);
+    std::map<std::string, std::string> said;
+    for (const Finding& finding : s.sink.found) {
+      const std::string place = PlaceText(finding.object);
+      said[finding.spy + " " + std::string(FileNamePart(place))] =
+          std::string(CertaintyWord(finding.certainty)) + " " +
+          std::string(SourceWord(finding.source));
+    }
+    for (const auto& [finding, words] :
+         Rows<std::string, const char*>{{"P placed.exe", "high file"},
+                                        {"R Spy", "high file"},
+                                        {"Aureate anadsc.ocx", "medium built-in"},
+                                        {"M run.exe", "medium file"},
+                                        {"C program.exe", "medium file"},
+                                        {"S Sfolder", "medium file"},
+                                        {"S inside.txt", "low file"},
+                                        {"W wild7.dll", "low file"},
+                                        {"I part.exe", "low file"},
+                                        {"K Start Page", "low file"},
+                                        {"L me@spylog[1].txt", "low file"},
+                                        {"Other me@news[1].txt", "low setting"}}) {
+      CAPTURE(finding);
+      CHECK(said[finding] == words);
     }
   }
 

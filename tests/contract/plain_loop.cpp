@@ -101,7 +101,7 @@ class Loop {
   }
 
   void Add(const SearchedName& row, const FoundObject& object) {
-    ReportOnce(found_, object, row.spy);
+    ReportOnce(found_, object, {row.spy});
   }
 
   Files& files_;
