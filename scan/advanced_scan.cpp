@@ -15,6 +15,8 @@ std::string_view LastFour(std::string_view name) {
   return name.substr(name.size() - std::min<std::size_t>(name.size(), 4));
 }
 
+bool IsShortcut(std::string_view name) { return LastFour(name) == ".lnk"; }
+
 bool IsProgram(std::string_view name) {
   const std::string extension = Upper(LastFour(name));
   return extension == ".EXE" || extension == ".DLL" || extension == ".OCX";
@@ -81,34 +83,23 @@ std::optional<Evidence> PropertyIndex::FindChecksum(std::uint64_t size,
   return {};
 }
 
-void AdvancedScan::searchFilesAdvanced(const std::string& folder) {
-  parts_.log.Trap("searchFilesAdvanced", [&]() -> Outcome {
-    const std::string caption = parts_.captions.Text(Caption::AdvancedScanning) + " - ";
-    Outcome listed =
-        parts_.files.ListNames(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
-          parts_.progress.lblScan = caption + entry.name;
-          if (!parts_.pump.Next()) return false;
-          if (!entry.IsFolder()) Search(folder, entry);
-          return true;
-        });
-    if (listed.ok()) return {};
-    return std::move(listed).With("sFolder: ", folder);
+bool AdvancedScan::Wants(const DirEntry& entry) const {
+  if (entry.IsFolder() || index_.empty()) return false;
+  return IsShortcut(entry.name) || IsProgram(entry.name);
+}
+
+void AdvancedScan::searchFilesAdvanced(const std::string& folder, const Candidate& candidate) {
+  parts_.log.Trap("searchFilesAdvanced", [&] {
+    parts_.progress.lblScan =
+        parts_.captions.Text(Caption::AdvancedScanning) + " - " + candidate.name;
+    if (!parts_.pump.Next()) return;
+    const std::string path = AddPathToFileName(folder, candidate.name);
+    if (IsShortcut(candidate.name)) {
+      FollowShortcut(path);
+    } else {
+      AdvancedFilePropertiesSearch({path, candidate.size});
+    }
   });
-}
-
-void AdvancedScan::SearchFile(const std::string& folder, const DirEntry& entry) {
-  parts_.log.Trap("searchFilesAdvanced", [&] { Search(folder, entry); });
-}
-
-void AdvancedScan::Search(const std::string& folder, const DirEntry& entry) {
-  const bool shortcut = LastFour(entry.name) == ".lnk";
-  if (index_.empty() || (!shortcut && !IsProgram(entry.name))) return;
-  const std::string path = AddPathToFileName(folder, entry.name);
-  if (shortcut) {
-    FollowShortcut(path);
-  } else {
-    AdvancedFilePropertiesSearch({path, entry.size});
-  }
 }
 
 void AdvancedScan::FollowShortcut(const std::string& link) {

@@ -76,10 +76,15 @@ class AdvancedScan {
 
   explicit AdvancedScan(const Parts& parts) : parts_(parts), index_(parts.lists) {}
 
-  // Examines the program files right inside a folder and those that its shortcuts lead to.
-  void searchFilesAdvanced(const std::string& folder);
-  // The same for one entry of a folder.
-  void SearchFile(const std::string& folder, const DirEntry& entry);
+  // A file that has to be looked into: a program or a shortcut.
+  struct Candidate {
+    std::string name;
+    std::uint64_t size = 0;
+  };
+  // True for an entry that is one, unless no definition could be answered anyway.
+  bool Wants(const DirEntry& entry) const;
+  // Examines a program right inside a folder, or the one that a shortcut there leads to.
+  void searchFilesAdvanced(const std::string& folder, const Candidate& candidate);
 
  private:
   struct Item {
@@ -87,7 +92,6 @@ class AdvancedScan {
     std::uint64_t size = 0;
   };
 
-  void Search(const std::string& folder, const DirEntry& entry);
   void FollowShortcut(const std::string& link);
   void AdvancedFilePropertiesSearch(const Item& item);
   std::optional<Evidence> Identify(const Item& item, Outcome* outcome);

@@ -1,235 +1,252 @@
 // SPDX-License-Identifier: MIT
 #include "scan/drive_scan.h"
 
-#include <algorithm>
-
 #include "machine/file_utils.h"
-#include "scan/name_pattern.h"
 #include "text/text.h"
 
 namespace scourwell {
 namespace {
 
-constexpr std::string_view kEverything = "*.*";
+// A walk does not know its end: its measure is the share that is through.
+constexpr std::uint32_t kWalkSteps = 1'000'000;
+
+std::vector<std::string> Paths(const auto& roots) {
+  std::vector<std::string> paths;
+  for (const auto& root : roots) paths.push_back(root.path);
+  return paths;
+}
 
 }  // namespace
 
-DriveScan::DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& captions,
-                     FindingSink& sink, ScanProgress& progress,
-                     const DefinitionList<SearchedName>& list)
-    : files_(files),
-      pump_(pump),
-      log_(log),
-      captions_(captions),
-      sink_(sink),
-      progress_(progress),
-      index_(list) {
-  if (index_.unusable() == 0) return;
-  log_.LogFailure(Outcome::Failed(kBadFileName, std::to_string(index_.unusable()) +
-                                                    " signatures cannot be searched for")
-                      .With("First: ", index_.first_unusable()),
-                  "subFileSearch");
-}
+DriveScan::DriveScan(const Parts& parts, const DefinitionList<SearchedName>& folder_pass,
+                     const DefinitionList<SearchedName>& file_pass, AdvancedScan* advanced,
+                     std::size_t most_noted)
+    : parts_(parts),
+      folder_pass_(parts.files, parts.pump, parts.log, parts.sink, folder_pass),
+      file_pass_(parts.files, parts.pump, parts.log, parts.sink, file_pass),
+      advanced_(advanced),
+      notes_(most_noted) {}
 
 void DriveScan::ScanDrives(const ScanScope& scope) {
-  log_.Trap("ScanDrives", [&] {
-    for (std::size_t i = 1; i <= scope.count(); ++i) {
-      if (!scope.IsDrive(i) || !scope.ticked(i)) continue;
-      const ScanScope::Node& node = scope.node(i);
-      if (!files_.IsReady(node.key)) continue;
-      progress_.lblScanOption = captions_.Text(Caption::ScanningDrive) + " - " +
-                                node.text.substr(0, 2) + " (" +
-                                std::string(TrimBlanks(node.text.substr(2))) + ") ...";
-      if (!pump_.Next()) return;
-      subShowFolderList(node.key);
-    }
-  });
-}
-
-void DriveScan::ScanPath(const std::string& path) {
-  log_.Trap("ScanFolder", [&]() -> Outcome {
-    DirEntry entry;
-    const bool is_root = path.size() == 3 && IsAbsolutePath(path);
-    if (is_root || FolderExists(files_, path)) {
-      subShowFolderList(path);
-      return {};
-    }
-    Outcome found = files_.Stat(path, &entry);
-    if (!found.ok()) return std::move(found).With("sPath: ", path);
-    SearchOneFile(path);
-    return {};
-  });
-}
-
-void DriveScan::subShowFolderList(const std::string& root) {
-  if (goal_) goal_->Enter(root);
-  std::vector<Level> levels;
-  Enter(root, &levels);
-  while (!levels.empty() && !pump_.closing()) {
-    if (levels.back().next == levels.back().subfolders.size()) {
-      levels.pop_back();
-    } else {
-      EnterSubfolder(&levels);
-    }
+  for (std::size_t i = 1; i <= scope.count(); ++i) {
+    if (!scope.IsDrive(i) || !scope.ticked(i)) continue;
+    const ScanScope::Node& node = scope.node(i);
+    roots_.push_back({node.key,
+                      parts_.captions.Text(Caption::ScanningDrive) + " - " +
+                          node.text.substr(0, 2) + " (" +
+                          std::string(TrimBlanks(node.text.substr(2))) + ") ...",
+                      true});
   }
-  if (goal_ && !pump_.closing()) goal_->Leave();
+  parts_.log.Trap("ScanDrives", [&] { WalkFolders(); });
 }
 
-// Lists one folder, compares its entries and puts it on the way down.
-void DriveScan::Enter(std::string path, std::vector<Level>* levels) {
-  if (!pump_.Next()) return;
-  Level level{std::move(path), {}, 0};
-  std::vector<Match> matches;
-  progress_.lblScan = level.path;
-  ++progress_.lblSFolders;
-  ++progress_.scanned_folders;
-  log_.Trap("subShowFolderList", [&]() -> Outcome {
-    Outcome outcome = ListFolder(&level, &matches);
-    if (outcome.ok()) return {};
-    return std::move(outcome)
-        .With("File Name: ", FileNamePart(level.path))
-        .With("sFolder: ", level.path);
-  });
-  if (pump_.closing()) return;
-  subFileSearch(level, &matches);
-  if (goal_ && !pump_.closing()) goal_->FolderDone();
-  levels->push_back(std::move(level));
+void DriveScan::ScanPaths(const std::vector<std::string>& paths) {
+  for (const std::string& path : paths) roots_.push_back({path, {}, false});
+  WalkFolders();
 }
 
-Outcome DriveScan::ListFolder(Level* level, std::vector<Match>* matches) {
-  std::vector<SignatureIndex::Nomination> nominations;
-  return files_.ListNames(AddPathToFileName(level->path, kEverything), [&](const DirEntry& entry) {
-    if (!pump_.Next()) return false;
-    nominations.clear();
-    index_.Nominate(entry, &nominations);
-    for (const SignatureIndex::Nomination& nomination : nominations) {
-      matches->push_back(
-          {nomination.row, nomination.certain, nomination.certain ? ToHit(entry) : Hit()});
-    }
-    if (!entry.IsFolder()) {
-      ++progress_.scanned_files;
-    } else if (!DoWeSkipThisFolder(level->path, entry)) {
-      level->subfolders.push_back(entry.name);
-    }
-    return true;
-  });
-}
-
-void DriveScan::EnterSubfolder(std::vector<Level>* levels) {
-  Level& parent = levels->back();
-  // A copy: entering grows the vector that holds the level.
-  std::string path = AddPathToFileName(parent.path, parent.subfolders[parent.next++]);
-  Enter(std::move(path), levels);
-}
-
-// Row order first, then listing order, as if every row had been listed on its own.
-void DriveScan::subFileSearch(const Level& level, std::vector<Match>* matches) {
-  if (advanced_) advanced_->searchFilesAdvanced(level.path);
-  ++progress_.lblFScan;
-  std::stable_sort(matches->begin(), matches->end(),
-                   [](const Match& a, const Match& b) { return a.row < b.row; });
-  log_.Trap("subFileSearch", [&] {
-    std::uint32_t confirmed = 0xFFFFFFFF;
-    for (const Match& match : *matches) {
-      if (!pump_.Next()) return;
-      if (match.certain) {
-        Report(level, match.row, {}, match.hit);
-      } else if (match.row != confirmed) {
-        confirmed = match.row;
-        Confirm(level, match.row);
+void DriveScan::WalkFolders() {
+  folder_pass_.RecordUnusable();
+  FolderWalk walk(Paths(roots_));
+  PhaseMeter& phase = parts_.progress.phase;
+  while (!parts_.pump.closing() && walk.Next()) {
+    if (walk.at_root()) {
+      if (!EnterRoot(walk, [&](const DirEntry& file) { EnterFile(walk, file); })) continue;
+      if (phase.total() == 0) {
+        phase.Begin(kWalkSteps);
+        phase.BeginPortion(kWalkSteps);
       }
     }
-  });
+    phase.Reach(walk.done());
+    EnterFolder(&walk);
+  }
+  if (!parts_.pump.closing()) phase.EndPortion();
 }
 
-void DriveScan::Confirm(const Level& level, std::uint32_t row) {
-  const std::string signature = NormalizeSignature(index_.Row(row).name);
-  if (PassesThroughLink(level.path, signature)) return;
-  const std::string pattern = AddPathToFileName(level.path, signature);
-  // The names lie in the folder that the signature's own path leads to.
-  const std::string below(FolderPart(signature));
-  const Outcome listed = files_.List(pattern, [&](const DirEntry& entry) {
-    if (!pump_.Next()) return false;
-    if (entry.IsFolder() == index_.IsFolderRow(row)) Report(level, row, below, ToHit(entry));
-    return true;
-  });
-  if (listed.ok() || listed.code() == kPathNotFound) return;  // the path may just not be there
-  log_.LogFailure(Outcome(listed).With("retFolderName: ", signature).With("sPath: ", level.path),
-                  "subFileSearch");
-}
-
-// True when a folder on the way of a relative signature is a link: its content lies elsewhere.
-bool DriveScan::PassesThroughLink(const std::string& folder, std::string_view signature) {
-  for (std::size_t slash = FindSeparator(signature); slash != std::string_view::npos;
-       slash = FindSeparator(signature, slash + 1)) {
+// True for a folder that is there. A file is handed to `on_file`.
+template <class OnFile>
+bool DriveScan::EnterRoot(const FolderWalk& walk, OnFile&& on_file) {
+  const Root& root = roots_[walk.root()];
+  if (root.drive) {
+    if (!parts_.files.IsReady(root.path)) return false;
+    parts_.progress.lblScanOption = root.label;
+    return parts_.pump.Next();
+  }
+  bool folder = false;
+  parts_.log.Trap("ScanFolder", [&]() -> Outcome {
+    const bool drive_root = root.path.size() == 3 && IsAbsolutePath(root.path);
+    folder = drive_root || FolderExists(parts_.files, root.path);
+    if (folder) return {};
     DirEntry entry;
-    const std::string part = AddPathToFileName(folder, signature.substr(0, slash));
-    if (files_.Stat(part, &entry).ok() && entry.IsLink()) return true;
-  }
-  return false;
+    Outcome found = parts_.files.Stat(root.path, &entry);
+    if (!found.ok()) return std::move(found).With("sPath: ", root.path);
+    on_file(entry);
+    return {};
+  });
+  return folder;
 }
 
-DriveScan::Hit DriveScan::ToHit(const DirEntry& entry) { return {entry.name, entry.IsLink()}; }
-
-Evidence DriveScan::EvidenceOf(std::uint32_t row) const {
-  const SearchedName& definition = index_.Row(row);
-  const bool pattern = definition.name.find_first_of("*?") != std::string_view::npos;
-  return {definition.spy, pattern ? Certainty::Part : Certainty::Name, definition.source};
+// Lists one folder, compares its entries with the rows of the folder pass and notes what the file
+// pass has to look at.
+void DriveScan::EnterFolder(FolderWalk* walk) {
+  if (!parts_.pump.Next()) return;
+  FolderNote note;
+  note.folder = walk->folder();
+  note.root = walk->root();
+  std::vector<NameMatch> matches;
+  std::vector<std::string> subfolders;
+  subShowFolderList(note.folder, &subfolders, [&](const DirEntry& entry) {
+    folder_pass_.Nominate(entry, &matches);
+    if (!rest_) Note(entry, &note);
+  });
+  if (parts_.pump.closing()) return;
+  ++parts_.progress.lblFScan;
+  folder_pass_.Report(note.folder, &matches);
+  Keep(std::move(note), *walk);
+  walk->Descend(std::move(subfolders));
 }
 
-// `below` is the way from the level to the folder of the hit, mostly empty.
-void DriveScan::Report(const Level& level, std::uint32_t row, const std::string& below,
-                       const Hit& hit) {
-  const Evidence evidence = EvidenceOf(row);
-  const std::string folder = below.empty() ? level.path : AddPathToFileName(level.path, below);
-  const std::string path = AddPathToFileName(folder, hit.name);
-  if (!index_.IsFolderRow(row)) {
-    ReportOnce(sink_, FoundFile{path}, evidence);
-    return;
-  }
-  ReportOnce(sink_, FoundFolder{path}, evidence);
-  if (!hit.link) FindFiles(path, {evidence.spy, Certainty::Beside, evidence.source});
+void DriveScan::EnterFile(const FolderWalk& walk, const DirEntry& file) {
+  FolderNote note = NoteOfFile(walk);
+  std::vector<NameMatch> matches;
+  folder_pass_.Nominate(file, &matches);
+  folder_pass_.Report(note.folder, &matches, note.only);
+  if (!rest_) Note(file, &note);
+  Keep(std::move(note), walk);
 }
 
-// Every file right inside a spy folder is reported with it.
-void DriveScan::FindFiles(const std::string& folder, const Evidence& evidence) {
-  log_.Trap("FindFiles", [&]() -> Outcome {
+FolderNote DriveScan::NoteOfFile(const FolderWalk& walk) {
+  const std::string& path = walk.folder();
+  parts_.progress.lblScan = path;
+  ++parts_.progress.scanned_files;
+  FolderNote note;
+  note.folder = FolderPart(path);
+  if (note.folder.size() == 2) note.folder += "\\";
+  note.only = FileNamePart(path);
+  note.root = walk.root();
+  return note;
+}
+
+// Lists a folder on the way down.
+template <class Visit>
+void DriveScan::subShowFolderList(const std::string& folder, std::vector<std::string>* subfolders,
+                                  Visit&& visit) {
+  parts_.progress.lblScan = folder;
+  ++parts_.progress.lblSFolders;
+  ++parts_.progress.scanned_folders;
+  parts_.log.Trap("subShowFolderList", [&]() -> Outcome {
     Outcome listed =
-        files_.ListNames(AddPathToFileName(folder, kEverything), [&](const DirEntry& entry) {
-          if (!pump_.Next()) return false;
-          if (entry.IsFolder()) return true;
-          ReportOnce(sink_, FoundFile{AddPathToFileName(folder, entry.name)}, evidence);
+        parts_.files.ListNames(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
+          if (!parts_.pump.Next()) return false;
+          visit(entry);
+          if (!entry.IsFolder()) {
+            ++parts_.progress.scanned_files;
+          } else if (!DoWeSkipThisFolder(folder, entry)) {
+            subfolders->push_back(entry.name);
+          }
           return true;
         });
-    return listed.ok() ? Outcome() : std::move(listed).With("sPath: ", folder);
+    if (listed.ok()) return {};
+    return std::move(listed).With("File Name: ", FileNamePart(folder)).With("sFolder: ", folder);
   });
 }
 
-void DriveScan::SearchOneFile(const std::string& path) {
-  const std::string folder(FolderPart(path));
-  const Level level{folder.size() == 2 ? folder + "\\" : folder, {}, 0};
-  progress_.lblScan = path;
-  ++progress_.scanned_files;
-  DirEntry entry;
-  if (!files_.Stat(path, &entry).ok()) return;
-  if (advanced_) advanced_->SearchFile(level.path, entry);
-  std::vector<SignatureIndex::Nomination> nominations;
-  index_.Nominate(entry, &nominations);
-  std::stable_sort(nominations.begin(), nominations.end(),
-                   [](const auto& a, const auto& b) { return a.row < b.row; });
-  for (const SignatureIndex::Nomination& nomination : nominations) {
-    bool certain = nomination.certain;
-    if (!certain) {
-      const Outcome listed = files_.List(
-          AddPathToFileName(level.path, NormalizeSignature(index_.Row(nomination.row).name)),
-          [&](const DirEntry& found) {
-            certain = EqualsNoCase(found.name, entry.name);
-            return !certain;
-          });
-      if (!listed.ok()) continue;
-    }
-    if (certain) Report(level, nomination.row, {}, ToHit(entry));
+void DriveScan::Note(const DirEntry& entry, FolderNote* note) {
+  file_pass_.Nominate(entry, &note->matches);
+  if (advanced_ && advanced_->Wants(entry)) note->programs.push_back({entry.name, entry.size});
+}
+
+void DriveScan::Keep(FolderNote note, const FolderWalk& walk) {
+  if (rest_) return;
+  note.folders = parts_.progress.scanned_folders;
+  note.files = parts_.progress.scanned_files;
+  const bool empty = note.empty();
+  if (!empty && !notes_.Add(std::move(note))) {
+    rest_ = walk.FromHere();
+    return;
   }
+  folders_ = parts_.progress.scanned_folders;
+  files_ = parts_.progress.scanned_files;
+}
+
+void DriveScan::ScanFiles() {
+  file_pass_.RecordUnusable();
+  const std::uint32_t noted = notes_.steps();
+  // The notes stand for the share of the walk that they speak of.
+  const double through = rest_ ? rest_->done() : 1;
+  const double rest = noted * (1 - through) / std::max(through, 0.01);
+  const auto steps = static_cast<std::uint32_t>(rest);
+  parts_.progress.phase.Begin(noted + steps);
+  parts_.progress.phase.BeginPortion(noted);
+  SearchNoted();
+  if (parts_.pump.closing()) return;
+  parts_.progress.phase.EndPortion();
+  ShowSeen(folders_, files_);
+  parts_.progress.phase.BeginPortion(steps);
+  if (rest_) WalkRest(through);
+  if (!parts_.pump.closing()) parts_.progress.phase.EndPortion();
+}
+
+void DriveScan::SearchNoted() {
+  std::size_t shown = roots_.size();
+  for (FolderNote& note : notes_) {
+    if (!parts_.pump.Next()) return;
+    if (note.root != shown) ShowRoot(shown = note.root);
+    parts_.progress.lblScan = note.folder;
+    ShowSeen(note.folders, note.files);
+    file_pass_.DropVanished(note.folder, &note.matches);
+    subFileSearch(&note);
+    if (parts_.pump.closing()) return;
+    parts_.progress.phase.Step();
+  }
+}
+
+// `begin`: the share of the walk that lies before it.
+void DriveScan::WalkRest(double begin) {
+  FolderWalk& walk = *rest_;
+  if (!walk.at_root()) ShowRoot(walk.root());
+  while (!parts_.pump.closing() && walk.Next()) {
+    const auto on_file = [&](const DirEntry& file) {
+      FolderNote note = NoteOfFile(walk);
+      Note(file, &note);
+      subFileSearch(&note);
+    };
+    if (walk.at_root() && !EnterRoot(walk, on_file)) continue;
+    parts_.progress.phase.Reach((walk.done() - begin) / (1 - begin));
+    SearchFolder(&walk);
+  }
+}
+
+// One folder of the file pass that was not noted.
+void DriveScan::SearchFolder(FolderWalk* walk) {
+  if (!parts_.pump.Next()) return;
+  FolderNote note;
+  note.folder = walk->folder();
+  std::vector<std::string> subfolders;
+  subShowFolderList(note.folder, &subfolders, [&](const DirEntry& entry) { Note(entry, &note); });
+  if (parts_.pump.closing()) return;
+  subFileSearch(&note);
+  walk->Descend(std::move(subfolders));
+}
+
+void DriveScan::subFileSearch(FolderNote* note) {
+  for (const AdvancedScan::Candidate& program : note->programs) {
+    advanced_->searchFilesAdvanced(note->folder, program);
+    parts_.progress.phase.Step();
+  }
+  ++parts_.progress.lblFScan;
+  file_pass_.Report(note->folder, &note->matches, note->only);
+}
+
+void DriveScan::ShowRoot(std::size_t root) {
+  if (!roots_[root].label.empty()) parts_.progress.lblScanOption = roots_[root].label;
+}
+
+// What the walk had seen by then.
+void DriveScan::ShowSeen(std::uint32_t folders, std::uint32_t files) {
+  parts_.progress.lblSFolders = parts_.progress.scanned_folders = folders;
+  parts_.progress.lblFScan = folders;
+  parts_.progress.scanned_files = files;
 }
 
 }  // namespace scourwell

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,73 +10,77 @@
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "scan/advanced_scan.h"
+#include "scan/file_notes.h"
 #include "scan/finding.h"
+#include "scan/folder_walk.h"
+#include "scan/name_search.h"
 #include "scan/scan_progress.h"
 #include "scan/scan_scope.h"
-#include "scan/signature_index.h"
-#include "scan/walk_goal.h"
 #include "text/captions.h"
 
 namespace scourwell {
 
-// One pass over folders: every folder is listed once and its entries are compared with the
-// searched rows of `list`, which must stay unchanged as long as the pass lives.
+// The folder pass and the file pass over drives or folders. To whoever looks on they follow each
+// other; the disk is listed once: the first pass compares each listing with the rows of both and
+// notes what the second has to look at. When the notes are full, the second walks the rest itself.
 class DriveScan {
  public:
-  DriveScan(Files& files, Pump& pump, ErrorLog& log, const Captions& captions, FindingSink& sink,
-            ScanProgress& progress, const DefinitionList<SearchedName>& list);
+  struct Parts {
+    Files& files;
+    Pump& pump;
+    ErrorLog& log;
+    const Captions& captions;
+    FindingSink& sink;
+    ScanProgress& progress;
+  };
 
-  // Files of every folder are examined as well, before its rows are searched.
-  void Examine(AdvancedScan* advanced) { advanced_ = advanced; }
+  // The lists must stay unchanged as long as the scan lives. `advanced`, when there is one, looks
+  // into the programs of each folder before the rows of the file pass are looked for.
+  DriveScan(const Parts& parts, const DefinitionList<SearchedName>& folder_pass,
+            const DefinitionList<SearchedName>& file_pass, AdvancedScan* advanced = nullptr,
+            std::size_t most_noted = FileNotes::kMostBytes);
 
-  // The first of two passes counts for it, the second is measured by it.
-  void MeasureBy(WalkGoal* goal) { goal_ = goal; }
-
-  // Walks the ticked drives that are ready, in tree order.
+  // The folder pass: over the ticked drives that are ready, in tree order, ...
   void ScanDrives(const ScanScope& scope);
-  // Walks a folder and everything below it; a path that names a file is compared alone.
-  void ScanPath(const std::string& path);
+  // ... or over folders and everything below them; a path that names a file is compared alone.
+  void ScanPaths(const std::vector<std::string>& paths);
+  // The file pass over what the folder pass has walked.
+  void ScanFiles();
 
  private:
-  // An entry that answers a row.
-  struct Hit {
-    std::string name;
-    bool link = false;
-  };
-  // One folder on the way down.
-  struct Level {
+  struct Root {
     std::string path;
-    std::vector<std::string> subfolders;
-    std::size_t next = 0;
-  };
-  struct Match {
-    std::uint32_t row;
-    bool certain;
-    Hit hit;
+    std::string label;  // shown while it is walked
+    bool drive = false;
   };
 
-  void subShowFolderList(const std::string& root);
-  void Enter(std::string path, std::vector<Level>* levels);
-  Outcome ListFolder(Level* level, std::vector<Match>* matches);
-  void EnterSubfolder(std::vector<Level>* levels);
-  void subFileSearch(const Level& level, std::vector<Match>* matches);
-  void Confirm(const Level& level, std::uint32_t row);
-  Evidence EvidenceOf(std::uint32_t row) const;
-  void Report(const Level& level, std::uint32_t row, const std::string& below, const Hit& hit);
-  void FindFiles(const std::string& folder, const Evidence& evidence);
-  bool PassesThroughLink(const std::string& folder, std::string_view signature);
-  static Hit ToHit(const DirEntry& entry);
-  void SearchOneFile(const std::string& path);
+  void WalkFolders();
+  template <class OnFile>
+  bool EnterRoot(const FolderWalk& walk, OnFile&& on_file);
+  void EnterFolder(FolderWalk* walk);
+  void EnterFile(const FolderWalk& walk, const DirEntry& file);
+  FolderNote NoteOfFile(const FolderWalk& walk);
+  template <class Visit>
+  void subShowFolderList(const std::string& folder, std::vector<std::string>* subfolders,
+                         Visit&& visit);
+  void Note(const DirEntry& entry, FolderNote* note);
+  void Keep(FolderNote note, const FolderWalk& walk);
+  void SearchNoted();
+  void WalkRest(double begin);
+  void SearchFolder(FolderWalk* walk);
+  void subFileSearch(FolderNote* note);
+  void ShowRoot(std::size_t root);
+  void ShowSeen(std::uint32_t folders, std::uint32_t files);
 
-  Files& files_;
-  Pump& pump_;
-  ErrorLog& log_;
-  const Captions& captions_;
-  FindingSink& sink_;
-  ScanProgress& progress_;
-  SignatureIndex index_;
-  AdvancedScan* advanced_ = nullptr;
-  WalkGoal* goal_ = nullptr;
+  Parts parts_;
+  NameSearch folder_pass_;
+  NameSearch file_pass_;
+  AdvancedScan* advanced_;
+  std::vector<Root> roots_;
+  FileNotes notes_;
+  std::optional<FolderWalk> rest_;  // what did not fit into the notes
+  std::uint32_t folders_ = 0;       // that the notes speak for
+  std::uint32_t files_ = 0;
 };
 
 }  // namespace scourwell

@@ -15,12 +15,22 @@ class PhaseMeter {
   void Begin(std::uint32_t total) {
     ++number_;
     total_ = total;
-    done_ = portion_end_ = 0;
+    done_ = portion_begin_ = portion_end_ = 0;
   }
   // The next `steps` of the total belong together.
-  void BeginPortion(std::uint32_t steps) { portion_end_ = done_ + std::min(steps, total_ - done_); }
+  void BeginPortion(std::uint32_t steps) {
+    portion_begin_ = done_;
+    portion_end_ = done_ + std::min(steps, total_ - done_);
+  }
   void Step() {
     if (portion_end_ > done_ + 1) ++done_;
+  }
+  // A part of the portion, from 0 to 1, is done.
+  void Reach(double part) {
+    const auto size = static_cast<double>(portion_end_ - portion_begin_);
+    const auto step =
+        portion_begin_ + static_cast<std::uint32_t>(size * std::clamp(part, 0.0, 1.0));
+    if (step < portion_end_) done_ = std::max(done_, step);
   }
   void EndPortion() { done_ = std::max(done_, portion_end_); }
 
@@ -32,6 +42,7 @@ class PhaseMeter {
   std::uint32_t number_ = 0;
   std::uint32_t total_ = 0;
   std::uint32_t done_ = 0;
+  std::uint32_t portion_begin_ = 0;
   std::uint32_t portion_end_ = 0;
 };
 

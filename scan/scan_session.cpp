@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "scan/scan_session.h"
 
+#include <utility>
+
 #include "machine/file_utils.h"
 #include "scan/cookie_scan.h"
 #include "scan/matching.h"
@@ -53,11 +55,9 @@ void LoadStage(const ScanSession::Parts& parts, const Stage& stage) {
   parts.loader.Load(*stage.loader);
 }
 
-// Places that definitions name are looked up category by category, before the folders are walked.
-void LoadCategory(const ScanSession::Parts& parts, const Stage& stage) {
-  LoadStage(parts, stage);
-  Matching(parts.files, parts.pump, parts.log, parts.folders, parts.sink).LookUp(parts.lists.fixed);
-  parts.lists.fixed.Clear();
+// The places that definitions name, to be looked up before the names are searched for.
+void LookUp(const ScanSession::Parts& parts, const DefinitionList<FixedPlace>& places) {
+  Matching(parts.files, parts.pump, parts.log, parts.folders, parts.sink).LookUp(places);
 }
 
 }  // namespace
@@ -155,7 +155,7 @@ void ScanSession::ScanCookies() {
 
 void ScanSession::ScanDrivesForAll(const ScanScope& scope) {
   parts_.log.Trap("ScanDrivesForAll", [&] {
-    BothPasses([&](DriveScan& pass) { pass.ScanDrives(scope); });
+    BothPasses([&](DriveScan& scan) { scan.ScanDrives(scope); });
     if (!parts_.pump.closing()) parts_.report.CreateDriveScanLogFile();
   });
 }
@@ -172,11 +172,7 @@ void ScanSession::ScanFolders(const std::vector<std::string>& paths) {
       if (first.ok()) first = std::move(found);
     }
     if (there.empty()) return first;
-    BothPasses([&](DriveScan& pass) {
-      for (const std::string& path : there) {
-        if (!parts_.pump.closing()) pass.ScanPath(path);
-      }
-    });
+    BothPasses([&](DriveScan& scan) { scan.ScanPaths(there); });
     parts_.lists = {};
     if (parts_.pump.closing()) return first;
     parts_.report.CreateDriveScanLogFile();
@@ -195,30 +191,26 @@ Outcome ScanSession::FindPath(const std::string& path) const {
   return std::move(found).With("sPath: ", path);
 }
 
-// Folders first, then files; the second pass is skipped when the first was stopped.
-template <class Walk>
-void ScanSession::BothPasses(Walk&& walk) {
-  WalkGoal goal(parts_.progress.phase);
+// Folders first, then files; the second pass is skipped when the first was stopped. The rows of
+// both are there before the walk, because it lists each folder for both.
+template <class FolderPass>
+void ScanSession::BothPasses(FolderPass&& folder_pass) {
   StartPass(Caption::ScanningForFolders);
+  parts_.lists.searched.Clear();
   ScanDrivesForAllFolders();
   if (parts_.pump.closing()) return;
-  {
-    DriveScan folders(parts_.files, parts_.pump, parts_.log, parts_.captions, parts_.sink,
-                      parts_.progress, parts_.lists.searched);
-    folders.MeasureBy(&goal);
-    walk(folders);
-  }
+  const DefinitionList<SearchedName> folder_rows = std::exchange(parts_.lists.searched, {});
+  const std::vector<DefinitionList<FixedPlace>> places = LoadFileRows();
+  if (parts_.pump.closing()) return;
+  AdvancedScan advanced = MakeAdvancedScan();
+  DriveScan scan(
+      {parts_.files, parts_.pump, parts_.log, parts_.captions, parts_.sink, parts_.progress},
+      folder_rows, parts_.lists.searched, parts_.settings.AdvancedScanning ? &advanced : nullptr);
+  folder_pass(scan);
   if (parts_.pump.closing()) return;
   StartPass(Caption::ScanningForFiles);
-  ScanDrivesForAllFiles();
-  if (parts_.pump.closing()) return;
-  DriveScan files(parts_.files, parts_.pump, parts_.log, parts_.captions, parts_.sink,
-                  parts_.progress, parts_.lists.searched);
-  AdvancedScan advanced = MakeAdvancedScan();
-  if (parts_.settings.AdvancedScanning) files.Examine(&advanced);
-  files.MeasureBy(&goal);
-  goal.Measure();
-  walk(files);
+  ScanDrivesForAllFiles(places);
+  if (!parts_.pump.closing()) scan.ScanFiles();
 }
 
 void ScanSession::StartPhase(Caption caption) {
@@ -230,21 +222,34 @@ void ScanSession::StartPass(Caption caption) {
   StartPhase(caption);
   parts_.progress.lblSFolders = parts_.progress.lblFScan = 0;
   parts_.progress.scanned_files = parts_.progress.scanned_folders = 0;
-  parts_.lists.searched.Clear();
 }
 
 void ScanSession::ScanDrivesForAllFolders() {
   for (const Category& category : kCategories) {
-    if (parts_.settings.*category.setting) LoadCategory(parts_, category.folders);
+    if (!(parts_.settings.*category.setting)) continue;
+    LoadStage(parts_, category.folders);
+    LookUp(parts_, parts_.lists.fixed);
+    parts_.lists.fixed.Clear();
   }
 }
 
-void ScanSession::ScanDrivesForAllFiles() {
+// The names that the pass over the files searches for. The places wait for the pass, category by
+// category, since what one withdraws is nothing to those before it.
+std::vector<DefinitionList<FixedPlace>> ScanSession::LoadFileRows() {
+  std::vector<DefinitionList<FixedPlace>> places;
   for (const Category& category : kCategories) {
-    if (parts_.settings.*category.setting) LoadCategory(parts_, category.files);
+    if (!(parts_.settings.*category.setting)) continue;
+    LoadStage(parts_, category.files);
+    places.push_back(std::exchange(parts_.lists.fixed, {}));
   }
-  if (!parts_.settings.AdvancedScanning) return;
-  for (const Loader* loader : kAdvancedLoaders) parts_.loader.Load(*loader);
+  if (parts_.settings.AdvancedScanning) {
+    for (const Loader* loader : kAdvancedLoaders) parts_.loader.Load(*loader);
+  }
+  return places;
+}
+
+void ScanSession::ScanDrivesForAllFiles(const std::vector<DefinitionList<FixedPlace>>& places) {
+  for (const DefinitionList<FixedPlace>& category : places) LookUp(parts_, category);
 }
 
 AdvancedScan ScanSession::MakeAdvancedScan() const {

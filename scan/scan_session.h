@@ -63,10 +63,11 @@ class ScanSession {
   void ScanCookies();
   void ScanDrivesForAll(const ScanScope& scope);
   void ScanDrivesForAllFolders();
-  void ScanDrivesForAllFiles();
+  std::vector<DefinitionList<FixedPlace>> LoadFileRows();
+  void ScanDrivesForAllFiles(const std::vector<DefinitionList<FixedPlace>>& places);
   AdvancedScan MakeAdvancedScan() const;
-  template <class Walk>
-  void BothPasses(Walk&& walk);
+  template <class FolderPass>
+  void BothPasses(FolderPass&& folder_pass);
   void StartPhase(Caption caption);
   void StartPass(Caption caption);
   void Finish();

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "machine/file_utils.h"
-#include "tests/contract/plain_loop.h"
 #include "tests/support.h"
 
 namespace scourwell::test {
@@ -19,13 +18,16 @@ struct Pass : Bench {
   void FileRow(std::string_view name) { list.Add({"spy", name, DiskItem::File}); }
   void FolderRow(std::string_view name) { list.Add({"spy", name, DiskItem::Folder}); }
 
+  DefinitionList<SearchedName> none;
+  DriveScan::Parts Parts() { return {m.files, m.pump, log, captions, sink, progress}; }
   DriveScan Scan() {
     sink.found.clear();
-    return DriveScan(m.files, m.pump, log, captions, sink, progress, list);
+    return DriveScan(Parts(), list, none);
   }
+  // The rows as those of the folder pass.
   std::string Walk(const std::string& root) {
     m.files.journal.clear();
-    Scan().ScanPath(root);
+    Scan().ScanPaths({root});
     return sink.lines();
   }
   std::string Walked() const {
@@ -43,36 +45,6 @@ struct Pass : Bench {
 }  // namespace
 
 TEST_SUITE("drive_scan") {
-  TEST_CASE("finds what one listing per row and folder would find, in the same order") {
-    std::size_t hits = 0;
-    for (std::uint32_t seed = 0; seed < 400; ++seed) {
-      Dice dice(seed);
-      Pass pass;
-      FakeMachine& m = pass.m;
-      m.files.short_names = !dice.Chance(5);
-      m.Folder("D:\\root");
-      for (const TreeItem& item : RandomTree(dice, "D:\\root", dice.Below(40))) {
-        if (item.folder) {
-          m.Folder(item.path);
-        } else if (dice.Chance(8)) {
-          m.Link(item.path, dice.Chance(2) ? "D:\\" : std::string(FolderPart(item.path)));
-        } else {
-          m.File(item.path);
-        }
-      }
-      const std::vector<std::string> signatures =
-          FillRandomRows(dice, 1 + dice.Below(12), ShortNames(m.files, "D:\\root"), &pass.list);
-      CAPTURE(seed);
-      CAPTURE(Lines(signatures));
-      const std::string expected = PlainLoop(m.files, pass.list, "D:\\root");
-      REQUIRE(pass.Walk("D:\\root") == expected);
-      hits += pass.sink.found.size();
-      const bool all_usable = std::all_of(signatures.begin(), signatures.end(), IsUsable);
-      REQUIRE(m.Errors().empty() == all_usable);
-    }
-    CHECK(hits > 1500);  // the random lists do hit
-  }
-
   TEST_CASE("each folder is listed once, parents before their subfolders") {
     Pass pass;
     pass.m.File("D:\\r\\b\\x\\1.exe");

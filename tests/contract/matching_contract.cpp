@@ -9,6 +9,20 @@
 #include "tests/contract/plain_loop.h"
 
 namespace scourwell::test {
+namespace {
+
+void FilePass(Files& files, Pump& pump, ErrorLog& log, const DefinitionList<SearchedName>& rows,
+              const std::string& root, CollectingSink* sink) {
+  const DefinitionList<SearchedName> none;
+  const NumberCaptions captions;
+  ScanProgress progress;
+  DriveScan scan({files, pump, log, captions, *sink, progress}, none, rows);
+  scan.ScanPaths({root});
+  scan.ScanFiles();
+}
+
+}  // namespace
+
 TEST_SUITE("contract_matching") {
   TEST_CASE("a scan finds what one listing per row and folder finds, in the same order") {
     std::size_t hits = 0;
@@ -31,8 +45,7 @@ TEST_SUITE("contract_matching") {
       ErrorLog log(files, machine->clock(), machine->code_pages(),
                    machine->folder() + "\\errorlog.txt");
       CollectingSink sink;
-      ScanProgress progress;
-      DriveScan(files, pump, log, NumberCaptions(), sink, progress, list).ScanPath(root);
+      FilePass(files, pump, log, list, root, &sink);
       REQUIRE(sink.lines() == expected);
       hits += sink.found.size();
       DirEntry entry;
@@ -66,8 +79,7 @@ TEST_SUITE("contract_matching") {
     QuietPump pump;
     ErrorLog log(files, machine->clock(), machine->code_pages(), machine->folder() + "\\log.txt");
     CollectingSink sink;
-    ScanProgress progress;
-    DriveScan(files, pump, log, NumberCaptions(), sink, progress, list).ScanPath(root);
+    FilePass(files, pump, log, list, root, &sink);
     CHECK(sink.lines() == PlainLoop(files, list, root));
     CHECK(sink.found.size() == 8);
     for (const Finding& found : sink.found) {
@@ -79,7 +91,7 @@ TEST_SUITE("contract_matching") {
     }
     CHECK(PlaceText(sink.found.back().object).size() > 340);
     sink.found.clear();
-    DriveScan(files, pump, log, NumberCaptions(), sink, progress, list).ScanPath(root);
+    FilePass(files, pump, log, list, root, &sink);
     CHECK(sink.lines() == "Spy Folder|2|" + folder + "\\bad folder\n");
     DirEntry entry;
     CHECK_FALSE(files.Stat(log.path(), &entry).ok());  // nothing failed

@@ -55,7 +55,8 @@ std::string RandomSignature(Dice& dice, const std::vector<std::string>& short_na
 
 class Loop {
  public:
-  Loop(Files& files, const DefinitionList<SearchedName>& list) : files_(files), list_(list) {}
+  Loop(Files& files, const DefinitionList<SearchedName>& list, FindingSink& sink)
+      : files_(files), list_(list), sink_(sink) {}
 
   void Walk(const std::string& folder) {
     for (const SearchedName& row : list_) Search(folder, row);
@@ -63,8 +64,6 @@ class Loop {
       if (entry.IsFolder() && !entry.IsLink()) Walk(folder + "\\" + entry.name);
     }
   }
-
-  std::string lines() const { return found_.lines(); }
 
  private:
   void Search(const std::string& folder, const SearchedName& row) {
@@ -101,21 +100,26 @@ class Loop {
   }
 
   void Add(const SearchedName& row, const FoundObject& object) {
-    ReportOnce(found_, object, {row.spy});
+    ReportOnce(sink_, object, {row.spy});
   }
 
   Files& files_;
   const DefinitionList<SearchedName>& list_;
-  CollectingSink found_;
+  FindingSink& sink_;
 };
 
 }  // namespace
 
 std::string PlainLoop(Files& files, const DefinitionList<SearchedName>& list,
                       const std::string& folder) {
-  Loop loop(files, list);
-  loop.Walk(folder);
-  return loop.lines();
+  CollectingSink found;
+  PlainLoop(files, list, folder, found);
+  return found.lines();
+}
+
+void PlainLoop(Files& files, const DefinitionList<SearchedName>& list, const std::string& folder,
+               FindingSink& sink) {
+  Loop(files, list, sink).Walk(folder);
 }
 
 bool IsUsable(const std::string& signature) {

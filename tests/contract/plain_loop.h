@@ -14,6 +14,9 @@ namespace scourwell::test {
 // form of CollectingSink::lines.
 std::string PlainLoop(Files& files, const DefinitionList<SearchedName>& list,
                       const std::string& folder);
+// The same into a sink that may hold something already.
+void PlainLoop(Files& files, const DefinitionList<SearchedName>& list, const std::string& folder,
+               FindingSink& sink);
 // True for a signature that can be looked for.
 bool IsUsable(const std::string& signature);
 
