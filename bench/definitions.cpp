@@ -74,11 +74,10 @@ class File {
   // Both passes, with the making of their indexes.
   double Pass(const char* tree) {
     return Measure([&] {
-      for (int i = 0; i < 2; ++i) {
-        DriveScan(machine_.files, machine_.pump, machine_.log, captions_, sink_, progress_,
-                  lists_.searched)
-            .ScanPath(tree);
-      }
+      DriveScan scan({machine_.files, machine_.pump, machine_.log, captions_, sink_, progress_},
+                     lists_.searched, lists_.searched);
+      scan.ScanPaths({tree});
+      scan.ScanFiles();
     });
   }
 

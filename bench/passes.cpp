@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// The folder pass and the file pass against a bare walk that lists each folder once and compares
-// nothing.
+// The folder pass and the file pass, both together, against a bare walk that lists each folder once
+// and compares nothing.
 #include <string>
 
 #include "bench/bench.h"
@@ -60,14 +60,6 @@ DefinitionList<SearchedName> Rows(int count, DiskItem item) {
   return list;
 }
 
-// The pass over the files knows its goal from the one before it.
-void CountAsFirstPass(const std::string& tree, int folders, WalkGoal* goal) {
-  goal->Enter(tree);
-  for (int i = 0; i < folders; ++i) goal->FolderDone();
-  goal->Leave();
-  goal->Measure();
-}
-
 }  // namespace
 
 void BenchPasses(const char* tree) {
@@ -83,36 +75,32 @@ void BenchPasses(const char* tree) {
   BareWalk(wide_tree, &walked);  // warms the disk cache
   std::printf("tree: %d files in %d folders\n", walked.files, walked.folders);
 
-  for (const DiskItem item : {DiskItem::Folder, DiskItem::File}) {
-    const bool second = item == DiskItem::File;
-    for (const int rows : {100, 1000, 10000}) {
-      const DefinitionList<SearchedName> list = Rows(rows, item);
-      Figures bare, pass, ratio, build;
-      CountingSink sink;
+  for (const int rows : {100, 1000, 10000, 100000}) {
+    const DefinitionList<SearchedName> folders = Rows(rows, DiskItem::Folder);
+    const DefinitionList<SearchedName> names = Rows(rows, DiskItem::File);
+    Figures bare, passes, ratio, build;
+    CountingSink sink;
+    pump.Restart();
+    for (int i = 0; i < kRounds; ++i) {
+      Walked again;
+      bare.values.push_back(Measure([&] { BareWalk(wide_tree, &again); }));
       pump.Restart();
-      for (int i = 0; i < kRounds; ++i) {
-        Walked again;
-        bare.values.push_back(Measure([&] { BareWalk(wide_tree, &again); }));
-        pump.Restart();
-        double built = 0;
-        WalkGoal goal(progress.phase);
-        if (second) CountAsFirstPass(tree, walked.folders, &goal);
-        pass.values.push_back(Measure([&] {
-          const double start = Milliseconds();
-          DriveScan scan(files, pump, log, captions, sink, progress, list);
-          built = Milliseconds() - start;
-          scan.MeasureBy(&goal);
-          scan.ScanPath(tree);
-        }));
-        build.values.push_back(built);
-        ratio.values.push_back(pass.values.back() / bare.values.back());
-      }
-      std::printf(
-          "%-10s pass, %5d rows: bare walk %6.1f ms, pass %6.1f ms (of it index %4.1f ms), "
-          "ratio %.2f (%.2f to %.2f), %d hits a pass, longest time between yields %.1f ms\n",
-          second ? "Spy File" : "Spy Folder", rows, bare.Median(), pass.Median(), build.Median(),
-          ratio.Median(), ratio.Min(), ratio.Max(), sink.hits / kRounds, pump.longest());
+      double built = 0;
+      passes.values.push_back(Measure([&] {
+        const double start = Milliseconds();
+        DriveScan scan({files, pump, log, captions, sink, progress}, folders, names);
+        built = Milliseconds() - start;
+        scan.ScanPaths({tree});
+        scan.ScanFiles();
+      }));
+      build.values.push_back(built);
+      ratio.values.push_back(passes.values.back() / bare.values.back());
     }
+    std::printf(
+        "both passes, %6d rows each: bare walk %6.1f ms, passes %6.1f ms (of it indexes %4.1f ms), "
+        "ratio %.2f (%.2f to %.2f), %d hits, longest time between yields %.1f ms\n",
+        rows, bare.Median(), passes.Median(), build.Median(), ratio.Median(), ratio.Min(),
+        ratio.Max(), sink.hits / kRounds, pump.longest());
   }
 }
 

@@ -269,7 +269,7 @@ TEST_SUITE("scan_session") {
     s.settings.CookiesFolder = "D:\\Cookies\\";
     for (const char* file : {"D:\\WINDOWS\\placed.exe", "D:\\sub\\anadsc.ocx", "D:\\sub\\wild7.dll",
                              "D:\\sub\\program.exe", "D:\\part.exe", "D:\\Sfolder\\inside.txt",
-                             "D:\\Cookies\\me@spylog[1].txt", "D:\\Cookies\\me@news[1].txt"}) {
+                             "D:\\Cookies\\me@nastylog[1].txt", "D:\\Cookies\\me@news[1].txt"}) {
       s.m.File(file);
     }
     s.m.versions.blocks["D:\\sub\\program.exe"] =
@@ -286,7 +286,7 @@ TEST_SUITE("scan_session") {
         .Entry("REGK", {"REGKT", "REGKK"}, {"R", "HKEY_LOCAL_MACHINE\\Software\\Spy"})
         .Entry("REGS", {"REGST", "REGSK"}, {"K", "nasty.example"})
         .Entry("MEMA", {"MEMAT", "MEMAF"}, {"M", "run.exe"})
-        .Entry("COOK", {"COOKT", "COOKC"}, {"L", "spylog"});
+        .Entry("COOK", {"COOKT", "COOKC"}, {"L", "nastylog"});
     s.WriteDefinitions();
     s.session.StartScan(s.scope);
     std::map<std::string, std::string> said;
@@ -307,7 +307,7 @@ TEST_SUITE("scan_session") {
                                         {"W wild7.dll", "low file"},
                                         {"I part.exe", "low file"},
                                         {"K Start Page", "low file"},
-                                        {"L me@spylog[1].txt", "low file"},
+                                        {"L me@nastylog[1].txt", "low file"},
                                         {"Other me@news[1].txt", "low setting"}}) {
       CAPTURE(finding);
       CHECK(said[finding] == words);
