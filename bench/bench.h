@@ -81,6 +81,7 @@ void Compare(const char* what, GapPump& pump, Bare&& bare_work, Ours&& our_work)
 void BenchArchive(const char* scratch_folder);
 void BenchDefinitions(const char* tree, const char* old_folder, const char* new_folder);
 void BenchPasses(const char* tree);
+void BenchWalk(const char* tree);
 void BenchPhases(const char* cookies, const char* scratch_folder);
 void BenchReading(const char* scratch_folder);
 void BenchIgnoring(const char* scratch_folder);

@@ -62,6 +62,12 @@ DefinitionList<SearchedName> Rows(int count, DiskItem item) {
 
 }  // namespace
 
+void BenchWalk(const char* tree) {
+  Walked walked;
+  const double took = Measure([&] { BareWalk(Wide(tree), &walked); });
+  std::printf("walk: %.1f ms\n", took);
+}
+
 void BenchPasses(const char* tree) {
   FilesWin files;
   ClockWin clock;
