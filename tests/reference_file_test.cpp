@@ -45,6 +45,7 @@ TEST_SUITE("reference_file") {
     r.m.files.Remove(kOther);
     CHECK(r.Read() == "own");
     r.settings.DefinitionsFolder = "C:\\App\\Ini\\";
+    r.m.File(kOther, Holding("other"));  // in a folder that does not count any more
     CHECK(r.Read() == "own");
     CHECK(r.m.Errors() == "");
   }

@@ -186,13 +186,13 @@ TEST_SUITE("scan_log") {
     l.Add(KeyAt("HKEY_LOCAL_MACHINE\\SOFTWARE\\Evil"), "Home");
     value("Counter", "HKEY_CURRENT_USER\\Run", "a\\b", "dword:00000007");
     l.Add(FoundFile{"C:\\Evil\\x.exe"}, "no key");
-    l.Add(KeyAt("HKEY_CLASSES_ROOT\\CLSID\\{1}"), "Class");
+    l.Add(KeyAt("HKEY_CLASSES_ROOT\\CLSID\\{1}", true), "Class");
     l.settings.ExtraLogInfo = true;  // changes nothing here
     l.scan_log.CreateRegistryScanLogFile();
     CHECK(l.Text() ==
           "<1838>\r\n\r\n====================\r\n"
           "Registry Key Type = Home:\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Evil]\r\n\r\n"
-          "Registry Key Type = Class:\r\n\r\n[HKEY_CLASSES_ROOT\\CLSID\\{1}]\r\n\r\n"
+          "Registry Key Type = Class (64-bit):\r\n\r\n[HKEY_CLASSES_ROOT\\CLSID\\{1}]\r\n\r\n"
           "Registry Key Value Type = Starter:\r\n[HKEY_CURRENT_USER\\Run]\r\n"
           "\"evil\"=\"C:\\\\x.exe\"\r\n"
           "Registry Key Value Type = Counter:\r\n[HKEY_CURRENT_USER\\Run]\r\n"

@@ -56,7 +56,10 @@ TEST_SUITE("unicode") {
     }
     for (const char* wrong : {"\x80", "\xC0\x80", "\xE0\x80\x80", "\xF4\x90\x80\x80", "\xE8\xA1"}) {
       CHECK_FALSE(IsWellFormed(wrong));
+      for (const char16_t unit : ToUtf16(wrong)) CHECK(unit == 0xFFFD);
     }
+    CHECK(ToUtf16("a\xFF"
+                  "b") == u"a\uFFFDb");
   }
 }
 
