@@ -160,6 +160,32 @@ Outcome PosixFiles::Move(const std::string& from, const std::string& to) {
   return MoveItem(*tree_, source, target);
 }
 
+Outcome PosixFiles::TakePlace(const std::string& fresh, const std::string& path) {
+  PosixSpot from, to;
+  if (Outcome found = tree_->Find(fresh, Links::Refused, &from); !found.ok()) return found;
+  if (Outcome found = tree_->Find(path, Links::Refused, &to); !found.ok()) return found;
+  DirEntry entry;
+  if (Outcome seen = Describe(*to.drive, to.item(), true, &entry); !seen.ok()) return seen;
+  struct stat old = {};
+  const int folder = to.folder->get();
+  if (fstatat(folder, to.name.c_str(), &old, AT_SYMLINK_NOFOLLOW) != 0) return FailedWithErrno();
+  // A volume that knows no owners refuses; what it knows follows.
+  static_cast<void>(
+      fchownat(from.folder->get(), from.name.c_str(), old.st_uid, old.st_gid, AT_SYMLINK_NOFOLLOW));
+  static_cast<void>(fchmodat(from.folder->get(), from.name.c_str(), old.st_mode & 0777, 0));
+  const std::string security = SecurityOf(to.drive->store, to.item());
+  Outcome kept = SetSecurityOf(from.drive->store, from.item(), security);
+  if (kept.ok()) kept = SetDosAttributes(from.drive->store, from.item(), entry.attributes);
+  if (!kept.ok()) return kept;
+  if (renameat(from.folder->get(), from.name.c_str(), folder, to.name.c_str()) != 0) {
+    return FailedWithErrno();
+  }
+  tree_->Changed(*to.folder);
+  const UniqueFd open = OpenBeneath(folder, ".", O_RDONLY | O_DIRECTORY);
+  if (open) fsync(open.get());
+  return {};
+}
+
 Outcome PosixFiles::SetAttributes(const std::string& path, std::uint32_t attributes) {
   PosixSpot spot;
   if (Outcome found = tree_->Find(path, Links::Refused, &spot); !found.ok()) return found;

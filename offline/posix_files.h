@@ -33,6 +33,9 @@ class PosixFiles : public Files {
   std::string ToLinux(std::string_view path) const;
   // The way back. Empty when it lies on no drive.
   std::string FromLinux(std::string_view path) const;
+  // A file takes the place of another in the same folder, with its owner, rights and attributes.
+  // Either the old one is there or the new one, whatever happens.
+  Outcome TakePlace(const std::string& fresh, const std::string& path);
   // True when nothing can be written to the drive.
   bool IsReadOnly(char letter) const;
 

@@ -42,6 +42,8 @@ class ContractMachine {
   virtual std::string folder() = 0;
   // False on Windows 95, 98 and Me, where names are those of one code page, and of 8.3 beyond it.
   virtual bool holds_any_name() = 0;
+  // False where the registry takes no name with half of a surrogate pair.
+  virtual bool makes_half_pairs() { return holds_any_name(); }
   // A path below HKEY_CURRENT_USER, without "\" at either end.
   virtual std::string key() = 0;
 

@@ -7,9 +7,12 @@
 #include <unistd.h>
 
 #include "offline/disk_name.h"
+#include "offline/hive_file.h"
+#include "offline/offline_registry.h"
 #include "offline/posix_files.h"
 #include "tests/contract/contract.h"
 #include "tests/fake/fake_machine.h"
+#include "tests/offline/make_hive.h"
 #include "tests/offline/temporary_folder.h"
 #include "text/paths.h"
 
@@ -18,10 +21,17 @@ namespace {
 
 class OfflineContractMachine : public ContractMachine {
  public:
-  OfflineContractMachine() { disk_.MakeFolder("contract"); }
+  OfflineContractMachine() {
+    disk_.MakeFolder("contract");
+    disk_.Put("NTUSER.DAT", EmptyHive());
+    if (!HiveFile::Open(files_, "C:\\NTUSER.DAT", &hive_).ok()) std::abort();
+    mounts_ = {{RootKey::Users, "me", hive_.get(), {}}};
+    registry_.ActAs("me");
+    static_cast<void>(registry_.CreateKey(RootKey::CurrentUser, key()));
+  }
 
   Files& files() override { return files_; }
-  Registry& registry() override { return m_.registry; }
+  Registry& registry() override { return registry_; }
   Profiles& profiles() override { return m_.profiles; }
   Clock& clock() override { return m_.clock; }
   Shell& shell() override { return m_.shell; }
@@ -52,6 +62,7 @@ class OfflineContractMachine : public ContractMachine {
     setxattr(file.c_str(), "user.DOSATTRIB", text.data(), text.size(), 0);
     chmod(file.c_str(), fixed ? 0444 : 0755);
   }
+  bool makes_half_pairs() override { return false; }
   bool MakeOddValues(const std::string&, const std::string&) override { return false; }
   bool MakeKeyLink(const std::string&, const std::string&) override { return false; }
   void SetEnvironment(const std::string&, const std::string&) override {}
@@ -73,6 +84,9 @@ class OfflineContractMachine : public ContractMachine {
 
   TemporaryFolder disk_;
   PosixFiles files_{{{'C', disk_.path()}}};
+  std::unique_ptr<HiveFile> hive_;
+  std::vector<RegistryMount> mounts_;
+  OfflineRegistry registry_{mounts_, OfflineRegistry::View::Only};
   FakeMachine m_;
 };
 
