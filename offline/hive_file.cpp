@@ -60,12 +60,34 @@ bool CanBeWritten(std::string_view name) {
 
 }  // namespace
 
-Outcome HiveFile::Open(PosixFiles& files, const std::string& path,
-                       std::unique_ptr<HiveFile>* hive) {
-  std::unique_ptr<HiveFile> file(new HiveFile(files, path));
-  if (Outcome read = file->ReadCopy(); !read.ok()) return read;
-  *hive = std::move(file);
-  return {};
+Outcome HiveFile::Load() {
+  if (!loaded_) {
+    loaded_ = ReadCopy();
+    if (!loaded_->ok()) hive_.reset();
+    TellTrouble();
+  }
+  return *loaded_;
+}
+
+void HiveFile::TellTrouble() {
+  if (told_ || !on_trouble_) return;
+  told_ = true;
+  if (!loaded_->ok()) {
+    on_trouble_(path_, loaded_->description());
+  } else if (health_ == Health::Damaged) {
+    on_trouble_(path_, "The registry file is damaged; what is left of it was read");
+  } else if (health_ == Health::Unsaved) {
+    on_trouble_(path_, "Windows did not save all of it; the newest changes are missing");
+  }
+}
+
+void HiveFile::Release() {
+  if (changed_) return;
+  ForgetNames();
+  hive_.reset();
+  copy_ = UniqueFd();
+  in_memory_ = false;
+  loaded_.reset();
 }
 
 Outcome HiveFile::ReadCopy() {
@@ -84,11 +106,11 @@ Outcome HiveFile::ReadCopy() {
     health_ = Health::Damaged;
     hive_.reset(hivex_open(PathOf(copy_).c_str(), HIVEX_OPEN_UNSAFE));
   }
-  if (hive_ && Root() != 0) return {};
+  if (hive_ && hivex_root(hive_.get()) != 0) return {};
   return Outcome::Failed(kTypeMismatch, "The registry file is damaged and cannot be read");
 }
 
-RegistryFile::Node HiveFile::Root() { return hivex_root(hive_.get()); }
+RegistryFile::Node HiveFile::Root() { return Load().ok() ? hivex_root(hive_.get()) : 0; }
 
 // Names may hold NULs, and halves of surrogate pairs, which the library cannot turn into text.
 std::optional<std::string> HiveFile::NameOfKey(Node key) {
@@ -173,6 +195,7 @@ RegStatus HiveFile::EnumValues(Node key, const VisitValue& visit) {
 }
 
 Outcome HiveFile::Writable() {
+  if (Outcome loaded = Load(); !loaded.ok()) return loaded;
   switch (health_) {
     case Health::Unsaved:
       return Outcome::Failed(kPermissionDenied,

@@ -3,6 +3,7 @@
 
 #include <hivex.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,14 +16,23 @@
 namespace scourwell {
 
 // A registry file of the NT family. It is read from a copy of our own, since the library maps what
-// it reads and a bad disk would end us; changes go into memory until they are saved.
+// it reads and a bad disk would end us; changes go into memory until they are saved. There can be
+// hundreds of them: each is read when it is first asked for.
 class HiveFile : public RegistryFile {
  public:
   // What keeps a hive from being written, and results from being complete.
   enum class Health { Sound, Unsaved, Damaged };
+  // Hears once of a file that cannot be read, or not be trusted, and why.
+  using OnTrouble = std::function<void(const std::string& path, const std::string& reason)>;
 
-  // kTypeMismatch: the file is no hive, or nothing of it can be read.
-  static Outcome Open(PosixFiles& files, const std::string& path, std::unique_ptr<HiveFile>* hive);
+  HiveFile(PosixFiles& files, std::string path, OnTrouble on_trouble)
+      : files_(files), path_(std::move(path)), on_trouble_(std::move(on_trouble)) {}
+
+  // Reads it, unless that was tried before. kTypeMismatch: the file is no hive, or nothing of it
+  // can be read.
+  Outcome Load();
+  // Gives the memory back, unless something was changed.
+  void Release();
 
   Health health() const { return health_; }
   const std::string& path() const { return path_; }
@@ -50,9 +60,8 @@ class HiveFile : public RegistryFile {
     std::string bytes;
   };
 
-  HiveFile(PosixFiles& files, std::string path) : files_(files), path_(std::move(path)) {}
-
   Outcome ReadCopy();
+  void TellTrouble();
   RegStatus ReadChildren(Node key, std::vector<KeyNames::Child>* children) override;
   std::optional<std::string> NameOfKey(Node key);
   std::optional<std::string> NameOfValue(hive_value_h value);
@@ -65,6 +74,9 @@ class HiveFile : public RegistryFile {
 
   PosixFiles& files_;
   std::string path_;
+  OnTrouble on_trouble_;
+  std::optional<Outcome> loaded_;  // none until it was tried
+  bool told_ = false;
   UniqueFd copy_;
   std::unique_ptr<hive_h, CloseHive> hive_;
   Health health_ = Health::Sound;

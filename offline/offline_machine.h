@@ -9,6 +9,7 @@
 #include "machine/op_sys_info.h"
 #include "machine/system_folders.h"
 #include "offline/posix_files.h"
+#include "offline/registry_set.h"
 #include "platform/code_pages.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
@@ -22,18 +23,6 @@ namespace scourwell {
 struct WindowsFound {
   std::string folder;   // "C:\WINDOWS"
   std::string version;  // "Microsoft Windows XP, Service Pack 3, Build 2600"
-};
-
-struct OfflineUser {
-  std::string name;     // of the profile's folder, or as Windows 95, 98 and Me list it
-  std::string sid;      // the key below HKEY_USERS; on Windows 95, 98 and Me the name
-  std::string profile;  // "C:\Documents and Settings\Ann"
-};
-
-// What could not be looked at, and why.
-struct Unread {
-  std::string place;
-  std::string reason;
 };
 
 // A Windows machine that lies on mounted disks and does not run. It answers through the ports of a
@@ -71,6 +60,8 @@ class OfflineMachine {
   // Whose HKEY_CURRENT_USER, folders and variables are meant from now on; one of users(), or null
   // for nobody.
   virtual void ActAs(const OfflineUser* user) = 0;
+  // The registry shows what belongs to that user and to nobody else.
+  virtual void ShowUserOnly(bool only) = 0;
   // The same finding under a name that means the same whoever is acted as: HKEY_CURRENT_USER
   // becomes the key below HKEY_USERS of the finding's user.
   virtual Finding ForEveryone(const Finding& finding) const = 0;

@@ -45,6 +45,14 @@ std::string_view Behind(std::string_view path, std::string_view outer) {
 
 }  // namespace
 
+OfflineRegistry::OfflineRegistry(const std::vector<RegistryMount>& mounts, View view)
+    : view_(view) {
+  for (const RegistryMount& mount : mounts) {
+    mounts_.push_back(&mount);
+    by_first_part_[std::string(FirstPart(mount.path))].push_back(&mount);
+  }
+}
+
 bool OfflineRegistry::Meaning::Exists() const {
   return !mounts.empty() ||
          std::ranges::any_of(places, [](const Place& place) { return place.node != 0; });
@@ -63,6 +71,18 @@ std::string OfflineRegistry::InView(RootKey root, const std::string& path) const
   return Join(Join(above, kWow64), below);
 }
 
+void OfflineRegistry::AddMounts(const Mounts& mounts, RootKey root, const std::string& path,
+                                const RegistryMount** innermost, Meaning* meaning) const {
+  for (const RegistryMount* mount : mounts) {
+    if (mount->root != root) continue;
+    if (mount->path.empty() || IsAtOrBelow(path, mount->path)) {
+      if (!*innermost || (*innermost)->path.size() <= mount->path.size()) *innermost = mount;
+    } else if (path.empty() || IsAtOrBelow(mount->path, path)) {
+      if (!mount->hidden) meaning->mounts.emplace_back(FirstPart(Behind(mount->path, path)));
+    }
+  }
+}
+
 void OfflineRegistry::AddPlaces(RootKey root, const std::string& given, Meaning* meaning) {
   if (root == RootKey::CurrentUser) {
     if (user_.empty()) return;
@@ -72,12 +92,13 @@ void OfflineRegistry::AddPlaces(RootKey root, const std::string& given, Meaning*
   }
   const std::string path = root == RootKey::Users ? given : InView(root, given);
   const RegistryMount* innermost = nullptr;
-  for (const RegistryMount& mount : mounts_) {
-    if (mount.root != root) continue;
-    if (mount.path.empty() || IsAtOrBelow(path, mount.path)) {
-      if (!innermost || innermost->path.size() <= mount.path.size()) innermost = &mount;
-    } else if (path.empty() || IsAtOrBelow(mount.path, path)) {
-      if (!mount.hidden) meaning->mounts.emplace_back(FirstPart(Behind(mount.path, path)));
+  if (path.empty()) {
+    AddMounts(mounts_, root, path, &innermost, meaning);
+  } else {
+    for (const std::string_view first : {std::string_view(), FirstPart(path)}) {
+      const auto mounts = by_first_part_.find(first);
+      if (mounts == by_first_part_.end()) continue;
+      AddMounts(mounts->second, root, path, &innermost, meaning);
     }
   }
   if (!innermost) return;
@@ -96,8 +117,8 @@ RegStatus OfflineRegistry::Resolve(RootKey root, const std::string& path, Meanin
   if (root == RootKey::ClassesRoot) {
     const std::string below = Join(kClasses, plain);
     AddPlaces(RootKey::CurrentUser, below, meaning);
-    AddPlaces(RootKey::LocalMachine, below, meaning);
-  } else {
+    if (!user_only_) AddPlaces(RootKey::LocalMachine, below, meaning);
+  } else if (!user_only_ || root == RootKey::CurrentUser) {
     AddPlaces(root, plain, meaning);
   }
   return plain.empty() || meaning->Exists() ? kRegOk : kRegNotFound;

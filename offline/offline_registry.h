@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "offline/registry_file.h"
@@ -26,11 +27,13 @@ class OfflineRegistry : public Registry {
  public:
   enum class View { Only, Of32Bit };
 
-  OfflineRegistry(const std::vector<RegistryMount>& mounts, View view)
-      : mounts_(mounts), view_(view) {}
+  // The mounts stay as they are as long as the registry lives.
+  OfflineRegistry(const std::vector<RegistryMount>& mounts, View view);
 
   // The key below HKEY_USERS of whoever is acted as; empty: nobody.
   void ActAs(std::string user) { user_ = std::move(user); }
+  // What belongs to that user and to nobody else: no machine, and of the classes only the user's.
+  void ShowUserOnly(bool only) { user_only_ = only; }
 
   RegStatus TryOpen(RootKey root, const std::string& path, std::uint32_t rights) override;
   RegStatus Count(RootKey root, const std::string& path, RegCounts* counts) override;
@@ -62,15 +65,22 @@ class OfflineRegistry : public Registry {
     bool Exists() const;
   };
 
+  using Mounts = std::vector<const RegistryMount*>;
+
+  void AddMounts(const Mounts& mounts, RootKey root, const std::string& path,
+                 const RegistryMount** innermost, Meaning* meaning) const;
   RegStatus Resolve(RootKey root, const std::string& path, Meaning* meaning);
   void AddPlaces(RootKey root, const std::string& path, Meaning* meaning);
   std::string InView(RootKey root, const std::string& path) const;
   RegStatus Find(RootKey root, const std::string& path, Place* place);
   RegStatus MakeKey(RootKey root, const std::string& path, Place* place);
 
-  const std::vector<RegistryMount>& mounts_;
+  // All of them, and by the first part of their paths, for there can be hundreds of users.
+  Mounts mounts_;
+  std::unordered_map<std::string, Mounts, NoCaseHash, NoCaseEqual> by_first_part_;
   View view_;
   std::string user_;
+  bool user_only_ = false;
 };
 
 }  // namespace scourwell

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "definitions/builtin_lists.h"
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "definitions/list_loader.h"
 #include "definitions/reference_file.h"
 #include "offline/offline_machine.h"
-#include "platform/clock.h"
 #include "platform/pump.h"
+#include "scan/scan_progress.h"
 #include "scan/scan_report.h"
 #include "scan/scan_scope.h"
 #include "settings/app_settings.h"
@@ -13,8 +17,8 @@
 
 namespace scourwell {
 
-// Every phase but memory over a machine that does not run: once for the machine, then cookies,
-// registry and folders of each user. A finding that belongs to one user says whose it is.
+// Every phase but memory over a machine that does not run: once for the machine, then for each user
+// what belongs to that user. A finding in somebody's registry or cookies says whose they are.
 class OfflineScan {
  public:
   struct Parts {
@@ -25,7 +29,7 @@ class OfflineScan {
     const AppSettings& settings;
     ReferenceFile& reference;
     FindingSink& sink;
-    ScanReport& report;  // of a scan of all users: each section once
+    ScanReport& report;  // each section once, when all users are done
     ScanProgress& progress;
     LoadProgress& loading;
     std::string application;  // see OfflineMachine::Folders
@@ -37,9 +41,19 @@ class OfflineScan {
   void StartScan(const ScanScope& scope);
   // The passes over some folders or files of the disk alone.
   void ScanFolders(const std::vector<std::string>& paths);
+  // True when the last scan came to its end.
   bool finished() const { return finished_; }
 
  private:
+  class Pass;
+
+  void ScanMachine(const ScanScope& scope);
+  void ScanUser(const ScanScope& scope, const OfflineUser& user);
+  SystemFolders FoldersFor(const OfflineUser* user);
+  // Keeps what was counted before from being forgotten.
+  void Counting(const std::function<void()>& scan);
+  void Report(const ScanScope& scope);
+
   Parts parts_;
   bool finished_ = false;
 };

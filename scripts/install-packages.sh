@@ -8,7 +8,7 @@ set -euo pipefail
 everything=(
     cmake ninja-build
     g++ zlib1g-dev doctest-dev pkg-config           # native build and tests
-    libhivex-dev libcreg-dev                        # registries of machines that do not run
+    libhivex-dev libcreg-dev libbfio-dev            # registries of machines that do not run
     g++-mingw-w64-i686-win32 libz-mingw-w64-dev     # Windows build
     fp-utils python3                                # compiles the help; judges it
     clang-format

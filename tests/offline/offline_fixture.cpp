@@ -24,8 +24,6 @@ class OfflineContractMachine : public ContractMachine {
   OfflineContractMachine() {
     disk_.MakeFolder("contract");
     disk_.Put("NTUSER.DAT", EmptyHive());
-    if (!HiveFile::Open(files_, "C:\\NTUSER.DAT", &hive_).ok()) std::abort();
-    mounts_ = {{RootKey::Users, "me", hive_.get(), {}}};
     registry_.ActAs("me");
     static_cast<void>(registry_.CreateKey(RootKey::CurrentUser, key()));
   }
@@ -84,8 +82,8 @@ class OfflineContractMachine : public ContractMachine {
 
   TemporaryFolder disk_;
   PosixFiles files_{{{'C', disk_.path()}}};
-  std::unique_ptr<HiveFile> hive_;
-  std::vector<RegistryMount> mounts_;
+  HiveFile hive_{files_, "C:\\NTUSER.DAT", {}};
+  std::vector<RegistryMount> mounts_ = {{RootKey::Users, "me", &hive_, {}}};
   OfflineRegistry registry_{mounts_, OfflineRegistry::View::Only};
   FakeMachine m_;
 };

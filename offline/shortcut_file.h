@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/code_pages.h"
+
+namespace scourwell {
+
+// What a shortcut file says by itself; what it does not say is empty.
+struct ShortcutFile {
+  std::string target;
+  std::string arguments;
+};
+
+ShortcutFile ReadShortcut(std::string_view bytes, CodePages& code_pages);
+
+}  // namespace scourwell
