@@ -60,7 +60,8 @@ class NtRegistry : public RegistrySet {
   }
 
   HiveFile& Add(const std::string& path) {
-    return hives_.emplace_back(files_, path,
+    const std::string real = files_.ShortPath(path);  // as it is spelt on the disk
+    return hives_.emplace_back(files_, real.empty() ? path : real,
                                [this](const std::string& place, const std::string& reason) {
                                  on_unread_({place, reason});
                                });
@@ -110,7 +111,7 @@ class NtRegistry : public RegistrySet {
     DirEntry entry;
     profile = std::string(WithoutEndSeparators(profile));
     if (!files_.Stat(profile, &entry).ok() || !entry.IsFolder() || entry.IsLink()) return;
-    profile = files_.ShortPath(profile);  // as it is spelt on the disk
+    profile = files_.ShortPath(profile);
     users_.push_back({std::string(FileNamePart(profile)), sid, profile});
     for (const char* name : kUserHives) {
       const std::string path = AddPathToFileName(profile, name);

@@ -85,6 +85,17 @@ std::string Unsaved(std::string hive) {
   return WithChecksum(std::move(hive));
 }
 
+std::string Damaged(std::string hive) {
+  const std::size_t end = kBin + DwordAt(hive, kBin + 8);
+  for (std::size_t at = kBin + 32; at < end;) {
+    const auto size = static_cast<std::int32_t>(DwordAt(hive, at));
+    const std::size_t next = at + static_cast<std::size_t>(size < 0 ? -size : size);
+    if (next >= end) hive.replace(at, 4, std::string("\3\0\0\0", 4));
+    at = next;
+  }
+  return hive;
+}
+
 std::string WithChecksum(std::string hive) {
   std::uint32_t sum = 0;
   for (std::size_t at = 0; at < kChecksum; at += 4) sum ^= DwordAt(hive, at);
