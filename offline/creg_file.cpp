@@ -21,6 +21,12 @@ constexpr std::size_t kHeader = 32;
 constexpr std::size_t kFirstBlockAt = 8;
 constexpr std::size_t kBlockCountAt = 16;
 
+constexpr off_t kKeyTree = 32;  // places of keys count from here
+constexpr std::size_t kKeyEntry = 28;
+constexpr std::size_t kFirstChild = 16;
+constexpr std::size_t kNextSibling = 20;
+constexpr std::uint32_t kNoKey = 0xFFFFFFFF;
+
 struct FreeFile {
   void operator()(libcreg_file_t* file) const {
     libcreg_file_close(file, nullptr);
@@ -46,6 +52,39 @@ std::string TextOf(Item* item, Size size_of, Get get) {
   if (get(item, reinterpret_cast<std::uint8_t*>(text.data()), size, nullptr) != 1) return {};
   text.pop_back();  // the closing NUL
   return text;
+}
+
+// The library follows the lists of keys to their end, and a damaged one may have none: what leads
+// to a key that was met before, or to nothing, is cut off. False when anything was.
+bool MendKeys(const UniqueFd& copy) {
+  const off_t end = lseek(copy.get(), 0, SEEK_END);
+  std::unordered_set<std::uint32_t> met;
+  std::vector<std::uint32_t> open;
+  bool sound = true;
+  const auto follow = [&](off_t at_pointer, std::uint32_t entry) {
+    if (entry == kNoKey) return;
+    if (off_t{entry} + kKeyTree + off_t{kKeyEntry} <= end && met.insert(entry).second) {
+      open.push_back(entry);
+      return;
+    }
+    sound = false;
+    static_cast<void>(pwrite(copy.get(), &kNoKey, sizeof kNoKey, at_pointer));
+  };
+  std::string head(16, '\0');
+  if (pread(copy.get(), head.data(), head.size(), kKeyTree) != 16) return false;
+  follow(kKeyTree + 8, DwordAt(head, 8));
+  while (!open.empty()) {
+    const off_t at = kKeyTree + off_t{open.back()};
+    open.pop_back();
+    std::string entry(kKeyEntry, '\0');
+    if (pread(copy.get(), entry.data(), kKeyEntry, at) != static_cast<ssize_t>(kKeyEntry)) {
+      return false;
+    }
+    for (const std::size_t pointer : {kFirstChild, kNextSibling}) {
+      follow(at + static_cast<off_t>(pointer), DwordAt(entry, pointer));
+    }
+  }
+  return sound;
 }
 
 // The library refuses a file whose count of blocks is wrong, or that goes on behind the last one.
@@ -177,7 +216,7 @@ Outcome CregFile::Load() {
   if (pread(copy.get(), sign, sizeof sign, 0) != 4 || std::string_view(sign, 4) != "CREG") {
     return Outcome::Failed(kTypeMismatch, "It is no registry file");
   }
-  damaged_ = false;
+  damaged_ = !MendKeys(copy);
   if (ReadCopy(copy)) return {};
   damaged_ = true;
   if (MendBlocks(copy) && ReadCopy(copy)) return {};
