@@ -136,8 +136,9 @@ TEST_SUITE("offline_machine") {
           "\u0416|\u0416|C:\\Documents and Settings\\\u0416\n");
     machine->ActAs(&machine->users()[2]);
     CHECK(NamesBelow(machine->registry(), RootKey::CurrentUser, "Software") == "mine ");
-    const Finding found = machine->ForEveryone(
-        {"X", KeyAt("HKEY_CURRENT_USER\\Software\\mine"), machine->users()[2].name});
+    Finding found{"X", KeyAt("HKEY_CURRENT_USER\\Software\\mine")};
+    found.user = machine->users()[2].name;
+    found = machine->ForEveryone(found);
     CHECK(PlaceText(found.object) == "HKEY_USERS\\\u0416\\Software\\mine");
     machine->ActAs(nullptr);
     CHECK(NamesBelow(machine->registry(), RootKey::CurrentUser, "Software") == "!2 ");

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <sys/resource.h>
-
-#include <csignal>
-
 #include "offline/little_endian.h"
 #include "tests/helpers.h"
 #include "tests/offline/disk_builder.h"
+#include "tests/offline/small_files.h"
 #include "text/unicode.h"
 
 namespace scourwell::test {
@@ -33,21 +30,6 @@ struct OneHive {
   HiveFile file;
   std::vector<RegistryMount> mounts = {{kMachine, "H", &file, {}}};
   OfflineRegistry registry{mounts, OfflineRegistry::View::Only};
-};
-
-// Every file gets smaller than this. The system's usual answer would end the program.
-class SmallFiles {
- public:
-  explicit SmallFiles(rlim_t size) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit now = {size, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &now);
-  }
-  ~SmallFiles() { setrlimit(RLIMIT_FSIZE, &before_); }
-
- private:
-  rlimit before_ = {};
 };
 
 std::size_t CountKeys(Registry& registry, const std::string& path, unsigned depth = 0) {

@@ -4,6 +4,7 @@
 #include "offline/offline_removal.h"
 #include "tests/offline/make_hive.h"
 #include "tests/offline/offline_support.h"
+#include "tests/offline/small_files.h"
 
 namespace scourwell::test {
 namespace {
@@ -175,6 +176,47 @@ TEST_SUITE("offline_removal") {
     std::string left;
     for (const char c : bench.Scan(*bench.machine)) left += c == '\n' ? "\n" : "";
     CHECK(left.size() == 5);  // keys and values
+  }
+
+  TEST_CASE("a disk that is full in mid-backup keeps everything") {
+    RemovalBench bench;
+    const std::string before = TreeOf(bench.disk.path() + "/c");
+    const std::string keys = KeysOf(*bench.machine);
+    bench.Scan(*bench.machine);
+    OfflineRemoval::Result result;
+    {
+      const SmallFiles full(1000);
+      result = bench.removal->Remove("archive", bench.sink.found);
+    }
+    CHECK(result.backup.archive.code() == kDiskFull);
+    CHECK(result.removal.Count(RemovalState::Removed) == 0);
+    CHECK((TreeOf(bench.disk.path() + "/c") == before));
+    bench.Reopen();
+    CHECK((KeysOf(*bench.machine) == keys));
+  }
+
+  TEST_CASE("a removal that is stopped at any moment leaves nothing that does not come back") {
+    for (const int moment : {1, 2, 10, 40, 50, 55, 60, 70}) {
+      CAPTURE(moment);
+      RemovalBench bench;
+      const std::string before = TreeOf(bench.disk.path() + "/c");
+      const std::string keys = KeysOf(*bench.machine);
+      bench.Scan(*bench.machine);
+      int yields = 0;
+      bench.m.pump.on_yield = [&] {
+        if (++yields == moment) bench.m.pump.set_closing(true);
+      };
+      const auto result = bench.removal->Remove("archive", bench.sink.found);
+      bench.m.pump.on_yield = nullptr;
+      bench.m.pump.set_closing(false);
+      bench.Reopen();
+      if (result.backup.archive.ok()) {
+        CHECK(bench.Restore() == "");
+        bench.Reopen();
+      }
+      CHECK((TreeOf(bench.disk.path() + "/c") == before));
+      CHECK((KeysOf(*bench.machine) == keys));
+    }
   }
 
   TEST_CASE("a disk on which nothing can be written says so before anything begins") {
