@@ -70,8 +70,9 @@ bool ReferenceFile::checkUpdateIni() {
       candidate_path_ = AddPathToFileName(definitions_folder_, kFileName);
     }
     Outcome parsed;
+    const bool given = !given_path_.empty();
     Outcome read = watched_.Refresh(
-        candidate_path_, own_path_,
+        given ? given_path_ : candidate_path_, given ? std::string() : own_path_,
         [&](std::optional<std::string> content) { parsed = Parse(std::move(content)); });
     return read.ok() ? std::move(parsed) : std::move(read);
   };

@@ -37,6 +37,9 @@ class ReferenceFile {
   ReferenceFile(Files& files, Clock& clock, ErrorLog& log, const AppSettings& settings,
                 const std::string& application_folder);
 
+  // This file and no other from now on.
+  void Use(const std::string& path) { given_path_ = path; }
+
   // The descrambled value; empty when the key is absent, its value is empty or it cannot be
   // descrambled. Empty is the end of every list.
   std::string updateListfromINI(std::string_view section, std::string_view key);
@@ -54,6 +57,7 @@ class ReferenceFile {
 
   ErrorLog& log_;
   const AppSettings& settings_;
+  std::string given_path_;
   std::string own_path_;            // the fallback, below the application folder
   std::string definitions_folder_;  // the setting that candidate_path_ was made from
   std::string candidate_path_;

@@ -5,6 +5,7 @@ namespace scourwell {
 
 void ErrorLog::LogError(std::string_view message) {
   ++count_;
+  if (path_.empty()) return;
   try {
     const LocalTime now = clock_.Now();
     std::string record =
@@ -22,6 +23,7 @@ void ErrorLog::LogProcError(ErrorCode code, std::string_view description, std::s
 }
 
 void ErrorLog::LogFailure(const Outcome& outcome, std::string_view method) {
+  if (listener_) listener_->HearFailure(outcome, method);
   std::string message = "Error Description: " + outcome.description() +
                         ", Error Number: " + std::to_string(outcome.code().number()) + ", Method: ";
   LogError(message.append(method).append(outcome.notes()));
@@ -30,7 +32,7 @@ void ErrorLog::LogFailure(const Outcome& outcome, std::string_view method) {
 void ErrorLog::deleteLogFile() {
   Trap("deleteLogFile", [&]() -> Outcome {
     DirEntry entry;
-    if (!files_.Stat(path_, &entry).ok() || entry.size <= kLimit) return {};
+    if (path_.empty() || !files_.Stat(path_, &entry).ok() || entry.size <= kLimit) return {};
     return files_.EraseFile(path_);
   });
 }

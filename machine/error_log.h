@@ -14,6 +14,13 @@
 
 namespace scourwell {
 
+// Hears of every failure that is put on record, as a program does that has no window to show it in.
+class FailureListener {
+ public:
+  virtual ~FailureListener() = default;
+  virtual void HearFailure(const Outcome& outcome, std::string_view method) = 0;
+};
+
 // "errorlog.txt" of the application folder: one record of three quoted fields per error. Field 1
 // begins with a line break, so every record shows as a lone quotation mark and a "Date: " line.
 class ErrorLog {
@@ -23,7 +30,9 @@ class ErrorLog {
   ErrorLog(Files& files, Clock& clock, CodePages& code_pages, std::string path)
       : files_(files), clock_(clock), code_pages_(code_pages), path_(std::move(path)) {}
 
+  // Without a path, records are counted and told to the listener alone.
   const std::string& path() const { return path_; }
+  void set_listener(FailureListener* listener) { listener_ = listener; }
   // How many records there were since the start.
   unsigned count() const { return count_; }
 
@@ -67,6 +76,7 @@ class ErrorLog {
   CodePages& code_pages_;
   std::string path_;
   unsigned count_ = 0;
+  FailureListener* listener_ = nullptr;
 };
 
 }  // namespace scourwell

@@ -43,7 +43,10 @@ Outcome Outcome::OfRegistry(std::int32_t status) {
 }
 
 Outcome Outcome::With(std::string_view label, std::string_view value) && {
-  if (!ok()) notes_.append(", ").append(label).append(value);
+  if (ok()) return std::move(*this);
+  notes_.append(", ").append(label);
+  last_value_ = notes_.size();
+  notes_.append(value);
   return std::move(*this);
 }
 

@@ -91,6 +91,8 @@ class [[nodiscard]] Outcome {
   ErrorCode code() const { return code_; }
   const std::string& description() const { return description_; }
   const std::string& notes() const { return notes_; }
+  // The value of the last note: mostly the place where it failed.
+  std::string_view last_value() const { return std::string_view(notes_).substr(last_value_); }
 
  private:
   Outcome(ErrorCode code, std::string description)
@@ -99,6 +101,7 @@ class [[nodiscard]] Outcome {
   ErrorCode code_;
   std::string description_;
   std::string notes_;
+  std::size_t last_value_ = 0;  // where it begins in notes_
 };
 
 }  // namespace scourwell
