@@ -15,7 +15,7 @@ if(WIN32)
   target_compile_options(scourwell_flags INTERFACE
     -march=i486 -mtune=generic -ffunction-sections -fdata-sections)
   target_link_options(scourwell_flags INTERFACE -static -s -Wl,--gc-sections)
-elseif(NOT SCOURWELL_HOST_TOOLS)
+elseif(SCOURWELL_SANITIZE)
   target_compile_options(scourwell_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(scourwell_flags INTERFACE -fsanitize=address,undefined)
