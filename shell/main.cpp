@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <windows.h>
 
+#include "engine/version.h"
 #include "machine/file_utils.h"
 #include "platform/win/child_process.h"
 #include "platform/win/code_pages_win.h"
@@ -17,7 +18,6 @@
 #include "shell/application.h"
 #include "shell/frm_main.h"
 #include "shell/start_request.h"
-#include "shell/version.h"
 #include "widgets/message_box.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "shell/caption_table.h"
+#include "engine/caption_table.h"
 #include "shell/language_list.h"
 #include "tests/helpers.h"
 #include "tests/pack_check.h"

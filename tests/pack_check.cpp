@@ -5,8 +5,8 @@
 #include <map>
 #include <vector>
 
-#include "shell/caption_table.h"
-#include "shell/language.h"
+#include "engine/caption_table.h"
+#include "engine/language.h"
 #include "tests/pack_rules.h"
 #include "tests/pack_text.h"
 #include "text/text.h"

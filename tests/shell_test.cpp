@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "engine/language.h"
 #include "settings/settings.h"
 #include "settings/settings_table.h"
 #include "shell/command_line.h"
-#include "shell/language.h"
 #include "shell/start_request.h"
 #include "shell/statistics.h"
 #include "tests/support.h"

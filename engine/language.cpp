@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "shell/language.h"
+#include "engine/language.h"
 
+#include "engine/caption_table.h"
 #include "machine/file_utils.h"
-#include "shell/caption_table.h"
 #include "text/text.h"
 #include "text/unicode.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "shell/caption_table.h"
+#include "engine/caption_table.h"
 
 #include <algorithm>
 #include <iterator>
