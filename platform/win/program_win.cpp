@@ -4,6 +4,8 @@
 #include <windows.h>
 
 #include "platform/win/native_text.h"
+#include "platform/win/system_calls.h"
+#include "text/paths.h"
 
 namespace scourwell {
 
@@ -16,6 +18,12 @@ std::string CommandArguments() {
   line.remove_prefix(quoted ? end + 1 : end);
   const std::size_t start = line.find_first_not_of(L" \t");
   return start == line.npos ? std::string() : FromWide(line.substr(start));
+}
+
+std::string ProgramFolder() {
+  const std::string path = RunningSystemCalls().OwnPath();
+  const std::string folder(FolderPart(path));
+  return folder.size() == 2 ? folder + "\\" : folder;  // a drive root keeps its backslash
 }
 
 }  // namespace scourwell
