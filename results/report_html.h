@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "results/hit_list.h"
 #include "results/removal_result.h"
+#include "results/report_page.h"
 #include "scan/finding.h"
 #include "text/captions.h"
 
@@ -30,7 +31,10 @@ struct Report {
 // The rows of the results list.
 std::vector<ReportRow> ReportRowsOf(const HitList& hits);
 
-// In UTF-8. Names are escaped: what a spy is called cannot become a part of the page.
+// What a row of findings says, column by column.
+std::vector<std::string> ReportColumns(const Captions& captions);
+
+// The page, with its sums above its rows.
 std::string ReportHtml(const Captions& captions, const Report& report);
 
 // A failure leaves the file that was there.

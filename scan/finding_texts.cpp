@@ -27,6 +27,19 @@ static_assert(std::size(kKinds) == std::variant_size_v<FoundObject>);
 
 const KindRow& RowOf(FindingKind kind) { return kKinds[static_cast<std::size_t>(kind)]; }
 
+struct Level {
+  std::string_view word;
+  Caption caption;
+};
+
+// In the order of Certainty.
+constexpr Level kHigh = {"high", Caption::CertaintyHigh};
+constexpr Level kMedium = {"medium", Caption::CertaintyMedium};
+constexpr Level kLow = {"low", Caption::CertaintyLow};
+constexpr Level kLevels[] = {kHigh, kMedium, kMedium, kLow, kLow};
+
+const Level& LevelOf(Certainty certainty) { return kLevels[static_cast<std::size_t>(certainty)]; }
+
 std::string InView(std::string place, bool view64) {
   if (view64) place += kView64;
   return place;
@@ -53,18 +66,10 @@ std::vector<std::string> KindTexts(const Captions& captions) {
   return texts;
 }
 
-std::string_view CertaintyWord(Certainty certainty) {
-  switch (certainty) {
-    case Certainty::Place:
-      return "high";
-    case Certainty::Name:
-    case Certainty::Content:
-      return "medium";
-    case Certainty::Part:
-    case Certainty::Beside:
-      break;
-  }
-  return "low";
+std::string_view CertaintyWord(Certainty certainty) { return LevelOf(certainty).word; }
+
+std::string CertaintyText(const Captions& captions, Certainty certainty) {
+  return captions.Text(LevelOf(certainty).caption);
 }
 
 std::string_view SourceWord(DefinitionSource source) {

@@ -28,6 +28,8 @@ std::vector<std::string> KindTexts(const Captions& captions);
 std::string_view CertaintyWord(Certainty certainty);
 // ... and "built-in", "file" or "setting".
 std::string_view SourceWord(DefinitionSource source);
+// The level for the user, in the present language.
+std::string CertaintyText(const Captions& captions, Certainty certainty);
 // The picture in the list of results.
 int KindIcon(FindingKind kind);
 

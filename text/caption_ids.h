@@ -444,6 +444,12 @@ enum class Caption : int {
   StartBusy = 17450,
   StartRefused = 17451,
   StartNoAnswer = 17452,
+
+  // How sure a report is of a finding.
+  ColumnCertainty = 17500,
+  CertaintyHigh = 17501,
+  CertaintyMedium = 17502,
+  CertaintyLow = 17503,
   ColumnState = 17410,
   SaveReport = 17411,
   ReportFileTypes = 17412,
