@@ -2,32 +2,18 @@
 #include <windows.h>
 
 #include "engine/version.h"
-#include "machine/file_utils.h"
+#include "platform/win/adapters_win.h"
 #include "platform/win/child_process.h"
-#include "platform/win/code_pages_win.h"
-#include "platform/win/desktop_win.h"
-#include "platform/win/files_win.h"
-#include "platform/win/processes_win.h"
 #include "platform/win/program_win.h"
 #include "platform/win/pump_win.h"
-#include "platform/win/registry_win.h"
 #include "platform/win/single_instance.h"
 #include "platform/win/system_folding.h"
-#include "platform/win/system_win.h"
-#include "platform/win/versions_win.h"
 #include "shell/application.h"
 #include "shell/frm_main.h"
 #include "shell/start_request.h"
 #include "widgets/message_box.h"
 
 namespace {
-
-// The folder that the program stands in.
-std::string ApplicationFolder() {
-  const std::string path = scourwell::RunningSystemCalls().OwnPath();
-  const std::string folder(scourwell::FolderPart(path));
-  return folder.size() == 2 ? folder + "\\" : folder;  // a drive root keeps its backslash
-}
 
 // A second start that came to nothing. It reads the language, and no more.
 int SayWhyNot(scourwell::Application& app, scourwell::StartAnswer answer, const std::string& path) {
@@ -44,7 +30,6 @@ int SayWhyNot(scourwell::Application& app, scourwell::StartAnswer answer, const 
 
 }  // namespace
 
-// The one place that makes real adapters.
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
   using namespace scourwell;
   int exit_code = 0;
@@ -64,20 +49,13 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
     answer = single.HandOver(instance, frmMain::kName, PackRequest(command));
     if (answer == StartAnswer::Taken) return 0;
   }
-  FilesWin files;
-  RegistryWin registry;
-  RegistryWin registry64(RegistryWin::kView64);
-  ProfilesWin profiles;
-  ClockWin clock;
-  SystemWin system;
+  AdaptersWin machine;
   ShellWin shell;
-  VersionsWin versions;
-  ProcessesWin processes;
   PumpWin pump;
-  CodePagesWin code_pages;
-  Application app({files, registry, RegistryWin::HasTwoViews() ? &registry64 : nullptr, profiles,
-                   clock, system, shell, versions, processes, pump, code_pages},
-                  ApplicationFolder(), kProgramVersion);
+  Application app(
+      {machine.files, machine.registry, machine.SecondView(), machine.profiles, machine.clock,
+       machine.system, shell, machine.versions, machine.processes, pump, machine.code_pages},
+      ProgramFolder(), kProgramVersion);
   if (!single.is_first()) return SayWhyNot(app, answer, command.path);
   frmMain main_window(app, pump, instance);
   return main_window.Run(command, show);

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "console/linux_host.h"
+
+#include "console/disk_target.h"
+#include "console/folder_target.h"
+#include "console/linux_paths.h"
+#include "console/option_table.h"
+
+namespace scourwell {
+namespace {
+
+constexpr unsigned kNeedDisk = kRestore | kStartup;
+
+std::vector<MountedDrive> DrivesOf(const Options& options) {
+  std::vector<MountedDrive> drives;
+  if (!options.windows.empty()) drives.push_back({'C', options.windows});
+  for (const std::string& drive : options.drives) {
+    drives.push_back({static_cast<char>(drive[0] & ~0x20), drive.substr(2)});
+  }
+  return drives;
+}
+
+std::string SeveralWindows(const std::vector<MountedDrive>& drives) {
+  std::string text = "the disk has several Windows; choose one with --windows-folder:";
+  std::vector<WindowsFound> found;
+  if (!OfflineMachine::Find(drives, &found).ok()) return text;
+  for (const WindowsFound& windows : found)
+    text += "\n  " + windows.folder + "  " + windows.version;
+  return text;
+}
+
+std::unique_ptr<Target> OpenDisk(const std::vector<MountedDrive>& drives, const Options& options,
+                                 ProgramVersion version, Pump& pump, ScanReport& report,
+                                 std::string* why) {
+  std::unique_ptr<OfflineMachine> machine;
+  const Outcome opened = OfflineMachine::Open(drives, options.windows_folder, &machine);
+  if (opened.ok()) {
+    return std::make_unique<DiskTarget>(std::move(machine), version, pump, report);
+  }
+  *why = opened.code() == kFileNotFound   ? "there is no Windows on the disk"
+         : opened.code() == kTypeMismatch ? SeveralWindows(drives)
+                                          : opened.description();
+  return nullptr;
+}
+
+// What the options say of our own files. Empty when it can be done.
+std::string UseOwnFiles(const Options& options, Target* target) {
+  Engine& engine = target->engine();
+  const std::string definitions =
+      options.definitions.empty() ? FindDefinitions() : options.definitions;
+  if (!definitions.empty()) {
+    if (!IsLinuxFile(definitions)) return "no such file: " + definitions;
+    engine.reference().Use(target->OwnPath(definitions));
+  }
+  if (!options.backup_folder.empty()) {
+    engine.settings().BackupFolder = target->OwnPath(options.backup_folder);
+    if (engine.settings().BackupFolder.empty()) return "no such folder: " + options.backup_folder;
+  }
+  return "";
+}
+
+}  // namespace
+
+std::string LinuxHost::Version() const {
+  return std::to_string(version_.major) + "." + std::to_string(version_.minor) + "." +
+         std::to_string(version_.revision);
+}
+
+std::unique_ptr<Target> LinuxHost::Open(const Options& options, Pump& pump, ScanReport& report,
+                                        std::string* why) {
+  const bool keeps = options.add || options.remove || options.command->bit == kRemove;
+  if (keeps) MakeLinuxFolder(UserFolder());
+  const std::vector<MountedDrive> drives = DrivesOf(options);
+  std::unique_ptr<Target> target;
+  if (!drives.empty()) {
+    target = OpenDisk(drives, options, version_, pump, report, why);
+  } else if ((options.command->bit & kNeedDisk) != 0) {
+    *why = "name a Windows disk with --windows or --drive";
+  } else if ((options.command->bit & (kScan | kRemove)) != 0 && options.words.empty()) {
+    *why = "name what to scan: a PATH, or a Windows disk with --windows or --drive";
+  } else {
+    target = std::make_unique<FolderTarget>(version_, pump, report);
+  }
+  if (!target) return nullptr;
+  target->engine().LoadSettings();
+  *why = UseOwnFiles(options, target.get());
+  return why->empty() ? std::move(target) : nullptr;
+}
+
+}  // namespace scourwell
