@@ -102,7 +102,7 @@ int KeptCommands::Backups() {
 
 int KeptCommands::ListBackups() {
   Clock& clock = engine().ports().clock;
-  for (const BackupRow& row : engine().backups().List()) {
+  for (const BackupRow& row : target_->backups().List()) {
     Line({row.key, std::to_string(row.size), clock.GeneralDate(clock.ToLocal(row.modified))});
   }
   return kNothingFound;
@@ -110,7 +110,7 @@ int KeptCommands::ListBackups() {
 
 int KeptCommands::ShowBackup(const std::string& name) {
   std::unique_ptr<RestoreRun> run;
-  const Outcome opened = engine().backups().Open(BackupFile(name), {}, &run);
+  const Outcome opened = target_->backups().Open(BackupFile(name), {}, &run);
   if (!opened.ok()) return Fail(name, opened);
   for (const BackupItem& item : run->items()) {
     Line({std::string(KindName(KindOf(item.object))), item.spy, PlaceText(item.object),
@@ -121,7 +121,7 @@ int KeptCommands::ShowBackup(const std::string& name) {
 
 int KeptCommands::DeleteBackup(const std::string& name) {
   if (!Ask("Delete the backup " + ForShowing(name) + "?")) return kIncomplete;
-  const Outcome deleted = engine().backups().Delete(BackupFile(name));
+  const Outcome deleted = target_->backups().Delete(BackupFile(name));
   return deleted.ok() ? kNothingFound : Fail(name, deleted);
 }
 
@@ -132,7 +132,7 @@ int KeptCommands::Restore() {
   }
   std::unique_ptr<RestoreRun> run;
   const std::string& name = options_.words[0];
-  const Outcome opened = engine().backups().Open(BackupFile(name), {}, &run);
+  const Outcome opened = target_->backups().Open(BackupFile(name), {}, &run);
   if (!opened.ok()) return Fail(name, opened);
   if (run->foreign()) Fail("this backup was not made on this machine; it may bring less back");
   const std::size_t count = run->items().size();
@@ -142,8 +142,7 @@ int KeptCommands::Restore() {
 
 int KeptCommands::RestoreItems(RestoreRun& run) {
   RestoreResult result;
-  Outcome restored = engine().backups().Restore(run, run.AllButDoubtful(), &result);
-  if (restored.ok()) restored = target_->AfterRemoval();
+  const Outcome restored = target_->Restore(run, run.AllButDoubtful(), &result);
   for (const ItemReport& failed : result.failed) Fail(failed.path, failed.why);
   for (const KeptFile& kept : result.kept) Line({"kept", kept.path, kept.kept_as});
   Line({"restored", std::to_string(result.restored), "failed",

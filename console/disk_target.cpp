@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "console/disk_target.h"
 
+#include <algorithm>
+
 #include "console/linux_paths.h"
 #include "text/paths.h"
 
@@ -9,7 +11,7 @@ namespace scourwell {
 DiskTarget::DiskTarget(std::unique_ptr<OfflineMachine> machine, ProgramVersion version, Pump& pump,
                        ScanReport& report)
     : machine_(std::move(machine)), pump_(pump), report_(report) {
-  application_ = OwnPath(UserFolder());
+  application_ = OwnFolder(UserFolder());
   const Ports ports = {machine_->files(),
                        machine_->registry(),
                        machine_->registry64(),
@@ -23,6 +25,8 @@ DiskTarget::DiskTarget(std::unique_ptr<OfflineMachine> machine, ProgramVersion v
                        machine_->code_pages()};
   engine_ = std::make_unique<Engine>(ports, application_, version, report,
                                      Engine::Records::ListenerAlone);
+  kept_ =
+      std::make_unique<TextStore>(machine_->files(), AddPathToFileName(application_, "kept.txt"));
 }
 
 bool DiskTarget::Scan(const ScanScope& scope, const std::vector<std::string>& paths) {
@@ -48,32 +52,60 @@ std::string DiskTarget::ScannedPath(const std::string& path) {
 }
 
 // The folder becomes one more drive: our own files lie beside the disk, never on it.
-std::string DiskTarget::OwnPath(const std::string& path) {
+std::string DiskTarget::OwnFolder(const std::string& path) {
   const std::string real = RealLinuxPath(path);
   if (real.empty()) return {};
-  const std::string folder = LinuxFolder(real);
-  std::string& root = adopted_[folder];
-  if (root.empty()) root = machine_->files().Adopt(folder);
-  if (root.empty()) return {};
-  const std::string below = machine_->files().FromLinux(real);
-  return below.empty() ? AddPathToFileName(root, LinuxName(real)) : below;
+  std::string& root = adopted_[real];
+  if (root.empty()) root = machine_->files().Adopt(real);
+  return root;
+}
+
+std::string DiskTarget::OwnPath(const std::string& path) {
+  const std::string real = RealLinuxPath(path);
+  const std::string root = real.empty() ? real : OwnFolder(LinuxFolder(real));
+  return root.empty() ? root : AddPathToFileName(root, LinuxName(real));
+}
+
+OfflineRemoval& DiskTarget::Remover() const {
+  if (!removal_) {
+    Engine& engine = *engine_;
+    removal_ = std::make_unique<OfflineRemoval>(OfflineRemoval::Parts{
+        *machine_, engine.ports().clock, pump_, engine.log(), engine.language(), engine.settings(),
+        *kept_, engine.settings().BackupFolder});
+  }
+  return *removal_;
 }
 
 std::string DiskTarget::WhyNoRemoval() const {
-  return machine_->read_only() ? "the disk is mounted read-only" : "";
+  const Outcome may = Remover().MayBegin();
+  return may.ok() ? std::string() : may.description();
 }
 
-// A key of one user means the same only to that user: its name becomes the one that all share.
-void DiskTarget::BeforeRemoval() {
+RemovalNotes DiskTarget::RemoveChecked(const std::string& backup_name) {
   HitList& hits = engine_->hits();
-  std::vector<HitList::Row> rows;
-  for (std::size_t i = 0; i < hits.size(); ++i) rows.push_back(hits.row(i));
-  hits.Clear();
-  for (const HitList::Row& row : rows) {
-    const std::size_t before = hits.size();
-    hits.AddSpyToListView(machine_->ForEveryone(row.finding));
-    if (hits.size() > before) hits.SetChecked(before, row.checked);
+  const std::vector<std::size_t> rows = hits.CheckedRows();
+  std::vector<Finding> findings;
+  for (const std::size_t row : rows) findings.push_back(hits.row(row).finding);
+  const OfflineRemoval::Result result = Remover().Remove(backup_name, findings);
+  const std::vector<RemovedObject>& objects = result.removal.objects;
+  for (std::size_t i = 0; i < std::min(rows.size(), objects.size()); ++i) {
+    hits.Settle(rows[i], objects[i].result);
   }
+  RemovalNotes notes;
+  notes.backed_up = result.backup.archive.ok();
+  if (!notes.backed_up) notes.lines.push_back("no backup: " + result.backup.archive.description());
+  for (const std::string& failure : result.backup.failures) {
+    notes.lines.push_back("not stored: " + failure);
+  }
+  if (!result.registry.ok()) {
+    notes.lines.push_back("the registry was not changed: " + result.registry.description());
+  }
+  if (!result.script.empty()) {
+    notes.lines.push_back("to be run on the machine itself: " +
+                          machine_->files().ToLinux(result.script));
+  }
+  notes.failed = !result.registry.ok();
+  return notes;
 }
 
 std::vector<UnreadPlace> DiskTarget::Unread() const {

@@ -17,7 +17,7 @@ FolderTarget::FolderTarget(ProgramVersion version, Pump& pump, ScanReport& repor
       versions_(files_, code_pages_) {
   const Ports ports = {files_, registry_, nullptr,    profiles_, clock_,     system_,
                        shell_, versions_, processes_, pump,      code_pages_};
-  engine_ = std::make_unique<Engine>(ports, OwnPath(UserFolder()), version, report,
+  engine_ = std::make_unique<Engine>(ports, files_.FromLinux(UserFolder()), version, report,
                                      Engine::Records::ListenerAlone);
 }
 

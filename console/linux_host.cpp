@@ -52,9 +52,10 @@ std::string UseOwnFiles(const Options& options, Target* target) {
     if (!IsLinuxFile(definitions)) return "no such file: " + definitions;
     engine.reference().Use(target->OwnPath(definitions));
   }
-  if (!options.backup_folder.empty()) {
-    engine.settings().BackupFolder = target->OwnPath(options.backup_folder);
-    if (engine.settings().BackupFolder.empty()) return "no such folder: " + options.backup_folder;
+  const std::string& folder = options.backup_folder;
+  engine.settings().BackupFolder = target->OwnFolder(folder.empty() ? UserFolder() : folder);
+  if (!folder.empty() && engine.settings().BackupFolder.empty()) {
+    return "no such folder: " + folder;
   }
   return "";
 }

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "console/selection.h"
-#include "results/removal_plan.h"
 #include "results/report_html.h"
 #include "text/escaped.h"
 
@@ -184,26 +183,6 @@ bool ScanCommand::MayRemove(std::size_t checked) {
   return Ask("Remove these " + std::to_string(checked) + "?");
 }
 
-bool ScanCommand::BackUp(std::unordered_set<std::size_t>* kept) {
-  Engine& engine = target_->engine();
-  if (!engine.AnyToBackUp()) return true;
-  const std::string name =
-      options_.backup_name.empty() ? engine.backups().NameForNow() : options_.backup_name;
-  engine.BeginWork(Caption::BackupInProgress);
-  const BackupReport report = engine.BackUpChecked(name);
-  engine.EndWork();
-  if (pump_.closing() || host_.terminal().Interrupted()) return false;
-  if (!report.archive.ok()) {
-    view_.Say("no backup: " + report.archive.description());
-  } else {
-    view_.Say("backup: " + ForShowing(name));
-  }
-  for (const std::string& failure : report.failures) view_.Say("not stored: " + failure);
-  BackupVerdict verdict = JudgeBackup(report, engine.hits().size(), options_.yes);
-  *kept = std::move(verdict.kept);
-  return !verdict.ask || Ask("Remove these all the same, without a way back?");
-}
-
 // What the exit code of a removal is.
 int ScanCommand::Remove() {
   Engine& engine = target_->engine();
@@ -212,18 +191,13 @@ int ScanCommand::Remove() {
   for (std::size_t i = 0; i < hits.size(); ++i) hits.SetChecked(i, selection.Holds(records_[i]));
   const std::size_t checked = hits.checked_count();
   if (checked == 0) return hits.empty() ? kNothingFound : kFound;
-  std::unordered_set<std::size_t> kept;
   if (!MayRemove(checked)) return kFound;
-  target_->BeforeRemoval();
-  if (!BackUp(&kept)) return pump_.closing() ? kStopped : kFound;
-  engine.BeginWork(Caption::DeletingInProgress);
-  engine.removal().RemoveSelectedSpy(kept);
-  engine.removal().launchRegEditDelete();
-  engine.EndWork();
-  if (const Outcome saved = target_->AfterRemoval(); !saved.ok()) {
-    view_.Say("the registry was not changed: " + saved.description() + saved.notes());
-    failed_ = true;
-  }
+  const std::string name =
+      options_.backup_name.empty() ? target_->backups().NameForNow() : options_.backup_name;
+  const RemovalNotes notes = target_->RemoveChecked(name);
+  if (notes.backed_up) view_.Say("backup: " + ForShowing(name));
+  for (const std::string& line : notes.lines) view_.Say(ForShowing(line));
+  failed_ = failed_ || notes.failed;
   std::size_t gone = 0;
   for (std::size_t i = 0; i < hits.size(); ++i) {
     const auto& result = hits.row(i).result;

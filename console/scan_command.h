@@ -3,7 +3,6 @@
 
 #include <memory>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "console/console_pump.h"
@@ -43,7 +42,6 @@ class ScanCommand : private ScanReport, private FailureListener {
   FindingRecord Record(std::size_t row);
   int Remove();
   bool MayRemove(std::size_t checked);
-  bool BackUp(std::unordered_set<std::size_t>* kept);
   bool Ask(const std::string& question);
   bool WritePage(const ScanSummary& summary);
   int Finish(int removed);

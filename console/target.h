@@ -12,6 +12,13 @@
 
 namespace scourwell {
 
+// What there is to be said of a removal besides its rows.
+struct RemovalNotes {
+  bool backed_up = false;
+  std::vector<std::string> lines;
+  bool failed = false;  // apart from what the rows say
+};
+
 // What a command works on: this Windows, a Windows on a mounted disk, or plain folders.
 class Target {
  public:
@@ -24,14 +31,18 @@ class Target {
   virtual std::string ScannedPath(const std::string& path) = 0;
   // ... and of our own files (definitions, reports, archives). Empty when it cannot be reached.
   virtual std::string OwnPath(const std::string& path) = 0;
+  virtual std::string OwnFolder(const std::string& path) { return OwnPath(path); }
   // A path of the engine's files as the user knows it.
   virtual std::string Shown(const std::string& path) const { return path; }
 
   // Why nothing can be removed here; empty when it can.
   virtual std::string WhyNoRemoval() const { return {}; }
-  // Makes the checked rows ones that backup and removal understand, and keeps what they changed.
-  virtual void BeforeRemoval() {}
-  virtual Outcome AfterRemoval() { return {}; }
+  // Stores the checked rows in a backup and removes them; what could not be stored stays. The rows
+  // say what came of each.
+  virtual RemovalNotes RemoveChecked(const std::string& backup_name);
+  virtual Backups& backups() { return engine().backups(); }
+  // Brings back what is chosen of a backup of backups().
+  virtual Outcome Restore(RestoreRun& run, const std::vector<bool>& chosen, RestoreResult* result);
   // What could not be read before the scan began.
   virtual std::vector<UnreadPlace> Unread() const { return {}; }
 };
