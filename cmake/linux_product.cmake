@@ -12,3 +12,24 @@ add_custom_target(linux_folder ALL
           ${PROJECT_BINARY_DIR}/update.ref ${linux_folder}
   DEPENDS scourwell ${PROJECT_BINARY_DIR}/update.ref
   VERBATIM)
+
+# The package: scourwell_VERSION_amd64.deb, by `cpack` in the folder of the build.
+install(TARGETS scourwell RUNTIME DESTINATION bin)
+install(FILES ${PROJECT_BINARY_DIR}/update.ref DESTINATION share/scourwell)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/scourwell.1 DESTINATION share/man/man1)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/scourwell.bash-completion
+  DESTINATION share/bash-completion/completions RENAME scourwell)
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION share/doc/scourwell RENAME copyright)
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME scourwell)
+set(CPACK_PACKAGE_VENDOR "The Scourwell project")
+set(CPACK_PACKAGE_CONTACT "The Scourwell project <scourwell@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Finds and removes spyware on Windows disks")
+set(CPACK_PACKAGE_DESCRIPTION
+  "Scans the disk of a Windows that does not run, or plain folders, backs up what it finds and removes it.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES TRUE)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION admin)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS TRUE)
+include(CPack)

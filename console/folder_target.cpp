@@ -33,7 +33,7 @@ std::string FolderTarget::OwnPath(const std::string& path) {
 
 std::string FolderTarget::Shown(const std::string& path) const {
   const std::string shown = files_.ToLinux(path);
-  return shown.empty() ? path : shown;
+  return shown.empty() ? path : LinuxPathText(shown);
 }
 
 }  // namespace scourwell

@@ -7,8 +7,12 @@
 #include <climits>
 #include <cstdlib>
 
+#include "text/unicode.h"
+
 namespace scourwell {
 namespace {
+
+constexpr char32_t kStrayHalf = 0xDC00;
 
 std::string Resolved(const std::string& path) {
   char* const real = realpath(path.c_str(), nullptr);
@@ -39,6 +43,22 @@ std::string LinuxFolder(const std::string& path) {
 }
 
 std::string LinuxName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+
+std::string LinuxPathText(std::string_view path) {
+  std::string text;
+  for (std::size_t at = 0; at < path.size();) {
+    const std::size_t begin = at;
+    const char32_t code = NextCode(path, &at);
+    if (code < kStrayByte && !IsSurrogate(code)) {
+      AppendCode(code, &text);
+      continue;
+    }
+    for (const char byte : path.substr(begin, at - begin)) {
+      AppendCode(kStrayHalf + static_cast<unsigned char>(byte), &text);
+    }
+  }
+  return text;
+}
 
 bool IsLinuxFile(const std::string& path) {
   struct stat state = {};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace scourwell {
 
@@ -11,6 +12,10 @@ std::string RealLinuxPath(const std::string& path);
 // Its folder and its last part, of a path that RealLinuxPath gave.
 std::string LinuxFolder(const std::string& path);
 std::string LinuxName(const std::string& path);
+
+// The path as a text: each byte that is no UTF-8 becomes U+DC00 and the byte. Half of a surrogate pair
+// is none, too.
+std::string LinuxPathText(std::string_view path);
 
 bool IsLinuxFile(const std::string& path);
 // Makes the folder and those on the way to it. False when it is not there afterwards.

@@ -15,6 +15,7 @@ everything=(
     xvfb xauth patchelf                             # private Wine and its display
     imagemagick attr                                # screenshots, DOS file attributes
     locales                                         # Windows of other languages
+    parallel man-db dpkg-dev                        # many disks at a time, the package and its page
     ca-certificates
 )
 
