@@ -13,8 +13,8 @@ std::string RealLinuxPath(const std::string& path);
 std::string LinuxFolder(const std::string& path);
 std::string LinuxName(const std::string& path);
 
-// The path as a text: each byte that is no UTF-8 becomes U+DC00 and the byte. Half of a surrogate pair
-// is none, too.
+// The path as a text: each byte that is no UTF-8 becomes U+DC00 and the byte. Half of a surrogate
+// pair is none, too.
 std::string LinuxPathText(std::string_view path);
 
 bool IsLinuxFile(const std::string& path);

@@ -75,10 +75,12 @@ void ScanCommand::HearFailure(const Outcome& outcome, std::string_view method) {
     if (options_.definitions.empty()) return;
   }
   const std::string_view place = outcome.last_value();
-  if (summary_.unread.size() == kMostUnread) {
+  if (heard_.size() == kMostUnread) {
     ++unread_not_kept_;
     return;
   }
+  // Each pass meets the same folder.
+  if (!heard_.insert(std::string(place) + "\n" + outcome.description()).second) return;
   summary_.unread.push_back(
       {place.empty() ? std::string(method) : target_->Shown(std::string(place)),
        outcome.description()});
@@ -108,6 +110,7 @@ bool ScanCommand::Prepare(int* code) {
   }
   Engine& engine = target_->engine();
   engine.log().set_listener(this);
+  engine.memory().OnlyLook();  // what runs is ended when it is removed, and not before
   ApplySettings(options_, &engine.settings());
   engine.scope().FillTree(engine.language(), engine.ports().files.Drives());
   ApplySections(options_, &engine.scope());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -55,6 +56,7 @@ class ScanCommand : private ScanReport, private FailureListener {
   std::size_t shown_ = 0;               // rows
   std::vector<FindingRecord> records_;  // of a scan that removes, as they were found
   bool failed_ = false;
+  std::set<std::string> heard_;  // places and reasons
   std::size_t unread_not_kept_ = 0;
 };
 

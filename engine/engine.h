@@ -81,6 +81,7 @@ class Engine : private LoadProgress {
   ScanProgress& progress() { return progress_; }
   const ScanProgress& progress() const { return progress_; }
   LoadProgress& loading() { return *this; }
+  MemoryScan& memory() { return memory_; }
   ReferenceFile& reference() { return reference_; }
   const ScanSession& session() const { return session_; }
   bool scanning() const { return scanning_; }

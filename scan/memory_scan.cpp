@@ -103,7 +103,7 @@ void MemoryScan::CheckMType(std::size_t index, const Evidence& evidence) {
   const ProcessEntry& process = tasklist_[index];
   const FoundProcess found = {process.path, process.id};
   parts_.log.Trap("CheckMType", [&] { ReportOnce(parts_.sink, found, evidence); });
-  if (!parts_.os.IsWin2K()) return;
+  if (only_looks_ || !parts_.os.IsWin2K()) return;
   if (tried_[index] || !parts_.sink.Shows(found)) return;
   tried_[index] = true;
   parts_.log.Trap("KillProcessById", [&] { return End(process); });

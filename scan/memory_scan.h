@@ -48,6 +48,9 @@ class MemoryScan {
   // and 2000, ended at once unless the user excludes it.
   void MatchAll(const DefinitionList<ProcessName>& definitions);
 
+  // A scan that only looks ends nothing.
+  void OnlyLook() { only_looks_ = true; }
+
   const std::vector<ProcessEntry>& Tasklist() const { return tasklist_; }
 
  private:
@@ -58,6 +61,7 @@ class MemoryScan {
   Outcome End(const ProcessEntry& process);
 
   Parts parts_;
+  bool only_looks_ = false;
   std::vector<ProcessEntry> tasklist_;
   std::vector<std::string> compared_;  // the path of each process, or its file name; folded
   std::vector<bool> tried_;            // to end; its identifier may be another's by now

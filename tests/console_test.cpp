@@ -40,7 +40,7 @@ TEST_SUITE("console_options") {
              {{"--version"}, ""},
              {{"scan", "--", "--format"}, ""},
              {{"scan", "-"}, ""},
-             {{}, "no command"},
+             {std::vector<std::string>(), "no command"},
              {{"sacn"}, "unknown command sacn"},
              {{"scan", "--frmat=json"}, "unknown option --frmat=json"},
              {{"scan", "--form", "json"}, "unknown option --form"},
@@ -108,7 +108,7 @@ TEST_SUITE("console_options") {
 
 TEST_SUITE("console_records") {
   TEST_CASE("a line of JSON gives back whatever a name holds") {
-    for (const std::string name :
+    for (const std::string& name :
          {std::string("plain"), std::string("q\" b\\ s/"), std::string("\x01\x1F\x7F\t\r\n\0z", 9),
           std::string("\xC4\x84\xF0\x9F\x98\x80"),
           std::string("\xED\xA0\x80x\xED\xB0\x80"),  // halves of a pair that stand alone
@@ -177,7 +177,7 @@ TEST_SUITE("console_records") {
       return text;
     };
     for (const auto& [only, left] :
-         Rows<std::vector<std::string>, std::string>{{{}, "1111"},
+         Rows<std::vector<std::string>, std::string>{{std::vector<std::string>(), "1111"},
                                                      {{"file"}, "1110"},
                                                      {{"file,key"}, "1111"},
                                                      {{"evil"}, "1101"},
@@ -225,8 +225,7 @@ TEST_SUITE("console_scan") {
   TEST_CASE("what could not be looked at is told, and makes the scan incomplete") {
     ConsoleBench b;
     b.Plant("C:\\data\\evil.exe");
-    b.m.Folder("C:\\data\\closed").Locked();
-    b.m.files.Find("C:\\data\\closed")->denied = true;
+    b.m.Folder("C:\\data\\closed").Denied();
     CHECK(b.Run({"scan", "--format=json", "C:\\data", "D:\\gone"}) == kIncomplete);
     const JsonValue summary = JsonLines(b.console.out).back();
     const auto& unread = summary.Find("unread")->items;
@@ -257,7 +256,10 @@ TEST_SUITE("console_scan") {
         if (!line.Text("kind").empty()) kinds += std::string(line.Text("kind")) + " ";
       }
       CHECK(kinds == found);
+      CHECK(b.m.system.journal.empty());  // what runs goes on running
     }
+    CHECK(b.Run({"remove", "--memory", "--yes"}) == kAllRemoved);
+    CHECK(b.m.system.journal == std::vector<std::string>{"Terminate 7"});
   }
 
   TEST_CASE("wherever it is stopped, a scan says so; a reader that leaves makes it incomplete") {
@@ -354,7 +356,7 @@ TEST_SUITE("console_scan") {
     CHECK(b.console.out.find("enabled\tEvil\t") == 0);
     CHECK(b.Run({"startup", "--disable", "Nobody"}) == kIncomplete);
     CHECK(b.Run({"startup", "--disable", "evil"}) == kNothingFound);
-    CHECK(b.m.registry.Text(RootKey::CurrentUser, run, "Evil").empty());
+    CHECK(b.m.registry.Text(RootKey::CurrentUser, run, "Evil") == "(none)");
     CHECK(b.Run({"startup"}) == kNothingFound);
     CHECK(b.console.out.find("disabled\tEvil\t") == 0);
     CHECK(b.Run({"startup", "--enable", "Evil"}) == kNothingFound);
@@ -382,7 +384,8 @@ TEST_SUITE("console_merge") {
          {std::string(), whole.substr(0, whole.size() / 3), std::string("no json\n"),
           whole.substr(0, whole.find('\n') + 1),
           ReplaceAll(whole, "\"finished\": true", "\"finished\": false"),
-          "{\"kind\": \"file\", \"spy\": \"<script>\"}\n", std::string(5u << 20, 'x')}) {
+          std::string("{\"kind\": \"file\", \"spy\": \"<script>\"}\n"),
+          std::string(5u << 20, 'x')}) {
       CAPTURE(broken.substr(0, 80));
       b.m.File("C:\\in\\2.jsonl", broken);
       CHECK(b.Run({"report", "--merge", "C:\\in\\1.jsonl", "C:\\in\\2.jsonl", "--html",
