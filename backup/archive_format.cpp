@@ -5,6 +5,7 @@
 #include "backup/byte_order.h"
 #include "backup/sha256.h"
 #include "machine/file_utils.h"
+#include "text/caption_ids.h"
 #include "text/text.h"
 
 namespace scourwell {
@@ -18,7 +19,8 @@ constexpr std::uint64_t kSecurityExtra = 1;
 constexpr std::size_t kLongestItemPath = 0xFFFF;
 
 Outcome Damaged(const char* what) {
-  return Outcome::Failed(kDeviceError, std::string("The archive is damaged: ") + what);
+  return Outcome::Failed(kDeviceError, std::string("The archive is damaged: ") + what)
+      .Because(Caption::ReasonDamaged);
 }
 
 std::uint64_t Blocks(std::uint64_t size) {

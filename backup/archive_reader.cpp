@@ -5,6 +5,7 @@
 
 #include "backup/block_codec.h"
 #include "backup/sha256.h"
+#include "text/caption_ids.h"
 
 namespace scourwell {
 namespace {
@@ -12,7 +13,8 @@ namespace {
 constexpr std::size_t kBlockHeader = 4;
 
 Outcome Damaged(const ArchiveItem& item) {
-  return Outcome::Failed(kDeviceError, "What the archive holds of " + item.path + " is damaged");
+  return Outcome::Failed(kDeviceError, "What the archive holds of " + item.path + " is damaged")
+      .Because(Caption::ReasonDamaged);
 }
 
 }  // namespace
@@ -23,7 +25,8 @@ Outcome ArchiveReader::Open(const std::string& path, FindVolume find, const std:
   for (ArchiveItem& item : index_.items) {
     const std::string bytes = std::move(item.path);
     if (!code_pages_.Decode(code_pages_.System(), bytes, &item.path).ok()) {
-      return Outcome::Failed(kDeviceError, "The archive is damaged: it holds impossible names");
+      return Outcome::Failed(kDeviceError, "The archive is damaged: it holds impossible names")
+          .Because(Caption::ReasonDamaged);
     }
   }
   return {};
@@ -55,7 +58,9 @@ Outcome ArchiveReader::ReadItem(std::size_t number, const Sink& sink) {
   std::uint32_t crc = 0;
   Sha256 digest;
   for (std::uint64_t left = item.size; left > 0;) {
-    if (!pump_.Next()) return Outcome::Failed(kInvalidCall, "Stopped before the end");
+    if (!pump_.Next())
+      return Outcome::Failed(kInvalidCall, "Stopped before the end")
+          .Because(Caption::ReasonStopped);
     const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(left, kArchiveBlock));
     std::string_view plain;
     if (Outcome read = ReadBlock(item, &at, size, &plain); !read.ok()) return read;

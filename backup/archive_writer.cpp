@@ -5,6 +5,7 @@
 
 #include "machine/file_utils.h"
 #include "machine/real_path.h"
+#include "text/caption_ids.h"
 
 namespace scourwell {
 namespace {
@@ -22,7 +23,10 @@ std::uint64_t NewIdentity(Clock& clock, const std::string& path) {
   return identity;
 }
 
-Outcome Stopped() { return Outcome::Failed(kInvalidCall, "The backup was stopped before its end"); }
+Outcome Stopped() {
+  return Outcome::Failed(kInvalidCall, "The backup was stopped before its end")
+      .Because(Caption::ReasonStopped);
+}
 
 ArchiveItem ItemFor(ItemKind kind, const std::string& path, const DirEntry& entry,
                     std::uint64_t offset) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "backup/block_codec.h"
+#include "backup/item_report.h"
 #include "backup/sha256.h"
 #include "backup/volume_writer.h"
 #include "platform/clock.h"
@@ -16,12 +17,6 @@
 #include "text/text.h"
 
 namespace scourwell {
-
-// Something that happened to one item, and why.
-struct ItemReport {
-  std::string path;
-  Outcome why;
-};
 
 struct ArchiveResult {
   std::size_t files = 0;           // stored, with their folders

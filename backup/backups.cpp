@@ -87,8 +87,9 @@ BackupReport Backups::Create(const std::string& name, const std::vector<const Fi
     Outcome stored = Store(name, rows, std::move(options), &report);
     return stored.ok() ? Outcome() : std::move(stored).With("Archive: ", name + kEnding);
   });
-  for (const std::string& failure : report.failures) {
-    parts_.log.LogFailure(Outcome::Failed(kPathFileAccess, "Not backed up: " + failure),
+  for (const ItemReport& failure : report.failures) {
+    parts_.log.LogFailure(Outcome::Failed(kPathFileAccess, "Not backed up: " + failure.path + ": " +
+                                                               failure.why.description()),
                           "cmdBackup");
   }
   return report;
@@ -113,15 +114,11 @@ Outcome Backups::Store(const std::string& name, const std::vector<const Finding*
       report->failed_rows.push_back(i);
     }
   }
-  for (const ItemReport& item : archive.result().failed) {
-    report->failures.push_back(item.path + ": " + item.why.description());
-  }
   // What is stored only in part belongs to the report, but hinders nothing.
-  for (const ItemReport& item : archive.result().notes) {
-    report->failures.push_back(item.path + ": " + item.why.description());
+  for (const auto* items :
+       {&archive.result().failed, &archive.result().notes, &registry.left_out()}) {
+    report->failures.insert(report->failures.end(), items->begin(), items->end());
   }
-  report->failures.insert(report->failures.end(), registry.left_out().begin(),
-                          registry.left_out().end());
   Outcome done = AddScripts(name, registry, &archive);
   if (done.ok()) done = archive.Finish(KeyOfMachine(parts_.kept, parts_.system));
   if (done.ok()) RememberPlace(archive.path());

@@ -28,7 +28,7 @@ struct BackupRow {
 struct BackupReport {
   Outcome archive;                       // why there is no archive at all
   std::vector<std::size_t> failed_rows;  // of the rows given, those not (wholly) stored
-  std::vector<std::string> failures;     // "path: reason"
+  std::vector<ItemReport> failures;
 };
 
 // The backups of the backup folder: "name.qzp" archives of files and folders, with the registry

@@ -5,6 +5,7 @@
 
 #include "backup/block_codec.h"
 #include "machine/file_utils.h"
+#include "text/caption_ids.h"
 #include "text/text.h"
 
 namespace scourwell {
@@ -24,7 +25,8 @@ Outcome Extractor::ExtractAll(ArchiveReader& archive) {
   }
   FinishFolders();
   if (!pump_.closing()) return {};
-  return Outcome::Failed(kInvalidCall, "The restoring was stopped before its end");
+  return Outcome::Failed(kInvalidCall, "The restoring was stopped before its end")
+      .Because(Caption::ReasonStopped);
 }
 
 Outcome Extractor::ExtractItem(ArchiveReader& archive, std::size_t number) {

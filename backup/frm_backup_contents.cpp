@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+#include "machine/reasons.h"
 #include "scan/finding_texts.h"
+#include "text/counting.h"
 #include "widgets/access_keys.h"
 #include "widgets/path_cell.h"
 #include "widgets/resource.h"
@@ -44,7 +46,7 @@ void frmBackupContents::OnCreate() {
   ContentsList_.AddColumn(kType, Text(Caption::ColumnHitType), type);
   ContentsList_.AddColumn(kSystem, Text(Caption::ColumnHitSystem), metrics().Scale(80));
   ContentsList_.AddColumn(kPlace, Text(Caption::ColumnHitDetails), metrics().Scale(200));
-  ContentsList_.AddColumn(kSize, Text(Caption::ColumnBackupSize), metrics().Scale(60));
+  ContentsList_.AddColumn(kSize, Text(Caption::ColumnBackupSize), metrics().Scale(70));
   ContentsList_.AddColumn(kStatus, Text(Caption::ColumnStatus), status);
   AccessKeys keys;
   cmdCheckAll_.Create(env_, hwnd(), IDC_cmdCheckAll, keys.Add(Text(Caption::CheckAll)));
@@ -60,7 +62,8 @@ void frmBackupContents::OnCreate() {
 
 void frmBackupContents::ShowCount() {
   const auto checked = std::count(chosen_.begin(), chosen_.end(), true);
-  const std::string count = std::to_string(checked) + " " + Text(Caption::Checked);
+  const std::string count =
+      CountedText(env_.captions, static_cast<std::size_t>(checked), Caption::Checked);
   SetHeaderText(Text(run_.foreign() ? Caption::BackupMadeElsewhere : Caption::AskRestoreBackup) +
                 " (" + count + ")");
   cmdRestore_.Enable(checked > 0);
@@ -87,7 +90,8 @@ std::string frmBackupContents::Cell(const BackupItem& item, int column) const {
     case kPlace:
       return PlaceText(item.object);
     case kSize:
-      return std::to_string(item.size);
+      return KindOf(item.object) == FindingKind::File ? SizeText(env_.captions, item.size)
+                                                      : std::string();
     default:
       return Status(item);
   }
@@ -95,7 +99,7 @@ std::string frmBackupContents::Cell(const BackupItem& item, int column) const {
 
 std::string frmBackupContents::Status(const BackupItem& item) const {
   if (!item.refused.ok()) {
-    return Text(Caption::StateRefused) + ": " + item.refused.description();
+    return Text(Caption::StateRefused) + ": " + ReasonText(env_.captions, item.refused);
   }
   if (item.state == ItemState::Same) return Text(Caption::ItemUnchanged);
   if (item.starts_program) return Text(Caption::ItemStartsProgram);

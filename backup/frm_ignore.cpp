@@ -3,8 +3,10 @@
 
 #include <algorithm>
 
+#include "machine/reasons.h"
 #include "scan/finding.h"
 #include "scan/finding_texts.h"
+#include "text/counting.h"
 #include "widgets/access_keys.h"
 #include "widgets/message_box.h"
 #include "widgets/path_cell.h"
@@ -54,9 +56,9 @@ void frmIgnore::Load() {
 }
 
 void frmIgnore::ShowCount() {
-  const auto checked = std::count(checked_.begin(), checked_.end(), true);
+  const auto checked = static_cast<std::size_t>(std::count(checked_.begin(), checked_.end(), true));
   SetHeaderText(Text(Caption::ExcludedComponents) + " " + std::to_string(records_.size()) +
-                (checked > 0 ? ", " + std::to_string(checked) + " " + Text(Caption::Checked) : ""));
+                (checked > 0 ? ", " + CountedText(env_.captions, checked, Caption::Checked) : ""));
   CmdRemove_.Enable(checked > 0);
 }
 
@@ -101,7 +103,7 @@ void frmIgnore::CmdRemove_Click() {
       env_.log.TrapOutcome("CmdRemove_Click", [&] { return ignore_.Keep(kept); });
   Load();
   if (!removed.ok()) {
-    ShowMessage(Text(Caption::IgnoreListNotChanged) + "\r\n" + removed.description(),
+    ShowMessage(Text(Caption::IgnoreListNotChanged) + "\r\n" + ReasonText(env_.captions, removed),
                 Text(Caption::Error), MB_ICONERROR);
   }
 }

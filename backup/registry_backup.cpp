@@ -42,12 +42,12 @@ void RegistryBackup::AddKey(const FoundKey& key) {
   if (!CanStandInScript(full_path)) return Note(false, full_path);
   if (!key.view64) keys_.AddKey(full_path);
   Registry* registry = RegistryOf(key.view64);
-  if (!registry) return LeaveOut(key, "unknown root");
+  if (!registry) return LeaveOut(PlaceText(key), "unknown root");
   const RegStatus opened = registry->TryOpen(key.place.root, key.place.path, kKeyRead);
   if (opened == kRegOk) {
     return ExportKey(full_path, *registry, key.place, 0, ExportOf(key.view64));
   }
-  if (opened != kRegNotFound) LeaveOut(key, "it cannot be read");
+  if (opened != kRegNotFound) LeaveOut(PlaceText(key), "it cannot be read");
 }
 
 void RegistryBackup::AddValue(const FoundValue& value) {
@@ -58,7 +58,7 @@ void RegistryBackup::AddValue(const FoundValue& value) {
     values_.AddValue(value.name, {kRegText, value.data + '\0'});
   }
   if (Registry* registry = RegistryOf(value.view64)) return ExportValue(value, registry);
-  LeaveOut(value, "unknown root");
+  LeaveOut(PlaceText(value), "unknown root");
 }
 
 void RegistryBackup::ExportValue(const FoundValue& found, Registry* registry) {
@@ -78,12 +78,12 @@ void RegistryBackup::ExportValue(const FoundValue& found, Registry* registry) {
   if (status == kRegOk) {
     Note(script->AddKey(full_path) && script->AddValue(true_name, value), full_path);
   } else if (status != kRegNotFound) {
-    LeaveOut(found, "it cannot be read");
+    LeaveOut(PlaceText(found), "it cannot be read");
   }
 }
 
-void RegistryBackup::LeaveOut(const FoundObject& object, std::string_view why) {
-  left_out_.push_back(PlaceText(object).append(": ").append(why));
+void RegistryBackup::LeaveOut(const std::string& place, const char* why) {
+  left_out_.push_back({place, Outcome::Failed(kPathFileAccess, why)});
 }
 
 void RegistryBackup::ExportKey(const std::string& full_path, Registry& registry,
@@ -104,7 +104,7 @@ void RegistryBackup::ExportKey(const std::string& full_path, Registry& registry,
     names.push_back(name);
     return true;
   });
-  if (read != kRegOk || listed != kRegOk) left_out_.push_back(full_path + ": it cannot be read");
+  if (read != kRegOk || listed != kRegOk) LeaveOut(full_path, "it cannot be read");
   for (const std::string& name : names) {
     if (depth >= kDeepest) return Note(false, full_path);
     ExportKey(full_path + "\\" + name, registry, {place.root, place.path + "\\" + name}, depth + 1,
@@ -113,7 +113,7 @@ void RegistryBackup::ExportKey(const std::string& full_path, Registry& registry,
 }
 
 void RegistryBackup::Note(bool held, const std::string& full_path) {
-  if (!held) left_out_.push_back(full_path + ": a script cannot hold what is in it");
+  if (!held) LeaveOut(full_path, "a script cannot hold what is in it");
 }
 
 }  // namespace scourwell

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "backup/item_report.h"
 #include "machine/reg_script.h"
 #include "machine/registry_place.h"
 #include "platform/pump.h"
@@ -29,8 +30,8 @@ class RegistryBackup {
   // Empty when nothing was checked in that view.
   const RegScript& exported() const { return exported_; }
   const RegScript& exported64() const { return exported64_; }
-  // What no script can hold, or could not be read: "path: reason".
-  const std::vector<std::string>& left_out() const { return left_out_; }
+  // What no script can hold, or could not be read.
+  const std::vector<ItemReport>& left_out() const { return left_out_; }
 
  private:
   void AddKey(const FoundKey& key);
@@ -38,7 +39,7 @@ class RegistryBackup {
   void ExportKey(const std::string& full_path, Registry& registry, const RegistryPlace& place,
                  unsigned depth, RegScript* script);
   void ExportValue(const FoundValue& found, Registry* registry);
-  void LeaveOut(const FoundObject& object, std::string_view why);
+  void LeaveOut(const std::string& place, const char* why);
   Registry* RegistryOf(bool view64) { return view64 ? registry64_ : &registry_; }
   RegScript* ExportOf(bool view64) { return view64 ? &exported64_ : &exported_; }
   void Note(bool held, const std::string& full_path);
@@ -50,7 +51,7 @@ class RegistryBackup {
   RegScript values_;
   RegScript exported_;
   RegScript exported64_;
-  std::vector<std::string> left_out_;
+  std::vector<ItemReport> left_out_;
 };
 
 }  // namespace scourwell

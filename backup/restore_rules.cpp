@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string>
 
+#include "text/caption_ids.h"
 #include "text/paths.h"
 #include "text/text.h"
 
@@ -61,7 +62,8 @@ bool IsProgram(std::string_view path) {
 }
 
 Outcome Refused(const char* why) {
-  return Outcome::Failed(kPermissionDenied, std::string("The backup was made elsewhere: ") + why);
+  return Outcome::Failed(kPermissionDenied, std::string("The backup was made elsewhere: ") + why)
+      .Because(Caption::BackupMadeElsewhere);
 }
 
 }  // namespace

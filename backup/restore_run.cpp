@@ -6,6 +6,7 @@
 #include "backup/block_codec.h"
 #include "machine/file_utils.h"
 #include "scan/finding_texts.h"
+#include "text/caption_ids.h"
 #include "text/text.h"
 
 namespace scourwell {
@@ -44,7 +45,9 @@ Outcome RestoreRun::ReadScripts() {
   for (std::size_t i = 0; i < archive_.items().size(); ++i) {
     const ArchiveItem& item = archive_.items()[i];
     if (item.kind != ItemKind::Script) continue;
-    if (!parts_.pump.Next()) return Outcome::Failed(kInvalidCall, "Stopped before the end");
+    if (!parts_.pump.Next())
+      return Outcome::Failed(kInvalidCall, "Stopped before the end")
+          .Because(Caption::ReasonStopped);
     std::string text;
     Outcome read = Outcome::Failed(kOutOfMemory, "The script is too large");
     if (!IsScriptName(item.path)) {
@@ -156,7 +159,8 @@ Outcome RestoreRun::Restore(const std::vector<bool>& chosen, RestoreResult* resu
     parts_.log.LogFailure(std::move(record).With("Path: ", item.path), "cmdRestore");
   }
   if (!parts_.pump.closing()) return {};
-  return Outcome::Failed(kInvalidCall, "The restoring was stopped before its end");
+  return Outcome::Failed(kInvalidCall, "The restoring was stopped before its end")
+      .Because(Caption::ReasonStopped);
 }
 
 // What is put back, or lies there unchanged, must not go at the next start: those that would are

@@ -39,7 +39,8 @@ std::string Language::SetCaptionfromINI(std::string_view number, std::string_vie
 }
 
 std::string Language::Text(Caption caption) const {
-  return SetCaptionfromINI(std::to_string(NumberOf(caption)), DefaultCaption(caption));
+  return WithLineBreaks(
+      SetCaptionfromINI(std::to_string(NumberOf(caption)), DefaultCaption(caption)));
 }
 
 std::string Language::Name() const {

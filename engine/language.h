@@ -37,7 +37,7 @@ class Language : public Captions {
   // both ends. A key that is there without a value gives an empty text.
   std::string SetCaptionfromINI(std::string_view number, std::string_view fallback) const;
 
-  // The same with the English default of the caption table.
+  // The same with the English default of the caption table, and with its line breaks.
   std::string Text(Caption caption) const override;
 
   // The pack's file name without ".ini".

@@ -7,6 +7,7 @@
 #include "guard/protected_keys.h"
 #include "machine/cregister.h"
 #include "machine/registry_place.h"
+#include "text/caption_ids.h"
 #include "text/paths.h"
 
 namespace scourwell {
@@ -34,6 +35,7 @@ RegStatus KeyRemover::DeleteKey(RootKey root, std::string_view path) {
     }
     if (link.empty()) return {};
     return Outcome::Failed(kPermissionDenied, "A link in the registry is not followed")
+        .Because(Caption::ReasonLink)
         .With("Key: ", link);
   });
   return status;

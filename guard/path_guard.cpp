@@ -6,16 +6,18 @@
 #include "guard/vital_files.h"
 #include "machine/file_utils.h"
 #include "machine/real_path.h"
+#include "text/caption_ids.h"
 #include "text/text.h"
 
 namespace scourwell {
 namespace {
 
-constexpr char kRefused[] = "It is protected: ";
-
-Outcome RootRefused() {
-  return Outcome::Failed(kPermissionDenied, std::string(kRefused) + "it is the root of a drive");
+Outcome Refused(const std::string& why) {
+  return Outcome::Failed(kPermissionDenied, "It is protected: " + why)
+      .Because(Caption::ReasonProtected);
 }
+
+Outcome RootRefused() { return Refused("it is the root of a drive"); }
 
 std::string_view WithoutStartSeparator(std::string_view path) {
   if (BeginsWithSeparator(path)) path.remove_prefix(1);
@@ -115,16 +117,15 @@ Outcome PathGuard::Judge(const std::string& real) const {
   const ProtectedFolder* innermost = nullptr;
   for (const ProtectedFolder& folder : protected_) {
     if (IsAtOrBelow(folder.path, real)) {
-      return Outcome::Failed(
-          kPermissionDenied,
-          std::string(kRefused) + "the folder " + folder.path +
-              (folder.path.size() == real.size() ? " itself is never touched" : " lies in it"));
+      return Refused(
+          "the folder " + folder.path +
+          (folder.path.size() == real.size() ? " itself is never touched" : " lies in it"));
     }
     if (!IsAtOrBelow(real, folder.path)) continue;
     if (!innermost || innermost->path.size() < folder.path.size()) innermost = &folder;
   }
   if ((innermost && innermost->contents) || IsVital(real)) {
-    return Outcome::Failed(kPermissionDenied, std::string(kRefused) + "Windows needs it");
+    return Refused("Windows needs it");
   }
   return {};
 }
@@ -132,8 +133,7 @@ Outcome PathGuard::Judge(const std::string& real) const {
 Outcome PathGuard::JudgeName(const std::string& real) const {
   if (RootSize(real) >= real.size()) return RootRefused();
   if (IsOwn(real)) {
-    return Outcome::Failed(kPermissionDenied,
-                           std::string(kRefused) + "it belongs to Scourwell itself");
+    return Refused("it belongs to Scourwell itself");
   }
   return Judge(real);
 }
@@ -167,9 +167,7 @@ Outcome PathGuard::JudgeByNumbers(const std::string& real) {
     end = std::max(root, FolderPart(real.substr(0, end)).size());
   }
   if (!doubtful) return {};
-  return Outcome::Failed(
-      kPermissionDenied,
-      std::string(kRefused) + "a drive of this machine goes by another name here");
+  return Refused("a drive of this machine goes by another name here");
 }
 
 // A server may make the numbers up, and some systems tell none: then the volume of a protected
@@ -206,7 +204,8 @@ Outcome PathGuard::Allow(const std::string& path, HeldWay* way, std::string* rea
     Outcome kept = files_.HoldFolder(path.substr(0, end), &hold);
     if (kept.code() == kFileNotFound || kept.code() == kPathNotFound) break;
     if (!kept.ok()) {
-      return Outcome::Failed(kept.code(), kept.description() + ": " + path.substr(0, end));
+      Outcome told = Outcome::Failed(kept.code(), kept.description() + ": " + path.substr(0, end));
+      return kept.reason() ? std::move(told).Because(*kept.reason()) : told;
     }
     held.push_back(std::move(hold));
   }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "machine/restart_lists.h"
+#include "text/caption_ids.h"
 #include "text/paths.h"
 #include "text/text.h"
 
@@ -30,7 +31,8 @@ bool IsFixed(Files& files, std::string_view path) {
 Outcome NextStart::Leave(const std::string& path, OpenedItem* item) {
   if (!IsFixed(parts_.files, path) || !IsFixed(parts_.files, item->true_path())) {
     return Outcome::Failed(kPathFileAccess,
-                           "It is in use, and its drive may not be there at the next start");
+                           "It is in use, and its drive may not be there at the next start")
+        .Because(Caption::ReasonInUse);
   }
   return parts_.os.IsWinNT() ? NoteOnNt(path, item) : DestroyOnReboot(path);
 }
@@ -55,7 +57,8 @@ Outcome NextStart::NoteOnNt(const std::string& path, OpenedItem* item) {
   const std::string place = AddPathToFileName(FolderPart(item->true_path()), FileNamePart(path));
   if (!IsWayGuarded(place)) {
     return Outcome::Failed(kPermissionDenied,
-                           "It is in use, and others may put something else in its place");
+                           "It is in use, and others may put something else in its place")
+        .Because(Caption::ReasonInUse);
   }
   return parts_.system.DeleteAtReboot(place);
 }
@@ -70,7 +73,8 @@ Outcome NextStart::MoveAside(const std::string& path, OpenedItem* item, std::str
   const std::string base = Base(item->true_path());
   if (!EqualsNoCase(base, parts_.folders.windows) && !parts_.files.IsGuarded(base)) {
     return Outcome::Failed(kPermissionDenied,
-                           "It is in use, and no place on its drive is closed to others");
+                           "It is in use, and no place on its drive is closed to others")
+        .Because(Caption::ReasonInUse);
   }
   Outcome made = Outcome::Failed(kFileExists);
   for (unsigned number = 0; number < kMostAside && made.code() == kFileExists; ++number) {

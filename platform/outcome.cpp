@@ -42,6 +42,11 @@ Outcome Outcome::OfRegistry(std::int32_t status) {
   return Failed(status == kRegAccessDenied ? kPermissionDenied : ErrorCode::Registry(status));
 }
 
+Outcome Outcome::Because(Caption reason) && {
+  if (!ok()) reason_ = reason;
+  return std::move(*this);
+}
+
 Outcome Outcome::With(std::string_view label, std::string_view value) && {
   if (ok()) return std::move(*this);
   notes_.append(", ").append(label);

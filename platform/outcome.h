@@ -2,11 +2,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
 namespace scourwell {
+
+enum class Caption : int;
 
 // The classic run-time error numbers that error records carry.
 enum class ErrorNumber : std::int32_t {
@@ -84,6 +87,8 @@ class [[nodiscard]] Outcome {
   // What a registry call answered; a refusal is the classic one.
   static Outcome OfRegistry(std::int32_t status);
 
+  // What users read of it, where the code does not tell them enough.
+  Outcome Because(Caption reason) &&;
   // Adds ", label value" behind the procedure name of the record, e.g. "sPath: ".
   Outcome With(std::string_view label, std::string_view value) &&;
 
@@ -93,6 +98,7 @@ class [[nodiscard]] Outcome {
   const std::string& notes() const { return notes_; }
   // The value of the last note: mostly the place where it failed.
   std::string_view last_value() const { return std::string_view(notes_).substr(last_value_); }
+  std::optional<Caption> reason() const { return reason_; }
 
  private:
   Outcome(ErrorCode code, std::string description)
@@ -102,6 +108,7 @@ class [[nodiscard]] Outcome {
   std::string description_;
   std::string notes_;
   std::size_t last_value_ = 0;  // where it begins in notes_
+  std::optional<Caption> reason_;
 };
 
 }  // namespace scourwell

@@ -2,6 +2,7 @@
 #include "results/frm_log.h"
 
 #include "machine/file_utils.h"
+#include "machine/reasons.h"
 #include "text/escaped.h"
 #include "text/text.h"
 #include "widgets/access_keys.h"
@@ -47,7 +48,8 @@ void frmLog::Load() {
   cmdSave_.Enable(loaded.ok());
   cmdReport_.Enable(save_report_ && EqualsNoCase(path_, path_of_report_));
   if (!loaded.ok()) {
-    ShowMessage(path_ + "\r\n" + loaded.description(), Text(Caption::Error), MB_ICONERROR);
+    ShowMessage(path_ + "\r\n" + ReasonText(env_.captions, loaded), Text(Caption::Error),
+                MB_ICONERROR);
   }
 }
 
@@ -143,7 +145,8 @@ void frmLog::Save() {
     return written.ok() ? Outcome() : std::move(written).With("File: ", path);
   });
   if (!saved.ok()) {
-    ShowMessage(path + "\r\n" + saved.description(), Text(Caption::Error), MB_ICONERROR);
+    ShowMessage(path + "\r\n" + ReasonText(env_.captions, saved), Text(Caption::Error),
+                MB_ICONERROR);
   }
 }
 

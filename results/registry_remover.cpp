@@ -7,6 +7,7 @@
 #include "machine/file_utils.h"
 #include "machine/registry_place.h"
 #include "scan/finding_texts.h"
+#include "text/caption_ids.h"
 #include "text/text.h"
 
 namespace scourwell {
@@ -21,15 +22,17 @@ RemovalResult FromStatus(RegStatus status) {
                                                       "Registry error " + std::to_string(status))};
 }
 
-RemovalResult Refused(ErrorCode code, const char* why) {
-  return {RemovalState::Refused, Outcome::Failed(code, why)};
-}
-
 // Empty when the object may be deleted.
 std::optional<RemovalResult> Refusal(const RegistryPlace& place, bool is_protected) {
-  if (NameFromRoot(place.root).empty()) return Refused(kBadFileName, "Unknown registry root");
-  if (is_protected) return Refused(kPermissionDenied, "It is protected: Windows needs it");
-  return std::nullopt;
+  Outcome why;
+  if (NameFromRoot(place.root).empty()) {
+    why = Outcome::Failed(kBadFileName, "Unknown registry root").Because(Caption::ReasonFailed);
+  } else if (is_protected) {
+    why = Outcome::Failed(kPermissionDenied, "It is protected: Windows needs it")
+              .Because(Caption::ReasonProtected);
+  }
+  if (why.ok()) return std::nullopt;
+  return RemovalResult{RemovalState::Refused, std::move(why)};
 }
 
 std::optional<RemovalResult> RefusalOf(const FoundKey& key) {

@@ -8,6 +8,7 @@
 #include "machine/file_utils.h"
 #include "scan/finding_texts.h"
 #include "scan/memory_scan.h"
+#include "text/caption_ids.h"
 #include "text/captions.h"
 #include "text/text.h"
 
@@ -69,9 +70,10 @@ RemovedObject Removal::Carry(const RemovalStep& step) {
   const HitList::Row& row = parts_.hits.row(step.row);
   const FoundObject& object = row.finding.object;
   if (step.kept) {
-    return {row.finding.spy, object,
-            Failed(RemovalState::Failed,
-                   Outcome::Failed(kPathFileAccess, "It could not be backed up"))};
+    return {
+        row.finding.spy, object,
+        Failed(RemovalState::Failed, Outcome::Failed(kPathFileAccess, "It could not be backed up")
+                                         .Because(Caption::ReasonNotBackedUp))};
   }
   RemovedObject removed = {row.finding.spy, object, Remove(object)};
   if (removed.result.state != RemovalState::Gone) {
@@ -114,7 +116,8 @@ RemovalResult Removal::EndProcess(const FoundProcess& process) {
   }
   if (IsGenuineSystemProcess(process.image, parts_.files.folders)) {
     return Failed(RemovalState::Refused,
-                  Outcome::Failed(kPermissionDenied, "A process of Windows itself is not ended"));
+                  Outcome::Failed(kPermissionDenied, "A process of Windows itself is not ended")
+                      .Because(Caption::ReasonProtected));
   }
   Outcome ended = KillProcessById(process.id, parts_.files.system, parts_.files.pump);
   return ended.ok() ? RemovalResult{} : Failed(RemovalState::Failed, std::move(ended));

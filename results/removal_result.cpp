@@ -1,20 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "results/removal_result.h"
 
+#include "machine/reasons.h"
+#include "text/counting.h"
+
 namespace scourwell {
 namespace {
 
-struct StateText {
-  RemovalState state;
-  Caption caption;
-};
-constexpr StateText kStates[] = {
-    {RemovalState::Removed, Caption::StateRemoved},
-    {RemovalState::Gone, Caption::StateGone},
-    {RemovalState::PendingRestart, Caption::StatePendingRestart},
-    {RemovalState::Refused, Caption::StateRefused},
-    {RemovalState::Failed, Caption::StateFailed},
-};
+// In the order of RemovalState.
+constexpr Caption kStates[] = {Caption::StateRemoved, Caption::StateGone,
+                               Caption::StatePendingRestart, Caption::StateRefused,
+                               Caption::StateFailed};
+
+Caption CaptionOf(RemovalState state) { return kStates[static_cast<std::size_t>(state)]; }
 
 }  // namespace
 
@@ -35,16 +33,17 @@ int RankOf(const std::optional<RemovalResult>& result) {
 }
 
 std::string RemovalStateWord(const Captions& captions, RemovalState state) {
-  for (const StateText& each : kStates) {
-    if (each.state == state) return captions.Text(each.caption);
-  }
-  return {};
+  return FormFor(captions, 1, CaptionOf(state));
+}
+
+std::string RemovalStateCount(const Captions& captions, RemovalState state, std::size_t count) {
+  return CountedText(captions, count, CaptionOf(state));
 }
 
 std::string RemovalStateText(const Captions& captions, const RemovalResult& result) {
   std::string text = RemovalStateWord(captions, result.state);
   if (!result.why.ok() && result.state != RemovalState::PendingRestart) {
-    text += " (" + result.why.description() + ")";
+    text += " (" + ReasonText(captions, result.why) + ")";
   }
   return text;
 }

@@ -30,6 +30,8 @@ int RankOf(const std::optional<RemovalResult>& result);
 
 // "removed", "refused" and so on.
 std::string RemovalStateWord(const Captions& captions, RemovalState state);
+// "3 removed"
+std::string RemovalStateCount(const Captions& captions, RemovalState state, std::size_t count);
 // The same with its reason: "refused (It is protected: ...)".
 std::string RemovalStateText(const Captions& captions, const RemovalResult& result);
 

@@ -36,7 +36,7 @@ std::string RemovalSummary::Text(std::size_t row, Column column) const {
 
 std::string RemovalSummary::Counts() const {
   const auto part = [&](RemovalState state) {
-    return std::to_string(report_.Count(state)) + " " + RemovalStateWord(captions_, state);
+    return RemovalStateCount(captions_, state, report_.Count(state));
   };
   std::string text = part(RemovalState::Removed);
   for (const RemovalState state : kCounted) {

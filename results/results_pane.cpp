@@ -4,6 +4,7 @@
 #include <windowsx.h>
 
 #include "scan/finding_texts.h"
+#include "text/counting.h"
 #include "widgets/access_keys.h"
 #include "widgets/button_rows.h"
 #include "widgets/image_list.h"
@@ -120,7 +121,7 @@ void ResultsPane::EnableButtons() {
 void ResultsPane::ShowCount() {
   EnableButtons();
   const auto part = [&](std::size_t count, Caption caption) {
-    return count ? ", " + std::to_string(count) + " " + Text(caption) : std::string();
+    return count ? ", " + CountedText(env_.captions, count, caption) : std::string();
   };
   header_.SetText(Text(Caption::ComponentsInList) + ": " + std::to_string(hits_.size()) +
                   part(hits_.checked_count(), Caption::Checked) +

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "text/caption_ids.h"
 #include "text/paths.h"
 
 namespace scourwell {
@@ -12,7 +13,9 @@ Outcome TreeRemover::Remove(const std::string& path, std::unique_ptr<OpenedItem>
   while (!levels_.empty()) {
     if (!pump_.Next()) {
       levels_.clear();
-      Note(Outcome::Failed(kPathFileAccess, "The removal was stopped"), path);
+      Note(Outcome::Failed(kPathFileAccess, "The removal was stopped")
+               .Because(Caption::ReasonStopped),
+           path);
       break;
     }
     Step();
@@ -33,7 +36,8 @@ void TreeRemover::Step() {
   Outcome opened = files_.OpenItem(path, &item);
   if (IsAbsent(opened)) return;
   if (opened.ok() && !IsAtOrBelow(item->true_path(), root_)) {
-    opened = Outcome::Failed(kPathFileAccess, "It leads out of the folder");
+    opened =
+        Outcome::Failed(kPathFileAccess, "It leads out of the folder").Because(Caption::ReasonLink);
   }
   opened.ok() ? Take(path, std::move(item)) : Note(std::move(opened), path);
 }

@@ -155,8 +155,7 @@ void frmOptions::Proceed() {
   const OptionsForm::Confirmed confirmed = form_.Confirm();
   language_changed_ = confirmed.language;
   if (confirmed.advanced_scanning) {
-    ShowMessage(WithLineBreaks(Text(Caption::AdvancedScanningUnavailable)),
-                Text(Caption::ProgramName), 0);
+    ShowMessage(Text(Caption::AdvancedScanningUnavailable), Text(Caption::ProgramName), 0);
   }
   if (confirmed.explorer_failed) {
     ShowMessage(Text(Caption::SettingNotWritten), Text(Caption::Error), MB_ICONERROR);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frm_report.h"
 
+#include "machine/reasons.h"
 #include "widgets/file_dialog.h"
 #include "widgets/message_box.h"
 
@@ -13,8 +14,9 @@ void SaveReport(const WindowEnv& env, Application& app) {
   if (path.empty()) return;
   const Outcome saved = app.WriteReport(path);
   if (saved.ok()) return;
-  ShowMessage(env.Text(Caption::ReportNotSaved) + "\r\n" + path + "\r\n" + saved.description(),
-              env.Text(Caption::Error), MB_ICONERROR);
+  ShowMessage(
+      env.Text(Caption::ReportNotSaved) + "\r\n" + path + "\r\n" + ReasonText(env.captions, saved),
+      env.Text(Caption::Error), MB_ICONERROR);
 }
 
 }  // namespace scourwell

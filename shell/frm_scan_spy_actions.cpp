@@ -3,6 +3,7 @@
 // What the scan page does with the rows of the results list.
 #include <algorithm>
 
+#include "machine/reasons.h"
 #include "results/frm_results.h"
 #include "shell/frm_report.h"
 #include "shell/frm_scan_spy.h"
@@ -66,9 +67,10 @@ bool frmScanSpy::BackUpFirst(bool unattended, std::unordered_set<std::size_t>* k
 // Under the given caption, what is not in the archive, or why there is none.
 std::string frmScanSpy::NotStored(const BackupReport& report, Caption caption) const {
   std::string text = Text(caption);
-  if (!report.archive.ok()) text += "\r\n" + report.archive.description();
+  if (!report.archive.ok()) text += "\r\n" + ReasonText(env_.captions, report.archive);
   for (std::size_t i = 0; i < std::min(report.failures.size(), kMostNamed); ++i) {
-    text += "\r\n" + report.failures[i];
+    const ItemReport& failure = report.failures[i];
+    text += "\r\n" + failure.path + ": " + ReasonText(env_.captions, failure.why);
   }
   if (report.failures.size() > kMostNamed) text += "\r\n... " + Text(Caption::AndMore);
   return text;
@@ -112,7 +114,7 @@ void frmScanSpy::Exclude(const std::vector<std::size_t>& rows) {
       app_.log().TrapOutcome("cmdExclude", [&] { return app_.hits().Exclude(rows); });
   SpyFrame_.Refresh();
   if (!excluded.ok()) {
-    ShowMessage(Text(Caption::IgnoreListNotChanged) + "\r\n" + excluded.description(),
+    ShowMessage(Text(Caption::IgnoreListNotChanged) + "\r\n" + ReasonText(env_.captions, excluded),
                 Text(Caption::Error), MB_ICONERROR);
   }
 }
@@ -137,7 +139,7 @@ bool frmScanSpy::AskForBackupName(std::string* name) {
 }
 
 void frmScanSpy::cmdBackup_Click() {
-  std::string name;
+  std::string name = app_.backups().NameForNow();
   if (app_.busy() || !AskForBackupName(&name)) return;
   // A full disk is no end: the rest may go elsewhere.
   ArchiveOptions options;

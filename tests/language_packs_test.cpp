@@ -83,12 +83,16 @@ TEST_SUITE("language_packs") {
         {17022, "Folder&:", "no usable access key"},
         {17022, "&\xDC:", "no usable access key"},
         {17113, "Log files|*.txt|", "other file patterns"},
+        {17239, "entry|entries|many", "more forms than the rule of the pack has"},
+        {17239, "entry|", "a form is not clean"},
+
         {17246, "P (*.exe)|*.exe|All (*.txt)|*.txt", "other file patterns"},
     };
     for (const auto& [number, text, fault] : kWrong) {
       CHECK(FaultsOfPack("X.ini", With(number, text)) ==
             "X.ini: " + std::to_string(number) + ": " + fault + "\n");
     }
+    CHECK(FaultsOfPack("X.ini", With(17499, "Latin")).ends_with("17499: no rule of counting\n"));
     // What the program would cut.
     CHECK(FaultsOfPack("X.ini", With(1847, std::string(500, 'x')))
               .starts_with("X.ini: 1847: longer than 499 bytes\n"));
@@ -118,8 +122,8 @@ TEST_SUITE("language_packs") {
       CHECK(faults(page, number, text) == "X.ini: " + std::to_string(number) + ": " + fault + "\n");
     }
     // The key that a button gets takes room too.
-    CHECK(faults("932", 1842, signs + signs + signs + signs) ==
-          "X.ini: the buttons have no room in: results, lower buttons, 442 pixels\n");
+    CHECK(faults("932", 1803, signs + signs + signs + signs) ==
+          "X.ini: the buttons have no room in: results, upper buttons, 457 pixels\n");
     // Small and capital letters are the same key.
     const std::string twice = With(17012, "\xEF&\xE2...", With(17013, "&" + exit));
     CHECK(FaultsOfPack("X.ini", ReplaceAll(twice, "1252", "1251")) ==

@@ -9,6 +9,7 @@
 #include "engine/language.h"
 #include "tests/pack_rules.h"
 #include "tests/pack_text.h"
+#include "text/counting.h"
 #include "text/text.h"
 #include "widgets/access_keys.h"
 
@@ -63,6 +64,10 @@ bool HasKeyBehind(std::string_view text) {
   const std::size_t at = text.find('&');
   if (at == 0 || at + 2 >= text.size() || text[at - 1] != '(' || text[at + 2] != ')') return false;
   return text.find_first_not_of(".:> ", at + 3) == text.npos;
+}
+
+bool Has(const std::vector<int>& numbers, int number) {
+  return std::find(numbers.begin(), numbers.end(), number) != numbers.end();
 }
 
 class PackCheck {
@@ -170,8 +175,27 @@ class PackCheck {
     if (english.find("Scourwell") != english.npos && text.find("Scourwell") == text.npos) {
       Complain(number, "the program's name is lost");
     }
-    CheckPatterns(number, text, english);
-    CheckLength(number, text, english);
+    if (number == NumberOf(Caption::PluralRule)) {
+      if (FormsOfRule(text) == 0) Complain(number, "no rule of counting");
+    } else if (Has(kPackCounted, number)) {
+      CheckForms(number, text, english);
+    } else {
+      CheckPatterns(number, text, english);
+      CheckLength(number, text, english);
+    }
+  }
+
+  // A caption may have fewer forms than the rule of its pack, and each stands where the English
+  // does.
+  void CheckForms(int number, const std::string& text, std::string_view english) {
+    const std::vector<std::string> forms = Split(text, '|');
+    if (forms.size() > FormsOfRule(Text(NumberOf(Caption::PluralRule)))) {
+      Complain(number, "more forms than the rule of the pack has");
+    }
+    for (const std::string& form : forms) {
+      if (form.empty() || TrimBlanks(form) != form) Complain(number, "a form is not clean");
+      CheckLength(number, form, english);
+    }
   }
 
   // "Text (*.txt)|*.txt|": every second part stays as it is.
@@ -190,8 +214,7 @@ class PackCheck {
   void CheckLength(int number, const std::string& text, std::string_view english) {
     std::size_t most = 2 * english.size() + 12;
     for (const PackBudget& budget : kPackBudgets) {
-      const std::vector<int>& all = budget.captions;
-      if (std::find(all.begin(), all.end(), number) != all.end()) most = budget.most;
+      if (Has(budget.captions, number)) most = budget.most;
     }
     if (Columns(text) > most) {
       Complain(number, "longer than the " + std::to_string(most) + " columns that have room");

@@ -14,6 +14,10 @@ struct PackBudget {
 };
 extern const std::vector<PackBudget> kPackBudgets;
 
+// Captions that are told with a number, with a form for each kind of number that the pack's rule
+// has.
+extern const std::vector<int> kPackCounted;
+
 // Captions that stand together in a menu or window, so that their access keys must differ. Those
 // without "&" are given keys in this order, as AccessKeys does it.
 struct PackGroup {

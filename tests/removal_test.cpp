@@ -293,7 +293,7 @@ TEST_SUITE("removal") {
       BackupReport report;
       if (!row.archive) report.archive = Outcome::Failed(kDiskFull);
       report.failed_rows = row.failed;
-      if (!row.failed.empty()) report.failures = {"C:\\x: it cannot be read"};
+      if (!row.failed.empty()) report.failures = {{"C:\\x", Outcome::Failed(kPathFileAccess)}};
       const BackupVerdict verdict = JudgeBackup(report, 3, row.unattended);
       CHECK(verdict.ask == row.ask);
       CHECK(verdict.kept == std::unordered_set<std::size_t>(row.kept.begin(), row.kept.end()));

@@ -475,6 +475,52 @@ enum class Caption : int {
   NumberOfComponents = 17435,
   StatusPending = 17401,
   AskRemoveEntries = 17402,
+
+  // Why something failed.
+  ReasonNotFound = 17460,
+  ReasonNoAccess = 17461,
+  ReasonDiskFull = 17462,
+  ReasonNotReady = 17463,
+  ReasonExists = 17464,
+  ReasonDamaged = 17465,
+  ReasonTooMuch = 17466,
+  ReasonFailed = 17467,
+  ReasonProtected = 17468,
+  ReasonLink = 17469,
+  ReasonInUse = 17470,
+  ReasonStopped = 17471,
+  ReasonNotBackedUp = 17472,
+
+  // Sizes.
+  UnitKilobytes = 17473,
+  UnitMegabytes = 17474,
+  UnitGigabytes = 17475,
+
+  // More of the start page, of the results and of the tools.
+  WelcomeAutoRemove = 17476,
+  CompanionsBelongIn = 17477,
+  RemarkNoRights = 17478,
+  HintAdministrator = 17479,
+  NoArgumentsInLine = 17480,
+  MenuOpenLocation = 17481,
+  MenuGroupBySpy = 17482,
+  MenuWhatIsThis = 17483,
+
+  // What a finding is.
+  WhatCategory = 17484,
+  WhatCertainty = 17485,
+  WhatSource = 17486,
+  CertaintyPlace = 17487,
+  CertaintyName = 17488,
+  CertaintyContent = 17489,
+  CertaintyPart = 17490,
+  CertaintyBeside = 17491,
+  SourceBuiltIn = 17492,
+  SourceFile = 17493,
+  SourceSetting = 17494,
+
+  // By which rule the pack counts: English, French, Polish or Russian.
+  PluralRule = 17499,
 };
 
 constexpr int NumberOf(Caption caption) { return static_cast<int>(caption); }

@@ -5,6 +5,7 @@
 
 #include "definitions/list_loader.h"
 #include "machine/environment.h"
+#include "machine/reasons.h"
 #include "machine/registry_place.h"
 #include "text/text.h"
 #include "tools/startup_locations.h"
@@ -88,7 +89,7 @@ bool AdwareUninstaller::Load(const char* procedure, bool all, const Progress& pr
     }
     return status == kRegNotFound ? Outcome() : FromRegistry(status);
   });
-  if (!loaded.ok()) failures_.push_back(loaded.description());
+  if (!loaded.ok()) failures_.push_back(ReasonText(needs_.captions, loaded));
   return loaded.ok();
 }
 
@@ -111,7 +112,8 @@ Outcome AdwareUninstaller::Start(const std::string& command) {
       if (started.code() == kPermissionDenied) return started;
     }
   }
-  if (!started.ok() && !TrimBlanks(command).empty()) failures_.push_back(started.description());
+  if (!started.ok() && !TrimBlanks(command).empty())
+    failures_.push_back(ReasonText(needs_.captions, started));
   return started;
 }
 

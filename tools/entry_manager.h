@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "machine/error_log.h"
+#include "machine/reasons.h"
 #include "text/captions.h"
 #include "tools/entry_table.h"
 #include "tools/file_facts.h"
@@ -109,10 +110,10 @@ bool EntryManager::Trap(const char* procedure, Body&& body) {
   const std::string name = std::string(prefix_) + procedure;
   std::vector<Outcome> failures;
   const Outcome done = needs_.log.TrapOutcome(name.c_str(), [&] { body(&failures); });
-  if (!done.ok()) failures_.push_back(done.description());
+  if (!done.ok()) failures_.push_back(ReasonText(needs_.captions, done));
   for (const Outcome& failure : failures) {
     needs_.log.LogFailure(failure, name);
-    failures_.push_back(failure.description() + failure.notes());
+    failures_.push_back(ReasonText(needs_.captions, failure) + failure.notes());
   }
   return failures_.empty();
 }

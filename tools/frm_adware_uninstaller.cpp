@@ -66,14 +66,13 @@ void frmAdwareUninstaller::Load(bool all) {
   }
   ShowFailures(uninstaller_.failures(), Caption::ProgramListNotRead);
   if (!all && uninstaller_.size() == 0 && uninstaller_.failures().empty()) {
-    ShowMessage(ReplaceAll(Text(Caption::NoAdwareInstalled), "#", "\r\n"),
-                Text(Caption::NoAdwareTitle));
+    ShowMessage(Text(Caption::NoAdwareInstalled), Text(Caption::NoAdwareTitle));
   }
 }
 
 std::string frmAdwareUninstaller::EmptyText() const {
   if (uninstaller_.shows_all()) return frmTool::EmptyText();
-  return ReplaceAll(Text(Caption::NoAdwareInstalled), "##", "\r\n");
+  return ReplaceAll(Text(Caption::NoAdwareInstalled), "\r\n\r\n", "\r\n");
 }
 
 void frmAdwareUninstaller::EnableCommands() {

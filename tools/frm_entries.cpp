@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/frm_entries.h"
 
+#include "text/counting.h"
 #include "text/unicode.h"
 #include "widgets/message_box.h"
 #include "widgets/pointers.h"
@@ -20,8 +21,8 @@ std::string frmEntries::FileOf(std::size_t row) const {
 }
 
 std::string frmEntries::Figures() const {
-  return std::to_string(manager().size()) + " " + Text(Caption::Entries) + ", " +
-         std::to_string(manager().disabled_count()) + " " + Text(Caption::EntriesDisabled);
+  return CountedText(env_.captions, manager().size(), Caption::Entries) + ", " +
+         CountedText(env_.captions, manager().disabled_count(), Caption::EntriesDisabled);
 }
 
 void frmEntries::Reload() {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "text/counting.h"
 #include "text/unicode.h"
 #include "widgets/button_rows.h"
 #include "widgets/message_box.h"
@@ -153,7 +154,7 @@ void frmTool::Enable() {
 void frmTool::ShowFigures() {
   std::string text = Figures();
   if (view_->size() != Table().size()) {
-    text += ", " + std::to_string(view_->size()) + " " + Text(Caption::EntriesShown);
+    text += ", " + CountedText(env_.captions, view_->size(), Caption::EntriesShown);
   }
   lblStatus_.SetText(text);
 }

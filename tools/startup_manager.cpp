@@ -3,6 +3,7 @@
 
 #include "machine/file_utils.h"
 #include "machine/registry_place.h"
+#include "text/caption_ids.h"
 #include "text/text.h"
 #include "tools/program_of.h"
 #include "tools/stored_value.h"
@@ -36,7 +37,8 @@ std::string ShownName(const std::string& name) {
 }
 
 Outcome NoArgumentsInLine() {
-  return Outcome::Failed(kInvalidCall, "A line of win.ini takes no arguments");
+  return Outcome::Failed(kInvalidCall, "A line of win.ini takes no arguments")
+      .Because(Caption::NoArgumentsInLine);
 }
 
 bool IsText(std::uint32_t type) { return type == kRegText || type == kRegExpandText; }

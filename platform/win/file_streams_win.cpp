@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/win/unique_handle.h"
 #include "platform/win/win_error.h"
+#include "text/caption_ids.h"
 #include "text/paths.h"
 #include "text/text.h"
 
@@ -181,7 +182,7 @@ Outcome HoldFolderWin(const FileCalls& calls, const std::string& path,
   }
   if (!IsRootPath(path) && ((attributes | opened.dwFileAttributes) & kLink) &&
       IsLinkAt(calls, path)) {
-    return Outcome::Failed(kPathFileAccess, "The folder is a link");
+    return Outcome::Failed(kPathFileAccess, "The folder is a link").Because(Caption::ReasonLink);
   }
   *hold = std::make_unique<HoldWin>(std::move(folder));
   return {};

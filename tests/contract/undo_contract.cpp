@@ -71,7 +71,7 @@ TEST_SUITE("contract_undo") {
     RegistryBackup backup(r.registry, nullptr, r.pump, r.machine->code_pages(),
                           ScriptReader::Unicode);
     backup.Add(FoundKey{{RootKey::CurrentUser, r.key}});
-    CHECK(Lines(backup.left_out()) == "");
+    CHECK(backup.left_out().empty());
     KeyRemover remover(r.registry, r.log, [] {});
     REQUIRE(remover.DeleteKey(RootKey::CurrentUser, r.key) == kRegOk);
     CHECK(r.Snapshot(r.key) == "");
