@@ -36,6 +36,7 @@ void frmBackupContents::OnCreate() {
   ContentsList_.row_count = [this] { return chosen_.size(); };
   ContentsList_.cell_text = [this](std::size_t row, int column) { return Cell(Item(row), column); };
   ContentsList_.Create(env_, hwnd(), IDC_ContentsList);
+  ContentsList_.RememberWidths(env_, HelpTopic());
   const int type = metrics().WidestText(KindTexts(env_.captions)) + metrics().Scale(40);
   std::vector<std::string> states;
   for (const Caption each : {Caption::ItemMissing, Caption::ItemUnchanged, Caption::ItemDifferent,
@@ -72,6 +73,7 @@ void frmBackupContents::ShowCount() {
 void frmBackupContents::OnSize(Area area) {
   Arrange(area, ContentsList_, {&cmdCheckAll_, &cmdUnCheckAll_},
           {&cmdHelp_, &cmdCancel_, &cmdRestore_});
+  if (ContentsList_.sized_by_user()) return;
   RECT client = {};
   GetClientRect(ContentsList_.hwnd(), &client);
   int left = client.right;

@@ -29,6 +29,7 @@ void frmIgnore::OnCreate() {
   IgnoreListView_.row_count = [this] { return records_.size(); };
   IgnoreListView_.cell_text = [this](std::size_t row, int column) { return Field(row, column); };
   IgnoreListView_.Create(env_, hwnd(), IDC_IgnoreListView);
+  IgnoreListView_.RememberWidths(env_, HelpTopic());
   const int type = metrics().WidestText(KindTexts(env_.captions)) + metrics().Scale(40);
   IgnoreListView_.AddColumn(kType, Text(Caption::ColumnIgnoredType), type);
   IgnoreListView_.AddColumn(kSystem, Text(Caption::ColumnIgnoredSystem), metrics().Scale(130));
@@ -65,6 +66,7 @@ void frmIgnore::ShowCount() {
 void frmIgnore::OnSize(Area area) {
   Arrange(area, IgnoreListView_, {&cmdCheckAll_, &cmdUnCheckAll_},
           {&cmdHelp_, &cmdCancel_, &CmdRemove_});
+  if (IgnoreListView_.sized_by_user()) return;
   RECT client = {};
   GetClientRect(IgnoreListView_.hwnd(), &client);
   const int left =

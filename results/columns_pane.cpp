@@ -57,6 +57,7 @@ int ResultsPane::SystemWidth() const {
 // The names of the spies get what they need as long as the places have more; the places take what
 // is left. Each column does so until the user sets its width.
 void ResultsPane::FitColumns() {
+  if (SpyListView_.has_kept_widths()) return;
   RECT client = {};
   GetClientRect(SpyListView_.hwnd(), &client);
   const int left = client.right - SpyListView_.ColumnWidth(HitList::kType) -

@@ -80,6 +80,7 @@ void frmResults::CreateList() {
     return KindIcon(KindOf(summary_.object(row)));
   };
   lstObjects_.Create(env_, hwnd(), IDC_lstObjects);
+  lstObjects_.RememberWidths(env_, HelpTopic());
   images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
   lstObjects_.SetSmallImages(images_.get());
   const int picture = 2 * kPicture * metrics().PictureFactor();
@@ -94,6 +95,7 @@ void frmResults::CreateList() {
 
 // The places take what the other columns leave.
 void frmResults::FitColumns() {
+  if (lstObjects_.sized_by_user()) return;
   RECT client = {};
   GetClientRect(lstObjects_.hwnd(), &client);
   int left = client.right;

@@ -47,6 +47,7 @@ void ResultsPane::OnCreate() {
     return TipText(hits_.row(row).finding, categories_) + (state.empty() ? "" : " - " + state);
   };
   SpyListView_.Create(env_, hwnd(), IDC_SpyListView);
+  SpyListView_.RememberWidths(env_, "SpyListView");
   images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
   SpyListView_.SetSmallImages(images_.get());
   CreateColumns();

@@ -58,6 +58,8 @@ class Application : private ScanReport, public Engine {
   void CountRemoved();
 
   Statistics& statistics() { return statistics_; }
+  // What outlives the run besides the settings.
+  KeptTexts& kept() { return store(); }
   const Companions& companions() const { return companions_; }
 
  private:

@@ -1,22 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frm_main.h"
 
-#include <algorithm>
-
 #include "machine/file_utils.h"
+#include "machine/reasons.h"
 #include "platform/win/single_instance.h"
 #include "shell/frm_splash.h"
+#include "text/counting.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
 #include "widgets/resource.h"
+#include "widgets/window_place.h"
 
 namespace scourwell {
 namespace {
 
 constexpr UINT_PTR kTimer1 = 1;
-constexpr UINT kUpdateDelay = 1500;    // milliseconds
-constexpr int kSmallestWidth = 10840;  // 1/1440 inch
-constexpr int kSmallestHeight = 6100;
+constexpr UINT kUpdateDelay = 1500;  // milliseconds
 // Pixels that a page keeps, whatever else would like to stand beside it.
 constexpr int kLeastHome = 290;
 constexpr int kLeastScan = 440;
@@ -37,14 +36,15 @@ frmMain::frmMain(Application& app, PumpWin& pump, HINSTANCE instance)
       help_(app.ports().files, app.ports().shell, app.log(), app.language(),
             app.folders().application),
       tree_(shared_, app.scope()) {
+  shared_.kept = &app.kept();
   shared_.help = [this](const char* window) { help_.ShowPage(window); };
 }
 
 int frmMain::Run(const CommandLine& command, int show) {
   const Outcome loaded = app_.log().TrapOutcome("MDIForm_Load", [&] { Load(command, show); });
   if (!loaded.ok()) {
-    ShowMessage(Text(Caption::CouldNotStart) + "\r\n" + loaded.description(), Text(Caption::Error),
-                MB_ICONERROR);
+    ShowMessage(Text(Caption::CouldNotStart) + "\r\n" + ReasonText(app_.language(), loaded),
+                Text(Caption::Error), MB_ICONERROR);
     return 1;
   }
   return pump_.Run();
@@ -84,30 +84,6 @@ void frmMain::OpenFirstPage() {
   } else {
     static_cast<void>(ShowHome());
   }
-}
-
-// All of it at once, not piece by piece.
-void frmMain::ShowComplete(int show) {
-  ShowWindow(hwnd(), show);
-  RedrawWindow(hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-}
-
-// It opens in the middle of the screen, large enough for the list of results.
-Area frmMain::FirstPlace() const {
-  RECT desktop = {};
-  Calls().Parameter(SPI_GETWORKAREA, 0, &desktop, 0);
-  const Area work(desktop);
-  const int width = std::min(metrics().Scale(840), work.width());
-  const int height = std::min(metrics().Scale(580), work.height());
-  const int left = work.left + (work.width() - width) / 2;
-  const int top = work.top + (work.height() - height) / 2;
-  return {left, top, left + width, top + height};
-}
-
-// Never larger than the screen: on 640 x 480 the whole window must stay within reach.
-SIZE frmMain::SmallestSize() const {
-  return {std::min(metrics().FromTwips(kSmallestWidth), GetSystemMetrics(SM_CXSCREEN)),
-          std::min(metrics().FromTwips(kSmallestHeight), GetSystemMetrics(SM_CYSCREEN))};
 }
 
 void frmMain::OnCreate() {
@@ -164,6 +140,7 @@ LRESULT frmMain::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_ENDSESSION:
       // The system ends the process next; pages may have procedures under way.
       if (wparam) {
+        WindowPlace(shared_, kName).Keep(hwnd());
         pump_.set_closing(true);
         app_.Shutdown();
       }
@@ -220,8 +197,10 @@ void frmMain::PageChanged() {
 
 void frmMain::ShowProgress() {
   sbrMain_.SetPart(StatusBar::kState, Text(app_.scanning() ? Caption::Scanning : Caption::Ready));
-  sbrMain_.SetPart(StatusBar::kFound, std::to_string(app_.hits().counters().Total()) + " " +
-                                          Text(Caption::ComponentsFound));
+  sbrMain_.SetPart(
+      StatusBar::kFound,
+      CountedText(shared_.captions, static_cast<std::uint64_t>(app_.hits().counters().Total()),
+                  Caption::ComponentsFound));
   sbrMain_.SetPart(StatusBar::kLanguage, app_.language().StatusText());
   ShowTitle();
 }
@@ -286,6 +265,7 @@ void frmMain::Close() {
 }
 
 void frmMain::Unload() {
+  WindowPlace(shared_, kName).Keep(hwnd());
   if (!app_.busy()) {
     ShowWindow(hwnd(), SW_HIDE);
     scan_.reset();

@@ -67,6 +67,7 @@ void frmTool::OnCreate() {
     return IsRow(row) ? TipOf(view_->Row(row)) : std::string();
   };
   list_.Create(env_, hwnd(), IDC_lstTool);
+  list_.RememberWidths(env_, HelpTopic());
   const auto captions = ColumnCaptions();
   const auto columns = Columns();
   for (std::size_t i = 0; i < captions.size(); ++i) {

@@ -44,7 +44,7 @@ LRESULT CheckListView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     default:
       break;
   }
-  return Default(message, wparam, lparam);
+  return ListView::OnMessage(message, wparam, lparam);
 }
 
 bool CheckListView::ClickBox(POINT at) {

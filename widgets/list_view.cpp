@@ -2,6 +2,9 @@
 #include "widgets/list_view.h"
 
 #include <algorithm>
+#include <iterator>
+
+#include "widgets/window_place.h"
 
 namespace scourwell {
 namespace {
@@ -9,11 +12,48 @@ namespace {
 // Arrows of the header, which only common controls 6 draws.
 constexpr int kSortUp = 0x0400;
 constexpr int kSortDown = 0x0200;
+// A divider was dragged or double-clicked, in either form.
+constexpr UINT kSized[] = {HDN_ENDTRACKA, HDN_ENDTRACKW, HDN_DIVIDERDBLCLICKA,
+                           HDN_DIVIDERDBLCLICKW};
 
 }  // namespace
 
+void ListView::RememberWidths(const WindowEnv& env, const char* list) {
+  env_ = &env;
+  list_ = list;
+  kept_ = KeptWidths(env, list);
+}
+
 void ListView::AddColumn(int index, const std::string& text, int width) const {
-  Controls().AddColumn(hwnd(), index, text, std::max(width, TextWidth(text) + 4 * CellPadding()));
+  const auto at = static_cast<std::size_t>(index);
+  const int kept = at < kept_.size() ? kept_[at] : 0;
+  Controls().AddColumn(hwnd(), index, text,
+                       kept > 0 ? kept : std::max(width, TextWidth(text) + 4 * CellPadding()));
+}
+
+void ListView::AlignRight(int column) const {
+  LVCOLUMNW format = {};
+  format.mask = LVCF_FMT;
+  format.fmt = LVCFMT_RIGHT;
+  Send(LVM_SETCOLUMNW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&format));
+}
+
+// The header tells its list what the user does with it.
+LRESULT ListView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_NOTIFY) {
+    const UINT code = reinterpret_cast<const NMHDR*>(lparam)->code;
+    sized_ = sized_ || std::ranges::find(kSized, code) != std::end(kSized);
+  }
+  if (message == WM_DESTROY && sized_ && list_) KeepColumns();
+  return Default(message, wparam, lparam);
+}
+
+void ListView::KeepColumns() const {
+  const auto header = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
+  const auto count = static_cast<int>(Calls().Send(header, HDM_GETITEMCOUNT, 0, 0));
+  std::vector<int> widths;
+  for (int i = 0; i < count; ++i) widths.push_back(ColumnWidth(i));
+  KeepWidths(*env_, list_, widths);
 }
 
 void ListView::ShowSortArrow(int column, bool ascending) const {

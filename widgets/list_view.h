@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "platform/win/control_calls.h"
 #include "text/escaped.h"
@@ -28,7 +29,13 @@ class ListView : public SubclassedControl, private ListRows {
     return Controls().Answer(header, *this);
   }
 
-  // At least as wide as its caption asks for.
+  // Widths that the user gives the columns stay from run to run, by the list's name among all.
+  // Before the first column is added.
+  void RememberWidths(const WindowEnv& env, const char* list);
+  bool has_kept_widths() const { return !kept_.empty(); }
+  // In this run or an earlier one.
+  bool sized_by_user() const { return sized_ || has_kept_widths(); }
+  // At least as wide as its caption asks for, unless the user has set its width.
   void AddColumn(int index, const std::string& text, int width) const;
   void SetColumnWidth(int column, int width) const {
     Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(width, 0));
@@ -36,6 +43,8 @@ class ListView : public SubclassedControl, private ListRows {
   int ColumnWidth(int column) const {
     return static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
   }
+  // Numbers are compared from their ends. Not for the first column.
+  void AlignRight(int column) const;
   int TextWidth(const std::string& text) const {
     return static_cast<int>(SendText(Controls().list_text_width, 0, text));
   }
@@ -71,6 +80,7 @@ class ListView : public SubclassedControl, private ListRows {
   void FocusRow(int row) const;
 
  protected:
+  LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
   UINT State(std::size_t) const override { return 0; }
 
  private:
@@ -86,6 +96,12 @@ class ListView : public SubclassedControl, private ListRows {
     return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), MAKELPARAM(flags, 0)));
   }
 
+  void KeepColumns() const;
+
+  const WindowEnv* env_ = nullptr;
+  const char* list_ = nullptr;
+  std::vector<int> kept_;  // by the columns' numbers
+  bool sized_ = false;     // by the user
   ImageListHandle blank_;  // no picture, but its height is the rows'
 };
 

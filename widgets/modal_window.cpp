@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "widgets/window_place.h"
+
 namespace scourwell {
 namespace {
 
@@ -17,8 +19,12 @@ SIZE ModalWindow::WholeSize(SIZE client, bool menu) const {
   return {frame.right - frame.left, frame.bottom - frame.top};
 }
 
-// It opens in the middle of its owner, within the screen.
+// It opens where the user left it, else in the middle of its owner, within the screen.
 Area ModalWindow::Place(HWND owner, bool menu) const {
+  if (MayResize()) {
+    const WindowPlace place(env_, HelpTopic());
+    if (const auto kept = place.Find(WholeSize(SmallestSize(), menu))) return *kept;
+  }
   const SIZE size = WholeSize(FirstSize(), menu);
   RECT around = {};
   GetWindowRect(owner, &around);
@@ -46,7 +52,8 @@ void ModalWindow::ShowModal(HWND owner) {
   frame.title = Title();
   CreateHandle(frame);
   EnableWindow(owner, FALSE);
-  ShowWindow(hwnd(), SW_SHOW);
+  const bool maximized = MayResize() && WindowPlace(env_, HelpTopic()).maximized();
+  ShowWindow(hwnd(), maximized ? SW_SHOWMAXIMIZED : SW_SHOW);
   SetFocus(FirstFocus());
   OnShown();
   default_button_.Follow(DefaultButton());
@@ -125,6 +132,7 @@ LRESULT ModalWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
 
 // The owner comes first, or another program's window would get to the front.
 void ModalWindow::Close() {
+  if (MayResize()) WindowPlace(env_, HelpTopic()).Keep(hwnd());
   EnableWindow(owner_, TRUE);
   DestroyWindow(hwnd());
 }

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "machine/error_log.h"
+#include "settings/kept_texts.h"
 #include "text/captions.h"
 #include "widgets/metrics.h"
 
@@ -17,6 +18,8 @@ struct WindowEnv {
   const Captions& captions;
   // Shows the help about the window of that name.
   std::function<void(const char* window)> help = nullptr;
+  // What windows remember from run to run; null: nothing.
+  KeptTexts* kept = nullptr;
 
   std::string Text(Caption caption) const { return captions.Text(caption); }
 };
