@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "backup/frm_backup.h"
 
+#include <windowsx.h>
+
 #include <algorithm>
 
 #include "backup/frm_backup_contents.h"
-#include "text/text.h"
+#include "machine/reasons.h"
+#include "text/counting.h"
 #include "widgets/access_keys.h"
+#include "widgets/file_dialog.h"
 #include "widgets/folder_dialog.h"
+#include "widgets/gdi_handles.h"
 #include "widgets/message_box.h"
 #include "widgets/resource.h"
 
@@ -33,9 +38,11 @@ void frmBackup::OnCreate() {
   BackupList_.row_count = [this] { return rows_.size(); };
   BackupList_.cell_text = [this](std::size_t row, int column) { return Cell(rows_[row], column); };
   BackupList_.Create(env_, hwnd(), IDC_BackupList);
-  BackupList_.AddColumn(kDate, Text(Caption::ColumnBackupDate), metrics().Scale(150));
-  BackupList_.AddColumn(kName, Text(Caption::ColumnBackupName), metrics().Scale(230));
-  BackupList_.AddColumn(kSize, Text(Caption::ColumnBackupSize), metrics().Scale(100));
+  BackupList_.RememberWidths(env_, HelpTopic());
+  BackupList_.AddColumn(BackupOrder::kDate, Text(Caption::ColumnBackupDate), metrics().Scale(150));
+  BackupList_.AddColumn(BackupOrder::kName, Text(Caption::ColumnBackupName), metrics().Scale(230));
+  BackupList_.AddColumn(BackupOrder::kSize, Text(Caption::ColumnBackupSize), metrics().Scale(100));
+  BackupList_.AlignRight(BackupOrder::kSize);
   AccessKeys keys;
   cmdRestore_.Create(env_, hwnd(), IDC_cmdRestore, keys.Add(Text(Caption::RestoreBackup)));
   cmdClean_.Create(env_, hwnd(), IDC_cmdClean, keys.Add(Text(Caption::Delete)));
@@ -45,16 +52,38 @@ void frmBackup::OnCreate() {
 }
 
 void frmBackup::Load() {
+  const std::string selected = SelectedKey();
   rows_ = backups_.List();
-  BackupList_.SetItemCount(rows_.size());
   ShowEmpty(rows_.empty());
   SetHeaderText(Text(Caption::BackupsIn) + " " + folder_ + ": " + std::to_string(rows_.size()));
-  if (!rows_.empty() && Selected() < 0) {
-    BackupList_.FocusRow(0);
-    BackupList_.Select(0, true);
+  ShowRows(selected);
+}
+
+std::string frmBackup::SelectedKey() const {
+  const int row = Selected();
+  const bool any = row >= 0 && static_cast<std::size_t>(row) < rows_.size();
+  return any ? rows_[static_cast<std::size_t>(row)].key : std::string();
+}
+
+void frmBackup::ShowRows(const std::string& selected) {
+  order_.Sort(&rows_);
+  BackupList_.SetItemCount(rows_.size());
+  BackupList_.ShowSortArrow(order_.column(), order_.ascending());
+  BackupList_.Select(-1, false);
+  const auto found = std::ranges::find(rows_, selected, &BackupRow::key);
+  const auto row = found == rows_.end() ? 0 : static_cast<int>(found - rows_.begin());
+  if (!rows_.empty()) {
+    BackupList_.FocusRow(row);
+    BackupList_.Select(row, true);
   }
   BackupList_.Redraw();
   SelectionChanged();
+}
+
+void frmBackup::Sort(int column) {
+  const std::string selected = SelectedKey();
+  order_.SortBy(static_cast<BackupOrder::Column>(column));
+  ShowRows(selected);
 }
 
 void frmBackup::SelectionChanged() {
@@ -66,24 +95,86 @@ void frmBackup::SelectionChanged() {
 
 void frmBackup::OnSize(Area area) {
   Arrange(area, BackupList_, {&cmdRestore_, &cmdClean_}, {&cmdHelp_, &cmdOk_});
+  if (BackupList_.sized_by_user()) return;
   RECT client = {};
   GetClientRect(BackupList_.hwnd(), &client);
-  const int left = client.right - BackupList_.ColumnWidth(kDate) - BackupList_.ColumnWidth(kSize);
-  BackupList_.SetColumnWidth(kName, std::max(left, metrics().Scale(120)));
+  const int left = client.right - BackupList_.ColumnWidth(BackupOrder::kDate) -
+                   BackupList_.ColumnWidth(BackupOrder::kSize);
+  BackupList_.SetColumnWidth(BackupOrder::kName, std::max(left, metrics().Scale(120)));
+}
+
+LRESULT frmBackup::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_CONTEXTMENU && reinterpret_cast<HWND>(wparam) == BackupList_.hwnd()) {
+    ShowMenu({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
+    return 0;
+  }
+  return ListDialog::OnMessage(message, wparam, lparam);
 }
 
 LRESULT frmBackup::OnNotify(NMHDR* header) {
   if (const auto answer = BackupList_.Answer(header)) return *answer;
-  const bool ours = header->hwndFrom == BackupList_.hwnd();
-  if (ours && (header->code == LVN_ITEMCHANGED || header->code == LVN_ODSTATECHANGED)) {
-    SelectionChanged();
+  if (header->hwndFrom != BackupList_.hwnd()) return 0;
+  switch (header->code) {
+    case LVN_ITEMCHANGED:
+    case LVN_ODSTATECHANGED:
+      SelectionChanged();
+      return 0;
+    case LVN_COLUMNCLICK:
+      Sort(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem);
+      return 0;
+    case NM_DBLCLK:
+      OnCommand(IDC_cmdRestore);
+      return 0;
+    default:
+      return 0;
   }
-  return 0;
+}
+
+bool frmBackup::OnKey(WPARAM key) {
+  if (key == VK_F5) return OnCommand(IDM_mnuRefresh);
+  if (GetFocus() != BackupList_.hwnd()) return false;
+  if (key == VK_DELETE) return OnCommand(IDC_cmdClean);
+  return key == 'C' && GetKeyState(VK_CONTROL) < 0 && OnCommand(IDM_mnuCopyRow);
+}
+
+void frmBackup::ShowMenu(POINT at) {
+  if (at.x == -1 && at.y == -1) {  // from the keyboard
+    at = {metrics().Scale(40), metrics().Scale(40)};
+    ClientToScreen(BackupList_.hwnd(), &at);
+  }
+  const MenuHandle menu(CreatePopupMenu());
+  const auto append = [&](bool enabled, int id, const std::string& text) {
+    Calls().Append(menu.get(), MF_STRING | (enabled ? MF_ENABLED : MF_GRAYED),
+                   static_cast<UINT_PTR>(id), text);
+  };
+  const bool chosen = !SelectedKey().empty();
+  const std::string copy = Text(Caption::MenuCopyRow);
+  const std::string refresh = Text(Caption::MenuRefresh);
+  AccessKeys keys({copy, refresh});
+  append(chosen, IDC_cmdRestore, keys.Add(Text(Caption::RestoreBackup)));
+  append(chosen, IDC_cmdClean, keys.Add(Text(Caption::Delete)));
+  SetMenuDefaultItem(menu.get(), IDC_cmdRestore, FALSE);
+  Calls().Append(menu.get(), MF_SEPARATOR, 0, {});
+  append(chosen, IDM_mnuCopyRow, copy + "\tCtrl+C");
+  append(true, IDM_mnuRefresh, refresh + "\tF5");
+  TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr);
+}
+
+void frmBackup::CopyRow() const {
+  const int row = Selected();
+  if (SelectedKey().empty()) return;
+  const BackupRow& backup = rows_[static_cast<std::size_t>(row)];
+  std::string line;
+  for (const int column : {BackupOrder::kDate, BackupOrder::kName, BackupOrder::kSize}) {
+    if (!line.empty()) line += '\t';
+    line += Cell(backup, column);
+  }
+  static_cast<void>(CopyText(hwnd(), line));
 }
 
 std::string frmBackup::Cell(const BackupRow& backup, int column) const {
-  if (column == kDate) return clock_.GeneralDate(clock_.ToLocal(backup.modified));
-  if (column == kSize) return std::to_string(backup.size);
+  if (column == BackupOrder::kDate) return clock_.GeneralDate(clock_.ToLocal(backup.modified));
+  if (column == BackupOrder::kSize) return SizeText(env_.captions, backup.size);
   if (!backup.elsewhere) return backup.key;
   return backup.key + " (" + (backup.elsewhere->empty() ? "?" : *backup.elsewhere) + ")";
 }
@@ -96,6 +187,12 @@ bool frmBackup::OnCommand(int id) {
       return true;
     case IDC_cmdClean:
       cmdClean_Click();
+      return true;
+    case IDM_mnuCopyRow:
+      CopyRow();
+      return true;
+    case IDM_mnuRefresh:
+      Load();
       return true;
     case IDC_cmdHelp:
       help_();
@@ -164,9 +261,10 @@ void frmBackup::ShowRestored(const Outcome& outcome, const RestoreResult& result
     return ShowMessage(Text(Caption::BackupRestored) + kept, Text(Caption::Information));
   }
   std::string failures;
-  if (!outcome.ok()) failures += "\r\n" + outcome.description();
+  if (!outcome.ok()) failures += "\r\n" + ReasonText(env_.captions, outcome);
   for (std::size_t i = 0; i < std::min(result.failed.size(), kMostNamed); ++i) {
-    failures += "\r\n" + result.failed[i].path + ": " + result.failed[i].why.description();
+    failures +=
+        "\r\n" + result.failed[i].path + ": " + ReasonText(env_.captions, result.failed[i].why);
   }
   if (result.failed.size() > kMostNamed) failures += "\r\n... " + Text(Caption::AndMore);
   ShowMessage(Text(Caption::RestoreIncomplete) + failures + kept, Text(Caption::Error),
@@ -185,7 +283,7 @@ void frmBackup::cmdClean_Click() {
   Load();
   SetFocus(BackupList_.hwnd());
   if (!deleted.ok()) {
-    ShowMessage(Text(Caption::BackupNotDeleted) + "\r\n" + deleted.description(),
+    ShowMessage(Text(Caption::BackupNotDeleted) + "\r\n" + ReasonText(env_.captions, deleted),
                 Text(Caption::Error), MB_ICONERROR);
   }
 }

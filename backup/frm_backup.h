@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "backup/backup_order.h"
 #include "backup/backups.h"
 #include "widgets/button.h"
 #include "widgets/list_dialog.h"
@@ -17,8 +18,6 @@ class frmBackup : public ListDialog {
             std::function<void()> help);
 
  private:
-  enum Column { kDate, kName, kSize };
-
   SIZE FirstSize() const override;
   std::string Title() const override { return Text(Caption::BackupManagement); }
   HWND DefaultButton() const override { return cmdRestore_.hwnd(); }
@@ -27,9 +26,17 @@ class frmBackup : public ListDialog {
   void OnSize(Area area) override;
   bool OnCommand(int id) override;
   LRESULT OnNotify(NMHDR* header) override;
+  LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+  bool OnKey(WPARAM key) override;
   bool MayClose() override { return !busy_; }
 
+  // Reads the folder anew; what was selected stays so.
   void Load();
+  void ShowRows(const std::string& selected);
+  std::string SelectedKey() const;
+  void Sort(int column);
+  void ShowMenu(POINT at);
+  void CopyRow() const;
   int Selected() const { return BackupList_.Selected(); }
   void SelectionChanged();
   std::string Cell(const BackupRow& backup, int column) const;
@@ -44,6 +51,7 @@ class frmBackup : public ListDialog {
   Clock& clock_;
   std::string folder_;
   std::function<void()> help_;
+  BackupOrder order_;
   std::vector<BackupRow> rows_;
   bool busy_ = false;
   ReportListView BackupList_;

@@ -48,6 +48,7 @@ void frmBackupContents::OnCreate() {
   ContentsList_.AddColumn(kSystem, Text(Caption::ColumnHitSystem), metrics().Scale(80));
   ContentsList_.AddColumn(kPlace, Text(Caption::ColumnHitDetails), metrics().Scale(200));
   ContentsList_.AddColumn(kSize, Text(Caption::ColumnBackupSize), metrics().Scale(70));
+  ContentsList_.AlignRight(kSize);
   ContentsList_.AddColumn(kStatus, Text(Caption::ColumnStatus), status);
   AccessKeys keys;
   cmdCheckAll_.Create(env_, hwnd(), IDC_cmdCheckAll, keys.Add(Text(Caption::CheckAll)));

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "backup/backup_order.h"
 #include "tests/archive_support.h"
 #include "tests/backup_support.h"
 
@@ -255,6 +256,29 @@ TEST_SUITE("backups") {
     CHECK(b.backups.Delete("n.qzp").ok());
     CHECK(b.backups.List().empty());
     CHECK(b.m.Has("B:\\n.qzp"));
+  }
+
+  TEST_CASE("the manager sorts dates and sizes as such, names without case") {
+    std::vector<BackupRow> rows = {{"b", 900, 3}, {"A", 1000, 1}, {"c", 900, 2}};
+    const auto names = [&](BackupOrder& order) {
+      order.Sort(&rows);
+      std::string text;
+      for (const BackupRow& row : rows) text += row.key;
+      return text;
+    };
+    BackupOrder order;
+    CHECK(names(order) == "bAc");
+    const Rows<BackupOrder::Column, std::string, std::string> kRows{
+        {BackupOrder::kDate, "Acb", "bcA"},
+        {BackupOrder::kName, "Abc", "cbA"},
+        {BackupOrder::kSize, "cbA", "Acb"},  // equal ones stay as they stood
+    };
+    for (const auto& [column, up, down] : kRows) {
+      order.SortBy(column);
+      CHECK(names(order) == up);
+      order.SortBy(column);
+      CHECK(names(order) == down);
+    }
   }
 }
 
