@@ -23,9 +23,13 @@ bool IsBefore(const BackupRow& a, const BackupRow& b, int column) {
 
 void BackupOrder::Sort(std::vector<BackupRow>* rows) const {
   if (column_ < 0) return;
-  std::stable_sort(rows->begin(), rows->end(), [&](const BackupRow& a, const BackupRow& b) {
+  const auto before = [&](const BackupRow& a, const BackupRow& b) {
     return ascending_ ? IsBefore(a, b, column_) : IsBefore(b, a, column_);
-  });
+  };
+  // Each takes its place among those before it: equal ones stay as they stood.
+  for (auto row = rows->begin(); row != rows->end(); ++row) {
+    std::rotate(std::upper_bound(rows->begin(), row, *row, before), row, row + 1);
+  }
 }
 
 }  // namespace scourwell

@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "backup/frm_backup_contents.h"
+#include "machine/counting.h"
 #include "machine/reasons.h"
-#include "text/counting.h"
 #include "widgets/access_keys.h"
 #include "widgets/file_dialog.h"
 #include "widgets/folder_dialog.h"

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
+#include "machine/counting.h"
 #include "machine/reasons.h"
 #include "scan/finding_texts.h"
-#include "text/counting.h"
 #include "widgets/access_keys.h"
 #include "widgets/path_cell.h"
 #include "widgets/resource.h"

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
+#include "machine/counting.h"
 #include "machine/reasons.h"
 #include "scan/finding.h"
 #include "scan/finding_texts.h"
-#include "text/counting.h"
 #include "widgets/access_keys.h"
 #include "widgets/message_box.h"
 #include "widgets/path_cell.h"

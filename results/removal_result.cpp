@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "results/removal_result.h"
 
+#include "machine/counting.h"
 #include "machine/reasons.h"
-#include "text/counting.h"
 
 namespace scourwell {
 namespace {

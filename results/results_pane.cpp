@@ -3,8 +3,8 @@
 
 #include <windowsx.h>
 
+#include "machine/counting.h"
 #include "scan/finding_texts.h"
-#include "text/counting.h"
 #include "widgets/access_keys.h"
 #include "widgets/button_rows.h"
 #include "widgets/image_list.h"

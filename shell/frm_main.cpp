@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frm_main.h"
 
+#include "machine/counting.h"
 #include "machine/file_utils.h"
 #include "machine/reasons.h"
 #include "platform/win/single_instance.h"
 #include "shell/frm_splash.h"
-#include "text/counting.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
 #include "widgets/resource.h"

@@ -7,9 +7,9 @@
 
 #include "engine/caption_table.h"
 #include "engine/language.h"
+#include "machine/counting.h"
 #include "tests/pack_rules.h"
 #include "tests/pack_text.h"
-#include "text/counting.h"
 #include "text/text.h"
 #include "widgets/access_keys.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/frm_entries.h"
 
-#include "text/counting.h"
+#include "machine/counting.h"
 #include "text/unicode.h"
 #include "widgets/message_box.h"
 #include "widgets/pointers.h"

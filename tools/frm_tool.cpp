@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "text/counting.h"
+#include "machine/counting.h"
 #include "text/unicode.h"
 #include "widgets/button_rows.h"
 #include "widgets/message_box.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "text/counting.h"
+#include "machine/counting.h"
 
 #include <iterator>
 
