@@ -14,6 +14,8 @@ namespace {
 constexpr Caption kColumnCaptions[] = {Caption::ColumnHitType, Caption::ColumnHitSystem,
                                        Caption::ColumnHitDetails};
 constexpr int kPicture = 16;
+constexpr char kResults[] = "Results";  // in what the program keeps
+constexpr char kGrouped[] = "Grouped";
 constexpr RemovalState kStates[] = {RemovalState::Removed, RemovalState::Gone,
                                     RemovalState::PendingRestart, RemovalState::Refused,
                                     RemovalState::Failed};
@@ -21,6 +23,7 @@ constexpr RemovalState kStates[] = {RemovalState::Removed, RemovalState::Gone,
 }  // namespace
 
 void ResultsPane::CreateColumns() {
+  hits_.Group(env_.kept && env_.kept->Get(kResults, kGrouped) == "True");
   const int boxes = metrics().Scale(16) + 2 * kPicture * metrics().PictureFactor();
   const int type = metrics().WidestText(KindTexts(env_.captions)) + boxes;
   system_width_ = metrics().Scale(160);
@@ -32,7 +35,7 @@ void ResultsPane::CreateColumns() {
 
 // There is nothing to say in this column before a removal.
 void ResultsPane::ShowStates() {
-  if (shows_states_ || !hits_.settled()) return;
+  if (shows_states_ || !hits_.has_remarks()) return;
   shows_states_ = true;
   int width = 0;
   for (const RemovalState state : kStates) {
@@ -47,7 +50,7 @@ int ResultsPane::SystemWidth() const {
   int width = 0;
   std::unordered_set<std::string> measured;
   for (std::size_t row = 0; row < hits_.size(); ++row) {
-    std::string spy = hits_.Text(row, HitList::kSystem);
+    std::string spy = hits_.Text(row, HitList::kSystem) + (hits_.grouped() ? " (000)" : "");
     if (!measured.insert(spy).second) continue;
     width = std::max(width, SpyListView_.TextWidth(spy));
   }
@@ -78,6 +81,21 @@ void ResultsPane::Sort(int column) {
   hits_.SortBy(static_cast<HitList::Column>(column));
   SpyListView_.Select(-1, false);
   SpyListView_.ShowSortArrow(column, hits_.ascending());
+  SpyListView_.Redraw();
+}
+
+// The rows of a group share one name.
+std::string ResultsPane::SpyText(std::size_t row) const {
+  if (!hits_.grouped()) return hits_.Text(row, HitList::kSystem);
+  const std::size_t size = hits_.GroupSize(row);
+  if (size == 0) return {};
+  return hits_.Text(row, HitList::kSystem) + " (" + std::to_string(size) + ")";
+}
+
+void ResultsPane::Group(bool grouped) {
+  if (env_.kept) static_cast<void>(env_.kept->Set(kResults, kGrouped, grouped ? "True" : "False"));
+  hits_.Group(grouped);
+  SpyListView_.Select(-1, false);
   SpyListView_.Redraw();
 }
 

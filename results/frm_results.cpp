@@ -27,7 +27,8 @@ constexpr Line kLineTable[] = {
     {Caption::CookiesRemoved, &RemovalCounters::cookies},
     {Caption::ProcessesEnded, &RemovalCounters::processes},
 };
-constexpr int kObjectLines = 8;
+constexpr int kObjectLines = 14;  // of the list
+constexpr int kFewestLines = 5;
 constexpr int kPicture = 16;
 constexpr Caption kColumns[] = {Caption::ColumnHitType, Caption::ColumnHitSystem,
                                 Caption::ColumnHitDetails, Caption::ColumnState};
@@ -42,11 +43,15 @@ frmResults::frmResults(const WindowEnv& env, const Removal& removal,
       save_report_(std::move(save_report)),
       header_(env, HeaderPane::Size::Small, {IDC_lblRemovalHeading, IDC_lblRemovalSummary, 0}) {}
 
-SIZE frmResults::FirstSize() const {
+SIZE frmResults::FirstSize() const { return SizeFor(kObjectLines); }
+
+SIZE frmResults::SmallestSize() const { return SizeFor(kFewestLines); }
+
+SIZE frmResults::SizeFor(int objects) const {
   const int line = metrics().LineHeight() + metrics().Scale(4);
   const int height = header_.Height() + 2 * metrics().Margin() + kLines * line +
                      2 * metrics().Gap() + metrics().LineHeight() +
-                     kObjectLines * metrics().LineHeight() + metrics().Margin() +
+                     (objects + 2) * metrics().RowHeight() + metrics().Margin() +
                      metrics().ButtonHeight();
   return {metrics().Scale(600), height};
 }

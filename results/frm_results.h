@@ -26,6 +26,8 @@ class frmResults : public ModalWindow {
   static constexpr int kLines = 6;
 
   SIZE FirstSize() const override;
+  SIZE SmallestSize() const override;
+  SIZE SizeFor(int objects) const;
   bool MayResize() const override { return true; }
   std::string Title() const override { return Text(Caption::RemovalResults); }
   HWND DefaultButton() const override { return cmdOk_.hwnd(); }

@@ -29,7 +29,7 @@ void HitList::Clear() {
   rows_.clear();
   seen_.clear();
   counters_ = {};
-  uncertain_ = settled_ = false;
+  uncertain_ = settled_ = has_remarks_ = false;
   excluded_ = 0;
   sorted_ = ascending_ = false;
 }
@@ -71,7 +71,8 @@ std::string HitList::Text(std::size_t index, Column column) const {
     case kDetails:
       return PlaceText(finding.object);
     case kState:
-      return rows_[index].result ? RemovalStateText(captions_, *rows_[index].result) : "";
+      if (rows_[index].result) return RemovalStateText(captions_, *rows_[index].result);
+      return rows_[index].locked ? captions_.Text(Caption::RemarkNoRights) : "";
     default:
       return KindText(captions_, KindOf(finding.object));
   }
@@ -153,17 +154,44 @@ void HitList::SortBy(Column column) {
   sorted_ = true;
   sort_column_ = column;
   ascending_ = !ascending_;
-  std::vector<std::pair<std::string, Row>> keyed;
+  Arrange();
+}
+
+void HitList::Group(bool grouped) {
+  grouped_ = grouped;
+  Arrange();
+}
+
+// The groups themselves stand in the order of their names, backwards only when those are sorted so.
+void HitList::Arrange() {
+  struct Keyed {
+    std::string text;
+    Row row;
+  };
+  std::vector<Keyed> keyed;
   keyed.reserve(rows_.size());
   for (std::size_t i = 0; i < rows_.size(); ++i) {
-    std::string text = Text(i, column);
-    keyed.emplace_back(std::move(text), std::move(rows_[i]));
+    std::string text = sorted_ ? Text(i, sort_column_) : std::string();
+    keyed.push_back({std::move(text), std::move(rows_[i])});
   }
-  std::stable_sort(keyed.begin(), keyed.end(), [&](const auto& a, const auto& b) {
-    const int order = CompareNoCase(a.first, b.first);
+  const bool backwards = sorted_ && sort_column_ == kSystem && !ascending_;
+  std::stable_sort(keyed.begin(), keyed.end(), [&](const Keyed& a, const Keyed& b) {
+    const int group = grouped_ ? CompareNoCase(a.row.finding.spy, b.row.finding.spy) : 0;
+    if (group != 0) return backwards ? group > 0 : group < 0;
+    const int order = CompareNoCase(a.text, b.text);
     return ascending_ ? order < 0 : order > 0;
   });
-  for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i] = std::move(keyed[i].second);
+  for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i] = std::move(keyed[i].row);
+}
+
+std::size_t HitList::GroupSize(std::size_t index) const {
+  const auto same = [&](std::size_t other) {
+    return EqualsNoCase(rows_[index].finding.spy, rows_[other].finding.spy);
+  };
+  if (!grouped_ || (index > 0 && same(index - 1))) return 0;
+  std::size_t end = index + 1;
+  while (end < rows_.size() && same(end)) ++end;
+  return end - index;
 }
 
 }  // namespace scourwell

@@ -28,6 +28,7 @@ class HitList : public FindingSink {
     Finding finding;
     bool checked = false;
     std::optional<RemovalResult> result = {};  // of the last attempt to remove it
+    bool locked = false;                       // this user has no right to remove it
 
     // Nothing is left of it to be removed.
     bool gone() const { return result && result->done(); }
@@ -66,6 +67,10 @@ class HitList : public FindingSink {
   std::size_t checked_count() const;
   // A removal has tried the row. What is gone, or goes at the next start, loses its check mark.
   void Settle(std::size_t index, const RemovalResult& result);
+  // The user has no right to remove the row.
+  void Lock(std::size_t index) { rows_[index].locked = has_remarks_ = true; }
+  // Whether there is anything to say of the rows' states.
+  bool has_remarks() const { return settled_ || has_remarks_; }
   // Whether a removal has tried any row.
   bool settled() const { return settled_; }
   std::vector<std::size_t> CheckedRows() const;
@@ -81,8 +86,14 @@ class HitList : public FindingSink {
   Column sort_column() const { return sort_column_; }
   bool sorted() const { return sorted_; }
   bool ascending() const { return ascending_; }
+  // Keeps the rows of each spy together, whatever they are sorted by.
+  void Group(bool grouped);
+  bool grouped() const { return grouped_; }
+  // How many rows the group has that begins with this row; 0 within a group, or without any.
+  std::size_t GroupSize(std::size_t index) const;
 
  private:
+  void Arrange();
   Outcome Count(FindingKind kind);
 
   IgnoreList& ignore_;
@@ -96,6 +107,8 @@ class HitList : public FindingSink {
   std::size_t excluded_ = 0;  // since the scan
   bool uncertain_ = false;
   bool settled_ = false;
+  bool has_remarks_ = false;
+  bool grouped_ = false;
   Column sort_column_ = kType;
   bool sorted_ = false;
   bool ascending_ = false;

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 
 // The popup menu of the ResultsPane.
+#include "results/explanation.h"
 #include "results/results_pane.h"
 #include "scan/finding_texts.h"
 #include "text/paths.h"
 #include "widgets/file_dialog.h"
+#include "widgets/message_box.h"
 #include "widgets/resource.h"
 
 namespace scourwell {
@@ -26,12 +28,15 @@ void ResultsPane::ShowMenu(POINT at) {
   append(any, IDM_mnuUncheckAll, Caption::MenuUncheckAll);
   append(selected, IDM_mnuCheckSpy, Caption::MenuCheckSpy);
   append(selected, IDM_mnuUncheckSpy, Caption::MenuUncheckSpy);
+  append(any, IDM_mnuGroupBySpy, Caption::MenuGroupBySpy);
+  if (hits_.grouped()) CheckMenuItem(menu.get(), IDM_mnuGroupBySpy, MF_CHECKED);
   rule();
   append(selected, IDM_mnuExclude, Caption::MenuExcludeThis);
   append(selected, IDM_mnuCopyFinding, Caption::MenuCopyFinding);
   rule();
   append(!SelectedFolder().empty(), IDM_mnuOpenFolder, Caption::MenuOpenFolder);
   append(SelectedPath() != nullptr, IDM_mnuShowProperties, Caption::MenuShowProperties);
+  append(selected, IDM_mnuWhatIsThis, Caption::MenuWhatIsThis);
   TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, hwnd(), nullptr);
 }
 
@@ -41,6 +46,12 @@ bool ResultsPane::OnMenuCommand(int id) {
     case IDM_mnuCheckSpy:
     case IDM_mnuUncheckSpy:
       CheckSpies(id == IDM_mnuCheckSpy);
+      return true;
+    case IDM_mnuGroupBySpy:
+      Group(!hits_.grouped());
+      return true;
+    case IDM_mnuWhatIsThis:
+      ShowWhatIsThis();
       return true;
     case IDM_mnuCopyFinding:
       env_.log.Trap("mnuCopy - Scan Spy", [&] { return mnuCopy(); });
@@ -57,6 +68,13 @@ bool ResultsPane::OnMenuCommand(int id) {
     default:
       return false;
   }
+}
+
+void ResultsPane::ShowWhatIsThis() const {
+  const std::vector<std::size_t> rows = SelectedRows();
+  if (rows.empty()) return;
+  ShowMessage(Explanation(env_.captions, hits_.row(rows.front()).finding, categories_),
+              Text(Caption::Information));
 }
 
 std::vector<std::size_t> ResultsPane::SelectedRows() const {

@@ -37,7 +37,8 @@ void ResultsPane::OnCreate() {
   };
   SpyListView_.row_count = [this] { return hits_.size(); };
   SpyListView_.cell_text = [this](std::size_t row, int column) {
-    return hits_.Text(row, static_cast<HitList::Column>(column));
+    return column == HitList::kSystem ? SpyText(row)
+                                      : hits_.Text(row, static_cast<HitList::Column>(column));
   };
   SpyListView_.row_image = [this](std::size_t row) {
     return KindIcon(KindOf(hits_.row(row).finding.object));

@@ -47,10 +47,13 @@ class ResultsPane : public Pane {
   void Check(const std::vector<std::size_t>& rows, bool checked);
   void CheckAll(bool checked);
   void Sort(int column);
+  void Group(bool grouped);
+  std::string SpyText(std::size_t row) const;
   void ShowMenu(POINT at);
   bool OnMenuCommand(int id);
   void CheckSpies(bool checked);
   std::string SelectedFolder() const;
+  void ShowWhatIsThis() const;
   Outcome mnuCopy();
   Outcome mnuShowProperties();
   const std::string* SelectedPath() const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "results/hit_list.h"
 #include "backup/ignore_list.h"
+#include "results/explanation.h"
+#include "results/row_rights.h"
 #include "tests/support.h"
 
 namespace scourwell::test {
@@ -246,6 +248,70 @@ TEST_SUITE("hit_list") {
     }
     r.hits.SortBy(HitList::kSystem);
     CHECK(r.Details() == many);
+  }
+
+  TEST_CASE("the rows of a spy stay together when they are grouped, in any order") {
+    Results r;
+    r.Add(FoundFile{"c"}, "Two");
+    r.Add(FoundFile{"a"}, "One");
+    r.Add(FoundFile{"b"}, "TWO");
+    r.Add(FoundFile{"d"}, "one");
+    CHECK(r.hits.GroupSize(0) == 0);
+    r.hits.Group(true);
+    CHECK(r.Details() == "a d c b ");
+    r.hits.SortBy(HitList::kDetails);
+    CHECK(r.Details() == "a d b c ");
+    r.hits.SortBy(HitList::kDetails);
+    CHECK(r.Details() == "d a c b ");
+    CHECK(r.hits.GroupSize(0) == 2);
+    CHECK(r.hits.GroupSize(1) == 0);
+    CHECK(r.hits.GroupSize(2) == 2);
+    r.hits.SortBy(HitList::kSystem);  // ascending again
+    r.hits.SortBy(HitList::kSystem);
+    CHECK(r.Details() == "c b d a ");
+    r.hits.Group(false);
+    r.hits.SortBy(HitList::kDetails);
+    CHECK(r.Details() == "a b c d ");
+  }
+
+  TEST_CASE("a row that the user has no right to remove says so") {
+    Results r;
+    r.m.registry.Make(RootKey::LocalMachine, "Software\\Spy").Denied();
+    r.m.registry.Make(RootKey::LocalMachine, "Software\\Free");
+    for (const char* key : {"Spy", "Free"}) {
+      r.Add(KeyAt(std::string("HKEY_LOCAL_MACHINE\\Software\\") + key));
+    }
+    r.Add(ValueAt("HKEY_LOCAL_MACHINE\\Software\\Spy", "v"));
+    r.Add(KeyAt("HKEY_LOCAL_MACHINE\\Software\\Spy", true));  // in a view that is not there
+    r.Add(FoundFile{"C:\\spy.exe"});
+    const auto remarks = [&] {
+      std::string text;
+      for (std::size_t i = 0; i < r.hits.size(); ++i) text += r.hits.Text(i, HitList::kState) + "|";
+      return text;
+    };
+    LockRefusedRows(&r.hits, r.m.registry, nullptr);
+    CHECK(remarks() == "|||||");  // an administrator finds out by trying
+    CHECK_FALSE(r.hits.has_remarks());
+    r.m.registry.Make(RootKey::LocalMachine, "Software").Denied();
+    LockRefusedRows(&r.hits, r.m.registry, nullptr);
+    CHECK(remarks() == "<17478>||<17478>|||");
+    CHECK(r.hits.has_remarks());
+    r.hits.Settle(0, {RemovalState::Removed, {}});
+    CHECK(remarks() == "<17101>||<17478>|||");
+  }
+
+  TEST_CASE("who asks is told what a finding is, how it is known and by whom") {
+    SpyCategories categories;
+    categories.AddCategory("dialer", "It dials.");
+    categories.AddSubject("Bell", "dialer");
+    const Finding known{"Bell", FoundFile{"C:\\bell.exe"}, Certainty::Part,
+                        DefinitionSource::BuiltIn};
+    CHECK(Explanation(NumberCaptions(), known, categories) ==
+          "Bell\r\nC:\\bell.exe\r\n\r\n<17484> dialer: It dials.\r\n<17485> <17490>\r\n"
+          "<17486> <17492>");
+    const Finding other{"Who", FoundFile{"C:\\who"}, Certainty::Beside, DefinitionSource::Setting};
+    CHECK(Explanation(NumberCaptions(), other, categories) ==
+          "Who\r\nC:\\who\r\n\r\n<17485> <17491>\r\n<17486> <17494>");
   }
 
   TEST_CASE("all rows of one spy are checked together, whatever the case of its name") {

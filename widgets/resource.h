@@ -50,6 +50,8 @@
 #define IDM_mnuCopyFinding 40019
 #define IDM_mnuLastResults 40020
 #define IDM_mnuViewLog 40021
+#define IDM_mnuGroupBySpy 40022
+#define IDM_mnuWhatIsThis 40023
 
 // The tools: entries of frmMain
 #define IDM_mnuStartupManager 40100
@@ -70,6 +72,7 @@
 #define IDM_mnuFileProperties 40121
 #define IDM_mnuOpenKey 40122
 #define IDM_mnuRefresh 40123
+#define IDM_mnuOpenLocation 40124
 
 // Help and the web: entries of frmMain
 #define IDM_mnuHelpContents 40130
@@ -126,6 +129,8 @@
 #define IDC_lblResultsHeading 1225
 #define IDC_lblComputerHeading 1226
 #define IDC_lblCompanionsHeading 1227
+#define IDC_lblCompanionsFolder 1228
+#define IDC_lblRights 1229
 
 // frmScanSpy: SpyStatusFrame, the progress pane
 #define IDC_SpyStatusFrame 1300
