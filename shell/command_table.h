@@ -37,7 +37,7 @@ inline constexpr SideMenuEntry kSideMenu[] = {
     {"keyOptions", Caption::Options, IDM_mnuOptions, IDI_CommandOptions},
     {"keyLiveUpdate", Caption::LiveUpdate, IDM_mnuLiveUpdate, IDI_CommandUpdate},
     {"keyHelp", Caption::GroupHelp, 0, 0},
-    {"keyOnlineHelp", Caption::Help, IDM_mnuOnlineHelp, IDI_CommandHelp},
+    {"keyOnlineHelp", Caption::Help, IDM_mnuHelpFile, IDI_CommandHelp},
     {"keyVisitUsOnline", Caption::VisitUsOnline, IDM_mnuVisitUsOnline, IDI_CommandWeb},
 };
 

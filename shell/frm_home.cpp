@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "results/row_rights.h"
 #include "widgets/access_keys.h"
 #include "widgets/resource.h"
 
@@ -47,12 +48,14 @@ void frmHome::OnCreate() {
     facts_[i].caption.Create(env_, hwnd(), kRows[i].caption_id);
     facts_[i].value.Create(env_, hwnd(), kRows[i].value_id);
   }
+  lblRights_.Create(env_, hwnd(), IDC_lblRights, {}, SS_LEFT);
   for (int i = 0; i < kLinkCount; ++i) links_[i].Create(env_, hwnd(), kLinks[i].control, {});
   lblCompanions_.Create(env_, hwnd(), IDC_lblCompanionsHeading);
   for (int i = 0; i < kCompanions; ++i) {
     const StartPageButton& row = kCompanionPictures[i];
     companions_[i].Create(env_, hwnd(), row.control, {}, row.icon, kCompanionPicture);
   }
+  lblCompanionsFolder_.Create(env_, hwnd(), IDC_lblCompanionsFolder, {}, SS_LEFT);
   for (const Label* heading : {&lblResults_, &lblComputer_, &lblCompanions_}) {
     heading->SetFont(metrics().bold());
   }
@@ -60,10 +63,15 @@ void frmHome::OnCreate() {
 
 void frmHome::Refresh() {
   header_.SetHeading(Text(Caption::Welcome));
-  header_.SetText(Text(Caption::WelcomeHint));
+  header_.SetText(
+      Text(app_.settings().AutoRemove ? Caption::WelcomeAutoRemove : Caption::WelcomeHint));
   lblResults_.SetText(Text(Caption::LastResults));
   lblComputer_.SetText(Text(Caption::YourComputer));
+  lblRights_.SetText(Text(Caption::HintAdministrator));
+  lblRights_.Show(!HasAllRights(app_.ports().registry));
   lblCompanions_.SetText(Text(Caption::CompanionPrograms));
+  lblCompanionsFolder_.SetText(Text(Caption::CompanionsBelongIn) + " " +
+                               app_.folders().application);
   RefreshButtons();
   RefreshFacts();
   Arrange();
@@ -79,7 +87,13 @@ void frmHome::RefreshButtons() {
   };
   for (int i = 0; i < kTasks; ++i) refresh(tasks_[i], kTaskPictures[i]);
   for (int i = 0; i < kLinkCount; ++i) refresh(links_[i], kLinks[i]);
-  for (int i = 0; i < kCompanions; ++i) refresh(companions_[i], kCompanionPictures[i]);
+  present_.clear();
+  for (int i = 0; i < kCompanions; ++i) {
+    refresh(companions_[i], kCompanionPictures[i]);
+    const bool there = host_.Hindrance(kCompanionPictures[i].command).empty();
+    companions_[i].Show(there);
+    if (there) present_.push_back(&companions_[i]);
+  }
 }
 
 void frmHome::RefreshFacts() {
@@ -138,36 +152,52 @@ int frmHome::LayOut(Layout& layout, Area area, bool header) {
   if (header) layout.Place(header_.hwnd(), area.CutTop(header_.Height()));
   Area inner = area.Shrunk(margin, 0);
   inner.top += margin;
-  LayOutPictures(layout, &inner, tasks_.data(), kTasks);
+  PictureButton* const tasks[] = {&tasks_[0], &tasks_[1], &tasks_[2], &tasks_[3]};
+  static_assert(std::size(tasks) == kTasks);
+  LayOutPictures(layout, &inner, tasks);
   inner.CutTop(margin);
   LayOutHeading(layout, &inner, lblResults_);
   LayOutFacts(layout, &inner, 0, kStatistics);
   inner.CutTop(margin);
   LayOutHeading(layout, &inner, lblComputer_);
   LayOutFacts(layout, &inner, kStatistics, kFacts);
+  if (lblRights_.Shown()) LayOutText(layout, &inner, lblRights_);
   inner.CutTop(metrics().Scale(4));
   LayOutLinks(layout, &inner);
   inner.CutTop(margin);
   LayOutHeading(layout, &inner, lblCompanions_);
-  LayOutPictures(layout, &inner, companions_.data(), kCompanions);
+  LayOutText(layout, &inner, lblCompanionsFolder_);
+  LayOutPictures(layout, &inner, present_);
   return inner.top + metrics().Gap() - start;
 }
 
 // They take as many rows as their longest words ask for.
-void frmHome::LayOutPictures(Layout& layout, Area* area, PictureButton* pictures, int count) {
+void frmHome::LayOutPictures(Layout& layout, Area* area, std::span<PictureButton* const> pictures) {
+  if (pictures.empty()) return;
+  const auto count = static_cast<int>(pictures.size());
   int least = 0;
-  for (int i = 0; i < count; ++i) least = std::max(least, pictures[i].LeastWidth());
+  for (const PictureButton* each : pictures) least = std::max(least, each->LeastWidth());
   const int most = std::clamp(area->width() / least, 1, count);
   const int rows = (count + most - 1) / most;
   const int columns = (count + rows - 1) / rows;
   const int width = std::min(std::max(metrics().Scale(112), least), area->width() / columns);
   int height = 0;
-  for (int i = 0; i < count; ++i) height = std::max(height, pictures[i].HeightFor(width));
+  for (const PictureButton* each : pictures) height = std::max(height, each->HeightFor(width));
   Area row;
-  for (int i = 0; i < count; ++i) {
-    if (i % columns == 0) row = area->CutTop(height);
-    layout.Place(pictures[i], row.CutLeft(width));
+  int column = 0;
+  for (const PictureButton* each : pictures) {
+    if (column == 0) row = area->CutTop(height);
+    layout.Place(*each, row.CutLeft(width));
+    column = (column + 1) % columns;
   }
+}
+
+// In as many lines as it takes.
+void frmHome::LayOutText(Layout& layout, Area* area, const Label& text) {
+  const int width = area->width() - metrics().Gap();
+  Area row = area->CutTop(metrics().TextHeight(text.Text(), width) + metrics().Scale(4));
+  row.CutLeft(metrics().Gap());
+  layout.Place(text, row);
 }
 
 // The heading with a rule to its right.

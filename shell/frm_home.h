@@ -3,6 +3,8 @@
 
 #include <array>
 #include <iterator>
+#include <span>
+#include <vector>
 
 #include "shell/application.h"
 #include "shell/command_table.h"
@@ -51,7 +53,8 @@ class frmHome : public Page {
   void RefreshFacts();
   // Lays everything out below `area`'s top and returns where it ends.
   int LayOut(Layout& layout, Area area, bool header);
-  void LayOutPictures(Layout& layout, Area* area, PictureButton* pictures, int count);
+  void LayOutPictures(Layout& layout, Area* area, std::span<PictureButton* const> pictures);
+  void LayOutText(Layout& layout, Area* area, const Label& text);
   void LayOutHeading(Layout& layout, Area* area, const Label& heading);
   void LayOutFacts(Layout& layout, Area* area, int first, int end);
   void LayOutLinks(Layout& layout, Area* area);
@@ -67,8 +70,11 @@ class frmHome : public Page {
   Label lblComputer_;
   std::array<Fact, kFacts> facts_;
   std::array<LinkLabel, kLinkCount> links_;
+  Label lblRights_;
   Label lblCompanions_;
   std::array<PictureButton, kCompanions> companions_;
+  Label lblCompanionsFolder_;
+  std::vector<PictureButton*> present_;  // the companions that are there
   ToolTip tip_;
   VerticalScroll scroll_;
   std::array<Area, 3> rules_;  // beside the headings

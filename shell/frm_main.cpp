@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frm_main.h"
 
-#include "machine/counting.h"
 #include "machine/file_utils.h"
 #include "machine/reasons.h"
 #include "platform/win/single_instance.h"
 #include "shell/frm_splash.h"
+#include "text/counting.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
 #include "widgets/resource.h"
@@ -66,7 +66,7 @@ void frmMain::Load(const CommandLine& command, int show) {
   app_.Start();
   app_.FillTree();
   tree_.FillTree();
-  menu_.Create(hwnd(), app_.language());
+  CreateMenu();
   FillSideMenu();
   pump_.translate = [this](MSG* message) { return keys_.Translate(hwnd(), page(), message); };
   OpenFirstPage();

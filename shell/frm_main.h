@@ -79,7 +79,9 @@ class frmMain : public Window, public FormHost {
   Outcome VisitUsOnline();
   Outcome ShowChangeReport();
 
-  Outcome OpenWebPage(const char* address);
+  std::string WebPage(const char* page) const;
+  Outcome OpenWebPage(const char* page);
+  void CreateMenu();
   void OpenScanPage(frmScanSpy::First first, std::vector<std::string> paths);
   void OpenFolders(frmScanSpy::First first);
   Outcome ScanTicked(frmScanSpy::First first);

@@ -9,6 +9,7 @@
 #include "shell/frm_main.h"
 #include "shell/frm_options.h"
 #include "shell/frm_report.h"
+#include "text/text.h"
 #include "tools/frm_adware_uninstaller.h"
 #include "tools/frm_bho.h"
 #include "tools/frm_startup_manager.h"
@@ -18,8 +19,10 @@
 namespace scourwell {
 namespace {
 
-constexpr char kSupportPage[] = "http://www.scourwell.example/support/";
-constexpr char kHomePage[] = "http://www.scourwell.example/";
+// What the settings may name, in the section of web pages.
+constexpr char kWebPages[] = "Web";
+constexpr char kSupportPage[] = "Support";
+constexpr char kHomePage[] = "Home";
 constexpr char kMenuMethod[] = "MenuXP1_Click";
 
 bool IsCompanion(int id) { return id >= IDM_FirstCompanion && id <= IDM_LastCompanion; }
@@ -93,6 +96,7 @@ void frmMain::EnableCommands() {
 void frmMain::FillSideMenu() {
   std::vector<SideMenu::Item> items;
   for (const SideMenuEntry& entry : kSideMenu) {
+    if (entry.command == IDM_mnuVisitUsOnline && WebPage(kHomePage).empty()) continue;
     const std::string hindrance = Hindrance(entry.command);
     items.push_back(
         {entry.command, Text(entry.caption), entry.icon, !hindrance.empty(), hindrance});
@@ -110,7 +114,7 @@ void frmMain::FollowDrives() {
 void frmMain::LanguageChanged() {
   app_.RefillTree();
   tree_.FillTree();
-  menu_.Create(hwnd(), app_.language());
+  CreateMenu();
   FillSideMenu();
   if (home_) home_->Refresh();
   Calls().SetText(hwnd(), app_.Title());
@@ -250,7 +254,21 @@ Outcome frmMain::OpenOnlineHelp() { return OpenWebPage(kSupportPage); }
 
 Outcome frmMain::VisitUsOnline() { return OpenWebPage(kHomePage); }
 
-Outcome frmMain::OpenWebPage(const char* address) {
+// A page is for a browser; anything else that stands there could be a program.
+std::string frmMain::WebPage(const char* page) const {
+  const std::string address = app_.kept().Get(kWebPages, page);
+  const bool plain = StartsWithNoCase(address, "http://") || StartsWithNoCase(address, "https://");
+  return plain ? address : std::string();
+}
+
+void frmMain::CreateMenu() {
+  menu_.Create(hwnd(), app_.language(),
+               {!WebPage(kSupportPage).empty(), !WebPage(kHomePage).empty()});
+}
+
+Outcome frmMain::OpenWebPage(const char* page) {
+  const std::string address = WebPage(page);
+  if (address.empty()) return ShowHelp();
   Outcome opened = app_.ports().shell.Open(address);
   if (!opened.ok()) {
     ShowMessage(Text(Caption::WebPageNotOpened) + "\r\n" + address, Text(Caption::Information));

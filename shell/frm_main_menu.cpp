@@ -55,12 +55,16 @@ HMENU ToolsMenu(const Captions& captions) {
   return menu;
 }
 
-HMENU HelpMenu(const Captions& captions) {
+HMENU HelpMenu(const Captions& captions, frmMainMenu::WebPages pages) {
   HMENU menu = CreatePopupMenu();
   Append(menu, IDM_mnuHelpContents, captions.Text(Caption::MenuHelpContents) + "\tF1");
-  AppendRule(menu);
-  Append(menu, IDM_mnuOnlineHelp, captions.Text(Caption::MenuOnlineHelp));
-  Append(menu, IDM_mnuVisitUsOnline, captions.Text(Caption::MenuVisitUsOnline));
+  if (pages.support || pages.home) AppendRule(menu);
+  if (pages.support) {
+    Append(menu, IDM_mnuOnlineHelp, captions.Text(Caption::MenuOnlineHelp));
+  }
+  if (pages.home) {
+    Append(menu, IDM_mnuVisitUsOnline, captions.Text(Caption::MenuVisitUsOnline));
+  }
   AppendRule(menu);
   Append(menu, IDM_mnuAbout, captions.Text(Caption::MenuAbout));
   return menu;
@@ -68,12 +72,12 @@ HMENU HelpMenu(const Captions& captions) {
 
 }  // namespace
 
-void frmMainMenu::Create(HWND window, const Captions& captions) {
+void frmMainMenu::Create(HWND window, const Captions& captions, WebPages pages) {
   MenuHandle old(menu_);
   menu_ = CreateMenu();
   AppendPopup(menu_, ScanMenu(captions), captions.Text(Caption::MenuScan));
   AppendPopup(menu_, ToolsMenu(captions), captions.Text(Caption::MenuTools));
-  AppendPopup(menu_, HelpMenu(captions), captions.Text(Caption::MenuHelp));
+  AppendPopup(menu_, HelpMenu(captions, pages), captions.Text(Caption::MenuHelp));
   SetMenu(window, menu_);
 }
 

@@ -107,9 +107,9 @@ TEST_CASE("a first start: the side menu, the statistics and what the program wor
   for (const std::string& text : SideMenuTexts(ReadyControl(top, IDC_MenuXP1)))
     entries += text + "|";
   CHECK(entries ==
-        "Scan|Start Scan|Scan Folder...|Tools|Backup Manager|Ignore List|Startup Manager|Adware "
+        "Scan|Start Scan|Scan Folder...|Tools|Backup Management|Ignore List|Startup Manager|Adware "
         "Uninstaller|Browser Helper Manager|Pop-up Blocker|Resident Watcher|Network Repair|Hijack "
-        "Scanner|Configuration|Options|Live Update|Help|Help|Visit Us Online|");
+        "Scanner|Configuration|Options|Live Update|Help|Help|");
   CHECK(Text(Control(top, IDC_lblScans)) == "0");
   CHECK(Text(Control(top, IDC_lblLastScan)) == "Never");
   CHECK(Text(Control(top, IDC_lblRemoved)) == "0");
@@ -131,7 +131,7 @@ TEST_CASE("every entry, picture, link and menu entry opens its window") {
   REQUIRE(ReadyControl(top, IDC_imgSearch));
   for (const Way& way : {
            Way{"Scan Folder...", 0, IDM_mnuScanFolder, "Browse"},
-           Way{"Backup Manager", IDC_imgQuarantine, IDM_mnuBackups, "Backup Management"},
+           Way{"Backup Management", IDC_imgQuarantine, IDM_mnuBackups, "Backup Management"},
            Way{"", IDC_lblOpenBackupList, IDM_mnuBackups, "Backup Management"},
            Way{"Ignore List", IDC_lblOpenIgnoreList, IDM_mnuIgnoreList, "Ignore List"},
            Way{"Startup Manager", 0, IDM_mnuStartupManager, "Startup Manager"},
@@ -236,25 +236,42 @@ TEST_CASE("companion programs that are missing leave a record each, and nothing 
   REQUIRE(top);
   REQUIRE(ReadyControl(top, IDC_imgSearch));
   CHECK(Errors() == "");
+  CHECK(Text(Control(top, IDC_lblCompanionsFolder)).ends_with("C:\\Scourwell"));
   for (const Companion& each : kCompanions) {
-    Click(ReadyControl(top, each.picture));
-    const std::string record = std::string("Method: ") + each.method + ", File: ";
-    CHECK_MESSAGE(WaitFor([&] { return Count(Errors(), record) == 1; }, 5000), Errors());
+    const bool link = each.picture == IDC_lblCheckForupdates;
+    CHECK(IsWindowVisible(Control(top, each.picture)) == link);
+    link ? Click(Control(top, each.picture)) : Command(top, each.command);
+    const std::string file(FileNamePart(PathOf(each)));
+    CHECK_MESSAGE(WaitFor([&] { return Count(Errors(), file) == 1; }, 5000), Errors());
   }
   Choose(top, "Resident Watcher");
-  CHECK(WaitFor([] { return Count(Errors(), "Method: MenuXP1_Click, File: ") == 1; }));
+  CHECK(WaitFor([] { return Count(Errors(), "ScourwellWatch.exe") == 2; }));
   CHECK(IsWindowEnabled(top));
 }
 
-TEST_CASE("web pages and the help file open with the programs that are registered for them") {
+TEST_CASE("web pages are offered once the settings name them, and nothing else is opened") {
   PlantMachine();
   DeleteFileA(kWitness);
   OpenWith("http", "URL Protocol");
+  const auto name = [](const char* page, const char* address) {
+    registry.SetValue(RootKey::CurrentUser, "Software\\Scourwell\\Web", page,
+                      {kRegText, Z(address)});
+  };
+  name("Home", "C:\\witness.exe");
+  {
+    Program program("");
+    const HWND top = program.MainWindow();
+    REQUIRE(top);
+    const HWND menu = ReadyControl(top, IDC_MenuXP1);
+    CHECK(SideMenuTexts(menu).back() == "Help");
+    CHECK(GetMenuState(GetMenu(top), IDM_mnuVisitUsOnline, MF_BYCOMMAND) == UINT(-1));
+    CHECK(program.Close());
+  }
+  name("Home", "http://www.scourwell.example/");
+  name("Support", "http://www.scourwell.example/support/");
   Program program("");
   const HWND top = program.MainWindow();
   REQUIRE(top);
-  Choose(top, "Help");
-  CHECK(Count(Witnessed(1), "http://www.scourwell.example/support/") == 1);
   Command(top, IDM_mnuOnlineHelp);
   CHECK(Count(Witnessed(1), "http://www.scourwell.example/support/") == 1);
   Choose(top, "Visit Us Online");

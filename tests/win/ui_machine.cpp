@@ -49,9 +49,10 @@ std::string FileLines(const std::string& path, const std::string& kilobytes) {
 }  // namespace
 
 void PlantMachine() {
-  for (const char* section : {"Language", "Mark", "AutoSave", "UseRegEdit", "AutoCheckForUpdate",
-                              "ScanSections", "RunStartup", "DeleteAfterReboot", "AutoRemove",
-                              "Backup", "Path", "Version", "Statistics"}) {
+  for (const char* section :
+       {"Language", "Mark", "AutoSave", "UseRegEdit", "AutoCheckForUpdate", "ScanSections",
+        "RunStartup", "DeleteAfterReboot", "AutoRemove", "Backup", "Path", "Version", "Statistics",
+        "Web", "Windows", "Columns", "Results"}) {
     registry.DeleteKeyCall(RootKey::CurrentUser, std::string(kStore) + section);
   }
   SetWindowsVersion("");
