@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frm_main.h"
 
+#include "machine/counting.h"
 #include "machine/file_utils.h"
 #include "machine/reasons.h"
 #include "platform/win/single_instance.h"
 #include "shell/frm_splash.h"
-#include "text/counting.h"
 #include "widgets/layout.h"
 #include "widgets/message_box.h"
+#include "widgets/pointers.h"
 #include "widgets/resource.h"
 #include "widgets/window_place.h"
 
@@ -132,6 +133,10 @@ LRESULT frmMain::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       drives_changed_ = true;
       FollowDrives();
       break;
+    case WM_SETCURSOR:
+      if (!app_.progress().loading || LOWORD(lparam) != HTCLIENT) break;
+      SetCursor(SystemPointer(kBusyPointer));
+      return TRUE;
     case WM_COPYDATA:
       return TakeRequest(wparam, lparam);
     case WM_CLOSE:
@@ -196,6 +201,7 @@ void frmMain::PageChanged() {
 }
 
 void frmMain::ShowProgress() {
+  ShowPointer();
   sbrMain_.SetPart(StatusBar::kState, Text(app_.scanning() ? Caption::Scanning : Caption::Ready));
   sbrMain_.SetPart(
       StatusBar::kFound,
@@ -203,6 +209,13 @@ void frmMain::ShowProgress() {
                   Caption::ComponentsFound));
   sbrMain_.SetPart(StatusBar::kLanguage, app_.language().StatusText());
   ShowTitle();
+}
+
+// The system asks for a pointer only when the mouse moves.
+void frmMain::ShowPointer() {
+  if (app_.progress().loading == shows_busy_) return;
+  shows_busy_ = !shows_busy_;
+  SetCursor(SystemPointer(shows_busy_ ? kBusyPointer : kArrowPointer));
 }
 
 // The percentage stands first: the button of a minimized window has room for little more.

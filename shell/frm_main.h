@@ -99,6 +99,7 @@ class frmMain : public Window, public FormHost {
   Page* page() const;
   void FitPage();
   void ShowTitle();
+  void ShowPointer();
   void ShowTree(bool shown);
   HWND PageFocus() const;
 
@@ -126,7 +127,8 @@ class frmMain : public Window, public FormHost {
   std::string title_;
   WantedScans wanted_;
   bool drives_changed_ = false;
-  bool ready_ = false;  // the first page is there
+  bool shows_busy_ = false;  // the pointer
+  bool ready_ = false;       // the first page is there
   bool close_wanted_ = false;
 };
 
