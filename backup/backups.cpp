@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "machine/file_utils.h"
+#include "machine/reasons.h"
 #include "text/text.h"
 #include "text/unicode.h"
 
@@ -48,6 +49,15 @@ Outcome Backups::CheckFolder() const {
   if (IsAbsolutePath(PathOf({}))) return {};
   return Outcome::Failed(kBadFileName, "The backup folder is not a full path")
       .With("Folder: ", parts_.settings.BackupFolder);
+}
+
+std::vector<std::string> FailureTexts(const Captions& captions, const BackupReport& report) {
+  std::vector<std::string> texts;
+  if (!report.archive.ok()) texts.push_back(ReasonText(captions, report.archive));
+  for (const ItemReport& failure : report.failures) {
+    texts.push_back(failure.path + ": " + ReasonText(captions, failure.why));
+  }
+  return texts;
 }
 
 bool Backups::IsUsableName(const std::string& name) const {

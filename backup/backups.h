@@ -12,6 +12,7 @@
 #include "machine/op_sys_info.h"
 #include "platform/shell.h"
 #include "settings/app_settings.h"
+#include "text/captions.h"
 
 namespace scourwell {
 
@@ -30,6 +31,9 @@ struct BackupReport {
   std::vector<std::size_t> failed_rows;  // of the rows given, those not (wholly) stored
   std::vector<ItemReport> failures;
 };
+
+// What is not stored, and why, one line each.
+std::vector<std::string> FailureTexts(const Captions& captions, const BackupReport& report);
 
 // The backups of the backup folder: "name.qzp" archives of files and folders, with the registry
 // scripts "namekey.reg", "nameval.reg" and "nameexport.reg" (and "nameexport64.reg" for what lies

@@ -14,6 +14,7 @@
 #include "guard/key_remover.h"
 #include "results/hit_list.h"
 #include "results/removal.h"
+#include "results/row_rights.h"
 #include "scan/scan_session.h"
 #include "settings/settings.h"
 #include "tools/tool_box.h"
@@ -52,6 +53,7 @@ class Engine : private LoadProgress {
     categories_.Load(reference_);
     scan(session_);
     all_read_ = log_.count() == errors;
+    LockRefusedRows(&hits_, ports_.registry, ports_.registry64);
     progress_.loading = false;
     scanning_ = false;
   }

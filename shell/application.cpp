@@ -25,7 +25,9 @@ Application::Application(const Ports& ports, const std::string& application_fold
                  ports.processes, ports.pump, log(), language(), settings(), hits(), os(),
                  folders(), version}),
       changes_(reference(), store(), language(), log()),
-      companions_(ports.files, ports.shell, application_folder) {}
+      companions_(ports.files, ports.shell, application_folder) {
+  tools().back_up = [this](const std::vector<Finding>& objects) { return BackUp(objects); };
+}
 
 void Application::Start() {
   log().deleteLogFile();
@@ -105,6 +107,14 @@ void Application::RunScan(const std::vector<std::string>& paths) {
   if (busy()) return;
   CheckRelease();
   RunSession([&](ScanSession& session) { session.ScanFolders(paths); });
+}
+
+std::vector<std::string> Application::BackUp(const std::vector<Finding>& objects) {
+  if (!settings().BackupBeforeRemoval) return {};
+  ports().pump.set_closing(false);
+  std::vector<const Finding*> rows;
+  for (const Finding& object : objects) rows.push_back(&object);
+  return FailureTexts(language(), backups().Create(backups().NameForNow(), rows));
 }
 
 void Application::RemoveSelectedSpy(const std::unordered_set<std::size_t>& kept) {

@@ -69,6 +69,8 @@ class Application : private ScanReport, public Engine {
   void CreateDriveScanLogFile() override;
   void FinishScan() override;
   void CheckRelease();
+  // For the tools.
+  std::vector<std::string> BackUp(const std::vector<Finding>& objects);
   template <class Write>
   void WriteLog(Write&& write);
 

@@ -67,12 +67,11 @@ bool frmScanSpy::BackUpFirst(bool unattended, std::unordered_set<std::size_t>* k
 // Under the given caption, what is not in the archive, or why there is none.
 std::string frmScanSpy::NotStored(const BackupReport& report, Caption caption) const {
   std::string text = Text(caption);
-  if (!report.archive.ok()) text += "\r\n" + ReasonText(env_.captions, report.archive);
-  for (std::size_t i = 0; i < std::min(report.failures.size(), kMostNamed); ++i) {
-    const ItemReport& failure = report.failures[i];
-    text += "\r\n" + failure.path + ": " + ReasonText(env_.captions, failure.why);
+  const std::vector<std::string> failures = FailureTexts(env_.captions, report);
+  for (std::size_t i = 0; i < std::min(failures.size(), kMostNamed); ++i) {
+    text += "\r\n" + failures[i];
   }
-  if (report.failures.size() > kMostNamed) text += "\r\n... " + Text(Caption::AndMore);
+  if (failures.size() > kMostNamed) text += "\r\n... " + Text(Caption::AndMore);
   return text;
 }
 

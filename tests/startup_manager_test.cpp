@@ -124,6 +124,27 @@ TEST_SUITE("startup_manager") {
     CHECK(p.m.Content(kSaveProf).find("User\r\n") != std::string::npos);
   }
 
+  TEST_CASE("what is marked for removal can be backed up, unless it lies in a line of win.ini") {
+    Planted p;
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    CHECK(manager.RemovedObjects().empty());
+    for (std::size_t row = 0; row < manager.size(); ++row) manager.cmdRemove_Click(row);
+    std::string places;
+    std::size_t lines = 0;
+    for (const Finding& removed : manager.RemovedObjects()) {
+      places += PlaceText(removed.object) + "\n";
+    }
+    for (std::size_t row = 0; row < manager.size(); ++row) {
+      const std::string& place = manager.Cell(row, StartupManager::kLocation);
+      if (place == "<432>" || place == "<433>") ++lines;
+    }
+    CHECK(lines > 0);
+    CHECK(manager.RemovedObjects().size() == manager.size() - lines);
+    CHECK(places.find("HKEY_CURRENT_USER\\" + std::string(kRun) + "\\User\n") != places.npos);
+    CHECK(places.find(std::string(kUserStartup) + "\\") != places.npos);
+  }
+
   TEST_CASE("removal is final") {
     Planted p;
     StartupManager manager(p.needs);

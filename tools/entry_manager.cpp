@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "machine/registry_place.h"
+#include "text/paths.h"
+#include "tools/stored_value.h"
 
 namespace scourwell {
 
@@ -84,6 +86,11 @@ std::string EntryManager::KeyOf(std::size_t row) const {
   }
 }
 
+std::string EntryManager::NotedName(const Outcome& failure) {
+  const std::size_t label = failure.notes().find(": ");
+  return label == std::string::npos ? "" : failure.notes().substr(label + 2) + ": ";
+}
+
 // A place may hold two entries of one name, and a NUL stands in no label.
 std::string EntryManager::Identity(std::size_t row) const {
   const Entry& entry = table_[row];
@@ -97,6 +104,28 @@ std::vector<std::string> EntryManager::Removals() const {
     if (table_[row].status == EntryStatus::Remove) names.push_back(Cell(row, 0));
   }
   return names;
+}
+
+std::vector<Finding> EntryManager::RemovedObjects() const {
+  std::vector<Finding> objects;
+  for (std::size_t row = 0; row < table_.size(); ++row) {
+    const Entry& entry = table_[row];
+    if (entry.status != EntryStatus::Remove || !entry.place || !entry.present) continue;
+    const StartupLocation& place = *entry.place;
+    const std::string name = Cell(row, 0);
+    if (place.kind == LocationKind::Value) {
+      objects.push_back(
+          {name,
+           FoundValue{
+               {place.root, place.path}, entry.name, ShownValue(entry.command), place.view64}});
+    } else if (place.kind == LocationKind::Key) {
+      objects.push_back(
+          {name, FoundKey{{place.root, AddPathToFileName(place.path, entry.name)}, place.view64}});
+    } else if (place.kind == LocationKind::Shortcut) {
+      objects.push_back({name, FoundFile{needs_.locations.ShortcutPath(place, entry.name)}});
+    }
+  }
+  return objects;
 }
 
 std::string EntryManager::Details(std::size_t row) const {

@@ -7,6 +7,7 @@
 
 #include "machine/error_log.h"
 #include "machine/reasons.h"
+#include "scan/finding.h"
 #include "text/captions.h"
 #include "tools/entry_table.h"
 #include "tools/file_facts.h"
@@ -48,6 +49,8 @@ class EntryManager : public TableModel {
   const FileFacts& facts(std::size_t row) const { return rows_[row].facts; }
   // The names of the entries that Apply would remove for good.
   std::vector<std::string> Removals() const;
+  // Those of them that a backup can hold: registry entries and files.
+  std::vector<Finding> RemovedObjects() const;
   // Everything there is to tell of a row, one line each.
   virtual std::string Details(std::size_t row) const;
   // The registry key that holds the entry, with its root; empty when none does.
@@ -83,6 +86,8 @@ class EntryManager : public TableModel {
   // Runs `body`, which fills the list of failures, and puts each on record.
   template <class Body>
   bool Trap(const char* procedure, Body&& body);
+  // "name: ", of the entry or file that a failure notes.
+  static std::string NotedName(const Outcome& failure);
   // Tells the rows anew; with `facts` their files are looked at again.
   void Tell(bool facts);
   std::string Text(Caption caption) const { return needs_.captions.Text(caption); }
@@ -113,7 +118,7 @@ bool EntryManager::Trap(const char* procedure, Body&& body) {
   if (!done.ok()) failures_.push_back(ReasonText(needs_.captions, done));
   for (const Outcome& failure : failures) {
     needs_.log.LogFailure(failure, name);
-    failures_.push_back(ReasonText(needs_.captions, failure) + failure.notes());
+    failures_.push_back(NotedName(failure) + ReasonText(needs_.captions, failure));
   }
   return failures_.empty();
 }

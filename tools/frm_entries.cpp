@@ -52,8 +52,7 @@ bool frmEntries::OnToolCommand(int id) {
   std::size_t row = 0;
   switch (id) {
     case IDC_cmdDisable:
-      if (Selected(&row)) manager().cmdDisable_Click(row);
-      return ShowResult(), true;
+      return DisableSelected(), true;
     case IDC_cmdApply:
       return ApplyNow(), true;
     case IDC_cmdViewInfo:
@@ -62,6 +61,31 @@ bool frmEntries::OnToolCommand(int id) {
     default:
       return false;
   }
+}
+
+// All of them become what the first one becomes.
+void frmEntries::DisableSelected() {
+  std::size_t first = 0;
+  if (!Selected(&first)) return;
+  const bool disable = manager().status(first) == EntryStatus::Enabled;
+  MarkSelected([&](std::size_t row) {
+    const bool enabled = manager().status(row) == EntryStatus::Enabled;
+    if (enabled == disable) manager().cmdDisable_Click(row);
+  });
+}
+
+// What is not in a backup goes only when the user says so.
+bool frmEntries::BackUpRemovals() {
+  if (!tools_.back_up) return true;
+  const std::vector<Finding> removed = manager().RemovedObjects();
+  if (removed.empty()) return true;
+  const std::vector<std::string> failures = tools_.back_up(removed);
+  if (failures.empty()) return true;
+  std::string text = Text(Caption::BackupBeforeRemovalIncomplete) + "\r\n";
+  for (std::size_t i = 0; i < failures.size() && i < kMostNamed; ++i) text += "\r\n" + failures[i];
+  if (failures.size() > kMostNamed) text += "\r\n...";
+  text += "\r\n\r\n" + Text(Caption::AskRemoveWithoutBackup);
+  return AskYesNo(text, Text(Caption::Error), kBeforeLoss);
 }
 
 bool frmEntries::AskAboutRemovals() {
@@ -76,7 +100,7 @@ bool frmEntries::AskAboutRemovals() {
 }
 
 bool frmEntries::ApplyNow() {
-  if (!AskAboutRemovals()) return false;
+  if (!AskAboutRemovals() || !BackUpRemovals()) return false;
   {
     const BusyPointer busy;
     manager().ApplyNow();

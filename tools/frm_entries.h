@@ -17,6 +17,14 @@ class frmEntries : public frmTool {
 
   // Shows the rows, then what went wrong.
   void ShowResult();
+  // Carries out `mark` on every selected row; they stay selected.
+  template <class Mark>
+  void MarkSelected(Mark&& mark) {
+    const std::vector<std::size_t> rows = SelectedRows();
+    for (const std::size_t row : rows) mark(row);
+    ShowResult();
+    SelectRows(rows);
+  }
 
   const TableModel& Table() const override { return manager(); }
   std::string FileOf(std::size_t row) const override;
@@ -26,10 +34,13 @@ class frmEntries : public frmTool {
   void Reload() override;
   void EnableCommands() override;
   bool OnToolCommand(int id) override;
+  bool MaySelectSeveral() const override { return true; }
   bool MayClose() override;
 
  private:
+  void DisableSelected();
   bool AskAboutRemovals();
+  bool BackUpRemovals();
   // False when the user keeps what he had marked for removal.
   bool ApplyNow();
 };

@@ -95,9 +95,8 @@ void frmStartupManager::EnableCommands() {
 
 bool frmStartupManager::OnToolCommand(int id) {
   if (id != IDC_cmdToolRemove) return frmEntries::OnToolCommand(id) || OnMenu(id);
-  std::size_t row = 0;
-  if (Selected(&row)) manager_.cmdRemove_Click(row);
-  return ShowResult(), true;
+  MarkSelected([&](std::size_t row) { manager_.cmdRemove_Click(row); });
+  return true;
 }
 
 bool frmStartupManager::OnMenu(int id) {

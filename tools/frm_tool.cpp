@@ -66,7 +66,7 @@ void frmTool::OnCreate() {
   list_.row_tip = [this](std::size_t row) {
     return IsRow(row) ? TipOf(view_->Row(row)) : std::string();
   };
-  list_.Create(env_, hwnd(), IDC_lstTool);
+  list_.Create(env_, hwnd(), IDC_lstTool, MaySelectSeveral());
   list_.RememberWidths(env_, HelpTopic());
   const auto captions = ColumnCaptions();
   const auto columns = Columns();
@@ -167,6 +167,24 @@ bool frmTool::Selected(std::size_t* row) const {
   return *row < Table().size();
 }
 
+std::vector<std::size_t> frmTool::SelectedRows() const {
+  std::vector<std::size_t> rows;
+  for (int shown = -1; (shown = list_.NextSelected(shown)) >= 0;) {
+    const auto index = static_cast<std::size_t>(shown);
+    if (IsRow(index)) rows.push_back(view_->Row(index));
+  }
+  return rows;
+}
+
+void frmTool::SelectRows(const std::vector<std::size_t>& rows) {
+  filling_ = true;
+  for (const std::size_t row : rows) {
+    if (const int shown = view_->Find(row); shown >= 0) list_.Select(shown, true);
+  }
+  filling_ = false;
+  Enable();
+}
+
 Button& frmTool::ButtonOf(int id) {
   const auto commands = Commands();
   std::size_t i = 0;
@@ -229,6 +247,7 @@ LRESULT frmTool::OnNotify(NMHDR* header) {
       Sort(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem);
       return 0;
     case LVN_ITEMCHANGED:
+    case LVN_ODSTATECHANGED:
       if (filling_) return 0;
       view_->Choose(list_.Selected());
       Enable();

@@ -59,6 +59,8 @@ class frmTool : public ModalWindow {
   // Where there is no row at all.
   virtual std::string EmptyText() const { return Text(texts_.empty); }
   virtual void Reload() = 0;
+  // Whether a command may act on more than one row.
+  virtual bool MaySelectSeveral() const { return false; }
   virtual void EnableCommands() = 0;
   // A command of its own.
   virtual bool OnToolCommand(int id) = 0;
@@ -68,6 +70,10 @@ class frmTool : public ModalWindow {
   void ShowRows();
   // False when no row of the table is selected.
   bool Selected(std::size_t* row) const;
+  // All that are selected, in the order in which they are shown.
+  std::vector<std::size_t> SelectedRows() const;
+  // After a change that left the rows where they were in the table.
+  void SelectRows(const std::vector<std::size_t>& rows);
   // A row that is shown, after a change that made it another one.
   void ChooseRow(std::size_t row) { view_->Choose(view_->Find(row)); }
   Button& ButtonOf(int id);
@@ -106,6 +112,7 @@ class frmTool : public ModalWindow {
   void ShowSelection(int before);
   void Enable();
   bool OnRowCommand(int id);
+  Outcome OpenLocation(std::size_t row);
 
   const char* prefix_;
   std::optional<TableView> view_;  // of Table, which is made after us

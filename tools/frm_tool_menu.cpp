@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 
 // What keys and the popup menu do with the selected row.
+#include <algorithm>
+#include <iterator>
+
+#include "text/paths.h"
 #include "tools/frm_tool.h"
 #include "widgets/file_dialog.h"
 #include "widgets/resource.h"
@@ -21,17 +25,30 @@ bool frmTool::OnKey(WPARAM key) {
 
 bool frmTool::OnRowCommand(int id) {
   if (id == IDM_mnuRefresh) return Reload(), true;
-  if (id != IDM_mnuCopyRow && id != IDM_mnuFileProperties && id != IDM_mnuOpenKey) return false;
+  constexpr int kOfRow[] = {IDM_mnuCopyRow, IDM_mnuFileProperties, IDM_mnuOpenLocation,
+                            IDM_mnuOpenKey};
+  if (std::ranges::find(kOfRow, id) == std::end(kOfRow)) return false;
   std::size_t row = 0;
   if (!Selected(&row)) return true;
   const std::string name = std::string(prefix_) + "Menu_Click";
   env_.log.Trap(name.c_str(), [&]() -> Outcome {
     if (id == IDM_mnuFileProperties) return tools_.shell().ShowProperties(FileOf(row));
+    if (id == IDM_mnuOpenLocation) return OpenLocation(row);
     if (id == IDM_mnuOpenKey) return tools_.OpenRegistry(KeyOf(row));
-    const auto shown = static_cast<std::size_t>(list_.Selected());
-    return CopyText(hwnd(), view_->Line(shown)) ? Outcome() : Outcome::Failed(kPermissionDenied);
+    std::string lines;
+    for (const std::size_t each : SelectedRows()) {
+      if (!lines.empty()) lines += "\r\n";
+      lines += view_->Line(static_cast<std::size_t>(view_->Find(each)));
+    }
+    return CopyText(hwnd(), lines) ? Outcome() : Outcome::Failed(kPermissionDenied);
   });
   return true;
+}
+
+// The folder alone: with a separator at its end it can be nothing else.
+Outcome frmTool::OpenLocation(std::size_t row) {
+  const std::string folder(FolderPart(FileOf(row)));
+  return folder.empty() ? Outcome() : tools_.shell().Open(AddPathToFileName(folder, ""));
 }
 
 // As its button, or its entry in the menu bar, has it at the moment.
@@ -62,6 +79,7 @@ void frmTool::ShowMenu(POINT at) {
   AppendCommands(menu.get(), any);
   append(any, IDM_mnuCopyRow, Text(Caption::MenuCopyRow) + "\tCtrl+C");
   append(any && !FileOf(row).empty(), IDM_mnuFileProperties, Text(Caption::MenuFileProperties));
+  append(any && !FileOf(row).empty(), IDM_mnuOpenLocation, Text(Caption::MenuOpenLocation));
   append(any && !KeyOf(row).empty(), IDM_mnuOpenKey, Text(Caption::MenuOpenRegistryKey));
   Calls().Append(menu.get(), MF_SEPARATOR, 0, {});
   append(true, IDM_mnuRefresh, Text(Caption::MenuRefresh) + "\tF5");

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/shell.h"
 #include "text/captions.h"
@@ -30,6 +32,8 @@ class ToolBox {
             machine_.folders,  reference_,     log_,           captions_};
   }
   Shell& shell() { return machine_.shell; }
+  // Backs up what is about to be removed, and tells what is in no backup; empty: nobody does.
+  std::function<std::vector<std::string>(const std::vector<Finding>& objects)> back_up;
 
   // Opens the registry editor, at a key with its root if one is given.
   Outcome OpenRegistry(const std::string& key);

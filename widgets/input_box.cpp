@@ -26,10 +26,15 @@ SIZE InputBox::FirstSize() const {
 
 void InputBox::OnCreate() {
   lblPrompt_.Create(env_, hwnd(), IDC_lblPrompt, prompt_);
-  txtAnswer_.Create(env_, hwnd(), IDC_txtAnswer, answer_);
-  txtAnswer_.SelectAll();
+  txtAnswer_.Create(env_, hwnd(), IDC_txtAnswer);
   cmdOk_.Create(env_, hwnd(), IDOK, Text(Caption::Ok));
   cmdCancel_.Create(env_, hwnd(), IDCANCEL, Text(Caption::Cancel));
+}
+
+// A field without a width would scroll its text away.
+void InputBox::OnShown() {
+  txtAnswer_.SetText(answer_);
+  txtAnswer_.SelectAll();
 }
 
 void InputBox::OnSize(Area area) {

@@ -22,6 +22,7 @@ class InputBox : public ModalWindow {
   HWND DefaultButton() const override { return cmdOk_.hwnd(); }
   HWND FirstFocus() const override { return txtAnswer_.hwnd(); }
   void OnCreate() override;
+  void OnShown() override;
   void OnSize(Area area) override;
   bool OnCommand(int id) override;
 
