@@ -20,7 +20,4 @@ struct LanguageEntry {
 // The packs in `folder`, sorted by name. A damaged picture is recorded.
 std::vector<LanguageEntry> ListLanguages(Files& files, ErrorLog& log, const std::string& folder);
 
-// True when the system may be trusted with drawing it: a small bitmap whose header makes sense.
-bool IsSmallBitmap(std::string_view content);
-
 }  // namespace scourwell

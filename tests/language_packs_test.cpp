@@ -8,6 +8,7 @@
 
 #include "engine/caption_table.h"
 #include "shell/language_list.h"
+#include "shell/small_bitmap.h"
 #include "tests/helpers.h"
 #include "tests/pack_check.h"
 #include "text/text.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/options.h"
 
+#include "shell/small_bitmap.h"
 #include "tests/app_support.h"
 
 namespace scourwell::test {
@@ -23,6 +24,21 @@ std::string Bitmap() {
   bytes[28] = 24;
   bytes[56] = '\xFF';
   return bytes;
+}
+
+// A picture of 2 x 2 pixels with all the colours of its depth.
+std::string Bitmap(char header, char depth, char packing, const std::string& pixels) {
+  const bool old = header == 12;
+  std::string bytes = "BM" + std::string(12, '\0') + header + std::string(3, '\0');
+  bytes += old ? std::string("\2\0\2\0\1\0", 6) : std::string("\2\0\0\0\2\0\0\0\1\0", 10);
+  bytes += depth;
+  bytes.resize(static_cast<std::size_t>(14 + header), '\0');
+  if (!old) bytes[30] = packing;
+  if (packing == 3 && header == 40) bytes.resize(bytes.size() + 12);
+  if (depth <= 8) bytes.resize(bytes.size() + (old ? 3u : 4u) * (1u << depth));
+  bytes[10] = static_cast<char>(bytes.size() & 0xFF);
+  bytes[11] = static_cast<char>(bytes.size() >> 8);
+  return bytes + pixels;
 }
 
 // The program behind its options dialog.
@@ -218,6 +234,51 @@ TEST_SUITE("options") {
       bad[at] = byte;
       CHECK_FALSE(IsSmallBitmap(bad));
     }
+  }
+
+  TEST_CASE("bitmaps of every kind are let through, unless their pixels leave them") {
+    const std::string plain(8, '\0');
+    const auto bytes = [](std::initializer_list<int> values) {
+      std::string text;
+      for (const int value : values) text += static_cast<char>(value);
+      return text;
+    };
+    const std::string runs = bytes({2, 0, 0, 0, 2, 1, 0, 1});
+    const Rows<char, char, char, std::string, bool> kRows{
+        {12, 1, 0, plain, true},
+        {12, 24, 0, plain + plain, true},
+        {12, 24, 0, plain, false},
+        {64, 4, 0, plain, true},
+        {108, 8, 0, plain, true},
+        {124, 32, 3, plain + plain, true},
+        {40, 16, 3, plain, true},
+        {40, 8, 3, plain, false},
+        {44, 8, 0, plain, false},
+        {40, 8, 1, runs, true},
+        {40, 4, 2, runs, true},
+        {40, 4, 1, runs, false},
+        {40, 8, 4, plain, false},
+        {40, 8, 1, runs.substr(0, 6), false},                // no end
+        {40, 8, 1, bytes({3, 0, 0, 1}), false},              // beside the line
+        {40, 8, 1, bytes({0, 0, 0, 0, 1, 0, 0, 1}), false},  // above the picture
+        {40, 8, 1, bytes({0, 2, 1, 1, 1, 0, 0, 1}), true},   // a step aside
+        {40, 8, 1, bytes({0, 2, 0, 2, 0, 1}), false},        // out of it
+        {40, 8, 1, bytes({0, 2, 1}), false},                 // half a step
+        {40, 8, 1, bytes({0, 3, 1, 1, 1, 0, 0, 1}), false},  // three single ones
+        {40, 8, 1, bytes({0, 0, 0, 1}), true},
+    };
+    for (const auto& [header, depth, packing, pixels, good] : kRows) {
+      CAPTURE(int{header});
+      CAPTURE(int{depth});
+      CAPTURE(int{packing});
+      CHECK(IsSmallBitmap(Bitmap(header, depth, packing, pixels)) == good);
+    }
+    std::string from_top = Bitmap(40, 24, 0, plain + plain);
+    from_top.replace(22, 4, "\xFE\xFF\xFF\xFF");
+    CHECK(IsSmallBitmap(from_top));
+    from_top = Bitmap(40, 8, 1, runs);
+    from_top.replace(22, 4, "\xFE\xFF\xFF\xFF");
+    CHECK_FALSE(IsSmallBitmap(from_top));
   }
 }
 
