@@ -39,6 +39,7 @@ void frmBackup::OnCreate() {
   BackupList_.cell_text = [this](std::size_t row, int column) { return Cell(rows_[row], column); };
   BackupList_.Create(env_, hwnd(), IDC_BackupList);
   BackupList_.RememberWidths(env_, HelpTopic());
+  BackupList_.SetName(Title());
   BackupList_.AddColumn(BackupOrder::kDate, Text(Caption::ColumnBackupDate), metrics().Scale(150));
   BackupList_.AddColumn(BackupOrder::kName, Text(Caption::ColumnBackupName), metrics().Scale(230));
   BackupList_.AddColumn(BackupOrder::kSize, Text(Caption::ColumnBackupSize), metrics().Scale(100));

@@ -37,6 +37,7 @@ void frmBackupContents::OnCreate() {
   ContentsList_.cell_text = [this](std::size_t row, int column) { return Cell(Item(row), column); };
   ContentsList_.Create(env_, hwnd(), IDC_ContentsList);
   ContentsList_.RememberWidths(env_, HelpTopic());
+  ContentsList_.SetName(Title());
   const int type = metrics().WidestText(KindTexts(env_.captions)) + metrics().Scale(40);
   std::vector<std::string> states;
   for (const Caption each : {Caption::ItemMissing, Caption::ItemUnchanged, Caption::ItemDifferent,

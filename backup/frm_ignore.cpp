@@ -30,6 +30,7 @@ void frmIgnore::OnCreate() {
   IgnoreListView_.cell_text = [this](std::size_t row, int column) { return Field(row, column); };
   IgnoreListView_.Create(env_, hwnd(), IDC_IgnoreListView);
   IgnoreListView_.RememberWidths(env_, HelpTopic());
+  IgnoreListView_.SetName(Title());
   const int type = metrics().WidestText(KindTexts(env_.captions)) + metrics().Scale(40);
   IgnoreListView_.AddColumn(kType, Text(Caption::ColumnIgnoredType), type);
   IgnoreListView_.AddColumn(kSystem, Text(Caption::ColumnIgnoredSystem), metrics().Scale(130));

@@ -86,6 +86,7 @@ void frmResults::CreateList() {
   };
   lstObjects_.Create(env_, hwnd(), IDC_lstObjects);
   lstObjects_.RememberWidths(env_, HelpTopic());
+  lstObjects_.SetName(Text(Caption::StateOfEach));
   images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
   lstObjects_.SetSmallImages(images_.get());
   const int picture = 2 * kPicture * metrics().PictureFactor();

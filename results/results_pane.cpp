@@ -49,6 +49,7 @@ void ResultsPane::OnCreate() {
   };
   SpyListView_.Create(env_, hwnd(), IDC_SpyListView);
   SpyListView_.RememberWidths(env_, "SpyListView");
+  SpyListView_.SetName(Text(Caption::DetectedComponents));
   images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
   SpyListView_.SetSmallImages(images_.get());
   CreateColumns();

@@ -49,6 +49,7 @@ void frmTree::OnSize(Area area) {
 
 void frmTree::FillTree() {
   lblSection_.SetText(Text(Caption::ScanSections));
+  TreeView1_.SetName(Text(Caption::ScanSections));
   TreeView1_.Clear();
   items_.clear();
   for (std::size_t i = 1; i <= scope_.count(); ++i) items_.push_back(AddNode(i));

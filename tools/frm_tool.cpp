@@ -68,6 +68,7 @@ void frmTool::OnCreate() {
   };
   list_.Create(env_, hwnd(), IDC_lstTool, MaySelectSeveral());
   list_.RememberWidths(env_, HelpTopic());
+  list_.SetName(Title());
   const auto captions = ColumnCaptions();
   const auto columns = Columns();
   for (std::size_t i = 0; i < captions.size(); ++i) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/subclassed_control.h"
 
+#include "widgets/spoken_name.h"
+
 namespace scourwell {
 
 void SubclassedControl::Subclass(const WindowEnv& env, const char* name) {
@@ -9,6 +11,11 @@ void SubclassedControl::Subclass(const WindowEnv& env, const char* name) {
   Calls().SetLong(hwnd(), GWL_USERDATA, reinterpret_cast<LONG>(this));
   original_ = reinterpret_cast<WNDPROC>(
       Calls().SetLong(hwnd(), GWL_WNDPROC, reinterpret_cast<LONG>(Procedure)));
+}
+
+void SubclassedControl::SetName(const std::string& name) {
+  SetSpokenName(hwnd(), name);
+  named_ = true;
 }
 
 // The control may outlive its object for a moment, while its parent is destroyed.
@@ -24,6 +31,7 @@ LRESULT CALLBACK SubclassedControl::Procedure(HWND hwnd, UINT message, WPARAM wp
   auto* control = reinterpret_cast<SubclassedControl*>(Calls().Long(hwnd, GWL_USERDATA));
   if (!control) return Calls().WindowDefault(hwnd, message, wparam, lparam);
   if (message == WM_NCDESTROY) {
+    if (control->named_) ClearSpokenName(hwnd);
     const WNDPROC original = control->original_;
     control->Release();
     return Calls().CallProcedure(original, hwnd, message, wparam, lparam);

@@ -7,6 +7,10 @@ namespace scourwell {
 
 // A system control some of whose messages we handle first.
 class SubclassedControl : public Control {
+ public:
+  // What a screen reader calls it, where nothing in it says so.
+  void SetName(const std::string& name);
+
  protected:
   virtual ~SubclassedControl() { Release(); }
 
@@ -27,6 +31,7 @@ class SubclassedControl : public Control {
   ErrorLog* log_ = nullptr;
   const char* name_ = nullptr;
   WNDPROC original_ = nullptr;
+  bool named_ = false;
 };
 
 }  // namespace scourwell
