@@ -1,9 +1,10 @@
-# room(NAME [SMALL] BELOW ROOM... SOURCES FILE...): the library scourwell_NAME of this folder. It sees
+# room(NAME [SMALL] BELOW ROOM... SOURCES FILE... [COLD FILE...]): the library scourwell_NAME of this folder. It sees
 # the rooms that are named, and those below them. SMALL: no loop of a scan runs through it, so it is
-# made for size; those rooms are most of the program.
+# made for size; those rooms are most of the program. COLD: the same of single sources of a room.
 function(room name)
-  cmake_parse_arguments(room SMALL "" "BELOW;SOURCES" ${ARGN})
-  add_library(scourwell_${name} STATIC ${room_SOURCES})
+  cmake_parse_arguments(room SMALL "" "BELOW;SOURCES;COLD" ${ARGN})
+  add_library(scourwell_${name} STATIC ${room_SOURCES} ${room_COLD})
+  set_source_files_properties(${room_COLD} PROPERTIES COMPILE_OPTIONS $<$<CONFIG:Release>:-Os>)
   target_link_libraries(scourwell_${name} PUBLIC scourwell_flags)
   foreach(below ${room_BELOW})
     target_link_libraries(scourwell_${name} PUBLIC scourwell_${below})
