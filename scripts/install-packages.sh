@@ -11,6 +11,7 @@ everything=(
     libhivex-dev libcreg-dev libbfio-dev            # registries of machines that do not run
     g++-mingw-w64-i686-win32 libz-mingw-w64-dev     # Windows build
     fp-utils python3                                # compiles the help; judges it
+    nsis strace                                     # the set-up; the help at a fixed time
     clang-format
     xvfb xauth patchelf                             # private Wine and its display
     imagemagick attr                                # screenshots, DOS file attributes
