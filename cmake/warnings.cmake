@@ -14,7 +14,9 @@ if(WIN32)
     WIN32_LEAN_AND_MEAN NOMINMAX STRICT)
   target_compile_options(scourwell_flags INTERFACE
     -march=i486 -mtune=generic -ffunction-sections -fdata-sections)
-  target_link_options(scourwell_flags INTERFACE -static -s -Wl,--gc-sections)
+  # The same sources give the same program: without the time of the day.
+  target_link_options(scourwell_flags INTERFACE
+    -static -s -Wl,--gc-sections -Wl,--no-insert-timestamp)
 elseif(SCOURWELL_SANITIZE)
   target_compile_options(scourwell_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
