@@ -424,10 +424,6 @@ const DefaultText kCaptions[] = {
     {Caption::StartBusy, "Scourwell is open and busy: a scan or a removal runs, or one of its windows waits for you. Choose this again afterwards."},
     {Caption::StartRefused, "Scourwell is open, but it cannot scan this:"},
     {Caption::StartNoAnswer, "Scourwell cannot start: it runs already and does not answer, or another program holds its name. End that program or restart Windows, then try again."},
-    {Caption::ColumnCertainty, "Certainty"},
-    {Caption::CertaintyHigh, "high"},
-    {Caption::CertaintyMedium, "medium"},
-    {Caption::CertaintyLow, "low"},
     {Caption::ReasonNotFound, "The file or folder was not found."},
     {Caption::ReasonNoAccess, "It cannot be opened or changed."},
     {Caption::ReasonDiskFull, "The disk is full."},
@@ -464,6 +460,10 @@ const DefaultText kCaptions[] = {
     {Caption::SourceFile, "the definitions file"},
     {Caption::SourceSetting, "an option that you have set"},
     {Caption::PluralRule, "English"},
+    {Caption::ColumnCertainty, "Certainty"},
+    {Caption::CertaintyHigh, "high"},
+    {Caption::CertaintyMedium, "medium"},
+    {Caption::CertaintyLow, "low"},
 };
 // clang-format on
 
