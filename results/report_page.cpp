@@ -82,7 +82,7 @@ void ReportPage::Paragraph(std::string_view text) { put_(Element("p", text) + "\
 
 void ReportPage::Sums(std::string_view heading, std::string_view column, const ReportSums& sums) {
   put_(Element("h2", heading) + "\r\n");
-  BeginTable({std::string(column), Text(Caption::ColumnCount)});
+  BeginTable({std::string(column), Text(Caption::ColumnCount), ""});
   std::uint64_t most = 1;
   for (const auto& [name, count] : sums) most = std::max(most, count);
   for (const auto& [name, count] : sums) {
