@@ -67,6 +67,13 @@ std::string LinuxHost::Version() const {
          std::to_string(version_.revision);
 }
 
+std::string LinuxHost::Missing(const Options& options) const {
+  if (!options.windows.empty() || !options.drives.empty()) return "";
+  if ((options.command->bit & kNeedDisk) != 0) return "name a Windows disk by --windows or --drive";
+  const bool scans = (options.command->bit & (kScan | kRemove)) != 0;
+  return scans && options.words.empty() ? "name what to scan: a PATH, --windows or --drive" : "";
+}
+
 std::unique_ptr<Target> LinuxHost::Open(const Options& options, Pump& pump, ScanReport& report,
                                         std::string* why) {
   const bool keeps = options.add || options.remove || options.command->bit == kRemove;
@@ -75,10 +82,6 @@ std::unique_ptr<Target> LinuxHost::Open(const Options& options, Pump& pump, Scan
   std::unique_ptr<Target> target;
   if (!drives.empty()) {
     target = OpenDisk(drives, options, version_, pump, report, why);
-  } else if ((options.command->bit & kNeedDisk) != 0) {
-    *why = "name a Windows disk with --windows or --drive";
-  } else if ((options.command->bit & (kScan | kRemove)) != 0 && options.words.empty()) {
-    *why = "name what to scan: a PATH, or a Windows disk with --windows or --drive";
   } else {
     target = std::make_unique<FolderTarget>(version_, pump, report);
   }

@@ -14,6 +14,7 @@ class LinuxHost : public Host {
 
   Terminal& terminal() override { return terminal_; }
   std::string Version() const override;
+  std::string Missing(const Options& options) const override;
   std::unique_ptr<Target> Open(const Options& options, Pump& pump, ScanReport& report,
                                std::string* why) override;
 

@@ -56,7 +56,9 @@ std::string VersionText(Host& host) { return "scourwell " + host.Version() + "\n
 int RunConsole(const std::vector<std::string>& words, Host& host) {
   Terminal& terminal = host.terminal();
   Options options;
-  if (const std::string wrong = ParseOptions(words, &options); !wrong.empty()) {
+  std::string wrong = ParseOptions(words, &options);
+  if (wrong.empty() && options.command && !options.help) wrong = host.Missing(options);
+  if (!wrong.empty()) {
     const std::string command = options.command ? std::string(" ") + options.command->name : "";
     terminal.WriteError("scourwell" + command + ": " + ForShowing(wrong) + "; see scourwell" +
                         command + " --help\n");

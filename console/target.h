@@ -53,6 +53,8 @@ class Host {
   virtual ~Host() = default;
   virtual Terminal& terminal() = 0;
   virtual std::string Version() const = 0;
+  // What is missing on the command line on this system; empty when nothing is.
+  virtual std::string Missing(const Options&) const { return {}; }
   // What the options name. `why` says why there is none.
   virtual std::unique_ptr<Target> Open(const Options& options, Pump& pump, ScanReport& report,
                                        std::string* why) = 0;

@@ -46,7 +46,8 @@ exit_codes() {
     ends 3 "$program" scan --windows "$work/clean"
     ends 3 "$program" scan --definitions "$work/missing" "$work/clean"
     ends 3 "$program" remove --yes "$work/names"
-    ends 3 "$program" scan
+    ends 64 "$program" scan
+    ends 64 "$program" startup
     ends 64 "$program"
     ends 64 "$program" scan --nonsense
     ends 64 "$program" remove --windows "$work/clean" --format=xml
