@@ -155,6 +155,8 @@ int KeptCommands::Ignore() {
   if (options_.add || options_.take_out) return ChangeIgnoreList();
   std::vector<IgnoreRecord> records;
   const Outcome loaded = engine().ignore().Load(&records);
+  // Without the folder of our own files there is no list yet.
+  if (loaded.code() == kPathNotFound) return kNothingFound;
   if (!loaded.ok()) return Fail("the list cannot be read", loaded);
   for (const IgnoreRecord& record : records) {
     const auto kind = KindOfWord(record.kind);

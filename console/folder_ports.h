@@ -10,6 +10,7 @@ namespace scourwell {
 // The ports of plain folders: there is no Windows around them, and nothing of this machine's own
 // is meant.
 
+// What is set is forgotten with the run.
 class NoRegistry : public Registry {
  public:
   RegStatus TryOpen(RootKey, const std::string&, std::uint32_t) override { return kRegNotFound; }
@@ -17,9 +18,9 @@ class NoRegistry : public Registry {
   RegStatus QueryValue(RootKey, const std::string&, const std::string&, RegValue*) override {
     return kRegNotFound;
   }
-  RegStatus CreateKey(RootKey, const std::string&) override { return kRegAccessDenied; }
+  RegStatus CreateKey(RootKey, const std::string&) override { return kRegOk; }
   RegStatus SetValue(RootKey, const std::string&, const std::string&, const RegValue&) override {
-    return kRegAccessDenied;
+    return kRegOk;
   }
   RegStatus DeleteValue(RootKey, const std::string&, const std::string&) override {
     return kRegNotFound;

@@ -68,6 +68,7 @@ std::string LinuxHost::Version() const {
 }
 
 std::string LinuxHost::Missing(const Options& options) const {
+  if (options.disable || options.enable) return "startup entries of a disk can only be listed";
   if (!options.windows.empty() || !options.drives.empty()) return "";
   if ((options.command->bit & kNeedDisk) != 0) return "name a Windows disk by --windows or --drive";
   const bool scans = (options.command->bit & (kScan | kRemove)) != 0;
@@ -76,9 +77,8 @@ std::string LinuxHost::Missing(const Options& options) const {
 
 std::unique_ptr<Target> LinuxHost::Open(const Options& options, Pump& pump, ScanReport& report,
                                         std::string* why) {
-  const bool keeps = options.add || options.remove || options.command->bit == kRemove;
-  if (keeps) MakeLinuxFolder(UserFolder());
   const std::vector<MountedDrive> drives = DrivesOf(options);
+  if (options.add || !drives.empty()) MakeLinuxFolder(UserFolder());
   std::unique_ptr<Target> target;
   if (!drives.empty()) {
     target = OpenDisk(drives, options, version_, pump, report, why);

@@ -95,7 +95,7 @@ bool ScanCommand::Prepare(int* code) {
   std::string why;
   target_ = host_.Open(options_, pump_, *this, &why);
   if (!target_) {
-    *code = Refuse(why.empty() ? kStopped : kIncomplete, why);
+    *code = Refuse(kIncomplete, why);
     return false;
   }
   if (removes()) {
