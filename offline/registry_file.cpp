@@ -14,13 +14,16 @@ constexpr unsigned kDeepest = 512;         // levels that the system allows
 
 }  // namespace
 
-KeyNames::KeyNames(std::vector<Child> children) : children_(std::move(children)) {
-  if (children_.size() <= kFew) return;
-  nodes_.reserve(children_.size());
-  for (const Child& child : children_) nodes_.try_emplace(child.name, child.node);
-}
-
 std::size_t KeyNames::Find(std::string_view name) const {
+  for (std::size_t i = next_; i < std::min(next_ + 2, children_.size()); ++i) {
+    if (children_[i].name != name) continue;
+    next_ = i;
+    return children_[i].node;
+  }
+  if (children_.size() > kFew && nodes_.empty()) {
+    nodes_.reserve(children_.size());
+    for (const Child& child : children_) nodes_.try_emplace(child.name, child.node);
+  }
   if (children_.size() > kFew) {
     const auto found = nodes_.find(name);
     return found == nodes_.end() ? 0 : found->second;

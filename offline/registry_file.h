@@ -26,7 +26,7 @@ class KeyNames {
     std::size_t node;
   };
 
-  explicit KeyNames(std::vector<Child> children);
+  explicit KeyNames(std::vector<Child> children) : children_(std::move(children)) {}
 
   const std::vector<Child>& children() const { return children_; }
   // 0 when there is none of that name; the first of several.
@@ -34,8 +34,10 @@ class KeyNames {
 
  private:
   std::vector<Child> children_;
-  // Only for many: comparing a few is faster than hashing them.
-  std::unordered_map<std::string_view, std::size_t, NoCaseHash, NoCaseEqual> nodes_;
+  // A walk asks for one after the other: the next one is tried first.
+  mutable std::size_t next_ = 0;
+  // Made for many, when somebody asks for another: comparing a few is faster than hashing them.
+  mutable std::unordered_map<std::string_view, std::size_t, NoCaseHash, NoCaseEqual> nodes_;
 };
 
 // One file of a registry: a tree of keys. A key is known by a number, never 0, that stays the same
