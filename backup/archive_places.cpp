@@ -10,9 +10,8 @@
 namespace scourwell {
 namespace {
 
-constexpr char kSection[] = "Backup";
+constexpr const char* kSection = kMarkSection;
 constexpr char kPlaces[] = "Elsewhere";
-constexpr char kKey[] = "MachineKey";
 // No file name holds these.
 constexpr char kField = '|';
 constexpr char kRecord = '?';
@@ -79,12 +78,12 @@ Outcome ArchivePlaces::Store(const std::vector<ArchivePlace>& places) {
 }
 
 std::string KeyOfMachine(KeptTexts& kept, System& system) {
-  const std::string known = kept.Get(kSection, kKey);
+  const std::string known = kept.Get(kSection, kMarkKey);
   if (known.size() == 2 * kDigestSize) return known;
   const std::string bytes = system.RandomBytes(kDigestSize);
   std::string key;
   for (const char c : bytes) key += Hex(static_cast<unsigned char>(c), 2);
-  return !key.empty() && kept.Set(kSection, kKey, key).ok() ? key : std::string();
+  return !key.empty() && kept.Set(kSection, kMarkKey, key).ok() ? key : std::string();
 }
 
 }  // namespace scourwell

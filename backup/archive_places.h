@@ -36,6 +36,10 @@ class ArchivePlaces {
   KeptTexts& kept_;
 };
 
+// Where the settings store keeps that key.
+inline constexpr char kMarkSection[] = "Backup";
+inline constexpr char kMarkKey[] = "MachineKey";
+
 // The key by which this machine knows its own archives again; made when there is none. Empty when
 // it cannot be kept.
 std::string KeyOfMachine(KeptTexts& kept, System& system);

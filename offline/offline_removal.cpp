@@ -30,9 +30,10 @@ struct OfflineRemoval::Row {
 
 OfflineRemoval::OfflineRemoval(Parts parts)
     : parts_(std::move(parts)),
+      kept_(parts_.machine, parts_.kept),
       backups_({parts_.machine.files(), parts_.machine.registry(), parts_.machine.registry64(),
-                parts_.clock, parts_.pump, parts_.machine.shell(), parts_.machine.system(),
-                parts_.kept, parts_.log, parts_.machine.code_pages(), parts_.machine.os(), folders_,
+                parts_.clock, parts_.pump, parts_.machine.shell(), parts_.machine.system(), kept_,
+                parts_.log, parts_.machine.code_pages(), parts_.machine.os(), folders_,
                 parts_.settings}) {
   parts_.settings.BackupFolder = parts_.folder;
   parts_.settings.MarkChecked = "y";
@@ -99,7 +100,7 @@ OfflineRemoval::Result OfflineRemoval::Remove(const std::string& name,
 
 void OfflineRemoval::Delete(std::vector<Row>* rows, Result* result) {
   PosixFiles& files = parts_.machine.files();
-  IgnoreList ignore(files, parts_.clock, parts_.machine.code_pages(), parts_.kept, parts_.log,
+  IgnoreList ignore(files, parts_.clock, parts_.machine.code_pages(), kept_, parts_.log,
                     AddPathToFileName(parts_.folder, kNoList));
   HitList hits(ignore, parts_.settings, parts_.captions, parts_.log);
   std::vector<Row*> listed;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "backup/backups.h"
+#include "offline/machine_texts.h"
 #include "offline/offline_machine.h"
 #include "results/removal.h"
 #include "settings/kept_texts.h"
@@ -55,6 +56,7 @@ class OfflineRemoval {
   void SaveRegistry(std::vector<Row>* rows, Result* result);
 
   Parts parts_;
+  MachineTexts kept_;
   SystemFolders folders_;             // of the first user
   std::vector<SystemFolders> users_;  // of all of them
   Backups backups_;

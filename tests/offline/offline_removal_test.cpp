@@ -127,6 +127,28 @@ TEST_SUITE("offline_removal") {
     CHECK((TreeOf(bench.disk.path() + "/c") == before));
   }
 
+  TEST_CASE("an archive bears the mark of the machine where the program was used there") {
+    for (const bool used : {false, true}) {
+      CAPTURE(used);
+      RemovalBench bench;
+      if (used) {
+        const OfflineUser& user = bench.machine->users().back();
+        const RegValue mark{kRegText, std::string(64, 'A')};
+        CHECK(bench.machine->registry().SetValue(
+                  RootKey::Users, user.sid + "\\Software\\Scourwell\\" + kMarkSection, kMarkKey,
+                  mark) == kRegOk);
+        CHECK(bench.machine->SaveRegistry().ok());
+        bench.Reopen();
+      }
+      bench.RemoveAll();
+      bench.kept.texts.clear();  // another machine does the restoring
+      bench.Reopen();
+      const std::string left = bench.Restore();
+      CAPTURE(left);
+      CHECK(left.empty() == used);
+    }
+  }
+
   TEST_CASE("a folder of any user is as safe as that of the one who is acted as") {
     RemovalBench bench;
     const std::string desktop = "C:\\Documents and Settings\\Bj\u00F6rn\\Cookies";
@@ -196,6 +218,7 @@ TEST_SUITE("offline_removal") {
   }
 
   TEST_CASE("a removal that is stopped at any moment leaves nothing that does not come back") {
+    int in_between = 0;
     for (const int moment : {1, 2, 10, 40, 50, 55, 60, 70}) {
       CAPTURE(moment);
       RemovalBench bench;
@@ -208,6 +231,7 @@ TEST_SUITE("offline_removal") {
       };
       const auto result = bench.removal->Remove("archive", bench.sink.found);
       bench.m.pump.on_yield = nullptr;
+      in_between += result.stopped && result.removal.Count(RemovalState::Removed) > 0;
       bench.m.pump.set_closing(false);
       bench.Reopen();
       if (result.backup.archive.ok()) {
@@ -217,6 +241,7 @@ TEST_SUITE("offline_removal") {
       CHECK((TreeOf(bench.disk.path() + "/c") == before));
       CHECK((KeysOf(*bench.machine) == keys));
     }
+    CHECK(in_between > 0);
   }
 
   TEST_CASE("a disk on which nothing can be written says so before anything begins") {
