@@ -521,6 +521,50 @@ enum class Caption : int {
 
   // By which rule the pack counts: English, French, Polish or Russian.
   PluralRule = 17499,
+  // A copy that keeps everything beside itself.
+  PortableNotKept = 17550,
+  PortableUnavailable = 17551,
+  PortableOtherDrive = 17552,
+  PortableNoBackup = 17553,
+  PortableCopy = 17554,
+
+  // Definitions brought by hand.
+  MenuLoadDefinitions = 17555,
+  MenuFormerDefinitions = 17556,
+  DefinitionsFileTypes = 17557,
+  LoadDefinitionsTitle = 17558,
+  DefinitionsRefused = 17560,
+  DefinitionsUnreadable = 17561,
+  DefinitionsEmpty = 17562,
+  DefinitionsTooLarge = 17563,
+  DefinitionsNoForm = 17564,
+  DefinitionsNoNumber = 17565,
+  DefinitionsDamaged = 17566,
+  DefinitionsNotWritten = 17567,
+  AskLoadDefinitions = 17568,
+  AskLoadOlder = 17569,
+  DefinitionsInUse = 17570,
+  DefinitionsLoaded = 17571,
+  AskFormerDefinitions = 17572,
+  NoFormerDefinitions = 17573,
+  DropOneFile = 17574,
+
+  // About the program.
+  CopyForReport = 17580,
+  AboutEntries = 17581,
+  AboutSystem = 17582,
+  AboutFolder = 17583,
+
+  // The page of the first start.
+  MenuTour = 17590,
+  TourTitle = 17591,
+  TourScan = 17592,
+  TourScanText = 17593,
+  TourBackup = 17594,
+  TourBackupText = 17595,
+  TourRights = 17596,
+  TourRightsText = 17597,
+  TourAgain = 17598,
 };
 
 constexpr int NumberOf(Caption caption) { return static_cast<int>(caption); }
