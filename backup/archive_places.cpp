@@ -38,7 +38,7 @@ std::vector<ArchivePlace> ArchivePlaces::All() {
     std::string_view record = Take(&rest, kRecord);
     ArchivePlace place;
     place.key = Take(&record, kField);
-    place.folder = Take(&record, kField);
+    place.folder = kept_.FolderOf(std::string(Take(&record, kField)));
     place.size = Number(Take(&record, kField));
     place.modified = Number(Take(&record, kField));
     if (IsPossibleName(place.key) && IsAbsolutePath(place.folder)) places.push_back(place);
@@ -71,8 +71,8 @@ Outcome ArchivePlaces::Store(const std::vector<ArchivePlace>& places) {
   std::string text;
   for (const ArchivePlace& place : places) {
     if (!text.empty()) text += kRecord;
-    text += place.key + kField + place.folder + kField + std::to_string(place.size) + kField +
-            std::to_string(place.modified);
+    text += place.key + kField + kept_.WrittenFolder(place.folder) + kField +
+            std::to_string(place.size) + kField + std::to_string(place.modified);
   }
   return kept_.Set(kSection, kPlaces, text);
 }

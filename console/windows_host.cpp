@@ -56,6 +56,9 @@ std::unique_ptr<Target> WindowsHost::Open(const Options& options, Pump& pump, Sc
       std::make_unique<WindowsTarget>(ports, full_path_, application_folder_, version_, report);
   Engine& engine = target->engine();
   engine.LoadSettings();
+  if (const std::string not_kept = engine.NotKept(); !not_kept.empty()) {
+    terminal_.WriteError("scourwell: " + not_kept + "\n");
+  }
   if (!options.definitions.empty()) {
     const std::string file = full_path_(options.definitions);
     if (!FileExists(machine_.files, file)) {

@@ -15,11 +15,11 @@ Engine::Engine(const Ports& ports, const std::string& application_folder, Progra
       os_(ports.system),
       folders_(ComputeSystemFolders(ports.system, ports.registry, os_, log_, application_folder)),
       language_(ports.files, ports.clock, ports.code_pages, log_, settings_, application_folder),
-      store_(ports.registry),
-      settings_store_({store_, ports.registry, ports.profiles, ports.files, ports.clock,
+      store_(ports.files, ports.registry, ports.code_pages, application_folder),
+      settings_store_({store_.texts(), ports.registry, ports.profiles, ports.files, ports.clock,
                        ports.code_pages, log_, folders_, version},
                       settings_),
-      ignore_(ports.files, ports.clock, ports.code_pages, store_, log_,
+      ignore_(ports.files, ports.clock, ports.code_pages, store_.texts(), log_,
               AddPathToFileName(application_folder, "ignorespylist.txt")),
       hits_(ignore_, settings_, language_, log_),
       reference_(ports.files, ports.clock, log_, settings_, application_folder),
@@ -31,7 +31,7 @@ Engine::Engine(const Ports& ports, const std::string& application_folder, Progra
                 language_, settings_, lists_, built_in_, loader_, memory_, ports.versions, os_,
                 folders_, hits_, report, progress_}),
       backups_({ports.files, ports.registry, ports.registry64, ports.clock, ports.pump, ports.shell,
-                ports.system, store_, log_, ports.code_pages, os_, folders_, settings_}),
+                ports.system, store_.texts(), log_, ports.code_pages, os_, folders_, settings_}),
       keys_(ports.registry, log_,
             [this] {
               ports_.shell.Message(language_.Text(Caption::RegistryKeyAccessDenied),
@@ -58,6 +58,14 @@ bool Engine::AnyToBackUp() const {
     if (hits_.row(i).checked && backups_.Needs(hits_.row(i).finding.object)) return true;
   }
   return false;
+}
+
+bool Engine::BackupsRefused() const {
+  return store_.read_only() && !CanWriteIn(ports_.files, settings_.BackupFolder);
+}
+
+std::string Engine::NotKept() const {
+  return store_.read_only() ? language_.Text(Caption::PortableNotKept) : std::string();
 }
 
 BackupReport Engine::BackUpChecked(const std::string& name, ArchiveOptions options) {

@@ -16,6 +16,7 @@
 #include "results/removal.h"
 #include "results/row_rights.h"
 #include "scan/scan_session.h"
+#include "settings/program_store.h"
 #include "settings/settings.h"
 #include "tools/tool_box.h"
 
@@ -34,6 +35,13 @@ class Engine : private LoadProgress {
 
   // The settings as the store has them; nothing is written back.
   void LoadSettings() { settings_store_.LoadSettings(); }
+
+  // A portable copy keeps everything beside itself.
+  bool portable() const { return store_.portable(); }
+  // Whether backups would lie where a portable copy can write nothing.
+  bool BackupsRefused() const;
+  // What a portable copy cannot keep; empty when it can.
+  std::string NotKept() const;
 
   // Around the two calls below and every other long one: the engine is busy, and an earlier Stop
   // does not end what the user asks for now. `caption` says what goes on.
@@ -92,7 +100,7 @@ class Engine : private LoadProgress {
   ToolBox& tools() { return tools_; }
 
  protected:
-  SettingsStore& store() { return store_; }
+  KeptTexts& store() { return store_.texts(); }
   Settings& settings_store() { return settings_store_; }
   KeyRemover& keys() { return keys_; }
 
@@ -108,7 +116,7 @@ class Engine : private LoadProgress {
   SystemFolders folders_;
   AppSettings settings_;
   Language language_;
-  SettingsStore store_;
+  ProgramStore store_;
   Settings settings_store_;
   IgnoreList ignore_;
   HitList hits_;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "machine/file_utils.h"
 
+#include <memory>
+
 #include "text/text.h"
 
 namespace scourwell {
@@ -28,6 +30,13 @@ bool FileExists(Files& files, const std::string& path) {
 bool FolderExists(Files& files, const std::string& path) {
   if (path.empty()) return false;
   return files.List(AddPathToFileName(path, "*.*"), [](const DirEntry&) { return false; }).ok();
+}
+
+// What is never committed goes with its writer.
+bool CanWriteIn(Files& files, const std::string& folder) {
+  std::unique_ptr<FileWriter> probe;
+  return files.OpenWriter(AddPathToFileName(folder, "Scourwell.tmp"), &probe).ok() &&
+         probe->Write("x").ok();
 }
 
 bool DoWeSkipThisFolder(std::string_view parent, const DirEntry& entry) {

@@ -22,6 +22,9 @@ bool FileExists(Files& files, const std::string& path);
 // A listing of the folder's "*.*" succeeds.
 bool FolderExists(Files& files, const std::string& path);
 
+// Whether files can be made in the folder. Nothing stays there.
+bool CanWriteIn(Files& files, const std::string& folder);
+
 // True for "." and "..", links, and folders right below a drive's root that hold the system's own
 // recycled or restore data. `parent` is the folder that holds the entry.
 bool DoWeSkipThisFolder(std::string_view parent, const DirEntry& entry);

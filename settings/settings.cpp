@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "settings/settings.h"
 
+#include <vector>
+
 #include "machine/cregister.h"
 #include "machine/file_utils.h"
 #include "text/text.h"
@@ -53,7 +55,8 @@ std::string Settings::CookiesFolder() const {
 void Settings::Load(const SettingRow& row) {
   const std::string stored = parts_.store.Get(row.section, row.key);
   if (const auto* flag = std::get_if<bool AppSettings::*>(&row.field)) {
-    settings_.** flag = (stored.empty() ? row.initial : stored) == kTrue;
+    const bool mistyped = parts_.store.IsTyped() && stored != kTrue && stored != kFalse;
+    settings_.** flag = (stored.empty() || mistyped ? row.initial : stored) == kTrue;
   } else {
     settings_.*std::get<std::string AppSettings::*>(row.field) = ValueOf(row, stored);
   }
@@ -62,7 +65,8 @@ void Settings::Load(const SettingRow& row) {
 std::string Settings::ValueOf(const SettingRow& row, const std::string& stored) const {
   const std::string& application = parts_.folders.application;
   const auto folder = [&] {
-    if (!stored.empty() && FolderExists(parts_.files, stored)) return stored;
+    const std::string kept = parts_.store.FolderOf(stored);
+    if (!kept.empty() && FolderExists(parts_.files, kept)) return kept;
     return *row.initial ? AddPathToFileName(application, row.initial) : application;
   };
   switch (row.kind) {
@@ -82,32 +86,36 @@ std::string Settings::TextOf(const SettingRow& row) const {
     return settings_.**flag ? kTrue : kFalse;
   }
   const std::string& text = settings_.*std::get<std::string AppSettings::*>(row.field);
-  return row.kind == SettingKind::LogFile ? std::string(FolderPart(text)) : text;
+  switch (row.kind) {
+    case SettingKind::LogFile:
+      return parts_.store.WrittenFolder(std::string(FolderPart(text)));
+    case SettingKind::Folder:
+    case SettingKind::OwnFolder:
+      return parts_.store.WrittenFolder(text);
+    default:
+      return text;
+  }
 }
 
 void Settings::SaveSettings() {
   parts_.log.Trap("SaveSettings", [&] { return Save(); });
 }
 
-// Every value is tried, whatever becomes of the others; the first failure is the one reported.
 Outcome Settings::Save() {
-  Outcome first;
-  const auto set = [&](const char* section, const char* key, const std::string& text) {
-    Outcome written = parts_.store.Set(section, key, text);
-    if (first.ok()) first = std::move(written);
-  };
   const std::string major = std::to_string(parts_.version.major);
   const std::string minor = std::to_string(parts_.version.minor);
   const std::string revision = std::to_string(parts_.version.revision);
-  set("Version", "Version", major + "." + minor + "." + revision);
-  set("Version", "MAJOR", major);
-  set("Version", "MINOR", minor);
-  set("Version", "REVISION", revision);
-  set("Version", "BUILD", "0");
-  for (const SettingRow& row : kSettingRows) set(row.section, row.key, TextOf(row));
+  std::vector<KeptText> texts = {{"Version", "Version", major + "." + minor + "." + revision},
+                                 {"Version", "MAJOR", major},
+                                 {"Version", "MINOR", minor},
+                                 {"Version", "REVISION", revision},
+                                 {"Version", "BUILD", "0"}};
+  for (const SettingRow& row : kSettingRows) texts.push_back({row.section, row.key, TextOf(row)});
+  Outcome kept = parts_.store.SetAll(texts);
   Outcome written = WriteINIString(parts_.profiles, parts_.code_pages, parts_.folders.application,
-                                   "DEFINITIONS_FILE_LOCATION", settings_.DefinitionsFolder);
-  return first.ok() ? std::move(written) : std::move(first);
+                                   "DEFINITIONS_FILE_LOCATION",
+                                   parts_.store.WrittenFolder(settings_.DefinitionsFolder));
+  return kept.ok() ? std::move(written) : std::move(kept);
 }
 
 std::string ScanLogPath(const std::string& folder, const LocalTime& now) {

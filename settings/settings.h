@@ -30,7 +30,7 @@ class SettingsStore : public KeptTexts {
 class Settings {
  public:
   struct Parts {
-    SettingsStore& store;
+    KeptTexts& store;
     Registry& registry;
     Profiles& profiles;
     Files& files;

@@ -44,7 +44,7 @@ void Application::SaveSettings() {
 
 OptionsForm Application::Options() {
   return OptionsForm({ports().files, ports().registry, keys(), ports().shell, log(), language(),
-                      os(), folders(), settings()});
+                      os(), folders(), settings(), store(), portable()});
 }
 
 void Application::CheckRelease() {
@@ -66,6 +66,10 @@ std::string Application::TakeChangeReport() {
     begin = end + 2;
   }
   return report;
+}
+
+std::string Application::TakeNotKept() {
+  return std::exchange(not_kept_said_, true) ? std::string() : NotKept();
 }
 
 void Application::FillTree() { scope().FillTree(language(), ports().files.Drives()); }

@@ -32,6 +32,8 @@ class Application : private ScanReport, public Engine {
   // for the release of the first start.
   // Releases are noticed at start-up, after the settings were saved, and when a scan begins.
   std::string TakeChangeReport();
+  // What a portable copy cannot keep, once; empty when it can.
+  std::string TakeNotKept();
   // Rebuilds the scan scope from the drives of the machine.
   void FillTree();
   // The same with the ticks as they are. True when drives have come or gone.
@@ -79,6 +81,7 @@ class Application : private ScanReport, public Engine {
   ScanLog scan_log_;
   ChangeReport changes_;
   std::string change_report_;
+  bool not_kept_said_ = false;
   bool started_ = false;
   Companions companions_;
 };

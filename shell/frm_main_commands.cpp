@@ -279,6 +279,8 @@ Outcome frmMain::OpenWebPage(const char* page) {
 // Not in the middle of anything: a scan that runs shows it when it is done.
 Outcome frmMain::ShowChangeReport() {
   if (app_.busy() || close_wanted_ || !IsWindowEnabled(hwnd())) return {};
+  const std::string not_kept = app_.TakeNotKept();
+  if (!not_kept.empty()) ShowMessage(not_kept, Text(Caption::PortableCopy), MB_ICONWARNING);
   const std::string report = app_.TakeChangeReport();
   if (!report.empty()) ShowMessage(report, Text(Caption::Information));
   return {};

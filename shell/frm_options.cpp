@@ -160,6 +160,11 @@ void frmOptions::Proceed() {
   if (confirmed.explorer_failed) {
     ShowMessage(Text(Caption::SettingNotWritten), Text(Caption::Error), MB_ICONERROR);
   }
+  if (!confirmed.unkept.empty()) {
+    std::string text = Text(Caption::PortableOtherDrive);
+    for (const std::string& folder : confirmed.unkept) text += "\r\n" + folder;
+    ShowMessage(text, Text(Caption::Information));
+  }
   app_.SaveSettings();
   Close();
 }

@@ -71,8 +71,7 @@ void frmOptions::CreateTab(int tab) {
     boxes_[i].Create(env_, page, row.id, keys.Add(Text(row.caption)));
   }
   if (tab == kGeneralTab && !form_.explorer_available()) {
-    lblExplorerNote_.Create(env_, page, IDC_lblExplorerNote, Text(Caption::ExplorerUnavailable),
-                            SS_LEFT);
+    lblExplorerNote_.Create(env_, page, IDC_lblExplorerNote, Text(form_.explorer_note()), SS_LEFT);
   }
   if (tab != kPathsTab) return;
   for (std::size_t i = 0; i < kPaths; ++i) CreatePath(i, page, &keys);
@@ -98,6 +97,7 @@ void frmOptions::CreatePath(std::size_t index, HWND page, AccessKeys* keys) {
 void frmOptions::Fill() {
   OptionControls& controls = form_.controls();
   for (std::size_t i = 0; i < kBoxes; ++i) boxes_[i].Check(controls.*kBoxRows[i].control);
+  boxes_[BoxIndex(IDC_chkScanStartup)].Enable(form_.startup_available());
   boxes_[BoxIndex(IDC_chkExplorer)].Enable(form_.explorer_available());
   for (const LanguageEntry& language : form_.languages()) {
     CmbLang_.Add(language.name, language.picture);
@@ -170,8 +170,8 @@ int frmOptions::ArrangeTab(int tab, Area area, Layout* layout) const {
   }
   if (tab == kGeneralTab && !form_.explorer_available()) {
     const int indent = metrics().Scale(CheckBox::kBox);  // below the caption
-    Area place = column.Take(
-        metrics().TextHeight(Text(Caption::ExplorerUnavailable), column.width() - indent));
+    Area place =
+        column.Take(metrics().TextHeight(Text(form_.explorer_note()), column.width() - indent));
     place.CutLeft(indent);
     if (layout) layout->Place(lblExplorerNote_, place);
   }

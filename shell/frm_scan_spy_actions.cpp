@@ -53,6 +53,10 @@ bool frmScanSpy::RemoveChecked(bool unattended) {
 
 bool frmScanSpy::BackUpFirst(bool unattended, std::unordered_set<std::size_t>* kept) {
   if (!app_.settings().BackupBeforeRemoval || !app_.AnyToBackUp()) return true;
+  if (app_.BackupsRefused()) {
+    if (!unattended) ShowMessage(Text(Caption::PortableNoBackup), Text(Caption::PortableCopy));
+    return false;
+  }
   BeginWork(Caption::BackupInProgress);
   const BackupReport report = app_.BackUpChecked(app_.backups().NameForNow());
   EndWork();

@@ -65,7 +65,7 @@ OptionsForm::OptionsForm(const Parts& parts)
     }
   }
   Show();
-  controls_.chkExplorer = explorer_.IsOn();
+  controls_.chkExplorer = explorer_available() && explorer_.IsOn();
 }
 
 // The language pack has its own ways: what can be chosen is a list.
@@ -162,6 +162,12 @@ OptionsForm::Confirmed OptionsForm::Confirm() {
   parts_.log.Trap("CmdProceed", [&] {
     ConfirmLanguage(&confirmed);
     Take();
+    for (const EditedSetting& row : kEdited) {
+      if (row.kind != SettingKind::Folder && row.kind != SettingKind::LogFile) continue;
+      const std::string& folder = row.LineOf(controls_);
+      if (folder.empty() || !parts_.kept.WrittenFolder(folder).empty()) continue;
+      confirmed.unkept.push_back(folder);
+    }
     // It cannot be switched on here.
     confirmed.advanced_scanning = std::exchange(parts_.settings.AdvancedScanning, false);
     ConfirmExplorer(&confirmed);
@@ -179,7 +185,7 @@ void OptionsForm::ConfirmLanguage(Confirmed* confirmed) {
 
 // This comes after the language: the caption follows it.
 void OptionsForm::ConfirmExplorer(Confirmed* confirmed) {
-  if (!explorer_.Available()) return;
+  if (!explorer_available()) return;
   const bool wanted = controls_.chkExplorer;
   if (!wanted && !explorer_.IsOn()) return;
   const Outcome done = parts_.log.TrapOutcome("chkExplorer", [&] {

@@ -8,6 +8,7 @@
 #include "machine/system_folders.h"
 #include "platform/shell.h"
 #include "settings/app_settings.h"
+#include "settings/kept_texts.h"
 #include "shell/explorer_verb.h"
 #include "shell/language_list.h"
 #include "text/captions.h"
@@ -40,12 +41,15 @@ class OptionsForm {
     const COpSysInfo& os;
     const SystemFolders& folders;
     AppSettings& settings;
+    const KeptTexts& kept;
+    bool portable = false;
   };
   // What the window has to tell the user or the program.
   struct Confirmed {
     bool language = false;           // another one: every caption has to be read again
     bool advanced_scanning = false;  // was asked for, in vain
     bool explorer_failed = false;
+    std::vector<std::string> unkept;  // folders that count until the program ends
   };
 
   // Fills the controls.
@@ -55,7 +59,13 @@ class OptionsForm {
   const std::vector<LanguageEntry>& languages() const { return languages_; }
   // The place of the chosen pack in the list, -1 when none is chosen.
   int language_index() const;
-  bool explorer_available() const { return explorer_.Available(); }
+  // Windows would have to find a portable copy again.
+  bool startup_available() const { return !parts_.portable; }
+  bool explorer_available() const { return !parts_.portable && explorer_.Available(); }
+  // Why not.
+  Caption explorer_note() const {
+    return parts_.portable ? Caption::PortableUnavailable : Caption::ExplorerUnavailable;
+  }
   // What is typed there will not be used at the next start.
   bool IsMissing(const std::string& folder) const;
 

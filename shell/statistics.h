@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/clock.h"
-#include "settings/settings.h"
+#include "settings/kept_texts.h"
 #include "text/captions.h"
 
 namespace scourwell {
@@ -12,7 +12,7 @@ namespace scourwell {
 // The usage statistics of the store's section "Statistics".
 class Statistics {
  public:
-  Statistics(SettingsStore& store, Clock& clock, const Captions& captions)
+  Statistics(KeptTexts& store, Clock& clock, const Captions& captions)
       : store_(store), clock_(clock), captions_(captions) {}
 
   // "0" when missing.
@@ -30,7 +30,7 @@ class Statistics {
   std::string Number(const char* key);
   Outcome Raise(const char* key, int by);
 
-  SettingsStore& store_;
+  KeptTexts& store_;
   Clock& clock_;
   const Captions& captions_;
 };

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+
+#include "platform/code_pages.h"
+#include "platform/files.h"
+#include "settings/kept_texts.h"
+#include "text/text.h"
+
+namespace scourwell {
+
+// Kept texts in an INI file beside a portable copy of the program. Folders are written as they lie
+// from there, since the drive has another letter elsewhere, and letters that a code page could
+// lack are escaped, since the file travels. A file that others have damaged holds nothing.
+class KeptFile : public KeptTexts {
+ public:
+  KeptFile(Files& files, CodePages& code_pages, std::string path);
+
+  // Asked once: where nothing can be written, texts count until the program ends.
+  bool read_only() const { return read_only_; }
+
+  std::string Get(const std::string& section, const std::string& key) override;
+  Outcome Set(const std::string& section, const std::string& key, const std::string& text) override;
+  Outcome SetAll(std::span<const KeptText> texts) override;
+  // Empty for a folder on another drive.
+  std::string WrittenFolder(const std::string& folder) const override;
+  std::string FolderOf(const std::string& text) const override;
+  bool IsTyped() const override { return true; }
+
+ private:
+  using Section = std::map<std::string, std::string, NoCaseLess>;
+
+  Outcome Load();
+  std::string Content() const;
+
+  Files& files_;
+  CodePages& code_pages_;
+  std::string path_;
+  std::string folder_;  // ends in "\"
+  bool read_only_ = false;
+  std::string content_;  // of the file, as it was read last
+  std::map<std::string, Section, NoCaseLess> texts_;
+};
+
+}  // namespace scourwell

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "settings/program_store.h"
+
+#include "machine/file_utils.h"
+#include "settings/kept_file.h"
+#include "settings/settings.h"
+
+namespace scourwell {
+
+ProgramStore::ProgramStore(Files& files, Registry& registry, CodePages& code_pages,
+                           const std::string& application_folder) {
+  std::string file = FullPath_With_Filename(application_folder, kPortableFile);
+  portable_ = FileExists(files, file);
+  if (!portable_) {
+    texts_ = std::make_unique<SettingsStore>(registry);
+    return;
+  }
+  auto kept = std::make_unique<KeptFile>(files, code_pages, std::move(file));
+  read_only_ = kept->read_only();
+  texts_ = std::move(kept);
+}
+
+}  // namespace scourwell

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/code_pages.h"
+#include "platform/files.h"
+#include "platform/registry.h"
+#include "settings/kept_texts.h"
+
+namespace scourwell {
+
+// Beside the program, it makes a portable copy.
+inline constexpr char kPortableFile[] = "portable.ini";
+
+// Where this copy of the program keeps its texts: in the user's part of the registry, or in the
+// file of a portable copy, which leaves the registry alone.
+class ProgramStore {
+ public:
+  ProgramStore(Files& files, Registry& registry, CodePages& code_pages,
+               const std::string& application_folder);
+
+  KeptTexts& texts() { return *texts_; }
+  bool portable() const { return portable_; }
+  // A portable copy that lies where nothing can be written.
+  bool read_only() const { return read_only_; }
+
+ private:
+  std::unique_ptr<KeptTexts> texts_;
+  bool portable_ = false;
+  bool read_only_ = false;
+};
+
+}  // namespace scourwell
