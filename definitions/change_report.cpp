@@ -1,41 +1,62 @@
 // SPDX-License-Identifier: MIT
 #include "definitions/change_report.h"
 
+#include <algorithm>
+
 #include "text/text.h"
+#include "text/unicode.h"
 
 namespace scourwell {
 namespace {
 
 constexpr char kSection[] = "REFFILE";
 constexpr char kKey[] = "Number";
+constexpr std::size_t kLongestLine = 400;
+
+constexpr Caption kLabels[kReleaseValues.size()] = {Caption::UpdateFile, Caption::ComponentsUpdated,
+                                                    Caption::ComponentsAdded,
+                                                    Caption::ComponentsRemoved};
 
 }  // namespace
+
+std::string ReleaseLines(const Captions& captions, const ReleaseTexts& release) {
+  std::string lines;
+  for (std::size_t i = 0; i < release.size(); ++i) {
+    lines += captions.Text(kLabels[i]) + " " +
+             (release[i].empty() ? captions.Text(Caption::NoComponents) : release[i]) + "\r\n";
+  }
+  return lines;
+}
+
+std::string WithShortLines(const std::string& text) {
+  std::string report;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find("\r\n", begin), text.size());
+    const std::string line = text.substr(begin, end - begin);
+    report += line.size() > kLongestLine ? std::string(WholeCharacters(line, kLongestLine)) + "..."
+                                         : line;
+    if (end < text.size()) report += "\r\n";
+    begin = end + 2;
+  }
+  return report;
+}
 
 std::string ChangeReport::checkUpdateRefFileChanges() {
   std::string summary;
   log_.Trap("checkUpdateRefFileChanges", [&]() -> Outcome {
-    const std::string release =
-        reference_.updateListfromINI(kReleaseValues[0].section, kReleaseValues[0].key);
-    const std::string_view number = TrimBlanks(release);
+    const auto read = [&](const ReleaseValue& value) {
+      return reference_.updateListfromINI(value.section, value.key);
+    };
+    ReleaseTexts release = {read(kReleaseValues[0])};
+    const std::string_view number = TrimBlanks(release[0]);
     if (number.empty() || EqualsNoCase(number, TrimBlanks(kept_.Get(kSection, kKey)))) return {};
     // First, so that a summary is never seen twice.
-    if (Outcome stored = kept_.Set(kSection, kKey, release); !stored.ok()) return stored;
-    summary = Line(Caption::UpdateFile, release) +
-              Line(Caption::ComponentsUpdated, TextOrNone(kReleaseValues[1])) +
-              Line(Caption::ComponentsAdded, TextOrNone(kReleaseValues[2])) +
-              Line(Caption::ComponentsRemoved, TextOrNone(kReleaseValues[3]));
+    if (Outcome stored = kept_.Set(kSection, kKey, release[0]); !stored.ok()) return stored;
+    for (std::size_t i = 1; i < release.size(); ++i) release[i] = read(kReleaseValues[i]);
+    summary = ReleaseLines(captions_, release);
     return {};
   });
   return summary;
-}
-
-std::string ChangeReport::Line(Caption label, const std::string& value) const {
-  return captions_.Text(label) + " " + value + "\r\n";
-}
-
-std::string ChangeReport::TextOrNone(const ReleaseValue& value) {
-  std::string text = reference_.updateListfromINI(value.section, value.key);
-  return text.empty() ? captions_.Text(Caption::NoComponents) : text;
 }
 
 }  // namespace scourwell

@@ -9,7 +9,6 @@ namespace scourwell {
 namespace {
 
 constexpr unsigned char kShift = 12;
-constexpr char kFileName[] = "update.ref";
 
 }  // namespace
 
@@ -29,6 +28,11 @@ std::optional<std::string> Decrypt(std::string_view scrambled) {
   return plain;
 }
 
+std::optional<std::string> PlainValue(std::string_view raw) {
+  const std::optional<std::string> plain = Decrypt(TrimNull(raw.substr(0, kLongestValue)));
+  return plain ? std::optional(From1252(*plain)) : std::nullopt;
+}
+
 void AppendScrambled(std::string_view plain, std::string* text) {
   for (const char c : plain) {
     text->push_back(static_cast<char>(static_cast<unsigned char>(c) + kShift));
@@ -39,7 +43,7 @@ ReferenceFile::ReferenceFile(Files& files, Clock& clock, ErrorLog& log, const Ap
                              const std::string& application_folder)
     : log_(log),
       settings_(settings),
-      own_path_(AddPathToFileName(AddPathToFileName(application_folder, "Ini"), kFileName)),
+      own_path_(AddPathToFileName(AddPathToFileName(application_folder, "Ini"), kReferenceName)),
       watched_(files, clock, kLargest) {}
 
 std::string ReferenceFile::updateListfromINI(std::string_view section, std::string_view key) {
@@ -51,12 +55,12 @@ std::string ReferenceFile::updateListfromINI(std::string_view section, std::stri
     const auto where = [&](Outcome failed) {
       return std::move(failed).With("Section: ", section).With("Key: ", key);
     };
-    const std::optional<std::string> plain = Decrypt(TrimNull(raw->substr(0, kLongestValue)));
+    const std::optional<std::string> plain = PlainValue(*raw);
     if (!plain) {
       log_.LogFailure(where(Outcome::Failed(kInvalidCall)), "Decrypt");
       return {};
     }
-    value = From1252(*plain);
+    value = *plain;
     if (raw->size() <= kLongestValue) return {};
     return where(Outcome::Failed(kOverflow, "A value longer than 1999 bytes was cut"));
   });
@@ -67,7 +71,7 @@ bool ReferenceFile::checkUpdateIni() {
   const auto refresh = [&]() -> Outcome {
     if (candidate_path_.empty() || definitions_folder_ != settings_.DefinitionsFolder) {
       definitions_folder_ = settings_.DefinitionsFolder;
-      candidate_path_ = AddPathToFileName(definitions_folder_, kFileName);
+      candidate_path_ = AddPathToFileName(definitions_folder_, kReferenceName);
     }
     Outcome parsed;
     const bool given = !given_path_.empty();

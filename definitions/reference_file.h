@@ -22,8 +22,15 @@ std::optional<std::string> CleanParam(std::string_view text);
 
 // Every character's code less 12. No value when a code lies below 12.
 std::optional<std::string> Decrypt(std::string_view scrambled);
-// The way back: every code more by 12. Codes above 243 have no scrambled form and must not occur.
+// The text of a value as it stands in a file, cut to what is read. No value when it cannot be
+// descrambled.
+std::optional<std::string> PlainValue(std::string_view raw);
+// Back from Decrypt: every code more by 12. Codes above 243 have no scrambled form and must not
+// occur.
 void AppendScrambled(std::string_view plain, std::string* text);
+
+// The file's name, wherever it stands.
+inline constexpr char kReferenceName[] = "update.ref";
 
 // The definitions reference file "update.ref": an INI text whose section and key names are plain
 // and whose values are scrambled. It stands in the definitions folder, else in "Ini" below the

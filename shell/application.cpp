@@ -1,20 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "shell/application.h"
 
-#include <algorithm>
 #include <set>
 #include <utility>
 
 #include "machine/file_utils.h"
 #include "results/report_html.h"
-#include "text/unicode.h"
 
 namespace scourwell {
-namespace {
-
-constexpr std::size_t kLongestLine = 400;  // of the change report: a message box cannot scroll
-
-}  // namespace
 
 Application::Application(const Ports& ports, const std::string& application_folder,
                          ProgramVersion version)
@@ -25,6 +18,7 @@ Application::Application(const Ports& ports, const std::string& application_fold
                  ports.processes, ports.pump, log(), language(), settings(), hits(), os(),
                  folders(), version}),
       changes_(reference(), store(), language(), log()),
+      exchange_(ports.files, reference(), settings(), language(), log()),
       companions_(ports.files, ports.shell, application_folder) {
   tools().back_up = [this](const std::vector<Finding>& objects) { return BackUp(objects); };
 }
@@ -55,17 +49,14 @@ void Application::CheckRelease() {
 }
 
 std::string Application::TakeChangeReport() {
-  const std::string whole = std::exchange(change_report_, {});
-  std::string report;
-  for (std::size_t begin = 0; begin < whole.size();) {
-    const std::size_t end = std::min(whole.find("\r\n", begin), whole.size());
-    const std::string line = whole.substr(begin, end - begin);
-    report += line.size() > kLongestLine ? std::string(WholeCharacters(line, kLongestLine)) + "..."
-                                         : line;
-    if (end < whole.size()) report += "\r\n";
-    begin = end + 2;
-  }
-  return report;
+  return WithShortLines(std::exchange(change_report_, {}));
+}
+
+Outcome Application::TakeDefinitions(const DefinitionsOffer& offer) {
+  Outcome taken = exchange_.Take(offer);
+  // The user has read what they change.
+  if (taken.ok()) static_cast<void>(changes_.checkUpdateRefFileChanges());
+  return taken;
 }
 
 std::string Application::TakeNotKept() {

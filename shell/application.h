@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "definitions/change_report.h"
+#include "definitions/definitions_exchange.h"
 #include "engine/engine.h"
 #include "results/scan_log.h"
 #include "shell/companions.h"
@@ -32,6 +33,9 @@ class Application : private ScanReport, public Engine {
   // for the release of the first start.
   // Releases are noticed at start-up, after the settings were saved, and when a scan begins.
   std::string TakeChangeReport();
+  // Definitions that the user brings.
+  DefinitionsExchange& exchange() { return exchange_; }
+  Outcome TakeDefinitions(const DefinitionsOffer& offer);
   // What a portable copy cannot keep, once; empty when it can.
   std::string TakeNotKept();
   // Rebuilds the scan scope from the drives of the machine.
@@ -83,6 +87,7 @@ class Application : private ScanReport, public Engine {
   std::string change_report_;
   bool not_kept_said_ = false;
   bool started_ = false;
+  DefinitionsExchange exchange_;
   Companions companions_;
 };
 

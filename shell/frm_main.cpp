@@ -61,6 +61,7 @@ void frmMain::Load(const CommandLine& command, int show) {
   wanted_.Add(command);
   CreateHandle(frame);
   ReceiveRequests(hwnd());
+  ReceiveFiles(hwnd());
   app_.ReadLanguage();
   frmSplash splash(shared_, app_);
   splash.ShowModal(hwnd());
@@ -139,6 +140,8 @@ LRESULT frmMain::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       return TRUE;
     case WM_COPYDATA:
       return TakeRequest(wparam, lparam);
+    case WM_DROPFILES:
+      return TakeFiles(wparam);
     case WM_CLOSE:
       Close();
       return 0;
@@ -252,13 +255,6 @@ bool frmMain::SideMenuFits(int width) const {
   return home_ && home_->Shown() &&
          width >= MenuXP1_.Width() + tree_.Width() + metrics().Scale(kLeastHome);
 }
-
-void frmMain::ShowTree(bool shown) {
-  tree_wanted_ = shown;
-  OnSize(ClientArea());
-}
-
-HWND frmMain::PageFocus() const { return page() ? page()->FirstFocus() : nullptr; }
 
 // No window may go while a scan or a message box still runs inside one of its procedures: both
 // are asked to end, and closing goes on when they have.

@@ -78,6 +78,8 @@ class frmMain : public Window, public FormHost {
   Outcome OpenOnlineHelp();
   Outcome VisitUsOnline();
   Outcome ShowChangeReport();
+  Outcome LoadDefinitions();
+  Outcome FormerDefinitions();
 
   std::string WebPage(const char* page) const;
   Outcome OpenWebPage(const char* page);
@@ -87,6 +89,8 @@ class frmMain : public Window, public FormHost {
   Outcome ScanTicked(frmScanSpy::First first);
   // What second starts of the program ask for.
   LRESULT TakeRequest(WPARAM wparam, LPARAM lparam);
+  LRESULT TakeFiles(WPARAM drop);
+  void RefreshAfter(bool loaded);
   void StartWantedScan();
   Outcome ShowContextHelp();
   void EnableCommands();

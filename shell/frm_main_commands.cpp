@@ -41,6 +41,8 @@ const frmMain::Command frmMain::kCommands[] = {
     {IDM_mnuStartupManager, &frmMain::ShowStartupManager, true},
     {IDM_mnuAdwareUninstaller, &frmMain::ShowAdwareUninstaller, true},
     {IDM_mnuBrowserHelpers, &frmMain::ShowBrowserHelpers, true},
+    {IDM_mnuLoadDefinitions, &frmMain::LoadDefinitions, true},
+    {IDM_mnuFormerDefinitions, &frmMain::FormerDefinitions, true},
     {IDM_mnuOptions, &frmMain::ShowOptions, true},
     {IDM_mnuHome, &frmMain::ShowHome, false},
     {IDM_mnuChangeReport, &frmMain::ShowChangeReport, false},
@@ -183,6 +185,13 @@ void frmMain::OpenScanPage(frmScanSpy::First first, std::vector<std::string> pat
   scan_->Show(true);
   PageChanged();
 }
+
+void frmMain::ShowTree(bool shown) {
+  tree_wanted_ = shown;
+  OnSize(ClientArea());
+}
+
+HWND frmMain::PageFocus() const { return page() ? page()->FirstFocus() : nullptr; }
 
 Outcome frmMain::Exit() {
   Calls().Post(hwnd(), WM_CLOSE, 0, 0);

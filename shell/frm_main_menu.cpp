@@ -50,6 +50,8 @@ HMENU ToolsMenu(const Captions& captions) {
   AppendRule(menu);
   AppendPopup(menu, CompanionMenu(captions), captions.Text(Caption::MenuCompanionPrograms));
   Append(menu, IDM_mnuLiveUpdate, captions.Text(Caption::MenuLiveUpdate));
+  Append(menu, IDM_mnuLoadDefinitions, captions.Text(Caption::MenuLoadDefinitions));
+  Append(menu, IDM_mnuFormerDefinitions, captions.Text(Caption::MenuFormerDefinitions));
   AppendRule(menu);
   Append(menu, IDM_mnuOptions, captions.Text(Caption::MenuOptions));
   return menu;

@@ -20,6 +20,13 @@ std::string AskForFile(HWND owner, FileDialog kind, const std::string& filter,
   return Dialogs().AskForFile(question);
 }
 
+std::vector<std::string> TakeDropped(WPARAM parameter) {
+  const auto drop = reinterpret_cast<HDROP>(parameter);
+  std::vector<std::string> paths = Dialogs().Dropped(drop);
+  DragFinish(drop);
+  return paths;
+}
+
 bool CopyText(HWND owner, const std::string& text) {
   if (!OpenClipboard(owner)) return false;
   EmptyClipboard();

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 namespace scourwell {
 
@@ -18,5 +19,8 @@ std::string AskForFile(HWND owner, FileDialog kind, const std::string& filter,
 
 // Puts a text on the clipboard; false when that is in use.
 bool CopyText(HWND owner, const std::string& text);
+
+// The paths that WM_DROPFILES brings, whose parameter ends here.
+std::vector<std::string> TakeDropped(WPARAM drop);
 
 }  // namespace scourwell

@@ -79,6 +79,9 @@
 #define IDM_mnuOnlineHelp 40131
 #define IDM_mnuVisitUsOnline 40132
 #define IDM_mnuHelpFile 40133  // no entry: the help picture posts it
+// Definitions that the user brings: entries of frmMain
+#define IDM_mnuLoadDefinitions 40150
+#define IDM_mnuFormerDefinitions 40151
 // The companion programs, in the order of enum Companion: entries of frmMain
 #define IDM_FirstCompanion 40140
 #define IDM_mnuPopupBlocker 40140

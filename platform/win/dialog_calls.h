@@ -3,9 +3,11 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
 #include <shlobj.h>
 
 #include <string>
+#include <vector>
 
 namespace scourwell {
 
@@ -38,6 +40,8 @@ class DialogCalls {
                                     const std::string& first) const = 0;
   // Empty when it is no folder of the file system.
   virtual std::string PathOf(LPCITEMIDLIST folder) const = 0;
+  // What a user has dropped on a window; the caller ends the drop.
+  virtual std::vector<std::string> Dropped(HDROP drop) const = 0;
   virtual ClipboardText ForClipboard(const std::string& text) const = 0;
 };
 

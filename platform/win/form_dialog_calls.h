@@ -56,6 +56,17 @@ class FormDialogCalls : public DialogCalls {
     return Form::PathOf(folder, &path) ? Form::FromNative(path.c_str()) : "";
   }
 
+  std::vector<std::string> Dropped(HDROP drop) const override {
+    std::vector<std::string> paths;
+    const UINT count = Form::DroppedFile(drop, kCountDropped, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+      String path(Form::DroppedFile(drop, i, nullptr, 0) + 1, 0);
+      Form::DroppedFile(drop, i, path.data(), static_cast<UINT>(path.size()));
+      paths.push_back(Form::FromNative(path.c_str()));
+    }
+    return paths;
+  }
+
   ClipboardText ForClipboard(const std::string& text) const override {
     const String native = Form::Native(text);
     const auto* bytes = reinterpret_cast<const char*>(native.c_str());
@@ -63,6 +74,8 @@ class FormDialogCalls : public DialogCalls {
   }
 
  private:
+  static constexpr UINT kCountDropped = 0xFFFFFFFF;
+
   static int CALLBACK SelectFirst(HWND dialog, UINT message, LPARAM, LPARAM first) {
     if (message == BFFM_INITIALIZED && *reinterpret_cast<const Char*>(first)) {
       Form::kSend(dialog, Form::kSelectFolder, TRUE, first);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win/single_instance.h"
 
+#include <shellapi.h>
+
 #include "platform/win/late_bind.h"
 #include "platform/win/system_calls.h"
 #include "platform/win/window_calls.h"
@@ -72,6 +74,18 @@ BOOL CALLBACK AskWindow(HWND window, LPARAM parameter) {
   return attempt.answer == StartAnswer::None;
 }
 
+// The system keeps messages of programs with fewer rights away.
+void LetThrough(HWND window, UINT message) {
+  using FilterWindow = BOOL(WINAPI*)(HWND, UINT, DWORD, void*);
+  using FilterProcess = BOOL(WINAPI*)(UINT, DWORD);
+  constexpr DWORD kAllow = 1;
+  if (const auto one = LateBind<FilterWindow>("user32.dll", "ChangeWindowMessageFilterEx")) {
+    one(window, message, kAllow, nullptr);
+  } else if (const auto all = LateBind<FilterProcess>("user32.dll", "ChangeWindowMessageFilter")) {
+    all(message, kAllow);
+  }
+}
+
 }  // namespace
 
 void SingleInstance::Try() {
@@ -98,15 +112,13 @@ StartAnswer SingleInstance::HandOver(HINSTANCE instance, const char* window_clas
   return attempt.answer;
 }
 
-void ReceiveRequests(HWND window) {
-  using FilterWindow = BOOL(WINAPI*)(HWND, UINT, DWORD, void*);
-  using FilterProcess = BOOL(WINAPI*)(UINT, DWORD);
-  constexpr DWORD kAllow = 1;
-  if (const auto one = LateBind<FilterWindow>("user32.dll", "ChangeWindowMessageFilterEx")) {
-    one(window, WM_COPYDATA, kAllow, nullptr);
-  } else if (const auto all = LateBind<FilterProcess>("user32.dll", "ChangeWindowMessageFilter")) {
-    all(WM_COPYDATA, kAllow);
-  }
+void ReceiveRequests(HWND window) { LetThrough(window, WM_COPYDATA); }
+
+void ReceiveFiles(HWND window) {
+  constexpr UINT kCopyGlobalData = 0x49;  // brings the names along
+  LetThrough(window, WM_DROPFILES);
+  LetThrough(window, kCopyGlobalData);
+  DragAcceptFiles(window, TRUE);
 }
 
 std::optional<std::string> ReceivedRequest(WPARAM wparam, LPARAM lparam) {

@@ -34,6 +34,8 @@ class SingleInstance {
 // The other side. A window of a program that runs with more rights must ask for the requests of
 // ordinary ones: Explorer sends the user's.
 void ReceiveRequests(HWND window);
+// The same for files that the user drags there.
+void ReceiveFiles(HWND window);
 // The bytes that WM_COPYDATA brings, when a second start of this program sends them.
 std::optional<std::string> ReceivedRequest(WPARAM wparam, LPARAM lparam);
 // Where there is nothing else to see, the window comes to the front.

@@ -40,6 +40,12 @@ bool WideForm::PathOf(LPCITEMIDLIST folder, String* path) {
   return get && get(folder, path->data());
 }
 
+UINT WideForm::DroppedFile(HDROP drop, UINT index, wchar_t* path, UINT size) {
+  using Function = UINT(WINAPI*)(HDROP, UINT, LPWSTR, UINT);
+  static const auto get = LateBind<Function>("shell32.dll", "DragQueryFileW");
+  return get ? get(drop, index, path, size) : 0;
+}
+
 const WindowCalls& Windows() {
   static const FormWindowCalls<WideForm> calls;
   return calls;

@@ -82,10 +82,11 @@ struct WideForm {
   static DWORD FileDialogSize() { return OPENFILENAME_SIZE_VERSION_400W; }
   static constexpr UINT kSelectFolder = BFFM_SETSELECTIONW;
   static constexpr UINT kClipboardFormat = CF_UNICODETEXT;
-  // These three bind what the other family does not even export.
+  // These four bind what the other family does not even export.
   static bool AskForFile(OPENFILENAMEW* dialog, bool save);
   static LPITEMIDLIST AskForFolder(BROWSEINFOW* dialog);
   static bool PathOf(LPCITEMIDLIST folder, String* path);
+  static UINT DroppedFile(HDROP drop, UINT index, wchar_t* path, UINT size);
 };
 
 }  // namespace scourwell::nt

@@ -89,6 +89,9 @@ struct AnsiForm {
   static bool PathOf(LPCITEMIDLIST folder, String* path) {
     return SHGetPathFromIDListA(folder, path->data()) != FALSE;
   }
+  static UINT DroppedFile(HDROP drop, UINT index, char* path, UINT size) {
+    return DragQueryFileA(drop, index, path, size);
+  }
 };
 
 }  // namespace scourwell::w9x

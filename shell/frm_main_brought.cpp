@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+
+// Definitions that the user brings.
+#include "platform/win/single_instance.h"
+#include "shell/frm_definitions.h"
+#include "shell/frm_main.h"
+#include "widgets/file_dialog.h"
+#include "widgets/message_box.h"
+
+namespace scourwell {
+void frmMain::RefreshAfter(bool loaded) {
+  if (loaded && home_) home_->Refresh();
+}
+
+Outcome frmMain::LoadDefinitions() {
+  RefreshAfter(ChooseDefinitions(shared_, app_));
+  return {};
+}
+
+Outcome frmMain::FormerDefinitions() {
+  RefreshAfter(LoadFormerDefinitions(shared_, app_));
+  return {};
+}
+
+// Dropped files wait for nothing: while the program is busy they are not taken.
+LRESULT frmMain::TakeFiles(WPARAM drop) {
+  const std::vector<std::string> paths = TakeDropped(drop);
+  if (!ready_ || app_.busy() || close_wanted_ || !IsWindowEnabled(hwnd())) return 0;
+  ComeToFront(hwnd());
+  app_.log().Trap("WM_DROPFILES", [&] { RefreshAfter(LoadDropped(shared_, app_, paths)); });
+  return 0;
+}
+
+}  // namespace scourwell
