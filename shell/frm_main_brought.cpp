@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-// Definitions that the user brings.
+// Definitions that the user brings, and what the program says of itself.
 #include "platform/win/single_instance.h"
+#include "shell/frm_about.h"
 #include "shell/frm_definitions.h"
 #include "shell/frm_main.h"
 #include "widgets/file_dialog.h"
@@ -29,6 +30,11 @@ LRESULT frmMain::TakeFiles(WPARAM drop) {
   ComeToFront(hwnd());
   app_.log().Trap("WM_DROPFILES", [&] { RefreshAfter(LoadDropped(shared_, app_, paths)); });
   return 0;
+}
+
+Outcome frmMain::ShowAbout() {
+  frmAbout(shared_, app_).ShowModal(hwnd());
+  return {};
 }
 
 }  // namespace scourwell

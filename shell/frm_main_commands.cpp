@@ -50,7 +50,7 @@ const frmMain::Command frmMain::kCommands[] = {
     {IDM_mnuHelpFile, &frmMain::ShowHelp, false},
     {IDM_mnuOnlineHelp, &frmMain::OpenOnlineHelp, false},
     {IDM_mnuVisitUsOnline, &frmMain::VisitUsOnline, false},
-    {IDM_mnuAbout, &frmMain::ShowAbout, false},
+    {IDM_mnuAbout, &frmMain::ShowAbout, true},
     {IDM_mnuExit, &frmMain::Exit, false},
 };
 
@@ -195,13 +195,6 @@ HWND frmMain::PageFocus() const { return page() ? page()->FirstFocus() : nullptr
 
 Outcome frmMain::Exit() {
   Calls().Post(hwnd(), WM_CLOSE, 0, 0);
-  return {};
-}
-
-Outcome frmMain::ShowAbout() {
-  ShowMessageWithIcon(shared_.instance, IDI_Scourwell,
-                      app_.Title() + "\r\n\r\n" + Text(Caption::AboutText),
-                      Text(Caption::ProgramName));
   return {};
 }
 

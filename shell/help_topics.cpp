@@ -22,6 +22,7 @@ const HelpTopic kHelpTopics[] = {
     {"frmAdwareUninstaller", "uninst.html", 1011},
     {"frmBHO", "helpers.html", 1012},
     {"frmOptions", "options.html", 1013},
+    {"frmAbout", "start.html", 1001},
 };
 const std::size_t kHelpTopicCount = std::size(kHelpTopics);
 

@@ -29,11 +29,4 @@ inline bool AskOkCancel(const std::string& text, const std::string& title,
 // With the icon of a question about what cannot be undone: Enter alone means No, or Cancel.
 inline constexpr UINT kBeforeLoss = MB_ICONWARNING | MB_DEFBUTTON2;
 
-// A box with OK and an icon of the program's own.
-inline void ShowMessageWithIcon(HINSTANCE instance, int icon, const std::string& text,
-                                const std::string& title) {
-  Calls().Ask(
-      {GetActiveWindow(), LinesForShowing(text), title, MB_OK | MB_USERICON, instance, icon});
-}
-
 }  // namespace scourwell

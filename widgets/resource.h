@@ -236,6 +236,13 @@
 #define IDC_lblPrompt 1680
 #define IDC_txtAnswer 1681
 
+// frmAbout
+#define IDC_AboutHeader 1700
+#define IDC_lblAboutHeading 1701
+#define IDC_lblAboutText 1702
+#define IDC_cmdCopyForReport 1703
+#define IDC_lblAboutCaption 1710  // pairs: caption, value
+
 // frmSplash
 #define IDC_lblSplashName 1501
 #define IDC_lblSplashVersion 1502

@@ -68,11 +68,9 @@ class FormWindowCalls : public WindowCalls {
     typename Form::BoxParameters parameters = {};
     parameters.cbSize = sizeof parameters;
     parameters.hwndOwner = box.owner;
-    parameters.hInstance = box.instance;
     parameters.lpszText = text.c_str();
     parameters.lpszCaption = title.c_str();
     parameters.dwStyle = box.flags;
-    parameters.lpszIcon = Form::Number(box.icon);
     return Form::kMessageBox(&parameters);
   }
 

@@ -53,8 +53,6 @@ struct NewBox {
   std::string text;
   std::string title;
   UINT flags = 0;
-  HINSTANCE instance = nullptr;
-  int icon = 0;  // with MB_USERICON: its number in the program
 };
 
 // The size in pixels.

@@ -161,7 +161,10 @@ TEST_CASE("every entry, picture, link and menu entry opens its window") {
     }
   }
   Command(top, IDM_mnuAbout);
-  Answer(program.WindowOfClass("#32770"), IDOK);
+  const HWND about = program.WindowOfClass("frmAbout");
+  REQUIRE(about);
+  PostMessageW(about, WM_CLOSE, 0, 0);
+  CHECK(WaitFor([&] { return !IsWindow(about); }));
   CHECK(Errors() == "");
 }
 
