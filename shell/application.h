@@ -63,6 +63,8 @@ class Application : private ScanReport, public Engine {
   // tried. Once, when its summary is shown.
   void CountRemoved();
 
+  // What outlives the run besides the settings.
+  KeptTexts& kept() { return store(); }
   Statistics& statistics() { return statistics_; }
   // What outlives the run besides the settings.
   KeptTexts& kept() { return store(); }

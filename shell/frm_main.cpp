@@ -59,6 +59,7 @@ void frmMain::Load(const CommandLine& command, int show) {
   frame.place = FirstPlace();
   frame.title = app_.Title();
   wanted_.Add(command);
+  started_plainly_ = command.kind == CommandLine::Kind::Normal;
   CreateHandle(frame);
   ReceiveRequests(hwnd());
   ReceiveFiles(hwnd());
@@ -189,6 +190,7 @@ void frmMain::OnTimer(UINT_PTR id) {
     if (!app_.settings().AutoCheckForUpdate) return {};
     return app_.companions().Start(Companion::Updater);
   });
+  WelcomeNewUser();
   static_cast<void>(ShowChangeReport());
 }
 

@@ -80,6 +80,7 @@ class frmMain : public Window, public FormHost {
   Outcome ShowChangeReport();
   Outcome LoadDefinitions();
   Outcome FormerDefinitions();
+  Outcome ShowTour();
 
   std::string WebPage(const char* page) const;
   Outcome OpenWebPage(const char* page);
@@ -91,6 +92,7 @@ class frmMain : public Window, public FormHost {
   LRESULT TakeRequest(WPARAM wparam, LPARAM lparam);
   LRESULT TakeFiles(WPARAM drop);
   void RefreshAfter(bool loaded);
+  void WelcomeNewUser();
   void StartWantedScan();
   Outcome ShowContextHelp();
   void EnableCommands();
@@ -134,6 +136,7 @@ class frmMain : public Window, public FormHost {
   bool shows_busy_ = false;  // the pointer
   bool ready_ = false;       // the first page is there
   bool close_wanted_ = false;
+  bool started_plainly_ = false;  // with nothing to scan
 };
 
 }  // namespace scourwell

@@ -43,6 +43,7 @@ const frmMain::Command frmMain::kCommands[] = {
     {IDM_mnuBrowserHelpers, &frmMain::ShowBrowserHelpers, true},
     {IDM_mnuLoadDefinitions, &frmMain::LoadDefinitions, true},
     {IDM_mnuFormerDefinitions, &frmMain::FormerDefinitions, true},
+    {IDM_mnuTour, &frmMain::ShowTour, true},
     {IDM_mnuOptions, &frmMain::ShowOptions, true},
     {IDM_mnuHome, &frmMain::ShowHome, false},
     {IDM_mnuChangeReport, &frmMain::ShowChangeReport, false},

@@ -60,6 +60,7 @@ HMENU ToolsMenu(const Captions& captions) {
 HMENU HelpMenu(const Captions& captions, frmMainMenu::WebPages pages) {
   HMENU menu = CreatePopupMenu();
   Append(menu, IDM_mnuHelpContents, captions.Text(Caption::MenuHelpContents) + "\tF1");
+  Append(menu, IDM_mnuTour, captions.Text(Caption::MenuTour));
   if (pages.support || pages.home) AppendRule(menu);
   if (pages.support) {
     Append(menu, IDM_mnuOnlineHelp, captions.Text(Caption::MenuOnlineHelp));

@@ -23,6 +23,7 @@ const HelpTopic kHelpTopics[] = {
     {"frmBHO", "helpers.html", 1012},
     {"frmOptions", "options.html", 1013},
     {"frmAbout", "start.html", 1001},
+    {"frmTour", "start.html", 1001},
 };
 const std::size_t kHelpTopicCount = std::size(kHelpTopics);
 

@@ -79,9 +79,10 @@
 #define IDM_mnuOnlineHelp 40131
 #define IDM_mnuVisitUsOnline 40132
 #define IDM_mnuHelpFile 40133  // no entry: the help picture posts it
-// Definitions that the user brings: entries of frmMain
+// Definitions that the user brings, and the first steps: entries of frmMain
 #define IDM_mnuLoadDefinitions 40150
 #define IDM_mnuFormerDefinitions 40151
+#define IDM_mnuTour 40152
 // The companion programs, in the order of enum Companion: entries of frmMain
 #define IDM_FirstCompanion 40140
 #define IDM_mnuPopupBlocker 40140
@@ -242,6 +243,12 @@
 #define IDC_lblAboutText 1702
 #define IDC_cmdCopyForReport 1703
 #define IDC_lblAboutCaption 1710  // pairs: caption, value
+
+// frmTour
+#define IDC_TourHeader 1750
+#define IDC_lblTourHeading 1751
+#define IDC_lblTourText 1752
+#define IDC_lblTourTopic 1760  // pairs: heading, text
 
 // frmSplash
 #define IDC_lblSplashName 1501

@@ -123,6 +123,7 @@ void ShowContents(Tour& tour) {
 std::span<const LooksWindow> LooksWindows() {
   static const LooksWindow kWindows[] = {
       {"home", nullptr, ShowHome, true, kMenuBar},
+      {"tour", "frmTour", Choose<IDM_mnuTour>, true, {}},
       {"about", "frmAbout", Choose<IDM_mnuAbout>, true, {}},
       {"startup-manager",
        "frmStartupManager",

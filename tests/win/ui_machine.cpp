@@ -55,6 +55,8 @@ void PlantMachine() {
         "Web", "Windows", "Columns", "Results"}) {
     registry.DeleteKeyCall(RootKey::CurrentUser, std::string(kStore) + section);
   }
+  // Nobody presses OK on the page of the first start.
+  SetSetting("Tour", "Shown", "True");
   SetWindowsVersion("");
   for (const std::string& log : ScanLogs()) Erase(log);
   static_cast<void>(files.EraseFile(std::string(kProgramFolder) + "errorlog.txt"));
