@@ -94,7 +94,7 @@ RemovalNotes DiskTarget::RemoveChecked(const std::string& backup_name) {
   RemovalNotes notes;
   notes.backed_up = result.backup.archive.ok();
   if (!notes.backed_up) notes.lines.push_back("no backup: " + result.backup.archive.description());
-  for (const std::string& failure : result.backup.failures) {
+  for (const std::string& failure : FailureTexts(engine_->language(), result.backup)) {
     notes.lines.push_back("not stored: " + failure);
   }
   if (!result.registry.ok()) {

@@ -16,8 +16,9 @@ RemovalNotes Target::RemoveChecked(const std::string& backup_name) {
     if (engine.ports().pump.closing()) return notes;
     notes.backed_up = report.archive.ok();
     if (!notes.backed_up) notes.lines.push_back("no backup: " + report.archive.description());
-    for (const std::string& failure : report.failures)
+    for (const std::string& failure : FailureTexts(engine.language(), report)) {
       notes.lines.push_back("not stored: " + failure);
+    }
     kept = JudgeBackup(report, engine.hits().size(), true).kept;
   }
   engine.BeginWork(Caption::DeletingInProgress);

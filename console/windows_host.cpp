@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "console/windows_host.h"
 
+#include "engine/caption_table.h"
 #include "machine/file_utils.h"
 
 namespace scourwell {
@@ -56,8 +57,9 @@ std::unique_ptr<Target> WindowsHost::Open(const Options& options, Pump& pump, Sc
       std::make_unique<WindowsTarget>(ports, full_path_, application_folder_, version_, report);
   Engine& engine = target->engine();
   engine.LoadSettings();
-  if (const std::string not_kept = engine.NotKept(); !not_kept.empty()) {
-    terminal_.WriteError("scourwell: " + not_kept + "\n");
+  if (!engine.NotKept().empty()) {
+    terminal_.WriteError("scourwell: " + std::string(DefaultCaption(Caption::PortableNotKept)) +
+                         "\n");
   }
   if (!options.definitions.empty()) {
     const std::string file = full_path_(options.definitions);

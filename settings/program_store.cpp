@@ -2,7 +2,7 @@
 #include "settings/program_store.h"
 
 #include "machine/file_utils.h"
-#include "settings/kept_file.h"
+#include "settings/portable_texts.h"
 #include "settings/settings.h"
 
 namespace scourwell {
@@ -15,7 +15,7 @@ ProgramStore::ProgramStore(Files& files, Registry& registry, CodePages& code_pag
     texts_ = std::make_unique<SettingsStore>(registry);
     return;
   }
-  auto kept = std::make_unique<KeptFile>(files, code_pages, std::move(file));
+  auto kept = std::make_unique<PortableTexts>(files, code_pages, std::move(file));
   read_only_ = kept->read_only();
   texts_ = std::move(kept);
 }

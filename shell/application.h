@@ -66,8 +66,6 @@ class Application : private ScanReport, public Engine {
   // What outlives the run besides the settings.
   KeptTexts& kept() { return store(); }
   Statistics& statistics() { return statistics_; }
-  // What outlives the run besides the settings.
-  KeptTexts& kept() { return store(); }
   const Companions& companions() const { return companions_; }
 
  private:

@@ -25,6 +25,7 @@ Definitions Release(const std::string& number, int trojans = 2) {
 
 struct Exchanging : Bench {
   Exchanging() {
+    m.AddDrive('D');
     settings.DefinitionsFolder = "C:\\App\\Ini";
     m.File(kFile, Release("1-9-0-0").Text());
   }
@@ -44,7 +45,7 @@ struct Exchanging : Bench {
 TEST_SUITE("definitions_exchange") {
   TEST_CASE("a file that is none is refused with its reason") {
     const std::string good = Release("2-0-0-0").Text();
-    const std::string picture = std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR[x]\r\n0TAFIT=", 30);
+    const std::string picture = "\x89PNG\r\n\x1A\n" + std::string(3, '\0') + "\rIHDR[x]\r\n0TAFIT=";
     for (const auto& [content, reason] : Rows<std::string, Caption>{
              {"", Caption::DefinitionsEmpty},
              {picture, Caption::DefinitionsNoForm},

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 // A copy of the program with "portable.ini" beside it.
-#include "settings/kept_file.h"
+#include "settings/portable_texts.h"
 #include "tests/app_support.h"
 
 namespace scourwell::test {
@@ -13,6 +13,7 @@ constexpr char kFile[] = "C:\\App\\portable.ini";
 struct Stick {
   explicit Stick(const std::string& content = "", const std::string& folder = "E:\\Tools\\App")
       : application(folder), file(folder + "\\portable.ini") {
+    for (const char letter : {'D', 'E', 'F'}) m.AddDrive(letter);
     m.File(file, content);
     m.Folder(folder + "\\Ini");
     m.Folder(folder.substr(0, 3) + "Backups");
@@ -104,13 +105,13 @@ TEST_SUITE("portable") {
              {"E:\\App\\portable.ini", "C:\\Logs", ""},
          }) {
       CAPTURE(folder);
-      KeptFile kept(m.files, m.code_pages, file);
+      PortableTexts kept(m.files, m.code_pages, file);
       CHECK(kept.WrittenFolder(folder) == written);
       if (!written.empty()) CHECK(kept.WrittenFolder(kept.FolderOf(written)) == written);
     }
-    KeptFile kept(m.files, m.code_pages, "E:\\App\\portable.ini");
-    for (const char* bad : {"", "C:\\Windows", "\\\\server\\share\\x", "..\\x", "a\\..\\b", "x*",
-                            "\\..", "nul", "\\\\"}) {
+    PortableTexts kept(m.files, m.code_pages, "E:\\App\\portable.ini");
+    for (const char* bad :
+         {"", "C:\\Windows", "\\\\server\\share\\x", "..\\x", "a\\..\\b", "x*", "\\..", "nul"}) {
       CAPTURE(std::string(bad));
       CHECK(kept.FolderOf(bad) == "");
     }
@@ -135,15 +136,15 @@ TEST_SUITE("portable") {
 
   TEST_CASE("what another program of the copy keeps meanwhile stays") {
     Stick s;
-    KeptFile one(s.m.files, s.m.code_pages, s.file);
-    KeptFile other(s.m.files, s.m.code_pages, s.file);
+    PortableTexts one(s.m.files, s.m.code_pages, s.file);
+    PortableTexts other(s.m.files, s.m.code_pages, s.file);
     CHECK(one.Set("A", "One", "1").ok());
     CHECK(other.Set("A", "Two", "2").ok());
     CHECK(one.Set("A", "One", "3").ok());
-    KeptFile read(s.m.files, s.m.code_pages, s.file);
+    PortableTexts read(s.m.files, s.m.code_pages, s.file);
     CHECK(read.Get("a", "ONE") == "3");
     CHECK(read.Get("A", "Two") == "2");
-    CHECK_FALSE(one.Set("A]B", "x", "1").ok());
+    CHECK_FALSE(one.Set("A\r\n[B", "x", "1").ok());
     CHECK_FALSE(one.Set("A", "x=y", "1").ok());
     // A file that cannot be read now is not taken for an empty one.
     s.m.File(s.file, s.m.Content(s.file)).Locked();

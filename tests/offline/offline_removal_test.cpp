@@ -106,7 +106,7 @@ TEST_SUITE("offline_removal") {
     const std::string keys = KeysOf(*bench.machine);
     const auto result = bench.RemoveAll();
     CHECK(result.backup.archive.ok());
-    CHECK(Lines(result.backup.failures) == "");
+    CHECK(result.backup.failures.empty());
     CHECK(RemovalBench::Left(result) == "");
     CHECK(result.registry.ok());
     CHECK(result.script == "");

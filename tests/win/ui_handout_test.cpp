@@ -3,6 +3,8 @@
 // What a new user meets, a copy on a stick, and definitions that the user brings.
 #include <shlobj.h>
 
+#include <cstring>
+
 #include "platform/win/native_text.h"
 #include "tests/win/ui_tool.h"
 
@@ -20,15 +22,21 @@ std::string Release(const std::string& number) {
       .Text();
 }
 
-// As Explorer does it.
+// As Explorer does it. The system would bring the memory over; Wine does not, so it is made there.
 void Drop(HWND top, const std::string& path) {
   const std::wstring name = Wide(path);
-  const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + (name.size() + 2) * sizeof(wchar_t));
-  auto* files = static_cast<DROPFILES*>(GlobalLock(memory));
-  files->pFiles = sizeof(DROPFILES);
-  files->fWide = TRUE;
-  std::copy(name.begin(), name.end(), reinterpret_cast<wchar_t*>(files + 1));
-  GlobalUnlock(memory);
+  std::string bytes(sizeof(DROPFILES) + (name.size() + 2) * sizeof(wchar_t), '\0');
+  DROPFILES head = {};
+  head.pFiles = sizeof head;
+  head.fWide = TRUE;
+  std::memcpy(bytes.data(), &head, sizeof head);
+  std::memcpy(bytes.data() + sizeof head, name.data(), name.size() * sizeof(wchar_t));
+  DWORD id = 0;
+  GetWindowThreadProcessId(top, &id);
+  const KernelHandle process(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, id));
+  void* const memory =
+      VirtualAllocEx(process.get(), nullptr, bytes.size(), MEM_COMMIT, PAGE_READWRITE);
+  REQUIRE(WriteProcessMemory(process.get(), memory, bytes.data(), bytes.size(), nullptr));
   PostMessageW(top, WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
 }
 
@@ -45,7 +53,10 @@ TEST_CASE("dropped definitions are used after a question, and the former ones co
   REQUIRE(ReadyControl(top, IDC_imgSearch));
   CHECK(Text(Control(top, IDC_lblDefinitions)) == "1-2");
   Drop(top, kBrought);
-  Answer(program.WindowOfClass("#32770"), IDOK);
+  const HWND refusal = program.WindowOfClass("#32770");
+  CHECK(WaitFor(
+      [&] { return Text(GetDlgItem(refusal, 0xFFFF)).find(kBrought) != std::string::npos; }));
+  Answer(refusal, IDOK);
   CHECK(Content(kReference) == Release("1-2"));
   PlantContent(kBrought, Release("1-10"));
   Drop(top, kBrought);

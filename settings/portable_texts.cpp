@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "settings/kept_file.h"
+#include "settings/portable_texts.h"
 
 #include <algorithm>
 
@@ -30,17 +30,19 @@ std::string Line(const std::string& key, const std::string& text) {
 
 // What would not read back cannot be kept.
 bool CanBeWritten(const KeptText& each) {
-  const IniLine header = ReadIniLine("[" + each.section + "]");
+  const std::string heading = "[" + each.section + "]";
+  const IniLine header = ReadIniLine(heading);
   const std::string line = Line(each.key, each.text);
   const IniLine read = ReadIniLine(line);
-  return header.kind == IniLine::Kind::Header && header.name == each.section &&
+  return IniLineAt(heading, 0) == heading && IniLineAt(line, 0) == line &&
+         header.kind == IniLine::Kind::Header && header.name == each.section &&
          read.kind == IniLine::Kind::Key && read.name == each.key &&
          Unescaped(read.value) == each.text;
 }
 
 }  // namespace
 
-KeptFile::KeptFile(Files& files, CodePages& code_pages, std::string path)
+PortableTexts::PortableTexts(Files& files, CodePages& code_pages, std::string path)
     : files_(files),
       code_pages_(code_pages),
       path_(std::move(path)),
@@ -49,7 +51,7 @@ KeptFile::KeptFile(Files& files, CodePages& code_pages, std::string path)
   read_only_ = !CanWriteIn(files_, std::string(FolderPart(path_)));
 }
 
-Outcome KeptFile::Load() {
+Outcome PortableTexts::Load() {
   std::string content;
   Outcome read = files_.Read(path_, kLargest, &content);
   if (!read.ok() && read.code() != kOutOfMemory) return read;
@@ -64,35 +66,56 @@ Outcome KeptFile::Load() {
     const IniLine line = ReadIniLine(whole);
     if (line.kind == IniLine::Kind::Header) section = line.name;
     if (line.kind != IniLine::Kind::Key || section.empty()) continue;
-    texts_[section].try_emplace(std::string(line.name), code_pages_.FromFile(line.value));
+    if (Find(section, line.name)) continue;
+    Keep({section, std::string(line.name), code_pages_.FromFile(line.value)});
   }
   return {};
 }
 
-std::string KeptFile::Content() const {
+KeptText* PortableTexts::Find(std::string_view section, std::string_view key) {
+  for (KeptText& each : texts_) {
+    if (EqualsNoCase(each.section, section) && EqualsNoCase(each.key, key)) return &each;
+  }
+  return nullptr;
+}
+
+// What belongs to one section stands together.
+void PortableTexts::Keep(KeptText text) {
+  if (KeptText* known = Find(text.section, text.key)) {
+    known->text = std::move(text.text);
+    return;
+  }
+  std::size_t at = texts_.size();
+  while (at > 0 && !EqualsNoCase(texts_[at - 1].section, text.section)) --at;
+  const std::size_t behind = at > 0 ? at : texts_.size();
+  texts_.insert(texts_.begin() + static_cast<std::ptrdiff_t>(behind), std::move(text));
+}
+
+std::string PortableTexts::Content() const {
   std::string content = kHeading;
-  for (const auto& [section, texts] : texts_) {
-    content += "[" + section + "]\r\n";
-    for (const auto& [key, text] : texts) content += Line(key, text) + "\r\n";
+  std::string_view section;
+  for (const KeptText& each : texts_) {
+    if (!EqualsNoCase(each.section, section)) content += "[" + each.section + "]\r\n";
+    section = each.section;
+    content += Line(each.key, each.text) + "\r\n";
   }
   return content;
 }
 
-std::string KeptFile::Get(const std::string& section, const std::string& key) {
-  const auto texts = texts_.find(section);
-  if (texts == texts_.end()) return {};
-  const auto text = texts->second.find(key);
-  return text == texts->second.end() ? std::string() : text->second;
+std::string PortableTexts::Get(const std::string& section, const std::string& key) {
+  const KeptText* found = Find(section, key);
+  return found ? found->text : std::string();
 }
 
-Outcome KeptFile::Set(const std::string& section, const std::string& key, const std::string& text) {
+Outcome PortableTexts::Set(const std::string& section, const std::string& key,
+                           const std::string& text) {
   const KeptText one{section, key, text};
   return SetAll({&one, 1});
 }
 
 // The file is written once, whatever the number of texts: it may lie on a slow stick. What another
 // program of the copy has written meanwhile stays.
-Outcome KeptFile::SetAll(std::span<const KeptText> texts) {
+Outcome PortableTexts::SetAll(std::span<const KeptText> texts) {
   Outcome first;
   if (!read_only_) {
     first = Load();
@@ -100,7 +123,7 @@ Outcome KeptFile::SetAll(std::span<const KeptText> texts) {
   }
   for (const KeptText& each : texts) {
     if (CanBeWritten(each)) {
-      texts_[each.section][each.key] = each.text;
+      Keep(each);
     } else if (first.ok()) {
       first = Outcome::Failed(kBadFileName, "This text cannot be kept").With("Key: ", each.key);
     }
@@ -114,7 +137,7 @@ Outcome KeptFile::SetAll(std::span<const KeptText> texts) {
   return first;
 }
 
-std::string KeptFile::WrittenFolder(const std::string& folder) const {
+std::string PortableTexts::WrittenFolder(const std::string& folder) const {
   const std::string whole = AddPathToFileName(folder, "");
   if (const std::size_t own = PrefixNoCase(whole, folder_); own != std::string::npos) {
     const std::string below(WithoutEndSeparators(std::string_view(whole).substr(own)));
@@ -127,7 +150,7 @@ std::string KeptFile::WrittenFolder(const std::string& folder) const {
 }
 
 // An absolute path would be another folder wherever the drive has another letter.
-std::string KeptFile::FolderOf(const std::string& text) const {
+std::string PortableTexts::FolderOf(const std::string& text) const {
   if (text.empty() || IsAbsolutePath(text)) return {};
   if (text == kHere) return std::string(WithoutEndSeparators(folder_));
   const bool from_root = BeginsWithSeparator(text);

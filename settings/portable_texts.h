@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <map>
 #include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/code_pages.h"
 #include "platform/files.h"
 #include "settings/kept_texts.h"
-#include "text/text.h"
 
 namespace scourwell {
 
 // Kept texts in an INI file beside a portable copy of the program. Folders are written as they lie
 // from there, since the drive has another letter elsewhere, and letters that a code page could
 // lack are escaped, since the file travels. A file that others have damaged holds nothing.
-class KeptFile : public KeptTexts {
+class PortableTexts : public KeptTexts {
  public:
-  KeptFile(Files& files, CodePages& code_pages, std::string path);
+  PortableTexts(Files& files, CodePages& code_pages, std::string path);
 
   // Asked once: where nothing can be written, texts count until the program ends.
   bool read_only() const { return read_only_; }
@@ -31,9 +31,9 @@ class KeptFile : public KeptTexts {
   bool IsTyped() const override { return true; }
 
  private:
-  using Section = std::map<std::string, std::string, NoCaseLess>;
-
   Outcome Load();
+  KeptText* Find(std::string_view section, std::string_view key);
+  void Keep(KeptText text);
   std::string Content() const;
 
   Files& files_;
@@ -42,7 +42,7 @@ class KeptFile : public KeptTexts {
   std::string folder_;  // ends in "\"
   bool read_only_ = false;
   std::string content_;  // of the file, as it was read last
-  std::map<std::string, Section, NoCaseLess> texts_;
+  std::vector<KeptText> texts_;
 };
 
 }  // namespace scourwell
