@@ -4,14 +4,11 @@
 #include <algorithm>
 
 #include "platform/win/family.h"
-#include "platform/win/native_text.h"
-#include "text/unicode.h"
+#include "platform/win/terminal_calls.h"
 
 namespace scourwell {
 namespace {
 
-constexpr DWORD kAtOnce =
-    8 * 1024;  // characters: a console refuses more than its heap has room for
 constexpr std::size_t kLongestLine = 64 * 1024;
 
 volatile LONG interrupted = 0;
@@ -22,37 +19,18 @@ BOOL WINAPI NoteControl(DWORD) {
   return TRUE;
 }
 
-bool WriteWide(HANDLE console, std::string_view text) {
-  const std::wstring wide = Wide(text);
-  for (std::size_t at = 0; at < wide.size();) {
-    DWORD written = 0;
-    const auto count = static_cast<DWORD>(std::min<std::size_t>(wide.size() - at, kAtOnce));
-    if (!WriteConsoleW(console, wide.data() + at, count, &written, nullptr)) return false;
-    at += count;
-  }
-  return true;
-}
+}  // namespace
 
 bool WriteBytes(HANDLE stream, std::string_view bytes) {
+  constexpr std::size_t kAtOnce = 8 * 1024;
   while (!bytes.empty()) {
     DWORD written = 0;
-    const auto count = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), kAtOnce));
+    const auto count = static_cast<DWORD>(std::min(bytes.size(), kAtOnce));
     if (!WriteFile(stream, bytes.data(), count, &written, nullptr) || written == 0) return false;
     bytes.remove_prefix(written);
   }
   return true;
 }
-
-// The consoles of Windows 95, 98 and Me have a code page of their own.
-bool WriteNarrow(HANDLE console, std::string_view text) {
-  std::string bytes = Narrow(text);
-  if (!bytes.empty()) {
-    CharToOemBuffA(bytes.data(), bytes.data(), static_cast<DWORD>(bytes.size()));
-  }
-  return WriteBytes(console, bytes);
-}
-
-}  // namespace
 
 TerminalWin::Stream::Stream(DWORD which) : handle(GetStdHandle(which)) {
   DWORD mode = 0;
@@ -63,7 +41,8 @@ TerminalWin::TerminalWin() { SetConsoleCtrlHandler(NoteControl, TRUE); }
 
 bool TerminalWin::WriteTo(const Stream& stream, std::string_view text) {
   if (!stream.console) return WriteBytes(stream.handle, text);
-  return HasWideCalls() ? WriteWide(stream.handle, text) : WriteNarrow(stream.handle, text);
+  return HasWideCalls() ? NtWriteConsole(stream.handle, text)
+                        : W9xWriteConsole(stream.handle, text);
 }
 
 bool TerminalWin::Write(std::string_view text) { return WriteTo(output_, text); }
