@@ -495,7 +495,7 @@ const DefaultText kCaptions[] = {
     {Caption::MenuTour, "&First Steps..."},
     {Caption::TourTitle, "First Steps"},
     {Caption::TourScan, "What is scanned"},
-    {Caption::TourScanText, "Tick sections and drives on the left, then start the scan: running programs, the registry, cookies and the ticked drives. A scan changes nothing. You decide what is removed of what it finds."},
+    {Caption::TourScanText, "Tick sections and drives on the left, then start the scan: running programs, the registry, cookies and the ticked drives. A scan deletes nothing. You decide what is removed of what it finds."},
     {Caption::TourBackup, "What backups do"},
     {Caption::TourBackupText, "Whatever is removed goes into a backup first, unless you switch that off in the options. Tools, Backup Management brings it back."},
     {Caption::TourRights, "Which rights it needs"},
