@@ -107,7 +107,7 @@ void DriveScan::EnterFolder(FolderWalk* walk) {
 }
 
 void DriveScan::EnterFile(const FolderWalk& walk, const DirEntry& file) {
-  FolderNote note = NoteOfFile(walk);
+  FolderNote note = NoteOfFile(walk, file);
   std::vector<NameMatch> matches;
   folder_pass_.Nominate(file, &matches);
   folder_pass_.Report(note.folder, &matches, note.only);
@@ -115,14 +115,15 @@ void DriveScan::EnterFile(const FolderWalk& walk, const DirEntry& file) {
   Keep(std::move(note), walk);
 }
 
-FolderNote DriveScan::NoteOfFile(const FolderWalk& walk) {
+// However the path spells it, the name is the one that a listing shows.
+FolderNote DriveScan::NoteOfFile(const FolderWalk& walk, const DirEntry& file) {
   const std::string& path = walk.folder();
   parts_.progress.lblScan = path;
   ++parts_.progress.scanned_files;
   FolderNote note;
   note.folder = FolderPart(path);
   if (note.folder.size() == 2) note.folder += "\\";
-  note.only = FileNamePart(path);
+  note.only = file.name;
   note.root = walk.root();
   return note;
 }
@@ -207,7 +208,7 @@ void DriveScan::WalkRest(double begin) {
   if (!walk.at_root()) ShowRoot(walk.root());
   while (!parts_.pump.closing() && walk.Next()) {
     const auto on_file = [&](const DirEntry& file) {
-      FolderNote note = NoteOfFile(walk);
+      FolderNote note = NoteOfFile(walk, file);
       Note(file, &note);
       subFileSearch(&note);
     };

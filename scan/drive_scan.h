@@ -59,7 +59,7 @@ class DriveScan {
   bool EnterRoot(const FolderWalk& walk, OnFile&& on_file);
   void EnterFolder(FolderWalk* walk);
   void EnterFile(const FolderWalk& walk, const DirEntry& file);
-  FolderNote NoteOfFile(const FolderWalk& walk);
+  FolderNote NoteOfFile(const FolderWalk& walk, const DirEntry& file);
   template <class Visit>
   void subShowFolderList(const std::string& folder, std::vector<std::string>* subfolders,
                          Visit&& visit);

@@ -202,6 +202,9 @@ TEST_SUITE("drive_scan") {
     pass.FileRow("EVILPR~1.EXE");
     pass.FolderRow("Evil*");
     CHECK(pass.Walk("D:\\r\\evil program.exe") == "Spy File|spy|D:\\r\\Evil Program.exe\n");
+    pass.list.Clear();
+    pass.FileRow("*l prog*.exe");
+    CHECK(pass.Walk("D:\\r\\EVILPR~1.EXE") == "Spy File|spy|D:\\r\\Evil Program.exe\n");
     CHECK(pass.m.Errors() == "");
     CHECK(pass.Walk("D:\\r\\absent") == "");
     CHECK(pass.m.Failures() == "53 ScanFolder, sPath: D:\\r\\absent\n");
