@@ -26,6 +26,9 @@ inline constexpr std::size_t kArchiveBlock = 256 * 1024;   // bytes of content i
 inline constexpr std::uint64_t kLargestIndex = 32u << 20;  // bytes; 280,000 items or more
 inline constexpr std::uint64_t kLargestSize = 1ull << 62;  // of an item and of all data, in bytes
 inline constexpr std::uint32_t kMostVolumes = 9999;
+inline constexpr int kMostQuestions = 100;  // for a piece that lies elsewhere
+// Of the file that ends an archive; the pieces before it end in ".q01" and so on.
+inline constexpr std::string_view kArchiveEnding = ".qzp";
 
 enum class ItemKind : std::uint8_t { File = 1, Folder = 2, Script = 3 };
 

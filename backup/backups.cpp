@@ -11,11 +11,11 @@
 namespace scourwell {
 namespace {
 
-constexpr char kEnding[] = ".qzp";
 constexpr char kFirstEnding[] = ".q01";
-constexpr int kMostQuestions = 100;  // for one piece
 constexpr unsigned kMostNames = 1000;
 constexpr std::size_t kLongestFileName = 255;  // 16-bit units
+
+std::string ArchiveNamed(const std::string& name) { return name + std::string(kArchiveEnding); }
 
 // A listing compares 8.3 names too: its "*.reg" finds "notes.registry".
 bool HasEnding(std::string_view name, std::string_view ending) {
@@ -23,8 +23,9 @@ bool HasEnding(std::string_view name, std::string_view ending) {
 }
 
 std::string Stem(const std::string& key) {
-  return HasEnding(key, kEnding) || HasEnding(key, kFirstEnding) ? key.substr(0, key.size() - 4)
-                                                                 : key;
+  return HasEnding(key, kArchiveEnding) || HasEnding(key, kFirstEnding)
+             ? key.substr(0, key.size() - 4)
+             : key;
 }
 
 bool IsBareName(const std::string& key) {
@@ -65,12 +66,12 @@ bool Backups::IsUsableName(const std::string& name) const {
     return false;
   }
   if (name.front() == ' ' || name.back() == ' ' || name.front() == '.') return false;
-  return IsPlainPath(PathOf(name + kEnding)) &&
+  return IsPlainPath(PathOf(ArchiveNamed(name))) &&
          ToUtf16(name + kExported64Ending).size() <= kLongestFileName;
 }
 
 bool Backups::Exists(const std::string& name) const {
-  return FileExists(parts_.files, PathOf(name + kEnding));
+  return FileExists(parts_.files, PathOf(ArchiveNamed(name)));
 }
 
 std::string Backups::NameForNow() const {
@@ -95,7 +96,7 @@ BackupReport Backups::Create(const std::string& name, const std::vector<const Fi
   BackupReport report;
   report.archive = parts_.log.TrapOutcome("cmdBackup", [&]() -> Outcome {
     Outcome stored = Store(name, rows, std::move(options), &report);
-    return stored.ok() ? Outcome() : std::move(stored).With("Archive: ", name + kEnding);
+    return stored.ok() ? Outcome() : std::move(stored).With("Archive: ", ArchiveNamed(name));
   });
   for (const ItemReport& failure : report.failures) {
     parts_.log.LogFailure(Outcome::Failed(kPathFileAccess, "Not backed up: " + failure.path + ": " +
@@ -111,7 +112,7 @@ Outcome Backups::Store(const std::string& name, const std::vector<const Finding*
   if (!IsUsableName(name)) return Outcome::Failed(kBadFileName);
   RestoreRun::EraseScripts(parts_.files, parts_.settings.BackupFolder, parts_.log);
   ArchiveWriter archive(parts_.files, parts_.clock, parts_.pump);
-  if (Outcome made = archive.Create(PathOf(name + kEnding), std::move(options)); !made.ok()) {
+  if (Outcome made = archive.Create(PathOf(ArchiveNamed(name)), std::move(options)); !made.ok()) {
     return made;
   }
   RegistryBackup registry(parts_.registry, parts_.registry64, parts_.pump, parts_.code_pages,
@@ -188,10 +189,11 @@ std::vector<BackupRow> Backups::List() {
     if (Outcome usable = CheckFolder(); !usable.ok()) return usable;
     Outcome listed = parts_.files.List(PathOf("*.q*"), [&](const DirEntry& entry) {
       if (entry.IsFolder()) return true;
-      if (HasEnding(entry.name, kEnding)) {
+      if (HasEnding(entry.name, kArchiveEnding)) {
         rows.push_back({entry.name, entry.size, entry.modified});
       } else if (HasEnding(entry.name, kFirstEnding)) {
-        begun.push_back({Stem(entry.name) + kEnding, entry.size, entry.modified, std::string()});
+        begun.push_back(
+            {ArchiveNamed(Stem(entry.name)), entry.size, entry.modified, std::string()});
       }
       return true;
     });

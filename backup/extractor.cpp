@@ -15,7 +15,7 @@ constexpr std::uint32_t kHindering = kReadOnly | kHidden | kSystem;
 constexpr std::uint32_t kSettable = kHindering | kArchive;
 constexpr unsigned kMostKept = 1000;
 
-Outcome Refused(const char* why) { return Outcome::Failed(kPathFileAccess, why); }
+Outcome InTheWay(const char* why) { return Outcome::Failed(kPathFileAccess, why); }
 
 }  // namespace
 
@@ -74,8 +74,8 @@ Outcome Extractor::MakeFolders(const std::string& folder, Holds* holds,
     const std::string layer = folder.substr(0, end);
     DirEntry entry;
     Outcome found = files_.Stat(layer, &entry);
-    if (found.ok() && entry.IsLink()) return Refused("A link lies on the way");
-    if (found.ok() && !entry.IsFolder()) return Refused("A file lies in the place of a folder");
+    if (found.ok() && entry.IsLink()) return InTheWay("A link lies on the way");
+    if (found.ok() && !entry.IsFolder()) return InTheWay("A file lies in the place of a folder");
     if (found.code() == kFileNotFound) {
       found = files_.CreateFolder(layer);
       if (found.ok()) made->push_back(layer);
@@ -93,8 +93,8 @@ Outcome Extractor::ExtractFile(ArchiveReader& archive, std::size_t number) {
   DirEntry there;
   Outcome found = files_.Stat(item.path, &there);
   if (!found.ok() && found.code() != kFileNotFound) return found;
-  if (found.ok() && there.IsLink()) return Refused("A link lies in its place");
-  if (found.ok() && there.IsFolder()) return Refused("A folder lies in its place");
+  if (found.ok() && there.IsLink()) return InTheWay("A link lies in its place");
+  if (found.ok() && there.IsFolder()) return InTheWay("A folder lies in its place");
   if (found.ok() && HasContent(item, there)) {
     ++result_.unchanged;
     return {};
@@ -129,7 +129,7 @@ Outcome Extractor::TakePlace(const ArchiveItem& item, FileWriter& writer) {
   Outcome found = files_.Stat(item.path, &there);
   if (found.code() == kFileNotFound) return writer.Commit();
   if (!found.ok()) return found;
-  if (there.IsLink() || there.IsFolder()) return Refused("Its place was taken meanwhile");
+  if (there.IsLink() || there.IsFolder()) return InTheWay("Its place was taken meanwhile");
   return there.modified < item.times.modified ? ReplaceOlder(item.path, there, writer)
                                               : ReplaceNewer(item.path, writer);
 }
@@ -187,7 +187,7 @@ void Extractor::FinishFolders() {
     Outcome allowed = guard_.Allow(item.path, &holds);
     if (allowed.ok()) allowed = files_.Stat(item.path, &entry);
     if (allowed.ok() && (entry.IsLink() || !entry.IsFolder())) {
-      allowed = Refused("The folder was swapped meanwhile");
+      allowed = InTheWay("The folder was swapped meanwhile");
     }
     if (allowed.ok()) {
       Stamp(item, !item.security.empty());

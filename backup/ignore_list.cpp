@@ -9,7 +9,7 @@
 namespace scourwell {
 namespace {
 
-constexpr char kSection[] = "IgnoreList";
+constexpr char kIgnoreSection[] = "IgnoreList";
 constexpr char kCodePage[] = "CodePage";
 
 // Takes one field off the front of `rest`; `*ended` says that it was the last of its line.
@@ -104,11 +104,11 @@ Outcome IgnoreList::Keep(const std::vector<IgnoreRecord>& kept) {
 }
 
 Outcome IgnoreList::StateCodePage() {
-  return kept_.Set(kSection, kCodePage, std::to_string(code_pages_.System()));
+  return kept_.Set(kIgnoreSection, kCodePage, std::to_string(code_pages_.System()));
 }
 
 unsigned IgnoreList::FileCodePage() {
-  const std::int32_t stated = LeadingNumber(kept_.Get(kSection, kCodePage));
+  const std::int32_t stated = LeadingNumber(kept_.Get(kIgnoreSection, kCodePage));
   return stated > 0 ? static_cast<unsigned>(stated) : code_pages_.System();
 }
 

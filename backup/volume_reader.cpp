@@ -11,9 +11,6 @@
 namespace scourwell {
 namespace {
 
-// So often one volume is asked for.
-constexpr int kMostQuestions = 100;
-
 Outcome ReadExactly(FileReader& reader, std::uint64_t offset, char* bytes, std::size_t count) {
   std::size_t filled = 0;
   if (Outcome read = reader.ReadAt(offset, bytes, count, &filled); !read.ok()) return read;

@@ -10,7 +10,6 @@
 namespace scourwell {
 namespace {
 
-constexpr std::string_view kEnding = ".qzp";
 // So often a place for one piece is asked for.
 constexpr int kMostTries = 20;
 
@@ -27,7 +26,8 @@ Outcome MustBeFree(Files& files, const std::string& path) {
 Outcome VolumeWriter::Open(const std::string& path, std::uint64_t identity,
                            ArchiveOptions options) {
   const std::string_view file = FileNamePart(path);
-  if (!IsPlainPath(path) || file.size() <= kEnding.size() || !EndsWithNoCase(file, kEnding)) {
+  if (!IsPlainPath(path) || file.size() <= kArchiveEnding.size() ||
+      !EndsWithNoCase(file, kArchiveEnding)) {
     return Outcome::Failed(kBadFileName, "The archive needs a full path that ends in .qzp");
   }
   if (options.volume_size != 0 && options.volume_size < kSmallestVolume) {
@@ -35,7 +35,7 @@ Outcome VolumeWriter::Open(const std::string& path, std::uint64_t identity,
   }
   options_ = std::move(options);
   identity_ = identity;
-  name_ = file.substr(0, file.size() - kEnding.size());
+  name_ = file.substr(0, file.size() - kArchiveEnding.size());
   return StartPiece({1, VolumeName(name_, 1), std::string(FolderPart(path)), {}}, false);
 }
 
@@ -64,7 +64,7 @@ Outcome VolumeWriter::StartPiece(VolumeRequest request, bool ask) {
 Outcome VolumeWriter::TryPiece(const std::string& folder) {
   writer_.reset();
   folder_ = folder;
-  const std::string last = AddPathToFileName(folder, name_ + std::string(kEnding));
+  const std::string last = AddPathToFileName(folder, name_ + std::string(kArchiveEnding));
   for (const std::string& path : {last, PiecePath()}) {
     if (Outcome free = MustBeFree(files_, path); !free.ok()) return free;
   }
@@ -145,7 +145,7 @@ Outcome VolumeWriter::Finish(ArchiveIndex index, const std::string& key) {
   if (Outcome written = writer_->Commit(); !written.ok()) return written;
   writer_.reset();
   written_.push_back(PiecePath());
-  path_ = AddPathToFileName(folder_, name_ + std::string(kEnding));
+  path_ = AddPathToFileName(folder_, name_ + std::string(kArchiveEnding));
   if (Outcome named = files_.Move(PiecePath(), path_); !named.ok()) return named;
   written_.clear();
   return {};

@@ -10,7 +10,7 @@ namespace scourwell {
 namespace {
 
 constexpr int kDeepest = 8;
-constexpr char32_t kStrayHalf = 0xDC00;
+constexpr char32_t kJsonHalf = 0xDC00;
 
 std::string Unit(char32_t unit) {
   static constexpr char kDigits[] = "0123456789abcdef";
@@ -21,7 +21,7 @@ std::string Unit(char32_t unit) {
 
 void AppendJson(char32_t code, std::string* text) {
   if (code >= kStrayByte) {
-    *text += Unit(kStrayHalf + (code - kStrayByte));
+    *text += Unit(kJsonHalf + (code - kStrayByte));
   } else if (IsSurrogate(code) || code < ' ' || code == 0x7F) {
     *text += Unit(code);
   } else {

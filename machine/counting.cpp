@@ -6,7 +6,7 @@
 namespace scourwell {
 namespace {
 
-constexpr char kSeparator = '|';
+constexpr char kFormMark = '|';
 constexpr std::uint64_t kMostShown = 9999;  // of a unit
 
 std::size_t EnglishForm(std::uint64_t count) { return count == 1 ? 0 : 1; }
@@ -68,15 +68,15 @@ std::size_t FormsOfRule(std::string_view rule) {
 
 std::string FormFor(const Captions& captions, std::uint64_t count, Caption caption) {
   std::string text = captions.Text(caption);
-  if (text.find(kSeparator) == text.npos) return text;
+  if (text.find(kFormMark) == text.npos) return text;
   const std::size_t form = RuleOf(captions.Text(Caption::PluralRule)).form(count);
   std::size_t at = 0;
   for (std::size_t i = 0; i < form; ++i) {
-    const std::size_t next = text.find(kSeparator, at);
+    const std::size_t next = text.find(kFormMark, at);
     if (next == text.npos) break;
     at = next + 1;
   }
-  return text.substr(at, text.find(kSeparator, at) - at);
+  return text.substr(at, text.find(kFormMark, at) - at);
 }
 
 std::string CountedText(const Captions& captions, std::uint64_t count, Caption caption) {

@@ -9,8 +9,7 @@
 namespace scourwell {
 namespace {
 
-constexpr char kAnsiHeader[] = "REGEDIT4\r\n";
-constexpr char kUnicodeHeader[] = "Windows Registry Editor Version 5.00\r\n";
+constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kMark[] = "; Scourwell wrote this for the registry editor and erases it\r\n";
 constexpr std::size_t kLineWidth = 78;
 constexpr char kEscape = '\\';
@@ -19,6 +18,8 @@ constexpr char kDigits[] = "0123456789abcdef";
 bool HasControl(std::string_view text) {
   return std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) < 32; });
 }
+
+std::string HeaderLine(std::string_view header) { return std::string(header) += kLineEnd; }
 
 // The editor stores a quoted text with one NUL behind it.
 bool IsPlainText(const RegValue& value) {
@@ -97,7 +98,10 @@ std::string ValueNameForScript(std::string_view name) {
 }
 
 RegScript::RegScript(CodePages& code_pages, ScriptReader reader)
-    : code_pages_(code_pages), reader_(reader), ansi_(kAnsiHeader), unicode_(kUnicodeHeader) {}
+    : code_pages_(code_pages),
+      reader_(reader),
+      ansi_(HeaderLine(kAnsiHeader)),
+      unicode_(HeaderLine(kUnicodeHeader)) {}
 
 bool RegScript::CanHold(std::string_view text) const {
   return reader_ == ScriptReader::Unicode || IsAscii(text) || code_pages_.Encode(text).has_value();
@@ -166,13 +170,13 @@ bool RegScript::AppendBoth(std::string_view start, const RegValue& value) {
 std::string RegScript::Bytes(bool marked) const {
   const bool ansi = reader_ == ScriptReader::Ansi || only_ascii_;
   std::string text = ansi ? ansi_ : unicode_;
-  if (marked) text.insert(std::string_view(ansi ? kAnsiHeader : kUnicodeHeader).size(), kMark);
+  if (marked) text.insert(HeaderLine(ansi ? kAnsiHeader : kUnicodeHeader).size(), kMark);
   return ansi ? text : "\xFF\xFE" + Utf16Bytes(text);
 }
 
 bool BearsScriptMark(std::string_view beginning) {
-  return beginning.starts_with(std::string(kAnsiHeader) + kMark) ||
-         beginning.starts_with("\xFF\xFE" + Utf16Bytes(std::string(kUnicodeHeader) + kMark));
+  return beginning.starts_with(HeaderLine(kAnsiHeader) + kMark) ||
+         beginning.starts_with("\xFF\xFE" + Utf16Bytes(HeaderLine(kUnicodeHeader) + kMark));
 }
 
 }  // namespace scourwell

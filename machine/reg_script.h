@@ -10,6 +10,10 @@
 
 namespace scourwell {
 
+// The first line of a script, without its end.
+inline constexpr std::string_view kAnsiHeader = "REGEDIT4";
+inline constexpr std::string_view kUnicodeHeader = "Windows Registry Editor Version 5.00";
+
 // What the registry editor of the running system reads.
 enum class ScriptReader {
   Ansi,     // REGEDIT4 alone

@@ -12,8 +12,6 @@ namespace scourwell {
 namespace {
 
 constexpr std::string_view kUnicodeMark = "\xFF\xFE";
-constexpr std::string_view kAnsiHeader = "REGEDIT4";
-constexpr std::string_view kUnicodeHeader = "Windows Registry Editor Version 5.00";
 constexpr std::string_view kBlanks = " \t";
 constexpr std::size_t kShownOfLine = 100;  // bytes
 constexpr std::size_t kMostRefused = 100;  // lines that are listed

@@ -13,7 +13,7 @@ namespace {
 
 constexpr Caption kColumnCaptions[] = {Caption::ColumnHitType, Caption::ColumnHitSystem,
                                        Caption::ColumnHitDetails};
-constexpr int kPicture = 16;
+constexpr int kColumnPicture = 16;
 constexpr char kResults[] = "Results";  // in what the program keeps
 constexpr char kGrouped[] = "Grouped";
 constexpr RemovalState kStates[] = {RemovalState::Removed, RemovalState::Gone,
@@ -24,7 +24,7 @@ constexpr RemovalState kStates[] = {RemovalState::Removed, RemovalState::Gone,
 
 void ResultsPane::CreateColumns() {
   hits_.Group(env_.kept && env_.kept->Get(kResults, kGrouped) == "True");
-  const int boxes = metrics().Scale(16) + 2 * kPicture * metrics().PictureFactor();
+  const int boxes = metrics().Scale(16) + 2 * kColumnPicture * metrics().PictureFactor();
   const int type = metrics().WidestText(KindTexts(env_.captions)) + boxes;
   system_width_ = metrics().Scale(160);
   const int widths[] = {type, system_width_, metrics().Scale(200)};

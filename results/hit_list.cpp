@@ -11,11 +11,11 @@ namespace scourwell {
 namespace {
 
 // The counters by kind. Cookies count as files: the summary has no line of their own.
-constexpr std::int16_t HitCounters::*kCounters[] = {
+constexpr std::int16_t HitCounters::*kHitCounters[] = {
     &HitCounters::files,    &HitCounters::folders,  &HitCounters::files,
     &HitCounters::registry, &HitCounters::registry, &HitCounters::processes,
 };
-static_assert(std::size(kCounters) == std::variant_size_v<FoundObject>);
+static_assert(std::size(kHitCounters) == std::variant_size_v<FoundObject>);
 
 Outcome Raise(std::int16_t* counter) {
   if (*counter == INT16_MAX) return Outcome::Failed(kOverflow);
@@ -60,7 +60,7 @@ void HitList::AddSpyToListView(const Finding& finding) {
 }
 
 Outcome HitList::Count(FindingKind kind) {
-  return Raise(&(counters_.*kCounters[static_cast<std::size_t>(kind)]));
+  return Raise(&(counters_.*kHitCounters[static_cast<std::size_t>(kind)]));
 }
 
 std::string HitList::Text(std::size_t index, Column column) const {

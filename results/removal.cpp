@@ -19,11 +19,11 @@ constexpr std::size_t kMostNamed = 12;  // objects in one message
 constexpr char kMethod[] = "RemoveSelectedSpy";
 
 // The counters by kind.
-constexpr std::int32_t RemovalCounters::*kCounters[] = {
+constexpr std::int32_t RemovalCounters::*kRemovalCounters[] = {
     &RemovalCounters::files,    &RemovalCounters::folders,  &RemovalCounters::cookies,
     &RemovalCounters::registry, &RemovalCounters::registry, &RemovalCounters::processes,
 };
-static_assert(std::size(kCounters) == std::variant_size_v<FoundObject>);
+static_assert(std::size(kRemovalCounters) == std::variant_size_v<FoundObject>);
 
 RemovalResult Failed(RemovalState state, Outcome why) { return {state, std::move(why)}; }
 
@@ -78,7 +78,7 @@ RemovedObject Removal::Carry(const RemovalStep& step) {
   RemovedObject removed = {row.finding.spy, object, Remove(object)};
   if (removed.result.state != RemovalState::Gone) {
     if (row.result) ++report_.repeated;
-    ++(counters_.*kCounters[static_cast<std::size_t>(KindOf(object))]);
+    ++(counters_.*kRemovalCounters[static_cast<std::size_t>(KindOf(object))]);
   }
   return removed;
 }

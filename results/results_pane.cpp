@@ -14,7 +14,7 @@
 namespace scourwell {
 namespace {
 
-constexpr int kPicture = 16;
+constexpr int kKindPicture = 16;
 
 }  // namespace
 
@@ -50,7 +50,7 @@ void ResultsPane::OnCreate() {
   SpyListView_.Create(env_, hwnd(), IDC_SpyListView);
   SpyListView_.RememberWidths(env_, "SpyListView");
   SpyListView_.SetName(Text(Caption::DetectedComponents));
-  images_ = LoadScaledImageList(env_, IDB_Kinds16, kPicture);
+  images_ = LoadScaledImageList(env_, IDB_Kinds16, kKindPicture);
   SpyListView_.SetSmallImages(images_.get());
   CreateColumns();
   AccessKeys keys({Text(Caption::MenuScan), Text(Caption::MenuTools), Text(Caption::MenuHelp)});

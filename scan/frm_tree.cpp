@@ -9,7 +9,7 @@ namespace scourwell {
 namespace {
 
 // The pictures of the fixed nodes come in the order of their numbers, those of drives follow.
-int Picture(const ScanScope& scope, std::size_t number) {
+int ScopePicture(const ScanScope& scope, std::size_t number) {
   if (!scope.IsDrive(number)) return static_cast<int>(number) - 1;
   switch (scope.node(number).drive) {
     case DriveKind::Removable:
@@ -62,7 +62,7 @@ void frmTree::FillTree() {
 HTREEITEM frmTree::AddNode(std::size_t number) {
   const ScanScope::Node& node = scope_.node(number);
   HTREEITEM parent = node.parent == 0 ? nullptr : items_[node.parent - 1];
-  return TreeView1_.Add(parent, node.text, Picture(scope_, number), number);
+  return TreeView1_.Add(parent, node.text, ScopePicture(scope_, number), number);
 }
 
 void frmTree::Mirror() {

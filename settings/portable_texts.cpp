@@ -12,7 +12,7 @@
 namespace scourwell {
 namespace {
 
-constexpr std::uint64_t kLargest = 1u << 20;
+constexpr std::uint64_t kLargestFile = 1u << 20;
 constexpr char kHeading[] =
     "; Scourwell keeps its settings in this file, because it stands beside the program.\r\n";
 constexpr char kHere[] = ".";
@@ -53,7 +53,7 @@ PortableTexts::PortableTexts(Files& files, CodePages& code_pages, std::string pa
 
 Outcome PortableTexts::Load() {
   std::string content;
-  Outcome read = files_.Read(path_, kLargest, &content);
+  Outcome read = files_.Read(path_, kLargestFile, &content);
   if (!read.ok() && read.code() != kOutOfMemory) return read;
   if (content == content_ && read.ok()) return {};
   texts_.clear();

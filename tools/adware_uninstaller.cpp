@@ -14,15 +14,15 @@ namespace scourwell {
 namespace {
 
 constexpr char kUninstall[] = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
-constexpr Caption kColumnCaptions[] = {Caption::ColumnProgram, Caption::ColumnPublisher,
-                                       Caption::ColumnVersion, Caption::ColumnUninstallCommand};
-constexpr RootKey kMachine = RootKey::LocalMachine;
+constexpr Caption kUninstallerColumns[] = {Caption::ColumnProgram, Caption::ColumnPublisher,
+                                           Caption::ColumnVersion, Caption::ColumnUninstallCommand};
+constexpr RootKey kUninstallRoot = RootKey::LocalMachine;
 
 std::string PathOf(const std::string& key) { return std::string(kUninstall) + "\\" + key; }
 
 }  // namespace
 
-std::span<const Caption> AdwareUninstaller::ColumnCaptions() { return kColumnCaptions; }
+std::span<const Caption> AdwareUninstaller::ColumnCaptions() { return kUninstallerColumns; }
 
 std::vector<std::string> AdwareUninstaller::ReadNames(const Loader& loader) const {
   const Sequence& sequence = loader.sequences[0];
@@ -57,7 +57,7 @@ bool AdwareUninstaller::LoadList(const Progress& progress) {
 // Only a text counts as one; a text that the system expands is expanded.
 std::string AdwareUninstaller::Read(const std::string& key, const char* name) const {
   RegValue value;
-  if (needs_.registry.QueryValue(kMachine, PathOf(key), name, &value) != kRegOk) return {};
+  if (needs_.registry.QueryValue(kUninstallRoot, PathOf(key), name, &value) != kRegOk) return {};
   std::string text(TrimNull(value.data));
   if (value.type == kRegExpandText) return ExpandEnvironment(text, needs_.system);
   return value.type == kRegText ? text : std::string();
@@ -72,7 +72,7 @@ bool AdwareUninstaller::Load(const char* procedure, bool all, const Progress& pr
     exact_names_ = ReadNames(kUpdateExactSearchList);
     std::vector<std::string> keys;
     const RegStatus status =
-        needs_.registry.EnumKeys(kMachine, kUninstall, [&](const std::string& name) {
+        needs_.registry.EnumKeys(kUninstallRoot, kUninstall, [&](const std::string& name) {
           keys.push_back(name);
           return true;
         });
@@ -145,7 +145,7 @@ std::string AdwareUninstaller::FileOf(std::size_t row) const {
 }
 
 std::string AdwareUninstaller::KeyOf(std::size_t row) const {
-  return std::string(NameFromRoot(kMachine)) + "\\" + PathOf(rows_[row].key);
+  return std::string(NameFromRoot(kUninstallRoot)) + "\\" + PathOf(rows_[row].key);
 }
 
 }  // namespace scourwell

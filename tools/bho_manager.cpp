@@ -12,11 +12,11 @@ namespace {
 
 using Fields = ProfileRecord;
 
-constexpr Caption kColumnCaptions[] = {
+constexpr Caption kHelperColumns[] = {
     Caption::ColumnName, Caption::ColumnStatus,  Caption::ColumnClass,   Caption::ColumnFilePath,
     Caption::ColumnFile, Caption::ColumnCompany, Caption::ColumnKnownAs, Caption::ColumnLocation};
 
-ProfileRecord DescribeEntry(const Entry& entry) {
+ProfileRecord DescribeHelper(const Entry& entry) {
   return {
       {entry.name, "Disabled", entry.place->label, "All Users", "Browser starts", entry.command}};
 }
@@ -26,9 +26,9 @@ ProfileRecord DescribeEntry(const Entry& entry) {
 BhoManager::BhoManager(const Needs& needs)
     : EntryManager(needs, HelperPlaces(),
                    AddPathToFileName(needs.locations.needs().folders.application, "BHOProf.pro"),
-                   DescribeEntry, "BHO ") {}
+                   DescribeHelper, "BHO ") {}
 
-std::span<const Caption> BhoManager::ColumnCaptions() { return kColumnCaptions; }
+std::span<const Caption> BhoManager::ColumnCaptions() { return kHelperColumns; }
 
 // A helper's class may be missing: then it has neither name nor file.
 BhoManager::Class BhoManager::ClassOf(const Entry& entry) const {

@@ -13,7 +13,7 @@
 namespace scourwell {
 namespace {
 
-constexpr int kWidth = 440;  // pixels at 96 dots per inch
+constexpr int kTaskWidth = 440;  // pixels at 96 dots per inch
 constexpr int kUnfolded = 200;
 
 // A program's name as a first proposal for the entry's.
@@ -30,7 +30,7 @@ bool frmAddTask::Ask(HWND owner) {
 }
 
 SIZE frmAddTask::FirstSize() const {
-  return {metrics().Scale(kWidth),
+  return {metrics().Scale(kTaskWidth),
           3 * (RowHeight() + metrics().Gap()) + metrics().ButtonHeight() + 3 * metrics().Margin()};
 }
 

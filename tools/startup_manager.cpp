@@ -14,13 +14,13 @@ namespace {
 
 using Fields = ProfileRecord;
 
-constexpr Caption kColumnCaptions[] = {
+constexpr Caption kStartupColumns[] = {
     Caption::ColumnName,  Caption::ColumnStatus,   Caption::ColumnLocation,
     Caption::ColumnScope, Caption::ColumnRunsWhen, Caption::ColumnCommand,
     Caption::ColumnFile,  Caption::ColumnCompany,  Caption::ColumnKnownAs};
 
 // The same in every language, so that a profile outlives a change of it.
-ProfileRecord DescribeEntry(const Entry& entry) {
+ProfileRecord DescribeStartup(const Entry& entry) {
   const bool all = entry.place->all_users;
   return {{entry.name, "Disabled", entry.place->label, all ? "All Users" : "Current User",
            all ? "Any User Logs On" : "Current User logs On", entry.command}};
@@ -48,9 +48,9 @@ bool IsText(std::uint32_t type) { return type == kRegText || type == kRegExpandT
 StartupManager::StartupManager(const Needs& needs)
     : EntryManager(needs, StartupPlaces(),
                    AddPathToFileName(needs.locations.needs().folders.application, "SaveProf.pro"),
-                   DescribeEntry, "FRM Startup - ") {}
+                   DescribeStartup, "FRM Startup - ") {}
 
-std::span<const Caption> StartupManager::ColumnCaptions() { return kColumnCaptions; }
+std::span<const Caption> StartupManager::ColumnCaptions() { return kStartupColumns; }
 
 std::string StartupManager::PlaceName(const StartupLocation& place) const {
   switch (place.kind) {

@@ -10,8 +10,8 @@
 namespace scourwell {
 namespace {
 
-constexpr UINT_PTR kHotTimer = 1;
-constexpr UINT kHotInterval = 80;  // milliseconds
+constexpr UINT_PTR kMenuTimer = 1;
+constexpr UINT kMenuInterval = 80;  // milliseconds
 
 }  // namespace
 
@@ -89,7 +89,7 @@ LRESULT SideMenu::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       break;
     case WM_MOUSEMOVE:
     case WM_TIMER:
-      if (message == WM_TIMER && wparam != kHotTimer) break;
+      if (message == WM_TIMER && wparam != kMenuTimer) break;
       Follow();
       if (message == WM_TIMER) return 0;
       break;
@@ -181,9 +181,9 @@ void SideMenu::Follow() {
   hot_ = hot;
   tip_.Set(hwnd(), hot < 0 ? std::string() : rows_[static_cast<std::size_t>(hot)].item.tip);
   if (hot < 0) {
-    KillTimer(hwnd(), kHotTimer);
+    KillTimer(hwnd(), kMenuTimer);
   } else {
-    SetTimer(hwnd(), kHotTimer, kHotInterval, nullptr);
+    SetTimer(hwnd(), kMenuTimer, kMenuInterval, nullptr);
   }
   Redraw();
 }

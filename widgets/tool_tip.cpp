@@ -6,7 +6,7 @@
 namespace scourwell {
 namespace {
 
-constexpr int kWidth = 300;  // pixels at 96 dots per inch, then the text wraps
+constexpr int kTipWidth = 300;  // pixels at 96 dots per inch, then the text wraps
 
 }  // namespace
 
@@ -17,7 +17,7 @@ void ToolTip::Create(const WindowEnv& env, HWND owner) {
   made.parent = owner;
   made.instance = env.instance;
   hwnd_ = Calls().Create(made);
-  Send(TTM_SETMAXTIPWIDTH, 0, env.metrics.Scale(kWidth));
+  Send(TTM_SETMAXTIPWIDTH, 0, env.metrics.Scale(kTipWidth));
 }
 
 void ToolTip::Set(HWND control, const std::string& text) const {
