@@ -91,6 +91,7 @@ void PatternCheck::Compare() {
   }
   const SignatureIndex index(list);
   std::vector<SignatureIndex::Nomination> hits;
+  FoldedEntry folded;
   std::vector<bool> said(rows_.size());
   for (const std::string_view name :
        GoodNames::Get().Names(folders_ ? GoodList::Folders : GoodList::Files)) {
@@ -98,7 +99,8 @@ void PatternCheck::Compare() {
     entry.name = name;
     entry.attributes = folders_ ? std::uint32_t{kFolder} : 0;
     hits.clear();
-    index.Nominate(entry, &hits);
+    folded.Take(entry);
+    index.Nominate(folded, &hits);
     for (const SignatureIndex::Nomination& hit : hits) {
       if (said[hit.row]) continue;
       said[hit.row] = true;

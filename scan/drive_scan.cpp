@@ -96,8 +96,9 @@ void DriveScan::EnterFolder(FolderWalk* walk) {
   std::vector<NameMatch> matches;
   std::vector<std::string> subfolders;
   subShowFolderList(note.folder, &subfolders, [&](const DirEntry& entry) {
-    folder_pass_.Nominate(entry, &matches);
-    if (!rest_) Note(entry, &note);
+    entry_.Take(entry);
+    folder_pass_.Nominate(entry_, &matches);
+    if (!rest_) Note(entry_, &note);
   });
   if (parts_.pump.closing()) return;
   ++parts_.progress.lblFScan;
@@ -109,9 +110,10 @@ void DriveScan::EnterFolder(FolderWalk* walk) {
 void DriveScan::EnterFile(const FolderWalk& walk, const DirEntry& file) {
   FolderNote note = NoteOfFile(walk, file);
   std::vector<NameMatch> matches;
-  folder_pass_.Nominate(file, &matches);
+  entry_.Take(file);
+  folder_pass_.Nominate(entry_, &matches);
   folder_pass_.Report(note.folder, &matches, note.only);
-  if (!rest_) Note(file, &note);
+  if (!rest_) Note(entry_, &note);
   Keep(std::move(note), walk);
 }
 
@@ -152,8 +154,9 @@ void DriveScan::subShowFolderList(const std::string& folder, std::vector<std::st
   });
 }
 
-void DriveScan::Note(const DirEntry& entry, FolderNote* note) {
-  file_pass_.Nominate(entry, &note->matches);
+void DriveScan::Note(const FoldedEntry& folded, FolderNote* note) {
+  file_pass_.Nominate(folded, &note->matches);
+  const DirEntry& entry = folded.entry();
   if (advanced_ && advanced_->Wants(entry)) note->programs.push_back({entry.name, entry.size});
 }
 
@@ -209,7 +212,8 @@ void DriveScan::WalkRest(double begin) {
   while (!parts_.pump.closing() && walk.Next()) {
     const auto on_file = [&](const DirEntry& file) {
       FolderNote note = NoteOfFile(walk, file);
-      Note(file, &note);
+      entry_.Take(file);
+      Note(entry_, &note);
       subFileSearch(&note);
     };
     if (walk.at_root() && !EnterRoot(walk, on_file)) continue;
@@ -224,7 +228,10 @@ void DriveScan::SearchFolder(FolderWalk* walk) {
   FolderNote note;
   note.folder = walk->folder();
   std::vector<std::string> subfolders;
-  subShowFolderList(note.folder, &subfolders, [&](const DirEntry& entry) { Note(entry, &note); });
+  subShowFolderList(note.folder, &subfolders, [&](const DirEntry& entry) {
+    entry_.Take(entry);
+    Note(entry_, &note);
+  });
   if (parts_.pump.closing()) return;
   subFileSearch(&note);
   walk->Descend(std::move(subfolders));

@@ -63,7 +63,7 @@ class DriveScan {
   template <class Visit>
   void subShowFolderList(const std::string& folder, std::vector<std::string>* subfolders,
                          Visit&& visit);
-  void Note(const DirEntry& entry, FolderNote* note);
+  void Note(const FoldedEntry& folded, FolderNote* note);
   void Keep(FolderNote note, const FolderWalk& walk);
   void SearchNoted();
   void WalkRest(double begin);
@@ -75,6 +75,7 @@ class DriveScan {
   Parts parts_;
   NameSearch folder_pass_;
   NameSearch file_pass_;
+  FoldedEntry entry_;  // the one at hand, for both passes
   AdvancedScan* advanced_;
   std::vector<Root> roots_;
   FileNotes notes_;

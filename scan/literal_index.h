@@ -41,8 +41,10 @@ class LiteralIndex {
   void ProposeAt(std::string_view text, Visit&& visit) const {
     for (std::size_t size = 1; size <= kRun; ++size) {
       if (!in_use_[size]) continue;
+      const std::uint32_t mask = 0xFFFFFFFFu >> 8 * (kRun - size);
+      std::uint32_t run = Pack(text.substr(0, size - 1));
       for (std::size_t at = 0; at + size <= text.size(); ++at) {
-        const std::uint32_t run = Pack(text.substr(at, size));
+        run = (run << 8 | static_cast<unsigned char>(text[at + size - 1])) & mask;
         if (!MayHold(run, size)) continue;
         for (std::uint32_t e = First(run, size); e != kEnd; e = entries_[e].next) {
           if (entries_[e].offset <= at) visit(entries_[e].id, at - entries_[e].offset);

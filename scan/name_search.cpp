@@ -21,9 +21,10 @@ void NameSearch::RecordUnusable() const {
                   "subFileSearch");
 }
 
-void NameSearch::Nominate(const DirEntry& entry, std::vector<NameMatch>* matches) {
+void NameSearch::Nominate(const FoldedEntry& folded, std::vector<NameMatch>* matches) {
   nominations_.clear();
-  index_.Nominate(entry, &nominations_);
+  index_.Nominate(folded, &nominations_);
+  const DirEntry& entry = folded.entry();
   for (const auto& [row, certain] : nominations_) {
     matches->push_back(
         {row, certain, entry.IsFolder(), entry.IsLink(), certain ? entry.name : std::string()});

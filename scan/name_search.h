@@ -34,7 +34,7 @@ class NameSearch {
   void RecordUnusable() const;
 
   // Appends the rows that an entry may answer.
-  void Nominate(const DirEntry& entry, std::vector<NameMatch>* matches);
+  void Nominate(const FoldedEntry& folded, std::vector<NameMatch>* matches);
 
   // Reports what the matches of one folder find, in the order of the rows, then of the listing, as
   // if each row had been listed on its own. With a name in `only` nothing else of the folder

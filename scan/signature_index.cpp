@@ -13,24 +13,24 @@ void SignatureIndex::NameTable::Reserve(std::size_t names) {
   slots_.assign(capacity, 0);
 }
 
-void SignatureIndex::NameTable::Add(const std::string& name, std::uint32_t row) {
+void SignatureIndex::NameTable::Add(const FoldedName& name, std::uint32_t row) {
   std::uint32_t& slot = slots_[SlotOf(name)];
   std::uint32_t begin = static_cast<std::uint32_t>(names_.size());
   if (slot != 0) {
     begin = entries_[slot - 1].name_begin;  // rows of one name share its text
   } else {
-    names_ += name;
+    names_ += name.text;
   }
-  entries_.push_back({begin, static_cast<std::uint32_t>(name.size()), row, slot});
+  entries_.push_back({begin, static_cast<std::uint32_t>(name.text.size()), row, slot});
   slot = static_cast<std::uint32_t>(entries_.size());
 }
 
-std::size_t SignatureIndex::NameTable::SlotOf(std::string_view name) const {
+std::size_t SignatureIndex::NameTable::SlotOf(const FoldedName& name) const {
   const std::size_t mask = slots_.size() - 1;
-  std::size_t at = NoCaseHash()(name) & mask;
+  std::size_t at = name.hash & mask;
   for (; slots_[at] != 0; at = (at + 1) & mask) {
     const Entry& entry = entries_[slots_[at] - 1];
-    if (std::string_view(names_).substr(entry.name_begin, entry.name_size) == name) break;
+    if (std::string_view(names_).substr(entry.name_begin, entry.name_size) == name.text) break;
   }
   return at;
 }
@@ -46,10 +46,10 @@ void SignatureIndex::File(std::uint32_t row, std::string_view signature) {
   const std::string folded = Upper(NormalizeSignature(signature));
   switch (ClassifyPattern(folded)) {
     case PatternKind::Name:
-      names_.Add(folded, row);
+      names_.Add(FoldedName(folded), row);
       return;
     case PatternKind::Relative:
-      first_parts_.Add(std::string(FirstPart(folded)), row);
+      first_parts_.Add(FoldedName(FirstPart(folded)), row);
       return;
     case PatternKind::Unusable:
       if (unusable_++ == 0) first_unusable_ = signature;
@@ -68,14 +68,15 @@ void SignatureIndex::File(std::uint32_t row, std::string_view signature) {
   pattern_rows_.push_back(row);
 }
 
-void SignatureIndex::Nominate(const DirEntry& entry, std::vector<Nomination>* nominations) const {
-  NominateName(Upper(entry.name), entry.IsFolder(), entry.IsLink(), nominations);
-  if (!entry.short_name.empty() && !EqualsNoCase(entry.short_name, entry.name)) {
-    NominateName(Upper(entry.short_name), entry.IsFolder(), entry.IsLink(), nominations);
-  }
+void SignatureIndex::Nominate(const FoldedEntry& entry,
+                              std::vector<Nomination>* nominations) const {
+  const bool folder = entry.entry().IsFolder();
+  const bool link = entry.entry().IsLink();
+  NominateName(entry.name(), folder, link, nominations);
+  if (entry.has_other_name()) NominateName(entry.other_name(), folder, link, nominations);
 }
 
-void SignatureIndex::NominateName(std::string_view name, bool folder, bool link,
+void SignatureIndex::NominateName(const FoldedName& name, bool folder, bool link,
                                   std::vector<Nomination>* nominations) const {
   names_.Find(name, [&](std::uint32_t row) {
     if (IsFolderRow(row) == folder) nominations->push_back({row, true});
@@ -86,11 +87,11 @@ void SignatureIndex::NominateName(std::string_view name, bool folder, bool link,
   }
   const auto check = [&](std::uint32_t number) {
     const std::uint32_t row = pattern_rows_[number];
-    if (IsFolderRow(row) == folder && MayMatch(patterns_[number], name)) {
+    if (IsFolderRow(row) == folder && MayMatch(patterns_[number], name.text)) {
       nominations->push_back({row, false});
     }
   };
-  if (!wildcards_.empty()) wildcards_.Propose(name, check);
+  if (!wildcards_.empty()) wildcards_.Propose(name.text, check);
   for (const std::uint32_t number : anything_) check(number);
 }
 

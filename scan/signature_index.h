@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "definitions/definition_list.h"
-#include "platform/files.h"
+#include "scan/folded_entry.h"
 #include "scan/literal_index.h"
 
 namespace scourwell {
@@ -29,7 +29,7 @@ class SignatureIndex {
   // Appends the rows that this entry of a folder may answer, in no order, possibly repeated.
   // File rows are answered by files and folder rows by folders, relative rows by the folder that
   // their path begins with.
-  void Nominate(const DirEntry& entry, std::vector<Nomination>* nominations) const;
+  void Nominate(const FoldedEntry& entry, std::vector<Nomination>* nominations) const;
 
   const SearchedName& Row(std::uint32_t row) const { return list_[row]; }
   bool IsFolderRow(std::uint32_t row) const { return list_[row].item == DiskItem::Folder; }
@@ -43,10 +43,10 @@ class SignatureIndex {
   class NameTable {
    public:
     void Reserve(std::size_t names);
-    void Add(const std::string& name, std::uint32_t row);
+    void Add(const FoldedName& name, std::uint32_t row);
     template <class Visit>
-    void Find(std::string_view name, Visit&& visit) const {
-      if (slots_.empty()) return;
+    void Find(const FoldedName& name, Visit&& visit) const {
+      if (entries_.empty()) return;
       for (std::uint32_t e = slots_[SlotOf(name)]; e != 0; e = entries_[e - 1].next) {
         visit(entries_[e - 1].row);
       }
@@ -59,7 +59,7 @@ class SignatureIndex {
       std::uint32_t row;
       std::uint32_t next;
     };
-    std::size_t SlotOf(std::string_view name) const;
+    std::size_t SlotOf(const FoldedName& name) const;
 
     std::string names_;
     std::vector<Entry> entries_;
@@ -67,7 +67,7 @@ class SignatureIndex {
   };
 
   void File(std::uint32_t row, std::string_view signature);
-  void NominateName(std::string_view name, bool folder, bool link,
+  void NominateName(const FoldedName& name, bool folder, bool link,
                     std::vector<Nomination>* nominations) const;
 
   const DefinitionList<SearchedName>& list_;

@@ -118,7 +118,10 @@ TEST_SUITE("signature_index") {
     const SignatureIndex index(list);
     const auto rows = [&](std::uint32_t attributes) {
       std::vector<SignatureIndex::Nomination> nominations;
-      index.Nominate({"LONG name.EXE", "LongNa~1.exe", attributes, 0, 0, 0}, &nominations);
+      const DirEntry entry = {"LONG name.EXE", "LongNa~1.exe", attributes, 0, 0, 0};
+      FoldedEntry folded;
+      folded.Take(entry);
+      index.Nominate(folded, &nominations);
       std::vector<std::string> found;
       for (const auto& nomination : nominations) {
         found.push_back(std::to_string(nomination.row) + (nomination.certain ? "!" : "?"));

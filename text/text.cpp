@@ -18,13 +18,35 @@ char32_t NextFolded(std::string_view text, std::size_t* at) {
   return Folding::Of(byte);
 }
 
+// Nobody can prepare names that fall together in every run.
+std::uint32_t HashStart() {
+  static const auto start =
+      2166136261u ^ static_cast<std::uint32_t>(std::time(nullptr)) * 2654435761u;
+  return start;
+}
+
+std::uint32_t Hashed(std::uint32_t hash, char32_t code) {
+  return (hash ^ static_cast<std::uint32_t>(code)) * 16777619u;
+}
+
 }  // namespace
 
 std::string Upper(std::string_view text) {
   std::string result;
-  result.reserve(text.size());
-  for (std::size_t at = 0; at < text.size();) AppendCode(NextFolded(text, &at), &result);
+  AppendUpper(text, &result);
   return result;
+}
+
+void AppendUpper(std::string_view text, std::string* folded) {
+  folded->reserve(folded->size() + text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    const char32_t code = NextFolded(text, &at);
+    if (code < 0x80) {
+      folded->push_back(static_cast<char>(code));
+    } else {
+      AppendCode(code, folded);
+    }
+  }
 }
 
 std::size_t PrefixNoCase(std::string_view text, std::string_view prefix) {
@@ -118,12 +140,14 @@ std::string Kilobytes(std::uint64_t bytes) {
 
 // FNV-1a from a start of this run's own: no file can be made so that all its names fall together.
 std::size_t NoCaseHash::operator()(std::string_view text) const {
-  static const auto start =
-      2166136261u ^ static_cast<std::uint32_t>(std::time(nullptr)) * 2654435761u;
-  std::uint32_t hash = start;
-  for (std::size_t at = 0; at < text.size();) {
-    hash = (hash ^ static_cast<std::uint32_t>(NextFolded(text, &at))) * 16777619u;
-  }
+  std::uint32_t hash = HashStart();
+  for (std::size_t at = 0; at < text.size();) hash = Hashed(hash, NextFolded(text, &at));
+  return hash;
+}
+
+std::size_t FoldedHash::operator()(std::string_view folded) const {
+  std::uint32_t hash = HashStart();
+  for (const char c : folded) hash = Hashed(hash, static_cast<unsigned char>(c));
   return hash;
 }
 

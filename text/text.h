@@ -12,6 +12,7 @@ namespace scourwell {
 
 // Without case means: as the running system compares names (see Folding).
 std::string Upper(std::string_view text);
+void AppendUpper(std::string_view text, std::string* folded);
 bool EqualsNoCase(std::string_view a, std::string_view b);
 // Negative, zero or positive, as the folded texts compare character by character.
 int CompareNoCase(std::string_view a, std::string_view b);
@@ -43,6 +44,10 @@ std::string Kilobytes(std::uint64_t bytes);
 struct NoCaseHash {
   using is_transparent = void;
   std::size_t operator()(std::string_view text) const;
+};
+// Of a text that is folded already.
+struct FoldedHash {
+  std::size_t operator()(std::string_view folded) const;
 };
 struct NoCaseEqual {
   using is_transparent = void;

@@ -92,6 +92,10 @@ std::string FromUtf16(std::u16string_view units) {
   text.reserve(units.size());
   for (std::size_t i = 0; i < units.size(); ++i) {
     char32_t code = units[i];
+    if (code < 0x80) {
+      text.push_back(static_cast<char>(code));
+      continue;
+    }
     const bool leads = (code & 0xFC00) == 0xD800;
     if (leads && i + 1 < units.size() && (units[i + 1] & 0xFC00) == 0xDC00) {
       code = 0x10000 + ((code & 0x3FF) << 10 | (units[++i] & 0x3FFu));
