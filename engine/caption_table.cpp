@@ -501,6 +501,7 @@ const DefaultText kCaptions[] = {
     {Caption::TourRights, "Which rights it needs"},
     {Caption::TourRightsText, "What you may not open, Scourwell can neither see nor remove. Start it as an administrator to look at the whole computer."},
     {Caption::TourAgain, "Help, First Steps shows this page again."},
+    {Caption::FolderIsOpen, "Every user of this computer may change the folder of Scourwell, and so your backups and the ignore list. Program Files is the right place for it."},
 };
 // clang-format on
 

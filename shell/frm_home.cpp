@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/security_descriptor.h"
 #include "results/row_rights.h"
 #include "widgets/access_keys.h"
 #include "widgets/resource.h"
@@ -49,6 +50,7 @@ void frmHome::OnCreate() {
     facts_[i].value.Create(env_, hwnd(), kRows[i].value_id);
   }
   lblRights_.Create(env_, hwnd(), IDC_lblRights, {}, SS_LEFT);
+  lblFolderOpen_.Create(env_, hwnd(), IDC_lblFolderOpen, {}, SS_LEFT);
   for (int i = 0; i < kLinkCount; ++i) links_[i].Create(env_, hwnd(), kLinks[i].control, {});
   lblCompanions_.Create(env_, hwnd(), IDC_lblCompanionsHeading);
   for (int i = 0; i < kCompanions; ++i) {
@@ -69,6 +71,8 @@ void frmHome::Refresh() {
   lblComputer_.SetText(Text(Caption::YourComputer));
   lblRights_.SetText(Text(Caption::HintAdministrator));
   lblRights_.Show(!HasAllRights(app_.ports().registry));
+  lblFolderOpen_.SetText(Text(Caption::FolderIsOpen));
+  lblFolderOpen_.Show(LetsEveryUserChange(app_.ports().files.Security(app_.folders().application)));
   lblCompanions_.SetText(Text(Caption::CompanionPrograms));
   lblCompanionsFolder_.SetText(Text(Caption::CompanionsBelongIn) + " " +
                                app_.folders().application);
@@ -161,7 +165,9 @@ int frmHome::LayOut(Layout& layout, Area area, bool header) {
   inner.CutTop(margin);
   LayOutHeading(layout, &inner, lblComputer_);
   LayOutFacts(layout, &inner, kStatistics, kFacts);
-  if (lblRights_.Shown()) LayOutText(layout, &inner, lblRights_);
+  for (const Label* hint : {&lblRights_, &lblFolderOpen_}) {
+    if (hint->Shown()) LayOutText(layout, &inner, *hint);
+  }
   inner.CutTop(metrics().Scale(4));
   LayOutLinks(layout, &inner);
   inner.CutTop(margin);

@@ -71,6 +71,7 @@ class frmHome : public Page {
   std::array<Fact, kFacts> facts_;
   std::array<LinkLabel, kLinkCount> links_;
   Label lblRights_;
+  Label lblFolderOpen_;
   Label lblCompanions_;
   std::array<PictureButton, kCompanions> companions_;
   Label lblCompanionsFolder_;

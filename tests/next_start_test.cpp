@@ -202,6 +202,34 @@ TEST_SUITE("next_start") {
       CHECK(IsClosedToUsers(other));
     }
   }
+
+  TEST_CASE("a folder is open when a right to change it is every user's") {
+    const std::string closed = ClosedDescriptor();
+    CHECK_FALSE(LetsEveryUserChange(closed));
+    CHECK_FALSE(LetsEveryUserChange(""));
+    std::string listless = closed;
+    listless[2] = 0;
+    CHECK(LetsEveryUserChange(listless));
+    listless = closed;
+    listless.replace(16, 4, std::string(4, '\0'));
+    CHECK(LetsEveryUserChange(listless));
+    // The second holder: power users (0x23) are not everybody, users (0x21) and guests are.
+    constexpr std::size_t kEntry = 20 + 16 + 8 + 20;
+    const Rows<char, bool> kHolders{{'\x23', false}, {'\x21', true}, {'\x22', true}};
+    for (const auto& [holder, open] : kHolders) {
+      std::string other = closed;
+      other[kEntry + 8 + 12] = holder;
+      CHECK(LetsEveryUserChange(other) == open);
+      other.replace(kEntry + 4, 4, std::string("\xA9\0\x12\0", 4));
+      CHECK_FALSE(LetsEveryUserChange(other));
+    }
+    std::string everyone = closed;
+    everyone.replace(kEntry + 8, 12, std::string("\1\1\0\0\0\0\0\1\0\0\0\0", 12));
+    CHECK(LetsEveryUserChange(everyone));
+    for (std::size_t size = 0; size < everyone.size(); ++size) {
+      CHECK_FALSE(LetsEveryUserChange(everyone.substr(0, size)));
+    }
+  }
 }
 
 }  // namespace scourwell::test

@@ -565,6 +565,7 @@ enum class Caption : int {
   TourRights = 17596,
   TourRightsText = 17597,
   TourAgain = 17598,
+  FolderIsOpen = 17700,
 };
 
 constexpr int NumberOf(Caption caption) { return static_cast<int>(caption); }

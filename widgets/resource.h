@@ -135,6 +135,7 @@
 #define IDC_lblCompanionsHeading 1227
 #define IDC_lblCompanionsFolder 1228
 #define IDC_lblRights 1229
+#define IDC_lblFolderOpen 1346
 
 // frmScanSpy: SpyStatusFrame, the progress pane
 #define IDC_SpyStatusFrame 1300
