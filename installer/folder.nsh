@@ -9,11 +9,12 @@ Var WasThere   ; 1 when the folder held the program before
 Function ${PREFIX}CanWrite
   ClearErrors
   GetTempFileName $0 "$INSTDIR"
+  FileOpen $1 $0 a
   ${If} ${Errors}
-  ${OrIf} $0 == ""
     StrCpy $0 0
     Return
   ${EndIf}
+  FileClose $1
   Delete $0
   StrCpy $0 1
 FunctionEnd
