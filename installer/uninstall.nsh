@@ -4,13 +4,13 @@
 
 Section "un.Scourwell" UnProgram
   SectionIn RO
-  Call un.AskToClose
   Call un.CanWrite
   ${If} $0 = 0
     MessageBox MB_OK|MB_ICONSTOP "$(CannotRemove)$\r$\n$INSTDIR" /SD IDOK
     SetErrorLevel 3
     Quit
   ${EndIf}
+  Call un.AskToClose
   !include "${LISTS}\take.nsh"
   Delete "$INSTDIR\Ini\update.old"
   Delete "$INSTDIR\Setting.ini"

@@ -187,7 +187,7 @@ closes_what_runs() {
         wine tasklist | grep -q Scourwell.exe && break
         sleep 0.2
     done
-    sleep 4
+    # It has no window yet.
     remove
     wine tasklist | grep -q Scourwell.exe && complain "uninstalling leaves the program running"
     [ ! -e "$folder/Scourwell.exe" ] || complain "uninstalling leaves the program"
