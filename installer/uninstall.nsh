@@ -19,6 +19,11 @@ Section "un.Scourwell" UnProgram
   Delete "$INSTDIR\ignorespytemp.txt"
   Delete "$INSTDIR\ScanLog*.txt"
   Delete "$INSTDIR\Remove.reg"
+  ; A crash leaves what was to take a file's place.
+  Delete "$INSTDIR\*.~scw"
+  Delete "$INSTDIR\Ini\*.~scw"
+  Delete "$INSTDIR\~scw*.tmp"
+  Delete "$INSTDIR\Ini\~scw*.tmp"
   RMDir "$INSTDIR\Lang"
   RMDir "$INSTDIR\Help"
   RMDir "$INSTDIR\Ini"

@@ -178,19 +178,21 @@ undoes_only_its_own_entries() {
     same_machine before after || complain "a 64-bit machine is not what it was"
 }
 
+# Early, while the splash screen is there, and later.
 closes_what_runs() {
+    local running seconds
     new_machine running
-    setup current.exe > /dev/null
     start_display
-    wine "$place\\Scourwell.exe" < /dev/null > /dev/null 2>&1 &
-    for ((tries = 0; tries < 100; tries++)); do
-        wine tasklist | grep -q Scourwell.exe && break
-        sleep 0.2
+    for seconds in 1 4; do
+        setup current.exe > /dev/null
+        wine "$place\\Scourwell.exe" < /dev/null > /dev/null 2>&1 &
+        running=$!
+        sleep $seconds
+        kill -0 $running 2> /dev/null || complain "the program does not start"
+        remove
+        if kill -0 $running 2> /dev/null; then complain "uninstalling leaves the program running"; fi
+        [ ! -e "$folder/Scourwell.exe" ] || complain "uninstalling leaves the program"
     done
-    # It has no window yet.
-    remove
-    wine tasklist | grep -q Scourwell.exe && complain "uninstalling leaves the program running"
-    [ ! -e "$folder/Scourwell.exe" ] || complain "uninstalling leaves the program"
     stop_display
 }
 
