@@ -194,6 +194,13 @@ closes_what_runs() {
         [ ! -e "$folder/Scourwell.exe" ] || complain "uninstalling leaves the program"
     done
     stop_display
+    # A program without a window cannot be asked; it is waited for.
+    setup current.exe > /dev/null
+    cp "$drive/windows/system32/cmd.exe" "$folder/ScourwellCon.exe"
+    sleep 3 | wine "$place\\ScourwellCon.exe" > /dev/null &
+    sleep 1
+    remove
+    [ ! -e "$folder" ] || complain "uninstalling leaves a program that was in use"
 }
 
 [ -f "$project/out/Scourwell/Scourwell.exe" ] || { echo "installer: out/Scourwell is not built"; exit 1; }
