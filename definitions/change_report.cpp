@@ -17,6 +17,14 @@ constexpr Caption kLabels[kReleaseValues.size()] = {Caption::UpdateFile, Caption
                                                     Caption::ComponentsAdded,
                                                     Caption::ComponentsRemoved};
 
+// Of a list, whole names.
+std::string Shortened(const std::string& line) {
+  if (line.size() <= kLongestLine) return line;
+  const std::string_view shown = WholeCharacters(line, kLongestLine);
+  const std::size_t comma = shown.rfind(", ");
+  return std::string(comma == shown.npos ? shown : shown.substr(0, comma + 2)) + "...";
+}
+
 }  // namespace
 
 std::string ReleaseLines(const Captions& captions, const ReleaseTexts& release) {
@@ -32,9 +40,7 @@ std::string WithShortLines(const std::string& text) {
   std::string report;
   for (std::size_t begin = 0; begin < text.size();) {
     const std::size_t end = std::min(text.find("\r\n", begin), text.size());
-    const std::string line = text.substr(begin, end - begin);
-    report += line.size() > kLongestLine ? std::string(WholeCharacters(line, kLongestLine)) + "..."
-                                         : line;
+    report += Shortened(text.substr(begin, end - begin));
     if (end < text.size()) report += "\r\n";
     begin = end + 2;
   }

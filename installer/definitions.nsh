@@ -59,9 +59,10 @@ Function IsNewer
   done:
 FunctionEnd
 
-; Newer ones are put aside, beside where they lie, while ours are unpacked.
+; Newer ones are put aside, beside where they lie, while ours are unpacked. A set-up that was ended
+; by force has left its user's there.
 Function SaveDefinitions
-  Delete "$INSTDIR\Ini\update.kept"
+  Call BringDefinitionsBack
   IfFileExists "$INSTDIR\Ini\update.ref" 0 done
   ReadINIStr $R2 "$INSTDIR\Ini\update.ref" "SETTINGS" "UPDATE-FILE-NUMBER"
   StrCpy $R3 "${RELEASE}"

@@ -5,7 +5,7 @@
 ;   SIZE_KB   of all files    OUTPUT   what to write
 ; The ANSI stub runs on Windows 95. /S asks nothing, /D=C:\folder comes last; uninstalling with /S keeps
 ; the backups unless /BACKUPS=delete is given. Exit codes: 1 cancelled, 2 the program would not close,
-; 3 the folder cannot be written to, 4 a newer version is there.
+; 3 the folder cannot be written to or its disk is full, 4 a newer version is there, 5 another set-up runs.
 Unicode false
 SetCompressor /SOLID lzma
 SetDateSave off
@@ -21,6 +21,8 @@ CRCCheck force
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
 !define RUN_VALUE "ZURANTISPY"
 !define STORE_KEY "Software\Scourwell"
+!define VERB_COMMAND '"$INSTDIR\Scourwell.exe" "%1"'
+!define RUN_COMMAND '"$INSTDIR\Scourwell.exe" /STARTUP'
 !define WINDOW_CLASS "frmMain"
 
 Name "Scourwell"
@@ -74,6 +76,8 @@ VIAddVersionKey /LANG=0 "LegalCopyright" "The Scourwell developers"
 !insertmacro MUI_LANGUAGE "Spanish"
 !include texts.nsh
 !include running.nsh
+!include shell_entries.nsh
+!include folder.nsh
 !include definitions.nsh
 
 ; --- before the pages --------------------------------------------------------------------------
@@ -90,6 +94,7 @@ VIAddVersionKey /LANG=0 "LegalCopyright" "The Scourwell developers"
 !macroend
 
 Function .onInit
+  Call RefuseSecond
   !insertmacro ForWhom
   ${If} $INSTDIR == ""
     ReadRegStr $INSTDIR SHCTX "${UNINSTALL_KEY}" "InstallLocation"
@@ -108,6 +113,17 @@ Function .onInit
   Call OfferWhatIsThere
 FunctionEnd
 
+; Two at once would write the same files. The name lasts as long as this process.
+Function RefuseSecond
+  System::Call 'kernel32::CreateMutexA(i 0, i 0, t "ScourwellSetup") i .r1 ?e'
+  Pop $0
+  ${If} $0 = 183   ; ERROR_ALREADY_EXISTS
+    MessageBox MB_OK|MB_ICONEXCLAMATION "$(SetupRuns)" /SD IDOK
+    SetErrorLevel 5
+    Quit
+  ${EndIf}
+FunctionEnd
+
 ; A newer version is replaced only when its user says so.
 Function RefuseOlder
   ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" "DisplayVersion"
@@ -123,49 +139,23 @@ Function RefuseOlder
   done:
 FunctionEnd
 
-; Tried, because no question to the system answers for every kind of disk.
-Function CheckFolder
-  IfFileExists "$INSTDIR\*.*" 0 +2
-    StrCpy $R9 "there"
-  ClearErrors
-  CreateDirectory "$INSTDIR"
-  GetTempFileName $0 "$INSTDIR"
-  ${If} ${Errors}
-  ${OrIf} $0 == ""
-    MessageBox MB_OK|MB_ICONSTOP "$(CannotWrite)$\r$\n$INSTDIR" /SD IDOK
-    ${If} ${Silent}
-      SetErrorLevel 3
-      Quit
-    ${EndIf}
-    Abort
-  ${EndIf}
-  Delete $0
-  ${If} $R9 != "there"
-    RMDir "$INSTDIR"
-  ${EndIf}
-FunctionEnd
-
 ; --- what is installed -------------------------------------------------------------------------
 
 Section "Scourwell" SecProgram
   SectionIn RO
   Call AskToClose
-  ; What of an earlier version has gone from this one goes; what its user made stays.
+  Call LookAtFolder
   Call SaveDefinitions
   SetOverwrite on
   ClearErrors
   !include "${LISTS}\put.nsh"
   WriteUninstaller "$INSTDIR\Uninstall.exe"
-  StrCpy $R8 0
   ${If} ${Errors}
-    StrCpy $R8 1
-  ${EndIf}
-  Call BringDefinitionsBack
-  ${If} $R8 = 1
+    Call GiveUp
     MessageBox MB_OK|MB_ICONSTOP "$(CannotWrite)$\r$\n$INSTDIR" /SD IDOK
-    SetErrorLevel 3
     Quit
   ${EndIf}
+  Call BringDefinitionsBack
   CreateDirectory "$SMPROGRAMS\Scourwell"
   CreateShortCut "$SMPROGRAMS\Scourwell\Scourwell.lnk" "$INSTDIR\Scourwell.exe"
   CreateShortCut "$SMPROGRAMS\Scourwell\$(HelpLink).lnk" "$INSTDIR\Help\index.html"
@@ -195,7 +185,7 @@ SectionEnd
 
 !macro WriteVerb CLASS
   WriteRegStr HKCU "Software\Classes\${CLASS}\shell\Scourwell" "" "$(ScanVerb)"
-  WriteRegStr HKCU "Software\Classes\${CLASS}\shell\Scourwell\command" "" '"$INSTDIR\Scourwell.exe" "%1"'
+  WriteRegStr HKCU "Software\Classes\${CLASS}\shell\Scourwell\command" "" '${VERB_COMMAND}'
 !macroend
 
 Section /o "$(ExplorerVerb)" SecVerb
@@ -204,21 +194,35 @@ Section /o "$(ExplorerVerb)" SecVerb
 SectionEnd
 
 Section /o "$(ScanAtStart)" SecStartup
-  WriteRegStr HKCU "${RUN_KEY}" "${RUN_VALUE}" '"$INSTDIR\Scourwell.exe" /STARTUP'
+  WriteRegStr HKCU "${RUN_KEY}" "${RUN_VALUE}" '${RUN_COMMAND}'
   WriteRegStr HKCU "${STORE_KEY}\RunStartup" "RunStartup" "True"
 SectionEnd
 
-; What is there stays chosen. Windows 2000 is the first whose Explorer reads the user's own classes.
+; What was chosen once, and is not any more.
+Section "-Undo"
+  ${IfNot} ${SectionIsSelected} ${SecDesktop}
+    Delete "$DESKTOP\Scourwell.lnk"
+  ${EndIf}
+  ${IfNot} ${SectionIsSelected} ${SecVerb}
+    Call ForgetVerbs
+  ${EndIf}
+  ${IfNot} ${SectionIsSelected} ${SecStartup}
+    Call ForgetStartup
+  ${EndIf}
+SectionEnd
+
+; What is there stays chosen; what leads to another copy is that copy's. Windows 2000 is the first
+; whose Explorer reads the user's own classes.
 Function OfferWhatIsThere
   ${If} ${FileExists} "$DESKTOP\Scourwell.lnk"
     !insertmacro SelectSection ${SecDesktop}
   ${EndIf}
   ReadRegStr $0 HKCU "Software\Classes\Directory\shell\Scourwell\command" ""
-  ${If} $0 != ""
+  ${If} $0 == '${VERB_COMMAND}'
     !insertmacro SelectSection ${SecVerb}
   ${EndIf}
   ReadRegStr $0 HKCU "${RUN_KEY}" "${RUN_VALUE}"
-  ${If} $0 != ""
+  ${If} $0 == '${RUN_COMMAND}'
     !insertmacro SelectSection ${SecStartup}
   ${EndIf}
   ${IfNot} ${AtLeastWin2000}

@@ -4,6 +4,12 @@
 
 Section "un.Scourwell" UnProgram
   SectionIn RO
+  Call un.CanWrite
+  ${If} $0 = 0
+    MessageBox MB_OK|MB_ICONSTOP "$(CannotRemove)$\r$\n$INSTDIR" /SD IDOK
+    SetErrorLevel 3
+    Quit
+  ${EndIf}
   Call un.AskToClose
   !include "${LISTS}\take.nsh"
   Delete "$INSTDIR\Ini\update.old"
@@ -13,6 +19,11 @@ Section "un.Scourwell" UnProgram
   Delete "$INSTDIR\ignorespytemp.txt"
   Delete "$INSTDIR\ScanLog*.txt"
   Delete "$INSTDIR\Remove.reg"
+  ; A crash leaves what was to take a file's place.
+  Delete "$INSTDIR\*.~scw"
+  Delete "$INSTDIR\Ini\*.~scw"
+  Delete "$INSTDIR\~scw*.tmp"
+  Delete "$INSTDIR\Ini\~scw*.tmp"
   RMDir "$INSTDIR\Lang"
   RMDir "$INSTDIR\Help"
   RMDir "$INSTDIR\Ini"
@@ -24,7 +35,8 @@ Section "un.Scourwell" UnProgram
   Delete "$SMPROGRAMS\Scourwell\Scourwell.lnk"
   RMDir "$SMPROGRAMS\Scourwell"
   Delete "$DESKTOP\Scourwell.lnk"
-  Call un.ForgetShellEntries
+  Call un.ForgetVerbs
+  Call un.ForgetStartup
   Call un.ForgetSettings
   DeleteRegKey SHCTX "${UNINSTALL_KEY}"
   Delete "$INSTDIR\Uninstall.exe"
@@ -33,63 +45,68 @@ SectionEnd
 
 ; Backups, and what the startup manager took out: only they can bring it back.
 Section /o "un.$(DeleteBackups)" UnBackups
+  StrCpy $R6 $INSTDIR
   Call un.DeleteBackups
+  ${If} $R5 != ""
+    StrCpy $R6 $R5
+    Call un.DeleteBackups
+  ${EndIf}
   Delete "$INSTDIR\SaveProf.pro"
   Delete "$INSTDIR\BHOProf.pro"
   Delete "$INSTDIR\SaveProf.pro.bad"
   Delete "$INSTDIR\BHOProf.pro.bad"
-  Delete "$INSTDIR\Disabled Startup\*.*"
+  Delete "$INSTDIR\Disabled Startup\Current User\*.*"
+  Delete "$INSTDIR\Disabled Startup\All Users\*.*"
+  Delete "$INSTDIR\Disabled Startup\win.ini\*.*"
+  RMDir "$INSTDIR\Disabled Startup\Current User"
+  RMDir "$INSTDIR\Disabled Startup\All Users"
+  RMDir "$INSTDIR\Disabled Startup\win.ini"
   RMDir "$INSTDIR\Disabled Startup"
   DeleteRegKey HKCU "${STORE_KEY}"
   RMDir "$INSTDIR"
 SectionEnd
 
-; A backup is one file, or pieces that are numbered from .q01 on and end with it.
+; Those of the folder $R6. A backup is one file, or pieces that are numbered from .q01 on and end with it.
 Function un.DeleteBackups
-  FindFirst $0 $1 "$INSTDIR\*.qzp"
+  FindFirst $0 $1 "$R6\*.qzp"
   next:
     StrCmp $1 "" done
     StrCpy $2 $1 -4
     StrCpy $3 1
   piece:
     IntFmt $4 "%02d" $3
-    IfFileExists "$INSTDIR\$2.q$4" 0 whole
-    Delete "$INSTDIR\$2.q$4"
+    IfFileExists "$R6\$2.q$4" 0 whole
+    Delete "$R6\$2.q$4"
     IntOp $3 $3 + 1
     Goto piece
   whole:
-    Delete "$INSTDIR\$1"
+    Delete "$R6\$1"
     FindNext $0 $1
     Goto next
   done:
   FindClose $0
 FunctionEnd
 
+; Whoever takes it away, it goes from where it was registered.
+Function un.ForWhom
+  SetShellVarContext all
+  StrCpy $0 $INSTDIR "" -1
+  StrCpy $1 $INSTDIR
+  ${If} $0 == "\"
+    StrCpy $1 $INSTDIR -1
+  ${EndIf}
+  ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $0 == $1
+    SetShellVarContext current
+  ${EndIf}
+FunctionEnd
+
 Function un.onInit
-  !insertmacro ForWhom
+  Call un.ForWhom
   ${GetParameters} $0
   ${GetOptions} $0 "/BACKUPS=" $1
   ${If} $1 == "delete"
     !insertmacro SelectSection ${UnBackups}
-  ${EndIf}
-FunctionEnd
-
-!macro ForgetVerb CLASS
-  ReadRegStr $0 HKCU "Software\Classes\${CLASS}\shell\Scourwell\command" ""
-  ${If} $0 == '"$INSTDIR\Scourwell.exe" "%1"'
-    DeleteRegKey HKCU "Software\Classes\${CLASS}\shell\Scourwell"
-    DeleteRegKey /ifempty HKCU "Software\Classes\${CLASS}\shell"
-    DeleteRegKey /ifempty HKCU "Software\Classes\${CLASS}"
-  ${EndIf}
-!macroend
-
-; Those that lead to another copy are that copy's.
-Function un.ForgetShellEntries
-  !insertmacro ForgetVerb Directory
-  !insertmacro ForgetVerb Drive
-  ReadRegStr $0 HKCU "${RUN_KEY}" "${RUN_VALUE}"
-  ${If} $0 == '"$INSTDIR\Scourwell.exe" /STARTUP'
-    DeleteRegValue HKCU "${RUN_KEY}" "${RUN_VALUE}"
   ${EndIf}
 FunctionEnd
 
@@ -114,5 +131,14 @@ Function un.ForgetSettings
   ${IfNot} ${FileExists} "$INSTDIR\*.qzp"
   ${AndIfNot} ${FileExists} "$R5\*.qzp"
     DeleteRegKey HKCU "${STORE_KEY}"
+  ; A later installation finds those that lie elsewhere.
+  ${ElseIf} $R5 != $INSTDIR
+  ${AndIf} ${FileExists} "$R5\*.qzp"
+    WriteRegStr HKCU "${STORE_KEY}\Path" "BackupPath" "$R5"
   ${EndIf}
 FunctionEnd
+
+!insertmacro MUI_UNFUNCTION_DESCRIPTION_BEGIN
+  !insertmacro MUI_DESCRIPTION_TEXT ${UnProgram} "$(AboutProgram)"
+  !insertmacro MUI_DESCRIPTION_TEXT ${UnBackups} "$(AboutBackups)"
+!insertmacro MUI_UNFUNCTION_DESCRIPTION_END

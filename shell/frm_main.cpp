@@ -266,8 +266,9 @@ void frmMain::Close() {
   if (!IsWindowEnabled(hwnd())) {
     HWND popup = GetLastActivePopup(hwnd());
     if (popup != hwnd()) Calls().Send(popup, WM_CLOSE, 0, 0);
-    // It stays when the user wants to: then so does the program.
-    if (!IsWindowEnabled(hwnd()) && !app_.busy()) close_wanted_ = false;
+    // It stays when the user wants to: then so does the program. The splash screen is nobody's
+    // wish.
+    if (!IsWindowEnabled(hwnd()) && !app_.busy() && ready_) close_wanted_ = false;
     return;
   }
   if (app_.busy()) return;

@@ -67,6 +67,17 @@ TEST_SUITE("change_report") {
     CHECK(r.m.Errors() == "");
   }
 
+  TEST_CASE("a long list ends behind a whole name, a long word where it must") {
+    std::string list = "Added: A (1)";
+    while (list.size() < 500) list += ", New.net (3)";
+    const std::string shown = WithShortLines(list + "\r\nshort, and whole\r\n");
+    const std::size_t end = shown.find("...\r\nshort, and whole\r\n");
+    REQUIRE(end != shown.npos);
+    CHECK(list.substr(0, end + 12) == shown.substr(0, end) + "New.net (3)" + ",");
+    CHECK(end > 380);
+    CHECK(WithShortLines(std::string(401, 'x')) == std::string(400, 'x') + "...");
+  }
+
   TEST_CASE("without a file, or with a number that cannot be read, nothing changes") {
     Reporting r;
     static_cast<void>(r.store.Set("REFFILE", "Number", "5"));

@@ -31,8 +31,9 @@ class FormDialogCalls : public DialogCalls {
     dialog.nMaxFile = static_cast<DWORD>(path.size());
     dialog.lpstrTitle = title.empty() ? nullptr : title.c_str();
     dialog.lpstrDefExt = extension.c_str();
+    // A portable copy leaves no trace in the list of recent documents.
     dialog.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST |
-                   (question.save ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
+                   OFN_DONTADDTORECENT | (question.save ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
     return Form::AskForFile(&dialog, question.save) ? Form::FromNative(path.c_str()) : "";
   }
 

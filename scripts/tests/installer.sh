@@ -7,7 +7,6 @@ project=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd -P)
 . "$project/scripts/display.sh"
 work=$(mktemp -d)
 failures=0
-place='C:\Program Files\Scourwell'
 uninstall_key='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Scourwell'
 cd "$work"
 
@@ -48,12 +47,23 @@ remove() {
 
 value() { wine reg query "$1" /v "$2" | tr -d '\r' | sed -nE "s/^ +$2 +REG_[A-Z]+ +//p"; }
 
+# new_machine NAME [64|win98]
 new_machine() {
+    local programs='Program Files'
+    if [ -n "${WINEPREFIX:-}" ]; then wine --kill; fi
+    unset SCOURWELL_WINE
+    if [ "${2:-}" = 64 ]; then
+        programs='Program Files (x86)'
+        export SCOURWELL_WINE=64
+        "$project/scripts/setup-wine64.sh"
+    fi
     export WINEPREFIX=$work/$1
-    "$project/build/wine/new-prefix" "$WINEPREFIX"
+    "$project/build/wine${SCOURWELL_WINE:-}/new-prefix" "$WINEPREFIX"
     drive=$WINEPREFIX/drive_c
-    folder=$drive/Program\ Files/Scourwell
+    place="C:\\$programs\\Scourwell"
+    folder=$drive/$programs/Scourwell
     wine cmd /c exit
+    [ "${2:-}" != win98 ] || wine reg add 'HKCU\Software\Wine' /v Version /d win98 /f > /dev/null
 }
 
 # What the machine is, by files and registry. Wine writes its registry when it ends.
@@ -114,7 +124,7 @@ installs_and_leaves_nothing() {
 
 keeps_what_is_the_users() {
     local newer='=9=9<9=' older='<9A9<9<' ref=$folder/Ini/update.ref
-    new_machine user
+    new_machine user win98
     setup current.exe > /dev/null
     ref=$folder/Ini/update.ref
     printf '[SETTINGS]\r\nUPDATE-FILE-NUMBER=%s\r\n' "$newer" > "$ref"
@@ -122,6 +132,10 @@ keeps_what_is_the_users() {
     echo kept > "$folder/My backup.qzp"
     echo kept > "$folder/My backup.q01"
     echo kept > "$folder/note.q01"
+    mkdir -p "$drive/backups" "$folder/Disabled Startup/All Users"
+    echo kept > "$drive/backups/Other backup.qzp"
+    echo kept > "$folder/Disabled Startup/All Users/Tool.lnk"
+    wine reg add 'HKCU\Software\Scourwell\Path' /v BackupPath /d 'C:\backups' /f > /dev/null
     wine reg add 'HKCU\Software\Scourwell\Backup' /v MachineKey /d secret /f > /dev/null
     wine reg add 'HKCU\Software\Scourwell\Mark' /v Checked /d n /f > /dev/null
     [ "$(setup current.exe)" = 0 ] || complain "an upgrade fails"
@@ -133,41 +147,60 @@ keeps_what_is_the_users() {
     grep -q kept "$folder/ignorespylist.txt" || complain "an upgrade loses the ignore list"
     [ "$(value 'HKCU\Software\Scourwell\Mark' Checked)" = n ] || complain "an upgrade loses settings"
     remove
-    [ "$(find "$folder" -type f | sed 's|.*/||' | LC_ALL=C sort | paste -sd ,)" = 'My backup.q01,My backup.qzp,note.q01' ] ||
+    [ "$(find "$folder" -type f | sed 's|.*/||' | LC_ALL=C sort | paste -sd ,)" = 'My backup.q01,My backup.qzp,Tool.lnk,note.q01' ] ||
         complain "uninstalling leaves $(find "$folder" -type f)"
     [ "$(value 'HKCU\Software\Scourwell\Backup' MachineKey)" = secret ] || complain "the backups lost their proof"
     [ -z "$(value 'HKCU\Software\Scourwell\Mark' Checked)" ] || complain "uninstalling leaves settings"
+    [ "$(value 'HKCU\Software\Scourwell\Path' BackupPath)" = 'C:\backups' ] || complain "it is forgotten where the backups lie"
     setup current.exe > /dev/null
     remove /BACKUPS=delete
-    [ "$(find "$folder" -type f | sed 's|.*/||')" = note.q01 ] || complain "deleting backups leaves $(find "$folder" -type f)"
+    [ "$(find "$folder" "$drive/backups" -mindepth 1 | sed 's|.*/||')" = note.q01 ] || complain "deleting backups leaves $(find "$folder" "$drive/backups")"
     [ -z "$(value 'HKCU\Software\Scourwell\Backup' MachineKey)" ] || complain "the proof of backups outlives them"
 }
 
 undoes_only_its_own_entries() {
     local run='HKCU\Software\Microsoft\Windows\CurrentVersion\Run' verb='HKCU\Software\Classes\Directory\shell\Scourwell\command'
-    new_machine entries
-    setup current.exe > /dev/null
+    new_machine entries 64
+    take_snapshot before
+    [ "$(setup older.exe)" = 0 ] || complain "the set-up fails on a 64-bit system"
+    [ -f "$folder/Scourwell.exe" ] || complain "it installs to another folder on a 64-bit system"
+    [ "$(setup current.exe)" = 0 ] || complain "an upgrade fails on a 64-bit system"
+    rm "$folder/Uninstall.exe"
+    [ "$(setup current.exe)" = 0 ] || complain "it cannot be installed again when its uninstaller is lost"
+    wine reg query "${uninstall_key/Software/Software\\Wow6432Node}" > /dev/null || complain "a 64-bit system has no uninstall entry"
     wine reg add "$run" /v ZURANTISPY /d "\"$place\\Scourwell.exe\" /STARTUP" /f > /dev/null
     wine reg add "$verb" /ve /d "\"C:\\other\\Scourwell.exe\" \"%1\"" /f > /dev/null
     remove
     [ -z "$(value "$run" ZURANTISPY)" ] || complain "uninstalling leaves the scan at the start of Windows"
     wine reg query "$verb" /ve | grep -q other || complain "uninstalling takes another copy's entry in Explorer's menu"
+    wine reg delete 'HKCU\Software\Classes' /f > /dev/null
+    take_snapshot after
+    same_machine before after || complain "a 64-bit machine is not what it was"
 }
 
+# Early, while the splash screen is there, and later.
 closes_what_runs() {
+    local running seconds
     new_machine running
-    setup current.exe > /dev/null
     start_display
-    wine "$place\\Scourwell.exe" < /dev/null > /dev/null 2>&1 &
-    for ((tries = 0; tries < 100; tries++)); do
-        wine tasklist | grep -q Scourwell.exe && break
-        sleep 0.2
+    for seconds in 1 4; do
+        setup current.exe > /dev/null
+        wine "$place\\Scourwell.exe" < /dev/null > /dev/null 2>&1 &
+        running=$!
+        sleep $seconds
+        kill -0 $running 2> /dev/null || complain "the program does not start"
+        remove
+        if kill -0 $running 2> /dev/null; then complain "uninstalling leaves the program running"; fi
+        [ ! -e "$folder/Scourwell.exe" ] || complain "uninstalling leaves the program"
     done
-    sleep 4
-    remove
-    wine tasklist | grep -q Scourwell.exe && complain "uninstalling leaves the program running"
-    [ ! -e "$folder/Scourwell.exe" ] || complain "uninstalling leaves the program"
     stop_display
+    # A program without a window cannot be asked; it is waited for.
+    setup current.exe > /dev/null
+    cp "$drive/windows/system32/cmd.exe" "$folder/ScourwellCon.exe"
+    sleep 3 | wine "$place\\ScourwellCon.exe" > /dev/null &
+    sleep 1
+    remove
+    [ ! -e "$folder" ] || complain "uninstalling leaves a program that was in use"
 }
 
 [ -f "$project/out/Scourwell/Scourwell.exe" ] || { echo "installer: out/Scourwell is not built"; exit 1; }

@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: MIT
 
 // Removal, backup, restore and exclusion through the windows of the built program.
+#include <shlobj.h>
+
+#include <algorithm>
+#include <iterator>
+#include <sstream>
+
 #include "platform/registry.h"
 #include "platform/win/files_win.h"
 #include "platform/win/registry_win.h"
+#include "platform/win/system_win.h"
 #include "tests/win/evil_machine.h"
 #include "tests/win/snapshot.h"
 
@@ -169,6 +176,65 @@ TEST_CASE("an unattended scan backs up, removes, tells and counts") {
   Click(ReadyControl(manager, IDC_cmdClean));
   Answer(&second, "Confirmation", IDYES);
   CHECK(second.Close());
+}
+
+// Without what Wine notes down of itself.
+std::vector<std::string> RegistryLines(const std::vector<std::string>& without) {
+  std::string text =
+      KeySnapshot(RootKey::LocalMachine, "Software") +
+      KeySnapshot(RootKey::LocalMachine, "System\\CurrentControlSet\\Control\\Session Manager") +
+      KeySnapshot(RootKey::CurrentUser, "Software") +
+      KeySnapshot(RootKey::CurrentUser, "Control Panel");
+  for (const std::string& part : without) text.erase(text.find(part), part.size());
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) {
+    if (line.find("Software\\Wine\\") == line.npos) lines.push_back(line);
+  }
+  std::sort(lines.begin(), lines.end());
+  return lines;
+}
+
+TEST_CASE("a portable copy leaves the registry as it was, but for what it removed") {
+  PlantEvil();
+  const std::string cookie =
+      SystemWin().ShellFolder(CSIDL_COOKIES) + "\\someone@tracker.evil[1].txt";
+  PlantContent(cookie, "recognised");
+  PlantContent(
+      kReference,
+      Content(kReference) +
+          test::Definitions().Entry("COOK", {"COOKT", "COOKC"}, {"Evil", "tracker"}).Text());
+  const std::string portable = std::string(kProgramFolder) + "portable.ini";
+  PlantContent(portable, "[AutoRemove]\r\nAutoRemove=True\r\n");
+  const std::string run = KeySnapshot(RootKey::LocalMachine, kRun);
+  const std::size_t value = run.find(std::string(kRun) + " \"EvilStart\"");
+  REQUIRE(value != run.npos);
+  const std::vector<std::string> before =
+      RegistryLines({KeySnapshot(RootKey::LocalMachine, kEvilKey),
+                     run.substr(value, run.find('\n', value) + 1 - value)});
+  Program program("/STARTUP");
+  REQUIRE(program.MainWindow());
+  const std::string outcome = CloseOutcome(&program);
+  CAPTURE(outcome);
+  CHECK(outcome.find(cookie + " - removed") != std::string::npos);
+  CHECK(outcome.find("C:\\planted\\evil.dll - removed") != std::string::npos);
+  CHECK(program.Close());
+  const std::vector<std::string> after = RegistryLines({});
+  MESSAGE("lines of the registry: ", before.size());
+  std::vector<std::string> changed;
+  std::set_symmetric_difference(before.begin(), before.end(), after.begin(), after.end(),
+                                std::back_inserter(changed));
+  for (const std::string& line : changed) FAIL_CHECK(line);
+  // What proves its backup stays in the copy, too.
+  CHECK(Content(portable).find("[Backup]") != std::string::npos);
+  std::vector<std::string> backups;
+  static_cast<void>(files.List("C:\\Scourwell\\*.qzp", [&](const DirEntry& entry) {
+    backups.push_back(kProgramFolder + entry.name);
+    return true;
+  }));
+  CHECK(backups.size() == 1);
+  for (const std::string& backup : backups) Erase(backup);
+  Erase(portable);
 }
 
 // Three components of definitions, in C:\components; each serves a class, if so wanted.
