@@ -25,8 +25,6 @@ DiskTarget::DiskTarget(std::unique_ptr<OfflineMachine> machine, ProgramVersion v
                        machine_->code_pages()};
   engine_ = std::make_unique<Engine>(ports, application_, version, report,
                                      Engine::Records::ListenerAlone);
-  kept_ =
-      std::make_unique<TextStore>(machine_->files(), AddPathToFileName(application_, "kept.txt"));
 }
 
 bool DiskTarget::Scan(const ScanScope& scope, const std::vector<std::string>& paths) {
@@ -71,7 +69,7 @@ OfflineRemoval& DiskTarget::Remover() const {
     Engine& engine = *engine_;
     removal_ = std::make_unique<OfflineRemoval>(OfflineRemoval::Parts{
         *machine_, engine.ports().clock, pump_, engine.log(), engine.language(), engine.settings(),
-        *kept_, engine.settings().BackupFolder});
+        engine.store(), engine.settings().BackupFolder});
   }
   return *removal_;
 }

@@ -8,7 +8,6 @@
 
 #include "console/folder_ports.h"
 #include "console/target.h"
-#include "console/text_store.h"
 #include "offline/offline_machine.h"
 #include "offline/offline_removal.h"
 #include "offline/offline_scan.h"
@@ -47,7 +46,6 @@ class DiskTarget : public Target {
   std::string application_;
   std::map<std::string, std::string> adopted_;  // folders of this machine, and their roots
   std::unique_ptr<Engine> engine_;
-  std::unique_ptr<TextStore> kept_;
   mutable std::unique_ptr<OfflineRemoval>
       removal_;  // from its first use on: it asks the disk a lot
 };

@@ -2,6 +2,7 @@
 #include "console/merge.h"
 
 #include <algorithm>
+#include <set>
 
 #include "results/report_html.h"
 #include "scan/finding_texts.h"
@@ -17,6 +18,13 @@ std::string CertaintyOf(const Captions& captions, std::string_view word) {
     if (CertaintyWord(certainty) == word) return CertaintyText(captions, certainty);
   }
   return std::string(word);
+}
+
+// What came of it, in the words of the window; a line says it in words of its own.
+std::string StateOf(const Captions& captions, std::string_view word) {
+  if (word.empty()) return captions.Text(Caption::StateNotTried);
+  const auto state = FindStateName(word);
+  return state ? RemovalStateWord(captions, *state) : std::string(word);
 }
 
 std::string PlaceIn(const JsonValue& line, FindingKind kind) {
@@ -96,13 +104,12 @@ void MergedReport::Show(const Input& input, ReportPage* page) {
   static_cast<void>(ReadLines(input, [&](const JsonValue& line) {
     const auto kind = FindKindName(line.Text("kind"));
     if (!kind) return;
-    const std::string_view state = line.Text("state");
-    page->Row({{input.name},
-               {KindText(captions_, *kind)},
+    page->Row({{input.name, ReportPage::kName},
+               {KindText(captions_, *kind), ReportPage::kWord},
                {std::string(line.Text("spy"))},
                {PlaceIn(line, *kind), ReportPage::kPlace},
-               {CertaintyOf(captions_, line.Text("certainty"))},
-               {state.empty() ? captions_.Text(Caption::StateNotTried) : std::string(state)}});
+               {CertaintyOf(captions_, line.Text("certainty")), ReportPage::kWord},
+               {StateOf(captions_, line.Text("state")), ReportPage::kWord}});
   }));
 }
 
@@ -118,8 +125,11 @@ void MergedReport::ShowInputs(ReportPage* page) const {
   page->EndTable();
 }
 
-Outcome MergedReport::Write(const std::vector<Input>& inputs, const ReportHead& head,
+// A file that is named twice is one scan.
+Outcome MergedReport::Write(std::vector<Input> inputs, const ReportHead& head,
                             const std::string& path) {
+  std::set<std::string> paths;
+  std::erase_if(inputs, [&](const Input& input) { return !paths.insert(input.path).second; });
   for (const Input& input : inputs) Sum(input);
   std::unique_ptr<FileWriter> writer;
   if (Outcome opened = files_.OpenWriter(path, &writer); !opened.ok()) return opened;

@@ -24,7 +24,7 @@ class MergedReport {
 
   MergedReport(Files& files, const Captions& captions) : files_(files), captions_(captions) {}
 
-  Outcome Write(const std::vector<Input>& inputs, const ReportHead& head, const std::string& path);
+  Outcome Write(std::vector<Input> inputs, const ReportHead& head, const std::string& path);
 
   // Inputs that could not be read, broke off, or were not finished, with the reason.
   const std::vector<UnreadPlace>& incomplete() const { return incomplete_; }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "console/records.h"
 
+#include <algorithm>
+
 #include "console/json_text.h"
 #include "scan/finding_texts.h"
 #include "text/escaped.h"
@@ -56,6 +58,12 @@ std::optional<FindingKind> FindKindName(std::string_view name) {
 }
 
 std::string_view StateName(RemovalState state) { return kStates[static_cast<std::size_t>(state)]; }
+
+std::optional<RemovalState> FindStateName(std::string_view name) {
+  const auto found = std::ranges::find(kStates, name);
+  if (found == std::end(kStates)) return std::nullopt;
+  return static_cast<RemovalState>(found - std::begin(kStates));
+}
 
 bool IsInRegistry(FindingKind kind) {
   return kind == FindingKind::RegistryKey || kind == FindingKind::RegistryValue;

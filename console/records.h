@@ -34,6 +34,7 @@ std::string_view KindName(FindingKind kind);
 std::optional<FindingKind> FindKindName(std::string_view name);
 // "removed", "gone", "at-restart", "refused" or "failed".
 std::string_view StateName(RemovalState state);
+std::optional<RemovalState> FindStateName(std::string_view name);
 
 bool IsInRegistry(FindingKind kind);
 // The path or the key with its value: where it is, in one text.

@@ -2,8 +2,9 @@
 """Registry files of Windows machines that do not run, made from nested dicts.
 
 A key is a dict of its subkeys; its entry VALUES is a list of (name, type, data), where data of the
-types 1, 2 and 7 is text, of 4 a number, and bytes otherwise.
-hive() makes a file of the NT family, creg() one of Windows 95, 98 and Me.
+types 1, 2 and 7 may be text, of 4 a number, and is bytes otherwise.
+hive() makes a file of the NT family, creg() one of Windows 95, 98 and Me. read_hive() makes such dicts of a
+file of the NT family, with data as bytes.
 """
 import struct
 
@@ -66,13 +67,15 @@ class Hive:
         try:
             return text.encode("latin-1"), 1
         except UnicodeEncodeError:
-            return text.encode("utf-16-le"), 0
+            return text.encode("utf-16-le", "surrogatepass"), 0
 
     @staticmethod
     def data_of(kind, data):
+        if isinstance(data, bytes):
+            return data
         if kind in (1, 2, 7):
             return (data + "\0").encode("utf-16-le")
-        return struct.pack("<I", data) if kind == 4 else data
+        return struct.pack("<I", data)
 
     def put_value(self, name, kind, data):
         raw, narrow = self.name_of(name)
@@ -137,6 +140,51 @@ class Hive:
 
 def hive(tree, root_name="ROOT"):
     return Hive().finished(tree, root_name)
+
+
+class HiveReader:
+    """Follows cells from the root; trusts the file."""
+
+    def __init__(self, image):
+        self.image = image
+
+    def at(self, form, place, offset=0):
+        return struct.unpack_from("<" + form, self.image, Hive.PAGE + place + 4 + offset)
+
+    def bytes_at(self, place, offset, size):
+        start = Hive.PAGE + place + 4 + offset
+        return self.image[start:start + size]
+
+    def name(self, place, offset, size, narrow):
+        raw = self.bytes_at(place, offset, size)
+        return raw.decode("latin-1") if narrow else raw.decode("utf-16-le", "surrogatepass")
+
+    def listed(self, place):
+        """The places of the subkeys of a list, which may be one of lists."""
+        sign, count = self.at("2sH", place)
+        if sign in (b"lf", b"lh"):
+            return self.at(f"{2 * count}I", place, 4)[::2]
+        places = self.at(f"{count}I", place, 4)
+        return places if sign == b"li" else [key for each in places for key in self.listed(each)]
+
+    def value(self, place):
+        length, size, data, kind, narrow = self.at("HIIIH", place, 2)
+        raw = struct.pack("<I", data)[:size & 7] if size >> 31 else self.bytes_at(data, 0, size)
+        return self.name(place, 20, length, narrow & 1), kind, bytes(raw)
+
+    def key(self, place):
+        count, _, names, _, values, listed = self.at("6I", place, 20)
+        tree = {VALUES: [self.value(each) for each in self.at(f"{values}I", listed)]} if values else {}
+        for below in self.listed(names) if count else ():
+            (flags,), (length,) = self.at("H", below, 2), self.at("H", below, 72)
+            tree[self.name(below, 76, length, flags & 0x20)] = self.key(below)
+        return tree
+
+
+def read_hive(path):
+    with open(path, "rb") as file:
+        image = file.read()
+    return HiveReader(image).key(struct.unpack_from("<I", image, 36)[0])
 
 
 KEY_RECORD = struct.Struct("<6IHH")

@@ -15,7 +15,9 @@ Engine::Engine(const Ports& ports, const std::string& application_folder, Progra
       os_(ports.system),
       folders_(ComputeSystemFolders(ports.system, ports.registry, os_, log_, application_folder)),
       language_(ports.files, ports.clock, ports.code_pages, log_, settings_, application_folder),
-      store_(ports.files, ports.registry, ports.code_pages, application_folder),
+      store_(
+          ports.files, ports.registry, ports.code_pages, application_folder,
+          records == Records::File ? ProgramStore::Home::OfProgram : ProgramStore::Home::OwnFile),
       settings_store_({store_.texts(), ports.registry, ports.profiles, ports.files, ports.clock,
                        ports.code_pages, log_, folders_, version},
                       settings_),

@@ -26,7 +26,8 @@ namespace scourwell {
 // removal and the tools, over the ports of one machine.
 class Engine : private LoadProgress {
  public:
-  // Where failures are put on record: in the program's folder, or nowhere but with a listener.
+  // Where failures are put on record: in the program's folder; or nowhere but with a listener, by
+  // one that works on another machine and keeps nothing in its registry.
   enum class Records { File, ListenerAlone };
 
   // `report` hears of the phases of a scan; it may be a part of whoever owns the engine.
@@ -36,6 +37,8 @@ class Engine : private LoadProgress {
   // The settings as the store has them; nothing is written back.
   void LoadSettings() { settings_store_.LoadSettings(); }
 
+  // Texts of this copy of the program that outlive the run.
+  KeptTexts& store() { return store_.texts(); }
   // A portable copy keeps everything beside itself.
   bool portable() const { return store_.portable(); }
   // Whether backups would lie where a portable copy can write nothing.
@@ -100,7 +103,6 @@ class Engine : private LoadProgress {
   ToolBox& tools() { return tools_; }
 
  protected:
-  KeptTexts& store() { return store_.texts(); }
   Settings& settings_store() { return settings_store_; }
   KeyRemover& keys() { return keys_; }
 

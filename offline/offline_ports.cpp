@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "offline/offline_ports.h"
 
-#include "offline/shortcut_file.h"
-
 namespace scourwell {
 namespace {
 
@@ -12,18 +10,22 @@ constexpr std::uint64_t kLargestShortcut = 1 << 20;
 
 Outcome OfflineShell::Refuse() { return Outcome::Failed(kInvalidCall, "The machine does not run"); }
 
-Outcome OfflineShell::ShortcutTarget(const std::string& link, std::string* target) {
+Outcome OfflineShell::ReadLink(const std::string& link, std::string ShortcutFile::*part,
+                               std::string* text) {
   std::string bytes;
   if (Outcome read = files_.Read(link, kLargestShortcut, &bytes); !read.ok()) return read;
-  *target = ReadShortcut(bytes, code_pages_).target;
+  const auto shortcut = ReadShortcut(bytes, code_pages_);
+  if (!shortcut) return Outcome::Failed(kPathFileAccess, "The shortcut cannot be read");
+  *text = (*shortcut).*part;
   return {};
 }
 
+Outcome OfflineShell::ShortcutTarget(const std::string& link, std::string* target) {
+  return ReadLink(link, &ShortcutFile::target, target);
+}
+
 Outcome OfflineShell::ShortcutArguments(const std::string& link, std::string* arguments) {
-  std::string bytes;
-  if (Outcome read = files_.Read(link, kLargestShortcut, &bytes); !read.ok()) return read;
-  *arguments = ReadShortcut(bytes, code_pages_).arguments;
-  return {};
+  return ReadLink(link, &ShortcutFile::arguments, arguments);
 }
 
 }  // namespace scourwell

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "offline/shortcut_file.h"
 #include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/processes.h"
@@ -43,6 +44,7 @@ class OfflineShell : public Shell {
 
  private:
   static Outcome Refuse();
+  Outcome ReadLink(const std::string& link, std::string ShortcutFile::*part, std::string* text);
 
   Files& files_;
   CodePages& code_pages_;

@@ -20,6 +20,7 @@ namespace {
 
 constexpr std::size_t kLetters = 26;
 constexpr std::size_t kMostListed = 200'000;  // names that are kept, roughly 30 MB
+constexpr std::size_t kLongestWay = 64;       // folders that are kept open
 constexpr unsigned long kExfat = 0x2011BAB0;
 
 bool FoldsNames(int root) {
@@ -31,6 +32,13 @@ bool FoldsNames(int root) {
 
 std::shared_ptr<UniqueFd> Share(UniqueFd fd) {
   return fd ? std::make_shared<UniqueFd>(std::move(fd)) : nullptr;
+}
+
+Outcome WhyNotEntered(int error, PosixFiles::Tree::Links links) {
+  if (error == ENOENT || error == ENOTDIR) return Outcome::Failed(kPathNotFound);
+  if (error != ELOOP && error != EXDEV) return FailedWithErrno(error);
+  if (links == PosixFiles::Tree::Links::Unseen) return Outcome::Failed(kPathNotFound);
+  return Outcome::Failed(kPathFileAccess, "The way leads through a link");
 }
 
 }  // namespace
@@ -75,19 +83,13 @@ Outcome PosixFiles::Tree::Walk(std::string_view path, Links links, PosixSpot* sp
   std::string_view below = path.substr(RootSize(path));
   while (EndsInSeparator(below)) below.remove_suffix(1);
   const std::string_view last = FileNamePart(below);
-  std::string real;
-  const std::shared_ptr<UniqueFd> folder =
-      EnterFolder(*drive, below.substr(0, below.size() - last.size()), &real);
-  if (!folder) {
-    const int error = errno;
-    if (error == ENOENT || error == ENOTDIR) return Outcome::Failed(kPathNotFound);
-    if (error != ELOOP && error != EXDEV) return FailedWithErrno(error);
-    if (links == Links::Unseen) return Outcome::Failed(kPathNotFound);
-    return Outcome::Failed(kPathFileAccess, "The way leads through a link");
+  Step step;
+  if (!EnterFolder(*drive, below.substr(0, below.size() - last.size()), links, &step)) {
+    return WhyNotEntered(errno, links);
   }
-  PosixSpot found{drive, folder, real, ".", true};
+  PosixSpot found{drive, step.folder, step.real, ".", true};
   if (!last.empty()) {
-    const auto name = RealName(*drive, folder->get(), last);
+    const auto name = RealName(*drive, step.folder->get(), last);
     if (!name && errno != ENOENT) return FailedWithErrno();
     found.exists = name.has_value();
     // A name that no disk holds is no name for anything new either.
@@ -104,43 +106,60 @@ Outcome PosixFiles::Tree::Find(std::string_view path, Links links, PosixSpot* sp
   return found.ok() && !spot->exists ? Outcome::Failed(kFileNotFound) : std::move(found);
 }
 
-std::shared_ptr<UniqueFd> PosixFiles::Tree::EnterFolder(const PosixDrive& drive,
-                                                        std::string_view below, std::string* real) {
-  std::string key(1, drive.letter);
-  key += below;
-  if (last_folder_ && key == last_path_) {
-    *real = last_real_;
-    return last_folder_;
+std::size_t PosixFiles::Tree::KnownSteps(std::string_view* below) const {
+  std::size_t known = 0;
+  while (!below->empty()) {
+    std::string_view rest = *below;
+    const std::string_view part = TakePart(&rest);
+    if (!part.empty()) {
+      if (known + 1 == way_.size() || way_[known + 1].part != part) break;
+      ++known;
+    }
+    *below = rest;
   }
-  *real = {drive.letter, ':', kSeparator};
-  auto at = Share(OpenBeneath(drive.root.get(), ".", O_PATH | O_DIRECTORY));
-  while (at && !below.empty()) {
-    const std::string_view part = TakePart(&below);
-    if (!part.empty() && !EnterPart(drive, part, &at, real)) return nullptr;
-  }
-  if (!at) return nullptr;
-  last_path_ = std::move(key);
-  last_real_ = *real;
-  last_folder_ = at;
-  return at;
+  return known;
 }
 
-bool PosixFiles::Tree::EnterPart(const PosixDrive& drive, std::string_view part,
-                                 std::shared_ptr<UniqueFd>* at, std::string* real) {
+bool PosixFiles::Tree::EnterFolder(const PosixDrive& drive, std::string_view below, Links links,
+                                   Step* step) {
+  // Whoever changes something goes all the way anew.
+  if (way_drive_ != &drive || links == Links::Refused) way_.clear();
+  way_drive_ = &drive;
+  if (way_.empty()) {
+    auto root = Share(OpenBeneath(drive.root.get(), ".", O_PATH | O_DIRECTORY));
+    if (!root) return false;
+    way_.push_back({"", {drive.letter, ':', kSeparator}, std::move(root)});
+  }
+  const std::size_t known = KnownSteps(&below);
+  *step = way_[known];
+  if (!below.empty()) way_.resize(known + 1);
+  while (!below.empty()) {
+    const std::string_view part = TakePart(&below);
+    if (part.empty()) continue;
+    Step next;
+    if (!EnterPart(drive, part, *step, &next)) return false;
+    *step = std::move(next);
+    if (way_.size() < kLongestWay) way_.push_back(*step);
+  }
+  return true;
+}
+
+bool PosixFiles::Tree::EnterPart(const PosixDrive& drive, std::string_view part, const Step& at,
+                                 Step* next) {
   const auto exact = drive.folds ? std::nullopt : ToDiskName(part);
-  UniqueFd next;
+  const int folder = at.folder->get();
+  UniqueFd entered;
   errno = ENOENT;
-  if (exact) next = OpenBeneath((*at)->get(), *exact, O_PATH | O_DIRECTORY);
+  if (exact) entered = OpenBeneath(folder, *exact, O_PATH | O_DIRECTORY);
   std::string name(part);
-  if (!next && errno == ENOENT) {
-    const auto found = RealName(drive, (*at)->get(), part);
+  if (!entered && errno == ENOENT) {
+    const auto found = RealName(drive, folder, part);
     if (!found) return false;
-    next = OpenBeneath((*at)->get(), *found, O_PATH | O_DIRECTORY);
+    entered = OpenBeneath(folder, *found, O_PATH | O_DIRECTORY);
     name = FromDiskName(*found);
   }
-  if (!next) return false;
-  *real = AddPathToFileName(*real, name);
-  *at = Share(std::move(next));
+  if (!entered) return false;
+  *next = {std::string(part), AddPathToFileName(at.real, name), Share(std::move(entered))};
   return true;
 }
 
@@ -233,17 +252,20 @@ void PosixFiles::Tree::Forget(const ItemId& id) {
 
 Outcome PosixFiles::Tree::OpenFolder(const std::string& path, std::shared_ptr<UniqueFd>* folder,
                                      const PosixDrive** drive) {
-  PosixSpot spot;
-  const std::string inside = path + kSeparator + "x";
-  // The folder of something in it is the folder itself.
-  if (Outcome walked = Walk(inside, Links::Unseen, &spot); !walked.ok()) return walked;
-  *folder = spot.folder;
-  *drive = spot.drive;
+  const std::string inside = path + kSeparator;  // of a root it may be missing
+  *drive = DriveOf(inside);
+  if (!*drive) return Outcome::Failed(kPathNotFound);
+  Step step;
+  const std::string_view below = std::string_view(inside).substr(RootSize(inside));
+  if (!EnterFolder(**drive, below, Links::Unseen, &step)) {
+    return WhyNotEntered(errno, Links::Unseen);
+  }
+  *folder = std::move(step.folder);
   return {};
 }
 
 void PosixFiles::Tree::Changed(const UniqueFd& folder) {
-  last_folder_.reset();
+  way_.clear();
   if (const auto id = IdOf({folder.get(), "."})) Forget(*id);
 }
 

@@ -81,10 +81,18 @@ class PosixFiles::Tree {
     std::int64_t changed = 0;
   };
 
-  std::shared_ptr<UniqueFd> EnterFolder(const PosixDrive& drive, std::string_view below,
-                                        std::string* real);
-  bool EnterPart(const PosixDrive& drive, std::string_view part, std::shared_ptr<UniqueFd>* at,
-                 std::string* real);
+  // A folder on the way.
+  struct Step {
+    std::string part;  // as it was asked for
+    std::string real;  // its path, by the names on the disk
+    std::shared_ptr<UniqueFd> folder;
+  };
+
+  // What errno says when it is false.
+  bool EnterFolder(const PosixDrive& drive, std::string_view below, Links links, Step* step);
+  bool EnterPart(const PosixDrive& drive, std::string_view part, const Step& at, Step* next);
+  // Takes off what leads along the last way, and says how far that is.
+  std::size_t KnownSteps(std::string_view* below) const;
   // errno is ENOENT when there is none.
   std::optional<std::string> RealName(const PosixDrive& drive, int folder, std::string_view name);
   static std::optional<FolderState> StateOf(int folder);
@@ -98,10 +106,9 @@ class PosixFiles::Tree {
   std::map<ItemId, Listing> listings_;
   std::size_t listed_ = 0;  // names in listings_
   std::map<ItemId, int> holds_;
-  // The folder that was asked for last, as it was spelt.
-  std::string last_path_;
-  std::string last_real_;
-  std::shared_ptr<UniqueFd> last_folder_;
+  // The way that was gone last, from the root of its drive.
+  const PosixDrive* way_drive_ = nullptr;
+  std::vector<Step> way_;
 };
 
 std::optional<PosixFiles::Tree::ItemId> IdOf(const ItemName& item);

@@ -55,9 +55,9 @@ std::string PlaceOf(std::string_view place, CodePages& pages) {
 
 }  // namespace
 
-ShortcutFile ReadShortcut(std::string_view bytes, CodePages& code_pages) {
+std::optional<ShortcutFile> ReadShortcut(std::string_view bytes, CodePages& code_pages) {
+  if (bytes.size() < kHeader || DwordAt(bytes, 0) != kHeader) return {};
   ShortcutFile shortcut;
-  if (bytes.size() < kHeader || DwordAt(bytes, 0) != kHeader) return shortcut;
   const std::uint32_t flags = DwordAt(bytes, kFlagsAt);
   std::string_view rest = bytes.substr(kHeader);
   if (flags & kHasItemList) rest = From(rest, 2 + std::size_t{WordAt(rest, 0)});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,7 @@ struct ShortcutFile {
   std::string arguments;
 };
 
-ShortcutFile ReadShortcut(std::string_view bytes, CodePages& code_pages);
+// Empty when the file is no shortcut.
+std::optional<ShortcutFile> ReadShortcut(std::string_view bytes, CodePages& code_pages);
 
 }  // namespace scourwell

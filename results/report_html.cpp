@@ -24,13 +24,15 @@ void PutRow(const Captions& captions, const ReportRow& row, ReportPage* page) {
   const bool bad = row.result && !row.result->done();
   std::string place = PlaceText(row.finding.object);
   if (!row.finding.user.empty()) place += " [" + row.finding.user + "]";
-  page->Row({{KindText(captions, KindOf(row.finding.object))},
+  page->Row({{KindText(captions, KindOf(row.finding.object)), ReportPage::kWord},
              {row.finding.spy},
              {std::move(place), ReportPage::kPlace},
-             {CertaintyText(captions, row.finding.certainty)},
+             {CertaintyText(captions, row.finding.certainty), ReportPage::kWord},
              {row.result ? RemovalStateText(captions, *row.result)
                          : captions.Text(Caption::StateNotTried),
-              bad ? ReportPage::kBad : std::string_view()}});
+              bad          ? ReportPage::kBad
+              : row.result ? std::string_view()
+                           : ReportPage::kWord}});
 }
 
 }  // namespace

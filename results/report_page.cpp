@@ -22,8 +22,11 @@ constexpr char kStyle[] =
     " vertical-align: top }\r\n"
     "th { background: #DCE8EE }\r\n"
     ".place { word-wrap: break-word; word-break: break-all }\r\n"
+    ".name { overflow-wrap: anywhere; min-width: 6em }\r\n"
+    ".word { white-space: nowrap }\r\n"
     ".bad { color: #C41E1E; font-weight: bold }\r\n"
     "thead { display: table-header-group }\r\n"
+    "h1, h2 { page-break-after: avoid }\r\n"
     "@media print { body { margin: 0; font-size: 8pt } tr { page-break-inside: avoid } }\r\n"
     "</style>\r\n";
 

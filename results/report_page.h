@@ -38,14 +38,16 @@ class ReportPage {
   void BeginTable(const std::vector<std::string>& columns);
   struct Cell {
     std::string text;
-    std::string_view kind = {};  // the class of a place, or of what went wrong
+    std::string_view kind = {};  // one of those below
   };
   void Row(const std::vector<Cell>& cells);
   void EndTable();
   void End();
 
-  static constexpr std::string_view kPlace = "place";
-  static constexpr std::string_view kBad = "bad";
+  static constexpr std::string_view kPlace = "place";  // broken anywhere
+  static constexpr std::string_view kName = "name";    // broken where it is too long
+  static constexpr std::string_view kWord = "word";    // never broken
+  static constexpr std::string_view kBad = "bad";      // what went wrong
 
  private:
   std::string Text(Caption caption) const { return captions_.Text(caption); }

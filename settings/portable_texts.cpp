@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint64_t kLargestFile = 1u << 20;
 constexpr char kHeading[] =
-    "; Scourwell keeps its settings in this file, because it stands beside the program.\r\n";
+    "; Scourwell keeps its settings in this file, and none in the registry.\r\n";
 constexpr char kHere[] = ".";
 
 bool IsControl(char c) {
@@ -48,7 +48,11 @@ PortableTexts::PortableTexts(Files& files, CodePages& code_pages, std::string pa
       path_(std::move(path)),
       folder_(AddPathToFileName(FolderPart(path_), "")) {
   static_cast<void>(Load());
-  read_only_ = !CanWriteIn(files_, std::string(FolderPart(path_)));
+}
+
+bool PortableTexts::read_only() {
+  if (!read_only_) read_only_ = !CanWriteIn(files_, std::string(FolderPart(path_)));
+  return *read_only_;
 }
 
 Outcome PortableTexts::Load() {
@@ -117,7 +121,7 @@ Outcome PortableTexts::Set(const std::string& section, const std::string& key,
 // program of the copy has written meanwhile stays.
 Outcome PortableTexts::SetAll(std::span<const KeptText> texts) {
   Outcome first;
-  if (!read_only_) {
+  if (!read_only()) {
     first = Load();
     if (first.code() == kFileNotFound) first = {};
   }
@@ -128,7 +132,7 @@ Outcome PortableTexts::SetAll(std::span<const KeptText> texts) {
       first = Outcome::Failed(kBadFileName, "This text cannot be kept").With("Key: ", each.key);
     }
   }
-  if (read_only_ || (!first.ok() && first.code() != kBadFileName)) return first;
+  if (read_only() || (!first.ok() && first.code() != kBadFileName)) return first;
   std::string content = Content();
   if (content == content_) return first;
   Outcome written = files_.Replace(path_, content);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,7 +21,7 @@ class PortableTexts : public KeptTexts {
   PortableTexts(Files& files, CodePages& code_pages, std::string path);
 
   // Asked once: where nothing can be written, texts count until the program ends.
-  bool read_only() const { return read_only_; }
+  bool read_only();
 
   std::string Get(const std::string& section, const std::string& key) override;
   Outcome Set(const std::string& section, const std::string& key, const std::string& text) override;
@@ -40,7 +41,7 @@ class PortableTexts : public KeptTexts {
   CodePages& code_pages_;
   std::string path_;
   std::string folder_;  // ends in "\"
-  bool read_only_ = false;
+  std::optional<bool> read_only_;
   std::string content_;  // of the file, as it was read last
   std::vector<KeptText> texts_;
 };

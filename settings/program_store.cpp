@@ -6,9 +6,19 @@
 #include "settings/settings.h"
 
 namespace scourwell {
+namespace {
+
+constexpr char kOwnFile[] = "kept.ini";
+
+}  // namespace
 
 ProgramStore::ProgramStore(Files& files, Registry& registry, CodePages& code_pages,
-                           const std::string& application_folder) {
+                           const std::string& application_folder, Home home) {
+  if (home == Home::OwnFile) {
+    texts_ = std::make_unique<PortableTexts>(files, code_pages,
+                                             FullPath_With_Filename(application_folder, kOwnFile));
+    return;
+  }
   std::string file = FullPath_With_Filename(application_folder, kPortableFile);
   portable_ = FileExists(files, file);
   if (!portable_) {

@@ -15,11 +15,14 @@ namespace scourwell {
 inline constexpr char kPortableFile[] = "portable.ini";
 
 // Where this copy of the program keeps its texts: in the user's part of the registry, or in the
-// file of a portable copy, which leaves the registry alone.
+// file of a portable copy, which leaves the registry alone; or in a file of its own, where the
+// registry is another machine's.
 class ProgramStore {
  public:
+  enum class Home { OfProgram, OwnFile };
+
   ProgramStore(Files& files, Registry& registry, CodePages& code_pages,
-               const std::string& application_folder);
+               const std::string& application_folder, Home home);
 
   KeptTexts& texts() { return *texts_; }
   bool portable() const { return portable_; }

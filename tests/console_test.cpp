@@ -380,6 +380,18 @@ TEST_SUITE("console_merge") {
     CHECK(page.find("<td>Evil</td><td>2</td><td><svg") != std::string::npos);
     CHECK(page.find("<td>C:\\in\\1.jsonl</td><td>1</td>") != std::string::npos);
     CHECK(page.ends_with("</html>\r\n"));
+    // A name that is given twice is one scan, and what came of it stands there in the window's
+    // words.
+    b.m.File("C:\\in\\3.jsonl",
+             "{\"kind\": \"file\", \"spy\": \"Evil\", \"path\": \"C:\\\\x\", \"state\": "
+             "\"at-restart\"}\n"
+             "{\"summary\": true}\n");
+    CHECK(b.Run({"report", "--merge", "C:\\in\\3.jsonl", "C:\\in\\3.jsonl", "--html",
+                 "C:\\in\\all.html"}) == kFound);
+    const std::string one = b.m.Content("C:\\in\\all.html");
+    CHECK(one.find("<td>Evil</td><td>1</td><td><svg") != std::string::npos);
+    CHECK(one.find("at-restart") == std::string::npos);
+    CHECK(one.find(">pending restart</td>") != std::string::npos);
     for (const std::string& broken :
          {std::string(), whole.substr(0, whole.size() / 3), std::string("no json\n"),
           whole.substr(0, whole.find('\n') + 1),

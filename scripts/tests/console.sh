@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The native program as a process: exit codes, valid lines for any name, Ctrl+C at any moment, a reader that
-# leaves, an output that is full, and the package, its manual page and its completion.
+# leaves, an output that is full, disks with an ignore list, and the package, its manual page and its completion.
 set -euo pipefail
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd -P)
@@ -119,6 +119,29 @@ package() {
     [[ $(dpkg -I "$deb") == *Depends:*libhivex* ]] || fail "the package does not say what it needs"
 }
 
+# Two drives of a disk with two Windows, and an ignore list of names beyond ASCII, which outlives the run.
+disks() {
+    local spy=Dialer.InstantAccess place='D:\Ünï 漢字\EGDACCESS_7.dll' disk=$work/disk
+    local drives=(--drive "C=$disk/c" --drive "D=$disk/d")
+    "$project/demo/make-disk" "$disk/c"
+    cp -r "$disk/c/WINDOWS" "$disk/c/WINNT"
+    mkdir -p "$disk/d/Ünï 漢字"
+    echo harmless > "$disk/d/Ünï 漢字/EGDACCESS_7.dll"
+    ends 3 "$program" scan "${drives[@]}"
+    grep -q 'WINNT.*Windows XP' "$work/err" || fail "the disk has two Windows, and they are not listed"
+    drives+=(--windows-folder 'c:\winnt')
+    ends 1 "$program" scan "${drives[@]}"
+    grep -qF "$place" "$work/out" || fail "the second drive is not scanned"
+    ends 0 "$program" ignore "${drives[@]}" --add file "$spy" "$place"
+    ends 1 "$program" scan "${drives[@]}"
+    ! grep -qF "$place" "$work/out" || fail "what is on the ignore list is shown"
+    ends 0 "$program" ignore "${drives[@]}"
+    grep -qF "$place" "$work/out" || fail "the ignore list shows another place: $(cat "$work/out")"
+    ends 0 "$program" ignore "${drives[@]}" --remove file "$spy" "$place"
+    ends 1 "$program" scan "${drives[@]}"
+    grep -qF "$place" "$work/out" || fail "what was taken off the ignore list is not shown"
+}
+
 # The page names every option, and the completion offers them.
 documents() {
     local command option
@@ -142,6 +165,7 @@ exit_codes
 valid_lines
 stops
 lost_readers
+disks
 package
 documents
 echo "the program as a process: fine"

@@ -46,7 +46,7 @@ check_page() {
     scourwell report --merge lines/*.jsonl --html all.html 2> said.txt || status=$?
     [ "$status" = 3 ] || fail "a page with a damaged disk ends with $status"
     grep -q pc-7 said.txt || fail "the damaged disk is not told"
-    [ "$(grep -c '<tr><td>lines/pc-[1-6].jsonl</td><td>[A-Z]' all.html)" = 102 ] || fail "the page has other rows"
+    [ "$(grep -c '<tr><td class="name">lines/pc-[1-6].jsonl</td><td class="word">[A-Z]' all.html)" = 102 ] || fail "the page has other rows"
     python3 -c '
 import html.parser, sys
 class Page(html.parser.HTMLParser):
