@@ -159,6 +159,7 @@ TEST_SUITE("portable") {
     CHECK(app->TakeNotKept() != "");
     CHECK(app->TakeNotKept() == "");
     static_cast<void>(app->statistics().setNumberOfScans());
+    static_cast<void>(app->statistics().setLastSystemScanDate());
     CHECK(app->statistics().getNumberOfScans() == "8");
     CHECK(app->BackupsRefused());
     app->settings().BackupFolder = "D:\\Elsewhere";

@@ -80,6 +80,9 @@ TEST_SUITE("refc_compare") {
       for (const char* item : question.hits) CHECK(found(item) == question.spy);
       for (const char* item : question.others) CHECK(found(item) == "");
     }
+    // A row that no scan can look for hits nothing.
+    tool.disk.files["u.tsv"] = "[spyware]\nU\tfile\tevil*\\run.exe\tknown\n";
+    CHECK(tool.Run({"match", "u.tsv", "C:\\evil*\\run.exe", "C:\\evilbar\\run.exe"}) == 0);
     tool.Run({"match", "a.tsv", "x", "HKEY_CURRENT_USER\\Run\\\\Bad Name"});
     CHECK(tool.out ==
           "HKEY_CURRENT_USER\\Run\\\\Bad Name\tvalue\tI\tHKEY_CURRENT_USER\\Run\\\\Bad Name\t"

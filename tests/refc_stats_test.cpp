@@ -53,7 +53,7 @@ TEST_SUITE("refc_stats") {
         "Worm.A\tprocess\tevilworm.exe\tname seen, place inferred: http://a.b/c\n"
         "[spyware]\nEvilbar\tfolder\tevilbar\tknown\nWorm.A\tprogram\tevil worm\tstart-up list\n"
         "Evilbar\tvalue\tHKEY_CURRENT_USER\\Software\\Evil\\\\Bar\tname seen, key known: a page\n"
-        "[cookies]\nTracker\tcookie\tevilads\tknown\n"
+        "[cookies]\nTracker\tcookie\tevilads\ta list\n"
         "[categories]\nworm\tspreads\nadware\tnags\nWorm.*\tis\tworm\nEvilbar\tis\tadware\n"
         "[spyware]\nEvilbar\tkey part\tHKEY_CURRENT_USER\\Software\\Evil\\Bar\\x\tknown\n";
     CHECK(tool.Run({"stats", "a.tsv"}) == 0);
@@ -61,7 +61,7 @@ TEST_SUITE("refc_stats") {
          {"rows\t7\n", "spies\t3\n", "family\t3\tspyware\n", "family\t3\ttrojans\n",
           "family\t1\tcookies\n", "kind\t1\tprocess\n", "category\t3\tworm\n",
           "category\t3\tadware\n", "category\t1\tnone\n", "certainty\t1\tpage\n",
-          "certainty\t4\tknown\n", "certainty\t1\tnamed\n", "certainty\t1\tconcluded\n",
+          "certainty\t3\tknown\n", "certainty\t2\tnamed\n", "certainty\t1\tconcluded\n",
           "with a page\t2\t28 %\n", "spies with one row\t1\n", "one row\tTracker\ta.tsv:9\n",
           "rows that can never match\t1\n", "never\ta.tsv:16: reach: "}) {
       CAPTURE(std::string(line));

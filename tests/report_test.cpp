@@ -65,7 +65,9 @@ TEST_SUITE("report") {
         "<script>alert(\"1\")</script> & 'x' \xE2\x80\xAE"
         "gpj";
     r.hits.AddSpyToListView({evil, FoundFile{"C:\\" + evil + ".exe"}});
-    r.hits.AddSpyToListView({"Bar", FoundFile{"C:\\bar.exe"}});
+    Finding of_user{"Bar", FoundFile{"C:\\bar.exe"}};
+    of_user.user = "Anna <x>";
+    r.hits.AddSpyToListView(std::move(of_user));
     r.hits.AddSpyToListView({"bar", FoundFolder{"C:\\Bar"}});
     r.hits.SetChecked(0, false);
     r.m.Folder("C:\\Bar");
@@ -90,6 +92,7 @@ TEST_SUITE("report") {
     const auto place = [&](const char* path) {
       return html.find("<td class=\"place\">" + std::string(path));
     };
+    CHECK(place("C:\\bar.exe [Anna &lt;x&gt;]") != html.npos);
     CHECK(place("C:\\bar.exe") < place("C:\\&lt;script"));
     CHECK(place("C:\\&lt;script") < place("C:\\Bar"));
     CHECK(place("C:\\Bar") != std::string::npos);
