@@ -225,9 +225,18 @@ class NtCalls : public FileCalls {
       SetLastError(ERROR_PATH_NOT_FOUND);
       return false;
     }
-    return With(from, FALSE, [&](const wchar_t* native) {
-             return MoveFileExW(native, target->c_str(), flags);
-           }) != FALSE;
+    // Virus scanners and the shell open a new file for a moment, to look at it.
+    for (const DWORD pause : {20, 60, 120, 0}) {
+      const BOOL moved = With(from, FALSE, [&](const wchar_t* native) {
+        return MoveFileExW(native, target->c_str(), flags);
+      });
+      if (moved) return true;
+      const DWORD error = GetLastError();
+      const bool held = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+      if (pause == 0 || !held) break;
+      Sleep(pause);
+    }
+    return false;
   }
 };
 
