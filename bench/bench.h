@@ -83,6 +83,8 @@ void BenchDefinitions(const char* tree, const char* old_folder, const char* new_
 void BenchPasses(const char* tree);
 void BenchWalk(const char* tree);
 void BenchPhases(const char* cookies, const char* scratch_folder);
+// Of the files right inside the folder, by the system's own reader.
+void ReadVersionsOnce(const char* folder);
 void BenchReading(const char* scratch_folder);
 void BenchIgnoring(const char* scratch_folder);
 void BenchLoading(const char* scratch_folder);

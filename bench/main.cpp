@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-// bench TREE walk: the time of one bare walk. bench TREE SCRATCH COOKIES [archive | ignoring |
-// definitions FOLDER FOLDER]: prints the figures of bench/README.md, or only some. Run it with
-// bench/run.
+// bench TREE walk: the time of one bare walk. bench FOLDER versions: that of reading the version
+// texts of its files once. bench TREE SCRATCH COOKIES [archive | ignoring | definitions FOLDER
+// FOLDER]: prints the figures of bench/README.md, or only some. Run it with bench/run.
 #include "bench/bench.h"
 
 #include <psapi.h>
@@ -29,6 +29,10 @@ int main(int count, char** words) {
   using namespace scourwell::bench;
   if (count == 3 && std::string_view(words[2]) == "walk") {
     BenchWalk(words[1]);
+    return 0;
+  }
+  if (count == 3 && std::string_view(words[2]) == "versions") {
+    ReadVersionsOnce(words[1]);
     return 0;
   }
   if (count < 4) return 2;

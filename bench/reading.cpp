@@ -114,6 +114,22 @@ void BenchVersions(FilesWin& files, GapPump& pump) {
 
 }  // namespace
 
+void ReadVersionsOnce(const char* folder) {
+  FilesWin files;
+  int texts = 0;
+  int count = 0;
+  const double took = Measure([&] {
+    const Outcome listed =
+        files.ListNames(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
+          ++count;
+          texts += SystemTexts(AddPathToFileName(folder, entry.name));
+          return true;
+        });
+    if (!listed.ok()) std::printf("%s cannot be listed\n", folder);
+  });
+  std::printf("versions: %.1f ms, %d files, %d texts\n", took, count, texts);
+}
+
 void BenchReading(const char* scratch_folder) {
   FilesWin files;
   GapPump pump;
