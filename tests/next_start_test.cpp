@@ -100,6 +100,8 @@ TEST_SUITE("next_start") {
     s.m.AddDrive('E');
     s.m.AddDrive('R', DriveKind::Optical);
     s.m.files.AddSecondLetter('Z', DriveKind::Network, "C:\\Shared", "\\\\server\\share");
+    // A letter that claims to be a disk, for a folder elsewhere.
+    s.m.files.AddSecondLetter('Y', DriveKind::Fixed, "C:\\Shared", "\\\\server\\share");
     s.m.File("C:\\Shared\\run.exe").Running();
     s.m.File("C:\\open\\held.exe").Locked();
     s.m.Folder("C:\\open").OpenToUsers();
@@ -108,7 +110,7 @@ TEST_SUITE("next_start") {
     for (const char* path : {"D:\\run.exe", "E:\\run.exe", "R:\\run.exe"}) s.m.File(path).Running();
     s.m.Folder("E:\\").OpenToUsers();
     for (const char* path : {"D:\\run.exe", "E:\\run.exe", "R:\\run.exe", "Z:\\run.exe",
-                             "C:\\open\\held.exe", "C:\\Held", "C:\\denied.exe"}) {
+                             "Y:\\run.exe", "C:\\open\\held.exe", "C:\\Held", "C:\\denied.exe"}) {
       CAPTURE(std::string(path));
       CHECK(s.Leave(path) != kNoError);
       CHECK(s.m.Has(path));
@@ -190,6 +192,13 @@ TEST_SUITE("next_start") {
       // Who may only read, or has the rights for what is made in it alone, does no harm.
       if (at < kEntry) continue;
       const std::size_t entry = at < kEntry + 20 ? kEntry : kEntry + 20;
+      for (const std::uint32_t right :
+           {0x2u, 0x40u, 0x100u, 0x10000u, 0x40000u, 0x80000u, 0x10000000u, 0x40000000u}) {
+        std::string one = other;
+        for (int i = 0; i < 4; ++i) one[entry + 4 + i] = static_cast<char>(right >> 8 * i & 0xFF);
+        CAPTURE(right);
+        CHECK_FALSE(IsClosedToUsers(one));
+      }
       std::string reads = other;
       reads.replace(entry + 4, 4, std::string("\xA9\0\x12\0", 4));
       CHECK(IsClosedToUsers(reads));
