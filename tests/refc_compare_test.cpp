@@ -93,17 +93,20 @@ TEST_SUITE("refc_compare") {
     Tool tool;
     tool.disk.files["old.tsv"] =
         "[spyware]\nGone\tfile\tgone.exe\ts\nKept\tfile\tkept.exe\ts\nKept\tfile\tlost.exe\ts\n"
+        "Kept\tfile\tpassed.exe\ts\nHeir\tfile\tother.exe\ts\n"
         "Old\tfolder\tmoved\ts\nKept\tprogram\tListed\ts\n[release]\nnumber\t7\n";
     tool.disk.files["new.tsv"] =
         "[spyware]\nKept\tfile\tKEPT.exe\ts\nNew\tfile\tnew.exe\ts\nNew\tprocess\tnew.exe\ts\n"
+        "Heir\tfile\tpassed.exe\ts\nHeir\tfile\tother.exe\ts\n"
         "Kept\tfolder\tMoved\ts\nOther\tprogram\tListed\ts\n[release]\nnumber\t8\n";
     CHECK(tool.Run({"diff", "old.tsv", "new.tsv", "--changes", "release.tsv"}) == 1);
     CHECK(tool.out ==
           "-\tfile\tGone\tgone.exe\n-\tfile\tKept\tlost.exe\n+\tfile\tNew\tnew.exe\n"
+          "~\tfile\tHeir\tpassed.exe\twas Kept\n"
           "~\tfolder\tKept\tMoved\twas Old\n+\tprocess\tNew\tnew.exe\n");
     CHECK(tool.disk.files["release.tsv"] ==
           "# The release: its number, and what the user is told of it.\nnumber\t8\n"
-          "updated\tKept (2)\nadded\tNew (2)\nremoved\tGone (1), Old (1)\n");
+          "updated\tHeir (1), Kept (2)\nadded\tNew (2)\nremoved\tGone (1), Old (1)\n");
     CHECK(tool.Run({"build", "release.tsv", "-o", "r.ref"}) == 0);
     // The same rows, built: nothing to say, and no texts but the number.
     tool.Build("new.tsv", tool.disk.files["new.tsv"]);
