@@ -176,17 +176,24 @@ void RegistryRestore::MakeKeys(const std::vector<bool>& chosen) {
     RegistryItem item;
     item.place = key.place;
     item.view64 = key.view64;
-    if (!wanted.contains(id(key.place, key.view64)) || !Judge(item).ok()) continue;
-    if (StateOf(item) != ItemState::Missing) continue;
-    key.made =
-        RegistryOf(key.view64)->CreateKeyOfKind(key.place.root, key.place.path, key.traits.kind) ==
-        kRegOk;
+    if (!wanted.contains(id(key.place, key.view64))) continue;
+    if (Outcome judged = Judge(item); !judged.ok()) {
+      unfinished_.push_back({FullKeyPath(key.place), std::move(judged)});
+      continue;
+    }
+    Registry& registry = *RegistryOf(key.view64);
+    RegStatus status = registry.TryOpen(key.place.root, key.place.path, kKeyRead);
+    if (status == kRegOk) continue;
+    if (status == kRegNotFound) {
+      status = registry.CreateKeyOfKind(key.place.root, key.place.path, key.traits.kind);
+    }
+    key.made = status == kRegOk;
+    if (!key.made) unfinished_.push_back({FullKeyPath(key.place), Outcome::OfRegistry(status)});
   }
 }
 
 // The deepest first: afterwards a key may deny the way to those below it.
 std::vector<ItemReport> RegistryRestore::FinishKeys() {
-  std::vector<ItemReport> failed;
   for (auto key = recorded_.rbegin(); key != recorded_.rend(); ++key) {
     RegistryItem item;
     item.place = key->place;
@@ -199,9 +206,9 @@ std::vector<ItemReport> RegistryRestore::FinishKeys() {
               ->SetKeySecurity(key->place.root, key->place.path, key->traits.security);
       if (status != kRegOk) done = Outcome::OfRegistry(status);
     }
-    if (!done.ok()) failed.push_back({FullKeyPath(key->place), std::move(done)});
+    if (!done.ok()) unfinished_.push_back({FullKeyPath(key->place), std::move(done)});
   }
-  return failed;
+  return std::move(unfinished_);
 }
 
 // The link may have come since the script was judged.

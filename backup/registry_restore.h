@@ -86,6 +86,7 @@ class RegistryRestore {
   std::vector<RegistryItem> items_;
   std::vector<std::string> left_out_;
   std::vector<RecordedKey> recorded_;
+  std::vector<ItemReport> unfinished_;                   // keys that did not get what was recorded
   std::unordered_map<std::string, std::size_t> places_;  // of items, by view, key and name
 };
 

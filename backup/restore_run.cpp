@@ -201,7 +201,7 @@ void RestoreRun::RestoreRegistry(const std::vector<bool>& chosen, RestoreResult*
     Outcome restored = registry_->Restore(item);
     if (!restored.ok()) result->failed.push_back({PlaceText(ObjectOf(item)), std::move(restored)});
   }
-  for (ItemReport& key : registry_->FinishKeys()) result->notes.push_back(std::move(key));
+  for (ItemReport& key : registry_->FinishKeys()) result->failed.push_back(std::move(key));
   for (const std::string& line : registry_->left_out()) {
     result->failed.push_back(
         {line, Outcome::Failed(kTypeMismatch, "This line of a script is not carried out")});
