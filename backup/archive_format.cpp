@@ -16,6 +16,7 @@ constexpr std::string_view kTrailerMagic("QZPEND\r\n", 8);
 constexpr std::size_t kItemSize = 60;  // without its path
 constexpr std::size_t kMoreOfItem = kDigestSize + 4;
 constexpr std::uint64_t kSecurityExtra = 1;
+constexpr std::uint64_t kKeysExtra = 2;
 constexpr std::size_t kLongestItemPath = 0xFFFF;
 
 Outcome Damaged(const char* what) {
@@ -37,10 +38,15 @@ bool SizesFit(const ArchiveItem& item) {
 
 std::string ExtrasOf(const ArchiveItem& item) {
   std::string extras;
-  if (item.security.empty()) return extras;
-  PutNumber(&extras, kSecurityExtra, 1);
-  PutNumber(&extras, item.security.size(), 4);
-  return extras + item.security;
+  const auto put = [&](std::uint64_t tag, const std::string& extra) {
+    if (extra.empty()) return;
+    PutNumber(&extras, tag, 1);
+    PutNumber(&extras, extra.size(), 4);
+    extras += extra;
+  };
+  put(kSecurityExtra, item.security);
+  put(kKeysExtra, item.keys);
+  return extras;
 }
 
 void TakeExtras(std::string_view bytes, ArchiveItem* item, bool* valid) {
@@ -49,6 +55,7 @@ void TakeExtras(std::string_view bytes, ArchiveItem* item, bool* valid) {
     const std::uint64_t tag = from.Take(1);
     const std::string_view extra = from.TakeText(from.Take32());
     if (tag == kSecurityExtra) item->security = extra;
+    if (tag == kKeysExtra) item->keys = extra;
     *valid = !from.failed();
   }
 }

@@ -43,6 +43,7 @@ struct ArchiveItem {
   std::uint32_t crc = 0;     // of the content
   std::string digest;        // SHA-256 of the content; empty: unknown
   std::string security;      // the system's descriptor of who may do what; empty: unknown
+  std::string keys;          // of a script: what it cannot say of its keys
 };
 
 struct PieceHeader {

@@ -90,7 +90,11 @@ Outcome ArchiveWriter::HoldWay(const std::string& path,
 void ArchiveWriter::AddTree(const std::string& path, const DirEntry& entry) {
   if (broken_.ok() && !pump_.Next()) static_cast<void>(Abandon(Stopped()));
   if (!broken_.ok()) return;
-  if (entry.IsLink()) return Note(path, kPathFileAccess, "A link is not stored");
+  if (entry.IsLink()) {
+    return Note(
+        path,
+        Outcome::Failed(kPathFileAccess, "A link is not stored").Because(Caption::ReasonLink));
+  }
   if (!IsStorablePath(path)) {
     return Fail(path, Outcome::Failed(kBadFileName, "The path cannot be stored"));
   }
@@ -133,6 +137,10 @@ bool ArchiveWriter::Keep(ArchiveItem item) {
   if (item.kind != ItemKind::Script) ++result_.files;
   result_.bytes += item.size;
   stored_.insert(item.path);
+  if (item.kind != ItemKind::Script && files_.HasStreams(item.path)) {
+    Note(item.path, Outcome::Failed(kPathFileAccess, "Its further streams are not stored")
+                        .Because(Caption::ReasonStreamsNotKept));
+  }
   items_.push_back(std::move(item));
   return true;
 }
@@ -147,7 +155,9 @@ void ArchiveWriter::AddContent(const std::string& path, const DirEntry& entry) {
   Outcome stored = StoreContent(*reader, &item);
   if (!broken_.ok()) return;
   if (!stored.ok()) return Fail(path, std::move(stored));
-  if (item.size != entry.size) Note(path, kPathFileAccess, "The file changed while it was stored");
+  if (item.size != entry.size) {
+    Note(path, Outcome::Failed(kPathFileAccess, "The file changed while it was stored"));
+  }
   Keep(std::move(item));
 }
 
@@ -182,12 +192,14 @@ Outcome ArchiveWriter::StoreBlock(std::string_view plain, ArchiveItem* item, Sha
   return {};
 }
 
-Outcome ArchiveWriter::AddScript(const std::string& name, std::string_view text) {
+Outcome ArchiveWriter::AddScript(const std::string& name, std::string_view text,
+                                 const std::string& keys) {
   if (!open_) return broken_.ok() ? Outcome::Failed(kInvalidCall) : broken_;
   if (!IsScriptName(name)) return Outcome::Failed(kBadFileName);
   ArchiveItem item;
   item.kind = ItemKind::Script;
   item.path = name;
+  item.keys = keys;
   item.offset = volumes_.position();
   Sha256 digest;
   while (!text.empty()) {

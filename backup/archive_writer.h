@@ -39,8 +39,9 @@ class ArchiveWriter {
   // passed over. A failure means that the archive itself cannot go on: all of it is removed, and
   // every later call fails likewise.
   Outcome AddFile(const std::string& path);
-  // A registry script with a bare file name. kBadFileName: it is none.
-  Outcome AddScript(const std::string& name, std::string_view text);
+  // A registry script with a bare file name, and what it cannot say of its keys. kBadFileName: it
+  // is none.
+  Outcome AddScript(const std::string& name, std::string_view text, const std::string& keys = {});
   // The spy to which what lies at or below a place belongs.
   void AddSpy(const std::string& spy, const std::string& place);
   // Once, as the last call. `key`: the archive bears the mark of this machine.
@@ -62,8 +63,8 @@ class ArchiveWriter {
   void Fail(const std::string& path, Outcome why) {
     result_.failed.push_back({path, std::move(why)});
   }
-  void Note(const std::string& path, ErrorCode code, const char* text) {
-    result_.notes.push_back({path, Outcome::Failed(code, text)});
+  void Note(const std::string& path, Outcome why) {
+    result_.notes.push_back({path, std::move(why)});
   }
   Outcome Abandon(Outcome why);
 

@@ -126,8 +126,8 @@ Outcome Backups::Store(const std::string& name, const std::vector<const Finding*
     }
   }
   // What is stored only in part belongs to the report, but hinders nothing.
-  for (const auto* items :
-       {&archive.result().failed, &archive.result().notes, &registry.left_out()}) {
+  for (const auto* items : {&archive.result().failed, &archive.result().notes, &registry.left_out(),
+                            &registry.notes()}) {
     report->failures.insert(report->failures.end(), items->begin(), items->end());
   }
   Outcome done = AddScripts(name, registry, &archive);
@@ -167,17 +167,17 @@ Outcome Backups::AddScripts(const std::string& name, const RegistryBackup& regis
     const char* ending;
     const RegScript* script;
     bool always;
+    std::string records;
   } scripts[] = {
-      {kKeysEnding, &registry.keys(), true},
-      {kValuesEnding, &registry.values(), true},
-      {kExportedEnding, &registry.exported(), false},
-      {kExported64Ending, &registry.exported64(), false},
+      {kKeysEnding, &registry.keys(), true, {}},
+      {kValuesEnding, &registry.values(), true, {}},
+      {kExportedEnding, &registry.exported(), false, registry.key_records()},
+      {kExported64Ending, &registry.exported64(), false, registry.key_records64()},
   };
-  for (const auto& [ending, script, always] : scripts) {
+  for (const auto& [ending, script, always, records] : scripts) {
     if (script->empty() && !always) continue;
-    if (Outcome added = archive->AddScript(name + ending, script->Bytes()); !added.ok()) {
-      return added;
-    }
+    Outcome added = archive->AddScript(name + ending, script->Bytes(), records);
+    if (!added.ok()) return added;
   }
   return {};
 }

@@ -4,6 +4,7 @@
 #include "machine/cregister.h"
 #include "machine/file_utils.h"
 #include "scan/finding_texts.h"
+#include "text/caption_ids.h"
 #include "text/paths.h"
 #include "text/text.h"
 
@@ -92,8 +93,14 @@ void RegistryBackup::ExportKey(const std::string& full_path, Registry& registry,
   // What lies behind a link is not removed, and a script cannot make the link itself again.
   bool is_link = false;
   static_cast<void>(registry.IsLink(place.root, place.path, &is_link));
-  if (is_link) return;
+  if (is_link) {
+    notes_.push_back(
+        {full_path,
+         Outcome::Failed(kPathFileAccess, "A link is not stored").Because(Caption::ReasonLink)});
+    return;
+  }
   if (!script->AddKey(full_path)) return Note(false, full_path);
+  RecordTraits(full_path, registry, place);
   const RegStatus read = registry.EnumValues(place.root, place.path,
                                              [&](const std::string& name, const RegValue& value) {
                                                Note(script->AddValue(name, value), full_path);
@@ -110,6 +117,16 @@ void RegistryBackup::ExportKey(const std::string& full_path, Registry& registry,
     ExportKey(full_path + "\\" + name, registry, {place.root, place.path + "\\" + name}, depth + 1,
               script);
   }
+}
+
+void RegistryBackup::RecordTraits(const std::string& full_path, Registry& registry,
+                                  const RegistryPlace& place) {
+  RegTraits traits;
+  const RegStatus read = registry.ReadTraits(place.root, place.path, &traits);
+  KeyRecords& records = &registry == registry64_ ? records64_ : records_;
+  if (read == kRegOk && records.Add(full_path, traits)) return;
+  notes_.push_back({full_path, Outcome::Failed(kPathFileAccess, "Its rights are not stored")
+                                   .Because(Caption::ReasonRightsNotKept)});
 }
 
 void RegistryBackup::Note(bool held, const std::string& full_path) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "backup/item_report.h"
+#include "backup/key_records.h"
 #include "machine/reg_script.h"
 #include "machine/registry_place.h"
 #include "platform/pump.h"
@@ -30,6 +31,11 @@ class RegistryBackup {
   // Empty when nothing was checked in that view.
   const RegScript& exported() const { return exported_; }
   const RegScript& exported64() const { return exported64_; }
+  // What those two cannot say of the keys that are stored whole.
+  const std::string& key_records() const { return records_.bytes(); }
+  const std::string& key_records64() const { return records64_.bytes(); }
+  // What is stored apart from something that is not worth a failure.
+  const std::vector<ItemReport>& notes() const { return notes_; }
   // What no script can hold, or could not be read.
   const std::vector<ItemReport>& left_out() const { return left_out_; }
 
@@ -38,6 +44,7 @@ class RegistryBackup {
   void AddValue(const FoundValue& value);
   void ExportKey(const std::string& full_path, Registry& registry, const RegistryPlace& place,
                  unsigned depth, RegScript* script);
+  void RecordTraits(const std::string& full_path, Registry& registry, const RegistryPlace& place);
   void ExportValue(const FoundValue& found, Registry* registry);
   void LeaveOut(const std::string& place, const char* why);
   Registry* RegistryOf(bool view64) { return view64 ? registry64_ : &registry_; }
@@ -51,6 +58,9 @@ class RegistryBackup {
   RegScript values_;
   RegScript exported_;
   RegScript exported64_;
+  KeyRecords records_;
+  KeyRecords records64_;
+  std::vector<ItemReport> notes_;
   std::vector<ItemReport> left_out_;
 };
 

@@ -2,6 +2,7 @@
 #include "backup/registry_restore.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 #include "guard/protected_keys.h"
@@ -153,6 +154,61 @@ RegScript RegistryRestore::ForEditor(std::size_t script, const std::vector<bool>
     if (item.is_value) static_cast<void>(text.AddValue(item.name, item.value));
   }
   return text;
+}
+
+void RegistryRestore::AddRecords(std::string_view bytes, bool view64) {
+  for (KeyRecord& record : ReadKeyRecords(bytes)) {
+    RecordedKey key{{}, view64, std::move(record.traits)};
+    if (SplitRegistryPlace(record.path, &key.place)) recorded_.push_back(std::move(key));
+  }
+}
+
+// Keys that are there keep what they are: they may be another's by now.
+void RegistryRestore::MakeKeys(const std::vector<bool>& chosen) {
+  const auto id = [](const RegistryPlace& place, bool view64) {
+    return Upper(FullKeyPath(place)) + (view64 ? '\1' : '\2');
+  };
+  std::unordered_set<std::string> wanted;
+  for (std::size_t i = 0; i < items_.size(); ++i) {
+    if (chosen[i] && items_[i].refused.ok()) wanted.insert(id(items_[i].place, items_[i].view64));
+  }
+  for (RecordedKey& key : recorded_) {
+    RegistryItem item;
+    item.place = key.place;
+    item.view64 = key.view64;
+    if (!wanted.contains(id(key.place, key.view64))) continue;
+    if (Outcome judged = Judge(item); !judged.ok()) {
+      unfinished_.push_back({FullKeyPath(key.place), std::move(judged)});
+      continue;
+    }
+    Registry& registry = *RegistryOf(key.view64);
+    RegStatus status = registry.TryOpen(key.place.root, key.place.path, kKeyRead);
+    if (status == kRegOk) continue;
+    if (status == kRegNotFound) {
+      status = registry.CreateKeyOfKind(key.place.root, key.place.path, key.traits.kind);
+    }
+    key.made = status == kRegOk;
+    if (!key.made) unfinished_.push_back({FullKeyPath(key.place), Outcome::OfRegistry(status)});
+  }
+}
+
+// The deepest first: afterwards a key may deny the way to those below it.
+std::vector<ItemReport> RegistryRestore::FinishKeys() {
+  for (auto key = recorded_.rbegin(); key != recorded_.rend(); ++key) {
+    RegistryItem item;
+    item.place = key->place;
+    item.view64 = key->view64;
+    if (!key->made || key->traits.security.empty()) continue;
+    Outcome done = Judge(item);
+    if (done.ok()) {
+      const RegStatus status =
+          RegistryOf(key->view64)
+              ->SetKeySecurity(key->place.root, key->place.path, key->traits.security);
+      if (status != kRegOk) done = Outcome::OfRegistry(status);
+    }
+    if (!done.ok()) unfinished_.push_back({FullKeyPath(key->place), std::move(done)});
+  }
+  return std::move(unfinished_);
 }
 
 // The link may have come since the script was judged.

@@ -6,6 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "backup/item_report.h"
+#include "backup/key_records.h"
 #include "guard/key_remover.h"
 #include "machine/reg_script.h"
 #include "machine/reg_script_reader.h"
@@ -42,6 +44,9 @@ class RegistryRestore {
   // be used are listed in left_out().
   Outcome AddScript(const std::string& name, std::string_view bytes);
 
+  // What the scripts of our own archives cannot say of their keys.
+  void AddRecords(std::string_view bytes, bool view64);
+
   const std::vector<RegistryItem>& items() const { return items_; }
   const std::vector<std::string>& left_out() const { return left_out_; }
   ItemState StateOf(const RegistryItem& item);
@@ -49,10 +54,22 @@ class RegistryRestore {
   // What the registry editor may be told of a script: its judged items among those in `chosen`,
   // apart from names that could break a line.
   RegScript ForEditor(std::size_t script, const std::vector<bool>& chosen, ScriptReader reader);
+  // Makes the missing keys of what is chosen with the classes that they had. Before anything else
+  // is restored.
+  void MakeKeys(const std::vector<bool>& chosen);
+  // Gives those keys the rights that they had, and lists what stays otherwise. The last call.
+  std::vector<ItemReport> FinishKeys();
   // Writes an item unless it is there already, and reads it back.
   Outcome Restore(const RegistryItem& item);
 
  private:
+  struct RecordedKey {
+    RegistryPlace place;
+    bool view64 = false;
+    RegTraits traits;
+    bool made = false;
+  };
+
   void Add(const ScriptKey& key, bool view64, std::uint32_t script);
   RegistryItem& ItemFor(RegistryItem item);
   Outcome Judge(const RegistryItem& item);
@@ -68,6 +85,8 @@ class RegistryRestore {
   std::size_t scripts_ = 0;
   std::vector<RegistryItem> items_;
   std::vector<std::string> left_out_;
+  std::vector<RecordedKey> recorded_;
+  std::vector<ItemReport> unfinished_;                   // keys that did not get what was recorded
   std::unordered_map<std::string, std::size_t> places_;  // of items, by view, key and name
 };
 

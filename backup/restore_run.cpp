@@ -61,6 +61,8 @@ Outcome RestoreRun::ReadScripts() {
     // An empty script says nothing.
     if (read.ok() && !text.empty()) read = registry_->AddScript(item.path, text);
     if (read.ok() && !text.empty()) scripts_.push_back(item.path);
+    // Another machine's users are not ours.
+    if (read.ok() && !foreign()) registry_->AddRecords(item.keys, IsScriptOf64(item.path));
     if (!read.ok()) unreadable_.push_back({item.path, std::move(read)});
   }
   return {};
@@ -187,6 +189,7 @@ std::vector<ItemReport> RestoreRun::RestoreFiles(const std::vector<bool>& chosen
 void RestoreRun::RestoreRegistry(const std::vector<bool>& chosen, RestoreResult* result) {
   const std::vector<bool> of_registry(chosen.begin() + static_cast<std::ptrdiff_t>(numbers_.size()),
                                       chosen.end());
+  registry_->MakeKeys(of_registry);
   for (std::size_t i = 0; i < scripts_.size() && parts_.pump.Next(); ++i) {
     const RegScript script = registry_->ForEditor(i, of_registry, ReaderOf(parts_.os));
     if (script.empty() || !IsOwnScript(scripts_[i])) continue;
@@ -198,6 +201,7 @@ void RestoreRun::RestoreRegistry(const std::vector<bool>& chosen, RestoreResult*
     Outcome restored = registry_->Restore(item);
     if (!restored.ok()) result->failed.push_back({PlaceText(ObjectOf(item)), std::move(restored)});
   }
+  for (ItemReport& key : registry_->FinishKeys()) result->failed.push_back(std::move(key));
   for (const std::string& line : registry_->left_out()) {
     result->failed.push_back(
         {line, Outcome::Failed(kTypeMismatch, "This line of a script is not carried out")});

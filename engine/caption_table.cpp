@@ -502,6 +502,8 @@ const DefaultText kCaptions[] = {
     {Caption::TourRightsText, "What you may not open, Scourwell can neither see nor remove. Start it as an administrator to look at the whole computer."},
     {Caption::TourAgain, "Help, First Steps shows this page again."},
     {Caption::FolderIsOpen, "Every user of this computer may change the folder of Scourwell, and so your backups and the ignore list. Program Files is the right place for it."},
+    {Caption::ReasonStreamsNotKept, "Only its content is stored. It has further data streams, which a backup does not keep."},
+    {Caption::ReasonRightsNotKept, "Its access rights are not stored. A restored key takes over those of the key above it."},
 };
 // clang-format on
 

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "machine/restart_lists.h"
 #include "text/caption_ids.h"
 #include "text/paths.h"
 #include "text/text.h"
@@ -63,6 +62,16 @@ Outcome NextStart::NoteOnNt(const std::string& path, OpenedItem* item) {
   return parts_.system.DeleteAtReboot(place);
 }
 
+// Where users could empty it, it may be a link by then.
+Outcome NextStart::LeaveFull(const std::string& path, OpenedItem* folder) {
+  const std::string place = AddPathToFileName(FolderPart(folder->true_path()), FileNamePart(path));
+  if (!IsFixed(parts_.files, place) || !parts_.files.IsGuarded(place) || !IsWayGuarded(place)) {
+    return Outcome::Failed(kPathFileAccess, "What is in use in it keeps it in its place")
+        .Because(Caption::ReasonInUse);
+  }
+  return IsNoted(place) ? Outcome() : parts_.system.DeleteAtReboot(place);
+}
+
 // The folder of Windows is closed to users on every system; a root may be open.
 std::string NextStart::Base(const std::string& true_path) const {
   const std::string root = true_path.substr(0, RootSize(true_path));
@@ -110,11 +119,20 @@ bool NextStart::IsNoted(const std::string& path) {
 }
 
 Outcome NextStart::Withdraw(const std::string& path) {
-  return parts_.os.IsWinNT() ? WithdrawFromRegistry(path) : WithdrawFromFile(path);
+  const std::string short_path = parts_.os.IsWinNT() ? std::string() : parts_.files.ShortPath(path);
+  const auto take_out = [&](const std::string& each) {
+    return IsAtOrBelow(path, each) || IsAtOrBelow(short_path, each);
+  };
+  return parts_.os.IsWinNT() ? TakeOutOfRegistry(take_out) : TakeOutOfFile(take_out);
+}
+
+Outcome NextStart::Forget(const std::string& path) {
+  const auto take_out = [&](const std::string& each) { return IsAtOrBelow(each, path); };
+  return parts_.os.IsWinNT() ? TakeOutOfRegistry(take_out) : TakeOutOfFile(take_out);
 }
 
 // Others write there, too: what changed in between is read anew.
-Outcome NextStart::WithdrawFromRegistry(const std::string& path) {
+Outcome NextStart::TakeOutOfRegistry(const TakeOut& take_out) {
   constexpr int kMostTries = 3;
   for (const char* name : kMoves) {
     for (int i = 0; i < kMostTries; ++i) {
@@ -124,8 +142,7 @@ Outcome NextStart::WithdrawFromRegistry(const std::string& path) {
         return parts_.registry.QueryValue(RootKey::LocalMachine, kSessionManager, name, value);
       };
       if (read(&list) != kRegOk || list.type != kRegMultiText) break;
-      const std::string kept =
-          WithoutMoves(list.data, [&](const std::string& each) { return IsAtOrBelow(path, each); });
+      const std::string kept = WithoutMoves(list.data, take_out);
       if (kept == list.data) break;
       if (read(&again) != kRegOk || again.data != list.data) continue;
       list.data = kept;
@@ -155,15 +172,14 @@ Outcome NextStart::ReadWinInit(std::string* content) {
 
 // Entries have 8.3 names, which only an item that is there can be asked for. One whose item is gone
 // could only hit a new one of that name.
-Outcome NextStart::WithdrawFromFile(const std::string& path) {
+Outcome NextStart::TakeOutOfFile(const TakeOut& take_out) {
   std::string content;
   if (Outcome read = ReadWinInit(&content); !read.ok() || content.empty()) return read;
-  const std::string short_path = parts_.files.ShortPath(path);
   const std::string kept = WithoutRenameEntries(content, [&](const std::string& bytes) {
     std::string each;
     if (!parts_.code_pages.Decode(parts_.code_pages.System(), bytes, &each).ok()) return false;
     DirEntry entry;
-    return IsAtOrBelow(short_path, each) || IsAtOrBelow(path, each) ||
+    return take_out(each) ||
            (IsAbsolutePath(each) && parts_.files.Stat(each, &entry).code() == kFileNotFound);
   });
   return kept == content ? Outcome() : parts_.files.Replace(WinInitPath(), kept);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "machine/op_sys_info.h"
+#include "machine/restart_lists.h"
 #include "machine/system_folders.h"
 #include "platform/code_pages.h"
 #include "platform/files.h"
@@ -37,9 +38,15 @@ class NextStart {
   // Leaves a file, link or empty folder that could not be deleted. Fails, with the reason, where
   // the next start would not delete it either, or could be led to delete something else.
   Outcome Leave(const std::string& path, OpenedItem* item);
-  // Takes back what is noted for the path and for the folders above it. Whoever puts something
-  // there calls this, too, and so does whoever deleted it after all.
+  // The same on the NT family for a folder in which something was left in its place: it goes when
+  // it is empty by then.
+  Outcome LeaveFull(const std::string& path, OpenedItem* folder);
+  // Takes back what is noted for the path and for the folders above it: for whoever puts something
+  // there.
   Outcome Withdraw(const std::string& path);
+  // Takes back what is noted for the path and for what lay below it: for whoever deleted it after
+  // all. The folders above go on waiting.
+  Outcome Forget(const std::string& path);
 
   // The way of Windows 95, 98 and Me: an entry in the "[Rename]" section of "WinInit.ini", right
   // under its header. The file is replaced as a whole, never lost; a missing section is added.
@@ -51,8 +58,8 @@ class NextStart {
   bool IsWayGuarded(const std::string& path);
   bool IsNoted(const std::string& path);
   std::string Base(const std::string& true_path) const;
-  Outcome WithdrawFromRegistry(const std::string& path);
-  Outcome WithdrawFromFile(const std::string& path);
+  Outcome TakeOutOfRegistry(const TakeOut& take_out);
+  Outcome TakeOutOfFile(const TakeOut& take_out);
   std::string WinInitPath();
   Outcome ReadWinInit(std::string* content);
 

@@ -135,6 +135,10 @@ class Files {
   virtual std::string Security(const std::string& path) = 0;
   virtual Outcome SetSecurity(const std::string& path, const std::string& descriptor) = 0;
 
+  // True when the file or folder has data that do not show in its content: streams of their own.
+  // The mark that a browser leaves on what it has loaded does not count.
+  virtual bool HasStreams(const std::string&) { return false; }
+
   // The path with every part in its 8.3 form; empty when the path does not exist.
   virtual std::string ShortPath(const std::string& path) = 0;
 

@@ -60,6 +60,12 @@ struct RegValue {
   std::optional<char> half_character = {};
 };
 
+// What a key is besides what lies in it; empty where the system knows nothing of it.
+struct RegTraits {
+  std::string kind;      // its class
+  std::string security;  // who may do what, as the system says it: bytes for SetKeySecurity
+};
+
 // What lies right below a key.
 struct RegCounts {
   std::uint32_t keys = 0;
@@ -86,6 +92,15 @@ class Registry {
                                RegValue* value) = 0;
   // Makes the key and those on the way to it; one that is there already is success.
   virtual RegStatus CreateKey(RootKey root, const std::string& path) = 0;
+  virtual RegStatus ReadTraits(RootKey, const std::string&, RegTraits*) { return kRegOk; }
+  // CreateKey with a class, which only a new key gets.
+  virtual RegStatus CreateKeyOfKind(RootKey root, const std::string& path, const std::string&) {
+    return CreateKey(root, path);
+  }
+  // What the system knows of rights; bytes that are no descriptor are refused.
+  virtual RegStatus SetKeySecurity(RootKey, const std::string&, const std::string&) {
+    return kRegOk;
+  }
   // Creates the key when it is missing. `data` is stored as it is, without an added NUL.
   virtual RegStatus SetValue(RootKey root, const std::string& path, const std::string& name,
                              const RegValue& value) = 0;

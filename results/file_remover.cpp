@@ -51,6 +51,7 @@ Outcome FileRemover::DeleteFileAt(const std::string& path, RemovalResult* result
     const Outcome there = parts_.files.Stat(path, &entry);
     if (IsAbsent(there) || (there.ok() && entry.IsFolder())) {
       result->state = RemovalState::Gone;
+      if (!there.ok()) Forget(path, "deleteSpyCFType");
       return {};
     }
   }
@@ -74,7 +75,7 @@ Outcome FileRemover::DeleteFileAt(const std::string& path, RemovalResult* result
   Outcome erased = item->Erase();
   if (erased.ok()) {
     item.reset();
-    Withdraw(path, "deleteSpyCFType");
+    Forget(path, "deleteSpyCFType");
     return {};
   }
   result->state = RemovalState::Failed;
@@ -86,8 +87,8 @@ Outcome FileRemover::DeleteFileAt(const std::string& path, RemovalResult* result
 
 // An earlier removal may have left it for the next start. What comes to lie there until then is no
 // spy of that removal.
-void FileRemover::Withdraw(const std::string& path, const char* method) {
-  parts_.log.Trap(method, [&] { return next_start_.Withdraw(path); });
+void FileRemover::Forget(const std::string& path, const char* method) {
+  parts_.log.Trap(method, [&] { return next_start_.Forget(path); });
 }
 
 // A component that cannot be unregistered is deleted all the same; one without the entry point has
@@ -124,6 +125,7 @@ Outcome FileRemover::DeleteFolderAt(const std::string& path, RemovalResult* resu
   Outcome allowed = guard_.Open(path, &way, &item);
   if (IsAbsent(allowed)) {
     result->state = RemovalState::Gone;
+    Forget(path, "deleteSpyFolder");
     return {};
   }
   if (allowed.ok() && !(item->attributes() & kFolder)) {
@@ -136,31 +138,36 @@ Outcome FileRemover::DeleteFolderAt(const std::string& path, RemovalResult* resu
   return Empty(path, std::move(item), result);
 }
 
-// On the NT family each item is left by itself, and a folder that still holds something is not.
+// On the NT family each item is left by itself, and a folder in which one stays after all of them.
 // Windows 95, 98 and Me get each entry before the earlier ones, so a folder is noted before what
-// lies in it, once it is known that all of it can wait.
+// lies in it. Both happen once it is known that all of it can wait.
 Outcome FileRemover::Empty(const std::string& path, std::unique_ptr<OpenedItem> folder,
                            RemovalResult* result) {
-  std::vector<std::pair<std::string, std::unique_ptr<OpenedItem>>> in_use;
+  const bool nt = parts_.os.IsWinNT();
+  std::vector<std::pair<std::string, std::unique_ptr<OpenedItem>>> later;
+  std::string last;
   const auto leave = [&](const std::string& each, std::unique_ptr<OpenedItem> item,
                          const Outcome& why) {
     if (!parts_.settings.DeleteAfterReboot) return why;
-    if (parts_.os.IsWinNT()) {
-      return why.code() == kPathFileAccess ? why : next_start_.Leave(each, item.get());
-    }
-    in_use.emplace_back(each, std::move(item));
+    const bool full = why.code() == kPathFileAccess;
+    if (nt && full && !IsAtOrBelow(last, each)) return why;  // by what could not be looked at
+    last = each;
+    if (nt && !full) return next_start_.Leave(each, item.get());
+    later.emplace_back(each, std::move(item));
     return Outcome();
   };
   TreeRemover tree(parts_.files, parts_.pump, leave);
   Outcome removed = tree.Remove(path, std::move(folder));
-  for (auto left = in_use.rbegin(); removed.ok() && left != in_use.rend(); ++left) {
-    removed = next_start_.Leave(left->first, left->second.get());
+  if (!nt) std::ranges::reverse(later);
+  for (const auto& [each, item] : later) {
+    if (!removed.ok()) break;
+    removed = nt ? next_start_.LeaveFull(each, item.get()) : next_start_.Leave(each, item.get());
   }
   if (!removed.ok() || !tree.waiting().ok()) {
     result->state = removed.ok() ? RemovalState::PendingRestart : RemovalState::Failed;
     return removed.ok() ? tree.waiting() : std::move(removed);
   }
-  Withdraw(path, "deleteSpyFolder");
+  Forget(path, "deleteSpyFolder");
   return {};
 }
 

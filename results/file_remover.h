@@ -48,7 +48,7 @@ class FileRemover {
   Outcome DeleteFolderAt(const std::string& path, RemovalResult* result);
   Outcome Empty(const std::string& path, std::unique_ptr<OpenedItem> folder, RemovalResult* result);
   void Unregister(const std::string& path);
-  void Withdraw(const std::string& path, const char* method);
+  void Forget(const std::string& path, const char* method);
 
   Parts parts_;
   PathGuard guard_;

@@ -67,6 +67,30 @@ TEST_SUITE("backups") {
     CHECK(b.m.Errors().find("C:\\locked.exe") != std::string::npos);
   }
 
+  TEST_CASE("what is stored in part is named, and hinders nothing") {
+    Manager b;
+    b.m.File("C:\\streams.exe", "x").streams = true;
+    b.m.Folder("C:\\Evil");
+    b.m.Link("C:\\Evil\\way", "C:\\streams.exe");
+    b.m.registry.Make(RootKey::CurrentUser, "Evil").traits.kind = std::string(70'000, 'k');
+    b.Add(FoundFile{"C:\\streams.exe"});
+    b.Add(FoundFolder{"C:\\Evil"});
+    b.Add(KeyAt("HKEY_CURRENT_USER\\Evil"));
+    const BackupReport report = b.Create("name");
+    CHECK(report.archive.ok());
+    CHECK(report.failed_rows.empty());
+    std::string told;
+    for (const ItemReport& failure : report.failures) {
+      told += failure.path + " " + std::to_string(NumberOf(failure.why.reason().value())) + "\n";
+    }
+    const auto line = [](const char* path, Caption caption) {
+      return path + (" " + std::to_string(NumberOf(caption))) + "\n";
+    };
+    CHECK(told == line("C:\\streams.exe", Caption::ReasonStreamsNotKept) +
+                      line("C:\\Evil\\way", Caption::ReasonLink) +
+                      line("HKEY_CURRENT_USER\\Evil", Caption::ReasonRightsNotKept));
+  }
+
   TEST_CASE("names are those of plain files, and no archive is overwritten") {
     Manager b;
     for (const char* name : {"", "a\\b", "C:x", "*", "..", "nul", " a", "a ", "a|b", "100%"}) {

@@ -111,7 +111,7 @@ struct BackupBench : Bench {
     m.Folder("C:\\WINDOWS\\system32");
     m.File("C:\\x.exe", "one").ReadOnly();
     m.File("C:\\Evil\\deep\\y.dll", "two");
-    m.registry.Make(kMachine, "Software\\Evil").Value("n", Z("x"));
+    m.registry.Make(kMachine, "Software\\Evil").Value("n", Z("x")).traits = {"kind", "rights"};
   }
   Backups Manager() {
     return Backups({m.files, m.registry, nullptr, m.clock, m.pump, m.shell, m.system, kept, log,
@@ -129,9 +129,10 @@ struct BackupBench : Bench {
   void RemoveAll() {
     m.files.Remove("C:\\x.exe");
     m.files.Remove("C:\\Evil");
-    m.registry.Find(kMachine, "Software\\Evil")->values.clear();
+    m.registry.DeleteKeyCall(kMachine, "Software\\Evil");
   }
-  bool IsValueThere() { return m.registry.Find(kMachine, "Software\\Evil")->values.size() == 1; }
+  bool IsValueThere() { return m.registry.Text(kMachine, "Software\\Evil", "n") == Z("x"); }
+  bool HasRights() { return m.registry.Find(kMachine, "Software\\Evil")->traits.security != ""; }
   std::size_t FilesThere() {
     return (m.Content("C:\\x.exe") == "one") + (m.Content("C:\\Evil\\deep\\y.dll") == "two");
   }
@@ -183,7 +184,8 @@ struct RestoreJob : BackupBench {
   }
   void CheckClaims() {
     CHECK(m.Has("C:\\x.exe"));
-    if (done.ok() && restored.failed.empty()) CHECK((FilesThere() == 2 && IsValueThere()));
+    if (!done.ok() || !restored.failed.empty()) return;
+    CHECK((FilesThere() == 2 && IsValueThere() && HasRights()));
   }
   void CheckDone() {
     CHECK(done.ok());

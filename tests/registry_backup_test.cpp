@@ -130,6 +130,8 @@ TEST_SUITE("registry_backup") {
     backup.Add(KeyAt(key));
     CHECK(backup.exported().Bytes() == "REGEDIT4\r\n\r\n[" + key + "]\r\n\"v\"=hex(1):78\r\n");
     CHECK(backup.left_out().empty());
+    REQUIRE(backup.notes().size() == 1);
+    CHECK(backup.notes()[0].path == key + "\\way");
   }
 }
 

@@ -201,13 +201,22 @@ TEST_SUITE("removal") {
     }
   }
 
-  TEST_CASE("of a folder with a file that cannot be moved, the folder never waits") {
-    Remover r;
-    r.m.File("C:\\Evil\\held.exe", "x").Locked();
-    CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "F");
-    CHECK(Lines(r.m.system.journal) == "Delete C:\\Evil\\held.exe\n");
-    r.m.Restart();
-    CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "r");
+  TEST_CASE(
+      "a folder with a file that cannot be moved waits where users cannot make a link of it") {
+    for (const bool open : {false, true}) {
+      Remover r;
+      r.m.File("C:\\Evil\\deep\\held.exe", "x").Locked();
+      if (open) r.m.Folder("C:\\Evil").OpenToUsers();
+      CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == (open ? "F" : "p"));
+      CHECK(Lines(r.m.system.journal) ==
+            (open ? ""
+                  : "Delete C:\\Evil\\deep\\held.exe\nDelete C:\\Evil\\deep\nDelete C:\\Evil\n"));
+      r.m.File("C:\\Evil\\another's.txt", "x");
+      r.m.Restart();
+      CHECK(r.m.Has("C:\\Evil\\deep") == open);
+      CHECK(r.m.Has("C:\\Evil\\another's.txt"));
+      CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "r");
+    }
   }
 
   TEST_CASE("what is deleted after all, or comes back, stays as it is at the next start") {
@@ -220,6 +229,29 @@ TEST_SUITE("removal") {
       r.m.File("C:\\Evil\\held.exe", "another's");
       r.m.Restart();
       CHECK(r.m.Has("C:\\Evil\\held.exe"));
+    }
+  }
+
+  TEST_CASE("what goes of a folder after all is off the list, and the folder stays on it") {
+    for (const bool nt : {true, false}) {
+      for (const bool whole : {true, false}) {
+        CAPTURE(nt);
+        CAPTURE(whole);
+        Remover r(nt);
+        r.m.File("C:\\Evil\\one.exe", "x").Locked();
+        r.m.File("C:\\Evil\\two.exe", "x").Locked();
+        CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "p");
+        r.m.files.Find("C:\\Evil\\one.exe")->locked = false;
+        if (whole) r.m.files.Find("C:\\Evil\\two.exe")->locked = false;
+        CHECK(r.RemoveOne(FoundFile{"C:\\Evil\\one.exe"}) == "r");
+        if (whole) {
+          CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "r");
+          r.m.File("C:\\Evil\\two.exe", "another's");
+          CHECK(r.RemoveOne(FoundFile{"C:\\Evil\\one.exe"}) == "g");
+        }
+        r.m.Restart();
+        CHECK(r.m.Has("C:\\Evil") == whole);
+      }
     }
   }
 

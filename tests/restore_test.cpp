@@ -41,15 +41,22 @@ TEST_SUITE("restore") {
       Victim v;
       v.m.File("C:\\spy\\a", "1").security = "file's";
       v.m.files.Find("C:\\spy")->security = "folder's";
+      v.m.registry.Make(RootKey::CurrentUser, "Spy\\sub").Value("v", "x").traits = {"Kind",
+                                                                                    "key's"};
       v.Add(FoundFolder{"C:\\spy"});
+      v.Add(KeyAt("HKEY_CURRENT_USER\\Spy"));
       REQUIRE(v.Create("n").archive.ok());
       v.m.files.Remove("C:\\spy");
+      v.m.registry.DeleteKeyCall(RootKey::CurrentUser, "Spy\\sub");
       if (!own) v.kept.texts.clear();
       CHECK(v.Restore("n.qzp").ok());
       CHECK(v.restored.notes.empty());
       CHECK(v.m.Content("C:\\spy\\a") == "1");
       CHECK(v.m.files.Find("C:\\spy\\a")->security == (own ? "file's" : ""));
       CHECK(v.m.files.Find("C:\\spy")->security == (own ? "folder's" : ""));
+      CHECK(v.m.registry.Text(RootKey::CurrentUser, "Spy\\sub", "v") == "x");
+      const RegTraits traits = v.m.registry.Find(RootKey::CurrentUser, "Spy\\sub")->traits;
+      CHECK(traits.kind + traits.security == (own ? "Kindkey's" : ""));
     }
   }
 

@@ -216,6 +216,20 @@ TEST_SUITE("startup_manager") {
     CHECK(manager.disabled_count() == 1);
   }
 
+  TEST_CASE("a shortcut that comes back is not taken at the next start") {
+    Planted p;
+    const std::string tray = std::string(kUserStartup) + "\\Tray.lnk";
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    REQUIRE(p.m.system.DeleteAtReboot(tray).ok());  // as by a removal while it was held
+    manager.cmdDisable_Click(p.RowOf(manager, "Tray"));
+    REQUIRE(manager.ApplyNow());
+    manager.ResetAll();
+    CHECK(manager.ApplyNow());
+    p.m.Restart();
+    CHECK(p.m.Has(tray));
+  }
+
   TEST_CASE("marks outlive reading anew, on the entries that are still there") {
     Planted p;
     StartupManager manager(p.needs);

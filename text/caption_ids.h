@@ -566,6 +566,8 @@ enum class Caption : int {
   TourRightsText = 17597,
   TourAgain = 17598,
   FolderIsOpen = 17700,
+  ReasonStreamsNotKept = 17710,
+  ReasonRightsNotKept = 17711,
 };
 
 constexpr int NumberOf(Caption caption) { return static_cast<int>(caption); }

@@ -4,6 +4,8 @@
 #include <vector>
 
 #include "machine/file_utils.h"
+#include "machine/next_start.h"
+#include "machine/op_sys_info.h"
 #include "text/text.h"
 #include "tools/program_of.h"
 #include "tools/startup_locations.h"
@@ -127,6 +129,11 @@ Outcome StartupLocations::PutBackShortcut(const StartupLocation& place,
   if (FileExists(needs_.files, path)) {
     return whole && SameContent(needs_.files, path, kept) ? Outcome() : EntryTaken();
   }
+  // A removal may have left an earlier one for the next start.
+  const COpSysInfo os(needs_.system);
+  NextStart next_start(
+      {needs_.files, needs_.system, needs_.registry, needs_.code_pages, os, needs_.folders});
+  if (Outcome withdrawn = next_start.Withdraw(path); !withdrawn.ok()) return withdrawn;
   if (whole) return MoveExactly(needs_.files, kept, FolderPart(path));
   const ProgramOf program = FindStarter(entry.command, needs_.files, needs_.folders, needs_.system);
   if (program.path.empty()) return NoSuchEntry();

@@ -37,6 +37,7 @@ class FileCalls {
   virtual bool BringBack(const std::string& path) const = 0;
   virtual void DropAside(const std::string& path) const = 0;
   // The security descriptor; empty where there is none.
+  virtual bool HasStreams(const std::string&) const { return false; }
   virtual std::string Security(const std::string&) const { return {}; }
   virtual bool SetSecurity(const std::string&, const std::string&) const { return true; }
   virtual std::string ShortPath(const std::string& path) const = 0;

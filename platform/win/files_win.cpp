@@ -233,6 +233,8 @@ Outcome FilesWin::CreateGuardedFolder(const std::string& path) {
 
 bool FilesWin::IsGuarded(const std::string& folder) { return calls_.IsGuarded(folder); }
 
+bool FilesWin::HasStreams(const std::string& path) { return calls_.HasStreams(path); }
+
 std::string FilesWin::Security(const std::string& path) { return calls_.Security(path); }
 
 Outcome FilesWin::SetSecurity(const std::string& path, const std::string& descriptor) {

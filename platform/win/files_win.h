@@ -29,6 +29,7 @@ class FilesWin : public Files {
   Outcome Identify(const std::string& path, FileId* id) override;
   Outcome CreateGuardedFolder(const std::string& path) override;
   bool IsGuarded(const std::string& folder) override;
+  bool HasStreams(const std::string& path) override;
   std::string Security(const std::string& path) override;
   Outcome SetSecurity(const std::string& path, const std::string& descriptor) override;
   std::string ShortPath(const std::string& path) override;

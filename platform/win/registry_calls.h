@@ -20,6 +20,13 @@ class RegistryCalls {
   virtual LONG Open(HKEY root, const std::string& path, DWORD options, REGSAM rights,
                     KeyHandle* key) const = 0;
   virtual LONG Create(HKEY root, const std::string& path, REGSAM rights, KeyHandle* key) const = 0;
+  // Windows 95, 98 and Me know no rights and nobody looks at classes.
+  virtual LONG ReadTraits(HKEY, RegTraits*) const { return ERROR_SUCCESS; }
+  virtual LONG CreateOfKind(HKEY root, const std::string& path, const std::string&, REGSAM rights,
+                            KeyHandle* key) const {
+    return Create(root, path, rights, key);
+  }
+  virtual LONG SetSecurity(HKEY, const std::string&) const { return ERROR_SUCCESS; }
   virtual LONG Count(HKEY key, RegCounts* counts) const = 0;
   virtual LONG Query(HKEY key, const std::string& name, RegValue* value) const = 0;
   virtual LONG Set(HKEY key, const std::string& name, const RegValue& value) const = 0;

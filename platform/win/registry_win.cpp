@@ -87,6 +87,27 @@ RegStatus RegistryWin::CreateKey(RootKey root, const std::string& path) {
   return Create(root, path, &key);
 }
 
+RegStatus RegistryWin::ReadTraits(RootKey root, const std::string& path, RegTraits* traits) {
+  KeyHandle key;
+  const RegStatus status = Open(root, path, KEY_READ, &key);
+  return status == kRegOk ? calls_.ReadTraits(key.get(), traits) : status;
+}
+
+RegStatus RegistryWin::CreateKeyOfKind(RootKey root, const std::string& path,
+                                       const std::string& kind) {
+  if (HasNul(path) || HasNul(kind)) return kRegInvalidParameter;
+  KeyHandle key;
+  return calls_.CreateOfKind(Handle(root), path, kind, KEY_ALL_ACCESS | view_, &key);
+}
+
+RegStatus RegistryWin::SetKeySecurity(RootKey root, const std::string& path,
+                                      const std::string& descriptor) {
+  KeyHandle key;
+  RegStatus status = Open(root, path, WRITE_DAC | WRITE_OWNER, &key);
+  if (status == kRegAccessDenied) status = Open(root, path, WRITE_DAC, &key);
+  return status == kRegOk ? calls_.SetSecurity(key.get(), descriptor) : status;
+}
+
 RegStatus RegistryWin::SetValue(RootKey root, const std::string& path, const std::string& name,
                                 const RegValue& value) {
   if (HasNul(name)) return kRegInvalidParameter;

@@ -22,6 +22,11 @@ class RegistryWin : public Registry {
   RegStatus QueryValue(RootKey root, const std::string& path, const std::string& name,
                        RegValue* value) override;
   RegStatus CreateKey(RootKey root, const std::string& path) override;
+  RegStatus ReadTraits(RootKey root, const std::string& path, RegTraits* traits) override;
+  RegStatus CreateKeyOfKind(RootKey root, const std::string& path,
+                            const std::string& kind) override;
+  RegStatus SetKeySecurity(RootKey root, const std::string& path,
+                           const std::string& descriptor) override;
   RegStatus SetValue(RootKey root, const std::string& path, const std::string& name,
                      const RegValue& value) override;
   RegStatus DeleteValue(RootKey root, const std::string& path, const std::string& name) override;

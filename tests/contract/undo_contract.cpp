@@ -7,6 +7,7 @@
 
 #include "backup/registry_backup.h"
 #include "backup/registry_restore.h"
+#include "platform/security_descriptor.h"
 #include "tests/contract/contract.h"
 #include "tests/helpers.h"
 
@@ -88,6 +89,48 @@ TEST_SUITE("contract_undo") {
     for (const RegistryItem& item : restore.items()) {
       CHECK(restore.StateOf(item) == ItemState::Same);
     }
+  }
+
+  TEST_CASE("class and rights of a key come back with it, and a key that is there keeps its own") {
+    OnRegistry r;
+    const std::string sub = r.key + "\\sub";
+    RegStatus made = r.registry.CreateKeyOfKind(RootKey::CurrentUser, r.key, "Kind \u00E4");
+    CHECK(made == kRegOk);
+    r.Set("\\sub", "v", {kRegText, std::string("x\0", 2)});
+    r.Set("\\other", "v", {kRegText, std::string("x\0", 2)});
+    CHECK(r.registry.SetKeySecurity(RootKey::CurrentUser, sub, ClosedDescriptor()) == kRegOk);
+    const auto traits = [&](const std::string& path) {
+      RegTraits read;
+      CHECK(r.registry.ReadTraits(RootKey::CurrentUser, path, &read) == kRegOk);
+      return read.kind + "|" + read.security;
+    };
+    const std::string before =
+        traits(r.key) + "\n" + traits(sub) + "\n" + traits(r.key + "\\other");
+    RegistryBackup backup(r.registry, nullptr, r.pump, r.machine->code_pages(),
+                          ScriptReader::Unicode);
+    backup.Add(FoundKey{{RootKey::CurrentUser, r.key}});
+    CHECK(backup.notes().empty());
+    KeyRemover remover(r.registry, r.log, [] {});
+    REQUIRE(remover.DeleteKey(RootKey::CurrentUser, r.key) == kRegOk);
+    RegistryRestore restore(r.registry, nullptr, r.machine->code_pages(), r.log, false);
+    REQUIRE(restore.AddScript("xexport.reg", backup.exported().Bytes()).ok());
+    restore.AddRecords(backup.key_records(), false);
+    for (int again = 0; again < 2; ++again) {
+      restore.MakeKeys(std::vector<bool>(restore.items().size(), true));
+      for (const RegistryItem& item : restore.items()) CHECK(restore.Restore(item).ok());
+      CHECK(restore.FinishKeys().empty());
+      CHECK((traits(r.key) + "\n" + traits(sub) + "\n" + traits(r.key + "\\other") == before));
+    }
+    // What another has made meanwhile is another's.
+    REQUIRE(remover.DeleteKey(RootKey::CurrentUser, r.key) == kRegOk);
+    r.Set("\\sub", "v", {kRegText, std::string("x\0", 2)});
+    const std::string others = traits(sub);
+    RegistryRestore second(r.registry, nullptr, r.machine->code_pages(), r.log, false);
+    REQUIRE(second.AddScript("xexport.reg", backup.exported().Bytes()).ok());
+    second.AddRecords(backup.key_records(), false);
+    second.MakeKeys(std::vector<bool>(second.items().size(), true));
+    CHECK(second.FinishKeys().empty());
+    CHECK((traits(sub) == others));
   }
 
   TEST_CASE("nothing is written behind a link that came since the script was judged") {

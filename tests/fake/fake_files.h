@@ -29,6 +29,7 @@ struct Node {
   ErrorCode error;             // listing a folder, reading and changing a file end with it
   bool locked = false;         // in use: neither read, changed, moved nor deleted
   bool running = false;        // in use: may be moved, not deleted
+  bool streams = false;        // more data than its content
   bool open_to_users = false;  // anybody may change what lies in the folder
   std::uint64_t id = 0;
   bool refuses = false;  // a folder in which nothing can be written
@@ -133,6 +134,10 @@ class FakeFiles : public Files {
   Outcome Identify(const std::string& path, FileId* id) override;
   Outcome CreateGuardedFolder(const std::string& path) override;
   bool IsGuarded(const std::string& folder) override;
+  bool HasStreams(const std::string& path) override {
+    const Node* node = Find(path);
+    return node && node->streams;
+  }
   std::string Security(const std::string& path) override {
     const Node* node = Find(path);
     return node ? node->security : std::string();

@@ -33,6 +33,7 @@ struct Key {
   bool denied = false;      // may be read, not changed and not deleted
   bool unreadable = false;  // not even that
   std::string link;         // the key below the same root that this one leads to
+  RegTraits traits;
   std::vector<std::pair<std::string, RegValue>> values;
   std::vector<std::pair<std::string, RegValue>> unspellable;  // listed, not found by their names
   std::vector<std::unique_ptr<Key>> children;
@@ -63,6 +64,11 @@ class FakeRegistry : public Registry {
   RegStatus QueryValue(RootKey root, const std::string& path, const std::string& name,
                        RegValue* value) override;
   RegStatus CreateKey(RootKey root, const std::string& path) override;
+  RegStatus ReadTraits(RootKey root, const std::string& path, RegTraits* traits) override;
+  RegStatus CreateKeyOfKind(RootKey root, const std::string& path,
+                            const std::string& kind) override;
+  RegStatus SetKeySecurity(RootKey root, const std::string& path,
+                           const std::string& descriptor) override;
   RegStatus SetValue(RootKey root, const std::string& path, const std::string& name,
                      const RegValue& value) override;
   RegStatus DeleteValue(RootKey root, const std::string& path, const std::string& name) override;

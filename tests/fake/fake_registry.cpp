@@ -129,6 +129,28 @@ RegStatus FakeRegistry::CreateKey(RootKey root, const std::string& path) {
   return kRegOk;
 }
 
+RegStatus FakeRegistry::ReadTraits(RootKey root, const std::string& path, RegTraits* traits) {
+  const RegStatus opened = TryOpen(root, path, kKeyRead);
+  if (opened == kRegOk) *traits = Find(root, path)->traits;
+  return opened;
+}
+
+RegStatus FakeRegistry::CreateKeyOfKind(RootKey root, const std::string& path,
+                                        const std::string& kind) {
+  const bool there = Find(root, path) != nullptr;
+  const RegStatus created = CreateKey(root, path);
+  if (created == kRegOk && !there) Find(root, path)->traits.kind = kind;
+  return created;
+}
+
+RegStatus FakeRegistry::SetKeySecurity(RootKey root, const std::string& path,
+                                       const std::string& descriptor) {
+  if (before_change) before_change();
+  const RegStatus opened = TryOpen(root, path, kKeyAllRights);
+  if (opened == kRegOk) Find(root, path)->traits.security = descriptor;
+  return opened;
+}
+
 RegStatus FakeRegistry::SetValue(RootKey root, const std::string& path, const std::string& name,
                                  const RegValue& value) {
   if (HasNul(name)) return kRegInvalidParameter;

@@ -41,7 +41,8 @@ void Demand(bool holds, const char* promise) {
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
   const char* name = std::getenv("FUZZ_TARGET");
-  for (const auto& targets : {scourwell::test::FileTargets(), scourwell::test::LineTargets()}) {
+  for (const auto& targets : {scourwell::test::FileTargets(), scourwell::test::LineTargets(),
+                              scourwell::test::ScriptTargets()}) {
     for (const FuzzTarget& each : targets) {
       if (name && std::strcmp(name, each.name) == 0) target = &each;
     }

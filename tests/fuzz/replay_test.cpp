@@ -48,6 +48,9 @@ TEST_SUITE("fuzz_replay") {
   TEST_CASE("whatever lines hold, nothing breaks and no promise does") {
     for (const FuzzTarget& target : LineTargets()) Replay(target);
   }
+  TEST_CASE("whatever registry scripts hold, nothing breaks and no promise does") {
+    for (const FuzzTarget& target : ScriptTargets()) Replay(target);
+  }
 }
 
 }  // namespace scourwell::test

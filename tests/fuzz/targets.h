@@ -18,6 +18,7 @@ struct FuzzTarget {
 
 std::span<const FuzzTarget> FileTargets();  // files that the program reads whole
 std::span<const FuzzTarget> LineTargets();  // single texts: paths, lines, commands
+std::span<const FuzzTarget> ScriptTargets();
 
 void Demand(bool holds, const char* promise);
 

@@ -3,6 +3,8 @@
 // Answers the windows of a Scourwell that runs already, for walks that start it from outside:
 //   attendant close     waits for the outcome of a removal, closes it and ends the program
 //   attendant restore   brings back the newest backup, tells what came of it and ends the program
+//   attendant hold FILE UNTIL   keeps a file open, as a spy that runs does, until another one is
+//   there
 // Windows are known by their classes, which are the same in every language. Exit status 1 when one
 // did not come up.
 #include <cstdio>
@@ -68,11 +70,21 @@ bool Restore() {
   return Answer(done, IDOK) && Answer(manager, IDCANCEL) && End();
 }
 
+int Hold(const char* file, const char* until) {
+  const scourwell::FileHandle held(
+      CreateFileA(file, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+  std::printf("%s\n", held ? "held" : "not held");
+  std::fflush(stdout);
+  while (held && GetFileAttributesA(until) == INVALID_FILE_ATTRIBUTES) Sleep(20);
+  return held ? 0 : 1;
+}
+
 }  // namespace
 
 int main(int count, char** words) {
   if (count == 2 && std::strcmp(words[1], "close") == 0) return CloseOutcome() ? 0 : 1;
   if (count == 2 && std::strcmp(words[1], "restore") == 0) return Restore() ? 0 : 1;
-  std::printf("usage: attendant close | restore\n");
+  if (count == 4 && std::strcmp(words[1], "hold") == 0) return Hold(words[2], words[3]);
+  std::printf("usage: attendant close | restore | hold FILE UNTIL\n");
   return 2;
 }

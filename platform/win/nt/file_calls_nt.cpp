@@ -4,6 +4,7 @@
 #include "platform/win/find_data.h"
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
+#include "platform/win/nt/descriptor_check.h"
 #include "platform/win/nt/native_path.h"
 #include "platform/win/nt/opened_item_nt.h"
 #include "platform/win/version_block.h"
@@ -94,6 +95,8 @@ class NtCalls : public FileCalls {
     if (!access.empty()) WriteSecurity(fresh, access, DACL_SECURITY_INFORMATION);
     return Rename(fresh, path, MOVEFILE_REPLACE_EXISTING);
   }
+
+  bool HasStreams(const std::string& path) const override { return HasStreamsNt(*this, path); }
 
   std::string Security(const std::string& path) const override {
     return ReadSecurity(path, kWhoAndWhat);
@@ -204,19 +207,6 @@ class NtCalls : public FileCalls {
     return set && With(path, FALSE, [&](const wchar_t* native) {
                     return set(native, parts, descriptor.data());
                   }) != FALSE;
-  }
-
-  // The bytes come from a file: all that they point at must lie in them. Windows NT 4 cannot tell;
-  // there the archive's mark has to do.
-  static bool IsDescriptor(const std::string& bytes) {
-    constexpr std::size_t kHeader = 20;
-    if (bytes.size() < kHeader || !(static_cast<unsigned char>(bytes[3]) & SE_SELF_RELATIVE >> 8)) {
-      return false;
-    }
-    using Judge = BOOLEAN(WINAPI*)(PSECURITY_DESCRIPTOR, ULONG, SECURITY_INFORMATION);
-    static const auto judge = LateBind<Judge>("ntdll.dll", "RtlValidRelativeSecurityDescriptor");
-    std::string copy = bytes;
-    return !judge || judge(copy.data(), static_cast<ULONG>(copy.size()), 0) != FALSE;
   }
 
   static bool Rename(const std::string& from, const std::string& to, DWORD flags) {

@@ -28,6 +28,7 @@ constexpr DWORD kLongestName = 32'768;  // characters
 constexpr ULONG kBasicInformation = 4;
 constexpr ULONG kRenameInformation = 10;
 constexpr ULONG kDispositionInformation = 13;
+constexpr ULONG kStreamInformation = 22;
 constexpr ULONG kTagInformation = 35;
 constexpr ULONG kObjectName = 1;
 
@@ -216,6 +217,31 @@ Outcome OpenItemNt(const FileCalls& calls, const std::string& path,
   if ((attributes & kLink) && !StandsForAnother(handle.get())) attributes &= ~std::uint32_t{kLink};
   *item = std::make_unique<ItemNt>(std::move(handle), attributes, std::move(true_path));
   return {};
+}
+
+// Each entry: where the next one lies behind it, bytes of the name, two sizes, the name.
+bool HasStreamsNt(const FileCalls& calls, const std::string& path) {
+  constexpr std::size_t kHeader = 24;
+  constexpr std::size_t kMost = 1 << 16;
+  const FileHandle handle = OpenToAsk(calls, path);
+  if (!handle || !Calls().query) return false;
+  std::vector<char> buffer(kMost);
+  StatusBlock block = {};
+  const LONG status = Calls().query(handle.get(), &block, buffer.data(), kMost, kStreamInformation);
+  constexpr LONG kMoreThanFits = static_cast<LONG>(0x80000005);
+  if (status == kMoreThanFits) return true;
+  if (status < 0) return false;
+  for (std::size_t at = 0; block.information >= kHeader && at <= block.information - kHeader;) {
+    ULONG head[2] = {};
+    std::memcpy(head, buffer.data() + at, sizeof head);
+    if (head[1] > block.information - kHeader - at) return true;
+    std::wstring name(head[1] / sizeof(wchar_t), L'\0');
+    std::memcpy(name.data(), buffer.data() + at + kHeader, name.size() * sizeof(wchar_t));
+    if (name != L"::$DATA" && name != L":Zone.Identifier:$DATA") return true;
+    if (head[0] == 0) break;
+    at += head[0];
+  }
+  return false;
 }
 
 Outcome IdentifyNt(const FileCalls& calls, const std::string& path, FileId* id) {

@@ -6,12 +6,15 @@
 
 #include "platform/win/late_bind.h"
 #include "platform/win/native_text.h"
+#include "platform/win/nt/descriptor_check.h"
 
 namespace scourwell {
 namespace {
 
 constexpr DWORD kLongestKeyName = 256;      // with its NUL
 constexpr DWORD kLongestValueName = 16384;  // with its NUL
+constexpr SECURITY_INFORMATION kOwnerGroupAndRights =
+    OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
 
 // From bytes as stored: texts are kept in UTF-16.
 RegValue ToValue(DWORD type, std::string_view bytes) {
@@ -47,12 +50,48 @@ class NtCalls : public RegistryCalls {
   }
 
   LONG Create(HKEY root, const std::string& path, REGSAM rights, KeyHandle* key) const override {
+    return CreateOfKind(root, path, {}, rights, key);
+  }
+
+  // Below a key that ends with the session there are only such keys.
+  LONG CreateOfKind(HKEY root, const std::string& path, const std::string& kind, REGSAM rights,
+                    KeyHandle* key) const override {
     HKEY created = nullptr;
-    const LONG status =
-        RegCreateKeyExW(root, Wide(path).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, rights,
-                        nullptr, &created, nullptr);
+    std::wstring wide = Wide(kind);
+    LONG status = ERROR_SUCCESS;
+    for (const DWORD option : {REG_OPTION_NON_VOLATILE, REG_OPTION_VOLATILE}) {
+      status = RegCreateKeyExW(root, Wide(path).c_str(), 0, kind.empty() ? nullptr : wide.data(),
+                               option, rights, nullptr, &created, nullptr);
+      if (status != ERROR_CHILD_MUST_BE_VOLATILE) break;
+    }
     if (status == ERROR_SUCCESS) key->Reset(created);
     return status;
+  }
+
+  LONG ReadTraits(HKEY key, RegTraits* traits) const override {
+    std::vector<wchar_t>& wide = NameBuffer();
+    DWORD length = kLongestValueName;
+    LONG status = RegQueryInfoKeyW(key, wide.data(), &length, nullptr, nullptr, nullptr, nullptr,
+                                   nullptr, nullptr, nullptr, nullptr, nullptr);
+    if (status != ERROR_SUCCESS) return status;
+    traits->kind = FromWide({wide.data(), length});
+    DWORD size = 0;
+    status = RegGetKeySecurity(key, kOwnerGroupAndRights, nullptr, &size);
+    if (status != ERROR_INSUFFICIENT_BUFFER) return status;
+    std::string bytes(size, '\0');
+    status = RegGetKeySecurity(key, kOwnerGroupAndRights, bytes.data(), &size);
+    if (status == ERROR_SUCCESS) traits->security = std::move(bytes);
+    return status;
+  }
+
+  // A foreign owner needs a privilege that not everybody who may write the rights has.
+  LONG SetSecurity(HKEY key, const std::string& descriptor) const override {
+    if (!IsDescriptor(descriptor)) return ERROR_INVALID_SECURITY_DESCR;
+    std::string bytes = descriptor;
+    const LONG status = RegSetKeySecurity(key, kOwnerGroupAndRights, bytes.data());
+    return status == ERROR_SUCCESS
+               ? status
+               : RegSetKeySecurity(key, DACL_SECURITY_INFORMATION, bytes.data());
   }
 
   LONG Count(HKEY key, RegCounts* counts) const override {
