@@ -63,6 +63,8 @@ std::vector<ListRow> ListRows(HWND list);
 
 // Selects one row of a list alone.
 void SelectRow(HWND list, int row);
+// By the mouse on the head of a column.
+void ClickHead(HWND list, int column);
 
 struct TreeRow {
   int depth;

@@ -13,6 +13,7 @@
 #include "platform/win/system_win.h"
 #include "tests/win/evil_machine.h"
 #include "tests/win/snapshot.h"
+#include "text/text.h"
 
 namespace scourwell::ui {
 namespace {
@@ -20,12 +21,43 @@ namespace {
 FilesWin files;
 RegistryWin registry;
 
+std::vector<std::string> Column(HWND list, std::size_t column) {
+  std::vector<std::string> texts;
+  for (const ListRow& row : ListRows(list)) texts.push_back(row.texts[column]);
+  return texts;
+}
+
+// Check marks and the focus go with their items.
+void SortContents(HWND list) {
+  constexpr int kPlace = 2;
+  const auto unchecked = [&] {
+    std::string places;
+    for (const ListRow& row : ListRows(list)) places += row.checked ? "" : row.texts[kPlace];
+    return places;
+  };
+  SelectRow(list, 1);
+  PostMessageW(list, WM_KEYDOWN, VK_SPACE, 1);
+  const std::string place = Column(list, kPlace)[1];
+  CHECK(WaitFor([&] { return unchecked() == place; }));
+  std::vector<std::string> sorted = Column(list, kPlace);
+  std::ranges::sort(sorted, NoCaseLess{});
+  ClickHead(list, kPlace);
+  CHECK(WaitFor([&] { return Column(list, kPlace) == sorted; }));
+  std::ranges::reverse(sorted);
+  ClickHead(list, kPlace);
+  CHECK(WaitFor([&] { return Column(list, kPlace) == sorted; }));
+  CHECK(unchecked() == place);
+  PostMessageW(list, WM_KEYDOWN, VK_SPACE, 1);
+  CHECK(WaitFor([&] { return unchecked().empty(); }));
+}
+
 // The list says what there is to do, and all of it is checked.
 void ConfirmRestore(Program* program) {
   const HWND contents = program->Window("Contents of the Backup");
   REQUIRE(contents);
   const HWND restore = ReadyControl(contents, IDC_cmdRestore);
-  const auto rows = ListRows(Control(contents, IDC_ContentsList));
+  const HWND list = Control(contents, IDC_ContentsList);
+  const auto rows = ListRows(list);
   CHECK(rows.size() > 3);
   bool found = false;
   for (const auto& row : rows) {
@@ -33,6 +65,7 @@ void ConfirmRestore(Program* program) {
     found = found || (row.texts[2] == "C:\\planted\\evil.dll" && row.texts[4] == "missing");
   }
   CHECK(found);
+  SortContents(list);
   Click(restore);
 }
 
