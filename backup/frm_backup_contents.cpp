@@ -29,7 +29,11 @@ frmBackupContents::frmBackupContents(const WindowEnv& env, const RestoreRun& run
   }
 }
 
-SIZE frmBackupContents::FirstSize() const { return {metrics().Scale(624), metrics().Scale(380)}; }
+SIZE frmBackupContents::FirstSize() const { return {metrics().Scale(740), metrics().Scale(430)}; }
+
+SIZE frmBackupContents::SmallestSize() const {
+  return {metrics().Scale(624), metrics().Scale(380)};
+}
 
 void frmBackupContents::OnCreate() {
   CreateHeader(name_, Text(Caption::NoComponentChecked));
@@ -50,7 +54,7 @@ void frmBackupContents::OnCreate() {
   }
   const int status = metrics().WidestText(states) + metrics().Scale(14);
   ContentsList_.AddColumn(kType, Text(Caption::ColumnHitType), type);
-  ContentsList_.AddColumn(kSystem, Text(Caption::ColumnHitSystem), metrics().Scale(80));
+  ContentsList_.AddColumn(kSystem, Text(Caption::ColumnHitSystem), metrics().Scale(130));
   ContentsList_.AddColumn(kPlace, Text(Caption::ColumnHitDetails), metrics().Scale(200));
   ContentsList_.AddColumn(kSize, Text(Caption::ColumnBackupSize), metrics().Scale(70));
   ContentsList_.AlignRight(kSize);

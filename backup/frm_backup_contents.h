@@ -26,6 +26,7 @@ class frmBackupContents : public ListDialog {
   enum Column { kType, kSystem, kPlace, kSize, kStatus };
 
   SIZE FirstSize() const override;
+  SIZE SmallestSize() const override;
   std::string Title() const override { return Text(Caption::BackupContents); }
   HWND DefaultButton() const override { return cmdRestore_.hwnd(); }
   HWND FirstFocus() const override { return ContentsList_.hwnd(); }
