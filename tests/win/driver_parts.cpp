@@ -23,12 +23,33 @@ void AddTreeRows(HWND tree, LRESULT node, int depth, std::vector<TreeRow>* rows)
   }
 }
 
+// Of a row, or of all (-1).
+void SetState(HWND list, int row, UINT mask, UINT state) {
+  Remote remote(list);
+  LVITEMW item = {};
+  item.stateMask = mask;
+  item.state = state;
+  remote.Put(&item, sizeof item);
+  Send(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(remote.at()));
+}
+
+HWND HeaderOf(HWND list) { return reinterpret_cast<HWND>(Send(list, LVM_GETHEADER, 0, 0)); }
+
+RECT HeadOf(HWND list, int column) {
+  Remote remote(HeaderOf(list));
+  RECT place = {};
+  Send(HeaderOf(list), HDM_GETITEMRECT, static_cast<WPARAM>(column),
+       reinterpret_cast<LPARAM>(remote.at()));
+  remote.Get(&place, sizeof place);
+  return place;
+}
+
 }  // namespace
 
 std::vector<ListRow> ListRows(HWND list) {
   Remote remote(list);
   std::vector<ListRow> rows;
-  const auto header = reinterpret_cast<HWND>(Send(list, LVM_GETHEADER, 0, 0));
+  const HWND header = HeaderOf(list);
   const LRESULT columns = Send(header, HDM_GETITEMCOUNT, 0, 0);
   const LRESULT count = Send(list, LVM_GETITEMCOUNT, 0, 0);
   for (LRESULT i = 0; i < count; ++i) {
@@ -46,26 +67,29 @@ std::vector<ListRow> ListRows(HWND list) {
 }
 
 void SelectRow(HWND list, int row) {
-  Remote remote(list);
-  LVITEMW item = {};
-  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-  for (const bool selected : {false, true}) {
-    item.state = selected ? item.stateMask : 0;
-    remote.Put(&item, sizeof item);
-    Send(list, LVM_SETITEMSTATE, static_cast<WPARAM>(selected ? row : -1),
-         reinterpret_cast<LPARAM>(remote.at()));
-  }
+  SetState(list, -1, LVIS_SELECTED | LVIS_FOCUSED, 0);
+  SetState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+void SelectRows(HWND list, int first, int last) {
+  SetState(list, -1, LVIS_SELECTED, 0);
+  for (int row = first; row <= last; ++row) SetState(list, row, LVIS_SELECTED, LVIS_SELECTED);
 }
 
 void ClickHead(HWND list, int column) {
-  const auto header = reinterpret_cast<HWND>(Send(list, LVM_GETHEADER, 0, 0));
-  Remote remote(header);
-  RECT place = {};
-  Send(header, HDM_GETITEMRECT, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(remote.at()));
-  remote.Get(&place, sizeof place);
+  const RECT place = HeadOf(list, column);
   const LPARAM at = MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2);
-  PostMessageW(header, WM_LBUTTONDOWN, MK_LBUTTON, at);
-  PostMessageW(header, WM_LBUTTONUP, 0, at);
+  PostMessageW(HeaderOf(list), WM_LBUTTONDOWN, MK_LBUTTON, at);
+  PostMessageW(HeaderOf(list), WM_LBUTTONUP, 0, at);
+}
+
+void DragHead(HWND list, int column, int by) {
+  const RECT place = HeadOf(list, column);
+  const int edge = place.right - 1;
+  const int middle = (place.top + place.bottom) / 2;
+  Send(HeaderOf(list), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(edge, middle));
+  Send(HeaderOf(list), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(edge + by, middle));
+  Send(HeaderOf(list), WM_LBUTTONUP, 0, MAKELPARAM(edge + by, middle));
 }
 
 std::vector<TreeRow> TreeRows(HWND tree) {
@@ -83,7 +107,7 @@ std::string StatusText(HWND status, int part) {
 std::vector<TextPart> ColumnHeads(HWND list) {
   Remote remote(list);
   std::vector<TextPart> heads;
-  const auto header = reinterpret_cast<HWND>(Send(list, LVM_GETHEADER, 0, 0));
+  const HWND header = HeaderOf(list);
   const LRESULT count = Send(header, HDM_GETITEMCOUNT, 0, 0);
   for (LRESULT i = 0; i < count; ++i) {
     HDITEMW item = {};

@@ -369,6 +369,43 @@ TEST_CASE("what is in use goes at the next start, in the way of the running Wind
   SetWindowsVersion("");
 }
 
+TEST_CASE("the menu of the results checks a spy's rows, groups by spy and excludes one component") {
+  PlantMachine();
+  Program program("\"C:\\planted\"");
+  const HWND top = ScanToResults(&program);
+  const HWND list = Control(top, IDC_SpyListView);
+  const std::vector<std::string> spies = Column(list, 1);
+  const auto unchecked = [&] {
+    std::vector<std::string> names;
+    for (const ListRow& row : ListRows(list)) {
+      if (!row.checked) names.push_back(row.texts[1]);
+    }
+    return names;
+  };
+  const std::string spy = spies.front();
+  const std::vector<std::string> its(static_cast<std::size_t>(std::ranges::count(spies, spy)), spy);
+  REQUIRE(its.size() < spies.size());
+  SelectRow(list, 0);
+  const HWND pane = GetParent(list);
+  Command(pane, IDM_mnuUncheckSpy);
+  CHECK(WaitFor([&] { return unchecked() == its; }));
+  Command(pane, IDM_mnuCheckSpy);
+  CHECK(WaitFor([&] { return unchecked().empty(); }));
+  Command(pane, IDM_mnuGroupBySpy);
+  const std::string counted = " (" + std::to_string(its.size()) + ")";
+  CHECK(WaitFor([&] { return std::ranges::count(Column(list, 1), spy + counted) == 1; }));
+  Command(pane, IDM_mnuGroupBySpy);
+  CHECK(WaitFor([&] { return Column(list, 1) == spies; }));
+  const std::string place = Column(list, 2)[0];
+  SelectRow(list, 0);
+  Command(pane, IDM_mnuExclude);
+  Answer(&program, "Confirmation", IDYES);
+  CHECK(WaitFor([&] { return ListRows(list).size() == spies.size() - 1; }));
+  CHECK(std::ranges::count(Column(list, 2), place) == 0);
+  CHECK(program.Close());
+  Erase("C:\\Scourwell\\ignorespylist.txt");
+}
+
 TEST_CASE("excluded components stay away until they are taken out of the ignore list") {
   PlantEvil();
   const auto details = [](Program* program, HWND* top) {

@@ -75,6 +75,15 @@ std::string State() {
   return state + Content(UserLink()) + "\n" + Content(CommonLink());
 }
 
+std::vector<std::string> Backups() {
+  std::vector<std::string> names;
+  static_cast<void>(files.List("C:\\Scourwell\\*.qzp", [&](const DirEntry& entry) {
+    names.push_back(kProgramFolder + entry.name);
+    return true;
+  }));
+  return names;
+}
+
 // The status of each row whose name has "lanted" in it.
 std::map<std::string, std::string> Statuses(HWND list) {
   std::map<std::string, std::string> statuses;
@@ -116,7 +125,11 @@ TEST_CASE("startup entries of all places are disabled, come back as they were, a
                                      {"Planted common/StartUp (All Users)", "Enabled"}});
     SetText(Control(tool.window, IDC_txtFilter), "lanted");
     CHECK(WaitFor([&] { return ListRows(tool.list).size() == 11; }));
-    for (int row = 0; row < 11; ++row) tool.Toggle(row);
+    for (int row = 0; row < 8; ++row) tool.Toggle(row);
+    // Several rows at once, by the menu of the list.
+    SelectRows(tool.list, 8, 10);
+    Command(tool.window, IDC_cmdDisable);
+    CHECK(WaitFor([&] { return CountOf(tool.list, "Disabled (pending)") == 11; }));
     CHECK(State() == before);
     tool.Apply();
     CHECK(State().find("exe") == std::string::npos);
@@ -155,6 +168,10 @@ TEST_CASE("startup entries of all places are disabled, come back as they were, a
   }
   CHECK(WaitFor([&] { return !IsWindowEnabled(Control(tool.window, IDC_cmdApply)); }));
   CHECK(CountOf(tool.list, "Enabled") == 8);
+  // What was removed for good is in a backup.
+  const std::vector<std::string> backups = Backups();
+  CHECK(backups.size() == 1);
+  for (const std::string& backup : backups) Erase(backup);
   CHECK(State().find("Planted data=none\n") != std::string::npos);
   CHECK(Content(UserLink()).empty());
   tool.Close();
