@@ -45,8 +45,18 @@ std::string Startup(int folder) { return SystemWin().ShellFolder(folder) + "\\";
 std::string UserLink() { return Startup(kStartupFolder) + "Planted link.lnk"; }
 std::string CommonLink() { return Startup(kCommonStartupFolder) + "Planted common.lnk"; }
 
+std::vector<std::string> Backups() {
+  std::vector<std::string> names;
+  static_cast<void>(files.List("C:\\Scourwell\\*.qzp", [&](const DirEntry& entry) {
+    names.push_back(kProgramFolder + entry.name);
+    return true;
+  }));
+  return names;
+}
+
 void PlantStartup() {
   PlantMachine();
+  for (const std::string& backup : Backups()) Erase(backup);
   static_cast<void>(files.EraseFile(kSaveProf));
   for (const Planted& value : PlantedValues()) {
     REQUIRE(registry.SetValue(value.root, Run(value.key), value.name, {value.type, value.data}) ==
@@ -73,15 +83,6 @@ std::string State() {
   add(kUser, kLines, "load");
   add(kUser, kLines, "run");
   return state + Content(UserLink()) + "\n" + Content(CommonLink());
-}
-
-std::vector<std::string> Backups() {
-  std::vector<std::string> names;
-  static_cast<void>(files.List("C:\\Scourwell\\*.qzp", [&](const DirEntry& entry) {
-    names.push_back(kProgramFolder + entry.name);
-    return true;
-  }));
-  return names;
 }
 
 // The status of each row whose name has "lanted" in it.
@@ -169,9 +170,7 @@ TEST_CASE("startup entries of all places are disabled, come back as they were, a
   CHECK(WaitFor([&] { return !IsWindowEnabled(Control(tool.window, IDC_cmdApply)); }));
   CHECK(CountOf(tool.list, "Enabled") == 8);
   // What was removed for good is in a backup.
-  const std::vector<std::string> backups = Backups();
-  CHECK(backups.size() == 1);
-  for (const std::string& backup : backups) Erase(backup);
+  CHECK(Backups().size() == 1);
   CHECK(State().find("Planted data=none\n") != std::string::npos);
   CHECK(Content(UserLink()).empty());
   tool.Close();
