@@ -6,6 +6,7 @@
 #include "machine/counting.h"
 #include "machine/reasons.h"
 #include "scan/finding_texts.h"
+#include "text/text.h"
 #include "widgets/access_keys.h"
 #include "widgets/path_cell.h"
 #include "widgets/resource.h"
@@ -23,16 +24,23 @@ frmBackupContents::frmBackupContents(const WindowEnv& env, const RestoreRun& run
       chosen_(run.AllButDoubtful()) {
   // What is refused would only fail.
   for (std::size_t i = 0; i < chosen_.size(); ++i) {
+    order_.push_back(i);
     if (!Item(i).refused.ok()) chosen_[i] = false;
   }
 }
 
-SIZE frmBackupContents::FirstSize() const { return {metrics().Scale(624), metrics().Scale(380)}; }
+SIZE frmBackupContents::FirstSize() const { return {metrics().Scale(740), metrics().Scale(430)}; }
+
+SIZE frmBackupContents::SmallestSize() const {
+  return {metrics().Scale(624), metrics().Scale(380)};
+}
 
 void frmBackupContents::OnCreate() {
   CreateHeader(name_, Text(Caption::NoComponentChecked));
   ContentsList_.on_check = [this](const auto& rows, bool checked) { Check(rows, checked); };
-  ContentsList_.is_checked = [this](int row) { return chosen_[static_cast<std::size_t>(row)]; };
+  ContentsList_.is_checked = [this](int row) {
+    return chosen_[order_[static_cast<std::size_t>(row)]];
+  };
   ContentsList_.row_count = [this] { return chosen_.size(); };
   ContentsList_.cell_text = [this](std::size_t row, int column) { return Cell(Item(row), column); };
   ContentsList_.Create(env_, hwnd(), IDC_ContentsList);
@@ -46,7 +54,7 @@ void frmBackupContents::OnCreate() {
   }
   const int status = metrics().WidestText(states) + metrics().Scale(14);
   ContentsList_.AddColumn(kType, Text(Caption::ColumnHitType), type);
-  ContentsList_.AddColumn(kSystem, Text(Caption::ColumnHitSystem), metrics().Scale(80));
+  ContentsList_.AddColumn(kSystem, Text(Caption::ColumnHitSystem), metrics().Scale(130));
   ContentsList_.AddColumn(kPlace, Text(Caption::ColumnHitDetails), metrics().Scale(200));
   ContentsList_.AddColumn(kSize, Text(Caption::ColumnBackupSize), metrics().Scale(70));
   ContentsList_.AlignRight(kSize);
@@ -110,16 +118,48 @@ std::string frmBackupContents::Status(const BackupItem& item) const {
   return Text(item.state == ItemState::Missing ? Caption::ItemMissing : Caption::ItemDifferent);
 }
 
+// Sizes compare as such, all else as it reads. Equal items stay as they stood, and the focus stays
+// on its item.
+void frmBackupContents::Sort(int column) {
+  const int focus = ContentsList_.Focused();
+  const std::size_t focused = focus < 0 ? order_.size() : order_[static_cast<std::size_t>(focus)];
+  ascending_ = column != sorted_by_ || !ascending_;
+  sorted_by_ = column;
+  std::vector<std::string> texts;
+  for (const BackupItem& item : run_.items()) texts.push_back(Cell(item, column));
+  const auto compare = [&](std::size_t a, std::size_t b) {
+    if (column != kSize) return CompareNoCase(texts[a], texts[b]);
+    const std::uint64_t sizes[] = {run_.items()[a].size, run_.items()[b].size};
+    return sizes[0] < sizes[1] ? -1 : sizes[0] > sizes[1];
+  };
+  const auto before = [&](std::size_t a, std::size_t b) {
+    return (ascending_ ? compare(a, b) : compare(b, a)) < 0;
+  };
+  for (auto row = order_.begin(); row != order_.end(); ++row) {
+    std::rotate(std::upper_bound(order_.begin(), row, *row, before), row, row + 1);
+  }
+  ContentsList_.ShowSortArrow(column, ascending_);
+  ContentsList_.Select(-1, false);
+  const auto found = std::ranges::find(order_, focused);
+  if (found != order_.end()) {
+    ContentsList_.FocusRow(static_cast<int>(found - order_.begin()));
+    ContentsList_.Select(static_cast<int>(found - order_.begin()), true);
+  }
+  ContentsList_.Redraw();
+}
+
 void frmBackupContents::Check(const std::vector<std::size_t>& rows, bool checked) {
   for (const std::size_t row : rows) {
-    if (row < chosen_.size() && Item(row).refused.ok()) chosen_[row] = checked;
+    if (row < order_.size() && Item(row).refused.ok()) chosen_[order_[row]] = checked;
   }
   ContentsList_.Redraw();
   ShowCount();
 }
 
 void frmBackupContents::CheckAll(bool checked) {
-  for (std::size_t i = 0; i < chosen_.size(); ++i) chosen_[i] = checked && Item(i).refused.ok();
+  for (std::size_t row = 0; row < order_.size(); ++row) {
+    chosen_[order_[row]] = checked && Item(row).refused.ok();
+  }
   ContentsList_.Redraw();
   ShowCount();
 }
@@ -149,7 +189,12 @@ bool frmBackupContents::OnCommand(int id) {
 
 LRESULT frmBackupContents::OnNotify(NMHDR* header) {
   if (const auto answer = ContentsList_.Answer(header)) return *answer;
-  if (header->hwndFrom != ContentsList_.hwnd() || header->code != NM_CUSTOMDRAW) return 0;
+  if (header->hwndFrom != ContentsList_.hwnd()) return 0;
+  if (header->code == LVN_COLUMNCLICK) {
+    Sort(reinterpret_cast<NMLISTVIEW*>(header)->iSubItem);
+    return 0;
+  }
+  if (header->code != NM_CUSTOMDRAW) return 0;
   const auto& draw = *reinterpret_cast<const NMLVCUSTOMDRAW*>(header);
   return DrawPathColumn(ContentsList_, draw, kPlace, chosen_.size(),
                         [&](std::size_t row) { return PlaceText(Item(row).object); });

@@ -26,6 +26,7 @@ class frmBackupContents : public ListDialog {
   enum Column { kType, kSystem, kPlace, kSize, kStatus };
 
   SIZE FirstSize() const override;
+  SIZE SmallestSize() const override;
   std::string Title() const override { return Text(Caption::BackupContents); }
   HWND DefaultButton() const override { return cmdRestore_.hwnd(); }
   HWND FirstFocus() const override { return ContentsList_.hwnd(); }
@@ -34,9 +35,10 @@ class frmBackupContents : public ListDialog {
   bool OnCommand(int id) override;
   LRESULT OnNotify(NMHDR* header) override;
 
-  const BackupItem& Item(std::size_t row) const { return run_.items()[row]; }
+  const BackupItem& Item(std::size_t row) const { return run_.items()[order_[row]]; }
   std::string Cell(const BackupItem& item, int column) const;
   std::string Status(const BackupItem& item) const;
+  void Sort(int column);
   void Check(const std::vector<std::size_t>& rows, bool checked);
   void CheckAll(bool checked);
   void ShowCount();
@@ -44,7 +46,10 @@ class frmBackupContents : public ListDialog {
   const RestoreRun& run_;
   std::string name_;
   std::function<void()> help_;
-  std::vector<bool> chosen_;
+  std::vector<bool> chosen_;        // by item
+  std::vector<std::size_t> order_;  // the item of each row
+  int sorted_by_ = -1;
+  bool ascending_ = true;
   bool confirmed_ = false;
   CheckListView ContentsList_;
   Button cmdCheckAll_;

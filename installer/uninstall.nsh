@@ -58,6 +58,9 @@ Section /o "un.$(DeleteBackups)" UnBackups
   Delete "$INSTDIR\Disabled Startup\Current User\*.*"
   Delete "$INSTDIR\Disabled Startup\All Users\*.*"
   Delete "$INSTDIR\Disabled Startup\win.ini\*.*"
+  Delete "$INSTDIR\Disabled Startup\Users\*.*"
+  Call un.DeleteShortcutsOfUsers
+  RMDir "$INSTDIR\Disabled Startup\Users"
   RMDir "$INSTDIR\Disabled Startup\Current User"
   RMDir "$INSTDIR\Disabled Startup\All Users"
   RMDir "$INSTDIR\Disabled Startup\win.ini"
@@ -65,6 +68,19 @@ Section /o "un.$(DeleteBackups)" UnBackups
   DeleteRegKey HKCU "${STORE_KEY}"
   RMDir "$INSTDIR"
 SectionEnd
+
+; Each user's folder is named by his security identifier.
+Function un.DeleteShortcutsOfUsers
+  FindFirst $0 $1 "$INSTDIR\Disabled Startup\S-1-*"
+  next:
+    StrCmp $1 "" done
+    Delete "$INSTDIR\Disabled Startup\$1\*.*"
+    RMDir "$INSTDIR\Disabled Startup\$1"
+    FindNext $0 $1
+    Goto next
+  done:
+  FindClose $0
+FunctionEnd
 
 ; Those of the folder $R6. A backup is one file, or pieces that are numbered from .q01 on and end with it.
 Function un.DeleteBackups

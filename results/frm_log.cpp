@@ -31,6 +31,7 @@ void frmLog::OnCreate() {
   AccessKeys keys({Text(Caption::LabelFind)});
   cmdFind_.Create(env_, hwnd(), IDC_cmdFind, keys.Add(Text(Caption::FindNext)));
   txtFile_.Create(env_, hwnd(), IDC_txtFile);
+  txtFile_.SetName(Title());
   cmdOpen_.Create(env_, hwnd(), IDC_cmdOpen, keys.Add(Text(Caption::OpenLog)));
   cmdReport_.Create(env_, hwnd(), IDC_cmdReport, keys.Add(Text(Caption::SaveReport)));
   cmdSave_.Create(env_, hwnd(), IDC_cmdSave, keys.Add(Text(Caption::SaveLog)));

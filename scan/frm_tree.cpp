@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "scan/frm_tree.h"
 
+#include <algorithm>
+
 #include "widgets/image_list.h"
 #include "widgets/layout.h"
 #include "widgets/resource.h"
@@ -23,7 +25,10 @@ int ScopePicture(const ScanScope& scope, std::size_t number) {
 
 }  // namespace
 
-int frmTree::Width() const { return metrics().Scale(196); }
+// So wide that its texts are whole, within limits.
+int frmTree::Width() const {
+  return std::clamp(texts_width_, metrics().Scale(196), metrics().Scale(230));
+}
 
 void frmTree::OnCreate() {
   lblSection_.Create(env_, hwnd(), IDC_lblSection);
@@ -52,7 +57,11 @@ void frmTree::FillTree() {
   TreeView1_.SetName(Text(Caption::ScanSections));
   TreeView1_.Clear();
   items_.clear();
-  for (std::size_t i = 1; i <= scope_.count(); ++i) items_.push_back(AddNode(i));
+  texts_width_ = 0;
+  for (std::size_t i = 1; i <= scope_.count(); ++i) {
+    items_.push_back(AddNode(i));
+    texts_width_ = std::max(texts_width_, WidthOf(i));
+  }
   for (HTREEITEM item : items_) TreeView1_.Expand(item);
   Mirror();
   TreeView1_.SelectItem(items_.front());
@@ -63,6 +72,14 @@ HTREEITEM frmTree::AddNode(std::size_t number) {
   const ScanScope::Node& node = scope_.node(number);
   HTREEITEM parent = node.parent == 0 ? nullptr : items_[node.parent - 1];
   return TreeView1_.Add(parent, node.text, ScopePicture(scope_, number), number);
+}
+
+// Of the tree, for the text of one node: steps, box, picture and frame come to it.
+int frmTree::WidthOf(std::size_t number) const {
+  int steps = 2;  // the root's, and as much for the box
+  for (std::size_t up = number; (up = scope_.node(up).parent) != 0;) ++steps;
+  return metrics().TextWidth(scope_.node(number).text) + steps * TreeView1_.Indent() +
+         16 * metrics().PictureFactor() + metrics().Gap() + metrics().Scale(10);
 }
 
 void frmTree::Mirror() {

@@ -26,6 +26,7 @@ class frmTree : public Pane {
   void OnSize(Area area) override;
 
   HTREEITEM AddNode(std::size_t number);
+  int WidthOf(std::size_t number) const;
   void Mirror();
 
   ScanScope& scope_;
@@ -33,6 +34,7 @@ class frmTree : public Pane {
   CheckTreeView TreeView1_;
   ImageListHandle images_;
   std::vector<HTREEITEM> items_;  // by node number less one
+  int texts_width_ = 0;
 };
 
 }  // namespace scourwell

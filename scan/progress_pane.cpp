@@ -92,6 +92,8 @@ void ProgressPane::SetCaptions() {
   header_.SetHeading(Text(Caption::ScanningForSpyware));
   header_.ReserveRight(Text(Caption::ElapsedTime) + kWidestTime,
                        Text(Caption::RemainingTime) + kWidestTime);
+  prgLoading_.SetName(Text(Caption::LoadingDefinitions));
+  activity_.SetName(Text(Caption::ScanInProgress));
   lblCurrentItem_.SetText(Text(Caption::CurrentItem));
   lblSFoldersCaption_.SetText(Text(Caption::FoldersEntered));
   lblFScanCaption_.SetText(Text(Caption::FoldersSearched));

@@ -104,6 +104,7 @@ void frmMain::FillSideMenu() {
     items.push_back(
         {entry.command, Text(entry.caption), entry.icon, !hindrance.empty(), hindrance});
   }
+  MenuXP1_.SetName(Text(Caption::Actions));
   MenuXP1_.Fill(std::move(items));
 }
 

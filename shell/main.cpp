@@ -4,6 +4,7 @@
 #include "engine/version.h"
 #include "platform/win/adapters_win.h"
 #include "platform/win/child_process.h"
+#include "platform/win/current_user.h"
 #include "platform/win/program_win.h"
 #include "platform/win/pump_win.h"
 #include "platform/win/single_instance.h"
@@ -57,6 +58,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
        machine.system, shell, machine.versions, machine.processes, pump, machine.code_pages},
       ProgramFolder(), kProgramVersion);
   if (!single.is_first()) return SayWhyNot(app, answer, command.path);
+  app.tools().UseUser(CurrentUser());
   frmMain main_window(app, pump, instance);
   return main_window.Run(command, show);
 }

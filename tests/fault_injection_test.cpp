@@ -230,6 +230,7 @@ struct IgnoreJob : Bench {
 // One entry of each kind.
 struct ProfileJob : ToolBench {
   ProfileJob() {
+    locations.UseUser("S-1-5-21-7-1000");
     registry64.port_faults = &m.faults;
     m.registry.Make(kMachine, kRun).Value("Machine", Z("C:\\a.exe"));
     m.File(kWinIni, "[windows]\r\nrun=C:\\one.exe, two\r\n");

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 // What the startup manager reads from others: profiles, win.ini, tasks of the user.
+#include <memory>
+
 #include "tests/startup_support.h"
 #include "tools/startup_manager.h"
 #include "tools/stored_value.h"
@@ -259,6 +261,76 @@ TEST_SUITE("startup_profile") {
     next.Form_Load();
     CHECK_FALSE(next.HasMarks());
     CHECK(next.IsChanged());
+  }
+
+  TEST_CASE("what lies in the part of one user is no other user's to put back") {
+    Planted p;
+    const std::string link = std::string(kUserStartup) + "\\Tray.lnk";
+    const std::string shortcut = p.m.Content(link);
+    const auto names = [](const StartupManager& manager) {
+      std::string text;
+      for (std::size_t row = 0; row < manager.size(); ++row) {
+        if (manager.status(row) == EntryStatus::Disabled) text += manager.entry(row).name + " ";
+      }
+      return text;
+    };
+    const auto as = [&](const char* user) {
+      p.locations.UseUser(user);
+      auto manager = std::make_unique<StartupManager>(p.needs);
+      manager->Form_Load();
+      return manager;
+    };
+    const auto disable = [&](StartupManager& manager) {
+      for (const char* name : {"User", "Tray", "Office", "two"}) {
+        manager.cmdDisable_Click(p.RowOf(manager, name));
+      }
+      CHECK(manager.ApplyNow());
+    };
+    disable(*as("S-1-5-21-7-1000"));
+    CHECK(names(*as("S-1-5-21-7-1000")) == "User two Tray Office ");
+    CHECK(names(*as("S-1-5-21-7-1001")) == "Office ");
+    // The other one has the same, but for a shortcut of his own.
+    p.m.registry.Make(kUser, kRun).Value("User", Z("%WinDir%\\u.exe"), kRegExpandText);
+    p.m.File(kWinIni, "[windows]\r\nrun=two\r\n");
+    p.m.File(link, FakeShell::MakeShortcut("C:\\other.exe", ""));
+    {
+      const auto manager = as("S-1-5-21-7-1001");
+      manager->cmdDisable_Click(p.RowOf(*manager, "Office"));
+      disable(*manager);
+      CHECK(names(*manager) == "User two Tray Office ");
+      manager->ResetAll();
+      CHECK(manager->ApplyNow());
+    }
+    CHECK(p.m.Has(std::string(kCommonStartup) + "\\Office.lnk"));
+    REQUIRE(p.m.Has(link));
+    CHECK(p.m.Content(link) == FakeShell::MakeShortcut("C:\\other.exe", ""));
+    // The first one's are still his, and still his shortcut.
+    static_cast<void>(p.m.files.EraseFile(link));
+    p.m.File(kWinIni, "[windows]\r\nrun=C:\\one.exe\r\n");
+    REQUIRE(p.m.registry.DeleteValue(kUser, kRun, "User") == kRegOk);
+    const auto manager = as("S-1-5-21-7-1000");
+    CHECK(names(*manager) == "User two Tray ");
+    manager->ResetAll();
+    CHECK(manager->ApplyNow());
+    CHECK(p.m.Content(link) == shortcut);
+    CHECK(p.m.registry.Text(kUser, kRun, "User") == Z("%WinDir%\\u.exe"));
+    CHECK_FALSE(p.m.Has(kSaveProf));
+  }
+
+  TEST_CASE("what was disabled before users were told apart is everybody's") {
+    Planted p;
+    StartupManager before(p.needs);
+    before.Form_Load();
+    const std::string state = p.State();
+    ToggleAll(before);
+    REQUIRE(before.ApplyNow());
+    p.locations.UseUser("S-1-5-21-7-1001");
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    CHECK(manager.disabled_count() == 15);
+    manager.ResetAll();
+    CHECK(manager.ApplyNow());
+    CHECK(p.State() == state);
   }
 
   TEST_CASE("a profile of endless records is cut and put aside") {

@@ -68,27 +68,9 @@ void EntryTable::Refresh(std::vector<Outcome>* failures) {
   }
 }
 
-// What cannot be read as records must not be lost when the file is written anew.
-Outcome EntryTable::LoadDisabledItems() {
-  std::vector<ProfileRecord> records;
-  Files& files = locations_.needs().files;
-  Outcome loaded = LoadProfile(files, locations_.needs().code_pages, profile_path_, &records);
-  unreadable_ = {};
-  if (loaded.code() == kPastEndOfFile || loaded.code() == kOverflow) {
-    std::string content;
-    Outcome copied = files.Read(profile_path_, kLargestProfile, &content);
-    if (copied.ok()) copied = files.Replace(profile_path_ + ".bad", content);
-    if (!copied.ok()) unreadable_ = loaded;
-  } else if (!loaded.ok()) {
-    unreadable_ = loaded;
-  }
-  for (const ProfileRecord& record : records) AddRecord(record, true);
-  return loaded;
-}
-
 // An entry that is both in its place and in the profile was left so by a run that ended in
 // between: its place counts.
-void EntryTable::AddRecord(const ProfileRecord& record, bool held) {
+void EntryTable::AddRecord(const ProfileRecord& record, bool held, bool claimed) {
   const StartupLocation* place = FindPlace(record.fields[Fields::kLocation]);
   const bool ours = place && std::any_of(places_.begin(), places_.end(),
                                          [&](const StartupLocation& p) { return &p == place; });
@@ -107,6 +89,7 @@ void EntryTable::AddRecord(const ProfileRecord& record, bool held) {
     if (!IsSame(entry, place, name, command)) continue;
     if (held && place && entry.present && locations_.IsAnother(*place, PlaceOf(entry))) continue;
     if (held) entry.held = true;
+    entry.claimed = entry.claimed || claimed;
     if (!held) entry.status = EntryStatus::Disabled;
     return;
   }
@@ -116,6 +99,7 @@ void EntryTable::AddRecord(const ProfileRecord& record, bool held) {
   entry.status = EntryStatus::Disabled;
   entry.place = place;
   entry.held = held;
+  entry.claimed = claimed;
   entry.record = record;
   entries_.push_back(std::move(entry));
 }
@@ -150,36 +134,12 @@ bool EntryTable::IsChanged() const {
 
 bool EntryTable::HasMarks() const { return std::any_of(entries_.begin(), entries_.end(), HasMark); }
 
-ProfileRecord EntryTable::RecordOf(const Entry& entry) const {
-  return entry.place ? describe_(entry) : entry.record;
-}
-
-// What the profile holds already, as it reads now: marks that were not applied stay out of it.
-Outcome EntryTable::SaveHeldItems() {
-  std::vector<ProfileRecord> records;
-  for (const Entry& entry : entries_) {
-    if (entry.held) records.push_back(RecordOf(entry));
-  }
-  return SaveProfile(locations_.needs().files, locations_.needs().code_pages, profile_path_,
-                     records);
-}
-
-Outcome EntryTable::SaveDisabledItems(bool with_pending) {
-  std::vector<ProfileRecord> records;
-  for (const Entry& entry : entries_) {
-    const bool pending = with_pending && entry.held && (!entry.present || entry.partial);
-    if (entry.status != EntryStatus::Disabled && !pending) continue;
-    records.push_back(RecordOf(entry));
-  }
-  return SaveProfile(locations_.needs().files, locations_.needs().code_pages, profile_path_,
-                     records);
-}
-
 bool EntryTable::Prepare(Entry& entry, std::vector<Outcome>* failures) {
   PlaceEntry kept = PlaceOf(entry);
   Outcome outcome = locations_.Keep(*entry.place, &kept);
   if (outcome.ok()) {
     entry.command = kept.command;
+    entry.claimed = locations_.IsOfUser(*entry.place);
     return true;
   }
   entry.status = EntryStatus::Enabled;
@@ -276,24 +236,6 @@ Outcome EntryTable::Edit(std::size_t row, const PlaceEntry& changed) {
     entry.command = before.command;
   }
   return saved;
-}
-
-Outcome EntryTable::SaveTo(const std::string& path) const {
-  std::vector<ProfileRecord> records;
-  for (const Entry& entry : entries_) {
-    if (entry.status != EntryStatus::Disabled) continue;
-    records.push_back(RecordOf(entry));
-  }
-  return locations_.needs().files.Replace(path,
-                                          ProfileText(records, locations_.needs().code_pages));
-}
-
-Outcome EntryTable::LoadFrom(const std::string& path) {
-  std::vector<ProfileRecord> records;
-  Outcome loaded =
-      LoadProfile(locations_.needs().files, locations_.needs().code_pages, path, &records);
-  for (const ProfileRecord& record : records) AddRecord(record, false);
-  return loaded;
 }
 
 }  // namespace scourwell

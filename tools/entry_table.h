@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/profile_file.h"
+#include "tools/profile_claims.h"
 #include "tools/startup_locations.h"
 
 namespace scourwell {
@@ -20,6 +20,7 @@ struct Entry {
   const StartupLocation* place = nullptr;  // null: the record names none that we know
   bool present = false;                    // in its place
   bool held = false;                       // in the profile
+  bool claimed = false;                    // this user's alone
   bool partial = false;                    // only a part of what the profile holds is in its place
   ProfileRecord record;                    // as it was read; only of those that were
 };
@@ -42,6 +43,7 @@ class EntryTable {
       : locations_(locations),
         places_(places),
         profile_path_(std::move(profile_path)),
+        claims_(locations),
         describe_(describe) {}
 
   // Reads places and profile anew; marks are lost. Failures are appended, the rest is listed.
@@ -76,11 +78,13 @@ class EntryTable {
   Outcome LoadFrom(const std::string& path);
 
  private:
-  void AddRecord(const ProfileRecord& record, bool held);
+  void AddRecord(const ProfileRecord& record, bool held, bool claimed = false);
   bool IsMissing(const StartupLocation& place, const std::string& command) const;
   Outcome LoadDisabledItems();
   ProfileRecord RecordOf(const Entry& entry) const;
   Outcome SaveHeldItems();
+  template <class Belongs>
+  Outcome SaveThose(Belongs&& belongs);
   Outcome SaveDisabledItems(bool with_pending);
   bool Prepare(Entry& entry, std::vector<Outcome>* failures);
   void Carry(Entry& entry, std::vector<Outcome>* failures);
@@ -89,6 +93,8 @@ class EntryTable {
   const StartupLocations& locations_;
   std::span<const StartupLocation> places_;
   std::string profile_path_;
+  ProfileClaims claims_;
+  std::vector<ProfileRecord> of_others_;  // in the profile, but of no concern to this user
   Describe describe_;
   std::vector<Entry> entries_;
   Outcome unreadable_;  // why the profile must not be written over

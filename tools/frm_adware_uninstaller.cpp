@@ -35,6 +35,7 @@ std::span<const frmTool::Command> frmAdwareUninstaller::MenuCommands() const {
 void frmAdwareUninstaller::OnCreate() {
   frmTool::OnCreate();
   prgList_.Create(env_, hwnd(), IDC_prgTool);
+  prgList_.SetName(Title());
   prgList_.Show(false);
 }
 

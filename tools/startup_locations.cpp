@@ -132,6 +132,11 @@ Outcome StartupLocations::ListKeys(const StartupLocation& place, const Visit& vi
   return status == kRegNotFound ? Outcome() : FromRegistry(status);
 }
 
+// Where the system tells users apart, the lines of "win.ini" lie in the registry of each.
+bool StartupLocations::IsOfUser(const StartupLocation& place) const {
+  return !place.all_users || place.kind == LocationKind::WinIni;
+}
+
 bool StartupLocations::IsAnother(const StartupLocation& place, const PlaceEntry& found) const {
   return place.kind == LocationKind::Shortcut && IsAnotherShortcut(place, found);
 }

@@ -107,6 +107,11 @@ class StartupLocations {
   // The shortcut file of an entry; empty for other places and names that are no file names.
   std::string ShortcutPath(const StartupLocation& place, const std::string& name) const;
   const Needs& needs() const { return needs_; }
+  // Who uses the program, as far as the system tells users apart; empty: it does not.
+  void UseUser(std::string user) { user_ = std::move(user); }
+  const std::string& user() const { return user_; }
+  // Whether each user has an own place of that kind.
+  bool IsOfUser(const StartupLocation& place) const;
 
  private:
   Registry& RegistryOf(const StartupLocation& place) const {
@@ -134,6 +139,7 @@ class StartupLocations {
   std::string KeptPath(const StartupLocation& place, const std::string& name) const;
 
   Needs needs_;
+  std::string user_;
 };
 
 // A failure from a registry status.

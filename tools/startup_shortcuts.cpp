@@ -98,7 +98,8 @@ Outcome StartupLocations::KeepShortcut(const StartupLocation& place,
     if (SameContent(needs_.files, path, kept)) return {};
     return Outcome::Failed(kFileExists, "Another shortcut of this name is disabled already");
   }
-  return MakeSideFolder(needs_.files, needs_.folders, place.path);
+  return MakeSideFolder(needs_.files, needs_.folders,
+                        std::string(FileNamePart(FolderPart(kept))).c_str());
 }
 
 Outcome StartupLocations::TakeOutShortcut(const StartupLocation& place,
@@ -153,11 +154,15 @@ std::string StartupLocations::ShortcutPath(const StartupLocation& place,
   return AddPathToFileName(folder, name + kLinkEnd);
 }
 
+// Two users may have shortcuts of one name. One that was kept when all had one folder stays there.
 std::string StartupLocations::KeptPath(const StartupLocation& place,
                                        const std::string& name) const {
   if (!IsPlainName(name)) return {};
-  return AddPathToFileName(AddPathToFileName(SideFolder(needs_.folders), place.path),
-                           name + kLinkEnd);
+  const std::string side = SideFolder(needs_.folders);
+  std::string shared = AddPathToFileName(AddPathToFileName(side, place.path), name + kLinkEnd);
+  if (user_.empty() || !IsOfUser(place)) return shared;
+  std::string own = AddPathToFileName(AddPathToFileName(side, user_), name + kLinkEnd);
+  return !FileExists(needs_.files, own) && FileExists(needs_.files, shared) ? shared : own;
 }
 
 }  // namespace scourwell

@@ -31,6 +31,8 @@ class ToolBox {
     return {machine_.registry, machine_.files, machine_.shell, machine_.system,
             machine_.folders,  reference_,     log_,           captions_};
   }
+  // Who uses the program; see StartupLocations.
+  void UseUser(std::string user) { locations_.UseUser(std::move(user)); }
   Shell& shell() { return machine_.shell; }
   // Backs up what is about to be removed, and tells what is in no backup; empty: nobody does.
   std::function<std::vector<std::string>(const std::vector<Finding>& objects)> back_up;

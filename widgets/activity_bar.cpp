@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/activity_bar.h"
 
+#include <oleacc.h>
+
 #include <algorithm>
 
 #include "widgets/back_buffer.h"
+#include "widgets/spoken_name.h"
 
 namespace scourwell {
 namespace {
@@ -11,6 +14,12 @@ namespace {
 constexpr int kGroup = 5;  // blocks that wander together
 
 }  // namespace
+
+void ActivityBar::SetName(const std::string& name) {
+  Calls().SetText(hwnd(), name);
+  SetSpokenName(hwnd(), name);
+  SetSpokenRole(hwnd(), ROLE_SYSTEM_PROGRESSBAR);
+}
 
 void ActivityBar::SetState(State state) {
   if (state == state_) return;
@@ -29,6 +38,7 @@ void ActivityBar::Step(int percent) {
 
 LRESULT ActivityBar::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_ERASEBKGND) return 1;
+  if (message == WM_DESTROY) ClearSpokenName(hwnd());
   return Pane::OnMessage(message, wparam, lparam);
 }
 

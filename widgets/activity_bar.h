@@ -13,6 +13,8 @@ class ActivityBar : public Pane {
 
   explicit ActivityBar(const WindowEnv& env) : Pane(env, "ScourwellActivityBar") {}
 
+  // What a screen reader calls it.
+  void SetName(const std::string& name);
   void SetState(State state);
   // While moving: how much is done, or -1 for one step further on an unknown way.
   void Step(int percent);

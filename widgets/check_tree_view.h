@@ -27,6 +27,7 @@ class CheckTreeView : public SubclassedControl {
   void EnsureVisible(HTREEITEM item) const {
     Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
   }
+  int Indent() const { return static_cast<int>(Send(TVM_GETINDENT)); }
   void SelectItem(HTREEITEM item) const {
     Send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
   }

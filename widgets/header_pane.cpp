@@ -67,6 +67,9 @@ void HeaderPane::OnSize(Area area) {
     layout.Place(right_, right);
   }
   layout.Place(heading_, heading);
+  // A long welcome is rather small than cut off.
+  const bool fits = metrics().TextWidth(metrics().title(), heading_.Text()) <= heading.width();
+  if (large()) heading_.SetFont(fits ? metrics().title() : metrics().heading());
   inner.CutTop(metrics().Scale(3));
   text_.SetFormat(Wraps() ? DT_WORDBREAK | DT_END_ELLIPSIS : DT_END_ELLIPSIS);
   Area text = inner.CutTop(TextHeight());

@@ -13,7 +13,7 @@ void SubclassedControl::Subclass(const WindowEnv& env, const char* name) {
       Calls().SetLong(hwnd(), GWL_WNDPROC, reinterpret_cast<LONG>(Procedure)));
 }
 
-void SubclassedControl::SetName(const std::string& name) {
+void SubclassedControl::Annotate(const std::string& name) {
   SetSpokenName(hwnd(), name);
   named_ = true;
 }

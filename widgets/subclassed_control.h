@@ -8,12 +8,18 @@ namespace scourwell {
 // A system control some of whose messages we handle first.
 class SubclassedControl : public Control {
  public:
-  // What a screen reader calls it, where nothing in it says so.
-  void SetName(const std::string& name);
+  // What a screen reader calls it, where nothing in it says so. Some readers take the window text,
+  // others only what is annotated.
+  void SetName(const std::string& name) {
+    SetText(name);
+    Annotate(name);
+  }
 
  protected:
   virtual ~SubclassedControl() { Release(); }
 
+  // The name alone, for a control that shows its window text.
+  void Annotate(const std::string& name);
   // `name` stands in error records.
   void Subclass(const WindowEnv& env, const char* name);
   virtual LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {

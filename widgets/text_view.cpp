@@ -17,6 +17,7 @@ void TextView::Create(const WindowEnv& env, HWND parent, int id) {
   const bool rich = LoadSystemLibrary(box.library) != nullptr;
   short_line_ends_ = rich && box.short_line_ends;
   CreateHandle(env, parent, rich ? box.window_class : "EDIT", kStyle, WS_EX_CLIENTEDGE, id);
+  Subclass(env, "TextView");
   // What looks like marks of rich text is text, too.
   if (rich) Send(EM_SETTEXTMODE, TM_PLAINTEXT);
   Send(rich ? UINT{EM_EXLIMITTEXT} : UINT{EM_LIMITTEXT}, 0, rich ? 0x7FFFFFFE : 0);

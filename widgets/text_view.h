@@ -6,15 +6,17 @@
 
 #include <string_view>
 
-#include "widgets/control.h"
+#include "widgets/subclassed_control.h"
 
 namespace scourwell {
 
 // A long text to read, of any size: the system's plain text box holds 64 KB on Windows 95, 98 and
 // Me, so the rich one is used where it is installed.
-class TextView : public Control {
+class TextView : public SubclassedControl {
  public:
   void Create(const WindowEnv& env, HWND parent, int id);
+  // What a screen reader calls it before it reads the text.
+  void SetName(const std::string& name) { Annotate(name); }
   void SetText(const std::string& text);
   // Selects the next place of a text, which is not empty, behind the selection, without case, and
   // goes on from the top after the last. False when there is none.

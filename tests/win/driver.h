@@ -63,6 +63,12 @@ std::vector<ListRow> ListRows(HWND list);
 
 // Selects one row of a list alone.
 void SelectRow(HWND list, int row);
+// Selects rows, and no others.
+void SelectRows(HWND list, int first, int last);
+// By the mouse on the head of a column.
+void ClickHead(HWND list, int column);
+// Makes a column wider, by the mouse on its edge.
+void DragHead(HWND list, int column, int by);
 
 struct TreeRow {
   int depth;

@@ -13,6 +13,7 @@
 #include "platform/win/system_win.h"
 #include "tests/win/evil_machine.h"
 #include "tests/win/snapshot.h"
+#include "text/text.h"
 
 namespace scourwell::ui {
 namespace {
@@ -20,12 +21,43 @@ namespace {
 FilesWin files;
 RegistryWin registry;
 
+std::vector<std::string> Column(HWND list, std::size_t column) {
+  std::vector<std::string> texts;
+  for (const ListRow& row : ListRows(list)) texts.push_back(row.texts[column]);
+  return texts;
+}
+
+// Check marks and the focus go with their items.
+void SortContents(HWND list) {
+  constexpr int kPlace = 2;
+  const auto unchecked = [&] {
+    std::string places;
+    for (const ListRow& row : ListRows(list)) places += row.checked ? "" : row.texts[kPlace];
+    return places;
+  };
+  SelectRow(list, 1);
+  PostMessageW(list, WM_KEYDOWN, VK_SPACE, 1);
+  const std::string place = Column(list, kPlace)[1];
+  CHECK(WaitFor([&] { return unchecked() == place; }));
+  std::vector<std::string> sorted = Column(list, kPlace);
+  std::ranges::sort(sorted, NoCaseLess{});
+  ClickHead(list, kPlace);
+  CHECK(WaitFor([&] { return Column(list, kPlace) == sorted; }));
+  std::ranges::reverse(sorted);
+  ClickHead(list, kPlace);
+  CHECK(WaitFor([&] { return Column(list, kPlace) == sorted; }));
+  CHECK(unchecked() == place);
+  PostMessageW(list, WM_KEYDOWN, VK_SPACE, 1);
+  CHECK(WaitFor([&] { return unchecked().empty(); }));
+}
+
 // The list says what there is to do, and all of it is checked.
 void ConfirmRestore(Program* program) {
   const HWND contents = program->Window("Contents of the Backup");
   REQUIRE(contents);
   const HWND restore = ReadyControl(contents, IDC_cmdRestore);
-  const auto rows = ListRows(Control(contents, IDC_ContentsList));
+  const HWND list = Control(contents, IDC_ContentsList);
+  const auto rows = ListRows(list);
   CHECK(rows.size() > 3);
   bool found = false;
   for (const auto& row : rows) {
@@ -33,6 +65,7 @@ void ConfirmRestore(Program* program) {
     found = found || (row.texts[2] == "C:\\planted\\evil.dll" && row.texts[4] == "missing");
   }
   CHECK(found);
+  SortContents(list);
   Click(restore);
 }
 
@@ -334,6 +367,43 @@ TEST_CASE("what is in use goes at the next start, in the way of the running Wind
     CHECK(program.Close());
   }
   SetWindowsVersion("");
+}
+
+TEST_CASE("the menu of the results checks a spy's rows, groups by spy and excludes one component") {
+  PlantMachine();
+  Program program("\"C:\\planted\"");
+  const HWND top = ScanToResults(&program);
+  const HWND list = Control(top, IDC_SpyListView);
+  const std::vector<std::string> spies = Column(list, 1);
+  const auto unchecked = [&] {
+    std::vector<std::string> names;
+    for (const ListRow& row : ListRows(list)) {
+      if (!row.checked) names.push_back(row.texts[1]);
+    }
+    return names;
+  };
+  const std::string spy = spies.front();
+  const std::vector<std::string> its(static_cast<std::size_t>(std::ranges::count(spies, spy)), spy);
+  REQUIRE(its.size() < spies.size());
+  SelectRow(list, 0);
+  const HWND pane = GetParent(list);
+  Command(pane, IDM_mnuUncheckSpy);
+  CHECK(WaitFor([&] { return unchecked() == its; }));
+  Command(pane, IDM_mnuCheckSpy);
+  CHECK(WaitFor([&] { return unchecked().empty(); }));
+  Command(pane, IDM_mnuGroupBySpy);
+  const std::string counted = " (" + std::to_string(its.size()) + ")";
+  CHECK(WaitFor([&] { return std::ranges::count(Column(list, 1), spy + counted) == 1; }));
+  Command(pane, IDM_mnuGroupBySpy);
+  CHECK(WaitFor([&] { return Column(list, 1) == spies; }));
+  const std::string place = Column(list, 2)[0];
+  SelectRow(list, 0);
+  Command(pane, IDM_mnuExclude);
+  Answer(&program, "Confirmation", IDYES);
+  CHECK(WaitFor([&] { return ListRows(list).size() == spies.size() - 1; }));
+  CHECK(std::ranges::count(Column(list, 2), place) == 0);
+  CHECK(program.Close());
+  Erase("C:\\Scourwell\\ignorespylist.txt");
 }
 
 TEST_CASE("excluded components stay away until they are taken out of the ignore list") {

@@ -45,8 +45,18 @@ std::string Startup(int folder) { return SystemWin().ShellFolder(folder) + "\\";
 std::string UserLink() { return Startup(kStartupFolder) + "Planted link.lnk"; }
 std::string CommonLink() { return Startup(kCommonStartupFolder) + "Planted common.lnk"; }
 
+std::vector<std::string> Backups() {
+  std::vector<std::string> names;
+  static_cast<void>(files.List("C:\\Scourwell\\*.qzp", [&](const DirEntry& entry) {
+    names.push_back(kProgramFolder + entry.name);
+    return true;
+  }));
+  return names;
+}
+
 void PlantStartup() {
   PlantMachine();
+  for (const std::string& backup : Backups()) Erase(backup);
   static_cast<void>(files.EraseFile(kSaveProf));
   for (const Planted& value : PlantedValues()) {
     REQUIRE(registry.SetValue(value.root, Run(value.key), value.name, {value.type, value.data}) ==
@@ -116,7 +126,11 @@ TEST_CASE("startup entries of all places are disabled, come back as they were, a
                                      {"Planted common/StartUp (All Users)", "Enabled"}});
     SetText(Control(tool.window, IDC_txtFilter), "lanted");
     CHECK(WaitFor([&] { return ListRows(tool.list).size() == 11; }));
-    for (int row = 0; row < 11; ++row) tool.Toggle(row);
+    for (int row = 0; row < 8; ++row) tool.Toggle(row);
+    // Several rows at once, by the menu of the list.
+    SelectRows(tool.list, 8, 10);
+    Command(tool.window, IDC_cmdDisable);
+    CHECK(WaitFor([&] { return CountOf(tool.list, "Disabled (pending)") == 11; }));
     CHECK(State() == before);
     tool.Apply();
     CHECK(State().find("exe") == std::string::npos);
@@ -155,6 +169,8 @@ TEST_CASE("startup entries of all places are disabled, come back as they were, a
   }
   CHECK(WaitFor([&] { return !IsWindowEnabled(Control(tool.window, IDC_cmdApply)); }));
   CHECK(CountOf(tool.list, "Enabled") == 8);
+  // What was removed for good is in a backup.
+  CHECK(Backups().size() == 1);
   CHECK(State().find("Planted data=none\n") != std::string::npos);
   CHECK(Content(UserLink()).empty());
   tool.Close();

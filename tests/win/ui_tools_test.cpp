@@ -113,6 +113,38 @@ TEST_CASE("a helper leaves the browser's list and returns with all its values") 
   CHECK(Errors() == "");
 }
 
+TEST_CASE("a window comes back where it was left, with its columns as wide") {
+  PlantMachine();
+  const auto place = [](HWND window) {
+    RECT rect = {};
+    GetWindowRect(window, &rect);
+    return std::vector<LONG>{rect.left, rect.top, rect.right, rect.bottom};
+  };
+  std::vector<LONG> places[2];
+  std::vector<int> widths[2];
+  for (const int run : {0, 1}) {
+    Program program("");
+    const HWND top = program.MainWindow();
+    REQUIRE(top);
+    Tool tool(program, IDM_mnuStartupManager, "Startup Manager");
+    if (run == 0) {
+      SetWindowPos(top, nullptr, 33, 44, 777, 511, SWP_NOZORDER);
+      SetWindowPos(tool.window, nullptr, 11, 22, 701, 456, SWP_NOZORDER);
+      const int before = ColumnHeads(tool.list)[0].width;
+      DragHead(tool.list, 0, 60);
+      CHECK(ColumnHeads(tool.list)[0].width == before + 60);
+    }
+    for (const TextPart& head : ColumnHeads(tool.list)) widths[run].push_back(head.width);
+    places[run] = place(top);
+    for (const LONG edge : place(tool.window)) places[run].push_back(edge);
+    tool.Close();
+    CHECK(program.Close());
+  }
+  CHECK(places[0] == std::vector<LONG>{33, 44, 810, 555, 11, 22, 712, 478});
+  CHECK(places[1] == places[0]);
+  CHECK(widths[1] == widths[0]);
+}
+
 TEST_SUITE_END();
 
 }  // namespace scourwell::ui
