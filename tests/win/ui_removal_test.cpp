@@ -150,8 +150,8 @@ TEST_CASE("what was removed says so in the list and is neither asked for nor bac
   list = ReadyControl(top, IDC_SpyListView);
   REQUIRE(list);
   const std::string counted = Setting("Statistics", "NUMBER OF OBJECTS");
-  const std::vector<ListRow> rows = ListRows(list);
-  REQUIRE_FALSE(rows.empty());
+  std::vector<ListRow> rows;
+  REQUIRE(WaitFor([&] { return !(rows = ListRows(list)).empty(); }));
   for (const ListRow& row : rows) {
     CAPTURE(row.texts[2]);
     CHECK_FALSE(row.checked);
@@ -452,12 +452,13 @@ TEST_CASE("what went before the program was closed counts") {
   SetSetting("Backup", "BackupBeforeRemoval", "False");
   Program program("\"C:\\components\"");
   REQUIRE(program.MainWindow());
-  // The second one takes its time.
+  // The second one takes its time, and the end comes before it or while it lasts.
   REQUIRE(WaitFor([] { return files.ShortPath("C:\\components\\behaves.dll").empty(); }, 60000));
   program.Close();
   CHECK(program.Ended(30000));
   CHECK(files.ShortPath("C:\\components\\crashes.dll") != "");
-  CHECK(Setting("Statistics", "NUMBER OF OBJECTS") == "2");
+  const bool second = files.ShortPath("C:\\components\\hangs.dll").empty();
+  CHECK(Setting("Statistics", "NUMBER OF OBJECTS") == (second ? "2" : "1"));
 }
 
 TEST_CASE("what a crash in the middle of a replacement left comes back on Windows 98") {
