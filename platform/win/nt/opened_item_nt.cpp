@@ -234,7 +234,8 @@ bool HasStreamsNt(const FileCalls& calls, const std::string& path) {
   for (std::size_t at = 0; block.information >= kHeader && at <= block.information - kHeader;) {
     ULONG head[2] = {};
     std::memcpy(head, buffer.data() + at, sizeof head);
-    if (head[1] > block.information - kHeader - at) return true;
+    const bool inside = head[0] <= block.information && head[1] <= block.information - kHeader - at;
+    if (!inside) return true;
     std::wstring name(head[1] / sizeof(wchar_t), L'\0');
     std::memcpy(name.data(), buffer.data() + at + kHeader, name.size() * sizeof(wchar_t));
     if (name != L"::$DATA" && name != L":Zone.Identifier:$DATA") return true;
