@@ -53,6 +53,12 @@ TEST_SUITE("ini_text") {
     CHECK(Value("[]\n=1", "", "") == "1");
     CHECK(Value("[s]\n;k=1", "s", ";k") == "(none)");
     CHECK_FALSE(IniText().Find("s", "k"));
+
+    const IniText two("[a]\nk=1\n[b]\nk=2\n[A]\nj=3");
+    std::string values;
+    for (const char* section : {"b", "a", "B", "a"}) values += two.Find(section, "k").value_or("");
+    CHECK(values == "2121");
+    CHECK_FALSE(two.Find("a", "j"));
   }
 
   TEST_CASE("any bytes are accepted") {

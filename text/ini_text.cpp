@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "text/ini_text.h"
 
-#include <algorithm>
-
 #include "text/text.h"
 
 namespace scourwell {
@@ -22,6 +20,13 @@ std::string_view WithoutQuotes(std::string_view text) {
     return text.substr(1, text.size() - 2);
   }
   return text;
+}
+
+// The name in a line that was read as a header or a key, without a look at the rest of a key's.
+std::string_view NameAt(std::string_view content, std::size_t begin) {
+  while (IsBlank(content[begin])) ++begin;
+  if (content[begin] == '[') return ReadIniLine(IniLineAt(content, begin)).name;
+  return Trim(content.substr(begin, content.find('=', begin) - begin));
 }
 
 }  // namespace
@@ -48,73 +53,71 @@ std::string_view IniLineAt(std::string_view text, std::size_t begin) {
 }
 
 IniText::IniText(std::string content) : content_(std::move(content)) {
-  const auto lines = static_cast<std::size_t>(std::count(content_.begin(), content_.end(), '\n'));
-  while (slots_.size() * 2 < lines * 3) Grow();
-  entries_.reserve(lines);
-  // No section counts before the first one and in a repeated one.
-  std::uint32_t section = kHeader;
   for (std::size_t begin = 0; begin < content_.size();) {
     const std::string_view text = IniLineAt(content_, begin);
     const IniLine line = ReadIniLine(text);
-    if (line.kind == IniLine::Kind::Header) {
-      section = kHeader;
-      if (Add(kHeader, line.name, begin)) {
-        section = static_cast<std::uint32_t>(entries_.size() - 1);
-        ++section_count_;
-      }
-    } else if (section != kHeader && line.kind == IniLine::Kind::Key) {
-      Add(section, line.name, begin);
-    }
+    if (line.kind == IniLine::Kind::Header) headers_.Add(content_, line.name, begin);
     begin += text.size() + 1;
   }
-  entries_.shrink_to_fit();
-}
-
-std::string_view IniText::NameOf(const Entry& entry) const {
-  return ReadIniLine(IniLineAt(content_, entry.begin)).name;
-}
-
-// The slot that holds the name, or the empty one where it belongs.
-std::size_t IniText::SlotFor(std::uint32_t section, std::string_view name) const {
-  const std::size_t mask = slots_.size() - 1;
-  std::size_t at = (NoCaseHash()(name) * 31u + section * 2654435761u) & mask;
-  for (; slots_[at] != 0; at = (at + 1) & mask) {
-    const Entry& entry = entries_[slots_[at] - 1];
-    if (entry.section == section && EqualsNoCase(NameOf(entry), name)) break;
-  }
-  return at;
-}
-
-bool IniText::Add(std::uint32_t section, std::string_view name, std::size_t begin) {
-  if ((entries_.size() + 1) * 3 > slots_.size() * 2) Grow();
-  std::uint32_t& slot = slots_[SlotFor(section, name)];
-  if (slot != 0) return false;
-  entries_.push_back({section, static_cast<std::uint32_t>(begin)});
-  slot = static_cast<std::uint32_t>(entries_.size());
-  return true;
-}
-
-void IniText::Grow() {
-  slots_.assign(slots_.empty() ? 64 : slots_.size() * 2, 0);
-  for (std::size_t i = 0; i < entries_.size(); ++i) {
-    slots_[SlotFor(entries_[i].section, NameOf(entries_[i]))] = static_cast<std::uint32_t>(i + 1);
-  }
-}
-
-std::optional<std::uint32_t> IniText::Lookup(std::uint32_t section, std::string_view name) const {
-  if (slots_.empty()) return std::nullopt;
-  const std::uint32_t slot = slots_[SlotFor(section, name)];
-  if (slot == 0) return std::nullopt;
-  return slot - 1;
 }
 
 std::optional<std::string_view> IniText::Find(std::string_view section,
                                               std::string_view key) const {
-  const auto header = Lookup(kHeader, section);
+  const auto header = headers_.Find(content_, section);
   if (!header) return std::nullopt;
-  const auto entry = Lookup(*header, key);
-  if (!entry) return std::nullopt;
-  return ReadIniLine(IniLineAt(content_, entries_[*entry].begin)).value;
+  const NamedLines& keys = KeysOf(*header);
+  const auto number = keys.Find(content_, key);
+  if (!number) return std::nullopt;
+  return ReadIniLine(IniLineAt(content_, keys[*number])).value;
+}
+
+// A section ends at the next header, one that repeats a name included.
+const IniText::NamedLines& IniText::KeysOf(std::uint32_t section) const {
+  if (const auto known = keys_.find(section); known != keys_.end()) return known->second;
+  NamedLines keys;
+  std::size_t begin = headers_[section];
+  begin += IniLineAt(content_, begin).size() + 1;
+  while (begin < content_.size()) {
+    const std::string_view text = IniLineAt(content_, begin);
+    const IniLine line = ReadIniLine(text);
+    if (line.kind == IniLine::Kind::Header) break;
+    if (line.kind == IniLine::Kind::Key) keys.Add(content_, line.name, begin);
+    begin += text.size() + 1;
+  }
+  return keys_.emplace(section, std::move(keys)).first->second;
+}
+
+// The slot that holds the name, or the empty one where it belongs.
+std::size_t IniText::NamedLines::SlotFor(std::string_view content, std::string_view name) const {
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t at = NoCaseHash()(name) & mask;
+  for (; slots_[at] != 0; at = (at + 1) & mask) {
+    if (EqualsNoCase(NameAt(content, lines_[slots_[at] - 1]), name)) break;
+  }
+  return at;
+}
+
+void IniText::NamedLines::Add(std::string_view content, std::string_view name, std::size_t begin) {
+  if ((lines_.size() + 1) * 3 > slots_.size() * 2) Grow(content);
+  std::uint32_t& slot = slots_[SlotFor(content, name)];
+  if (slot != 0) return;
+  lines_.push_back(static_cast<std::uint32_t>(begin));
+  slot = static_cast<std::uint32_t>(lines_.size());
+}
+
+void IniText::NamedLines::Grow(std::string_view content) {
+  slots_.assign(slots_.empty() ? 64 : slots_.size() * 2, 0);
+  for (std::size_t i = 0; i < lines_.size(); ++i) {
+    slots_[SlotFor(content, NameAt(content, lines_[i]))] = static_cast<std::uint32_t>(i + 1);
+  }
+}
+
+std::optional<std::uint32_t> IniText::NamedLines::Find(std::string_view content,
+                                                       std::string_view name) const {
+  if (slots_.empty()) return std::nullopt;
+  const std::uint32_t slot = slots_[SlotFor(content, name)];
+  if (slot == 0) return std::nullopt;
+  return slot - 1;
 }
 
 }  // namespace scourwell

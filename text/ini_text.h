@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace scourwell {
@@ -21,13 +22,14 @@ IniLine ReadIniLine(std::string_view line);
 // The line that begins at `begin`: up to, not including, the next CR or LF.
 std::string_view IniLineAt(std::string_view text, std::size_t begin);
 
-// An INI text, indexed once and looked up with the system's rules: the first section and, in it,
-// the first key of a name count; names compare without case; blanks around names and values and
-// one pair of quotes around a value are dropped; lines that begin with ";" are comments. Any
-// bytes are accepted: what is no section or key line is passed over.
+// An INI text, looked up with the system's rules: the first section and, in it, the first key of a
+// name count; names compare without case; blanks around names and values and one pair of quotes
+// around a value are dropped; lines that begin with ";" are comments. Any bytes are accepted: what
+// is no section or key line is passed over.
 //
-// The index holds offsets only, about sixteen bytes a key, so that a file of half a million keys
-// stays cheap. Texts above 4 GB are not supported.
+// The sections are found at once, the keys of one when it is first asked for: a file of half a
+// million keys would keep the program from answering otherwise, and a scan needs half of them. An
+// index holds offsets only, about ten bytes a key. Texts above 4 GB are not supported.
 class IniText {
  public:
   IniText() = default;
@@ -36,27 +38,33 @@ class IniText {
   // The value as it stands, not cut and not copied; no value when section or key is missing.
   std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
 
-  std::size_t section_count() const { return section_count_; }
+  std::size_t section_count() const { return headers_.size(); }
 
  private:
-  // A section header, or a key of the section whose header is entries_[section].
-  struct Entry {
-    std::uint32_t section;
-    std::uint32_t begin;  // of its line in content_
-  };
-  static constexpr std::uint32_t kHeader = 0xFFFFFFFF;
+  // Lines found by the name of the section or key in them.
+  class NamedLines {
+   public:
+    std::size_t size() const { return lines_.size(); }
+    std::uint32_t operator[](std::size_t number) const { return lines_[number]; }  // its offset
 
-  std::string_view NameOf(const Entry& entry) const;
-  std::size_t SlotFor(std::uint32_t section, std::string_view name) const;
-  std::optional<std::uint32_t> Lookup(std::uint32_t section, std::string_view name) const;
-  // Adds an entry unless one of its name stands already; says whether it did.
-  bool Add(std::uint32_t section, std::string_view name, std::size_t begin);
-  void Grow();
+    // Adds the line at `begin` unless one of its name stands already.
+    void Add(std::string_view content, std::string_view name, std::size_t begin);
+    // The number of the line.
+    std::optional<std::uint32_t> Find(std::string_view content, std::string_view name) const;
+
+   private:
+    std::size_t SlotFor(std::string_view content, std::string_view name) const;
+    void Grow(std::string_view content);
+
+    std::vector<std::uint32_t> lines_;
+    std::vector<std::uint32_t> slots_;  // open addressing: 0, or an index into lines_ plus 1
+  };
+
+  const NamedLines& KeysOf(std::uint32_t section) const;
 
   std::string content_;
-  std::vector<Entry> entries_;
-  std::vector<std::uint32_t> slots_;  // open addressing: 0, or an index into entries_ plus 1
-  std::size_t section_count_ = 0;
+  NamedLines headers_;
+  mutable std::unordered_map<std::uint32_t, NamedLines> keys_;  // of the sections asked for so far
 };
 
 }  // namespace scourwell
