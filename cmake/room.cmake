@@ -2,14 +2,16 @@
 # room have to be different ones for that.
 option(SCOURWELL_ROOMS_WHOLE "Compile each room in one piece" OFF)
 
-# room(NAME [SMALL] [APART] BELOW ROOM... SOURCES FILE... [COLD FILE...]): the library scourwell_NAME
-# of this folder. It sees the rooms that are named, and those below them. SMALL: no loop of a scan runs
+# room(NAME [SMALL] [APART] BELOW ROOM... SOURCES FILE... [COLD FILE...] [FAST FILE...]): the library
+# scourwell_NAME of this folder. It sees the rooms that are named, and those below them. SMALL: no loop of a scan runs
 # through it, so it is made for size; those rooms are most of the program. COLD: the same of single
-# sources of a room. APART: never in one piece.
+# sources of a room. FAST: sources of a small room that are made for speed all the same. APART: never in one
+# piece.
 function(room name)
-  cmake_parse_arguments(room "SMALL;APART" "" "BELOW;SOURCES;COLD" ${ARGN})
-  add_library(scourwell_${name} STATIC ${room_SOURCES} ${room_COLD})
+  cmake_parse_arguments(room "SMALL;APART" "" "BELOW;SOURCES;COLD;FAST" ${ARGN})
+  add_library(scourwell_${name} STATIC ${room_SOURCES} ${room_COLD} ${room_FAST})
   set_source_files_properties(${room_COLD} PROPERTIES COMPILE_OPTIONS $<$<CONFIG:Release>:-Os>)
+  set_source_files_properties(${room_FAST} PROPERTIES COMPILE_OPTIONS $<$<CONFIG:Release>:-O2>)
   target_link_libraries(scourwell_${name} PUBLIC scourwell_flags)
   foreach(below ${room_BELOW})
     target_link_libraries(scourwell_${name} PUBLIC scourwell_${below})
