@@ -11,7 +11,7 @@ namespace scourwell {
 
 NameSearch::NameSearch(Files& files, Pump& pump, ErrorLog& log, FindingSink& sink,
                        const DefinitionList<SearchedName>& list)
-    : files_(files), pump_(pump), log_(log), sink_(sink), index_(list) {}
+    : files_(files), pump_(pump), log_(log), sink_(sink), index_(list, &pump) {}
 
 void NameSearch::RecordUnusable() const {
   if (index_.unusable() == 0) return;

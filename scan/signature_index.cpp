@@ -35,10 +35,13 @@ std::size_t SignatureIndex::NameTable::SlotOf(const FoldedName& name) const {
   return at;
 }
 
-SignatureIndex::SignatureIndex(const DefinitionList<SearchedName>& list) : list_(list) {
+SignatureIndex::SignatureIndex(const DefinitionList<SearchedName>& list, Pump* pump) : list_(list) {
   names_.Reserve(list.size());
   first_parts_.Reserve(list.size());
-  for (std::uint32_t row = 0; row < list.size(); ++row) File(row, list[row].name);
+  for (std::uint32_t row = 0; row < list.size(); ++row) {
+    if (pump && !pump->Next()) break;
+    File(row, list[row].name);
+  }
   wildcards_.Freeze();
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "definitions/definition_list.h"
+#include "platform/pump.h"
 #include "scan/folded_entry.h"
 #include "scan/literal_index.h"
 
@@ -19,7 +20,9 @@ namespace scourwell {
 // before it believes a match. The list must outlive the index and stay unchanged.
 class SignatureIndex {
  public:
-  explicit SignatureIndex(const DefinitionList<SearchedName>& list);
+  // Filing a hundred thousand rows takes long enough to yield to `pump`, if there is one; what is
+  // closing meanwhile gets an index of a part of the rows.
+  explicit SignatureIndex(const DefinitionList<SearchedName>& list, Pump* pump = nullptr);
 
   struct Nomination {
     std::uint32_t row;
