@@ -88,6 +88,8 @@ void ReadVersionsOnce(const char* folder);
 void BenchReading(const char* scratch_folder);
 void BenchIgnoring(const char* scratch_folder);
 void BenchLoading(const char* scratch_folder);
+// Until it ends.
+void WatchProgram(const char* program, const char* argument);
 void PrintMemory(const char* after);
 
 }  // namespace scourwell::bench

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 // bench TREE walk: the time of one bare walk. bench FOLDER versions: that of reading the version
-// texts of its files once. bench TREE SCRATCH COOKIES [archive | ignoring | definitions FOLDER
-// FOLDER]: prints the figures of bench/README.md, or only some. Run it with bench/run.
+// texts of its files once. bench PROGRAM ARGUMENT watch: starts it and tells what can be seen of
+// it. bench TREE SCRATCH COOKIES [PART | definitions FOLDER FOLDER]: prints the figures of
+// bench/README.md, or one part of them. Run it with bench/run.
 #include "bench/bench.h"
 
 #include <psapi.h>
@@ -27,34 +28,32 @@ void PrintMemory(const char* after) {
 
 int main(int count, char** words) {
   using namespace scourwell::bench;
-  if (count == 3 && std::string_view(words[2]) == "walk") {
+  using std::string_view;
+  if (count == 3 && words[2] == string_view("walk")) {
     BenchWalk(words[1]);
     return 0;
   }
-  if (count == 3 && std::string_view(words[2]) == "versions") {
+  if (count == 3 && words[2] == string_view("versions")) {
     ReadVersionsOnce(words[1]);
     return 0;
   }
+  if (count == 4 && words[3] == string_view("watch")) {
+    WatchProgram(words[1], words[2]);
+    return 0;
+  }
   if (count < 4) return 2;
-  if (count > 4 && std::string_view(words[4]) == "archive") {
-    BenchArchive(words[2]);
-    return 0;
-  }
-  if (count > 4 && std::string_view(words[4]) == "ignoring") {
-    BenchIgnoring(words[2]);
-    return 0;
-  }
-  if (count > 6 && std::string_view(words[4]) == "definitions") {
+  const string_view part = count > 4 ? words[4] : "";
+  if (part == "definitions" && count > 6) {
     BenchDefinitions(words[1], words[5], words[6]);
     return 0;
   }
-  BenchPasses(words[1]);
-  PrintMemory("the passes");
-  BenchLoading(words[2]);
-  PrintMemory("loading");
-  BenchPhases(words[3], words[2]);
-  BenchReading(words[2]);
-  BenchArchive(words[2]);
-  BenchIgnoring(words[2]);
+  const auto chosen = [&](string_view name) { return part.empty() || part == name; };
+  if (chosen("passes")) BenchPasses(words[1]);
+  if (chosen("loading")) BenchLoading(words[2]);
+  if (chosen("phases")) BenchPhases(words[3], words[2]);
+  if (chosen("reading")) BenchReading(words[2]);
+  if (chosen("archive")) BenchArchive(words[2]);
+  if (chosen("ignoring")) BenchIgnoring(words[2]);
+  PrintMemory("that");
   return 0;
 }

@@ -69,11 +69,20 @@ void MakeClasses() {
   RegCloseKey(key);
 }
 
+// Lists values, too: those below walked keys are examined.
 int BareWalk(HKEY root, const std::wstring& path) {
   HKEY key = nullptr;
   if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return 0;
   wchar_t name[256];
+  static BYTE data[65536];
   int keys = 0;
+  for (DWORD i = 0;; ++i) {
+    DWORD name_size = 256;
+    DWORD size = sizeof data;
+    if (RegEnumValueW(key, i, name, &name_size, nullptr, nullptr, data, &size) != ERROR_SUCCESS) {
+      break;
+    }
+  }
   for (DWORD i = 0; RegEnumKeyW(key, i, name, 256) == ERROR_SUCCESS; ++i) {
     keys += 1 + BareWalk(root, path + L"\\" + name);
   }
