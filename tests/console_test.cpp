@@ -134,6 +134,12 @@ TEST_SUITE("console_records") {
           "A");
   }
 
+  TEST_CASE("a part of a second has three digits") {
+    ScanSummary summary;
+    summary.milliseconds = 2007;
+    CHECK(JsonLine(summary).find("\"seconds\": 2.007,") != std::string::npos);
+  }
+
   TEST_CASE("what is no JSON is none") {
     for (const char* line :
          {"", "{", "{\"a\"}", "{\"a\": }", "[1,", "\"open", "\"\\", "\"\\u12\"", "\"\\x\"", "{} {}",
@@ -329,6 +335,49 @@ TEST_SUITE("console_scan") {
     CHECK(b.console.out.empty());
   }
 
+  TEST_CASE("what could not be stored stays, whatever stands above it unticked") {
+    ConsoleBench b;
+    for (const char* name : {"a", "b", "c", "d"})
+      b.Plant(std::string("C:\\data\\") + name + ".exe");
+    b.m.files.faults["OpenReader C:\\data\\c.exe"] = kPermissionDenied;
+    CHECK(b.Run({"remove", "--yes", "--only=C:\\data\\c.exe", "--only=C:\\data\\d.exe",
+                 "C:\\data"}) == kIncomplete);
+    for (const char* left : {"a", "b", "c"}) {
+      CHECK(b.m.Has(std::string("C:\\data\\") + left + ".exe"));
+    }
+    CHECK_FALSE(b.m.Has("C:\\data\\d.exe"));
+  }
+
+  TEST_CASE("a backup's items say whether they are back, and the definitions whose they are") {
+    ConsoleBench b;
+    for (const char* name : {"a", "b", "c"}) {
+      b.Plant(std::string("C:\\data\\") + name + ".exe");
+      b.m.File(std::string("C:\\data\\") + name + ".exe", "content");
+    }
+    CHECK(b.Run({"remove", "--yes", "--backup=Mine", "C:\\data"}) == kAllRemoved);
+    b.m.File("C:\\data\\a.exe", "content");
+    b.m.File("C:\\data\\b.exe", "another");
+    CHECK(b.Run({"backups", "Mine"}) == kNothingFound);
+    CHECK(b.console.out ==
+          "file\tEvil\tC:\\data\\a.exe\tsame\nfile\tEvil\tC:\\data\\b.exe\tdifferent\n"
+          "file\tEvil\tC:\\data\\c.exe\tmissing\n");
+    CHECK(b.Run({"definitions"}) == kNothingFound);
+    CHECK(b.console.out.find("file\tC:\\App\\Ini\\update.ref\n") != std::string::npos);
+    b.m.files.Remove("C:\\App\\Ini\\update.ref");
+    CHECK(b.Run({"definitions"}) == kNothingFound);
+    CHECK(b.console.out.find("file\tnone: compiled in only\n") != std::string::npos);
+  }
+
+  TEST_CASE("a page of a scan is written, and one that cannot be is told") {
+    ConsoleBench b;
+    b.Plant("C:\\data\\evil.exe");
+    CHECK(b.Run({"scan", "--report=C:\\page.html", "C:\\data"}) == kFound);
+    CHECK(b.m.Content("C:\\page.html").find("evil.exe") != std::string::npos);
+    b.m.File("C:\\closed.html", "x").Locked();
+    CHECK(b.Run({"scan", "--report=C:\\closed.html", "C:\\data"}) == kIncomplete);
+    CHECK(b.console.err.find("C:\\closed.html: ") != std::string::npos);
+  }
+
   TEST_CASE("the ignore list is shown and changed in the words of a scan") {
     ConsoleBench b;
     b.Plant("C:\\data\\evil.exe");
@@ -361,6 +410,9 @@ TEST_SUITE("console_scan") {
     CHECK(b.console.out.find("disabled\tEvil\t") == 0);
     CHECK(b.Run({"startup", "--enable", "Evil"}) == kNothingFound);
     CHECK(b.m.registry.Text(RootKey::CurrentUser, run, "Evil") == "C:\\evil.exe");
+    b.m.registry.Find(RootKey::CurrentUser, run)->Denied();
+    CHECK(b.Run({"startup", "--disable", "Evil"}) == kIncomplete);
+    CHECK(b.console.err.find("Evil") != std::string::npos);
   }
 }
 

@@ -45,6 +45,12 @@ TEST_SUITE("op_sys_info") {
     CHECK(os.ServicePackMajor() == 0);
     CHECK(os.SuiteMask() == 0);
     CHECK(os.ProductTypeName() == "Unknown");
+    system.knows_extended = true;
+    for (const auto& [type, name] :
+         Rows<int, const char*>{{2, "Domain Controller"}, {3, "NT Server"}, {4, ""}}) {
+      system.record.product_type = static_cast<std::uint8_t>(type);
+      CHECK(COpSysInfo(system).ProductTypeName() == std::string(name));
+    }
   }
 }
 

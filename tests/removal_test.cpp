@@ -255,6 +255,37 @@ TEST_SUITE("removal") {
     }
   }
 
+  TEST_CASE("the warning names what stays, twelve of it at most") {
+    Remover r;
+    r.settings.DeleteAfterReboot = false;
+    r.m.File("C:\\goes.txt", "x");
+    r.Add(FoundFile{"C:\\goes.txt"});
+    r.Run();
+    CHECK(r.removal->Warning() == "");
+    const auto warning_of = [&](int files) {
+      r.hits.Clear();
+      for (int i = 0; i < files; ++i) {
+        const std::string path = "C:\\stays" + std::to_string(i) + ".txt";
+        r.m.File(path, "x").Locked();
+        r.Add(FoundFile{path});
+      }
+      r.m.File("C:\\goes.txt", "x");
+      r.Add(FoundFile{"C:\\goes.txt"});
+      r.Run();
+      return r.removal->Warning();
+    };
+    const std::string more = r.captions.Text(Caption::AndMore);
+    const std::string all = warning_of(12);
+    CHECK(all.starts_with(r.captions.Text(Caption::SomeNotRemoved) + "\r\n" +
+                          r.captions.Text(Caption::RestartAndScanAgain) +
+                          "\r\n\r\nC:\\stays0.txt - "));
+    CHECK(all.find("C:\\stays11.txt - ") != all.npos);
+    CHECK((all.find(more) == all.npos && all.find("goes") == all.npos));
+    const std::string cut = warning_of(13);
+    CHECK(cut.find("stays12") == cut.npos);
+    CHECK(cut.ends_with("\r\n... " + more));
+  }
+
   TEST_CASE("what a full-width or rewritten name seems to lead to stays") {
     Remover r;
     const std::vector<std::string> precious = {"C:\\precious\\letter.txt", "C:\\Evil2\\x.exe",

@@ -53,6 +53,11 @@ TEST_SUITE("report") {
     CHECK(places() == "edcbA");
     summary.SortBy(RemovalSummary::kSystem);  // x and X, Y and y are the same; their order stays
     CHECK(places() == "bAecd");
+    const auto cell = [&](RemovalSummary::Column column) { return summary.Text(1, column); };
+    CHECK(cell(RemovalSummary::kSystem) == "X");
+    CHECK(cell(RemovalSummary::kState).starts_with(captions.Text(Caption::StateFailed)));
+    CHECK(summary.Text(1, static_cast<RemovalSummary::Column>(0)) ==
+          KindText(captions, FindingKind::File));
     CHECK(summary.Counts() ==
           "1 " + captions.Text(Caption::StateRemoved) + ", 1 " + captions.Text(Caption::StateGone) +
               ", 1 " + captions.Text(Caption::StatePendingRestart) + ", 1 " +

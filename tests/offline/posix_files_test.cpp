@@ -6,11 +6,13 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 
 #include "offline/beneath.h"
 #include "offline/disk_name.h"
 #include "offline/listing_pattern.h"
 #include "offline/posix_files.h"
+#include "platform/posix/terminal_posix.h"
 #include "tests/helpers.h"
 #include "tests/offline/temporary_folder.h"
 #include "text/paths.h"
@@ -45,6 +47,22 @@ struct Mounted {
 };
 
 }  // namespace
+
+TEST_SUITE("terminal") {
+  TEST_CASE("a signal stops the scan; what whoever started us ignores stays ignored") {
+    std::signal(SIGHUP, SIG_IGN);
+    std::signal(SIGTERM, SIG_DFL);
+    const TerminalPosix terminal;
+    CHECK_FALSE(terminal.Interrupted());
+    std::raise(SIGHUP);
+    CHECK_FALSE(terminal.Interrupted());
+    std::raise(SIGTERM);
+    CHECK(terminal.Interrupted());
+    const bool pipe_ignored = std::signal(SIGPIPE, SIG_DFL) == SIG_IGN;
+    CHECK(pipe_ignored);
+    for (const int signal : {SIGHUP, SIGTERM, SIGINT}) std::signal(signal, SIG_DFL);
+  }
+}
 
 TEST_SUITE("offline_files") {
   TEST_CASE("any bytes of a name go there and back, and no two read alike") {
