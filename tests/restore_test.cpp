@@ -125,6 +125,13 @@ TEST_SUITE("restore") {
     CHECK(v.m.Content("C:\\spy\\gone.exe") == "9");
     CHECK(v.m.Content("C:\\spy\\changed.exe") == "8765");
     CHECK(v.Registry("Software\\Evil", "b") == "33");
+    // Nor is a key made for values that are not ticked.
+    REQUIRE(v.m.registry.DeleteKeyCall(RootKey::LocalMachine, "Software\\Evil") == kRegOk);
+    v.m.files.Remove("C:\\spy\\gone.exe");
+    REQUIRE(v.backups.Open("n.qzp", {}, &run).ok());
+    CHECK(v.backups.Restore(*run, chosen, &v.restored).ok());
+    CHECK(v.m.Has("C:\\spy\\gone.exe"));
+    CHECK(v.m.registry.Find(RootKey::LocalMachine, "Software\\Evil") == nullptr);
     CHECK(v.m.shell.journal.empty());
   }
 

@@ -190,6 +190,12 @@ TEST_SUITE("startup_profile") {
     CHECK_FALSE(manager.AddTask(places[7], "..\\y", "C:\\x.exe"));
     CHECK(manager.size() == rows);
 
+    // The name of a disabled entry is free.
+    manager.cmdDisable_Click(p.RowOf(manager, "New"));
+    REQUIRE(manager.ApplyNow());
+    CHECK(manager.AddTask(places[0], "new", "C:\\My Files\\b.exe"));
+    CHECK(manager.size() == rows + 1);
+
     CHECK_FALSE(manager.MayEdit(p.RowOf(manager, "Tray")));
     CHECK_FALSE(manager.MayEdit(p.RowOf(manager, "Ex")));
     CHECK(manager.Edit(p.RowOf(manager, "User"), "User2", "%WinDir%\\v.exe"));

@@ -214,6 +214,9 @@ TEST_SUITE("offline_registry") {
     CHECK(NamesBelow(registry, kMachine, "") == "");
     CHECK(registry.TryOpen(kMachine, "SOFTWARE", kKeyRead) == kRegNotFound);
     machine->ShowUserOnly(false);
+    CHECK(registry.CreateKey(kClasses, "fresh") == kRegOk);  // what is new is the machine's
+    CHECK(NamesBelow(registry, kUser, "Software\\Classes") == "both ");
+    CHECK(NamesBelow(registry, kMachine, "SOFTWARE\\Classes") == "both fresh machine ");
     CHECK(registry.DeleteKeyCall(kClasses, "both\\u") == kRegOk);
     CHECK(registry.DeleteKeyCall(kClasses, "both\\m") == kRegOk);
     CHECK(registry.DeleteKeyCall(kUser, "") == kRegAccessDenied);
