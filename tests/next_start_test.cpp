@@ -145,6 +145,10 @@ TEST_SUITE("next_start") {
       CHECK(s.Noted() != two);
       CHECK(s.next.Withdraw("c:\\evil folder\\ONE.exe").ok());
       CHECK(s.Noted() == two);
+      // A folder that waits would take what comes into it along.
+      if (nt) CHECK(s.m.system.DeleteAtReboot("C:\\Waits").ok());
+      CHECK(s.next.Withdraw("C:\\Waits\\below\\three.exe").ok());
+      CHECK(s.Noted() == two);
       s.m.Restart();
       CHECK(s.m.Has("C:\\Evil Folder\\one.exe"));
       CHECK_FALSE(s.m.Has("C:\\two.exe"));

@@ -130,6 +130,9 @@ TEST_SUITE("settings") {
     s.both.LoadSettings();
     CHECK(s.settings.LogFilePath == "C:\\App\\ScanLog05-03-04-50000.txt");
     CHECK(s.settings.CookiesFolder == "C:\\Cookies\\");
+    s.folders.special[static_cast<std::size_t>(SpecialFolder::Cookies)] = "C:\\The shell's";
+    s.both.LoadSettings();
+    CHECK(s.settings.CookiesFolder == "C:\\The shell's\\");
     s.both.SaveSettings();
     CHECK(s.All() ==
           "Version: Version=1.2.3 MAJOR=1 MINOR=2 REVISION=3 BUILD=0 \n"

@@ -95,6 +95,20 @@ TEST_SUITE("text") {
   }
 }
 
+TEST_SUITE("paths") {
+  TEST_CASE("a device has many names, a file beside it none of them") {
+    for (const char* device : {"con", "NUL.txt", "aux.tar.gz", "PRN .x", "com1", "LPT0.log",
+                               "clock$", "COM\xC2\xB2", "conout$"}) {
+      CAPTURE(std::string(device));
+      CHECK(IsDeviceName(device));
+    }
+    for (const char* file : {"cone", "xnul", "com", "com10", "COMx", "a.nul", "lpt", ".con"}) {
+      CAPTURE(std::string(file));
+      CHECK_FALSE(IsDeviceName(file));
+    }
+  }
+}
+
 TEST_SUITE("outcome") {
   TEST_CASE("failures carry number, description and notes") {
     CHECK(Outcome().ok());

@@ -7,11 +7,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 
 #include "offline/beneath.h"
 #include "offline/disk_name.h"
 #include "offline/listing_pattern.h"
 #include "offline/posix_files.h"
+#include "platform/posix/clock_posix.h"
 #include "platform/posix/terminal_posix.h"
 #include "tests/helpers.h"
 #include "tests/offline/temporary_folder.h"
@@ -61,6 +63,20 @@ TEST_SUITE("terminal") {
     const bool pipe_ignored = std::signal(SIGPIPE, SIG_DFL) == SIG_IGN;
     CHECK(pipe_ignored);
     for (const int signal : {SIGHUP, SIGTERM, SIGINT}) std::signal(signal, SIG_DFL);
+  }
+}
+
+TEST_SUITE("clock") {
+  TEST_CASE("times are told in the zone of the user") {
+    const char* const before = std::getenv("TZ");
+    const std::string kept = before ? before : "";
+    setenv("TZ", "XYZ-3", 1);
+    tzset();
+    ClockPosix clock;
+    const LocalTime time = clock.ToLocal(FileTime{116'444'736'000'000'000});  // 1970
+    CHECK(clock.ShortDate(time) + " " + clock.TimeOfDay(time) == "1970-01-01 03:00:00");
+    before ? setenv("TZ", kept.c_str(), 1) : unsetenv("TZ");
+    tzset();
   }
 }
 
