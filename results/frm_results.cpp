@@ -141,7 +141,7 @@ void frmResults::OnSize(Area area) {
   }
   if (lstObjects_.sized_by_user()) return;
   lstObjects_.FitColumns({RemovalSummary::kSystem, RemovalSummary::kState},
-                         RemovalSummary::kDetails, metrics().Scale(120));
+                         RemovalSummary::kDetails, metrics().Scale(90));
 }
 
 bool frmResults::OnCommand(int id) {

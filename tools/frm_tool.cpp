@@ -92,7 +92,7 @@ void frmTool::OnSize(Area area) {
   Area caption = filter.CutLeft(label);
   caption.CutTop(metrics().Scale(4));
   layout.Place(lblFilter_, caption);
-  layout.Place(txtFilter_, filter.CutLeft(metrics().Scale(260)));
+  layout.Place(txtFilter_, filter.CutLeft(std::min(metrics().Scale(260), filter.width() * 2 / 5)));
   filter.CutLeft(metrics().Margin());
   filter.CutTop(metrics().Scale(4));
   layout.Place(lblStatus_, filter);
