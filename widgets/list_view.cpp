@@ -55,10 +55,13 @@ void ListView::FitColumns(std::initializer_list<int> columns, int rest, int leas
     if (i != rest && std::ranges::find(columns, i) == columns.end()) left -= ColumnWidth(i);
   }
   const int most = left * 2 / 5;
+  int kept = least;  // for those that come later
+  for (const int column : columns) kept += heads_[static_cast<std::size_t>(column)];
   for (const int column : columns) {
     const int head = heads_[static_cast<std::size_t>(column)];
+    kept -= head;
     const int width =
-        std::clamp(NeededWidth(column), head, std::max(head, std::min(most, left - least)));
+        std::clamp(NeededWidth(column), head, std::max(head, std::min(most, left - kept)));
     SetColumnWidth(column, width);
     left -= width;
   }
