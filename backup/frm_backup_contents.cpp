@@ -47,18 +47,12 @@ void frmBackupContents::OnCreate() {
   ContentsList_.RememberWidths(env_, HelpTopic());
   ContentsList_.SetName(Title());
   const int type = metrics().WidestText(KindTexts(env_.captions)) + metrics().Scale(40);
-  std::vector<std::string> states;
-  for (const Caption each : {Caption::ItemMissing, Caption::ItemUnchanged, Caption::ItemDifferent,
-                             Caption::ItemStartsProgram}) {
-    states.push_back(Text(each));
-  }
-  const int status = metrics().WidestText(states) + metrics().Scale(14);
   ContentsList_.AddColumn(kType, Text(Caption::ColumnHitType), type);
   ContentsList_.AddColumn(kSystem, Text(Caption::ColumnHitSystem), metrics().Scale(130));
   ContentsList_.AddColumn(kPlace, Text(Caption::ColumnHitDetails), metrics().Scale(200));
   ContentsList_.AddColumn(kSize, Text(Caption::ColumnBackupSize), metrics().Scale(70));
   ContentsList_.AlignRight(kSize);
-  ContentsList_.AddColumn(kStatus, Text(Caption::ColumnStatus), status);
+  ContentsList_.AddColumn(kStatus, Text(Caption::ColumnStatus), metrics().Scale(80));
   AccessKeys keys;
   cmdCheckAll_.Create(env_, hwnd(), IDC_cmdCheckAll, keys.Add(Text(Caption::CheckAll)));
   cmdUnCheckAll_.Create(env_, hwnd(), IDC_cmdUnCheckAll, keys.Add(Text(Caption::UncheckAll)));
@@ -84,13 +78,7 @@ void frmBackupContents::OnSize(Area area) {
   Arrange(area, ContentsList_, {&cmdCheckAll_, &cmdUnCheckAll_},
           {&cmdHelp_, &cmdCancel_, &cmdRestore_});
   if (ContentsList_.sized_by_user()) return;
-  RECT client = {};
-  GetClientRect(ContentsList_.hwnd(), &client);
-  int left = client.right;
-  for (const Column other : {kType, kSystem, kSize, kStatus}) {
-    left -= ContentsList_.ColumnWidth(other);
-  }
-  ContentsList_.SetColumnWidth(kPlace, std::max(left, metrics().Scale(120)));
+  ContentsList_.FitColumns({kSystem, kStatus}, kPlace, metrics().Scale(90));
 }
 
 std::string frmBackupContents::Cell(const BackupItem& item, int column) const {

@@ -2,7 +2,6 @@
 
 // The columns of the ResultsPane.
 #include <algorithm>
-#include <unordered_set>
 
 #include "results/results_pane.h"
 #include "scan/finding_texts.h"
@@ -46,17 +45,6 @@ void ResultsPane::ShowStates() {
   FitColumns();
 }
 
-int ResultsPane::SystemWidth() const {
-  int width = 0;
-  std::unordered_set<std::string> measured;
-  for (std::size_t row = 0; row < hits_.size(); ++row) {
-    std::string spy = hits_.Text(row, HitList::kSystem) + (hits_.grouped() ? " (000)" : "");
-    if (!measured.insert(spy).second) continue;
-    width = std::max(width, SpyListView_.TextWidth(spy));
-  }
-  return width + 4 * ListView::CellPadding();
-}
-
 // The names of the spies get what they need as long as the places have more; the places take what
 // is left. Each column does so until the user sets its width.
 void ResultsPane::FitColumns() {
@@ -95,6 +83,8 @@ std::string ResultsPane::SpyText(std::size_t row) const {
 void ResultsPane::Group(bool grouped) {
   if (env_.kept) static_cast<void>(env_.kept->Set(kResults, kGrouped, grouped ? "True" : "False"));
   hits_.Group(grouped);
+  needed_width_ = SpyListView_.NeededWidth(HitList::kSystem);
+  FitColumns();
   SpyListView_.Select(-1, false);
   SpyListView_.Redraw();
 }

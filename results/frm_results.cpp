@@ -43,17 +43,17 @@ frmResults::frmResults(const WindowEnv& env, const Removal& removal,
       save_report_(std::move(save_report)),
       header_(env, HeaderPane::Size::Small, {IDC_lblRemovalHeading, IDC_lblRemovalSummary, 0}) {}
 
-SIZE frmResults::FirstSize() const { return SizeFor(kObjectLines); }
+SIZE frmResults::FirstSize() const { return SizeFor(740, kObjectLines); }
 
-SIZE frmResults::SmallestSize() const { return SizeFor(kFewestLines); }
+SIZE frmResults::SmallestSize() const { return SizeFor(600, kFewestLines); }
 
-SIZE frmResults::SizeFor(int objects) const {
+SIZE frmResults::SizeFor(int width, int objects) const {
   const int line = metrics().LineHeight() + metrics().Scale(4);
   const int height = header_.Height() + 2 * metrics().Margin() + kLines * line +
                      2 * metrics().Gap() + metrics().LineHeight() +
                      (objects + 2) * metrics().RowHeight() + metrics().Margin() +
                      metrics().ButtonHeight();
-  return {metrics().Scale(600), height};
+  return {metrics().Scale(width), height};
 }
 
 void frmResults::OnCreate() {
@@ -99,19 +99,6 @@ void frmResults::CreateList() {
   lstObjects_.ShowSortArrow(summary_.sort_column(), summary_.ascending());
 }
 
-// The places take what the other columns leave.
-void frmResults::FitColumns() {
-  if (lstObjects_.sized_by_user()) return;
-  RECT client = {};
-  GetClientRect(lstObjects_.hwnd(), &client);
-  int left = client.right;
-  for (const int column :
-       {RemovalSummary::kType, RemovalSummary::kSystem, RemovalSummary::kState}) {
-    left -= lstObjects_.ColumnWidth(column);
-  }
-  lstObjects_.SetColumnWidth(RemovalSummary::kDetails, std::max(left, metrics().Scale(120)));
-}
-
 LRESULT frmResults::OnNotify(NMHDR* header) {
   if (const auto answer = lstObjects_.Answer(header)) return *answer;
   if (header->hwndFrom != lstObjects_.hwnd()) return 0;
@@ -152,7 +139,9 @@ void frmResults::OnSize(Area area) {
     inner.CutTop(metrics().Scale(3));
     layout.Place(lstObjects_, inner);
   }
-  FitColumns();
+  if (lstObjects_.sized_by_user()) return;
+  lstObjects_.FitColumns({RemovalSummary::kSystem, RemovalSummary::kState},
+                         RemovalSummary::kDetails, metrics().Scale(90));
 }
 
 bool frmResults::OnCommand(int id) {

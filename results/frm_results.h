@@ -27,7 +27,7 @@ class frmResults : public ModalWindow {
 
   SIZE FirstSize() const override;
   SIZE SmallestSize() const override;
-  SIZE SizeFor(int objects) const;
+  SIZE SizeFor(int width, int objects) const;
   bool MayResize() const override { return true; }
   std::string Title() const override { return Text(Caption::RemovalResults); }
   HWND DefaultButton() const override { return cmdOk_.hwnd(); }
@@ -38,7 +38,6 @@ class frmResults : public ModalWindow {
   LRESULT OnNotify(NMHDR* header) override;
 
   void CreateList();
-  void FitColumns();
 
   const Removal& removal_;
   RemovalSummary summary_;

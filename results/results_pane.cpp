@@ -91,15 +91,22 @@ void ResultsPane::OnSize(Area area) {
 
 void ResultsPane::Refresh() {
   SpyListView_.SetItemCount(hits_.size());
-  needed_width_ = SystemWidth();
+  needed_width_ = SpyListView_.NeededWidth(HitList::kSystem);
   SpyListView_.ShowSortArrow(hits_.sorted() ? hits_.sort_column() : -1, hits_.ascending());
   SpyListView_.Select(-1, false);  // its row numbers may name other rows now
   if (!hits_.empty()) SpyListView_.FocusRow(0);
-  // A list that was emptied says nothing about the computer.
-  lblEmpty_.Show(hits_.empty() && hits_.counters().Total() == 0);
+  ShowEmpty();
   FitColumns();
   ShowStates();
   ShowCount();
+}
+
+// A list that was emptied says nothing about the computer.
+void ResultsPane::ShowEmpty() {
+  const std::size_t excluded = hits_.excluded();
+  lblEmpty_.SetText(excluded > 0 ? Text(Caption::ScanAllExcluded) + " " + std::to_string(excluded)
+                                 : Text(Caption::NothingFound));
+  lblEmpty_.Show(hits_.empty() && (excluded > 0 || hits_.counters().Total() == 0));
 }
 
 void ResultsPane::SetBusy(bool busy, const std::string& status) {

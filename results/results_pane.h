@@ -42,7 +42,6 @@ class ResultsPane : public Pane {
   void CreateColumns();
   void FitColumns();
   void ShowStates();
-  int SystemWidth() const;
   LRESULT Draw(NMLVCUSTOMDRAW& draw) const;
   void Check(const std::vector<std::size_t>& rows, bool checked);
   void CheckAll(bool checked);
@@ -57,6 +56,7 @@ class ResultsPane : public Pane {
   Outcome mnuCopy();
   Outcome mnuShowProperties();
   const std::string* SelectedPath() const;
+  void ShowEmpty();
   void ShowCount();
   void EnableButtons();
 

@@ -68,6 +68,8 @@ bool frmOptions::OnKey(WPARAM key) {
 LRESULT frmOptions::OnNotify(NMHDR* header) {
   if (header->idFrom == IDC_OptionsTabs && header->code == TCN_SELCHANGE) {
     ShowTab(tabs_.Selected());
+    // The keyboard must not stay on a page that is hidden now.
+    if (!IsWindowVisible(GetFocus())) SetFocus(tabs_.hwnd());
   }
   return 0;
 }

@@ -92,7 +92,7 @@ void frmTool::OnSize(Area area) {
   Area caption = filter.CutLeft(label);
   caption.CutTop(metrics().Scale(4));
   layout.Place(lblFilter_, caption);
-  layout.Place(txtFilter_, filter.CutLeft(metrics().Scale(260)));
+  layout.Place(txtFilter_, filter.CutLeft(std::min(metrics().Scale(260), filter.width() * 2 / 5)));
   filter.CutLeft(metrics().Margin());
   filter.CutTop(metrics().Scale(4));
   layout.Place(lblStatus_, filter);
@@ -117,7 +117,7 @@ void frmTool::ShowRows() {
   lblEmpty_.Show(view_->size() == 0);
   list_.Redraw();
   ShowFigures();
-  Enable();
+  EnableCommands();
 }
 
 // Without a choice the keyboard waits where the last one was, with nothing selected.
@@ -144,13 +144,6 @@ std::string frmTool::TipOf(std::size_t row) const {
     tip += WholeCharacters(cell, kLongestLine);
   }
   return tip;
-}
-
-// A button that can no longer be pressed must not keep the keyboard to itself.
-void frmTool::Enable() {
-  HWND focus = GetFocus();
-  EnableCommands();
-  if (focus && IsChild(hwnd(), focus) && !IsWindowEnabled(focus)) SetFocus(list_.hwnd());
 }
 
 void frmTool::ShowFigures() {
@@ -183,7 +176,7 @@ void frmTool::SelectRows(const std::vector<std::size_t>& rows) {
     if (const int shown = view_->Find(row); shown >= 0) list_.Select(shown, true);
   }
   filling_ = false;
-  Enable();
+  EnableCommands();
 }
 
 Button& frmTool::ButtonOf(int id) {
@@ -251,7 +244,7 @@ LRESULT frmTool::OnNotify(NMHDR* header) {
     case LVN_ODSTATECHANGED:
       if (filling_) return 0;
       view_->Choose(list_.Selected());
-      Enable();
+      EnableCommands();
       return 0;
     case NM_DBLCLK:
       OnToolCommand(IDC_cmdViewInfo);

@@ -110,7 +110,6 @@ class frmTool : public ModalWindow {
   void ShowFigures();
   std::string TipOf(std::size_t row) const;
   void ShowSelection(int before);
-  void Enable();
   bool OnRowCommand(int id);
   Outcome OpenLocation(std::size_t row);
 

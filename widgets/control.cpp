@@ -21,4 +21,14 @@ void Control::CreateHandle(const WindowEnv& env, HWND parent, const char* window
   SetFont(env.metrics.font());
 }
 
+// A control that is grey must not keep the keyboard to itself: its window says who is next.
+void Control::Enable(bool enabled) const {
+  const bool held = !enabled && GetFocus() == hwnd_;
+  EnableWindow(hwnd_, enabled);
+  if (!held) return;
+  HWND top = GetParent(hwnd_);
+  while (Calls().Long(top, GWL_STYLE) & WS_CHILD) top = GetParent(top);
+  SetFocus(top);
+}
+
 }  // namespace scourwell

@@ -19,7 +19,7 @@ class Control {
   void SetText(const std::string& text) const { Calls().SetText(hwnd_, text); }
   std::string Text() const { return Calls().Text(hwnd_); }
   void SetFont(HFONT font) const { Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), 1); }
-  void Enable(bool enabled) const { EnableWindow(hwnd_, enabled); }
+  void Enable(bool enabled) const;
   bool enabled() const { return IsWindowEnabled(hwnd_) != FALSE; }
   void Show(bool shown) const { ShowWindow(hwnd_, shown ? SW_SHOWNA : SW_HIDE); }
   bool Shown() const { return (Calls().Long(hwnd_, GWL_STYLE) & WS_VISIBLE) != 0; }

@@ -33,7 +33,8 @@ HCURSOR LinkPointer() {
 
 }  // namespace
 
-int LinkLabel::width() const { return metrics().TextWidth(Shown()) + metrics().Scale(6); }
+// Letters may reach beyond the width that they are said to have.
+int LinkLabel::width() const { return metrics().TextWidth(Shown()) + metrics().Scale(10); }
 
 // The whole text is underlined, so its access key cannot show.
 std::string LinkLabel::Shown() const {
@@ -65,7 +66,8 @@ void LinkLabel::Draw(HDC dc, RECT area, const State& state) const {
   SetTextColor(dc, faded() ? GetSysColor(COLOR_GRAYTEXT) : LinkColour());
   RECT inner = area;
   InflateRect(&inner, -metrics().Scale(3), 0);
-  Calls().Draw(dc, text, &inner, DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
+  Calls().Draw(dc, text, &inner,
+               DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX | DT_NOCLIP);
   Underline(dc, inner, metrics().TextWidth(text));
   SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
   if (state.focused) DrawFocusRect(dc, &area);

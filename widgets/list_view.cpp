@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_set>
+#include <utility>
 
 #include "widgets/window_place.h"
 
@@ -24,11 +26,46 @@ void ListView::RememberWidths(const WindowEnv& env, const char* list) {
   kept_ = KeptWidths(env, list);
 }
 
-void ListView::AddColumn(int index, const std::string& text, int width) const {
+void ListView::AddColumn(int index, const std::string& text, int width) {
   const auto at = static_cast<std::size_t>(index);
   const int kept = at < kept_.size() ? kept_[at] : 0;
-  Controls().AddColumn(hwnd(), index, text,
-                       kept > 0 ? kept : std::max(width, TextWidth(text) + 4 * CellPadding()));
+  heads_.resize(std::max(heads_.size(), at + 1));
+  heads_[at] = TextWidth(text) + 4 * CellPadding();
+  Controls().AddColumn(hwnd(), index, text, kept > 0 ? kept : std::max(width, heads_[at]));
+}
+
+// Rows often say the same.
+int ListView::NeededWidth(int column) const {
+  int width = 0;
+  std::unordered_set<std::string> measured;
+  for (std::size_t row = 0; row < row_count(); ++row) {
+    std::string text = CellText(row, column);
+    if (measured.contains(text)) continue;
+    width = std::max(width, TextWidth(text));
+    measured.insert(std::move(text));
+  }
+  return std::max(width + 4 * CellPadding(), heads_[static_cast<std::size_t>(column)]);
+}
+
+void ListView::FitColumns(std::initializer_list<int> columns, int rest, int least) const {
+  RECT client = {};
+  GetClientRect(hwnd(), &client);
+  int left = client.right;
+  for (int i = 0; i < static_cast<int>(heads_.size()); ++i) {
+    if (i != rest && std::ranges::find(columns, i) == columns.end()) left -= ColumnWidth(i);
+  }
+  const int most = left * 2 / 5;
+  int kept = least;  // for those that come later
+  for (const int column : columns) kept += heads_[static_cast<std::size_t>(column)];
+  for (const int column : columns) {
+    const int head = heads_[static_cast<std::size_t>(column)];
+    kept -= head;
+    const int width =
+        std::clamp(NeededWidth(column), head, std::max(head, std::min(most, left - kept)));
+    SetColumnWidth(column, width);
+    left -= width;
+  }
+  SetColumnWidth(rest, std::max(left, least));
 }
 
 void ListView::AlignRight(int column) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <span>
 #include <vector>
@@ -36,13 +37,18 @@ class ListView : public SubclassedControl, private ListRows {
   // In this run or an earlier one.
   bool sized_by_user() const { return sized_ || has_kept_widths(); }
   // At least as wide as its caption asks for, unless the user has set its width.
-  void AddColumn(int index, const std::string& text, int width) const;
+  void AddColumn(int index, const std::string& text, int width);
   void SetColumnWidth(int column, int width) const {
     Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(width, 0));
   }
   int ColumnWidth(int column) const {
     return static_cast<int>(Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
   }
+  // What a column takes to show its head and its texts of all rows.
+  int NeededWidth(int column) const;
+  // Gives columns what they need, in this order, and `rest` what the list has left, but no less
+  // than `least`. The others stay as they are.
+  void FitColumns(std::initializer_list<int> columns, int rest, int least) const;
   // Numbers are compared from their ends. Not for the first column.
   void AlignRight(int column) const;
   int TextWidth(const std::string& text) const {
@@ -101,6 +107,7 @@ class ListView : public SubclassedControl, private ListRows {
   const WindowEnv* env_ = nullptr;
   const char* list_ = nullptr;
   std::vector<int> kept_;  // by the columns' numbers
+  std::vector<int> heads_;
   bool sized_ = false;     // by the user
   ImageListHandle blank_;  // no picture, but its height is the rows'
 };

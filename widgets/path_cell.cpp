@@ -42,7 +42,7 @@ void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::s
   const bool plain = text && colours.back == COLOR_WINDOW;
   SetTextColor(draw.nmcd.hdc, plain ? *text : GetSysColor(colours.text));
   Calls().Draw(draw.nmcd.hdc, path, &cell,
-               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS);
+               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS | DT_END_ELLIPSIS);
 }
 
 LRESULT DrawPathColumn(const ListView& list, const NMLVCUSTOMDRAW& draw, int column,

@@ -121,6 +121,13 @@ HWND Control(HWND top, int id) {
   return search.found;
 }
 
+HWND FocusOf(HWND window) {
+  GUITHREADINFO info = {};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+  return info.hwndFocus ? info.hwndFocus : window;
+}
+
 HWND ReadyControl(HWND top, int id, DWORD milliseconds) {
   HWND found = nullptr;
   WaitFor(

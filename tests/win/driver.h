@@ -47,6 +47,8 @@ class Program {
 
 // A visible control of that id, however deep; null when there is none.
 HWND Control(HWND top, int id);
+// The control that has the keyboard; the window itself when none has it.
+HWND FocusOf(HWND window);
 // Waits until the control is visible and enabled.
 HWND ReadyControl(HWND top, int id, DWORD milliseconds = 60000);
 std::string Text(HWND window);

@@ -18,6 +18,9 @@ constexpr int kPathLabels[] = {IDC_lblScan, IDC_lblBackupCount};
 constexpr int kOverLists[] = {IDC_lblEmpty, IDC_lblIgnoreEmpty, IDC_lblBackupEmpty,
                               IDC_lblToolEmpty};
 
+// Their columns share the room that there is.
+constexpr int kFittedLists[] = {IDC_lstObjects, IDC_ContentsList};
+
 template <std::size_t n>
 bool IsOneOf(const int (&ids)[n], int id) {
   return std::find(std::begin(ids), std::end(ids), id) != std::end(ids);
@@ -183,6 +186,10 @@ Faults PlacementFaults(const std::vector<ShownControl>& controls, const Measure&
     CheckText(control, measure, &faults);
     CheckParts(control, measure, &faults);
     CheckInside(control, &faults);
+    const bool sideways = (GetWindowLongW(control.window, GWL_STYLE) & WS_HSCROLL) != 0;
+    if (sideways && IsOneOf(kFittedLists, control.id)) {
+      faults.push_back(Name(control) + " scrolls sideways");
+    }
   }
   CheckOverlaps(controls, &faults);
   return faults;

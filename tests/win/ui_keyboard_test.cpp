@@ -103,10 +103,7 @@ TEST_CASE("a scan, a stop, a removal, a restore, another language and the end by
   REQUIRE(InFront(options));
   const HWND languages = ReadyControl(options, IDC_CmbLang);
   for (int i = 0; i < 30; ++i) {
-    GUITHREADINFO info = {};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(GetWindowThreadProcessId(options, nullptr), &info);
-    if (info.hwndFocus == languages) break;
+    if (FocusOf(options) == languages) break;
     Press(VK_TAB);
   }
   Press('G');

@@ -55,13 +55,6 @@ class Pack {
   IniText pack_;
 };
 
-HWND FocusOf(HWND window) {
-  GUITHREADINFO info = {};
-  info.cbSize = sizeof info;
-  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
-  return info.hwndFocus ? info.hwndFocus : window;
-}
-
 // Every window of the program but the main one takes Escape as its end.
 bool Escape(HWND window) {
   PostMessageW(FocusOf(window), WM_KEYDOWN, VK_ESCAPE, 0x00010001);
@@ -107,10 +100,18 @@ class Judge {
         },
         5000);
     Report(buttons, "");
+    CHECK_MESSAGE(WaitFor([&] { return KeysArrive(); }, 5000),
+                  name_ << ": no control has the keys");
     if (GetWindowLongW(window_, GWL_STYLE) & WS_THICKFRAME) RunSizes();
   }
 
  private:
+  // A control that is hidden or grey would swallow them, Escape too.
+  bool KeysArrive() const {
+    HWND focus = FocusOf(window_);
+    return focus != window_ && IsWindowVisible(focus) && IsWindowEnabled(focus);
+  }
+
   Faults Placement() const {
     const std::vector<ShownControl> controls = ShownControls(window_);
     Faults faults = PlacementFaults(controls, Measure(controls));

@@ -43,6 +43,7 @@ struct Tool {
     REQUIRE(apply);
     Click(apply);
     CHECK(WaitFor([&] { return !IsWindowEnabled(apply); }));
+    CHECK(WaitFor([&] { return FocusOf(window) == list; }, 5000));  // not lost with the button
   }
   void Close() {
     Click(ReadyControl(window, IDC_cmdToolClose));
