@@ -479,6 +479,9 @@ TEST_SUITE("console_merge") {
       CHECK(b.m.Content("C:\\in\\all.html").find("<td>C:\\in\\1.jsonl</td><td>1</td>") !=
             std::string::npos);
     }
+    CHECK(b.Run({"report", "--merge", "C:\\in\\1.jsonl", "--html", "C:\\In\\1.JSONL"}) ==
+          kIncomplete);
+    CHECK(b.m.Content("C:\\in\\1.jsonl") == whole);
     CHECK(b.Run({"report", "--merge", "C:\\in\\none.jsonl", "--html", "C:\\in\\all.html"}) ==
           kIncomplete);
   }
