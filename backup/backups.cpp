@@ -99,9 +99,9 @@ BackupReport Backups::Create(const std::string& name, const std::vector<const Fi
     return stored.ok() ? Outcome() : std::move(stored).With("Archive: ", ArchiveNamed(name));
   });
   for (const ItemReport& failure : report.failures) {
-    parts_.log.LogFailure(Outcome::Failed(kPathFileAccess, "Not backed up: " + failure.path + ": " +
-                                                               failure.why.description()),
-                          "cmdBackup");
+    Outcome record =
+        Outcome::Failed(kPathFileAccess, "Not backed up: " + failure.why.description());
+    parts_.log.LogFailure(std::move(record).With("Path: ", failure.path), "cmdBackup");
   }
   return report;
 }

@@ -21,7 +21,7 @@ struct RestoreResult {
   std::size_t restored = 0;        // files and folders that are back, unchanged ones included
   std::size_t unchanged = 0;       // files that were there with the same content
   std::vector<ItemReport> failed;  // not back, and why
-  std::vector<ItemReport> notes;   // back, but not with these attributes or times
+  std::vector<ItemReport> notes;   // back, but not with these attributes, times or rights
   std::vector<KeptFile> kept;      // what lay there and was not older
 };
 

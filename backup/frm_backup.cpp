@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "backup/frm_backup_contents.h"
+#include "backup/restore_text.h"
 #include "machine/counting.h"
 #include "machine/reasons.h"
 #include "widgets/access_keys.h"
@@ -16,12 +17,6 @@
 #include "widgets/resource.h"
 
 namespace scourwell {
-namespace {
-
-constexpr std::size_t kMostNamed = 10;  // in a message
-
-}  // namespace
-
 frmBackup::frmBackup(const WindowEnv& env, Backups& backups, Clock& clock, std::string folder,
                      std::function<void()> help)
     : ListDialog(env, "frmBackup",
@@ -253,23 +248,9 @@ std::string frmBackup::AskForVolume(const std::string& file_name) {
 }
 
 void frmBackup::ShowRestored(const Outcome& outcome, const RestoreResult& result) {
-  std::string kept;
-  for (std::size_t i = 0; i < std::min(result.kept.size(), kMostNamed); ++i) {
-    kept += "\r\n" + result.kept[i].kept_as;
-  }
-  if (!kept.empty()) kept = "\r\n\r\n" + Text(Caption::NewerFilesKept) + kept;
-  if (outcome.ok() && result.failed.empty()) {
-    return ShowMessage(Text(Caption::BackupRestored) + kept, Text(Caption::Information));
-  }
-  std::string failures;
-  if (!outcome.ok()) failures += "\r\n" + ReasonText(env_.captions, outcome);
-  for (std::size_t i = 0; i < std::min(result.failed.size(), kMostNamed); ++i) {
-    failures +=
-        "\r\n" + result.failed[i].path + ": " + ReasonText(env_.captions, result.failed[i].why);
-  }
-  if (result.failed.size() > kMostNamed) failures += "\r\n... " + Text(Caption::AndMore);
-  ShowMessage(Text(Caption::RestoreIncomplete) + failures + kept, Text(Caption::Error),
-              MB_ICONERROR);
+  const std::string text = RestoreText(env_.captions, outcome, result);
+  if (outcome.ok() && result.failed.empty()) return ShowMessage(text, Text(Caption::Information));
+  ShowMessage(text, Text(Caption::Error), MB_ICONERROR);
 }
 
 void frmBackup::cmdClean_Click() {

@@ -156,9 +156,11 @@ Outcome RestoreRun::Restore(const std::vector<bool>& chosen, RestoreResult* resu
   result->failed.insert(result->failed.end(), doomed.begin(), doomed.end());
   result->failed.insert(result->failed.end(), unreadable_.begin(), unreadable_.end());
   RestoreRegistry(chosen, result);
-  for (const ItemReport& item : result->failed) {
-    Outcome record = item.why;
-    parts_.log.LogFailure(std::move(record).With("Path: ", item.path), "cmdRestore");
+  for (const auto* items : {&result->failed, &result->notes}) {
+    for (const ItemReport& item : *items) {
+      Outcome record = item.why;
+      parts_.log.LogFailure(std::move(record).With("Path: ", item.path), "cmdRestore");
+    }
   }
   if (!parts_.pump.closing()) return {};
   return Outcome::Failed(kInvalidCall, "The restoring was stopped before its end")
@@ -201,7 +203,7 @@ void RestoreRun::RestoreRegistry(const std::vector<bool>& chosen, RestoreResult*
     Outcome restored = registry_->Restore(item);
     if (!restored.ok()) result->failed.push_back({PlaceText(ObjectOf(item)), std::move(restored)});
   }
-  for (ItemReport& key : registry_->FinishKeys()) result->failed.push_back(std::move(key));
+  for (ItemReport& key : registry_->FinishKeys()) result->notes.push_back(std::move(key));
   for (const std::string& line : registry_->left_out()) {
     result->failed.push_back(
         {line, Outcome::Failed(kTypeMismatch, "This line of a script is not carried out")});

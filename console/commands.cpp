@@ -144,6 +144,13 @@ int KeptCommands::RestoreItems(RestoreRun& run) {
   RestoreResult result;
   const Outcome restored = target_->Restore(run, run.AllButDoubtful(), &result);
   for (const ItemReport& failed : result.failed) Fail(failed.path, failed.why);
+  if (!result.notes.empty()) {
+    const ItemReport& first = result.notes.front();
+    Fail(std::to_string(result.notes.size()) +
+             " are back, but not with all of their attributes, times and access rights, as " +
+             first.path,
+         first.why);
+  }
   for (const KeptFile& kept : result.kept) Line({"kept", kept.path, kept.kept_as});
   Line({"restored", std::to_string(result.restored), "failed",
         std::to_string(result.failed.size())});

@@ -95,6 +95,11 @@ RemovalNotes DiskTarget::RemoveChecked(const std::string& backup_name) {
   for (const std::string& failure : FailureTexts(engine_->language(), result.backup)) {
     notes.lines.push_back("not stored: " + failure);
   }
+  if (notes.backed_up && machine_->registry_writable()) {  // older systems know no rights
+    notes.lines.push_back(
+        "the backup keeps no access rights; what is restored takes those of the folder or key "
+        "above");
+  }
   if (!result.registry.ok()) {
     notes.lines.push_back("the registry was not changed: " + result.registry.description());
   }

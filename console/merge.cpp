@@ -48,6 +48,14 @@ bool IsSummary(const JsonValue& line) {
 
 }  // namespace
 
+// Whatever the two are called.
+bool MergedReport::IsSameFile(const std::string& a, const std::string& b) {
+  FileId ids[2];
+  return EqualsNoCase(a, b) ||
+         (files_.Identify(a, &ids[0]).ok() && files_.Identify(b, &ids[1]).ok() &&
+          ids[0].index != 0 && ids[0] == ids[1]);
+}
+
 Outcome MergedReport::ReadLines(const Input& input, const TakeLine& take) {
   std::string rest;
   Outcome broken;
@@ -130,6 +138,11 @@ Outcome MergedReport::Write(std::vector<Input> inputs, const ReportHead& head,
                             const std::string& path) {
   std::set<std::string> paths;
   std::erase_if(inputs, [&](const Input& input) { return !paths.insert(input.path).second; });
+  if (std::ranges::any_of(inputs,
+                          [&](const Input& input) { return IsSameFile(input.path, path); })) {
+    return Outcome::Failed(kFileExists,
+                           "The page would take the place of a scan that it is made of");
+  }
   for (const Input& input : inputs) Sum(input);
   std::unique_ptr<FileWriter> writer;
   if (Outcome opened = files_.OpenWriter(path, &writer); !opened.ok()) return opened;

@@ -33,6 +33,7 @@ class MergedReport {
  private:
   using TakeLine = std::function<void(const JsonValue& line)>;
 
+  bool IsSameFile(const std::string& a, const std::string& b);
   // Whether the input could be read to its end.
   Outcome ReadLines(const Input& input, const TakeLine& take);
   void Sum(const Input& input);

@@ -35,6 +35,16 @@ void AddField(std::string_view name, std::string_view text, std::string* json) {
   json->append(", \"").append(name).append("\": ").append(JsonText(text));
 }
 
+void AddPlaces(std::string_view name, const std::vector<UnreadPlace>& places, std::string* json) {
+  json->append(", \"").append(name).append("\": [");
+  for (const UnreadPlace& each : places) {
+    if (&each != places.data()) json->append(", ");
+    json->append("{\"place\": ").append(JsonText(each.place));
+    json->append(", \"reason\": ").append(JsonText(each.reason)).append("}");
+  }
+  json->append("]");
+}
+
 // A table program takes a cell that begins like a formula for one.
 std::string Cell(std::string_view text) {
   const bool formula = !text.empty() && std::string_view("=+-@\t\r").find(text[0]) != text.npos;
@@ -119,13 +129,9 @@ std::string JsonLine(const ScanSummary& summary) {
   json += ", \"seconds\": " + std::to_string(summary.milliseconds / 1000) + "." +
           Padded(summary.milliseconds % 1000, 3);
   json += std::string(", \"finished\": ") + (summary.finished ? "true" : "false");
-  json += ", \"unread\": [";
-  for (const UnreadPlace& unread : summary.unread) {
-    if (&unread != summary.unread.data()) json += ", ";
-    json +=
-        "{\"place\": " + JsonText(unread.place) + ", \"reason\": " + JsonText(unread.reason) + "}";
-  }
-  return json + "]}\n";
+  AddPlaces("unread", summary.unread, &json);
+  AddPlaces("failed", summary.failed, &json);
+  return json + "}\n";
 }
 
 std::string CsvHead() { return "kind,spy,path,key,value,view,certainty,source,user,state\r\n"; }

@@ -43,7 +43,7 @@ std::string PlaceOf(const FindingRecord& record);
 inline constexpr std::size_t kKindCount = std::variant_size_v<FoundObject>;
 using KindCounts = std::array<std::uint64_t, kKindCount>;
 
-// A place that a scan could not look at.
+// A place that a scan could not look at, or at which a removal could not do something.
 struct UnreadPlace {
   std::string place;
   std::string reason;
@@ -57,6 +57,7 @@ struct ScanSummary {
   std::uint32_t milliseconds = 0;
   bool finished = false;  // neither stopped nor broken off
   std::vector<UnreadPlace> unread;
+  std::vector<UnreadPlace> failed;  // of a removal
 };
 
 // One line each, with its end.

@@ -75,15 +75,15 @@ void ScanCommand::HearFailure(const Outcome& outcome, std::string_view method) {
     if (options_.definitions.empty()) return;
   }
   const std::string_view place = outcome.last_value();
-  if (heard_.size() == kMostUnread) {
-    ++unread_not_kept_;
+  std::vector<UnreadPlace>& places = removing_ ? summary_.failed : summary_.unread;
+  if (places.size() >= kMostUnread) {
+    ++(removing_ ? failed_not_kept_ : unread_not_kept_);
     return;
   }
   // Each pass meets the same folder.
   if (!heard_.insert(std::string(place) + "\n" + outcome.description()).second) return;
-  summary_.unread.push_back(
-      {place.empty() ? std::string(method) : target_->Shown(std::string(place)),
-       outcome.description()});
+  places.push_back({place.empty() ? std::string(method) : target_->Shown(std::string(place)),
+                    outcome.description()});
 }
 
 int ScanCommand::Refuse(ExitCode code, const std::string& why) {
@@ -233,10 +233,14 @@ int ScanCommand::Run() {
   Scan();
   const bool stopped = pump_.closing();
   int removed = -1;
+  removing_ = true;
   if (removes() && !stopped) removed = Remove();
   for (const FindingRecord& record : records_) view_.Show(record);
   if (unread_not_kept_ > 0) {
     summary_.unread.push_back({"", std::to_string(unread_not_kept_) + " more"});
+  }
+  if (failed_not_kept_ > 0) {
+    summary_.failed.push_back({"", std::to_string(failed_not_kept_) + " more"});
   }
   if (!WritePage(summary_)) failed_ = true;
   return Finish(removed);
@@ -246,7 +250,8 @@ int ScanCommand::Finish(int removed) {
   target_->engine().log().set_listener(nullptr);
   view_.End(summary_);
   if (host_.terminal().Interrupted()) return kStopped;
-  if (!view_.written() || failed_ || !summary_.finished || !summary_.unread.empty()) {
+  if (!view_.written() || failed_ || !summary_.finished || !summary_.unread.empty() ||
+      !summary_.failed.empty()) {
     return kIncomplete;
   }
   if (removed >= 0) return removed;

@@ -55,9 +55,11 @@ class ScanCommand : private ScanReport, private FailureListener {
   ScanSummary summary_;
   std::size_t shown_ = 0;               // rows
   std::vector<FindingRecord> records_;  // of a scan that removes, as they were found
+  bool removing_ = false;               // the scan has ended
   bool failed_ = false;
   std::set<std::string> heard_;  // places and reasons
   std::size_t unread_not_kept_ = 0;
+  std::size_t failed_not_kept_ = 0;
 };
 
 }  // namespace scourwell

@@ -63,16 +63,17 @@ void ScanView::End(const ScanSummary& summary) {
   if (format_ == Format::Json) Put(JsonLine(summary));
   if (format_ == Format::Csv && !begun_) Put(CsvHead());
   if (format_ == Format::Text) EndText(summary);
-  if (format_ != Format::Json) SayUnread(summary.unread);
+  if (format_ == Format::Json) return;
+  SayPlaces("not read: ", summary.unread);
+  SayPlaces("failed: ", summary.failed);
 }
 
-void ScanView::SayUnread(const std::vector<UnreadPlace>& places) {
+void ScanView::SayPlaces(const std::string& what, const std::vector<UnreadPlace>& places) {
   for (std::size_t i = 0; i < std::min(places.size(), kMostUnreadShown); ++i) {
-    const UnreadPlace& unread = places[i];
-    Say("not read: " + ForShowing(unread.place) + ": " + ForShowing(unread.reason));
+    Say(what + ForShowing(places[i].place) + ": " + ForShowing(places[i].reason));
   }
   if (places.size() > kMostUnreadShown) {
-    Say("not read: " + std::to_string(places.size() - kMostUnreadShown) + " more");
+    Say(what + std::to_string(places.size() - kMostUnreadShown) + " more");
   }
 }
 

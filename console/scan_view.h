@@ -42,7 +42,7 @@ class ScanView {
   void Put(std::string_view text) { written_ = written_ && terminal_.Write(text); }
   std::string TextLine(const FindingRecord& record) const;
   void EndText(const ScanSummary& summary);
-  void SayUnread(const std::vector<UnreadPlace>& places);
+  void SayPlaces(const std::string& what, const std::vector<UnreadPlace>& places);
 
   Terminal& terminal_;
   Format format_;

@@ -504,6 +504,7 @@ const DefaultText kCaptions[] = {
     {Caption::FolderIsOpen, "Every user of this computer may change the folder of Scourwell, and so your backups and the ignore list. Program Files is the right place for it."},
     {Caption::ReasonStreamsNotKept, "Only its content is stored. It has further data streams, which a backup does not keep."},
     {Caption::ReasonRightsNotKept, "Its access rights are not stored. A restored key takes over those of the key above it."},
+    {Caption::RestoredNotAsItWas, "Restored, but not everything could be set as it was (attributes, times, access rights):"},
 };
 // clang-format on
 

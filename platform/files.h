@@ -112,8 +112,8 @@ class Files {
   virtual Outcome Move(const std::string& from, const std::string& to) = 0;
   // kReadOnly, kHidden, kSystem and kArchive; other bits are passed over.
   virtual Outcome SetAttributes(const std::string& path, std::uint32_t attributes) = 0;
-  // Sets the times of a file or folder; one of 0 stays as it is. Volumes may round them. On Windows
-  // 95, 98 and Me folders refuse.
+  // Sets the times of a file or folder; one of 0 stays as it is. Volumes may round them. Windows
+  // 95, 98 and Me cannot set those of a folder, and leave them without a failure.
   virtual Outcome SetTimes(const std::string& path, const FileTimes& times) = 0;
   // Opens a folder and keeps it in its place. kPathFileAccess: it is a link. A root cannot be
   // swapped and is held without more.

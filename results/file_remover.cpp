@@ -43,6 +43,16 @@ RemovalResult FileRemover::deleteSpyCFType(const std::string& named) {
   return result;
 }
 
+RemovalResult FileRemover::DeleteBeside(const std::string& path) {
+  HeldWay way;
+  Outcome allowed = guard_.Allow(std::string(WithoutEndSeparators(FolderPart(path))), &way);
+  if (allowed.code() != kPermissionDenied) return deleteSpyCFType(path);
+  Outcome record = allowed;
+  parts_.log.LogFailure(std::move(record).With("Spy Folder or File Name: ", path),
+                        "deleteSpyCFType");
+  return {RemovalState::Refused, std::move(allowed)};
+}
+
 Outcome FileRemover::DeleteFileAt(const std::string& path, RemovalResult* result) {
   HeldWay way;
   DirEntry entry;

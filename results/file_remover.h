@@ -40,6 +40,8 @@ class FileRemover {
 
   // A file or cookie. A component (dll, ocx) that a class names is unregistered first.
   RemovalResult deleteSpyCFType(const std::string& path);
+  // A file that only its folder betrays: it stays when the folder must.
+  RemovalResult DeleteBeside(const std::string& path);
   // A folder with everything in it.
   RemovalResult deleteSpyFolder(const std::string& path);
 

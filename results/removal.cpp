@@ -75,7 +75,10 @@ RemovedObject Removal::Carry(const RemovalStep& step) {
         Failed(RemovalState::Failed, Outcome::Failed(kPathFileAccess, "It could not be backed up")
                                          .Because(Caption::ReasonNotBackedUp))};
   }
-  RemovedObject removed = {row.finding.spy, object, Remove(object)};
+  const auto* file = std::get_if<FoundFile>(&object);
+  const bool beside = file && row.finding.certainty == Certainty::Beside;
+  RemovedObject removed = {row.finding.spy, object,
+                           beside ? files_.DeleteBeside(file->path) : Remove(object)};
   if (removed.result.state != RemovalState::Gone) {
     if (row.result) ++report_.repeated;
     ++(counters_.*kRemovalCounters[static_cast<std::size_t>(KindOf(object))]);

@@ -59,6 +59,8 @@ PatternKind ClassifyPattern(std::string_view signature) {
     const bool wild = part.find_first_of("*?") != std::string_view::npos;
     if (last) {
       if (relative) return PatternKind::Relative;
+      // What names nothing at all would find, and delete, everything on every drive.
+      if (wild && part.find_first_not_of("*?. ") == part.npos) return PatternKind::Unusable;
       return wild ? PatternKind::Wildcard : PatternKind::Name;
     }
     if (wild) return PatternKind::Unusable;  // no listing takes wildcards before the last part

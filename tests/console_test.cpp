@@ -310,6 +310,26 @@ TEST_SUITE("console_scan") {
     }
   }
 
+  TEST_CASE("what a removal could not do is no place that was not read") {
+    for (const bool json : {false, true}) {
+      ConsoleBench b;
+      b.Plant("C:\\data\\evil.exe");
+      b.m.files.Find("C:\\data\\evil.exe")->error = kPermissionDenied;
+      std::vector<std::string> words = {"remove", "--yes", "C:\\data"};
+      if (json) words.push_back("--format=json");
+      CHECK(b.Run(words) == kIncomplete);
+      CHECK(b.console.err.find("not read") == std::string::npos);
+      if (!json) {
+        CHECK(b.console.err.find("failed: C:\\data\\evil.exe: ") != std::string::npos);
+        continue;
+      }
+      const JsonValue summary = JsonLines(b.console.out).back();
+      CHECK(summary.Find("unread")->items.empty());
+      REQUIRE(!summary.Find("failed")->items.empty());
+      CHECK(summary.Find("failed")->items.back().Text("place") == "C:\\data\\evil.exe");
+    }
+  }
+
   TEST_CASE("what is removed lies in a backup, and comes back from it") {
     ConsoleBench b;
     b.Plant("C:\\data\\evil.exe");
@@ -459,6 +479,9 @@ TEST_SUITE("console_merge") {
       CHECK(b.m.Content("C:\\in\\all.html").find("<td>C:\\in\\1.jsonl</td><td>1</td>") !=
             std::string::npos);
     }
+    CHECK(b.Run({"report", "--merge", "C:\\in\\1.jsonl", "--html", "C:\\In\\1.JSONL"}) ==
+          kIncomplete);
+    CHECK(b.m.Content("C:\\in\\1.jsonl") == whole);
     CHECK(b.Run({"report", "--merge", "C:\\in\\none.jsonl", "--html", "C:\\in\\all.html"}) ==
           kIncomplete);
   }

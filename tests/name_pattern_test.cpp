@@ -26,11 +26,12 @@ TEST_SUITE("name_pattern") {
     };
     all_are(PatternKind::Name, {"EVIL.EXE", "EVIL~1.EXE", "NO EXTENSION", ".HIDDEN", "CONFIG.SYS",
                                 "COM10", "[X]@{1}.DLL", "\\EVIL.EXE", "NAME.", "NAME "});
-    all_are(PatternKind::Wildcard, {"*.EXE", "A?B", "*", "*."});
-    all_are(PatternKind::Relative, {"SUB\\EVIL.EXE", "SUB\\*.EXE", "A\\\\B"});
+    all_are(PatternKind::Wildcard, {"*.EXE", "A?B", "*.?X"});
+    all_are(PatternKind::Relative, {"SUB\\EVIL.EXE", "SUB\\*.EXE", "SUB\\*", "A\\\\B"});
     all_are(PatternKind::Unusable,
-            {"", "..", ".. \\X", "A\\..\\B", "SUB*\\X", "SUB\\", "C:\\X", "A/B", "A|B", "A<B",
-             "\"A\"", "A\x1F", "NUL", "AUX.TXT", "LPT1 .X", "SUB\\CON"});
+            {"",    "..",  ".. \\X", "A\\..\\B", "SUB*\\X", "SUB\\",   "C:\\X",
+             "A/B", "A|B", "A<B",    "\"A\"",    "A\x1F",   "*",       "*.",
+             "*.*", "??",  "NUL",    "AUX.TXT",  "LPT1 .X", "SUB\\CON"});
   }
 
   TEST_CASE("what a listing yields is always admitted, and holds the required literal") {

@@ -101,7 +101,7 @@ TEST_SUITE("one_walk") {
       hits += scan.sink.found.size();
       vanished += scan.vanishing.size();
     }
-    CHECK(hits > 4 * Trees());
+    CHECK(hits > 3 * Trees());
     CHECK(vanished > Trees() / 3);
   }
 

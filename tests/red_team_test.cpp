@@ -146,6 +146,23 @@ TEST_SUITE("red_team") {
     }
   }
 
+  TEST_CASE("a definition that names a folder of Windows costs none of the files in it") {
+    for (const auto& [path, certainty, states] : Rows<const char*, Certainty, const char*>{
+             {"C:\\WINDOWS\\system32\\shell.dll", Certainty::Beside, "R"},
+             {"C:\\WINDOWS\\notepad.exe", Certainty::Beside, "R"},
+             {"C:\\Program Files\\readme.txt", Certainty::Beside, "R"},
+             {"C:\\Evil\\readme.txt", Certainty::Beside, "r"},
+             {"C:\\WINDOWS\\system32\\evil.dll", Certainty::Name, "r"}}) {
+      CAPTURE(std::string(path));
+      Remover r;
+      r.m.File(path);
+      r.hits.AddSpyToListView({"spy", FoundFile{path}, certainty});
+      r.Run();
+      CHECK(r.States() == states);
+      CHECK(r.m.Has(path) == (states == std::string("R")));
+    }
+  }
+
   TEST_CASE(
       "on Windows 95, 98 and Me, which tell no numbers, a second letter is refused as a whole") {
     Remover r(false);

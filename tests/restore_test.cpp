@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 // What a restore shows, and what it brings back.
+#include "backup/restore_text.h"
+#include "tests/helpers.h"
 #include "tests/victim.h"
 
 namespace scourwell::test {
@@ -58,6 +60,28 @@ TEST_SUITE("restore") {
       const RegTraits traits = v.m.registry.Find(RootKey::CurrentUser, "Spy\\sub")->traits;
       CHECK(traits.kind + traits.security == (own ? "Kindkey's" : ""));
     }
+  }
+
+  TEST_CASE("what is back but not as it was is told once, and logged") {
+    Victim v;
+    for (int i = 0; i < 12; ++i) v.m.File("C:\\spy\\f" + std::to_string(i), "1");
+    v.m.registry.Make(RootKey::CurrentUser, "Spy").Value("v", "x").traits = {"", "key's"};
+    v.Add(FoundFolder{"C:\\spy"});
+    v.Add(KeyAt("HKEY_CURRENT_USER\\Spy"));
+    REQUIRE(v.Create("n").archive.ok());
+    v.m.files.Remove("C:\\spy");
+    v.m.registry.DeleteKeyCall(RootKey::CurrentUser, "Spy");
+    v.m.files.keeps_times = v.m.registry.keeps_rights = true;
+    CHECK(v.Restore("n.qzp").ok());
+    CHECK(v.restored.failed.empty());
+    CHECK(v.restored.notes.size() == 14);  // the folder and the key as well
+    const NumberCaptions captions;
+    const std::string text = RestoreText(captions, {}, v.restored);
+    const std::string heading = captions.Text(Caption::RestoredNotAsItWas);
+    CHECK(text.starts_with(captions.Text(Caption::BackupRestored)));
+    CHECK(text.find(heading) == text.rfind(heading));
+    CHECK(text.find(captions.Text(Caption::AndMore)) != std::string::npos);
+    CHECK(v.m.Content(kErrorLog).find("C:\\spy\\f11") != std::string::npos);
   }
 
   TEST_CASE("who changes the list and mends its checksums has made another archive") {

@@ -568,6 +568,7 @@ enum class Caption : int {
   FolderIsOpen = 17700,
   ReasonStreamsNotKept = 17710,
   ReasonRightsNotKept = 17711,
+  RestoredNotAsItWas = 17720,
 };
 
 constexpr int NumberOf(Caption caption) { return static_cast<int>(caption); }

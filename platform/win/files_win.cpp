@@ -212,7 +212,10 @@ Outcome FilesWin::SetTimes(const std::string& path, const FileTimes& times) {
                                         OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
     if (file && SetFileTime(file.get(), pointer(0), pointer(1), pointer(2))) return {};
   }
-  return FailedWith(GetLastError());
+  const DWORD error = GetLastError();
+  DirEntry there;
+  if (!HasWideCalls() && Stat(path, &there).ok() && there.IsFolder()) return {};
+  return FailedWith(error);
 }
 
 Outcome FilesWin::HoldFolder(const std::string& path, std::unique_ptr<FolderHold>* hold) {

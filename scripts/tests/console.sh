@@ -140,6 +140,8 @@ disks() {
     ends 0 "$program" ignore "${drives[@]}" --remove file "$spy" "$place"
     ends 1 "$program" scan "${drives[@]}"
     grep -qF "$place" "$work/out" || fail "what was taken off the ignore list is not shown"
+    ends 2 "$program" remove --yes "${drives[@]}"
+    grep -q "keeps no access rights" "$work/err" || fail "nobody says what the backup of a disk lacks"
 }
 
 # The page names every option, and the completion offers them.

@@ -129,7 +129,10 @@ bool IsUsable(const std::string& signature) {
   const std::size_t slash = signature.rfind('\\');
   const bool nested = slash != std::string::npos;
   const std::string name = nested ? signature.substr(slash + 1) : signature;
-  return name.find_first_not_of(". ") != std::string::npos && Upper(name) != "NUL" &&
+  const bool below = nested && slash > 0;
+  // Wildcards alone find everything in a folder that is named, and else nothing.
+  return name.find_first_not_of(below ? ". " : "*?. ") != std::string::npos &&
+         Upper(name) != "NUL" &&
          (!nested || signature.substr(0, slash).find_first_of("*?") == std::string::npos);
 }
 

@@ -172,6 +172,7 @@ Outcome FakeFiles::SetTimes(const std::string& path, const FileTimes& times) {
   if (const ErrorCode fault = BeginChange("Times " + path)) return Outcome::Failed(fault);
   const Place place = Walk(path, true);
   if (!place.node) return Outcome::Failed(place.error);
+  if (keeps_times) return Outcome::Failed(kPermissionDenied);
   if (times.created) place.node->created = times.created;
   if (times.accessed) place.node->accessed = times.accessed;
   if (times.modified) place.node->modified = times.modified;

@@ -93,6 +93,7 @@ class FakeFiles : public Files {
   std::map<std::string, ErrorCode>
       faults;                          // a journal line and the error that such a call ends with
   bool short_names = true;             // volumes have 8.3 names
+  bool keeps_times = false;            // nobody may change them
   std::size_t changes = 0;             // writes, renames, deletions and the like so far
   std::size_t failing_change = 0;      // the one that fails; 0: none
   ErrorCode change_error = kDiskFull;  // with this

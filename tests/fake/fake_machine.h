@@ -51,6 +51,7 @@ class FakeRegistry : public Registry {
  public:
   std::vector<std::string> journal;  // "DeleteKey path"
   bool deletes_trees = false;        // as Windows 95, 98 and Me
+  bool keeps_rights = false;         // nobody may change them
   std::function<void()> before_change;
   Faults* port_faults = nullptr;
 

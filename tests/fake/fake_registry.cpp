@@ -146,7 +146,8 @@ RegStatus FakeRegistry::CreateKeyOfKind(RootKey root, const std::string& path,
 RegStatus FakeRegistry::SetKeySecurity(RootKey root, const std::string& path,
                                        const std::string& descriptor) {
   if (before_change) before_change();
-  const RegStatus opened = TryOpen(root, path, kKeyAllRights);
+  const RegStatus opened =
+      keeps_rights ? RegStatus{kRegAccessDenied} : TryOpen(root, path, kKeyAllRights);
   if (opened == kRegOk) Find(root, path)->traits.security = descriptor;
   return opened;
 }
