@@ -229,6 +229,19 @@ TEST_SUITE("backups") {
           "C:\\WINDOWS\\regedit.exe /S \"C:\\My backups\\nexport64.reg\"\n"
           "C:\\WINDOWS\\Sysnative\\reg.exe import \"C:\\My backups\\nexport64.reg\"\n");
     CHECK_FALSE(b.m.registry.Find(RootKey::LocalMachine, "Software"));
+    // A value of the same name in the other view is one of its own.
+    b.m.registry.Make(RootKey::LocalMachine, "Software\\Evil").Value("v", "y", kRegBinary);
+    const Finding other{"", ValueAt("HKEY_LOCAL_MACHINE\\Software\\Evil", "v", "y")};
+    REQUIRE(backups.Create("both", {&row, &other}).archive.ok());
+    for (FakeRegistry* registry : {&b.m.registry, &view64}) {
+      REQUIRE(registry->DeleteKeyCall(RootKey::LocalMachine, "Software\\Evil") == kRegOk);
+    }
+    RestoreResult both;
+    CHECK(RestoreAll(backups, "both.qzp", &both).ok());
+    CHECK(b.m.registry.Text(RootKey::LocalMachine, "Software\\Evil", "v") == "y");
+    CHECK(view64.Text(RootKey::LocalMachine, "Software\\Evil", "v") == "x");
+    REQUIRE(b.m.registry.DeleteKeyCall(RootKey::LocalMachine, "Software\\Evil") == kRegOk);
+    REQUIRE(b.m.registry.DeleteKeyCall(RootKey::LocalMachine, "Software") == kRegOk);
     // Where there is one view only, what belongs to the other is named.
     RestoreResult result;
     CHECK(RestoreAll(b.backups, "n.qzp", &result).ok());

@@ -152,6 +152,13 @@ TEST_SUITE("removal") {
     CHECK(r.RemoveOne(FoundFile{"C:\\Evil\\deep\\letter.txt"}) == "R");
     CHECK(TreeOf(r.m, "C:\\Precious") == precious);
     CHECK(r.Recorded("The folder is a link: C:\\Evil"));
+    // Nor is it loaded: the library behind it would be.
+    r.m.File("C:\\Precious\\real.dll", "x");
+    r.m.Link("C:\\way.dll", "C:\\Precious\\real.dll").attributes = kLink;
+    r.Register("C:\\way.dll");
+    CHECK(r.RemoveOne(FoundFile{"C:\\way.dll"}) == "r");
+    CHECK(r.m.Has("C:\\Precious\\real.dll"));
+    CHECK(Lines(r.m.shell.journal).find("Call") == std::string::npos);
   }
 
   TEST_CASE("a folder that is swapped for a link while it is emptied") {

@@ -110,6 +110,8 @@ TEST_SUITE("language") {
     };
     CHECK(shown(stated("1250"), 1252) == polish);
     CHECK(shown(stated("1250"), 1250) == polish);
+    CHECK(shown(stated("01250"), 1252) == polish);
+    CHECK(shown(stated("001250"), 1252) == western);
     CHECK(shown("", 1250) == polish);
     CHECK(shown("", 1252) == western);
     for (const char* nonsense : {"", "polish", "-1250", "1250x", "1", "0", "999999", "+437"}) {

@@ -75,6 +75,19 @@ TEST_SUITE("offline_registry") {
     CHECK(hive.Text("H\\values", "other") == "x");
   }
 
+  TEST_CASE("a key is a link by the type of its value, not by its name alone") {
+    DiskBuilder disk;
+    disk.Text("HIVE", "plain", "SymbolicLinkValue", "H\\other");
+    disk.Set("HIVE", "link", "SymbolicLinkValue", {kRegLink, "x"}).Save();
+    OneHive hive(disk);
+    for (const auto& [key, expected] :
+         Rows<std::string, bool>{{"H\\plain", false}, {"H\\link", true}}) {
+      bool is_link = !expected;
+      CHECK(hive.registry.IsLink(kMachine, key, &is_link) == kRegOk);
+      CHECK(is_link == expected);
+    }
+  }
+
   TEST_CASE("texts of any bytes read as far as they go") {
     DiskBuilder disk;
     disk.Set("HIVE", "k", "odd", {kRegText, "ab", 'c'});

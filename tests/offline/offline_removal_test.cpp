@@ -111,6 +111,12 @@ TEST_SUITE("offline_removal") {
     CHECK(result.registry.ok());
     CHECK(result.script == "");
     CHECK_FALSE(bench.disk.Has("c/WINDOWS/EGDACCESS_1052.dll"));
+    // What is refused is no business of the script.
+    const auto refused = bench.removal->Remove(
+        "second",
+        {{"x", KeyAt("HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Run")}});
+    CHECK(refused.removal.Count(RemovalState::Refused) == 1);
+    CHECK(refused.script.empty());
     CHECK(bench.disk.Has("c/WINDOWS/EGDACCESS_1052.dl_"));
     CHECK_FALSE(bench.disk.Has("c/WINDOWS/system32/Ads/AdCache"));
     CHECK_FALSE(bench.disk.Has("c/WINDOWS/system32/config/SOFTWARE.scourwell"));
