@@ -236,8 +236,12 @@ TEST_SUITE("next_start") {
       other.replace(kEntry + 4, 4, std::string("\xA9\0\x12\0", 4));
       CHECK_FALSE(LetsEveryUserChange(other));
     }
+    const std::string world("\1\1\0\0\0\0\0\1\0\0\0\0", 12);
+    std::string first = closed;  // what follows takes nothing back
+    first.replace(20 + 16 + 8 + 8, 12, world);
+    CHECK(LetsEveryUserChange(first));
     std::string everyone = closed;
-    everyone.replace(kEntry + 8, 12, std::string("\1\1\0\0\0\0\0\1\0\0\0\0", 12));
+    everyone.replace(kEntry + 8, 12, world);
     CHECK(LetsEveryUserChange(everyone));
     for (std::size_t size = 0; size < everyone.size(); ++size) {
       CHECK_FALSE(LetsEveryUserChange(everyone.substr(0, size)));
