@@ -178,7 +178,7 @@ void RegistryRestore::MakeKeys(const std::vector<bool>& chosen) {
     item.view64 = key.view64;
     if (!wanted.contains(id(key.place, key.view64))) continue;
     if (Outcome judged = Judge(item); !judged.ok()) {
-      unfinished_.push_back({FullKeyPath(key.place), std::move(judged)});
+      key.why = std::move(judged);
       continue;
     }
     Registry& registry = *RegistryOf(key.view64);
@@ -188,27 +188,35 @@ void RegistryRestore::MakeKeys(const std::vector<bool>& chosen) {
       status = registry.CreateKeyOfKind(key.place.root, key.place.path, key.traits.kind);
     }
     key.made = status == kRegOk;
-    if (!key.made) unfinished_.push_back({FullKeyPath(key.place), Outcome::OfRegistry(status)});
+    if (!key.made) key.why = Outcome::OfRegistry(status);
   }
 }
 
 // The deepest first: afterwards a key may deny the way to those below it.
 std::vector<ItemReport> RegistryRestore::FinishKeys() {
+  std::vector<ItemReport> unfinished;
   for (auto key = recorded_.rbegin(); key != recorded_.rend(); ++key) {
-    RegistryItem item;
-    item.place = key->place;
-    item.view64 = key->view64;
-    if (!key->made || key->traits.security.empty()) continue;
-    Outcome done = Judge(item);
-    if (done.ok()) {
-      const RegStatus status =
-          RegistryOf(key->view64)
-              ->SetKeySecurity(key->place.root, key->place.path, key->traits.security);
-      if (status != kRegOk) done = Outcome::OfRegistry(status);
-    }
-    if (!done.ok()) unfinished_.push_back({FullKeyPath(key->place), std::move(done)});
+    Outcome done = Finish(*key);
+    if (!done.ok()) unfinished.push_back({FullKeyPath(key->place), std::move(done)});
   }
-  return std::move(unfinished_);
+  return unfinished;
+}
+
+Outcome RegistryRestore::Finish(const RecordedKey& key) {
+  const auto& [root, path] = key.place;
+  Registry* registry = RegistryOf(key.view64);
+  if (!key.why.ok()) {
+    // One that is not there at all is no half success: what was to lie in it is told of.
+    const bool there = registry && registry->TryOpen(root, path, kKeyRead) == kRegOk;
+    return there ? key.why : Outcome();
+  }
+  if (!key.made || key.traits.security.empty()) return {};
+  RegistryItem item;
+  item.place = key.place;
+  item.view64 = key.view64;
+  if (Outcome judged = Judge(item); !judged.ok()) return judged;
+  const RegStatus status = registry->SetKeySecurity(root, path, key.traits.security);
+  return status == kRegOk ? Outcome() : Outcome::OfRegistry(status);
 }
 
 // The link may have come since the script was judged.

@@ -57,7 +57,8 @@ class RegistryRestore {
   // Makes the missing keys of what is chosen with the classes that they had. Before anything else
   // is restored.
   void MakeKeys(const std::vector<bool>& chosen);
-  // Gives those keys the rights that they had, and lists what stays otherwise. The last call.
+  // Gives those keys the rights that they had, and lists those that are back without something. The
+  // last call.
   std::vector<ItemReport> FinishKeys();
   // Writes an item unless it is there already, and reads it back.
   Outcome Restore(const RegistryItem& item);
@@ -68,7 +69,9 @@ class RegistryRestore {
     bool view64 = false;
     RegTraits traits;
     bool made = false;
+    Outcome why = {};  // it was not
   };
+  Outcome Finish(const RecordedKey& key);
 
   void Add(const ScriptKey& key, bool view64, std::uint32_t script);
   RegistryItem& ItemFor(RegistryItem item);
@@ -86,7 +89,6 @@ class RegistryRestore {
   std::vector<RegistryItem> items_;
   std::vector<std::string> left_out_;
   std::vector<RecordedKey> recorded_;
-  std::vector<ItemReport> unfinished_;                   // keys that did not get what was recorded
   std::unordered_map<std::string, std::size_t> places_;  // of items, by view, key and name
 };
 
