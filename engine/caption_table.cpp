@@ -453,7 +453,7 @@ const DefaultText kCaptions[] = {
     {Caption::WhatSource, "According to:"},
     {Caption::CertaintyPlace, "exactly this place (sure)"},
     {Caption::CertaintyName, "its whole name (rather sure)"},
-    {Caption::CertaintyContent, "what the program contains (rather sure)"},
+    {Caption::CertaintyVersionText, "a text of its version information (rather sure)"},
     {Caption::CertaintyPart, "a part of its name or data (less sure)"},
     {Caption::CertaintyBeside, "what it lies beside (look at it first)"},
     {Caption::SourceBuiltIn, "the definitions inside the program"},
@@ -505,6 +505,8 @@ const DefaultText kCaptions[] = {
     {Caption::ReasonStreamsNotKept, "Only its content is stored. It has further data streams, which a backup does not keep."},
     {Caption::ReasonRightsNotKept, "Its access rights are not stored. A restored key takes over those of the key above it."},
     {Caption::RestoredNotAsItWas, "Restored, but not everything could be set as it was (attributes, times, access rights):"},
+    {Caption::CertaintyChecksum, "its size and its one-byte checksum (look at it first)"},
+    {Caption::CertaintyPattern, "a pattern of its name (less sure)"},
 };
 // clang-format on
 

@@ -7,8 +7,9 @@ namespace scourwell {
 namespace {
 
 // In the order of Certainty, and of DefinitionSource.
-constexpr Caption kCertainties[] = {Caption::CertaintyPlace, Caption::CertaintyName,
-                                    Caption::CertaintyContent, Caption::CertaintyPart,
+constexpr Caption kCertainties[] = {Caption::CertaintyPlace,       Caption::CertaintyName,
+                                    Caption::CertaintyVersionText, Caption::CertaintyPattern,
+                                    Caption::CertaintyPart,        Caption::CertaintyChecksum,
                                     Caption::CertaintyBeside};
 constexpr Caption kSources[] = {Caption::SourceBuiltIn, Caption::SourceFile,
                                 Caption::SourceSetting};

@@ -61,7 +61,7 @@ std::optional<Evidence> PropertyIndex::FindText(VersionField field, std::string_
   if (const auto row = known.contained.FirstRowIn(text)) return of(*row, Certainty::Part);
   const auto row = known.equal.find(text);
   if (row == known.equal.end()) return {};
-  return of(row->second, Certainty::Content);
+  return of(row->second, Certainty::VersionText);
 }
 
 std::vector<ContentSum>::const_iterator PropertyIndex::FirstOfSize(std::uint64_t size) const {
@@ -77,7 +77,7 @@ std::optional<Evidence> PropertyIndex::FindChecksum(std::uint64_t size,
                                                     std::uint8_t checksum) const {
   for (auto row = FirstOfSize(size); row != checksums_.end() && row->size == size; ++row) {
     if (row->checksum == checksum) {
-      return Evidence{row->spy, Certainty::Content, row->source};
+      return Evidence{row->spy, Certainty::Checksum, row->source};
     }
   }
   return {};

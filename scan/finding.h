@@ -68,11 +68,13 @@ const std::string* PathOnDisk(const FoundObject& object);
 
 // How a definition knew what it found, the surest way first.
 enum class Certainty : std::uint8_t {
-  Place,    // it names this file, folder, key or value and no other
-  Name,     // the whole name of a file, a folder or a process
-  Content,  // a text or the sum of a program
-  Part,     // a pattern, or a part of a name, of a key or of data
-  Beside,   // nothing of its own: it lies in a folder that was found, or is one of all cookies
+  Place,        // it names this file, folder, key or value and no other
+  Name,         // the whole name of a file, a folder or a process
+  VersionText,  // a text of a program's version information, as a whole
+  Pattern,      // a name with wildcards
+  Part,         // a part of a name, of a key, of data or of a version text
+  Checksum,     // the size of a program and a sum that one in 256 others of that size shares
+  Beside,       // nothing of its own: it lies in a folder that was found, or is one of all cookies
 };
 
 // Why a finding is one: the spy whose definition names it.

@@ -36,7 +36,7 @@ struct Level {
 constexpr Level kHigh = {"high", Caption::CertaintyHigh};
 constexpr Level kMedium = {"medium", Caption::CertaintyMedium};
 constexpr Level kLow = {"low", Caption::CertaintyLow};
-constexpr Level kLevels[] = {kHigh, kMedium, kMedium, kLow, kLow};
+constexpr Level kLevels[] = {kHigh, kMedium, kMedium, kLow, kLow, kLow, kLow};
 
 const Level& LevelOf(Certainty certainty) { return kLevels[static_cast<std::size_t>(certainty)]; }
 

@@ -93,7 +93,7 @@ bool NameSearch::PassesThroughLink(const std::string& folder, std::string_view s
 Evidence NameSearch::EvidenceOf(std::uint32_t row) const {
   const SearchedName& definition = index_.Row(row);
   const bool pattern = definition.name.find_first_of("*?") != std::string_view::npos;
-  return {definition.spy, pattern ? Certainty::Part : Certainty::Name, definition.source};
+  return {definition.spy, pattern ? Certainty::Pattern : Certainty::Name, definition.source};
 }
 
 void NameSearch::Add(const std::string& folder, std::uint32_t row, const std::string& name,

@@ -272,6 +272,8 @@ TEST_SUITE("scan_session") {
                              "D:\\Cookies\\me@nastylog[1].txt", "D:\\Cookies\\me@news[1].txt"}) {
       s.m.File(file);
     }
+    s.m.File("D:\\sum.exe", "abc");
+    s.m.versions.blocks["D:\\sum.exe"] = VersionBlock().Text("CompanyName", "Any").Make();
     s.m.versions.blocks["D:\\sub\\program.exe"] =
         VersionBlock().Text("CompanyName", "Evil Inc.").Make();
     s.m.versions.blocks["D:\\part.exe"] = VersionBlock().Text("CompanyName", "My Nasty Ltd").Make();
@@ -283,6 +285,7 @@ TEST_SUITE("scan_session") {
         .Entry("SAFI", {"SAFIT", "SAFIS"}, {"W", "wild?.dll"})
         .Entry("SCE", {"SCET", "SCEV"}, {"C", "evil inc."})
         .Entry("SCW", {"SCWT", "SCWV"}, {"I", "nasty"})
+        .Entry("SBFCS", {"SBFCST", "SBFCSN", "SBFCSS"}, {"Z", "3", "96"})
         .Entry("REGK", {"REGKT", "REGKK"}, {"R", "HKEY_LOCAL_MACHINE\\Software\\Spy"})
         .Entry("REGS", {"REGST", "REGSK"}, {"K", "nasty.example"})
         .Entry("MEMA", {"MEMAT", "MEMAF"}, {"M", "run.exe"})
@@ -306,6 +309,7 @@ TEST_SUITE("scan_session") {
                                         {"S inside.txt", "low file"},
                                         {"W wild7.dll", "low file"},
                                         {"I part.exe", "low file"},
+                                        {"Z sum.exe", "low file"},
                                         {"K Start Page", "low file"},
                                         {"L me@nastylog[1].txt", "low file"},
                                         {"Other me@news[1].txt", "low setting"}}) {

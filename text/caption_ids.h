@@ -512,7 +512,7 @@ enum class Caption : int {
   WhatSource = 17486,
   CertaintyPlace = 17487,
   CertaintyName = 17488,
-  CertaintyContent = 17489,
+  CertaintyVersionText = 17489,
   CertaintyPart = 17490,
   CertaintyBeside = 17491,
   SourceBuiltIn = 17492,
@@ -569,6 +569,8 @@ enum class Caption : int {
   ReasonStreamsNotKept = 17710,
   ReasonRightsNotKept = 17711,
   RestoredNotAsItWas = 17720,
+  CertaintyChecksum = 17721,
+  CertaintyPattern = 17722,
 };
 
 constexpr int NumberOf(Caption caption) { return static_cast<int>(caption); }
