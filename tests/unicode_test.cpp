@@ -115,6 +115,17 @@ TEST_SUITE("escaped") {
     CHECK(LinesForShowing("a\r\n\tb\u202E") == "a\r\n\tb<U+202E>");
   }
 
+  TEST_CASE("a message breaks words that a box would cut off, paths after a separator") {
+    const std::string fits(48, 'x');
+    CHECK(MessageForShowing("a " + fits + " b\n" + fits) == "a " + fits + " b\n" + fits);
+    CHECK(MessageForShowing(fits + fits + "y.exe b") == fits + "\r\n" + fits + "\r\ny.exe b");
+    CHECK(MessageForShowing("C:\\a\\" + fits + ".exe") == "C:\\a\\\r\n" + fits + "\r\n.exe");
+    CHECK(MessageForShowing("C:\\my files\\" + fits) == "C:\\my files\\\r\n" + fits);
+    std::string japanese;
+    for (int i = 0; i < 60; ++i) japanese += "\u8868";
+    CHECK(MessageForShowing(japanese) == japanese);
+  }
+
   TEST_CASE("code page 1252 holds its letters and no similar ones") {
     std::string all;
     for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);

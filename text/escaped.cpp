@@ -62,6 +62,10 @@ bool IsBlank(char32_t code) {
   return code == 0xA0 || (code >= 0x2000 && code <= 0x200A) || code == 0x202F || code == 0x3000;
 }
 
+// Between letters from here on a line may end anywhere.
+constexpr char32_t kFirstIdeograph = 0x2E80;
+constexpr std::size_t kLongestWord = 48;  // as much of a box as fits on a screen of 640 pixels
+
 bool IsShown(char32_t code) {
   if (code >= 0x20 && code < 0x7F) return true;
   if (code >= kStrayByte) return false;
@@ -113,6 +117,32 @@ std::string LinesForShowing(std::string_view text) {
   return Escaped(text, [](char32_t code) {
     return code == '\r' || code == '\n' || code == '\t' || IsBlank(code) || IsShown(code);
   });
+}
+
+std::string MessageForShowing(std::string_view text) {
+  const std::string lines = LinesForShowing(text);
+  std::string result;
+  std::size_t letters = 0;    // of the word so far
+  std::size_t separator = 0;  // where in the result a path can be broken; 0: nowhere
+  std::size_t behind = 0;     // letters behind it
+  for (std::size_t at = 0; at < lines.size();) {
+    const char32_t code = NextCode(lines, &at);
+    const bool ends_word = code <= 0x20 || code >= kFirstIdeograph || IsBlank(code);
+    if (!ends_word && letters == kLongestWord) {
+      result.insert(separator != 0 ? separator : result.size(), "\r\n");
+      letters = separator != 0 ? behind : 0;
+      separator = 0;
+    }
+    AppendCode(code, &result);
+    letters = ends_word ? 0 : letters + 1;
+    ++behind;
+    if (ends_word) separator = 0;
+    if (code == '\\' || code == '/') {
+      separator = result.size();
+      behind = 0;
+    }
+  }
+  return result;
 }
 
 }  // namespace scourwell

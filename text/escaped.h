@@ -20,5 +20,8 @@ std::string Unescaped(std::string_view text);
 std::string ForShowing(std::string_view text);
 // The same of a text with lines, tabs and blanks of every width, which stay.
 std::string LinesForShowing(std::string_view text);
+// The same for a message box, which cuts off what is too long for a line and has no blank: such a
+// word goes on in the next line, where it can after a separator of a path.
+std::string MessageForShowing(std::string_view text);
 
 }  // namespace scourwell

@@ -122,7 +122,7 @@ Outcome ShellWin::Start(const std::string& program, const std::string& arguments
 void ShellWin::Message(const std::string& text, const std::string& title) {
   NewBox box;
   box.owner = GetActiveWindow();
-  box.text = LinesForShowing(text);
+  box.text = MessageForShowing(text);
   box.title = title;
   box.flags = MB_OK | MB_ICONINFORMATION;
   Calls().Ask(box);
