@@ -116,7 +116,7 @@ TEST_SUITE("escaped") {
   }
 
   TEST_CASE("a message breaks words that a box would cut off, paths after a separator") {
-    const std::string fits(48, 'x');
+    const std::string fits(40, 'x');
     CHECK(MessageForShowing("a " + fits + " b\n" + fits) == "a " + fits + " b\n" + fits);
     CHECK(MessageForShowing(fits + fits + "y.exe b") == fits + "\r\n" + fits + "\r\ny.exe b");
     CHECK(MessageForShowing("C:\\a\\" + fits + ".exe") == "C:\\a\\\r\n" + fits + "\r\n.exe");

@@ -64,7 +64,7 @@ bool IsBlank(char32_t code) {
 
 // Between letters from here on a line may end anywhere.
 constexpr char32_t kFirstIdeograph = 0x2E80;
-constexpr std::size_t kLongestWord = 48;  // as much of a box as fits on a screen of 640 pixels
+constexpr std::size_t kLongestWord = 40;  // as much as a box shows on a screen of 640 pixels
 
 bool IsShown(char32_t code) {
   if (code >= 0x20 && code < 0x7F) return true;

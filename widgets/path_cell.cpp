@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/path_cell.h"
 
+#include "text/shortened.h"
+
 namespace scourwell {
 namespace {
 
@@ -41,8 +43,11 @@ void DrawPathCell(const ListView& list, const NMLVCUSTOMDRAW& draw, const std::s
   SetBkMode(draw.nmcd.hdc, TRANSPARENT);
   const bool plain = text && colours.back == COLOR_WINDOW;
   SetTextColor(draw.nmcd.hdc, plain ? *text : GetSysColor(colours.text));
-  Calls().Draw(draw.nmcd.hdc, path, &cell,
-               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_PATH_ELLIPSIS | DT_END_ELLIPSIS);
+  const std::string shown = ShortenedPath(path, [&](const std::string& tried) {
+    return Calls().Extent(draw.nmcd.hdc, tried).cx <= cell.right - cell.left;
+  });
+  Calls().Draw(draw.nmcd.hdc, shown, &cell,
+               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 LRESULT DrawPathColumn(const ListView& list, const NMLVCUSTOMDRAW& draw, int column,
