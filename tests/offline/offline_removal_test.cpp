@@ -52,10 +52,15 @@ std::string KeysOf(OfflineMachine& machine) {
   return Lines(lines);
 }
 
+constexpr char kRun[] = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+
 // A removal from a disk of its own, into an archive beside it.
 struct RemovalBench : OfflineBench {
   explicit RemovalBench(const std::string& options = {}) : disk(options) {
     disk.MakeFolder("archives");
+    // What a user may have chosen for a machine that runs.
+    settings.DeleteAfterReboot = settings.UseRegEdit = true;
+    settings.MarkChecked = "n";
     Reopen();
   }
 
@@ -112,9 +117,7 @@ TEST_SUITE("offline_removal") {
     CHECK(result.script == "");
     CHECK_FALSE(bench.disk.Has("c/WINDOWS/EGDACCESS_1052.dll"));
     // What is refused is no business of the script.
-    const auto refused = bench.removal->Remove(
-        "second",
-        {{"x", KeyAt("HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Run")}});
+    const auto refused = bench.removal->Remove("second", {{"x", KeyAt(kRun)}});
     CHECK(refused.removal.Count(RemovalState::Refused) == 1);
     CHECK(refused.script.empty());
     CHECK(bench.disk.Has("c/WINDOWS/EGDACCESS_1052.dl_"));
@@ -175,11 +178,8 @@ TEST_SUITE("offline_removal") {
       bench.Reopen();
       bench.Scan(*bench.machine);
       CHECK(bench.machine->unread().size() == 1);
-      const auto result = bench.removal->Remove(
-          "archive",
-          {{"Flyswat", ValueAt("HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\"
-                               "Run",
-                               "FlyswatDesktop")}});
+      const auto result =
+          bench.removal->Remove("archive", {{"Flyswat", ValueAt(kRun, "FlyswatDesktop")}});
       CHECK(result.removal.failed);
       CHECK(bench.machine->unread()[0].place == "C:\\WINDOWS\\system32\\config\\SOFTWARE");
       CHECK((bench.disk.Content(name) == before));
@@ -188,8 +188,16 @@ TEST_SUITE("offline_removal") {
 
   TEST_CASE("what Windows 98 alone can remove goes into a script for it") {
     RemovalBench bench("--98");
+    // What was refused, or has gone since, waits for no other system.
+    const auto refused = bench.removal->Remove(
+        "first", {{"x", KeyAt(kRun)}, {"x", KeyAt(std::string(kRun) + "\\Gone")}});
+    CHECK(refused.backup.failures.empty());
+    CHECK(refused.removal.Count(RemovalState::Refused) == 1);
+    CHECK(refused.removal.Count(RemovalState::Gone) == 1);
+    CHECK(refused.script.empty());
     const auto result = bench.RemoveAll();
     CHECK(result.script == bench.folder + "Remove.reg");
+    CHECK(result.removal.Count(RemovalState::Failed) == 5);  // keys and values
     const std::string script = bench.disk.Content("archives/Remove.reg");
     CHECK(script.starts_with("REGEDIT4"));
     for (const char* line :
@@ -207,20 +215,24 @@ TEST_SUITE("offline_removal") {
   }
 
   TEST_CASE("a disk that is full in mid-backup keeps everything") {
-    RemovalBench bench;
-    const std::string before = TreeOf(bench.disk.path() + "/c");
-    const std::string keys = KeysOf(*bench.machine);
-    bench.Scan(*bench.machine);
-    OfflineRemoval::Result result;
-    {
-      const SmallFiles full(1000);
-      result = bench.removal->Remove("archive", bench.sink.found);
+    for (const char* options : {"", "--98"}) {
+      CAPTURE(std::string(options));
+      RemovalBench bench(options);
+      const std::string before = TreeOf(bench.disk.path() + "/c");
+      const std::string keys = KeysOf(*bench.machine);
+      bench.Scan(*bench.machine);
+      OfflineRemoval::Result result;
+      {
+        const SmallFiles full(1000);
+        result = bench.removal->Remove("archive", bench.sink.found);
+      }
+      CHECK(result.backup.archive.code() == kDiskFull);
+      CHECK(result.removal.Count(RemovalState::Failed) == bench.sink.found.size());
+      CHECK(result.script == "");
+      CHECK((TreeOf(bench.disk.path() + "/c") == before));
+      bench.Reopen();
+      CHECK((KeysOf(*bench.machine) == keys));
     }
-    CHECK(result.backup.archive.code() == kDiskFull);
-    CHECK(result.removal.Count(RemovalState::Removed) == 0);
-    CHECK((TreeOf(bench.disk.path() + "/c") == before));
-    bench.Reopen();
-    CHECK((KeysOf(*bench.machine) == keys));
   }
 
   TEST_CASE("a removal that is stopped at any moment leaves nothing that does not come back") {
