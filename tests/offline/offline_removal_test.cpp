@@ -115,6 +115,7 @@ TEST_SUITE("offline_removal") {
     CHECK(RemovalBench::Left(result) == "");
     CHECK(result.registry.ok());
     CHECK(result.script == "");
+    CHECK_FALSE(bench.disk.Has("archives/Remove.reg"));
     CHECK_FALSE(bench.disk.Has("c/WINDOWS/EGDACCESS_1052.dll"));
     // What is refused is no business of the script.
     const auto refused = bench.removal->Remove("second", {{"x", KeyAt(kRun)}});
