@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "offline/windows_finder.h"
 
+#include <algorithm>
+
 #include "machine/file_utils.h"
 #include "text/text.h"
 
@@ -32,6 +34,7 @@ void Judge(Files& files, const std::string& folder, std::vector<WindowsPlace>* f
   }
 }
 
+// In alphabetical order: volumes list them in any.
 std::vector<std::string> FoldersIn(Files& files, const std::string& folder) {
   std::vector<std::string> folders;
   static_cast<void>(files.ListNames(AddPathToFileName(folder, "*.*"), [&](const DirEntry& entry) {
@@ -40,6 +43,7 @@ std::vector<std::string> FoldersIn(Files& files, const std::string& folder) {
     }
     return true;
   }));
+  std::ranges::sort(folders, NoCaseLess());
   return folders;
 }
 

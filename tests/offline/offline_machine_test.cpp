@@ -61,8 +61,13 @@ TEST_SUITE("offline_machine") {
     disk.Text(old + "SOFTWARE", kNtVersion, "ProductName", "Microsoft Windows 2000");
     disk.Key(old + "SYSTEM", "Select").Save();
     disk.Put("WIN95/WIN.COM");
+    for (const char* folder : {"xp2", "Another", "m"}) {
+      disk.Key(std::string(folder) + "/System32/config/SOFTWARE", kNtVersion);
+      disk.Key(std::string(folder) + "/System32/config/SYSTEM", "Select").Save();
+    }
     CHECK(FoundOn(disk) ==
-          "C:\\WINDOWS|Microsoft Windows XP\nC:\\Windows.old\\WINNT|Microsoft Windows 2000\n");
+          "C:\\Another|Windows NT\nC:\\m|Windows NT\nC:\\WINDOWS|Microsoft Windows XP\n"
+          "C:\\Windows.old\\WINNT|Microsoft Windows 2000\nC:\\xp2|Windows NT\n");
     CHECK(OpenCode(disk) == kTypeMismatch);
     CHECK(OpenCode(disk, "C:\\Elsewhere") == kFileNotFound);
     CHECK(disk.Open("c:\\windows.OLD\\winnt")->windows().version == "Microsoft Windows 2000");
