@@ -71,7 +71,8 @@ Outcome HiveFile::Load() {
 
 void HiveFile::TellTrouble() {
   if (told_ || !on_trouble_) return;
-  told_ = true;
+  // One that was sound may still be told of when it is read again.
+  told_ = !loaded_->ok() || health_ != Health::Sound;
   if (!loaded_->ok()) {
     on_trouble_(path_, loaded_->description());
   } else if (health_ == Health::Damaged) {

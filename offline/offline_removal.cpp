@@ -73,6 +73,7 @@ OfflineRemoval::Result OfflineRemoval::Remove(const std::string& name,
   parts_.machine.ShowUserOnly(false);
   std::vector<Row> rows;
   std::vector<const Finding*> stored;
+  const std::size_t unread = parts_.machine.unread().size();
   for (const Finding& finding : findings) rows.push_back({parts_.machine.ForEveryone(finding)});
   for (const Row& row : rows) stored.push_back(&row.finding);
   result.backup = backups_.Create(name, stored);
@@ -89,6 +90,7 @@ OfflineRemoval::Result OfflineRemoval::Remove(const std::string& name,
     }
   }
   Delete(&rows, &result);
+  if (parts_.machine.unread().size() > unread) DoubtGone(&rows);
   SaveRegistry(&rows, &result);
   for (std::size_t i = 0; i < rows.size(); ++i) {
     RemovalResult& each = rows[i].result;
@@ -123,6 +125,16 @@ void OfflineRemoval::Delete(std::vector<Row>* rows, Result* result) {
   for (std::size_t i = 0; i < hits.size() && i < listed.size(); ++i) {
     listed[i]->result = hits.row(i).result.value_or(
         RemovalResult{RemovalState::Failed, Outcome::Failed(kInvalidCall, "It was not tried")});
+  }
+}
+
+// A scan gives the files of each user back: one that can be read no more makes all of it seem gone.
+void OfflineRemoval::DoubtGone(std::vector<Row>* rows) {
+  const Outcome why = Outcome::Failed(
+      kPathFileAccess, "The registry could not be read: " + parts_.machine.unread().back().reason);
+  for (Row& row : *rows) {
+    if (row.result.state != RemovalState::Gone || !IsInRegistry(row.finding.object)) continue;
+    row.result = {RemovalState::Failed, why};
   }
 }
 

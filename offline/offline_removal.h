@@ -53,6 +53,7 @@ class OfflineRemoval {
 
   Outcome JudgeForEverybody(const FoundObject& object);
   void Delete(std::vector<Row>* rows, Result* result);
+  void DoubtGone(std::vector<Row>* rows);
   void SaveRegistry(std::vector<Row>* rows, Result* result);
 
   Parts parts_;

@@ -236,6 +236,37 @@ TEST_SUITE("offline_removal") {
     }
   }
 
+  TEST_CASE("what a registry holds that can be read or saved no more is neither gone nor removed") {
+    RemovalBench bench;
+    bench.Scan(*bench.machine);
+    std::vector<Finding> findings = bench.sink.found;
+    findings.push_back({"x", KeyAt(kRun)});
+    OfflineRemoval::Result result;
+    {
+      const SmallFiles full(8000);  // the smallest hive is larger, and has no room here either
+      result = bench.removal->Remove("archive", findings);
+    }
+    CHECK(bench.machine->unread().size() == 4);  // those of the users, and what was to be saved
+    CHECK(result.backup.archive.ok());
+    CHECK(result.registry.code() == kDiskFull);
+    CHECK(result.removal.Count(RemovalState::Refused) == 1);
+    CHECK(result.removal.Count(RemovalState::Failed) == 6);
+    CHECK(result.removal.failed);
+    CHECK(result.script == "");
+    CHECK(RemovalBench::Left(result).find("The registry could not be saved") != std::string::npos);
+    bench.Reopen();
+    bench.Scan(*bench.machine);
+    CHECK(bench.sink.found.size() == 6);
+
+    bench.removal->Remove("second", bench.sink.found);
+    bench.Reopen();
+    std::unique_ptr<RestoreRun> run;
+    REQUIRE(bench.removal->backups().Open("second.qzp", {}, &run).ok());
+    RestoreResult restored;
+    const SmallFiles full(8000);
+    CHECK_FALSE(bench.removal->Restore(*run, std::vector<bool>(6, true), &restored).ok());
+  }
+
   TEST_CASE("a removal that is stopped at any moment leaves nothing that does not come back") {
     int in_between = 0;
     for (const int moment : {1, 2, 10, 40, 50, 55, 60, 70}) {
@@ -266,8 +297,15 @@ TEST_SUITE("offline_removal") {
   TEST_CASE("a disk on which nothing can be written says so before anything begins") {
     if (geteuid() == 0) return;  // nothing is closed to the superuser
     RemovalBench bench;
+    bench.RemoveAll();
+    std::unique_ptr<RestoreRun> run;
+    REQUIRE(bench.removal->backups().Open("archive.qzp", {}, &run).ok());
+    RestoreResult result;
     chmod((bench.disk.path() + "/c").c_str(), 0555);
     CHECK(bench.removal->MayBegin().code() == kPermissionDenied);
+    CHECK(bench.removal->Restore(*run, std::vector<bool>(run->items().size(), true), &result)
+              .code() == kPermissionDenied);
+    CHECK_FALSE(bench.disk.Has("c/WINDOWS/EGDACCESS_1052.dll"));
     chmod((bench.disk.path() + "/c").c_str(), 0755);
     CHECK(bench.removal->MayBegin().ok());
   }
