@@ -149,6 +149,29 @@ TEST_SUITE("offline_machine") {
     CHECK(NamesBelow(machine->registry(), RootKey::CurrentUser, "Software") == "!2 ");
   }
 
+  TEST_CASE("a user's hive may be a mandatory one; whoever has none is a user all the same") {
+    DiskBuilder disk;
+    disk.Windows().Key("WINDOWS/system32/config/DEFAULT", "Software\\everybody");
+    const std::string list = std::string(kProfiles) + "\\";
+    disk.Text(kSoftware, kProfiles, "ProfilesDirectory", "%SystemDrive%\\People");
+    for (const char* name : {"kiosk", "bare"}) {
+      disk.Text(kSoftware, list + name, "ProfileImagePath",
+                "C:\\Users\\" + std::string(name) + "\\");
+    }
+    disk.Key("Users/kiosk/NTUSER.MAN", "Software\\fixed").MakeFolder("Users/bare");
+    disk.Key("People/new/NTUSER.DAT", "Software\\new").MakeFolder("People/nobody");
+    const auto machine = disk.Open();
+    std::string seen;
+    for (const OfflineUser& user : machine->users()) {
+      machine->ActAs(&user);
+      seen += user.profile + "|" +
+              NamesBelow(machine->registry(), RootKey::CurrentUser, "Software") + "\n";
+    }
+    CHECK(seen == "C:\\Users\\bare|!2 \nC:\\Users\\kiosk|fixed \nC:\\People\\new|new \n");
+    CHECK(NamesBelow(machine->registry(), RootKey::Users, ".default\\Software") == "everybody ");
+    CHECK(machine->unread().empty());
+  }
+
   TEST_CASE("two hundred users are looked at in turn") {
     DiskBuilder disk;
     disk.Windows();
@@ -183,6 +206,10 @@ TEST_SUITE("offline_machine") {
     disk.Text(hive, kShellFolders, "Cookies", "%USERPROFILE%\\My cookies");
     disk.Text(hive, "Environment", "TEMP", "%LOOP%\\%HOME%\\temp");
     disk.Text(hive, "Environment", "LOOP", "%TEMP%");
+    const std::string bob = "Documents and Settings/Bob/NTUSER.DAT";
+    disk.Text(bob, "Environment", "TEMP", "%USERPROFILE%\\Temp");
+    disk.Text(bob, "Environment", "shared", "D:\\bobs");
+    disk.Text(kSoftware, kProfiles, "AllUsersProfile", "Everybody");
     disk.Text(kSystemHive, "ControlSet001\\Control\\Session Manager\\Environment", "Shared",
               "%SystemDrive%\\shared");
     disk.Text(kSoftware, "Microsoft\\Windows\\CurrentVersion", "ProgramFilesDir", "C:\\Programme");
@@ -195,13 +222,55 @@ TEST_SUITE("offline_machine") {
     CHECK(folders.Special(SpecialFolder::StartUp) ==
           "C:\\Documents and Settings\\Ann\\Start Menu\\Programs\\Startup");
     CHECK(folders.Special(SpecialFolder::CommonStartUp) ==
-          "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup");
+          "C:\\Documents and Settings\\Everybody\\Start Menu\\Programs\\Startup");
     CHECK(folders.temporary == "C:\\WINDOWS\\Temp");
     CHECK(machine->system().Environment("SHARED") == "C:\\shared");
     CHECK(machine->system().Environment("PATH") == "");
     CHECK(machine->system().Environment("HOME") == "");
+    const std::string profiles = "C:\\Documents and Settings\\";
+    for (const auto& [name, text] : Rows<const char*, std::string>{
+             {"windir", "C:\\WINDOWS"},
+             {"HOMEDRIVE", "C:"},
+             {"UserName", "Ann"},
+             {"USERPROFILE", profiles + "Ann"},
+             {"APPDATA", profiles + "Ann\\Application Data"},
+             {"LOCALAPPDATA", profiles + "Ann\\Local Settings\\Application Data"},
+             {"ALLUSERSPROFILE", profiles + "Everybody"},
+             {"ProgramFiles", "C:\\Programme"}}) {
+      CAPTURE(std::string(name));
+      CHECK(machine->system().Environment(name) == text);
+    }
     folders = FoldersOf(*machine, "Bob");
     CHECK(folders.Special(SpecialFolder::Cookies) == "C:\\Documents and Settings\\Bob\\Cookies");
+    CHECK(folders.temporary == profiles + "Bob\\Temp");
+    CHECK(machine->system().Environment("Shared") == "D:\\bobs");
+    machine->ActAs(nullptr);
+    CHECK(machine->system().Environment("Shared") == "C:\\shared");
+    for (const char* name : {"USERNAME", "USERPROFILE", "APPDATA", "LOCALAPPDATA"}) {
+      CHECK(machine->system().Environment(name) == "");
+    }
+  }
+
+  TEST_CASE("what the machine would say of its version, and of what does not run") {
+    DiskBuilder disk;
+    disk.Windows().Text(kSoftware, kNtVersion, "CurrentVersion", "5.2");
+    disk.Text(kSoftware, kNtVersion, "CSDVersion", "Service Pack 2");
+    disk.Text(kSoftware, kNtVersion, "CurrentBuild", "3790");
+    disk.Text(kSystemHive, "ControlSet001\\Control\\ProductOptions", "ProductType", "LanmanNT");
+    const auto machine = disk.Open();
+    CHECK(machine->windows().version == "Windows NT, Service Pack 2, Build 3790");
+    VersionRecord record;
+    CHECK(machine->system().QueryVersion(kExtendedVersionRecord, &record));
+    CHECK(record.service_pack_major == 2);
+    CHECK(record.product_type == 2);
+    CHECK(record.build == 3790);
+    CHECK(machine->system().QueryVersion(kBasicVersionRecord, &record));
+    CHECK(record.service_pack_major + record.product_type == 0);
+    CHECK_FALSE(machine->system().TerminateProcess(1, {}).ok());
+    CHECK_FALSE(machine->system().DeleteAtReboot("C:\\x").ok());
+    const std::string bytes = machine->system().RandomBytes(32);
+    CHECK(bytes.size() == 32);
+    CHECK(bytes != machine->system().RandomBytes(32));
   }
 
   TEST_CASE("newer systems have their folders elsewhere, and 64-bit ones two of some") {

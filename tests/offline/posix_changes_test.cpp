@@ -173,6 +173,17 @@ TEST_SUITE("offline_changes") {
     CHECK(files.SetSecurity("C:\\file", "who may do what").code() == kPermissionDenied);
   }
 
+  TEST_CASE("times before 1970 are times like others") {
+    Drives m;
+    m.disk.Put("file");
+    const FileTime early = 116'443'735'999'999'995;
+    CHECK(m.files.SetTimes("C:\\file", {0, early, early + 1}).ok());
+    DirEntry entry;
+    CHECK(m.files.Stat("C:\\file", &entry).ok());
+    CHECK(entry.accessed == early);
+    CHECK(entry.modified == early + 1);
+  }
+
   TEST_CASE("an 8.3 name that the driver knows and does not list leads to the item") {
     Drives m;
     const std::string path = m.disk.Put("folder/a long name.txt", "x");

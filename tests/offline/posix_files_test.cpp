@@ -164,6 +164,7 @@ TEST_SUITE("offline_files") {
     std::filesystem::remove(m.disk.path() + "/other");
     m.disk.Put("other", "another one");
     CHECK_FALSE(item->Erase().ok());
+    CHECK_FALSE(item->MoveTo("C:\\moved").ok());
     CHECK(m.disk.Content("other") == "another one");
   }
 
