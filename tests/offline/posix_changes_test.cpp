@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -8,7 +9,6 @@
 
 #include "offline/posix_files.h"
 #include "tests/helpers.h"
-#include "tests/offline/ntfs_driver.h"
 #include "tests/offline/temporary_folder.h"
 
 #include <doctest/doctest.h>
@@ -24,6 +24,34 @@ std::string Bytes(std::uint64_t number, std::size_t count) {
   while (count-- > 0) bytes += static_cast<char>(number >> (8 * count));
   return bytes;
 }
+
+// As long as one lives, the volumes here keep what the drivers of NTFS show of an item: under names
+// for which they have room.
+class NtfsDriver {
+ public:
+  NtfsDriver() { present_ = true; }
+  NtfsDriver(const NtfsDriver&) = delete;
+  NtfsDriver& operator=(const NtfsDriver&) = delete;
+  ~NtfsDriver() { present_ = false; }
+
+  static std::string NameFor(std::string name) {
+    return present_ && name.starts_with("system.ntfs_") ? "user" + name.substr(6) : name;
+  }
+  // Of "attrib_be", "crtime_be" and "dos_name"; empty when there is none.
+  static std::string Get(const std::string& path, const std::string& name) {
+    std::string value(256, '\0');
+    const ssize_t size =
+        getxattr(path.c_str(), ("user.ntfs_" + name).c_str(), value.data(), value.size());
+    return value.substr(0, size > 0 ? static_cast<std::size_t>(size) : 0);
+  }
+  static void Set(const std::string& path, const std::string& name, const std::string& value) {
+    REQUIRE(setxattr(path.c_str(), ("user.ntfs_" + name).c_str(), value.data(), value.size(), 0) ==
+            0);
+  }
+
+ private:
+  inline static bool present_ = false;
+};
 
 struct stat FactsOf(const std::string& path) {
   struct stat facts = {};
@@ -203,3 +231,16 @@ TEST_SUITE("offline_changes") {
 }
 
 }  // namespace scourwell::test
+
+// The program finds these before those of the system.
+extern "C" ssize_t lgetxattr(const char* path, const char* name, void* value,
+                             std::size_t size) noexcept {
+  const std::string kept = scourwell::test::NtfsDriver::NameFor(name);
+  return syscall(SYS_lgetxattr, path, kept.c_str(), value, size);
+}
+
+extern "C" int lsetxattr(const char* path, const char* name, const void* value, std::size_t size,
+                         int flags) noexcept {
+  const std::string kept = scourwell::test::NtfsDriver::NameFor(name);
+  return static_cast<int>(syscall(SYS_lsetxattr, path, kept.c_str(), value, size, flags));
+}

@@ -6,11 +6,15 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
+#include <cstdlib>
 
 #include "offline/beneath.h"
 #include "offline/disk_name.h"
 #include "offline/listing_pattern.h"
 #include "offline/posix_files.h"
+#include "platform/posix/clock_posix.h"
+#include "platform/posix/terminal_posix.h"
 #include "tests/helpers.h"
 #include "tests/offline/temporary_folder.h"
 #include "text/paths.h"
@@ -45,6 +49,50 @@ struct Mounted {
 };
 
 }  // namespace
+
+TEST_SUITE("terminal") {
+  TEST_CASE("lines are read until there are no more, and an endless one in parts") {
+    TerminalPosix terminal;
+    const TemporaryFolder folder;
+    const std::string path = folder.Put("input", "yes\n\n" + std::string(65'536, 'x') + "end");
+    const UniqueFd before(dup(STDIN_FILENO));
+    const UniqueFd input(open(path.c_str(), O_RDONLY));
+    REQUIRE(dup2(input.get(), STDIN_FILENO) == STDIN_FILENO);
+    std::vector<std::string> lines;
+    while (const auto line = terminal.ReadLine()) lines.push_back(line->substr(0, 4));
+    dup2(before.get(), STDIN_FILENO);
+    CHECK(Lines(lines) == "yes\n\nxxxx\nend\n");
+  }
+
+  TEST_CASE("a signal stops the scan; what whoever started us ignores stays ignored") {
+    std::signal(SIGHUP, SIG_IGN);
+    std::signal(SIGTERM, SIG_DFL);
+    const TerminalPosix terminal;
+    CHECK_FALSE(terminal.Interrupted());
+    std::raise(SIGHUP);
+    CHECK_FALSE(terminal.Interrupted());
+    std::raise(SIGTERM);
+    CHECK(terminal.Interrupted());
+    const bool pipe_ignored = std::signal(SIGPIPE, SIG_DFL) == SIG_IGN;
+    CHECK(pipe_ignored);
+    for (const int signal : {SIGHUP, SIGTERM, SIGINT}) std::signal(signal, SIG_DFL);
+  }
+}
+
+TEST_SUITE("clock") {
+  TEST_CASE("times are told in the zone of the user") {
+    const char* const before = std::getenv("TZ");
+    const std::string kept = before ? before : "";
+    setenv("TZ", "XYZ-3", 1);
+    tzset();
+    ClockPosix clock;
+    const LocalTime time = clock.ToLocal(FileTime{116'444'736'001'230'000});  // 1970
+    CHECK(clock.ShortDate(time) + " " + clock.TimeOfDay(time) == "1970-01-01 03:00:00");
+    CHECK(time.millisecond == 123);
+    before ? setenv("TZ", kept.c_str(), 1) : unsetenv("TZ");
+    tzset();
+  }
+}
 
 TEST_SUITE("offline_files") {
   TEST_CASE("any bytes of a name go there and back, and no two read alike") {
