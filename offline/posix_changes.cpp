@@ -34,9 +34,13 @@ timespec ToTimespec(FileTime time) {
 // Whether the name still leads to that very item.
 bool Leads(const ItemName& item, const Tree::ItemId& id) { return IdOf(item) == id; }
 
-Outcome MoveItem(Tree& tree, const PosixSpot& from, const PosixSpot& to) {
+Outcome MoveItem(Tree& tree, const PosixSpot& from, const std::string& path) {
+  PosixSpot to;
+  if (Outcome walked = tree.Walk(path, Links::Refused, &to); !walked.ok()) return walked;
   const bool itself = to.exists && IdOf(to.item()) == IdOf(from.item());
   if (to.exists && !itself) return Outcome::Failed(kFileExists);
+  // It takes the spelling that is asked for.
+  if (itself) to.name = ToDiskName(FileNamePart(path)).value_or(to.name);
   if (from.IsRoot() || tree.IsHeld(from.item())) return Outcome::Failed(kPermissionDenied);
   const int source = from.folder->get();
   const int target = to.folder->get();
@@ -80,9 +84,7 @@ class PosixItem : public OpenedItem {
   }
   Outcome MoveTo(const std::string& path) override {
     if (!Leads(spot_.item(), id_)) return Outcome::Failed(kFileNotFound);
-    PosixSpot to;
-    Outcome walked = tree_.Walk(path, Links::Refused, &to);
-    return walked.ok() ? MoveItem(tree_, spot_, to) : std::move(walked);
+    return MoveItem(tree_, spot_, path);
   }
 
  private:
@@ -149,15 +151,9 @@ Outcome PosixFiles::RemoveFolder(const std::string& path) {
 }
 
 Outcome PosixFiles::Move(const std::string& from, const std::string& to) {
-  PosixSpot source, target;
-  if (Outcome found = tree_->Find(from, Links::Refused, &source); !found.ok()) return found;
-  if (Outcome found = tree_->Walk(to, Links::Refused, &target); !found.ok()) return found;
-  // It takes the spelling that is asked for.
-  if (const auto wanted = ToDiskName(FileNamePart(to));
-      wanted && target.exists && IdOf(target.item()) == IdOf(source.item())) {
-    target.name = *wanted;
-  }
-  return MoveItem(*tree_, source, target);
+  PosixSpot source;
+  Outcome found = tree_->Find(from, Links::Refused, &source);
+  return found.ok() ? MoveItem(*tree_, source, to) : std::move(found);
 }
 
 Outcome PosixFiles::TakePlace(const std::string& fresh, const std::string& path) {

@@ -215,7 +215,8 @@ TEST_SUITE("offline_changes") {
   TEST_CASE("an 8.3 name that the driver knows and does not list leads to the item") {
     Drives m;
     const std::string path = m.disk.Put("folder/a long name.txt", "x");
-    m.disk.Put("folder/another", "y");
+    for (const char* name : {"a", "b", "c", "d", "e", "f"})
+      m.disk.Put(std::string("folder/") + name);
     CHECK(m.files.ShortPath("C:\\folder\\A LONG NAME.TXT") == "C:\\folder\\a long name.txt");
     // A second name that the listing before does not hold, in a folder that seems unchanged.
     const std::string folder = m.disk.path() + "/folder";

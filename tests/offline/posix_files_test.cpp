@@ -140,11 +140,34 @@ TEST_SUITE("offline_files") {
     for (const DirEntry& entry : entries) {
       CAPTURE(entry.name);
       const std::string path = "C:\\folder\\" + entry.name;
+      CHECK(m.Content("C:\\folder\\none") == "(none)");  // the folder has been listed
       CHECK(m.Content(path) == "content of " + ToDiskName(entry.name).value_or("?"));
       CHECK(m.files.Move(path, path + " moved").ok());
       CHECK(m.files.EraseFile(path + " moved").ok());
     }
     CHECK(m.List("C:\\folder\\*").empty());
+    m.disk.Put("folder/case");
+    CHECK(m.files.Move("C:\\folder\\Case", "C:\\FOLDER\\CASE").ok());
+    CHECK(m.disk.Has("folder/CASE"));
+  }
+
+  TEST_CASE("each of several drives has its own, whatever the letters that were given") {
+    const TemporaryFolder first, second;
+    first.Put("folder/file", "of the first");
+    second.Put("folder/file", "of the second");
+    PosixFiles files(
+        {{'d', second.path() + "//"}, {'e', second.path() + "/folder"}, {'c', first.path()}});
+    for (const auto& [path, content] : Rows<const char*, const char*>{
+             {"C:\\folder\\file", "of the first"}, {"d:\\folder\\file", "of the second"}}) {
+      std::string read;
+      CHECK(files.Read(path, 100, &read).ok());
+      CHECK(read == content);
+    }
+    REQUIRE(files.Drives().size() == 3);
+    CHECK(files.Drives()[0].letter == 'C');
+    CHECK(files.FromLinux(second.path() + "/new") == "D:\\new");
+    CHECK(files.FromLinux(second.path() + "/folder/file") == "E:\\file");
+    CHECK(files.FromLinux(second.path() + "folder") == "");
   }
 
   TEST_CASE("what no exact name leads to is found in any case") {
@@ -202,8 +225,11 @@ TEST_SUITE("offline_files") {
     m.disk.Put("folder/file", "x");
     std::unique_ptr<OpenedItem> item;
     REQUIRE(m.files.OpenItem("C:\\folder\\file", &item).ok());
+    CHECK(m.Content("C:\\folder\\file") == "x");  // the way is known from now on
     std::filesystem::rename(m.disk.path() + "/folder", m.disk.path() + "/aside");
     m.Link(outside.path(), "folder");
+    CHECK_FALSE(m.files.Replace("C:\\folder\\file", "evil").ok());
+    CHECK(m.disk.Content("aside/file") == "x");
     CHECK(item->Erase().ok());
     CHECK(outside.Content("file") == "dear");
     CHECK_FALSE(m.disk.Has("aside/file"));

@@ -2,6 +2,7 @@
 #include "machine/version_resource.h"
 #include "offline/iconv_code_pages.h"
 #include "offline/little_endian.h"
+#include "offline/offline_ports.h"
 #include "offline/posix_files.h"
 #include "offline/program_versions.h"
 #include "offline/shortcut_file.h"
@@ -74,10 +75,13 @@ std::string Shortcut(const std::string& target, const std::string& arguments, bo
   image.Number(0, 0x4C).Number(0x14, 1u | 2u | 4u | 0x20u | (wide ? 0x80u : 0u));
   image.Number(0x4C, 4, 2).Number(0x4E, 0xAAAAAAAA);
   const std::size_t place = 0x52;
-  image.Number(place + 4, 0x1C).Number(place + 8, 1).Number(place + 16, 0x1C);
-  image.Number(place + 24, 0x1C + static_cast<std::uint32_t>(target.size()) + 1);
-  image.Text(place + 0x1C, target + std::string(2, '\0'));
-  const std::size_t size = 0x1C + target.size() + 2;
+  const std::string base = wide ? BytesOf(ToUtf16(target)) + std::string(1, '\0') : target;
+  const std::uint32_t head = wide ? 0x24 : 0x1C;
+  const auto end = head + static_cast<std::uint32_t>(base.size()) + 1;
+  image.Number(place + 4, head).Number(place + 8, 1);
+  image.Number(place + (wide ? 28 : 16), head).Number(place + (wide ? 32 : 24), end);
+  image.Text(place + head, base + std::string(3, '\0'));
+  const std::size_t size = end + 2;
   image.Number(place, static_cast<std::uint32_t>(size));
   std::size_t at = place + size;
   for (const std::string& text : {std::string("a name"), arguments}) {
@@ -129,7 +133,8 @@ TEST_SUITE("offline_programs") {
     IconvCodePages pages(1252);
     Dice dice(8);
     for (const bool wide : {false, true}) {
-      const std::string bytes = Shortcut("C:\\Spy\\sp\xFC.exe", "/start", wide);
+      const std::string bytes =
+          Shortcut(wide ? "C:\\Spy\\sp\u00FC.exe" : "C:\\Spy\\sp\xFC.exe", "/start", wide);
       const auto shortcut = ReadShortcut(bytes, pages);
       REQUIRE(shortcut);
       CHECK(shortcut->target == "C:\\Spy\\sp\u00FC.exe");
@@ -141,6 +146,16 @@ TEST_SUITE("offline_programs") {
         ReadShortcut(changed, pages);
       }
     }
+    const TemporaryFolder disk;
+    disk.Put("far.lnk", Shortcut("C:\\x", "/start", false).replace(0x52 + 8, 1, "\2"));
+    PosixFiles files({{'C', disk.path()}});
+    OfflineShell shell(files, pages);
+    std::string text = "?";
+    CHECK(shell.ShortcutTarget("C:\\FAR.lnk", &text).ok());
+    CHECK(text == "");  // on no drive
+    CHECK(shell.ShortcutArguments("C:\\far.lnk", &text).ok());
+    CHECK(text == "/start");
+    CHECK_FALSE(shell.ShortcutTarget("C:\\none.lnk", &text).ok());
     CHECK_FALSE(ReadShortcut("a text", pages));
     CHECK_FALSE(ReadShortcut(std::string(100, 'x'), pages));
   }
