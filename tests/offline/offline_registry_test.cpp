@@ -158,6 +158,7 @@ TEST_SUITE("offline_registry") {
       CHECK(hive.Text("H\\key", "v") == (readable ? "x" : "!2"));
       CHECK(hive.troubles.size() == (is_sound ? 0 : 1));
       CHECK(hive.file.Writable().ok() == is_sound);
+      CHECK((hive.registry.TryOpen(kMachine, "H\\key", kKeyAllRights) == kRegOk) == is_sound);
       const RegStatus status = hive.registry.DeleteValue(kMachine, "H\\key", "v");
       CHECK((status == kRegOk) == is_sound);
       if (!is_sound) CHECK(hive.file.Save().ok());
@@ -212,6 +213,7 @@ TEST_SUITE("offline_registry") {
     disk.Text(kSoftware, "Classes\\both", "", "machine").Text(own, "both", "", "user");
     disk.Text(kSoftware, "Classes\\both\\m", "x", "1").Text(own, "both\\u", "x", "1");
     disk.Text(kSoftware, "Classes\\machine", "x", "1");
+    disk.Text(kSoftware, "Classes\\both", "m", "1").Text(own, "both", "u", "1");
     const auto machine = disk.Open();
     Registry& registry = machine->registry();
     CHECK(NamesBelow(registry, kClasses, "") == "both machine ");
@@ -222,6 +224,11 @@ TEST_SUITE("offline_registry") {
     RegValue value;
     CHECK(registry.QueryValue(kClasses, "both", "", &value) == kRegOk);
     CHECK(TrimNull(value.data) == "user");
+    CHECK(NamesBelow(registry, kClasses, "both", true) == " m u ");
+    int visited = 0;
+    CHECK(registry.EnumValues(kClasses, "both",
+                              [&](const auto&, const auto&) { return ++visited < 2; }) == kRegOk);
+    CHECK(visited == 2);
     machine->ShowUserOnly(true);
     CHECK(NamesBelow(registry, kClasses, "") == "both ");
     CHECK(NamesBelow(registry, kMachine, "") == "");
@@ -230,6 +237,12 @@ TEST_SUITE("offline_registry") {
     CHECK(registry.CreateKey(kClasses, "fresh") == kRegOk);  // what is new is the machine's
     CHECK(NamesBelow(registry, kUser, "Software\\Classes") == "both ");
     CHECK(NamesBelow(registry, kMachine, "SOFTWARE\\Classes") == "both fresh machine ");
+    for (const char* name : {"m", "U", ""}) {
+      CHECK(registry.DeleteValue(kClasses, "both", name) == kRegOk);
+    }
+    CHECK(registry.DeleteValue(kClasses, "both", "m") == kRegNotFound);
+    CHECK(registry.QueryValue(kClasses, "both", "", &value) == kRegOk);
+    CHECK(TrimNull(value.data) == "machine");
     CHECK(registry.DeleteKeyCall(kClasses, "both\\u") == kRegOk);
     CHECK(registry.DeleteKeyCall(kClasses, "both\\m") == kRegOk);
     CHECK(registry.DeleteKeyCall(kUser, "") == kRegAccessDenied);
@@ -274,6 +287,9 @@ TEST_SUITE("offline_registry") {
     CHECK(NamesBelow(machine->registry(), kMachine, "System\\ControlSet001") == "old ");
     CHECK(NamesBelow(machine->registry(), kMachine, "SYSTEM") ==
           "ControlSet001 ControlSet002 CurrentControlSet Select ");
+    RegCounts counts;
+    CHECK(machine->registry().Count(kMachine, "SYSTEM", &counts) == kRegOk);
+    CHECK(counts.keys == 4);
   }
 }
 

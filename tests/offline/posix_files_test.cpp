@@ -296,6 +296,7 @@ TEST_SUITE("offline_files") {
   TEST_CASE("attributes are those that Wine and file servers keep") {
     Mounted m;
     const std::string path = m.disk.Put("file");
+    REQUIRE(chmod(path.c_str(), 0666) == 0);
     REQUIRE(m.files.SetAttributes("C:\\file", kHidden | kReadOnly).ok());
     char text[16] = {};
     CHECK(getxattr(path.c_str(), "user.DOSATTRIB", text, sizeof text) == 3);
