@@ -209,6 +209,7 @@ TEST_SUITE("offline_machine") {
     const std::string bob = "Documents and Settings/Bob/NTUSER.DAT";
     disk.Text(bob, "Environment", "TEMP", "%USERPROFILE%\\Temp");
     disk.Text(bob, "Environment", "shared", "D:\\bobs");
+    disk.Text(bob, ReplaceAll(kShellFolders, "User ", ""), "Cookies", "D:\\Cookies");
     disk.Text(kSoftware, kProfiles, "AllUsersProfile", "Everybody");
     disk.Text(kSystemHive, "ControlSet001\\Control\\Session Manager\\Environment", "Shared",
               "%SystemDrive%\\shared");
@@ -241,7 +242,9 @@ TEST_SUITE("offline_machine") {
       CHECK(machine->system().Environment(name) == text);
     }
     folders = FoldersOf(*machine, "Bob");
-    CHECK(folders.Special(SpecialFolder::Cookies) == "C:\\Documents and Settings\\Bob\\Cookies");
+    CHECK(folders.Special(SpecialFolder::Cookies) == "D:\\Cookies");
+    CHECK(folders.Special(SpecialFolder::StartUp) ==
+          profiles + "Bob\\Start Menu\\Programs\\Startup");
     CHECK(folders.temporary == profiles + "Bob\\Temp");
     CHECK(machine->system().Environment("Shared") == "D:\\bobs");
     machine->ActAs(nullptr);

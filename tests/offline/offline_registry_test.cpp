@@ -206,6 +206,26 @@ TEST_SUITE("offline_registry") {
     CHECK(disk.Content("HIVE") != before);
   }
 
+  TEST_CASE("of several hives each that can be saved is saved") {
+    DiskBuilder disk;
+    disk.Windows().User("S-1", "Users\\Ann").Text(kSoftware, "key", "v", std::string(15'000, 'x'));
+    disk.Text("Users/Ann/NTUSER.DAT", "key", "v", "x");
+    const auto machine = disk.Open();
+    CHECK(machine->registry().DeleteValue(kMachine, "SOFTWARE\\key", "v") == kRegOk);
+    CHECK(machine->registry().DeleteValue(RootKey::Users, "S-1\\key", "v") == kRegOk);
+    CHECK(machine->registry().CreateKey(kMachine, "SYSTEM\\new") == kRegOk);
+    {
+      const SmallFiles full(16'384);
+      CHECK(machine->SaveRegistry().code() == kDiskFull);
+    }
+    REQUIRE(machine->unread().size() == 1);
+    CHECK(machine->unread()[0].place == "C:\\WINDOWS\\system32\\config\\SOFTWARE");
+    const auto again = disk.Open();
+    CHECK(NamesBelow(again->registry(), kMachine, "SOFTWARE\\key", true) == "v ");
+    CHECK(NamesBelow(again->registry(), RootKey::Users, "S-1\\key", true) == "");
+    CHECK(again->registry().TryOpen(kMachine, "SYSTEM\\new", kKeyRead) == kRegOk);
+  }
+
   TEST_CASE("a user's classes come before those of the machine, and each keeps its own") {
     DiskBuilder disk;
     disk.Windows().User("S-1", "Users\\Ann");
@@ -290,6 +310,9 @@ TEST_SUITE("offline_registry") {
     RegCounts counts;
     CHECK(machine->registry().Count(kMachine, "SYSTEM", &counts) == kRegOk);
     CHECK(counts.keys == 4);
+    DiskBuilder silent;
+    silent.Key(kSoftware, kNtVersion).Key(kSystemHive, "ControlSet001\\first");
+    CHECK(NamesBelow(silent.Open()->registry(), kMachine, "System\\CurrentControlSet") == "first ");
   }
 }
 

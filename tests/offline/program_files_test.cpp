@@ -47,8 +47,9 @@ std::string NewProgram(const std::string& version, bool wide) {
   image.Number(kHeader + 24, wide ? 0x20B : 0x10B, 2);
   image.Number(kHeader + 24 + (wide ? 112 : 96) + 16, kAddress);
   const std::size_t section = kHeader + 24 + optional;
-  image.Number(section + 8, 0x10000).Number(section + 12, kAddress);
-  image.Number(section + 16, 0x10000).Number(section + 20, kResources);
+  // Either size may be left out.
+  image.Number(section + 8, wide ? 0 : 0x10000).Number(section + 12, kAddress);
+  image.Number(section + 16, wide ? 0x10000 : 0).Number(section + 20, kResources);
   image.Number(kResources + 14, 2, 2).Number(kResources + 16, 3).Number(kResources + 20, 0);
   image.Number(kResources + 24, 16).Number(kResources + 28, kBelow | 0x30);
   image.Number(kResources + 0x30 + 14, 1, 2).Number(kResources + 0x40, 1);
