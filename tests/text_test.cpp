@@ -137,6 +137,27 @@ TEST_SUITE("outcome") {
     CHECK(gone.code() != kFileNotFound);
     CHECK(gone.description() == "System error 53");
   }
+
+  TEST_CASE("a path that is too long keeps the ending of its name") {
+    const auto shortened = [](std::string_view path, std::size_t letters) {
+      return ShortenedPath(path, [&](const std::string& text) {
+        std::size_t count = 0;
+        for (std::size_t at = 0; at < text.size(); ++count) {
+          CHECK(NextCode(text, &at) < kStrayByte);  // no letter is cut in two
+        }
+        return count <= letters;
+      });
+    };
+    const std::string path = "C:\\Program Files\\Renamed\\spy.exe";
+    CHECK(shortened(path, path.size()) == path);
+    CHECK(shortened(path, path.size() - 1) == "C:\\Program Files\\Ren...\\spy.exe");
+    CHECK(shortened(path, 11) == "...\\spy.exe");
+    CHECK(shortened(path, 10) == "...\\spy.exe");  // nothing shorter tells what it is
+    CHECK(shortened("C:\\f\\readme.txt_________________.exe", 22) == "...\\readm...______.exe");
+    CHECK(shortened("readme.txt_________________.exe", 20) == "readme....______.exe");
+    CHECK(shortened("C:\\\u8868\u8868\u8868\\\u8868\u8868\u8868\u8868.exe", 14) ==
+          "C:...\\\u8868\u8868\u8868\u8868.exe");
+  }
 }
 
 TEST_SUITE("error_log") {
@@ -185,27 +206,6 @@ TEST_SUITE("error_log") {
     CHECK_FALSE(b.m.Has(kErrorLog));
     b.log.deleteLogFile();  // without one: no record
     CHECK_FALSE(b.m.Has(kErrorLog));
-  }
-
-  TEST_CASE("a path that is too long keeps the ending of its name") {
-    const auto shortened = [](std::string_view path, std::size_t letters) {
-      return ShortenedPath(path, [&](const std::string& text) {
-        std::size_t count = 0;
-        for (std::size_t at = 0; at < text.size(); ++count) {
-          CHECK(NextCode(text, &at) < kStrayByte);  // no letter is cut in two
-        }
-        return count <= letters;
-      });
-    };
-    const std::string path = "C:\\Program Files\\Renamed\\spy.exe";
-    CHECK(shortened(path, path.size()) == path);
-    CHECK(shortened(path, path.size() - 1) == "C:\\Program Files\\Rena...\\spy.exe");
-    CHECK(shortened(path, 11) == "...\\spy.exe");
-    CHECK(shortened(path, 10) == "...\\spy.exe");  // nothing shorter tells what it is
-    CHECK(shortened("C:\\f\\readme.txt_________________.exe", 22) == "...\\read...______.exe");
-    CHECK(shortened("readme.txt_________________.exe", 20) == "readme....______.exe");
-    CHECK(shortened("C:\\\u8868\u8868\u8868\\\u8868\u8868\u8868\u8868.exe", 14) ==
-          "C:\\...\\\u8868\u8868\u8868\u8868.exe");
   }
 }
 
