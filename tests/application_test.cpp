@@ -256,6 +256,55 @@ TEST_SUITE("application") {
     CHECK_FALSE(p.app.hits().settled());
   }
 
+  TEST_CASE("definitions that the user took are not told of once more") {
+    Program p;
+    p.app.Start();
+    p.m.File("C:\\new.ref", Definitions()
+                                .Value("SETTINGS", "UPDATE-FILE-NUMBER", "7-1")
+                                .Entry("SAFO", {"SAFOT", "SAFOS"}, {"Bar", "badbar"})
+                                .Value("NTOT", "SAFOTNUM", "1")
+                                .Text());
+    DefinitionsOffer offer;
+    REQUIRE(!p.app.exchange().Examine("C:\\new.ref", &offer));
+    p.m.files.Find("C:\\App\\Ini\\update.ref")->locked = true;
+    CHECK_FALSE(p.app.TakeDefinitions(offer).ok());
+    p.m.files.Find("C:\\App\\Ini\\update.ref")->locked = false;
+    CHECK(p.app.TakeDefinitions(offer).ok());
+    CHECK(p.app.DefinitionsNumber() == "7-1");
+    p.app.SaveSettings();
+    CHECK(p.app.TakeChangeReport() == "");
+  }
+
+  TEST_CASE("what a tool removes is backed up before, if the settings say so") {
+    for (const bool wanted : {true, false}) {
+      Program p;
+      p.app.Start();
+      p.app.settings().BackupBeforeRemoval = wanted;
+      p.m.pump.set_closing(true);  // as a scan that was stopped leaves it
+      CHECK(p.app.tools().back_up({{"Tool", FoundFile{"C:\\Programs\\letter.txt"}}}).empty());
+      CHECK(p.app.backups().List().size() == (wanted ? 1u : 0u));
+      p.m.files.Find("C:\\Programs\\letter.txt")->locked = true;
+      const auto refused = p.app.tools().back_up({{"", FoundFile{"C:\\Programs\\letter.txt"}}});
+      CHECK(refused.empty() == !wanted);
+    }
+  }
+
+  TEST_CASE("a log that cannot go at the end is recorded, the others go") {
+    Program p;
+    p.app.Start();
+    p.app.PrepareScan();
+    p.app.RunScan({{"C:\\Programs"}});
+    p.app.settings().LogFilePath = "C:\\Programs\\ScanLog.txt";
+    p.app.PrepareScan();
+    p.app.RunScan({{"C:\\Programs"}});
+    p.app.settings().AutoSave = false;
+    p.m.files.Find(kLog)->locked = true;
+    p.app.Shutdown();
+    CHECK(p.m.Has(kLog));
+    CHECK_FALSE(p.m.Has("C:\\Programs\\ScanLog.txt"));
+    CHECK(p.m.Errors().find(std::string("LogFile: ") + kLog) != std::string::npos);
+  }
+
   TEST_CASE("an excluded process runs on; its file is told of") {
     for (const bool excluded : {false, true}) {
       Program p;
