@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/startup_manager.h"
 
+#include <set>
+
 #include "tests/startup_support.h"
 
 namespace scourwell::test {
@@ -124,12 +126,34 @@ TEST_SUITE("startup_manager") {
     CHECK(p.m.Content(kSaveProf).find("User\r\n") != std::string::npos);
   }
 
+  TEST_CASE("whatever a registry answers but success is a failure with a code of its own") {
+    CHECK(FromRegistry(kRegOk).ok());
+    CHECK(FromRegistry(kRegNotFound).code() == kFileNotFound);
+    CHECK(FromRegistry(kRegAccessDenied).code() == kPermissionDenied);
+    for (const int status : {int{kRegInvalidParameter}, int{kRegBadPath}, 1018}) {
+      CHECK(FromRegistry(status).code() == kInvalidCall);
+    }
+    // One that cannot be listed is no place without entries.
+    Planted p;
+    p.m.registry.Find(kUser, kRun)->unreadable = true;
+    StartupManager manager(p.needs);
+    manager.Form_Load();
+    CHECK(manager.failures().size() == 1);
+    CHECK(manager.size() == 14);
+  }
+
   TEST_CASE("what is marked for removal can be backed up, unless it lies in a line of win.ini") {
     Planted p;
+    p.m.registry.Make(kUser, kRun).Value("Machine", Z("C:\\a.exe"));  // as in another place
+    p.registry64.Make(kMachine, kRun).Value("Wide", Z("C:\\wide.exe"));
     StartupManager manager(p.needs);
     manager.Form_Load();
     CHECK(manager.RemovedObjects().empty());
     for (std::size_t row = 0; row < manager.size(); ++row) manager.cmdRemove_Click(row);
+    CHECK(manager.Removals().size() == manager.size());
+    std::set<std::string> identities;
+    for (std::size_t row = 0; row < manager.size(); ++row) identities.insert(manager.Identity(row));
+    CHECK(identities.size() == manager.size());
     std::string places;
     std::size_t lines = 0;
     for (const Finding& removed : manager.RemovedObjects()) {
@@ -142,6 +166,7 @@ TEST_SUITE("startup_manager") {
     CHECK(lines > 0);
     CHECK(manager.RemovedObjects().size() == manager.size() - lines);
     CHECK(places.find("HKEY_CURRENT_USER\\" + std::string(kRun) + "\\User\n") != places.npos);
+    CHECK(places.find(std::string(kRun) + "\\Wide (64-bit)\n") != places.npos);
     CHECK(places.find(std::string(kUserStartup) + "\\") != places.npos);
   }
 
@@ -180,6 +205,9 @@ TEST_SUITE("startup_manager") {
              FakeShell::MakeShortcut("C:\\newer.exe", ""));
     manager.Form_Load();
     CHECK(manager.size() == 17);  // the new ones beside the old ones
+    std::set<std::string> identities;
+    for (std::size_t row = 0; row < manager.size(); ++row) identities.insert(manager.Identity(row));
+    CHECK(identities.size() == 17);
     manager.ResetAll();
     CHECK_FALSE(manager.ApplyNow());
     CHECK(manager.failures().size() == 2);
