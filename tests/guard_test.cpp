@@ -43,6 +43,21 @@ TEST_SUITE("guard") {
     }
   }
 
+  TEST_CASE("what a machine shares with its administrators is guarded as its own") {
+    for (const auto& [path, state] :
+         Rows<std::string, std::string>{{"\\\\me\\ADMIN$\\system32", "R"},
+                                        {"\\\\me\\admin$\\Evil", "g"},
+                                        {"\\\\127.0.0.1\\c$\\WINDOWS\\system32", "R"},
+                                        {"\\\\me\\C$\\App", "R"},
+                                        {"\\\\me\\C$\\Evil", "g"},
+                                        {"\\\\me\\Cx\\App", "g"},
+                                        {"\\\\me\\DC$\\App", "g"}}) {
+      CAPTURE(path);
+      Remover r;
+      CHECK(r.RemoveOne(FoundFolder{path}) == state);
+    }
+  }
+
   TEST_CASE("folders that hold the program stay") {
     Remover r;
     r.folders.application = "D:\\Tools\\Safety\\Scourwell";

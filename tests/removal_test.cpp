@@ -161,71 +161,6 @@ TEST_SUITE("removal") {
     CHECK(Lines(r.m.shell.journal).find("Call") == std::string::npos);
   }
 
-  TEST_CASE("a folder that is swapped for a link while it is emptied") {
-    Remover r;
-    r.m.File("C:\\Precious\\letter.txt", "dear");
-    r.m.File("C:\\Evil\\a\\x.exe", "x");
-    r.m.File("C:\\Evil\\b\\x.exe", "x");
-    bool swapped = false;
-    r.m.pump.on_yield = [&] {
-      if (swapped || r.m.Has("C:\\Evil\\b\\x.exe")) return;
-      swapped = true;
-      r.m.files.Remove("C:\\Evil\\a");
-      r.m.Link("C:\\Evil\\a", "C:\\Precious");
-    };
-    CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "r");
-    CHECK(swapped);
-    CHECK(r.m.Has("C:\\Precious\\letter.txt"));
-    CHECK_FALSE(r.m.Has("C:\\Evil"));
-  }
-
-  TEST_CASE("of a folder in use all goes but what cannot, which stays as it was") {
-    Remover r;
-    r.settings.DeleteAfterReboot = false;
-    r.m.File("C:\\Evil\\a\\used.exe", "x").Locked();
-    r.m.Folder("C:\\Evil\\a").Hidden().ReadOnly();
-    r.m.File("C:\\Evil\\a\\x.exe", "x");
-    r.m.File("C:\\Evil\\b\\x.exe", "x");
-    CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "F");
-    CHECK(TreeOf(r.m, "C:\\Evil") == "C:\\Evil\\a 0\nC:\\Evil\\a\\used.exe 1\n");
-    CHECK(r.m.files.Find("C:\\Evil\\a")->attributes == (kFolder | kHidden | kReadOnly));
-    CHECK(r.Recorded("spyFolderName: C:\\Evil"));
-  }
-
-  TEST_CASE("a folder in use waits for the next start, what lies in it first") {
-    for (const bool nt : {true, false}) {
-      Remover r(nt);
-      r.m.File("C:\\Evil\\a\\used.exe", "x").Running();
-      CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "p");
-      CHECK(r.m.Has("C:\\Evil") == !nt);
-      const std::string aside = "C:\\WINDOWS\\~scw0000.del";
-      CHECK(Lines(r.m.system.journal) + r.m.Content("C:\\WINDOWS\\WinInit.ini") ==
-            (nt ? "Delete " + aside + "\\used.exe\nDelete " + aside + "\n"
-                : "[Rename]\r\nNUL=C:\\Evil\\a\\used.exe\r\nDIRNUL=C:\\Evil\\a\r\n"
-                  "DIRNUL=C:\\Evil\r\n"));
-      r.m.Restart();
-      CHECK_FALSE((r.m.Has("C:\\Evil") || r.m.Has(aside)));
-    }
-  }
-
-  TEST_CASE(
-      "a folder with a file that cannot be moved waits where users cannot make a link of it") {
-    for (const bool open : {false, true}) {
-      Remover r;
-      r.m.File("C:\\Evil\\deep\\held.exe", "x").Locked();
-      if (open) r.m.Folder("C:\\Evil").OpenToUsers();
-      CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == (open ? "F" : "p"));
-      CHECK(Lines(r.m.system.journal) ==
-            (open ? ""
-                  : "Delete C:\\Evil\\deep\\held.exe\nDelete C:\\Evil\\deep\nDelete C:\\Evil\n"));
-      r.m.File("C:\\Evil\\another's.txt", "x");
-      r.m.Restart();
-      CHECK(r.m.Has("C:\\Evil\\deep") == open);
-      CHECK(r.m.Has("C:\\Evil\\another's.txt"));
-      CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "r");
-    }
-  }
-
   TEST_CASE("what is deleted after all, or comes back, stays as it is at the next start") {
     for (const bool nt : {true, false}) {
       Remover r(nt);
@@ -236,29 +171,6 @@ TEST_SUITE("removal") {
       r.m.File("C:\\Evil\\held.exe", "another's");
       r.m.Restart();
       CHECK(r.m.Has("C:\\Evil\\held.exe"));
-    }
-  }
-
-  TEST_CASE("what goes of a folder after all is off the list, and the folder stays on it") {
-    for (const bool nt : {true, false}) {
-      for (const bool whole : {true, false}) {
-        CAPTURE(nt);
-        CAPTURE(whole);
-        Remover r(nt);
-        r.m.File("C:\\Evil\\one.exe", "x").Locked();
-        r.m.File("C:\\Evil\\two.exe", "x").Locked();
-        CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "p");
-        r.m.files.Find("C:\\Evil\\one.exe")->locked = false;
-        if (whole) r.m.files.Find("C:\\Evil\\two.exe")->locked = false;
-        CHECK(r.RemoveOne(FoundFile{"C:\\Evil\\one.exe"}) == "r");
-        if (whole) {
-          CHECK(r.RemoveOne(FoundFolder{"C:\\Evil"}) == "r");
-          r.m.File("C:\\Evil\\two.exe", "another's");
-          CHECK(r.RemoveOne(FoundFile{"C:\\Evil\\one.exe"}) == "g");
-        }
-        r.m.Restart();
-        CHECK(r.m.Has("C:\\Evil") == whole);
-      }
     }
   }
 
