@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "console/exit_codes.h"
+#include "engine/caption_table.h"
 #include "tests/console_support.h"
 
 namespace scourwell::test {
@@ -86,9 +87,76 @@ TEST_SUITE("console_kept") {
     CHECK(b.Run({"startup", "--disable", "Evil"}) == kIncomplete);
     CHECK(b.console.err.find("Evil") != std::string::npos);
   }
+
+  TEST_CASE("a user who is asked decides") {
+    for (const auto& [answer, code] : Rows<std::string, int>{
+             {"y", kNothingFound}, {"yes", kNothingFound}, {"n", kIncomplete}, {"", kIncomplete}}) {
+      CAPTURE(answer);
+      ConsoleBench b;
+      b.Plant("C:\\data\\evil.exe");
+      REQUIRE(b.Run({"remove", "--yes", "--backup=Mine", "C:\\data"}) == kAllRemoved);
+      b.console.shown = true;
+      b.console.answers = {answer, answer};
+      CHECK(b.Run({"restore", "Mine"}) == code);
+      CHECK(b.m.Has("C:\\data\\evil.exe") == (code == kNothingFound));
+      CHECK(b.Run({"backups", "--delete", "Mine"}) == code);
+      CHECK(b.m.Has("C:\\App\\Mine.qzp") == (code != kNothingFound));
+    }
+  }
+
+  TEST_CASE("what cannot be opened, changed or read is told, and stays as it is") {
+    ConsoleBench b;
+    b.Plant("C:\\data\\evil.exe");
+    REQUIRE(b.Run({"remove", "--yes", "--backup=Mine", "C:\\data"}) == kAllRemoved);
+    b.m.Folder("C:\\data").Refuses();
+    CHECK(b.Run({"restore", "--yes", "Mine"}) == kIncomplete);
+    CHECK(b.console.err.find("C:\\data\\evil.exe") != std::string::npos);
+    b.m.Folder("C:\\data").refuses = false;
+    b.why_no_removal = "read only";
+    CHECK(b.Run({"restore", "--yes", "Mine"}) == kIncomplete);
+    CHECK_FALSE(b.m.Has("C:\\data\\evil.exe"));
+    b.Plant("C:\\data\\evil.exe");
+    CHECK(b.Run({"remove", "--yes", "C:\\data"}) == kIncomplete);
+    CHECK(b.console.err.find("read only") != std::string::npos);
+    CHECK(b.m.Has("C:\\data\\evil.exe"));
+    const std::string list = "\"Spy File\",\"C:\\x\",\"\"\r\n";
+    b.m.File("C:\\App\\ignorespylist.txt", list).Locked();
+    CHECK(b.Run({"ignore"}) == kIncomplete);
+    CHECK(b.Run({"ignore", "--add", "file", "Evil", "C:\\y"}) == kIncomplete);
+    CHECK(b.m.Content("C:\\App\\ignorespylist.txt") == list);
+    b.why_no_target = "no disk";
+    for (const char* command : {"scan", "backups"}) {
+      CHECK(b.Run({command}) == kIncomplete);
+      CHECK(b.console.err.find("no disk") != std::string::npos);
+    }
+    CHECK(b.Run({"report", "--merge", "C:\\1", "--html", "C:\\2"}) == kIncomplete);
+  }
 }
 
 TEST_SUITE("console_merge") {
+  TEST_CASE("a row of a page says where, how sure and whose; places that were not read count") {
+    ConsoleBench b;
+    b.m.File(
+        "C:\\in\\1.jsonl",
+        "{\"kind\": \"value\", \"spy\": \"Evil\", \"key\": \"HKEY_USERS\\\\K\", \"value\": \"x\", "
+        "\"view\": \"64\", \"certainty\": \"high\", \"user\": \"Ann\"}\n"
+        "{\"kind\": \"file\", \"spy\": \"Evil\", \"path\": \"C:\\\\evil.exe\"}\n"
+        "{\"summary\": true, \"unread\": [{\"place\": \"C:\\\\closed\"}]}\n");
+    const std::vector<std::string> words = {"report", "--merge", "C:\\in\\1.jsonl", "--html",
+                                            "C:\\in\\all.html"};
+    CHECK(b.Run(words) == kIncomplete);
+    CHECK(b.console.err.find("C:\\in\\1.jsonl") != std::string::npos);
+    const std::string page = b.m.Content("C:\\in\\all.html");
+    CHECK(page.find(">HKEY_USERS\\K\\x (64-bit) [Ann]</td><td class=\"word\">" +
+                    std::string(DefaultCaption(Caption::CertaintyHigh)) + "</td>") !=
+          std::string::npos);
+    CHECK(page.find(">C:\\evil.exe</td>") != std::string::npos);
+    b.m.File("C:\\in\\1.jsonl", "{\"summary\": true}\n");
+    CHECK(b.Run(words) == kNothingFound);
+    b.m.files.Find("C:\\in\\all.html")->Locked();
+    CHECK(b.Run(words) == kIncomplete);
+  }
+
   TEST_CASE("many scans become one page; what is broken or cut off is told") {
     ConsoleBench b;
     b.Plant("C:\\data\\evil.exe");

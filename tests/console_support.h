@@ -61,6 +61,9 @@ class FakeTarget : public Target {
   }
   std::string ScannedPath(const std::string& path) override { return path; }
   std::string OwnPath(const std::string& path) override { return path; }
+  std::string WhyNoRemoval() const override { return why_no_removal; }
+
+  std::string why_no_removal;
 
  private:
   Engine engine_;
@@ -73,12 +76,16 @@ struct ConsoleBench : Host {
   FakeMachine m;
   FakeTerminal console;
   Definitions definitions;
+  std::string why_no_target;
+  std::string why_no_removal;
 
   Terminal& terminal() override { return console; }
   std::string Version() const override { return "1.2.3"; }
   std::unique_ptr<Target> Open(const Options&, Pump& pump, ScanReport& report,
-                               std::string*) override {
+                               std::string* why) override {
+    if (!(*why = why_no_target).empty()) return nullptr;
     auto target = std::make_unique<FakeTarget>(m, pump, report);
+    target->why_no_removal = why_no_removal;
     target->engine().LoadSettings();
     return target;
   }

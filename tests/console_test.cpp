@@ -48,6 +48,26 @@ TEST_SUITE("console_scan") {
     CHECK(b.console.out.find("\x1b[33m") != std::string::npos);
   }
 
+  TEST_CASE("a table has one head, and a text tells the sums") {
+    ConsoleBench b;
+    b.m.Folder("C:\\data");
+    CHECK(b.Run({"scan", "--format=csv", "C:\\data"}) == kNothingFound);
+    const std::string head = b.console.out;
+    CHECK(std::ranges::count(head, '\n') == 1);
+    for (const char* name : {"a", "b"}) b.Plant(std::string("C:\\data\\") + name + ".exe");
+    CHECK(b.Run({"scan", "--format=csv", "C:\\data"}) == kFound);
+    CHECK(b.console.out.starts_with(head + "\"file\","));
+    CHECK(std::ranges::count(b.console.out, '\n') == 3);
+    CHECK(b.Run({"scan", "C:\\data"}) == kFound);
+    CHECK(b.console.out.find("2 found (file 2)") != std::string::npos);
+    // Who is asked sees what would go, and nothing else.
+    b.console.shown = true;
+    b.console.answers = {"n"};
+    CHECK(b.Run({"remove", "--quiet", "--only=C:\\data\\b.exe", "C:\\data"}) == kFound);
+    CHECK(b.console.err.find("C:\\data\\b.exe") != std::string::npos);
+    CHECK(b.console.err.find("a.exe") == std::string::npos);
+  }
+
   TEST_CASE("what could not be looked at is told, and makes the scan incomplete") {
     ConsoleBench b;
     b.Plant("C:\\data\\evil.exe");

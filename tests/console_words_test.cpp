@@ -74,6 +74,11 @@ TEST_SUITE("console_options") {
 
   TEST_CASE("every command says what it knows, and the exit codes of a wrong use") {
     ConsoleBench b;
+    CHECK(b.Run({"--version"}) == kNothingFound);
+    CHECK(b.console.out == "scourwell 1.2.3\n");
+    b.console.closes_at = 0;
+    CHECK(b.Run({"--version"}) == kIncomplete);
+    b.console.closes_at = std::string::npos;
     CHECK(b.Run({"--help"}) == kNothingFound);
     for (const std::string command :
          {"scan", "remove", "restore", "backups", "ignore", "startup", "report", "definitions"}) {
@@ -138,8 +143,13 @@ TEST_SUITE("console_records") {
 
   TEST_CASE("each kind says where it is in its own fields") {
     const RegistryPlace run = {RootKey::LocalMachine, "Software\\Run"};
-    FindingRecord value = RecordOf({"Evil", FoundValue{run, "x", "data", true}}, {});
-    value.user = "Ann";
+    Finding found{"Evil", FoundValue{run, "x", "data", true}};
+    found.user = "Ann";
+    const FindingRecord value = RecordOf(found, {});
+    CHECK(ReplaceAll(CsvLine(value), "\"", "") ==
+          "value,Evil,,HKEY_LOCAL_MACHINE\\Software\\Run,x,64,medium,file,Ann,\r\n");
+    CHECK(PlaceOf(RecordOf({"Evil", FoundFolder{"C:\\f"}}, {})) == "C:\\f");
+    CHECK(PlaceOf(RecordOf({"Evil", FoundCookie{"C:\\c"}}, {})) == "C:\\c");
     CHECK(JsonLine(value) ==
           "{\"kind\": \"value\", \"spy\": \"Evil\", \"key\": "
           "\"HKEY_LOCAL_MACHINE\\\\Software\\\\Run\", "
