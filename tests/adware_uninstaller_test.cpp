@@ -149,6 +149,20 @@ TEST_SUITE("adware_uninstaller") {
         CHECK(p.m.shell.journal.back() == "Start C:\\My Files\\un.exe /x \"y z\"");
       }
     }
+    // On another machine nobody looks, so nothing may be in doubt.
+    p.m.shell.open_error = {};
+    p.m.shell.start_error = kNeedsMoreRights;
+    p.m.shell.journal.clear();
+    for (const char* command : {"\\\\srv\\my files\\un.exe /x", "\"\\\\srv\\my files\\un.exe\" /x",
+                                "\\\\srv\\files\\un.exe /x"}) {
+      p.m.registry.Find(kMachine, std::string(kUninstall) + "a")
+          ->Value("UninstallString", Z(command));
+      p.tool.Uninstall(0);
+    }
+    std::erase_if(p.m.shell.journal,
+                  [](const std::string& call) { return !call.starts_with("Start"); });
+    CHECK(Lines(p.m.shell.journal) ==
+          "Start \\\\srv\\my files\\un.exe /x\nStart \\\\srv\\files\\un.exe /x\n");
     p.m.registry.Find(kMachine, kUninstall)->unreadable = true;
     CHECK_FALSE(p.tool.LoadSpyList([](std::size_t, std::size_t) {}));
     CHECK(p.tool.failures().size() == 1);

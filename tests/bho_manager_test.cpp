@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/bho_manager.h"
 
+#include "scan/finding_texts.h"
 #include "tests/startup_support.h"
 
 namespace scourwell::test {
@@ -62,6 +63,21 @@ TEST_SUITE("bho_manager") {
     CHECK(details.find("NoExplorer = 0x00000001\r\n") != std::string::npos);
     CHECK(details.find("Settings\\|x;y= = FF\r\n") != std::string::npos);
     CHECK(h.m.Errors() == "");
+  }
+
+  TEST_CASE("a helper that is marked for removal is stored as the key that it is") {
+    Helpers h;
+    BhoManager manager(h.needs);
+    manager.Form_Load();
+    manager.cmdDisable_Click(2);
+    REQUIRE(manager.ApplyNow());
+    for (std::size_t row = 0; row < 3; ++row) manager.cmdRemove_Click(row);
+    const std::vector<Finding> removed = manager.RemovedObjects();
+    REQUIRE(removed.size() == 2);  // a disabled one is in its place no more
+    REQUIRE(std::holds_alternative<FoundKey>(removed[0].object));
+    CHECK(PlaceText(removed[0].object) == manager.KeyOf(0));
+    CHECK(removed[0].spy == "The Bar");
+    CHECK(manager.KeyOf(2).ends_with("\\Browser Helper Objects"));
   }
 
   TEST_CASE("a helper is called by its class, else by its own key, else by its file") {
