@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "shell/application.h"
 
+#include <set>
+
+#include "shell/about.h"
 #include "tests/app_support.h"
 
 namespace scourwell::test {
@@ -207,6 +210,49 @@ TEST_SUITE("application") {
     again.Start();
     CHECK(again.TakeChangeReport().starts_with("Update File: 11\r\n"));
     CHECK(p.m.Errors() == "");
+  }
+
+  TEST_CASE("who is asked for help gets the definitions, the system and the folder in one text") {
+    Program p;
+    p.m.system.record.csd_version = "Service Pack 9";
+    Application app(PortsOf(p.m), kAppFolder, {1, 0, 7});
+    app.Start();
+    const std::string report = AboutReport(app);
+    CHECK(report.starts_with(app.Title()));
+    for (const std::string& part :
+         {app.DefinitionsNumber(), std::string(" 3\r\n"),
+          app.os().Version() + " Service Pack 9\r\n", std::string(kAppFolder) + "\r\n"}) {
+      CAPTURE(part);
+      CHECK(report.find(part) != std::string::npos);
+    }
+    p.m.files.Remove("C:\\App\\Ini\\update.ref");
+    p.m.clock.ticks += 10'000;
+    CHECK(AboutReport(app).find(app.language().Text(Caption::BuiltInDefinitionsOnly)) !=
+          std::string::npos);
+  }
+
+  TEST_CASE("a 64-bit Windows is scanned in both views") {
+    Program p;
+    p.m.File("C:\\App\\Ini\\update.ref",
+             Definitions().Entry("REGS", {"REGST", "REGSK"}, {"Key", "EvilWideKey"}).Text());
+    FakeRegistry registry64;
+    for (FakeRegistry* registry : {&p.m.registry, &registry64}) {
+      registry->Make(RootKey::ClassesRoot, "CLSID\\EvilWideKey");
+    }
+    Ports ports = PortsOf(p.m);
+    ports.registry64 = &registry64;
+    Application app(ports, kAppFolder, {1, 0, 7});
+    app.Start();
+    app.FillTree();
+    app.PrepareScan();
+    app.RunScan();
+    std::set<bool> views;
+    for (std::size_t i = 0; i < app.hits().size(); ++i) {
+      if (const auto* key = std::get_if<FoundKey>(&app.hits().row(i).finding.object)) {
+        views.insert(key->view64);
+      }
+    }
+    CHECK(views.size() == 2);
   }
 
   TEST_CASE("the log of this run is shown, or else the newest one beside its place") {

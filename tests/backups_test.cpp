@@ -52,6 +52,24 @@ TEST_SUITE("backups") {
     CHECK(b.m.shell.journal[0] == "Run regedit /I /S \"C:\\My backups\\namekey.reg\"");
   }
 
+  TEST_CASE("what would go again at the next start is not put back") {
+    Manager b;
+    b.m.File("C:\\evil.exe", "x");
+    b.m.File("C:\\other.exe", "x");
+    b.Add(FoundFile{"C:\\evil.exe"});
+    b.Add(FoundFile{"C:\\other.exe"});
+    REQUIRE(b.Create("name").archive.ok());
+    REQUIRE(b.m.system.DeleteAtReboot("C:\\evil.exe").ok());
+    for (const char* path : {"C:\\evil.exe", "C:\\other.exe"}) b.m.files.Remove(path);
+    b.m.registry.Find(RootKey::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Session Manager")
+        ->Denied();
+    CHECK(b.Restore("name.qzp").ok());
+    REQUIRE(b.restored.failed.size() == 1);
+    CHECK(b.restored.failed[0].path == "C:\\evil.exe");
+    CHECK_FALSE(b.m.Has("C:\\evil.exe"));
+    CHECK(b.m.Has("C:\\other.exe"));
+  }
+
   TEST_CASE("what could not be stored is named with its row") {
     Manager b;
     b.m.File("C:\\locked.exe", "x").Locked();
