@@ -112,7 +112,12 @@ TEST_SUITE("application") {
     Program p;
     p.app.Start();
     p.app.FillTree();
-    p.m.pump.on_yield = [&] { p.app.RunScan(); };  // a scan does not start inside a scan
+    // Neither a scan nor a backup starts inside a scan.
+    p.m.pump.on_yield = [&] {
+      p.app.RunScan();
+      p.app.RunScan({{"C:\\Programs"}});
+      CHECK(p.app.BackUpChecked("x").archive.code() == kPermissionDenied);
+    };
     p.m.pump.close_at = 2;
     p.app.PrepareScan();
     p.app.RunScan();
@@ -291,6 +296,10 @@ TEST_SUITE("application") {
     const std::string first = remove();
     CHECK(first != "0");
     CHECK_FALSE(p.m.Has("C:\\WINDOWS\\direct"));
+    const std::string log = p.m.Content(kLog);
+    for (const char* line : {": C:\\WINDOWS\\direct - ", ": C:\\Programs\\popup.exe - "}) {
+      CHECK(log.find(line) != std::string::npos);
+    }
     p.app.hits().CheckAll(true);  // what is locked is all that can be tried again
     REQUIRE(p.app.hits().checked_count() == 1);
     CHECK(remove() == first);

@@ -63,6 +63,7 @@ TEST_SUITE("backups") {
     for (const char* path : {"C:\\evil.exe", "C:\\other.exe"}) b.m.files.Remove(path);
     b.m.registry.Find(RootKey::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Session Manager")
         ->Denied();
+    CHECK(b.Restore("..\\My backups\\name.qzp").code() == kBadFileName);
     CHECK(b.Restore("name.qzp").ok());
     REQUIRE(b.restored.failed.size() == 1);
     CHECK(b.restored.failed[0].path == "C:\\evil.exe");

@@ -45,6 +45,7 @@ TEST_SUITE("console_kept") {
           "file\tEvil\tC:\\data\\a.exe\tsame\nfile\tEvil\tC:\\data\\b.exe\tdifferent\n"
           "file\tEvil\tC:\\data\\c.exe\tmissing\n");
     CHECK(b.Run({"definitions"}) == kNothingFound);
+    CHECK(b.console.out.starts_with("number\t"));
     CHECK(b.console.out.find("file\tC:\\App\\Ini\\update.ref\n") != std::string::npos);
     b.m.files.Remove("C:\\App\\Ini\\update.ref");
     CHECK(b.Run({"definitions"}) == kNothingFound);
@@ -60,7 +61,9 @@ TEST_SUITE("console_kept") {
       words.insert(words.end(), what.begin(), what.end());
       return b.Run(words);
     };
-    CHECK(change("--remove") == kIncomplete);
+    CHECK(b.Run({"ignore", "--add", "folder", what[1], what[2]}) == kNothingFound);
+    CHECK(change("--remove") == kIncomplete);  // another kind is another record
+    CHECK(b.Run({"ignore", "--remove", "folder", what[1], what[2]}) == kNothingFound);
     CHECK(change("--add") == kNothingFound);
     CHECK(change("--add") == kNothingFound);
     CHECK(b.Run({"ignore"}) == kNothingFound);

@@ -170,8 +170,9 @@ TEST_SUITE("guard") {
     Remover r;
     r.Add(ValueAt(of_user, "Shell"));
     r.Add(KeyAt(std::string("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\0x", 39)));
+    r.Add(ValueAt(winlogon, std::string("Shell\0x", 7)));
     r.Run();
-    CHECK(r.States() == "gR");
+    CHECK(r.States() == "gRR");
   }
 }
 

@@ -257,6 +257,7 @@ TEST_SUITE("command_line") {
              {" \"C:\\a b\\\" ", Kind::ScanPath, "C:\\a b"},
              {"C:\\", Kind::ScanPath, "C:\\"},
              {"\"C:\"", Kind::ScanPath, "C:\\"},
+             {"ab", Kind::ScanPath, "ab"},
              {"\"D:\\-x /y%1\"", Kind::ScanPath, "D:\\-x /y%1"},
              {"\"C:\\it's, (1) & = ;+\"", Kind::ScanPath, "C:\\it's, (1) & = ;+"},
              {"\"\\\\server\\share\\a b\"", Kind::ScanPath, "\\\\server\\share\\a b"},
