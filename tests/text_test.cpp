@@ -152,8 +152,9 @@ TEST_SUITE("outcome") {
     CHECK(shortened(path, path.size()) == path);
     CHECK(shortened(path, path.size() - 1) == "C:\\Program Files\\Ren...\\spy.exe");
     CHECK(shortened(path, 11) == "...\\spy.exe");
-    CHECK(shortened(path, 10) == "...\\spy.exe");  // nothing shorter tells what it is
-    CHECK(shortened("C:\\f\\readme.txt_________________.exe", 22) == "...\\readm...______.exe");
+    CHECK(shortened(path, 10) == "spy.exe");
+    CHECK(shortened(path, 6) == "...spy.exe");  // nothing shorter tells what it is
+    CHECK(shortened("C:\\f\\readme.txt_________________.exe", 22) == "readme.tx...______.exe");
     CHECK(shortened("readme.txt_________________.exe", 20) == "readme....______.exe");
     CHECK(shortened("C:\\\u8868\u8868\u8868\\\u8868\u8868\u8868\u8868.exe", 14) ==
           "C:...\\\u8868\u8868\u8868\u8868.exe");

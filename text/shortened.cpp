@@ -36,14 +36,15 @@ std::string ShortenedPath(std::string_view path,
                           const std::function<bool(const std::string& text)>& fits) {
   if (std::string whole(path); fits(whole)) return whole;
   const std::string_view folder = FolderPart(path);
-  const std::string_view last = path.substr(folder.size());
-  if (!folder.empty() && fits(std::string(kLeftOut).append(last))) {
+  if (const std::string_view last = path.substr(folder.size());
+      !folder.empty() && fits(std::string(kLeftOut).append(last))) {
     return WithHead(folder, last, fits);
   }
-  const std::size_t cut =
-      LetterBegin(last, last.size() < kLongestEnding ? 0 : last.size() - kLongestEnding);
-  const std::string head = std::string(folder.empty() ? "" : kLeftOut).append(last.substr(0, cut));
-  return WithHead(head, last.substr(cut), fits);
+  const std::string_view name = FileNamePart(path);
+  if (std::string alone(name); fits(alone)) return alone;
+  const std::size_t ending =
+      LetterBegin(name, name.size() < kLongestEnding ? 0 : name.size() - kLongestEnding);
+  return WithHead(name.substr(0, ending), name.substr(ending), fits);
 }
 
 }  // namespace scourwell
