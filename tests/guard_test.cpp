@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/removal_support.h"
+#include "text/paths.h"
 
 namespace scourwell::test {
 
@@ -68,19 +69,22 @@ TEST_SUITE("guard") {
     }
   }
 
-  TEST_CASE("beside a program that lies on the desktop a spy goes") {
-    Remover r;
-    r.folders.application = r.folders.special[0];
-    r.m.File("C:\\Users\\me\\Desktop\\Evil\\x.exe", "x");
-    r.m.File("C:\\Users\\me\\Desktop\\evil.exe", "x");
-    CHECK(r.RemoveOne(FoundFolder{"C:\\Users\\me\\Desktop\\Evil"}) == "r");
-    CHECK(r.RemoveOne(FoundFile{"C:\\Users\\me\\Desktop\\evil.exe"}) == "r");
-    CHECK(r.RemoveOne(FoundFolder{"C:\\Users\\me\\Desktop"}) == "R");
-    for (const char* own : {"Scourwell.exe", "Lang\\English.ini", "ini\\update.ref"}) {
-      const std::string path = "C:\\Users\\me\\Desktop\\" + std::string(own);
-      r.m.File(path, "x");
-      CHECK(r.RemoveOne(FoundFile{path}) == "R");
-      CHECK(r.m.Has(path));
+  TEST_CASE("beside a program that lies on the desktop or in the root of a stick a spy goes") {
+    for (const std::string base : {"C:\\Users\\me\\Desktop\\", "E:\\"}) {
+      CAPTURE(base);
+      Remover r;
+      r.m.AddDrive('E', DriveKind::Removable);
+      r.folders.application = std::string(WithoutEndSeparators(base));
+      r.m.File(base + "Evil\\x.exe", "x");
+      r.m.File(base + "evil.exe", "x");
+      CHECK(r.RemoveOne(FoundFolder{base + "Evil"}) == "r");
+      CHECK(r.RemoveOne(FoundFile{base + "evil.exe"}) == "r");
+      CHECK(r.RemoveOne(FoundFolder{r.folders.application}) == "R");
+      for (const char* own : {"Scourwell.exe", "Lang\\English.ini", "ini\\update.ref"}) {
+        r.m.File(base + own, "x");
+        CHECK(r.RemoveOne(FoundFile{base + own}) == "R");
+        CHECK(r.m.Has(base + own));
+      }
     }
   }
 

@@ -123,6 +123,20 @@ TEST_SUITE("next_start") {
     CHECK(Lines(s.m.system.journal) == "Delete C:\\held.exe\n");
   }
 
+  TEST_CASE("a folder in which something stays is noted, once, where no user can change it") {
+    Starter s;
+    s.m.AddDrive('D', DriveKind::Removable);
+    s.m.Folder("C:\\open").OpenToUsers();
+    for (const char* folder : {"D:\\full", "C:\\open", "C:\\open\\full", "C:\\full", "C:\\full"}) {
+      CAPTURE(std::string(folder));
+      s.m.Folder(folder);
+      std::unique_ptr<OpenedItem> item;
+      REQUIRE(s.m.files.OpenItem(folder, &item).ok());
+      CHECK(s.next.LeaveFull(folder, item.get()).ok() == (std::string_view(folder) == "C:\\full"));
+    }
+    CHECK(Lines(s.m.system.journal) == "Delete C:\\full\n");
+  }
+
   TEST_CASE("what cannot be noted goes back to its place") {
     Starter s;
     s.m.File("C:\\Evil\\run.exe").Running();
