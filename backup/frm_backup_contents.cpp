@@ -78,7 +78,7 @@ void frmBackupContents::OnSize(Area area) {
   Arrange(area, ContentsList_, {&cmdCheckAll_, &cmdUnCheckAll_},
           {&cmdHelp_, &cmdCancel_, &cmdRestore_});
   if (ContentsList_.sized_by_user()) return;
-  ContentsList_.FitColumns({kSystem, kStatus}, kPlace, metrics().Scale(90));
+  ContentsList_.FitColumns({kStatus, kSystem}, kPlace, metrics().Scale(130));
 }
 
 std::string frmBackupContents::Cell(const BackupItem& item, int column) const {

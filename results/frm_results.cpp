@@ -140,8 +140,8 @@ void frmResults::OnSize(Area area) {
     layout.Place(lstObjects_, inner);
   }
   if (lstObjects_.sized_by_user()) return;
-  lstObjects_.FitColumns({RemovalSummary::kSystem, RemovalSummary::kState},
-                         RemovalSummary::kDetails, metrics().Scale(90));
+  lstObjects_.FitColumns({RemovalSummary::kState, RemovalSummary::kSystem},
+                         RemovalSummary::kDetails, metrics().Scale(130));
 }
 
 bool frmResults::OnCommand(int id) {
