@@ -292,6 +292,9 @@ TEST_SUITE("application") {
       p.app.CountRemoved();
       return p.app.statistics().getNumberOfObjectsRemoved();
     };
+    p.app.hits().CheckAll(false);
+    CHECK_FALSE(p.app.AnyToBackUp());
+    p.app.hits().CheckAll(true);
     CHECK(p.app.AnyToBackUp());
     const std::string first = remove();
     CHECK(first != "0");

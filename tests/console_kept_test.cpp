@@ -44,6 +44,7 @@ TEST_SUITE("console_kept") {
     CHECK(b.console.out ==
           "file\tEvil\tC:\\data\\a.exe\tsame\nfile\tEvil\tC:\\data\\b.exe\tdifferent\n"
           "file\tEvil\tC:\\data\\c.exe\tmissing\n");
+    CHECK(b.Run({"backups", "None", "Mine"}) == kIncomplete);
     CHECK(b.Run({"definitions"}) == kNothingFound);
     CHECK(b.console.out.starts_with("number\t"));
     CHECK(b.console.out.find("file\tC:\\App\\Ini\\update.ref\n") != std::string::npos);
@@ -166,7 +167,7 @@ TEST_SUITE("console_merge") {
     b.m.File("C:\\data\\<script>evil.exe");
     b.Run({"scan", "--format=json", "C:\\data"});
     const std::string whole = b.console.out;
-    b.m.File("C:\\in\\1.jsonl", whole);
+    b.m.File("C:\\in\\1.jsonl", whole.substr(0, whole.size() - 1));  // no end of its last line
     b.m.File("C:\\in\\2.jsonl", whole + "\r\n");
     CHECK(b.Run({"report", "--merge", "C:\\in\\1.jsonl", "C:\\in\\2.jsonl", "--html",
                  "C:\\in\\all.html"}) == kFound);
@@ -204,7 +205,7 @@ TEST_SUITE("console_merge") {
     }
     CHECK(b.Run({"report", "--merge", "C:\\in\\1.jsonl", "--html", "C:\\In\\1.JSONL"}) ==
           kIncomplete);
-    CHECK(b.m.Content("C:\\in\\1.jsonl") == whole);
+    CHECK(b.m.Content("C:\\in\\1.jsonl") + "\n" == whole);
     CHECK(b.Run({"report", "--merge", "C:\\in\\none.jsonl", "--html", "C:\\in\\all.html"}) ==
           kIncomplete);
   }

@@ -164,6 +164,9 @@ TEST_SUITE("console_records") {
   TEST_CASE("a cell of a table is one cell, and no formula") {
     const std::string line = CsvLine(RecordOf({"=cmd|'x'!A1", FoundFile{"C:\\a\",\"b\nc"}}, {}));
     CHECK(line.find("\"'=cmd|'x'!A1\"") != std::string::npos);
+    for (const char* formula : {"+1", "-1", "@SUM(1)", "\t=1"}) {
+      CHECK(CsvLine(RecordOf({formula, FoundFile{"C:\\a"}}, {})).find("\"'") != std::string::npos);
+    }
     CHECK(line.find("\"C:\\a\"\",\"\"b<U+000A>c\"") != std::string::npos);
     CHECK(std::ranges::count(CsvHead(), ',') == 9);
   }

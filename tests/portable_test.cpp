@@ -141,7 +141,9 @@ TEST_SUITE("portable") {
     CHECK(one.Set("A", "One", "1").ok());
     CHECK(other.Set("A", "Two", "2").ok());
     CHECK(one.Set("A", "One", "3").ok());
+    CHECK(one.Set("A", "Blanks", " \"x\" ").ok());
     PortableTexts read(s.m.files, s.m.code_pages, s.file);
+    CHECK(read.Get("A", "Blanks") == " \"x\" ");
     CHECK(read.Get("a", "ONE") == "3");
     CHECK(read.Get("A", "Two") == "2");
     CHECK_FALSE(one.Set("A\r\n[B", "x", "1").ok());

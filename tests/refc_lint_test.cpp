@@ -29,7 +29,7 @@ const Judged kRows[] = {
     {"form",
      {"file\t\\evilbar.exe", "file\tevil/bar.exe", "file\tevil:bar.exe", "file\tCOM1.exe",
       "file\t..\\evilbar.exe", "file\tevil*\\bar.exe"}},
-    {"broad", {"file\t*.exe", "file\tsetup*.exe", "file\tab*cd*ef*.dll"}},
+    {"broad", {"file\t*.exe", "file\tsetup*.exe", "file\tab*cd*ef*.dll", "file\ttools1234*.dll"}},
     // At one place.
     {"",
      {"file\t%SYS%\\evilbar.dll", "file\t%WIN%\\IEACCESS.DLL",
@@ -101,7 +101,8 @@ const Judged kRows[] = {
     // What programs say of themselves.
     {"",
      {"company\tEvilbar, Inc.", "company part\tEvilbar", "original name\tevilbar.dll",
-      "product\tEvilbar 2", "checksum\t12345 67", "program\tEvilbar", "program part\tEvilbar"}},
+      "product\tEvilbar 2", "checksum\t12345 67", "checksum\t1 255", "program\tEvilbar",
+      "program part\tEvilbar"}},
     {"known-good",
      {"company\tMicrosoft Corporation", "company part\tmicrosoft", "original name\tiexplore.exe",
       "internal name\tiexplore", "product\tQuickTime", "description\tWinZip", "program\tWinZip",

@@ -62,6 +62,8 @@ TEST_SUITE("report") {
           "1 " + captions.Text(Caption::StateRemoved) + ", 1 " + captions.Text(Caption::StateGone) +
               ", 1 " + captions.Text(Caption::StatePendingRestart) + ", 1 " +
               captions.Text(Caption::StateRefused) + ", 1 " + captions.Text(Caption::StateFailed));
+    summary.SortBy(RemovalSummary::kState);  // upwards, as another column was before
+    CHECK(places() == "Aedcb");
   }
 
   TEST_CASE("a report has every row, its sums, and nothing of a name becomes markup") {

@@ -204,6 +204,8 @@ TEST_SUITE("startup_profile") {
     REQUIRE(p.m.registry.QueryValue(kUser, kRun, "User2", &value) == kRegOk);
     CHECK(value.type == kRegExpandText);
     CHECK(value.data == Z("%WinDir%\\v.exe"));
+    CHECK(manager.Edit(p.RowOf(manager, "User2"), "USER2", "C:\\other.exe"));
+    CHECK(p.m.registry.Text(kUser, kRun, "User2") == Z("C:\\other.exe"));
     CHECK(manager.Edit(p.RowOf(manager, "two"), "", "three.exe"));
     CHECK(p.m.Content(kWinIni).find("one.exe, three.exe  \"") != std::string::npos);
     CHECK_FALSE(manager.Edit(0, "Long", "C:\\x.exe"));  // taken

@@ -121,6 +121,7 @@ TEST_SUITE("escaped") {
     CHECK(MessageForShowing(fits + fits + "y.exe b") == fits + "\r\n" + fits + "\r\ny.exe b");
     CHECK(MessageForShowing("C:\\a\\" + fits + ".exe") == "C:\\a\\\r\n" + fits + "\r\n.exe");
     CHECK(MessageForShowing("C:\\my files\\" + fits) == "C:\\my files\\\r\n" + fits);
+    CHECK(MessageForShowing("C:\\a " + fits + "y") == "C:\\a " + fits + "\r\ny");
     std::string japanese;
     for (int i = 0; i < 60; ++i) japanese += "\u8868";
     CHECK(MessageForShowing(japanese) == japanese);
