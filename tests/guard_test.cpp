@@ -141,6 +141,8 @@ TEST_SUITE("guard") {
              {"HKEY_USERS", nullptr, 'R'},
              {"HKEY_LOCAL_MACHINE\\SYSTEM\\ControlSet001", nullptr, 'R'},
              {"HKEY_LOCAL_MACHINE\\SYSTEM\\\\ControlSet002\\Control\\Lsa\\Data", nullptr, 'R'},
+             {"HKEY_LOCAL_MACHINE\\SYSTEM\\ControlSet001\\Control\\Session Manager", nullptr, 'R'},
+             {"HKEY_LOCAL_MACHINE\\SYSTEM\\ControlSet001\\Control\\Evil", nullptr, 'g'},
              {"HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Services\\disk\\Enum", nullptr, 'R'},
              {"HKEY_LOCAL_MACHINE\\SYSTEM\\ControlSet001\\Services\\Disk", "Start", 'R'},
              {"HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Services\\Diskette", nullptr, 'g'},
