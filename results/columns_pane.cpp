@@ -36,21 +36,27 @@ void ResultsPane::CreateColumns() {
 void ResultsPane::ShowStates() {
   if (shows_states_ || !hits_.has_remarks()) return;
   shows_states_ = true;
-  int width = 0;
   for (const RemovalState state : kStates) {
-    width = std::max(width, SpyListView_.TextWidth(RemovalStateWord(env_.captions, state)));
+    const int width = SpyListView_.TextWidth(RemovalStateWord(env_.captions, state));
+    needed_state_width_ = std::max(needed_state_width_, width + 4 * ListView::CellPadding());
   }
-  SpyListView_.AddColumn(HitList::kState, Text(Caption::ColumnState),
-                         width + 4 * ListView::CellPadding());
+  SpyListView_.AddColumn(HitList::kState, Text(Caption::ColumnState), 0);
+  state_width_ = SpyListView_.ColumnWidth(HitList::kState);
   FitColumns();
 }
 
-// The names of the spies get what they need as long as the places have more; the places take what
-// is left. Each column does so until the user sets its width.
+// What came of the rows gets what its words need, on a small screen less; so do the names of the
+// spies as long as the places have more; the places take what is left. Each column does so until
+// the user sets its width.
 void ResultsPane::FitColumns() {
   if (SpyListView_.has_kept_widths()) return;
   RECT client = {};
   GetClientRect(SpyListView_.hwnd(), &client);
+  if (shows_states_ && SpyListView_.ColumnWidth(HitList::kState) == state_width_) {
+    SpyListView_.SetColumnWidth(HitList::kState,
+                                std::min<int>(needed_state_width_, client.right * 3 / 10));
+    state_width_ = SpyListView_.ColumnWidth(HitList::kState);
+  }
   const int left = client.right - SpyListView_.ColumnWidth(HitList::kType) -
                    (shows_states_ ? SpyListView_.ColumnWidth(HitList::kState) : 0);
   int system = SpyListView_.ColumnWidth(HitList::kSystem);

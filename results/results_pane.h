@@ -82,6 +82,8 @@ class ResultsPane : public Pane {
   int needed_width_ = 0;  // by the names of the spies
   int system_width_ = 0;  // as last fitted
   int details_width_ = 0;
+  int needed_state_width_ = 0;  // by what may have come of a row
+  int state_width_ = 0;
 };
 
 }  // namespace scourwell
