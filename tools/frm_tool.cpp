@@ -115,9 +115,22 @@ void frmTool::ShowRows() {
   ShowSelection(before);
   lblEmpty_.SetText(Table().size() == 0 ? EmptyText() : Text(Caption::NothingMatchesFilter));
   lblEmpty_.Show(view_->size() == 0);
+  FitColumns();
   list_.Redraw();
   ShowFigures();
   EnableCommands();
+}
+
+// A column is as wide as its rows ask for, within a half more than it begins with; it stays so
+// while a filter hides some.
+void frmTool::FitColumns() const {
+  if (list_.sized_by_user() || view_->size() == 0 || view_->size() != Table().size()) return;
+  const auto columns = Columns();
+  for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
+    const int most = metrics().Scale(columns[static_cast<std::size_t>(i)].width) * 3 / 2;
+    const int width = std::min(list_.NeededWidth(i), most);
+    if (width != list_.ColumnWidth(i)) list_.SetColumnWidth(i, width);
+  }
 }
 
 // Without a choice the keyboard waits where the last one was, with nothing selected.

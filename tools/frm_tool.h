@@ -110,6 +110,7 @@ class frmTool : public ModalWindow {
   void ShowFigures();
   std::string TipOf(std::size_t row) const;
   void ShowSelection(int before);
+  void FitColumns() const;
   bool OnRowCommand(int id);
   Outcome OpenLocation(std::size_t row);
 
