@@ -162,6 +162,7 @@ TEST_SUITE("advanced_scan") {
              {"99999999999999999999", "105", false, false}}) {
       Advanced a;
       a.Row(DefinitionKind::Checksum, "large", "4294967303", "105");
+      if (read) a.Row(DefinitionKind::Checksum, "another", "7", "106");
       a.Row(DefinitionKind::Checksum, "spy", size, sum);
       a.Row(DefinitionKind::Checksum, "later", size, sum);
       a.Program(kExe);

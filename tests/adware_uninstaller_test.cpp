@@ -198,6 +198,7 @@ TEST_SUITE("known_spies") {
                  .Entry("SAFI", {"SAFIT", "SAFIS"}, {"Relative", "bad bar\\bar.dll"})
                  .Entry("SAFI", {"SAFITD", "SAFISD"}, {"Direct", "%WIN%\\direct.exe"})
                  .Entry("SAFO", {"SAFOT", "SAFOS"}, {"Folder", "SpyHome"})
+                 .Entry("SAFO", {"SAFOT", "SAFOS"}, {"FolderPattern", "spypart?"})
                  .Entry("SAFO", {"SAFOTD", "SAFOSD"}, {"DirectFolder", "%PF%\\Toolbar"})
                  .Entry("MEMA", {"MEMAT", "MEMAF"}, {"Process", "spyproc.exe"})
                  .Entry("REGV", {"REGVT", "REGVK", "REGVV"},
@@ -214,6 +215,8 @@ TEST_SUITE("known_spies") {
                                         {"C:\\direct.exe", ""},
                                         {"C:\\x\\spyhome\\good.exe", "Folder"},
                                         {"C:\\spyhome", ""},
+                                        {"C:\\spypart2\\x.exe", "FolderPattern"},
+                                        {"C:\\x\\spypart2", ""},
                                         {"C:\\Program Files\\toolbar\\deep\\x.exe", "DirectFolder"},
                                         {"D:\\toolbar\\x.exe", ""},
                                         {"C:\\SpyProc.exe", "Process"},

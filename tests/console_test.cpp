@@ -79,6 +79,10 @@ TEST_SUITE("console_scan") {
     CHECK(unread[0].Text("place") == "C:\\data\\closed");
     CHECK(unread[1].Text("place") == "D:\\gone");
     CHECK(unread[0].Text("reason") == DescribeError(kPermissionDenied));
+    b.m.Folder("C:\\data\\closed").error = kNoError;
+    b.m.File("C:\\App\\Ini\\update.ref", "x").Denied();
+    CHECK(b.Run({"scan", "C:\\data"}) == kIncomplete);
+    CHECK(b.console.err.find("update.ref") != std::string::npos);
   }
 
   TEST_CASE("the sections and settings of the command line count, not the stored ones") {

@@ -79,9 +79,11 @@ TEST_SUITE("hostile_archive") {
     const std::string run_key =
         "[HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run]\r\n";
     v.archive.Add(1, "C:\\spy\\a.exe", "x");
-    v.Script(run_key +
-             "\"own\"=\"\\\"C:\\\\spy\\\\A.exe\\\"\"\r\n"
-             "\"more\"=\"C:\\\\spy\\\\a.exe & evil\"\r\n\"other\"=\"rundll32 x\"\r\n");
+    v.Script(
+        run_key +
+        "\"own\"=\"\\\"C:\\\\spy\\\\A.exe\\\"\"\r\n"
+        "\"more\"=\"C:\\\\spy\\\\a.exe & evil\"\r\n\"other\"=\"rundll32 x\"\r\n"
+        "[HKEY_LOCAL_MACHINE\\SYSTEM\\ControlSet001\\Services\\Evil]\r\n\"ImagePath\"=\"x\"\r\n");
     CHECK(v.RestoreHandmade().ok());
     CHECK(v.restored.failed.empty());
     const auto value = [&](const char* name) {
@@ -91,6 +93,8 @@ TEST_SUITE("hostile_archive") {
     CHECK(value("own") == std::string("\"C:\\spy\\A.exe\"\0", 15));
     CHECK(value("more") == "(none)");
     CHECK(value("other") == "(none)");
+    CHECK(v.m.registry.Text(RootKey::LocalMachine, "SYSTEM\\ControlSet001\\Services\\Evil",
+                            "ImagePath") == "(none)");
     CHECK(v.RestoreHandmade(Ticked::All).ok());
     CHECK(value("other") == std::string("rundll32 x\0", 11));
   }

@@ -52,6 +52,7 @@ TEST_SUITE("ini_text") {
     CHECK(Value(std::string("[s]\nk=a\0b\nj\0=1\n", 16), "s", "k") == std::string("a\0b", 3));
     CHECK(Value("[]\n=1", "", "") == "1");
     CHECK(Value("[s]\n;k=1", "s", ";k") == "(none)");
+    CHECK(Value("[a]b]\nk=1", "a]b", "k") == "1");
     CHECK_FALSE(IniText().Find("s", "k"));
 
     const IniText two("[a]\nk=1\n[b]\nk=2\n[A]\nj=3");

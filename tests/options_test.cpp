@@ -194,6 +194,9 @@ TEST_SUITE("options") {
     }
     CHECK(shown == "Deutsch|C:\\App\\Lang\\Deutsch.bmp\nEnglish|\nsvenska|\n");
     CHECK(form.language_index() == 1);
+    d.app.settings().LanguageFile = "ENGLISH.ini";
+    CHECK(d.app.Options().language_index() == 1);
+    d.app.settings().LanguageFile = "English.ini";
     CHECK(d.m.Errors().find("damaged, Error Number: 13, Method: CmbLang") != std::string::npos);
     CHECK_FALSE(form.Confirm().language);
     CHECK(d.Ok([](OptionsForm& other) { other.controls().CmbLang = "Deutsch"; }).language);

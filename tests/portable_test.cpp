@@ -120,6 +120,7 @@ TEST_SUITE("portable") {
   TEST_CASE("a damaged file reads as defaults, a mistyped flag too") {
     const std::string good = "[Backup]\r\nBackupBeforeRemoval=False\r\n";
     CHECK_FALSE(BacksUp(good));
+    CHECK_FALSE(BacksUp(good + "BackupBeforeRemoval=True\r\n"));  // the first one counts
     CHECK_FALSE(BacksUp("[BACKUP]\nbackupbeforeremoval = \"False\""));
     for (const std::string& damaged :
          {good + std::string(1, '\0'), "\x01" + good, good + std::string(1u << 20, ' '),

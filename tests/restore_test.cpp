@@ -114,7 +114,9 @@ TEST_SUITE("restore") {
     v.m.File("C:\\spy\\changed.exe", "5678");
     v.m.File("C:\\spy\\gone.exe", "9");
     v.m.registry.Make(RootKey::LocalMachine, "Software\\Evil").Value("a", "1").Value("b", "22");
-    v.rows = {{"First", FoundFolder{"C:\\spy"}}, {"Second", KeyAt(kEvilKey)}};
+    v.rows = {{"First", FoundFolder{"C:\\spy"}},
+              {"Inner", FoundFile{"C:\\spy\\changed.exe"}},
+              {"Second", KeyAt(kEvilKey)}};
     REQUIRE(v.Create("n").archive.ok());
     v.m.files.Remove("C:\\spy\\gone.exe");
     v.m.File("C:\\spy\\changed.exe", "8765");
@@ -134,7 +136,7 @@ TEST_SUITE("restore") {
     const std::string place_b = PlaceText(ValueAt(kEvilKey, "b"));
     CHECK(list ==
           "Spy Folder|First|C:\\spy|0|same\nSpy File|First|C:\\spy\\same.exe|4|same\n"
-          "Spy File|First|C:\\spy\\changed.exe|4|different\n"
+          "Spy File|Inner|C:\\spy\\changed.exe|4|different\n"
           "Spy File|First|C:\\spy\\gone.exe|1|missing\n"
           "Spy Registry Key|Second|" +
               PlaceText(KeyAt(kEvilKey)) +

@@ -117,6 +117,7 @@ TEST_SUITE("language") {
     for (const char* nonsense : {"", "polish", "-1250", "1250x", "1", "0", "999999", "+437"}) {
       CHECK(shown(stated(nonsense), 1252) == western);
     }
+    CHECK(shown(stated("437"), 1252).find("Code page: 437,") != std::string::npos);
     CHECK(
         shown(stated("1361"), 1252) ==
         "Scan finished\n5 SetCaptionfromINI, Code page: 1361, File: C:\\App\\Lang\\English.ini\n");

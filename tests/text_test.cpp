@@ -156,6 +156,9 @@ TEST_SUITE("outcome") {
     CHECK(shortened(path, 6) == "...spy.exe");  // nothing shorter tells what it is
     CHECK(shortened("C:\\f\\readme.txt_________________.exe", 22) == "readme.tx...______.exe");
     CHECK(shortened("readme.txt_________________.exe", 20) == "readme....______.exe");
+    for (std::size_t letters = 8; letters < 18; ++letters) {
+      shortened("\u8868\u8868\u8868\u8868\u8868\u8868\u8868\u8868\\\u8868\u8868.exe", letters);
+    }
     CHECK(shortened("C:\\\u8868\u8868\u8868\\\u8868\u8868\u8868\u8868.exe", 14) ==
           "C:...\\\u8868\u8868\u8868\u8868.exe");
   }

@@ -88,6 +88,7 @@ TEST_SUITE("offline_machine") {
     for (const auto& [product, version, build, major, expected, number] :
          Rows<const char*, const char*, const char*, std::uint32_t, const char*, std::uint32_t>{
              {"Windows 10 Pro", "6.3", "22631", 10, "Windows 11 Pro, Build 22631", 1000},
+             {"Windows 10 Pro", "6.3", "22000", 10, "Windows 11 Pro, Build 22000", 1000},
              {"Windows 10 Pro", "6.3", "19045", 10, "Windows 10 Pro, Build 19045", 1000},
              {"Windows 7 Home", "6.1", "7601", 0, "Windows 7 Home, Build 7601", 601},
              {"", "4.0", "1381", 0, "Windows NT, Build 1381", 400},
