@@ -55,17 +55,26 @@ void frmTree::OnSize(Area area) {
 void frmTree::FillTree() {
   lblSection_.SetText(Text(Caption::ScanSections));
   TreeView1_.SetName(Text(Caption::ScanSections));
+  // What the keyboard was at stays, when drives come and go as well.
+  const auto selected = std::ranges::find(items_, TreeView1_.SelectedItem());
+  const std::string key =
+      selected == items_.end() ? "" : keys_[static_cast<std::size_t>(selected - items_.begin())];
   TreeView1_.Clear();
   items_.clear();
+  keys_.clear();
   texts_width_ = 0;
   for (std::size_t i = 1; i <= scope_.count(); ++i) {
     items_.push_back(AddNode(i));
+    keys_.push_back(scope_.node(i).key);
     texts_width_ = std::max(texts_width_, WidthOf(i));
   }
   for (HTREEITEM item : items_) TreeView1_.Expand(item);
   Mirror();
-  TreeView1_.SelectItem(items_.front());
+  const auto same = std::ranges::find(keys_, key);
+  const std::size_t at = same == keys_.end() ? 0 : static_cast<std::size_t>(same - keys_.begin());
   TreeView1_.EnsureVisible(items_.front());
+  TreeView1_.SelectItem(items_[at]);
+  TreeView1_.EnsureVisible(items_[at]);
 }
 
 HTREEITEM frmTree::AddNode(std::size_t number) {

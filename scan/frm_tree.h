@@ -33,7 +33,8 @@ class frmTree : public Pane {
   Label lblSection_;
   CheckTreeView TreeView1_;
   ImageListHandle images_;
-  std::vector<HTREEITEM> items_;  // by node number less one
+  std::vector<HTREEITEM> items_;   // by node number less one
+  std::vector<std::string> keys_;  // of their nodes
   int texts_width_ = 0;
 };
 

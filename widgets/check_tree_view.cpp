@@ -82,7 +82,7 @@ bool CheckTreeView::ClickBox(POINT at) const {
 }
 
 void CheckTreeView::PressSpace() const {
-  const auto item = reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET));
+  const auto item = SelectedItem();
   if (item) Check(item, !IsChecked(item));
 }
 

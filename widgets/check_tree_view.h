@@ -31,6 +31,9 @@ class CheckTreeView : public SubclassedControl {
   void SelectItem(HTREEITEM item) const {
     Send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
   }
+  HTREEITEM SelectedItem() const {
+    return reinterpret_cast<HTREEITEM>(Send(TVM_GETNEXTITEM, TVGN_CARET));
+  }
   void SetChecked(HTREEITEM item, bool checked) const;
   bool IsChecked(HTREEITEM item) const;
 
