@@ -149,6 +149,9 @@ TEST_SUITE("portable") {
     CHECK(read.Get("A", "Two") == "2");
     CHECK_FALSE(one.Set("A\r\n[B", "x", "1").ok());
     CHECK_FALSE(one.Set("A", "x=y", "1").ok());
+    const KeptText texts[] = {{"A", "x=y", "1"}, {"A", "Three", "3"}};
+    CHECK(one.SetAll(texts).code() == kBadFileName);  // and the other one is kept
+    CHECK(PortableTexts(s.m.files, s.m.code_pages, s.file).Get("A", "Three") == "3");
     // A file that cannot be read now is not taken for an empty one.
     s.m.File(s.file, s.m.Content(s.file)).Locked();
     CHECK_FALSE(other.Set("A", "Two", "4").ok());

@@ -138,6 +138,14 @@ TEST_SUITE("registry_keys") {
     link.denied = false;
     CHECK(a.keys.DeleteKey(kUser, "Spy") == kRegOk);
     CHECK(registry.Text(kUser, "Precious\\a\\b", "v") == "x");
+    // A key that does not tell whether it is one counts as one.
+    registry.Make(kUser, "Spy\\plain");
+    Faults faults;
+    faults.Plan(Faults::Kind::OneCall, 1);
+    registry.port_faults = &faults;
+    CHECK(a.keys.DeleteKey(kUser, "Spy\\plain") == kRegAccessDenied);
+    registry.port_faults = nullptr;
+    CHECK(registry.Find(kUser, "Spy\\plain"));
     // Windows' own link is a way like any other.
     registry.Make(RootKey::LocalMachine, "SYSTEM\\ControlSet001\\Services\\Evil");
     registry.Link(RootKey::LocalMachine, "SYSTEM\\CurrentControlSet", "SYSTEM\\ControlSet001");

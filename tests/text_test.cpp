@@ -158,6 +158,11 @@ TEST_SUITE("outcome") {
     CHECK(shortened("readme.txt_________________.exe", 20) == "readme....______.exe");
     for (std::size_t letters = 8; letters < 18; ++letters) {
       shortened("\u8868\u8868\u8868\u8868\u8868\u8868\u8868\u8868\\\u8868\u8868.exe", letters);
+      shortened(
+          "a."
+          "\u8868\u8868\u8868\u8868\u8868\u8868\u8868\u8868\u8868\u8868\u8868\u8868\u8868\u8868"
+          "\u8868\u8868",
+          letters);
     }
     CHECK(shortened("C:\\\u8868\u8868\u8868\\\u8868\u8868\u8868\u8868.exe", 14) ==
           "C:...\\\u8868\u8868\u8868\u8868.exe");
