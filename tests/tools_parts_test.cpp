@@ -253,6 +253,7 @@ TEST_SUITE("program_of") {
              {"C:\\Gone Away\\x.dll.bat \"C:\\a b.dll\"", "C:\\Gone Away\\x.dll.bat",
               "\"C:\\a b.dll\"", false},
              {"C:\\Gone Away\\x.com.vbs", "C:\\Gone Away\\x.com.vbs", "", false},
+             {"C:\\a.exe b.bat", "C:\\a.exe", "b.bat", false},
              {"C:\\a.bat b.exe", "C:\\a.bat", "b.exe", false},
              {"C:\\Gone.exemption Away\\y.DLL", "C:\\Gone.exemption Away\\y.DLL", "", false},
              {"gone C:\\x.exe", "gone", "C:\\x.exe", false},
