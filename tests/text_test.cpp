@@ -167,6 +167,27 @@ TEST_SUITE("outcome") {
     CHECK(shortened("C:\\\u8868\u8868\u8868\\\u8868\u8868\u8868\u8868.exe", 14) ==
           "C:...\\\u8868\u8868\u8868\u8868.exe");
   }
+
+  TEST_CASE("a path that is shown tells what it hides") {
+    std::size_t longest = 0;
+    const auto shortened = [&](std::string_view path, std::size_t room) {
+      return ShortenedPath(path, [&, room](const std::string& text) {
+        longest = std::max(longest, text.size());
+        return text.size() <= room;
+      });
+    };
+    CHECK(shortened("C:\\photo\u202Egpj.exe", 40) == "C:\\photo<U+202E>gpj.exe");
+    CHECK(shortened("C:\\photo\u202Egpj.exe", 18) == "photo...2E>gpj.exe");
+    // A standard value, and one of the registry of 64 bits.
+    CHECK(shortened("HKLM\\Software\\Run\\", 12) == "HKLM...\\Run\\");
+    CHECK(shortened("HKLM\\Software\\Run\\ (64)", 15) == "HK...\\Run\\ (64)");
+    CHECK(shortened("HKLM\\Software\\Run\\\\", 5) == "Run\\\\");
+    CHECK(shortened("\\\\", 1) == "...\\\\");
+    longest = 0;
+    const std::string path = "C:\\f\\" + std::string(32'000, 'a') + ".exe";
+    CHECK(shortened(path, 30'000).ends_with("aaa...aaaaaa.exe"));
+    CHECK(longest <= 2000);  // Windows 95 calls a text that is too long to measure one of no width
+  }
 }
 
 TEST_SUITE("error_log") {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/shortened.h"
 
+#include "text/escaped.h"
 #include "text/paths.h"
 
 namespace scourwell {
@@ -8,6 +9,20 @@ namespace {
 
 constexpr std::string_view kLeftOut = "...";
 constexpr std::size_t kLongestEnding = 10;  // bytes: a dot, a long ending, some letters before it
+// No screen shows more, and Windows 95 measures no text that is much longer.
+constexpr std::size_t kLongestShown = 2000;  // bytes
+
+// What the last part that tells something lies in. A standard value has no name of its own: its
+// place ends in a separator, or in a remark behind that.
+std::string_view FolderOfLastPart(std::string_view path) {
+  std::string_view folder = FolderPart(path);
+  while (!folder.empty()) {
+    const std::string_view part = path.substr(folder.size() + 1);
+    if (!part.empty() && part.front() != ' ' && part.front() != kSeparator) break;
+    folder = FolderPart(folder);
+  }
+  return folder;
+}
 
 // The position itself, or the begin of the letter that it would cut in two.
 std::size_t LetterBegin(std::string_view text, std::size_t at) {
@@ -34,17 +49,22 @@ std::string WithHead(std::string_view head, std::string_view ending,
 
 std::string ShortenedPath(std::string_view path,
                           const std::function<bool(const std::string& text)>& fits) {
-  if (std::string whole(path); fits(whole)) return whole;
-  const std::string_view folder = FolderPart(path);
-  if (const std::string_view last = path.substr(folder.size());
-      !folder.empty() && fits(std::string(kLeftOut).append(last))) {
-    return WithHead(folder, last, fits);
+  const std::string shown = ForShowing(path);
+  const auto may_stay = [&](const std::string& text) {
+    return text.size() <= kLongestShown && fits(text);
+  };
+  if (may_stay(shown)) return shown;
+  const std::string_view whole = shown;
+  const std::string_view folder = FolderOfLastPart(whole);
+  if (const std::string_view last = whole.substr(folder.size());
+      !folder.empty() && may_stay(std::string(kLeftOut).append(last))) {
+    return WithHead(folder, last, may_stay);
   }
-  const std::string_view name = FileNamePart(path);
-  if (std::string alone(name); fits(alone)) return alone;
+  const std::string_view name = folder.empty() ? whole : whole.substr(folder.size() + 1);
+  if (std::string alone(name); may_stay(alone)) return alone;
   const std::size_t ending =
       LetterBegin(name, name.size() < kLongestEnding ? 0 : name.size() - kLongestEnding);
-  return WithHead(name.substr(0, ending), name.substr(ending), fits);
+  return WithHead(name.substr(0, ending), name.substr(ending), may_stay);
 }
 
 }  // namespace scourwell
