@@ -34,10 +34,22 @@ timespec ToTimespec(FileTime time) {
 // Whether the name still leads to that very item.
 bool Leads(const ItemName& item, const Tree::ItemId& id) { return IdOf(item) == id; }
 
+// Whether both are one and the same name. An item may have several, each of which goes alone.
+bool IsSameName(const PosixSpot& one, const PosixSpot& other) {
+  struct stat facts = {};
+  if (!other.exists || IdOf(one.item()) != IdOf(other.item())) return false;
+  if (one.name == other.name &&
+      IdOf({one.folder->get(), "."}) == IdOf({other.folder->get(), "."})) {
+    return true;
+  }
+  return fstatat(one.folder->get(), one.name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0 &&
+         (S_ISDIR(facts.st_mode) || facts.st_nlink == 1);
+}
+
 Outcome MoveItem(Tree& tree, const PosixSpot& from, const std::string& path) {
   PosixSpot to;
   if (Outcome walked = tree.Walk(path, Links::Refused, &to); !walked.ok()) return walked;
-  const bool itself = to.exists && IdOf(to.item()) == IdOf(from.item());
+  const bool itself = IsSameName(from, to);
   if (to.exists && !itself) return Outcome::Failed(kFileExists);
   // It takes the spelling that is asked for.
   if (itself) to.name = ToDiskName(FileNamePart(path)).value_or(to.name);

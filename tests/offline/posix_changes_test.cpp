@@ -132,6 +132,24 @@ TEST_SUITE("offline_changes") {
     CHECK(m.disk.Content("file") == "x");
   }
 
+  TEST_CASE("a name moves to another case of it, but not to another name of the same item") {
+    Drives m;
+    const std::string path = m.disk.Put("File", "x");
+    REQUIRE(m.files.Move("C:\\File", "C:\\FILE").ok());
+    REQUIRE(m.files.Move("C:\\FILE", "C:\\file").ok());
+    const std::string moved = m.disk.path() + "/file";
+    REQUIRE(link(moved.c_str(), (m.disk.path() + "/other").c_str()) == 0);
+    REQUIRE(link(moved.c_str(), (m.disk.path() + "/OTHER").c_str()) == 0);
+    std::unique_ptr<OpenedItem> item;
+    REQUIRE(m.files.OpenItem("C:\\other", &item).ok());
+    CHECK(m.files.Move("C:\\file", "C:\\other").code() == kFileExists);
+    CHECK(item->MoveTo("C:\\OTHER").code() == kFileExists);
+    CHECK(m.files.Move("C:\\file", "C:\\File").ok());
+    CHECK(m.disk.Has("File"));
+    CHECK_FALSE(m.disk.Has("file"));
+    CHECK(m.disk.Has("other"));
+  }
+
   TEST_CASE("a guarded folder beside the disk is one that nobody else can write to") {
     Drives m;
     REQUIRE(m.root == "Z:\\");
