@@ -12,7 +12,17 @@ namespace scourwell {
 // program folder, with all their values.
 class BhoManager : public EntryManager {
  public:
-  enum Column { kName, kStatus, kClass, kFile, kFound, kCompany, kSpy, kLocation, kColumns };
+  enum Column {
+    kName,
+    kStatus = kStatusColumn,
+    kClass,
+    kFile,
+    kFound,
+    kCompany,
+    kSpy,
+    kLocation,
+    kColumns
+  };
 
   explicit BhoManager(const Needs& needs);
 

@@ -8,6 +8,13 @@
 #include "tools/stored_value.h"
 
 namespace scourwell {
+namespace {
+
+// In the order of EntryStatus.
+constexpr Caption kStatusCaptions[] = {Caption::StatusEnabled, Caption::StatusDisabled,
+                                       Caption::StatusRemove};
+
+}  // namespace
 
 void EntryManager::Form_Load() { Read(&EntryTable::Fill); }
 
@@ -137,10 +144,16 @@ std::string EntryManager::Details(std::size_t row) const {
 }
 
 std::string EntryManager::StatusText(const Entry& entry) const {
-  static constexpr Caption kStatus[] = {Caption::StatusEnabled, Caption::StatusDisabled,
-                                        Caption::StatusRemove};
-  const std::string text = Text(kStatus[static_cast<std::size_t>(entry.status)]);
+  const std::string text = Text(kStatusCaptions[static_cast<std::size_t>(entry.status)]);
   return HasMark(entry) ? text + " " + Text(Caption::StatusPending) : text;
+}
+
+std::vector<std::string> EntryManager::MarkTexts() const {
+  std::vector<std::string> texts;
+  for (const Caption status : kStatusCaptions) {
+    texts.push_back(Text(status) + " " + Text(Caption::StatusPending));
+  }
+  return texts;
 }
 
 void EntryManager::Tell(bool facts) {

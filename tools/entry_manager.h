@@ -20,6 +20,9 @@ namespace scourwell {
 // user should hear of them waits in failures().
 class EntryManager : public TableModel {
  public:
+  // Of every table of entries.
+  static constexpr int kStatusColumn = 1;
+
   struct Needs {
     const StartupLocations& locations;
     KnownSpies& spies;
@@ -55,6 +58,9 @@ class EntryManager : public TableModel {
   virtual std::string Details(std::size_t row) const;
   // The registry key that holds the entry, with its root; empty when none does.
   std::string KeyOf(std::size_t row) const;
+
+  // What kStatusColumn says of marks that were not applied yet.
+  std::vector<std::string> MarkTexts() const;
 
   // One line each, of the last procedure.
   const std::vector<std::string>& failures() const { return failures_; }

@@ -20,6 +20,10 @@ std::string frmEntries::FileOf(std::size_t row) const {
   return facts.exists ? facts.path : std::string();
 }
 
+std::vector<std::string> frmEntries::WordsOf(int column) const {
+  return column == EntryManager::kStatusColumn ? manager().MarkTexts() : std::vector<std::string>();
+}
+
 std::string frmEntries::Figures() const {
   return CountedText(env_.captions, manager().size(), Caption::Entries) + ", " +
          CountedText(env_.captions, manager().disabled_count(), Caption::EntriesDisabled);

@@ -27,6 +27,7 @@ class frmEntries : public frmTool {
   }
 
   const TableModel& Table() const override { return manager(); }
+  std::vector<std::string> WordsOf(int column) const override;
   std::string FileOf(std::size_t row) const override;
   std::string KeyOf(std::size_t row) const override { return manager().KeyOf(row); }
   bool IsMarked(std::size_t row) const override { return !manager().facts(row).spy.empty(); }

@@ -11,7 +11,6 @@
 #include "widgets/message_box.h"
 #include "widgets/path_cell.h"
 #include "widgets/resource.h"
-#include "widgets/spy_colour.h"
 
 namespace scourwell {
 namespace {
@@ -121,18 +120,6 @@ void frmTool::ShowRows() {
   EnableCommands();
 }
 
-// A column is as wide as its rows ask for, within a half more than it begins with; it stays so
-// while a filter hides some.
-void frmTool::FitColumns() const {
-  if (list_.sized_by_user() || view_->size() == 0 || view_->size() != Table().size()) return;
-  const auto columns = Columns();
-  for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
-    const int most = metrics().Scale(columns[static_cast<std::size_t>(i)].width) * 3 / 2;
-    const int width = std::min(list_.NeededWidth(i), most);
-    if (width != list_.ColumnWidth(i)) list_.SetColumnWidth(i, width);
-  }
-}
-
 // Without a choice the keyboard waits where the last one was, with nothing selected.
 void frmTool::ShowSelection(int before) {
   filling_ = true;
@@ -144,19 +131,6 @@ void frmTool::ShowSelection(int before) {
   const int focus = chosen >= 0 ? chosen : std::min(before, static_cast<int>(view_->size()) - 1);
   if (focus >= 0) list_.FocusRow(focus);
   filling_ = false;
-}
-
-// What narrow columns cut off, the tip has whole.
-std::string frmTool::TipOf(std::size_t row) const {
-  std::string tip;
-  for (int column = 0; column < Table().columns(); ++column) {
-    const std::string& cell = Table().Cell(row, column);
-    const int needed = list_.TextWidth(cell) + 2 * ReportListView::CellPadding();
-    if (needed <= list_.ColumnWidth(column)) continue;
-    if (!tip.empty()) tip += " | ";
-    tip += WholeCharacters(cell, kLongestLine);
-  }
-  return tip;
 }
 
 void frmTool::ShowFigures() {
@@ -272,19 +246,6 @@ LRESULT frmTool::OnNotify(NMHDR* header) {
 // The list may still show rows that the table has no more.
 bool frmTool::IsRow(std::size_t index) const {
   return index < view_->size() && view_->Row(index) < Table().size();
-}
-
-LRESULT frmTool::Draw(NMLVCUSTOMDRAW* draw) const {
-  if (const auto answer = BeforeCells(*draw)) return *answer;
-  const auto index = static_cast<std::size_t>(draw->nmcd.dwItemSpec);
-  if (!IsRow(index)) return CDRF_DODEFAULT;
-  const std::size_t row = view_->Row(index);
-  const COLORREF colour = IsMarked(row) ? SpyColour() : GetSysColor(COLOR_WINDOWTEXT);
-  draw->clrText = colour;
-  const auto column = static_cast<std::size_t>(draw->iSubItem);
-  if (column == 0 || !Columns()[column].path) return CDRF_NEWFONT;
-  DrawPathCell(list_, *draw, Table().Cell(row, draw->iSubItem), colour);
-  return CDRF_SKIPDEFAULT;
 }
 
 }  // namespace scourwell

@@ -46,6 +46,8 @@ class frmTool : public ModalWindow {
   virtual std::span<const Column> Columns() const = 0;
   // As they are shown from left to right; empty: as they are numbered.
   virtual std::span<const int> ColumnOrder() const { return {}; }
+  // What its cells may come to say while the window is used.
+  virtual std::vector<std::string> WordsOf(int /*column*/) const { return {}; }
   virtual std::span<const Command> Commands() const = 0;
 
   // Those that act on one row: in its popup menu.
@@ -111,6 +113,7 @@ class frmTool : public ModalWindow {
   std::string TipOf(std::size_t row) const;
   void ShowSelection(int before);
   void FitColumns() const;
+  int NeededWidth(int column) const;
   bool OnRowCommand(int id);
   Outcome OpenLocation(std::size_t row);
 

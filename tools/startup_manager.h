@@ -14,7 +14,7 @@ class StartupManager : public EntryManager {
  public:
   enum Column {
     kName,
-    kStatus,
+    kStatus = kStatusColumn,
     kLocation,
     kScope,
     kWhen,

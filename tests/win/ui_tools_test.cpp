@@ -98,7 +98,9 @@ TEST_CASE("a helper leaves the browser's list and returns with all its values") 
   CHECK(shown.texts[2] == kHelper);
   CHECK(shown.texts[3] == "C:\\windows\\system32\\shell32.dll");
   CHECK(shown.texts[4] == "Found");
+  const int status = ColumnHeads(tool.list)[1].width;
   tool.Toggle(row);
+  CHECK(ColumnHeads(tool.list)[1].width == status);  // a mark moves no column
   tool.Apply();
   CHECK(registry.TryOpen(kMachine, HelperPath(), kKeyRead) == kRegNotFound);
   CHECK_FALSE(Content("C:\\Scourwell\\BHOProf.pro").empty());
