@@ -70,14 +70,14 @@ Outcome HiveFile::Load() {
 }
 
 void HiveFile::TellTrouble() {
-  if (told_ || !on_trouble_) return;
-  // One that was sound may still be told of when it is read again.
-  told_ = !loaded_->ok() || health_ != Health::Sound;
-  if (!loaded_->ok()) {
+  const Health health = loaded_->ok() ? health_ : Health::Unreadable;
+  if (health <= told_ || !on_trouble_) return;
+  told_ = health;
+  if (health == Health::Unreadable) {
     on_trouble_(path_, loaded_->description());
-  } else if (health_ == Health::Damaged) {
+  } else if (health == Health::Damaged) {
     on_trouble_(path_, "The registry file is damaged; what is left of it was read");
-  } else if (health_ == Health::Unsaved) {
+  } else {
     on_trouble_(path_, "Windows did not save all of it; the newest changes are missing");
   }
 }

@@ -21,8 +21,9 @@ namespace scourwell {
 class HiveFile : public RegistryFile {
  public:
   // What keeps a hive from being written, and results from being complete.
-  enum class Health { Sound, Unsaved, Damaged };
-  // Hears once of a file that cannot be read, or not be trusted, and why.
+  enum class Health { Sound, Unsaved, Damaged, Unreadable };
+  // Hears of a file that cannot be read, or not be trusted, and why: once, and again when it is
+  // found to be worse.
   using OnTrouble = std::function<void(const std::string& path, const std::string& reason)>;
 
   HiveFile(PosixFiles& files, std::string path, OnTrouble on_trouble)
@@ -76,7 +77,7 @@ class HiveFile : public RegistryFile {
   std::string path_;
   OnTrouble on_trouble_;
   std::optional<Outcome> loaded_;  // none until it was tried
-  bool told_ = false;
+  Health told_ = Health::Sound;
   UniqueFd copy_;
   std::unique_ptr<hive_h, CloseHive> hive_;
   Health health_ = Health::Sound;

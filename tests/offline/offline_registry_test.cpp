@@ -167,6 +167,19 @@ TEST_SUITE("offline_registry") {
     disk.MakeFolder("none");
     OneHive none(disk, "none");
     CHECK_FALSE(none.file.Load().ok());
+    // One that becomes worse from one reading to the next is told of each time.
+    disk.Put("HIVE", sound);
+    OneHive worse(disk);
+    std::size_t told = 0;
+    for (const std::string& bytes : {sound, Unsaved(sound), Damaged(sound), std::string()}) {
+      disk.Put("HIVE", bytes);
+      for (int reading = 0; reading < 2; ++reading) {
+        CHECK(worse.file.Load().ok() == !bytes.empty());
+        CHECK(worse.troubles.size() == told);
+        worse.file.Release();
+      }
+      ++told;
+    }
   }
 
   TEST_CASE("bytes changed at random neither end the program nor keep it") {
