@@ -3,6 +3,7 @@
 
 #include "text/escaped.h"
 #include "text/paths.h"
+#include "text/unicode.h"
 
 namespace scourwell {
 namespace {
@@ -24,17 +25,11 @@ std::string_view FolderOfLastPart(std::string_view path) {
   return folder;
 }
 
-// The position itself, or the begin of the letter that it would cut in two.
-std::size_t LetterBegin(std::string_view text, std::size_t at) {
-  while (at > 0 && at < text.size() && (text[at] & 0xC0) == 0x80) --at;
-  return at;
-}
-
 // As much of the head as fits before what is left out and the ending.
 std::string WithHead(std::string_view head, std::string_view ending,
                      const std::function<bool(const std::string& text)>& fits) {
   const auto joined = [&](std::size_t size) {
-    return std::string(head.substr(0, LetterBegin(head, size))).append(kLeftOut).append(ending);
+    return std::string(WholeCharacters(head, size)).append(kLeftOut).append(ending);
   };
   std::size_t fitting = 0;
   std::size_t too_long = head.size() + 1;
@@ -62,9 +57,9 @@ std::string ShortenedPath(std::string_view path,
   }
   const std::string_view name = folder.empty() ? whole : whole.substr(folder.size() + 1);
   if (std::string alone(name); may_stay(alone)) return alone;
-  const std::size_t ending =
-      LetterBegin(name, name.size() < kLongestEnding ? 0 : name.size() - kLongestEnding);
-  return WithHead(name.substr(0, ending), name.substr(ending), may_stay);
+  const std::string_view head =
+      WholeCharacters(name, name.size() < kLongestEnding ? 0 : name.size() - kLongestEnding);
+  return WithHead(head, name.substr(head.size()), may_stay);
 }
 
 }  // namespace scourwell

@@ -9,7 +9,6 @@
 #include "text/unicode.h"
 #include "widgets/button_rows.h"
 #include "widgets/message_box.h"
-#include "widgets/path_cell.h"
 #include "widgets/resource.h"
 
 namespace scourwell {
